@@ -1,0 +1,55 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# One folder is one target, and a target names every other target it may use: an include of
+# anything else does not find its library, and tests/architecture checks the includes themselves.
+
+# tovik_folders(folder ...): adds each of these folders that has a CMakeLists.txt.
+function(tovik_folders)
+    foreach(folder IN LISTS ARGN)
+        if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/CMakeLists.txt)
+            add_subdirectory(${folder})
+        endif()
+    endforeach()
+endfunction()
+
+# Qt's headers, compiled once for every target that asks for QT.
+if(TOVIK_WITH_QT)
+    file(GENERATE OUTPUT ${CMAKE_BINARY_DIR}/qt_precompiled.cpp CONTENT "")
+    add_library(tovik_qt_precompiled STATIC ${CMAKE_BINARY_DIR}/qt_precompiled.cpp)
+    target_link_libraries(tovik_qt_precompiled PUBLIC Qt6::Widgets PRIVATE tovik_warnings)
+    target_precompile_headers(tovik_qt_precompiled
+                              PRIVATE ${PROJECT_SOURCE_DIR}/cmake/QtPrecompiled.h)
+endif()
+
+# tovik_library(NAME SOURCES ... [USES target ...] [PRIVATE_USES target ...] [QT])
+function(tovik_library name)
+    cmake_parse_arguments(ARG "QT" "" "SOURCES;USES;PRIVATE_USES" ${ARGN})
+    add_library(${name} STATIC ${ARG_SOURCES})
+    target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${name} PUBLIC ${ARG_USES}
+                                  PRIVATE ${ARG_PRIVATE_USES} tovik_warnings)
+    if(ARG_QT)
+        set_target_properties(${name} PROPERTIES AUTOMOC ON)
+        target_precompile_headers(${name} REUSE_FROM tovik_qt_precompiled)
+    endif()
+endfunction()
+
+# One folder of generated media serves all presets.
+set(TOVIK_MEDIA_DIR ${PROJECT_SOURCE_DIR}/build/media)
+
+# tovik_tests(NAME SOURCES ... [USES target ...] [QT]): one test program for one folder. A test
+# that needs media finds the folder of generated files in the environment variable TOVIK_MEDIA.
+function(tovik_tests name)
+    cmake_parse_arguments(ARG "QT" "" "SOURCES;USES" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src
+                                               ${PROJECT_SOURCE_DIR}/tests)
+    target_link_libraries(${name} PRIVATE ${ARG_USES} tovik_warnings GTest::gmock_main)
+    if(ARG_QT)
+        set_target_properties(${name} PROPERTIES AUTOMOC ON)
+        target_precompile_headers(${name} REUSE_FROM tovik_qt_precompiled)
+    endif()
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES
+        ENVIRONMENT "TOVIK_MEDIA=${TOVIK_MEDIA_DIR};QT_QPA_PLATFORM=offscreen"
+        FIXTURES_REQUIRED tovik_media)
+endfunction()

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Takes the input for a playlist file: it is read, and what was read is written and read again.
+// A list that was written by the player always comes back as it was.
+#include "base/RuntimeError.h"
+#include "playlist/M3uList.h"
+#include "playlist/stdSS.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+namespace {
+
+using namespace tovik;
+
+class IdlePump final : public host::MessagePump {
+public:
+    [[nodiscard]] bool Step() override { return true; }
+};
+
+void demand(bool holds) {
+    if (!holds) {
+        std::abort();
+    }
+}
+
+void demandSameRows(const playlist::stdSS& one, const playlist::stdSS& other) {
+    demand(one.ListCount() == other.ListCount());
+    for (playlist::Row row = 1; row <= one.ListCount(); ++row) {
+        demand(one.seconds(row) == other.seconds(row));
+        for (const auto text : {playlist::RowText::FileName, playlist::RowText::Title,
+                                playlist::RowText::TimeText, playlist::RowText::ItemData}) {
+            demand(one.text(row, text) == other.text(row, text));
+        }
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string text(data, data + size);
+    IdlePump pump;
+    const bool stop = false;
+    playlist::stdSS list;
+    try {
+        demand(playlist::appendM3u(text, list, pump, stop) == playlist::ReadEnd::Complete);
+    } catch (const base::RuntimeError& error) {
+        demand(error.number() == 13 || error.number() == 6);
+    }
+    playlist::stdSS again;
+    const std::string written = playlist::m3uText(list);
+    demand(playlist::appendM3u(written, again, pump, stop) == playlist::ReadEnd::Complete);
+    demandSameRows(list, again);
+    return 0;
+}

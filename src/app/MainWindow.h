@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window on the screen: the widget that shows the records, and what the logic asks of the
+// window itself. Interface thread.
+#pragma once
+
+#include "app/frmPlayer.h"
+#include "player/MainInput.h"
+#include "player/PlayerWindow.h"
+#include "ui/PictureStore.h"
+#include "ui/qt/ListWidget.h"
+#include "ui/qt/SkinWindow.h"
+
+#include <memory>
+
+namespace tovik::app {
+
+/// The window as the logic knows it; the widget comes later, with `attach`.
+class MainWindow final : public player::PlayerWindow {
+public:
+    explicit MainWindow(const host::Host& host);
+    ~MainWindow() override;
+    MainWindow(const MainWindow&) = delete;
+    MainWindow& operator=(const MainWindow&) = delete;
+
+    /// Builds the widget over the player's records.
+    void attach(frmPlayer& player);
+
+    [[nodiscard]] QWidget& widget() { return *skin_; }
+
+    void show() override;
+    void hide() override;
+    void setCaption(const std::string& caption) override;
+    void setTaskbarButton(bool shown) override;
+    void setTopmost(bool topmost) override;
+    [[nodiscard]] std::uintptr_t handle() const override;
+    void moveTo(int left, int top) override;
+    [[nodiscard]] int left() const override;
+    [[nodiscard]] int top() const override;
+
+private:
+    /// Tells the list widget what changed in the list.
+    class ListWatch;
+
+    host::Host host_;
+    ui::PictureStore pictures_;
+    std::unique_ptr<player::MainInput> input_;
+    std::unique_ptr<player::QuickListRows> rows_;
+    std::unique_ptr<ui::SkinWindow> skin_;
+    std::unique_ptr<ListWatch> watch_;
+};
+
+} // namespace tovik::app

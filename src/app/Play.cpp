@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/Play.h"
+
+#include "app/DataPlace.h"
+#include "app/frmPlayer.h"
+#include "app/MainWindow.h"
+#include "app/OutputChoice.h"
+#include "host/qt/RealHost.h"
+#include "host/virtual/UnattendedDialogs.h"
+#include "host/virtual/UnattendedPrograms.h"
+#include "sound/engine/Engine.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+#include <QApplication>
+#include <QSessionManager>
+
+namespace tovik::app {
+
+namespace {
+
+/// Placing, staying on top and the shape of a window need X11, which most desktops offer beside
+/// Wayland; who set the platform by hand keeps it.
+void preferX11() {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
+        qputenv("QT_QPA_PLATFORM", "xcb");
+    }
+}
+
+/// Says on the error stream what became of the device; the player waits by itself.
+class DeviceNews final : public sound::DeviceObserver {
+public:
+    void deviceLost() override { std::fputs("tovik: the sound device is gone\n", stderr); }
+
+    void deviceBack() override { std::fputs("tovik: the sound device is back\n", stderr); }
+};
+
+void saveScreenshot(QWidget& window, const std::string& file, host::Closing& closing) {
+    const bool saved = window.grab().save(QString::fromLocal8Bit(file.c_str()), "PNG");
+    if (!saved) {
+        std::fprintf(stderr, "tovik: cannot write %s\n", file.c_str());
+    }
+    closing.endProcess(saved ? EXIT_SUCCESS : EXIT_FAILURE);
+}
+
+/// The host of a start that nobody watches: every box is answered by itself, and no helper
+/// program is started.
+host::Host unattended(const host::Host& host, host::Dialogs& dialogs, host::Programs& programs) {
+    return {.clock = host.clock,
+            .timers = host.timers,
+            .pump = host.pump,
+            .dialogs = dialogs,
+            .programs = programs,
+            .random = host.random,
+            .lock = host.lock,
+            .dispatcher = host.dispatcher,
+            .closing = host.closing,
+            .paths = host.paths,
+            .operatingSystem = host.operatingSystem};
+}
+
+} // namespace
+
+int play(const host::CommandLine& line, const host::Environment& environment) {
+    DeviceNews news;
+    sound::Engine engine(makeOutput(line.device), {.observer = &news});
+    // Opening the device and building the window take about as long: do both at once.
+    engine.warmUp();
+
+    preferX11();
+    int argc = 1;
+    std::string name = "tovik";
+    char* argv[] = {name.data(), nullptr};
+    const QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    const std::string folder = prepareDataFolder(line, environment);
+    std::optional<PrivateCopy> copy;
+    if (line.screenshotFile) {
+        copy.emplace(folder);
+        if (!copy->complete()) {
+            return EXIT_FAILURE;
+        }
+    }
+    host::RealHost realHost(copy ? copy->folder() : folder, environment.searchPath);
+    host::UnattendedDialogs answers;
+    host::UnattendedPrograms noHelpers(realHost.host().paths, environment.searchPath);
+    const host::Host host =
+        line.screenshotFile ? unattended(realHost.host(), answers, noHelpers) : realHost.host();
+
+    player::TrackEvents events;
+    MainWindow window(host);
+    frmPlayer player(host, engine, window, events,
+                     {.commandLine = line.player.text, .checkInstance = !line.screenshotFile});
+    window.attach(player);
+    host.dispatcher.reportTo(
+        [&](const base::RuntimeError& error) { player.errors().reportUnguarded(error); });
+    host.closing.setLeave([&] {
+        if (host.closing.unattended()) {
+            player.showNoMoreBoxes();
+        }
+        player.kill_me();
+    });
+    QObject::connect(qApp, &QGuiApplication::commitDataRequest, qApp,
+                     [&](QSessionManager&) { host.closing.request(host::ClosedBy::System); });
+
+    host.dispatcher.run([&] { player.Form_Initialize(); });
+    host.dispatcher.run([&] { player.Form_Load(); });
+    // A start that failed half way still leaves a window.
+    window.show();
+    if (line.screenshotFile) {
+        QMetaObject::invokeMethod(
+            &window.widget(),
+            [&] {
+                copy.reset();
+                saveScreenshot(window.widget(), *line.screenshotFile, host.closing);
+            },
+            Qt::QueuedConnection);
+    }
+    return QApplication::exec();
+}
+
+} // namespace tovik::app

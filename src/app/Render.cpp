@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/Render.h"
+
+#include "app/DataPlace.h"
+#include "app/frmPlayer.h"
+#include "host/system/StopSignals.h"
+#include "host/virtual/RenderHost.h"
+#include "sound/engine/Engine.h"
+#include "sound/output/WavOutput.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <limits>
+#include <memory>
+#include <string>
+#include <system_error>
+#include <vector>
+
+namespace tovik::app {
+
+namespace {
+
+/// The mix is made exactly up to the next due timer, which then fires.
+class RenderLoop {
+public:
+    RenderLoop(host::VirtualClock& clock, sound::WavOutput& output)
+        : clock_(clock), output_(output) {}
+
+    void advanceTo(std::int64_t milliseconds) {
+        const std::int64_t frames = milliseconds * sound::kMixRate / 1000;
+        output_.advance(static_cast<std::size_t>(frames - frames_));
+        frames_ = frames;
+        clock_.advanceTo(milliseconds);
+    }
+
+private:
+    host::VirtualClock& clock_;
+    sound::WavOutput& output_;
+    std::int64_t frames_ = 0;
+};
+
+std::int64_t lastMillisecond(const host::CommandLine& line) {
+    return line.renderSeconds ? std::llround(*line.renderSeconds * 1000.0)
+                              : std::numeric_limits<std::int64_t>::max();
+}
+
+/// Creating the target would empty the file before it is played.
+bool isAmong(const std::string& target, const std::vector<std::string>& files) {
+    return std::ranges::any_of(files, [&](const std::string& file) {
+        std::error_code failure; // a file that is not there is not the target
+        return std::filesystem::equivalent(target, file, failure);
+    });
+}
+
+/// The automatic playlist is read this soon, if at all.
+constexpr std::int64_t kStartMs = 200;
+
+/// What shells give for a program that a signal ended, less its number.
+constexpr int kSignalStatus = 128;
+
+int fail(const std::string& text) {
+    std::fprintf(stderr, "tovik: %s\n", text.c_str());
+    return EXIT_FAILURE;
+}
+
+} // namespace
+
+int render(const host::CommandLine& line, const host::Environment& environment) {
+    if (isAmong(*line.renderFile, line.player.files)) {
+        return fail("Cannot render \"" + *line.renderFile + "\" into itself");
+    }
+    const host::StopSignals stop; // the copy must not be left behind
+    const PrivateCopy copy(prepareDataFolder(line, environment));
+    if (!copy.complete()) {
+        return EXIT_FAILURE;
+    }
+    host::RenderHost renderHost(copy.folder(), host::OperatingSystem::current(),
+                                environment.searchPath);
+    const host::Host host = renderHost.host();
+
+    auto wav = std::make_unique<sound::WavOutput>(*line.renderFile);
+    sound::WavOutput& output = *wav;
+    sound::Engine engine(std::move(wav), {.feeder = sound::FeederMode::inCaller});
+    player::PlayerWindow noWindow;
+    player::TrackEvents events;
+    frmPlayer player(host, engine, noWindow, events,
+                     {.commandLine = line.player.text, .checkInstance = false});
+    host.dispatcher.reportTo(
+        [&](const base::RuntimeError& error) { player.errors().reportUnguarded(error); });
+    host.dispatcher.run([&] { player.Form_Initialize(); });
+    host.dispatcher.run([&] { player.Form_Load(); });
+
+    bool played = false;
+    RenderLoop loop(renderHost.clock(), output);
+    const std::int64_t last = lastMillisecond(line);
+    const auto goesOn = [&] {
+        const std::int64_t now = renderHost.clock().monotonicMs();
+        return stop.arrived() == 0 && !renderHost.endStatus() && output.ok() && now < last &&
+               (player.sounds() || now < kStartMs);
+    };
+    while (goesOn()) {
+        played = played || player.sounds();
+        if (!line.renderSeconds && player.playsForEver()) {
+            fail("What is rendered here does not end by itself: --seconds is needed");
+            return host::kUsageStatus;
+        }
+        loop.advanceTo(std::min(renderHost.clock().nextDue().value_or(last), last));
+    }
+    output.close();
+    if (!output.ok()) {
+        return fail(output.error());
+    }
+    if (stop.arrived() != 0) {
+        return kSignalStatus + stop.arrived();
+    }
+    if (renderHost.endStatus()) {
+        return *renderHost.endStatus();
+    }
+    return played ? EXIT_SUCCESS : fail("Nothing to render");
+}
+
+} // namespace tovik::app

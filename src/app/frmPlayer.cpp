@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/frmPlayer.h"
+
+#include <utility>
+
+namespace tovik::app {
+
+namespace {
+
+constexpr int kTimer4Ms = 100;
+
+} // namespace
+
+frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
+                     player::PlayerWindow& window, player::TrackEvents& events,
+                     StartOptions options)
+    : host_(host), sound_(sound), window_(window), events_(events), options_(std::move(options)),
+      settings_(host.paths, settingsXml_), version_(settings_),
+      errHandler_(host.paths, host.clock, host.operatingSystem), errors_(errHandler_, host.dialogs),
+      tagWarning_(host.dialogs), tag_(tagWarning_), files_(stdSS_, host.pump, host.paths),
+      display_(elements_, [this](const std::string& caption) { window_.setCaption(caption); }),
+      time_(sound), opener_(sound), volume_(state_, sound, settings_),
+      facts_(state_, time_, settings_, tag_, stdSS_, playing_, display_, events),
+      clock_(state_, time_, errors_, playing_, display_),
+      Timer1_(host.timers.makeTimer([this] { clock_.Timer1(); })),
+      Timer3_(host.timers.makeTimer([this] { clock_.Timer3(); })),
+      Timer4_(host.timers.makeTimer([this] { Timer4(); })), transport_({.state = state_,
+                                                                        .sound = sound,
+                                                                        .errors = errors_,
+                                                                        .time = time_,
+                                                                        .opener = opener_,
+                                                                        .facts = facts_,
+                                                                        .volume = volume_,
+                                                                        .list = stdSS_,
+                                                                        .mirror = List1_,
+                                                                        .elements = elements_,
+                                                                        .playing = playing_,
+                                                                        .view = display_,
+                                                                        .events = events,
+                                                                        .window = window,
+                                                                        .Timer3 = *Timer3_}) {
+    stdSS_.setEvents(this);
+    Timer1_->setInterval(player::PlaybackClock::kTimer1Ms);
+    Timer1_->setEnabled(true);
+    Timer3_->setInterval(player::PlaybackClock::kTimer3Ms);
+    Timer4_->setInterval(kTimer4Ms);
+    Timer4_->setEnabled(true);
+}
+
+frmPlayer::~frmPlayer() = default;
+
+void frmPlayer::take(std::span<const Step> steps) {
+    for (const Step& step : steps) {
+        if (ended_) {
+            return;
+        }
+        if (!passingBy_ || step.besideOther) {
+            (this->*step.run)();
+        }
+    }
+}
+
+void frmPlayer::endProcess(int status) {
+    ended_ = true;
+    host_.closing.endProcess(status);
+}
+
+void frmPlayer::endWith(const std::string& text, const std::string& title) {
+    host_.dialogs.showMessage({.text = text, .title = title, .icon = host::MessageIcon::Critical});
+    endProcess(EXIT_FAILURE);
+}
+
+bool frmPlayer::AnotherInstance() {
+    return options_.checkInstance && !host_.lock.hold();
+}
+
+bool frmPlayer::sounds() const {
+    return state_.IsPlaying &&
+           sound_.BASS_ChannelIsActive(state_.active()) != sound::Activity::stopped;
+}
+
+bool frmPlayer::playsForEver() const {
+    // Modules are told to repeat.
+    return state_.IsPlaying && sound_.BASS_MusicGetLength(state_.active(), true) > 0;
+}
+
+void frmPlayer::Play(const std::string& itemData) {
+    transport_.Stdss_Play(itemData);
+}
+
+void frmPlayer::Timer4() {
+    config::guard(errors_, config::player("Timer4"), [this] {
+        if (state_.LoadFinished && state_.NoCommandLine) {
+            autoload_playlist();
+            Timer4_->setEnabled(false);
+        }
+    });
+}
+
+void frmPlayer::autoload_playlist() {
+    config::guard(errors_, config::player("Autoload_Playlist"), [this] {
+        files_.autoload_playlist();
+        if (state_.FirstRun) {
+            // The very first start plays the piece that came with the program.
+            playFirstRow();
+        }
+    });
+}
+
+} // namespace tovik::app

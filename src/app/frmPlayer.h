@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window as logic: it owns the player's state, lists and parts, and the order of start and
+// end. Needs no window system. Interface thread.
+#pragma once
+
+#include "config/clsXML.h"
+#include "config/ErrHandler.h"
+#include "config/Errors.h"
+#include "config/Settings.h"
+#include "config/StartSettings.h"
+#include "config/Version.h"
+#include "host/Host.h"
+#include "player/CBASS_TIME.h"
+#include "player/MainDisplay.h"
+#include "player/NowPlaying.h"
+#include "player/PlaybackClock.h"
+#include "player/PlayerState.h"
+#include "player/PlayerWindow.h"
+#include "player/TrackEvents.h"
+#include "player/TrackFacts.h"
+#include "player/TrackOpener.h"
+#include "player/Transport.h"
+#include "player/Volume.h"
+#include "playlist/ListMirror.h"
+#include "playlist/PlaylistFiles.h"
+#include "playlist/stdSS.h"
+#include "sound/SoundLibrary.h"
+#include "tags/cMP3ID3v1.h"
+#include "tags/TagWarning.h"
+#include "ui/MainElements.h"
+
+#include <memory>
+#include <span>
+#include <string>
+
+namespace tovik::app {
+
+/// How the program was started.
+struct StartOptions {
+    std::string commandLine;   ///< the player's part of it, as text
+    bool checkInstance = true; ///< false: no other instance is looked for or made known
+};
+
+class frmPlayer final : private playlist::ListEvents {
+public:
+    /// All of them outlive the player.
+    frmPlayer(const host::Host& host, sound::SoundLibrary& sound, player::PlayerWindow& window,
+              player::TrackEvents& events, StartOptions options);
+    ~frmPlayer() override;
+    frmPlayer(const frmPlayer&) = delete;
+    frmPlayer& operator=(const frmPlayer&) = delete;
+
+    /// What happens before there is a window. May end the process.
+    void Form_Initialize();
+
+    /// Window, device and lists. A failure is logged, and the rest is left undone.
+    void Form_Load();
+
+    /// Saves everything, frees the sound library and ends the process.
+    void kill_me();
+
+    /// Errors are only logged from now on: nobody is there to answer a box.
+    void showNoMoreBoxes() { errors_.showNoMoreBoxes(); }
+
+    /// Something is played that has not come to its end.
+    [[nodiscard]] bool sounds() const;
+
+    /// What plays does not end by itself.
+    [[nodiscard]] bool playsForEver() const;
+
+    // For who shows it or drives it -------------------------------------------------------------
+
+    [[nodiscard]] ui::MainElements& elements() { return elements_; }
+
+    [[nodiscard]] player::Transport& transport() { return transport_; }
+
+    [[nodiscard]] const player::PlayerState& state() const { return state_; }
+
+    [[nodiscard]] playlist::stdSS& stdSS() { return stdSS_; }
+
+    [[nodiscard]] playlist::ListMirror& List1() { return List1_; }
+
+    [[nodiscard]] const config::Errors& errors() const { return errors_; }
+
+    [[nodiscard]] player::CBASS_TIME& time() { return time_; }
+
+private:
+    /// One thing that happens at the start or the end; its name says what.
+    struct Step {
+        const char* name;
+        void (frmPlayer::*run)();
+        bool besideOther = false; ///< also done by a second instance that only passes by
+    };
+
+    static const std::span<const Step> kInitializeSteps;
+    static const std::span<const Step> kLoadSteps;
+    static const std::span<const Step> kEndSteps;
+
+    /// Takes the steps in their order until the process is told to end.
+    void take(std::span<const Step> steps);
+
+    // Form_Initialize
+    void takeFirstRun();
+    void refuseOldSystem();
+    void meetOtherInstance();
+
+    // Form_Load
+    void loadSettings();
+    void keepSettings(const config::StartSettings& read);
+    void lookForOtherInstance();
+    void choosePanel();
+    void readCommandLine();
+    void applyTaskbar();
+    void enterDataFolder();
+    void checkSoundLibrary();
+    void openSound();
+    void openRecording();
+    void showVolume();
+    void showModes();
+    void showQuickList();
+    void applyBalance();
+    void readMessenger();
+    void selectFirstRow();
+    void showWindow();
+    void openArgument();
+    void makeKnown();
+    void applyTopmost();
+    /// Raises 53 when the helper is not there.
+    void startHelper(const std::string& name, const std::string& argument);
+    void associateFileTypes();
+    void checkForUpdates();
+    void showCaptions();
+
+    /// Stands in the place of what is not built yet.
+    void later() {}
+
+    // kill_me
+    void tellNothingPlays();
+    void saveList();
+    void hideWindow();
+    void saveSettings();
+    void freeSound();
+
+    void Timer4();
+    void autoload_playlist();
+    void playFirstRow();
+    void openFileArgument(const std::string& path);
+    [[nodiscard]] bool AnotherInstance();
+    void endProcess(int status);
+    void endWith(const std::string& text, const std::string& title);
+    void Play(const std::string& itemData) override;
+
+    host::Host host_;
+    sound::SoundLibrary& sound_;
+    player::PlayerWindow& window_;
+    player::TrackEvents& events_;
+    StartOptions options_;
+
+    bool ended_ = false;     ///< the process was told to end
+    bool passingBy_ = false; ///< another instance runs, and only one is allowed
+
+    player::PlayerState state_;
+    ui::MainElements elements_{ui::mainLayout()};
+    player::NowPlaying playing_;
+    playlist::stdSS stdSS_;
+    playlist::stdSS lstTracks_;
+    playlist::stdSS RadioLst_;
+    playlist::ListMirror List1_{stdSS_};
+
+    config::clsXML settingsXml_;
+    config::Settings settings_;
+    config::Version version_;
+    config::ErrHandler errHandler_;
+    config::Errors errors_;
+    tags::TagWarning tagWarning_;
+    tags::cMP3ID3v1 tag_;
+    playlist::PlaylistFiles files_;
+
+    player::MainDisplay display_;
+    player::CBASS_TIME time_;
+    player::TrackOpener opener_;
+    player::Volume volume_;
+    player::TrackFacts facts_;
+    player::PlaybackClock clock_;
+    std::unique_ptr<host::Timer> Timer1_;
+    std::unique_ptr<host::Timer> Timer3_;
+    std::unique_ptr<host::Timer> Timer4_;
+    player::Transport transport_;
+};
+
+} // namespace tovik::app

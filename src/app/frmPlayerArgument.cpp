@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The file that the program was started with.
+#include "app/frmPlayer.h"
+
+#include "base/CommandText.h"
+#include "base/Text.h"
+#include "host/PlayerArguments.h"
+#include "playlist/FileNames.h"
+#include "tags/ShownField.h"
+
+namespace tovik::app {
+
+void frmPlayer::readCommandLine() {
+    state_.NoCommandLine = options_.commandLine.empty();
+    if (!state_.NoCommandLine) {
+        state_.CommandArgs = base::commandArguments(options_.commandLine);
+    }
+}
+
+void frmPlayer::openArgument() {
+    if (state_.NoCommandLine) {
+        return;
+    }
+    const std::string path = host::withQuotes(state_.CommandArgs.at(1));
+    stdSS_.Clear();
+    const std::string extension = base::toUpperAscii(playlist::get_extension(path));
+    if (extension == "M3U") {
+        files_.open_m3u(path);
+        playFirstRow();
+    } else if (extension == "PLS") {
+        // Read as soon as this kind of list is known.
+        playFirstRow();
+    } else {
+        openFileArgument(path);
+    }
+}
+
+void frmPlayer::playFirstRow() {
+    List1_.ListIndex(0);
+    transport_.List1_DblClick();
+}
+
+void frmPlayer::openFileArgument(const std::string& path) {
+    tag_.MP3File(path);
+    const std::string_view artist = tags::shownField(tag_.Artist());
+    const std::string_view title = tags::shownField(tag_.Title());
+    const std::string shown = !artist.empty() && !title.empty()
+                                  ? std::string(artist) + "-" + std::string(title)
+                                  : std::string(playlist::GetLastBackSlash(path));
+    stdSS_.AddItem("", path, shown, "00:00", 0);
+    stdSS_.SelectedIndex = 1;
+    playFirstRow();
+}
+
+} // namespace tovik::app

@@ -1,0 +1,239 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What each step of the start does.
+#include "app/frmPlayer.h"
+
+#include "base/Numbers.h"
+#include "base/RegularFile.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "config/Profile.h"
+#include "config/SettingText.h"
+#include "player/QuickList.h"
+#include "player/SoundDevice.h"
+#include "ui/Twips.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+
+namespace tovik::app {
+
+namespace {
+
+using ui::MainElement;
+
+constexpr int kOldestSystem = 5;
+constexpr std::uint32_t kSoundVersion = 0x00000002;
+constexpr const char* kSoundTitle = "BASS.DLL";
+constexpr std::uint32_t kInputOn = 131072;
+
+/// A window on the right of a wide desktop is further away than 16 bits can tell.
+std::int32_t twipsOf(const std::string& text) {
+    return base::toInt32(base::textToNumber(text));
+}
+
+} // namespace
+
+void frmPlayer::Form_Initialize() {
+    config::guard(errors_, config::player("Initialize"), [this] { take(kInitializeSteps); });
+}
+
+void frmPlayer::Form_Load() {
+    config::guard(errors_, config::player("Load"), [this] { take(kLoadSteps); });
+}
+
+void frmPlayer::takeFirstRun() {
+    const std::string file = host_.paths.of(host::DataItem::FirstRun);
+    std::string bytes;
+    if (base::readWholeFile(file, bytes)) {
+        return;
+    }
+    settings_.saveSetting("CLNG", config::profileValue(bytes, "Firstrun", "LNG"));
+    static_cast<void>(std::remove(file.c_str()));
+    state_.FirstRun = true;
+}
+
+void frmPlayer::refuseOldSystem() {
+    if (host_.operatingSystem.major < kOldestSystem) {
+        endWith("Tovik needs a newer operating system.", "Tovik");
+    }
+}
+
+void frmPlayer::meetOtherInstance() {
+    if (config::settingToInt16(settings_.getSetting("MI")) == 0 && AnotherInstance()) {
+        window_.hide();
+        endProcess(EXIT_SUCCESS);
+    }
+}
+
+void frmPlayer::loadSettings() {
+    config::StartSettings read;
+    try {
+        settings_.getSettings(read);
+    } catch (...) {
+        // What was read so far counts; it is saved at the end.
+        keepSettings(read);
+        throw;
+    }
+    keepSettings(read);
+}
+
+void frmPlayer::keepSettings(const config::StartSettings& read) {
+    state_.MultipleInstances = read.allowMultipleInstances;
+    state_.ShowSplash = read.autoPlay;
+    state_.ShowInTaskbar = read.showInTaskbar;
+    state_.CurrentVolume = read.volume;
+    state_.CrossfadeOn = read.crossfadeOn;
+    state_.SilenceSkipOn = read.silenceDetectionOn;
+    state_.ShuffleOn = read.shuffleOn;
+    state_.EqualizerOn = read.equalizerOn;
+    state_.BalanceValue = read.balance;
+    state_.RepeatOn = read.repeatOn;
+    state_.CurrentVisPlugin = read.visualisation;
+    state_.LanguageFile = read.language;
+    state_.AlwaysOnTop = read.alwaysOnTop;
+    state_.AssociateAtStart = read.associateFileTypes;
+    state_.CheckUpdates = read.checkForUpdates;
+}
+
+void frmPlayer::lookForOtherInstance() {
+    passingBy_ = AnotherInstance() && state_.MultipleInstances != 1;
+}
+
+void frmPlayer::choosePanel() {
+    state_.CurrentPanel = 1;
+}
+
+void frmPlayer::applyTaskbar() {
+    window_.setTaskbarButton(state_.ShowInTaskbar == 1);
+}
+
+void frmPlayer::enterDataFolder() {
+    // Names in lists may be told from there. Without the folder other steps have failed already.
+    std::error_code failure;
+    std::filesystem::current_path(host_.paths.dataFolder(), failure);
+}
+
+void frmPlayer::checkSoundLibrary() {
+    if (sound_.BASS_GetVersion() != kSoundVersion) {
+        endWith("BASS version 2.0 was not loaded", kSoundTitle);
+    }
+}
+
+void frmPlayer::openSound() {
+    sound_.BASS_RecordInit(0);
+    if (!player::openSoundDevice(sound_, window_.handle())) {
+        endWith("Can't initialize device", kSoundTitle);
+    }
+}
+
+void frmPlayer::openRecording() {
+    static constexpr std::array<std::string_view, 3> kWanted = {"stereo out", "wave out mix",
+                                                                "mono out"};
+    for (int index = 0;; ++index) {
+        const auto name = sound_.BASS_RecordGetInputName(index);
+        if (!name) {
+            break;
+        }
+        if (std::ranges::find(kWanted, base::toLowerAscii(*name)) != kWanted.end()) {
+            sound_.BASS_RecordSetInput(static_cast<std::uint32_t>(index) | kInputOn);
+            break;
+        }
+    }
+    // Nothing listens to the mix yet, so nothing is delivered and nothing is spent.
+    static_cast<void>(sound_.BASS_RecordStart(44100, 2, nullptr, 0));
+}
+
+void frmPlayer::showVolume() {
+    state_.CurrentVolume = config::settingToInt16(settings_.getSetting("cvl"));
+    elements_.touch(MainElement::volbarIMG).height =
+        elements_.get(MainElement::volbar).height / 100.0 * state_.CurrentVolume;
+}
+
+void frmPlayer::showModes() {
+    struct Mode {
+        bool on;
+        MainElement button;
+        MainElement indicatorOn;
+        MainElement indicatorOff;
+    };
+
+    const std::array modes = {
+        Mode{state_.CrossfadeOn, MainElement::CfdBT, MainElement::CFD, MainElement::CFD2},
+        Mode{state_.SilenceSkipOn, MainElement::sldBT, MainElement::Sld, MainElement::sld2},
+        Mode{state_.ShuffleOn, MainElement::ShuffleBT, MainElement::Shuffle,
+             MainElement::ShuffleDown},
+        Mode{state_.RepeatOn, MainElement::LoopBT, MainElement::loopImg, MainElement::LoopImg2},
+    };
+    for (const Mode& mode : modes) {
+        elements_.touch(mode.button).checked = mode.on;
+        elements_.touch(mode.indicatorOn).visible = mode.on;
+        elements_.touch(mode.indicatorOff).visible = !mode.on;
+    }
+    state_.TimeDisplayMode = config::settingToInt16(settings_.getSetting("TMD"));
+    elements_.touch(MainElement::timed, 0).visible = state_.TimeDisplayMode != 0;
+}
+
+void frmPlayer::showQuickList() {
+    state_.QuickListOpen = config::settingToFlag(settings_.getSetting("qpl"));
+    player::ApplyQuickList(elements_, state_.QuickListOpen);
+}
+
+void frmPlayer::applyBalance() {
+    volume_.ApplyBalance(state_.BalanceValue);
+}
+
+void frmPlayer::readMessenger() {
+    state_.MessengerOn = config::settingToFlag(settings_.getSetting("MSN"));
+}
+
+void frmPlayer::selectFirstRow() {
+    if (stdSS_.ListCount() > 0) {
+        stdSS_.SelectedIndex = 1;
+    }
+}
+
+void frmPlayer::showWindow() {
+    const auto pixels = [this](const char* key) {
+        return twipsOf(settings_.getSetting(key)) / ui::kTwipsPerPixel;
+    };
+    window_.moveTo(pixels("X"), pixels("Y"));
+    window_.show();
+    state_.LoadFinished = true;
+}
+
+void frmPlayer::makeKnown() {
+    if (options_.checkInstance && !AnotherInstance()) {
+        settings_.saveSetting("SHWND", std::to_string(window_.handle()));
+    }
+}
+
+void frmPlayer::applyTopmost() {
+    window_.setTopmost(config::settingToInt16(settings_.getSetting("ASOT")) == 1);
+}
+
+void frmPlayer::startHelper(const std::string& name, const std::string& argument) {
+    if (!host_.programs.start(name, {argument})) {
+        throw base::RuntimeError(base::ErrorNumber::FileNotFound);
+    }
+}
+
+void frmPlayer::associateFileTypes() {
+    if (state_.AssociateAtStart == 1) {
+        startHelper("Tkstart.exe", settings_.getSetting("SFA"));
+    }
+}
+
+void frmPlayer::checkForUpdates() {
+    if (state_.CheckUpdates == 1) {
+        startHelper("update.exe", version_.updateArgument());
+    }
+}
+
+void frmPlayer::showCaptions() {
+    window_.setCaption(version_.get_Tovik_Version());
+}
+
+} // namespace tovik::app

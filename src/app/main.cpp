@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The way into the program: reads the options and does what they ask for.
+#include "app/OutputChoice.h"
+#include "app/Play.h"
+#include "app/Render.h"
+#include "app/Version.h"
+#include "host/CommandLine.h"
+#include "host/Environment.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace {
+
+int run(std::span<const std::string> words) {
+    using namespace tovik;
+    const host::Environment environment = host::Environment::current();
+    const auto parsed = host::parseCommandLine(words, environment.workingFolder);
+    if (const auto* error = std::get_if<host::UsageError>(&parsed)) {
+        std::fprintf(stderr, "tovik: %s\n", error->text.c_str());
+        return host::kUsageStatus;
+    }
+    const auto& line = std::get<host::CommandLine>(parsed);
+    if (line.help) {
+        std::fputs(host::helpText().c_str(), stdout);
+        return EXIT_SUCCESS;
+    }
+    if (line.version) {
+        std::printf("tovik %s\n", app::kVersion);
+        return EXIT_SUCCESS;
+    }
+    if (line.device == host::kListDevices) {
+        return app::listOutputs() ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
+    return line.renderFile ? app::render(line, environment) : app::play(line, environment);
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    const std::vector<std::string> words(argv + 1, argv + argc);
+    return run(words);
+}

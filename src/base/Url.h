@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Telling addresses from file names (RFC 3986, RFC 8089). Any thread.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tovik::base {
+
+/// Whether the text begins with a scheme and "://".
+[[nodiscard]] bool isUrl(std::string_view text) noexcept;
+
+/// The bytes of the path that a `file:` address of this machine names, its percent escapes
+/// decoded. Nothing for any other text, another machine or an escape that is none or is a zero.
+[[nodiscard]] std::optional<std::string> pathFromFileUrl(std::string_view url);
+
+} // namespace tovik::base

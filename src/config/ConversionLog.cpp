@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "config/ConversionLog.h"
+
+#include "config/ErrorTexts.h"
+#include "config/LogFile.h"
+
+namespace tovik::config {
+
+void logConversion(const host::Paths& paths, const host::Clock& clock, std::int32_t code,
+                   std::string_view fileName) {
+    if (code <= 0) {
+        return;
+    }
+    const host::LocalTime now = clock.localTime();
+    std::string line = logDate(now) + " " + logTime(now) + " ";
+    line += BassErrorText(code);
+    line += " " + std::to_string(code) + " occured when Tovik tried to play/convert: ";
+    line += fileName;
+    LogFile(paths.of(host::DataItem::ConversionLog)).append(line);
+}
+
+} // namespace tovik::config

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "config/LogFile.h"
+
+#include "base/FileErrors.h"
+#include "config/WriteFailure.h"
+
+#include <cerrno>
+#include <utility>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace tovik::config {
+
+namespace {
+
+constexpr mode_t kNewFileMode = 0666; // cut down by the process's mask
+
+/// The number with zeros before it.
+std::string padded(int number, std::size_t width) {
+    std::string digits = std::to_string(number);
+    return digits.size() < width ? std::string(width - digits.size(), '0') + digits : digits;
+}
+
+} // namespace
+
+LogFile::LogFile(std::string path)
+    : path_(std::move(path)),
+      descriptor_(::open(path_.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, kNewFileMode)) {
+    if (descriptor_ < 0) {
+        raiseWriteFailure(base::lastSystemError(), path_);
+    }
+}
+
+LogFile::~LogFile() {
+    ::close(descriptor_);
+}
+
+void LogFile::append(std::string_view line) {
+    const std::string whole = std::string(line) + "\r\n"; // in one call, so that lines do not mix
+    std::string_view rest = whole;
+    while (!rest.empty()) {
+        const ssize_t written = ::write(descriptor_, rest.data(), rest.size());
+        if (written >= 0) {
+            rest.remove_prefix(static_cast<std::size_t>(written));
+        } else if (errno != EINTR) {
+            raiseWriteFailure(base::lastSystemError(), path_);
+        }
+    }
+}
+
+std::string logDate(const host::LocalTime& time) {
+    return padded(time.day, 2) + "." + padded(time.month, 2) + "." + padded(time.year, 4);
+}
+
+std::string logTime(const host::LocalTime& time) {
+    return padded(time.hour, 2) + ":" + padded(time.minute, 2) + ":" + padded(time.second, 2);
+}
+
+} // namespace tovik::config

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "config/Version.h"
+
+#include "config/Fields.h"
+#include "config/SettingText.h"
+
+namespace tovik::config {
+
+namespace {
+
+constexpr char kSeparator = ',';
+constexpr std::string_view kRecordKey = "TKXV";
+constexpr std::string_view kSecondPartKey = "TKV2";
+constexpr std::string_view kProgramName = "Tovik ";
+constexpr std::string_view kUpdateSwitch = "chk4update=";
+
+} // namespace
+
+std::string versionText(std::string_view tkxv, std::string_view tkv2) {
+    return Fields(tkxv, kSeparator).at(0).substr(0, 1) + "." + std::string(tkv2);
+}
+
+std::int16_t buildNumber(std::string_view tkxv) {
+    return settingToInt16(Fields(tkxv, kSeparator).at(1));
+}
+
+std::string fullVersionText(std::string_view tkxv, std::string_view tkv2) {
+    std::string text;
+    const Fields fields(tkxv, kSeparator);
+    for (const std::string& field : fields.all()) {
+        text += field + ".";
+    }
+    return text + std::string(tkv2);
+}
+
+Version::Version(Settings& settings) : settings_(settings) {}
+
+std::string Version::getTovikversion() {
+    const std::string record = settings_.getSetting(kRecordKey);
+    return versionText(record, settings_.getSetting(kSecondPartKey));
+}
+
+std::int16_t Version::getTovikbuildNm() {
+    return buildNumber(settings_.getSetting(kRecordKey));
+}
+
+std::string Version::get_Tovik_Version() {
+    return std::string(kProgramName) + getTovikversion();
+}
+
+std::string Version::updateArgument() {
+    const std::string record = settings_.getSetting(kRecordKey);
+    return std::string(kUpdateSwitch) +
+           fullVersionText(record, settings_.getSetting(kSecondPartKey));
+}
+
+} // namespace tovik::config

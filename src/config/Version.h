@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The version of the program, as its settings tell it. Interface thread.
+#pragma once
+
+#include "config/Settings.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tovik::config {
+
+/// The version text: the first character of the first field of TKXV, ".", TKV2. Raises 9 where
+/// TKXV has no field.
+[[nodiscard]] std::string versionText(std::string_view tkxv, std::string_view tkv2);
+
+/// The build number: the second field of TKXV. Raises 9 where there is none, 13 and 6.
+[[nodiscard]] std::int16_t buildNumber(std::string_view tkxv);
+
+/// All fields of TKXV and TKV2 behind them, joined by ".".
+[[nodiscard]] std::string fullVersionText(std::string_view tkxv, std::string_view tkv2);
+
+/// The versions that the program shows and hands on. Each call reads the settings file and raises
+/// what that raises.
+class Version {
+public:
+    explicit Version(Settings& settings);
+
+    /// For example "0.1".
+    [[nodiscard]] std::string getTovikversion();
+
+    [[nodiscard]] std::int16_t getTovikbuildNm();
+
+    /// The caption of a window while nothing plays, for example "Tovik 0.1".
+    [[nodiscard]] std::string get_Tovik_Version();
+
+    /// The argument for the update program: "chk4update=" and the full version.
+    [[nodiscard]] std::string updateArgument();
+
+private:
+    Settings& settings_;
+};
+
+} // namespace tovik::config

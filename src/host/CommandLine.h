@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The words that the program was started with. Pure: looks at no file and no variable.
+#pragma once
+
+#include "host/PlayerArguments.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace tovik::host {
+
+/// Devices that are no device of the system.
+inline constexpr std::string_view kSilentDevice = "silent"; ///< plays on time, but nowhere
+inline constexpr std::string_view kListDevices = "list";    ///< prints the names and ends
+
+/// What the command line asks for. Paths are absolute.
+struct CommandLine {
+    bool help = false;
+    bool version = false;
+    std::optional<std::string> dataFolder;
+    std::optional<std::string> device;
+    std::optional<std::string> renderFile;
+    std::optional<double> renderSeconds; ///< above 0
+    std::optional<std::string> screenshotFile;
+    PlayerArguments player; ///< every word that is no option
+};
+
+/// A command line that cannot be followed; the program ends with `kUsageStatus`.
+struct UsageError {
+    std::string text; ///< one line for the standard error stream
+};
+
+inline constexpr int kUsageStatus = 2;
+
+/// Reads the words behind the program's name. Options begin with "--", their value is the next
+/// word or stands behind "="; a bare "--" ends them. Of an option given twice the last counts.
+[[nodiscard]] std::variant<CommandLine, UsageError>
+parseCommandLine(std::span<const std::string> words, std::string_view workingFolder);
+
+/// What `--help` prints.
+[[nodiscard]] std::string helpText();
+
+} // namespace tovik::host

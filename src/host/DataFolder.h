@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Which folder holds the program's data, and how a new one gets its first content. Called once at
+// the start.
+#pragma once
+
+#include "host/Environment.h"
+
+#include <optional>
+#include <string>
+#include <system_error>
+
+namespace tovik::host {
+
+/// The data folder: the one asked for on the command line; else the folder of the executable if
+/// it holds a writable settings file (portable use); else "tovik" in the user's data home (XDG
+/// Base Directory Specification). The folder need not exist yet.
+[[nodiscard]] std::string chooseDataFolder(const Environment& environment,
+                                           const std::optional<std::string>& asked);
+
+/// The data shipped with the executable: beside it, in the share folder of an installation, or in
+/// the source tree it was built in. Empty if there is none.
+[[nodiscard]] std::string shippedDataFolder(const Environment& environment);
+
+/// Fills a data folder that is missing or empty: copies what is shipped and leaves "firstrun.ini"
+/// with the language of the locale. A fill that was broken off is taken up again; a folder with
+/// anything else in it is left alone. `shipped` may be empty: then only the folder for settings is
+/// made. Answers with the first failure.
+[[nodiscard]] std::error_code fillDataFolder(const std::string& dataFolder,
+                                             const std::string& shipped, const std::string& locale);
+
+} // namespace tovik::host

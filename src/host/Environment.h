@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the process was given by the one who started it, read once. Any thread.
+#pragma once
+
+#include <string>
+
+namespace tovik::host {
+
+struct Environment {
+    std::string home;             ///< HOME
+    std::string dataHome;         ///< XDG_DATA_HOME
+    std::string configHome{};     ///< XDG_CONFIG_HOME
+    std::string locale;           ///< the first set of LC_ALL, LC_MESSAGES, LANG
+    std::string searchPath;       ///< PATH
+    std::string workingFolder;    ///< absolute
+    std::string executableFolder; ///< where this program's file lies, absolute
+
+    /// The environment of this process. To be called before threads are started.
+    [[nodiscard]] static Environment current();
+};
+
+} // namespace tovik::host

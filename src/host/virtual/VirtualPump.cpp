@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/virtual/VirtualPump.h"
+
+namespace tovik::host {
+
+bool VirtualPump::Step() {
+    if (closing_.leaveIfAsked()) {
+        return false;
+    }
+    clock_.fireDue();
+    return !closing_.ending();
+}
+
+} // namespace tovik::host

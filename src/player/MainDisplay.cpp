@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/MainDisplay.h"
+
+#include <array>
+#include <cstddef>
+#include <utility>
+
+namespace tovik::player {
+
+namespace {
+
+using ui::MainElement;
+
+/// The digit elements and the places of their characters in "mm:ss"; the colon between them stays.
+constexpr std::array<std::size_t, 4> kDigits = {1, 2, 4, 5};
+
+constexpr ui::Colour kBright{255, 255, 255};
+constexpr ui::Colour kDim{96, 100, 140};
+
+} // namespace
+
+MainDisplay::MainDisplay(ui::MainElements& elements, SetCaption setCaption)
+    : elements_(elements), setCaption_(std::move(setCaption)) {}
+
+void MainDisplay::showFacts(const NowPlaying& playing) {
+    elements_.touch(MainElement::musicinfo_img).caption = playing.infoText;
+    elements_.touch(MainElement::mono_img).textColour = playing.mode == "Mono" ? kBright : kDim;
+    elements_.touch(MainElement::Stereo_img).textColour = playing.mode == "Stereo" ? kBright : kDim;
+    for (std::size_t i = 0; i < kTagFields; ++i) {
+        elements_.touch(MainElement::lblinfo, i).caption = playing.fields[i];
+    }
+}
+
+void MainDisplay::showTitles(const NowPlaying& playing) {
+    elements_.touch(MainElement::songname).caption = playing.scrollerText;
+    setCaption_(playing.caption);
+}
+
+void MainDisplay::showTime(const NowPlaying& playing) {
+    for (const std::size_t digit : kDigits) {
+        elements_.touch(MainElement::timed, digit).caption = playing.time.substr(digit - 1, 1);
+    }
+    elements_.touch(MainElement::timed, 0).visible = playing.countsDown;
+}
+
+void MainDisplay::showPosition(const NowPlaying& playing) {
+    const double onePercent = elements_.get(MainElement::posbar).width / 100.0;
+    const double barLeft = elements_.get(MainElement::posbar).left;
+    elements_.touch(MainElement::track).left = barLeft + playing.percent * onePercent;
+}
+
+void MainDisplay::showFields(bool visible) {
+    for (std::size_t i = 0; i < kTagFields; ++i) {
+        elements_.touch(MainElement::lbltag, i).visible = visible;
+        elements_.touch(MainElement::lblinfo, i).visible = visible;
+    }
+}
+
+} // namespace tovik::player

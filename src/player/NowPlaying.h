@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What is shown of the playing track, as one record: each window maps it onto its own elements.
+#pragma once
+
+#include <array>
+#include <string>
+
+namespace tovik::player {
+
+inline constexpr std::size_t kTagFields = 5;
+
+struct NowPlaying {
+    std::string infoText; ///< such as "128 kbps  44 KHZ"
+    std::string mode;     ///< "Mono", "Stereo" or neither: the word that is bright
+
+    /// Artist, title, album, year, genre.
+    std::array<std::string, kTagFields> fields;
+
+    std::string scrollerText;
+    std::string caption;     ///< of the main window
+    std::string miniCaption; ///< of the mini window
+
+    std::string time = "00:00"; ///< five characters, the third is the colon
+    bool countsDown = false;    ///< a minus sign stands before the time
+    double percent = 0;         ///< the position mark, 0 to 100
+};
+
+/// A window that shows the record. It is told which part changed.
+class NowPlayingView {
+public:
+    virtual ~NowPlayingView() = default;
+
+    /// The facts of the track: info text, mode, fields.
+    virtual void showFacts(const NowPlaying& playing) = 0;
+
+    /// Scroller and captions.
+    virtual void showTitles(const NowPlaying& playing) = 0;
+
+    virtual void showTime(const NowPlaying& playing) = 0;
+    virtual void showPosition(const NowPlaying& playing) = 0;
+
+    /// Labels and fields of the tag are hidden on the other panels.
+    virtual void showFields(bool visible) = 0;
+};
+
+} // namespace tovik::player

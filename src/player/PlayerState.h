@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The record of what is sounding and of the flags in force. The main window owns it; the parts of
+// the player share it. Interface thread.
+#pragma once
+
+#include "sound/api/Types.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tovik::player {
+
+/// Which channel the clock and the seek commands read.
+enum class ChannelSlot : std::int16_t { none = 0, primary = 1, secondary = 2 };
+
+struct PlayerState {
+    sound::Handle PrimaryChannel = sound::kNoHandle;   ///< plain starts, and one leg of a crossfade
+    sound::Handle SecondaryChannel = sound::kNoHandle; ///< the other leg
+    sound::Handle SpareChannelC = sound::kNoHandle;    ///< freed with the others, never made
+    sound::Handle SpareChannelD = sound::kNoHandle;
+
+    /// The leg that counts as the current one: 2 is the primary channel, 1 the secondary, 0
+    /// neither.
+    std::int16_t CrossfadeLeg = 0;
+
+    bool IsPlaying = false; ///< a channel was started and not stopped; stays true while paused
+    bool IsPaused = false;
+    bool ShuffleOn = false;
+    bool RepeatOn = false;
+    bool CrossfadeOn = false;
+    bool SilenceSkipOn = false;
+    bool IsWmaStream = false;
+    bool EqualizerOn = false;
+    bool MiniModeOn = false;
+    bool RippingNow = false;
+    bool MessengerOn = false;
+    bool StopAfterCurrent = false;      ///< the next end of a track stops instead of advancing
+    std::int16_t CurrentVisPlugin = -1; ///< -1 none, 0 the built-in spectrum, else a plug-in
+    std::int16_t CurrentVolume = 0;     ///< 0 to 100
+    std::int16_t ShowInTaskbar = 0;
+    std::int16_t BalanceValue = 0; ///< -100 to 100 in steps of 25
+    std::int16_t MultipleInstances = 0;
+    bool ShowSplash = false;
+    std::string LanguageFile;
+    std::int16_t AlwaysOnTop = 0;
+    std::int16_t AssociateAtStart = 0;
+    std::int16_t CheckUpdates = 0;
+    std::string CurrentTitle; ///< the title shown for the playing row
+
+    /// How many tracks were started since the count was last cleared; tells a plain start from a
+    /// crossfade.
+    std::int32_t TracksStarted = 0;
+
+    ChannelSlot ActiveChannel = ChannelSlot::none;
+    bool DirAddIdle = false;
+    std::int16_t TimeDisplayMode = 0; ///< 0 elapsed, 1 remaining
+    std::vector<std::string> CommandArgs;
+    bool NoCommandLine = true;
+    bool FirstRun = false;
+    bool LoadFinished = false;
+    bool BuiltinVisOn = false;
+    bool VisOn = false;
+    std::int16_t SilenceTicks = 0;
+    bool ClearCounterOnPlay = false; ///< the next play from the list starts plainly
+
+    std::string TrackInfoMode; ///< "Mono" or "Stereo"
+    std::string TrackInfoText; ///< such as "128 kbps  44 KHZ"
+
+    /// 0: the volume is set per channel; anything else: it goes to the whole output.
+    std::int16_t GlobalVolumeMode = 0;
+
+    std::int16_t CurrentPanel = 1;
+    bool QuickListOpen = false;
+
+    /// The channel that the clock and the seek commands read, or none.
+    [[nodiscard]] sound::Handle active() const {
+        switch (ActiveChannel) {
+        case ChannelSlot::primary:
+            return PrimaryChannel;
+        case ChannelSlot::secondary:
+            return SecondaryChannel;
+        case ChannelSlot::none:
+            break;
+        }
+        return sound::kNoHandle;
+    }
+};
+
+} // namespace tovik::player

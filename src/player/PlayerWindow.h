@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the player's logic asks of its window beyond the elements in it. Interface thread.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace tovik::player {
+
+/// As made it does nothing: a player without a window, for renders and tests.
+class PlayerWindow {
+public:
+    virtual ~PlayerWindow() = default;
+
+    virtual void show() {}
+
+    virtual void hide() {}
+
+    virtual void setCaption(const std::string& /*caption*/) {}
+
+    /// Whether the window shows on the task bar.
+    virtual void setTaskbarButton(bool /*shown*/) {}
+
+    virtual void setTopmost(bool /*topmost*/) {}
+
+    /// The window's number in the window system; 0 without one.
+    [[nodiscard]] virtual std::uintptr_t handle() const { return 0; }
+
+    /// Left and top in pixels; applied when the window is shown, held to a screen that exists.
+    virtual void moveTo(int /*left*/, int /*top*/) {}
+
+    [[nodiscard]] virtual int left() const { return 0; }
+
+    [[nodiscard]] virtual int top() const { return 0; }
+};
+
+} // namespace tovik::player

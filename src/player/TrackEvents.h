@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Who must know that a track started or that nothing plays: popup, messenger, visualisation. The
+// player calls; what stands above it implements. Interface thread.
+#pragma once
+
+#include <string>
+
+namespace tovik::player {
+
+/// What is told of a started track.
+struct TrackReport {
+    std::string path;
+    std::string artist; ///< as shown, empty when unknown
+    std::string title;
+    std::string album;
+    std::string listTitle; ///< the title of its row
+    int seconds = 0;
+};
+
+/// The parts of the status message that nothing plays.
+inline constexpr const char* kNothingFormat = "{0} - {1}";
+inline constexpr const char* kNothingWord = "Music";
+
+class TrackEvents {
+public:
+    virtual ~TrackEvents() = default;
+
+    /// A track started; `text` is for the title popup.
+    virtual void showTitlePopup(const std::string& /*text*/) {}
+
+    /// For the status message of messengers and the desktop.
+    virtual void reportTrack(const TrackReport& /*report*/) {}
+
+    /// Nothing plays; `format` and `word` are the parts of the status message.
+    virtual void reportNothing(const std::string& /*format*/, const std::string& /*word*/) {}
+
+    /// The sound that a running visualisation shows is another one.
+    virtual void restartVisualisation() {}
+
+    virtual void stopVisualisation() {}
+};
+
+} // namespace tovik::player

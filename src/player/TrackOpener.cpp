@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/TrackOpener.h"
+
+#include "base/Numbers.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+
+#include <array>
+
+namespace tovik::player {
+
+namespace {
+
+constexpr std::uint32_t kStreamFlags = sound::BASS_SAMPLE_FX;
+constexpr std::uint32_t kMusicFlags = sound::BASS_MUSIC_LOOP | sound::BASS_MUSIC_RAMP;
+constexpr std::uint32_t kMusicFrequency = 128;
+
+using Create = sound::Handle (*)(sound::SoundLibrary&, std::string_view path);
+
+/// In the order in which they are asked.
+constexpr std::array<Create, 4> kDecoders = {
+    [](sound::SoundLibrary& sound, std::string_view path) {
+        return sound.BASS_StreamCreateFile(false, path, 0, 0, kStreamFlags);
+    },
+    [](sound::SoundLibrary& sound, std::string_view path) {
+        return sound.BASS_MusicLoad(false, path, 0, 0, kMusicFlags, kMusicFrequency);
+    },
+    [](sound::SoundLibrary& sound, std::string_view path) {
+        return sound.BASS_WMA_StreamCreateFile(false, path, 0, 0, kStreamFlags);
+    },
+    [](sound::SoundLibrary& sound, std::string_view path) {
+        return sound.BASS_FLAC_StreamCreateFile(false, path, 0, 0, kStreamFlags);
+    },
+};
+
+constexpr std::string_view kCdExtension = ".cda";
+constexpr std::string_view kCdTrackWord = "track";
+
+} // namespace
+
+sound::Handle TrackOpener::open(std::string_view path) {
+    for (const Create create : kDecoders) {
+        if (const sound::Handle handle = create(sound_, path); handle != sound::kNoHandle) {
+            return handle;
+        }
+    }
+    return sound::kNoHandle;
+}
+
+void TrackOpener::free(sound::Handle channel) {
+    sound_.BASS_StreamFree(channel);
+    sound_.BASS_MusicFree(channel);
+}
+
+std::optional<std::uint32_t> cdTrackOf(std::string_view path) {
+    const std::string name = base::toLowerAscii(path);
+    if (name.find(kCdExtension) == std::string::npos) {
+        return std::nullopt;
+    }
+    const std::size_t word = name.find(kCdTrackWord);
+    if (word == std::string::npos) {
+        throw base::RuntimeError(base::ErrorNumber::SubscriptOutOfRange);
+    }
+    // What stands between this "track" and the next one, up to the extension.
+    std::string_view number = std::string_view(name).substr(word + kCdTrackWord.size());
+    number = number.substr(0, number.find(kCdTrackWord));
+    number = number.substr(0, number.find(kCdExtension));
+    return static_cast<std::uint32_t>(base::toInt32(base::textToNumber(number)));
+}
+
+} // namespace tovik::player

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Offers a file to the decoders of the sound library in turn. Plain starts and crossfades share it.
+// Interface thread.
+#pragma once
+
+#include "sound/SoundLibrary.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tovik::player {
+
+class TrackOpener {
+public:
+    explicit TrackOpener(sound::SoundLibrary& sound) : sound_(sound) {}
+
+    /// The handle of the first decoder that takes the file, or 0. The name plays no part.
+    [[nodiscard]] sound::Handle open(std::string_view path);
+
+    /// Frees stream and module behind a handle; only one of the two can be there.
+    void free(sound::Handle channel);
+
+private:
+    sound::SoundLibrary& sound_;
+};
+
+/// The track that a name such as "D:\Track01.cda" stands for, counted from 1, in any case of
+/// letters; nothing when the name is no CD track. Raises 13 and 9 for a name that has ".cda", but
+/// no number where it is looked for.
+[[nodiscard]] std::optional<std::uint32_t> cdTrackOf(std::string_view path);
+
+} // namespace tovik::player

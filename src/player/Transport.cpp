@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/Transport.h"
+
+#include "player/SoundDevice.h"
+
+namespace tovik::player {
+
+namespace {
+
+/// Flags of a CD track's stream: freed when it stops.
+constexpr std::uint32_t kCdFlags = 327680;
+
+/// Types of two syncs that are set and do nothing: the end of a track is found by looking.
+constexpr std::uint32_t kChannelSync = 2147484648U;
+constexpr std::uint32_t kRipperSync = 2147483650U;
+
+/// The second one is meant for the stream of the ripper, which is not there yet.
+constexpr sound::Handle kRipperStream = sound::kNoHandle;
+
+constexpr std::int32_t kSkipSeconds = 5;
+
+constexpr const char* kNoTime = "00:00";
+
+} // namespace
+
+void Transport::Burnbaby(const std::string& path, std::int32_t /*reserved*/,
+                         const std::string& title) {
+    config::guard(p_.errors, config::player("BurnBaby"), [&] { start(path, title); });
+}
+
+void Transport::resetDevice() {
+    // Silences the track before; the device itself stays open behind it.
+    p_.sound.BASS_Free();
+    static_cast<void>(openSoundDevice(p_.sound, p_.window.handle()));
+    p_.opener.free(p_.state.PrimaryChannel);
+    p_.opener.free(p_.state.SecondaryChannel);
+}
+
+void Transport::start(const std::string& path, const std::string& title) {
+    PlayerState& state = p_.state;
+    state.CrossfadeLeg = 2;
+    state.SilenceTicks = 0;
+    ++state.TracksStarted;
+    p_.view.showFields(true);
+    resetDevice();
+    state.PrimaryChannel = p_.opener.open(path);
+    if (state.PrimaryChannel == sound::kNoHandle) {
+        if (const auto track = cdTrackOf(path)) {
+            startCdTrack(*track);
+        }
+        return;
+    }
+    state.ActiveChannel = ChannelSlot::primary;
+    startStream(path);
+    p_.Timer3.setEnabled(true);
+    p_.events.restartVisualisation();
+    p_.facts.show(state.PrimaryChannel, path, title);
+    setIdleSync(state.PrimaryChannel, kChannelSync);
+}
+
+void Transport::startStream(const std::string& path) {
+    PlayerState& state = p_.state;
+    const bool wma = p_.sound.BASS_WMA_GetIWMReader(state.PrimaryChannel) > 0;
+    if (wma) {
+        // Opened once more, for nothing: the handle is dropped and dies with the next reset.
+        static_cast<void>(
+            p_.sound.BASS_WMA_StreamCreateFile(false, path, 0, 0, sound::BASS_SAMPLE_FX));
+    } else {
+        state.IsWmaStream = false;
+    }
+    p_.volume.ApplyBalance(state.BalanceValue);
+    p_.volume.readMode();
+    p_.volume.apply();
+    if (!wma) {
+        // One of the two play calls is meant for the handle; the other fails without effect.
+        p_.sound.BASS_MusicPlay(state.PrimaryChannel);
+        p_.volume.apply();
+    }
+    p_.sound.BASS_StreamPlay(state.PrimaryChannel, false, 0);
+    if (wma) {
+        state.IsWmaStream = true;
+    } else {
+        p_.volume.apply();
+    }
+}
+
+void Transport::startCdTrack(std::uint32_t track) {
+    PlayerState& state = p_.state;
+    p_.sound.BASS_ChannelStop(state.PrimaryChannel);
+    // Names count tracks from 1, the library from 0.
+    state.PrimaryChannel = p_.sound.BASS_CD_StreamCreate(0, track - 1, kCdFlags);
+    p_.sound.BASS_StreamPlay(state.PrimaryChannel, true, 0);
+    if (state.PrimaryChannel == sound::kNoHandle) {
+        return;
+    }
+    p_.facts.showNothingKnown();
+    setIdleSync(state.PrimaryChannel, kChannelSync);
+    setIdleSync(kRipperStream, kRipperSync);
+    state.IsPlaying = true;
+    state.IsPaused = false;
+    state.IsWmaStream = false;
+    state.ActiveChannel = ChannelSlot::primary;
+    p_.events.restartVisualisation();
+}
+
+void Transport::setIdleSync(sound::Handle channel, std::uint32_t type) {
+    static_cast<void>(p_.sound.BASS_ChannelSetSync(channel, type, 0, nullptr, 0));
+}
+
+void Transport::Stop_play() {
+    config::guard(p_.errors, config::player("StopPlay"), [this] {
+        if (p_.state.IsPlaying) {
+            p_.Timer3.setEnabled(false);
+            // A deliberate oddity: a module is no stream and sounds on until the next start.
+            p_.sound.BASS_StreamFree(p_.state.PrimaryChannel);
+            p_.sound.BASS_StreamFree(p_.state.SecondaryChannel);
+            p_.events.stopVisualisation();
+            p_.state.IsPlaying = false;
+        }
+        p_.events.reportNothing(kNothingFormat, kNothingWord);
+    });
+}
+
+void Transport::pause() {
+    if (!p_.state.IsPlaying) {
+        return;
+    }
+    p_.state.IsPaused = !p_.state.IsPaused;
+    if (p_.state.IsPaused) {
+        p_.sound.BASS_Pause();
+    } else {
+        p_.sound.BASS_Start();
+    }
+}
+
+void Transport::button_play() {
+    config::guard(p_.errors, config::player("playup_mouseup"), [this] {
+        p_.elements.touch(ui::MainElement::playup).visible = true;
+        p_.elements.touch(ui::MainElement::playdown).visible = false;
+        if (p_.list.ListCount() > 0) {
+            p_.state.IsPaused = false;
+            Stdss_Play(std::to_string(p_.list.SelectedIndex));
+        }
+    });
+}
+
+void Transport::button_pause() {
+    config::guard(p_.errors, config::player("pauseup_mouseup"), [this] {
+        p_.elements.touch(ui::MainElement::pauseup).visible = true;
+        p_.elements.touch(ui::MainElement::pausedown).visible = false;
+        pause();
+    });
+}
+
+void Transport::button_stop() {
+    reset_time();
+    p_.playing.percent = 0;
+    p_.view.showPosition(p_.playing);
+    Stop_play();
+}
+
+void Transport::reset_time() {
+    p_.playing.time = kNoTime;
+    p_.view.showTime(p_.playing);
+}
+
+void Transport::skip(std::int32_t seconds) {
+    const sound::Handle channel = p_.state.active();
+    p_.time.SetPlayingPos(channel, p_.time.GetPlayingPos(channel) + seconds, false);
+}
+
+void Transport::five_seconds_fwd() {
+    skip(kSkipSeconds);
+}
+
+void Transport::five_seconds_bck() {
+    skip(-kSkipSeconds);
+}
+
+void Transport::Stdss_Play(const std::string& /*row*/) {
+    config::guard(p_.errors, config::player("playlist_play"), [this] {
+        p_.list.GetData(p_.list.SelectedIndex);
+        const std::string path = p_.list.OutFileName;
+        PlayerState& state = p_.state;
+        state.CrossfadeLeg = 0;
+        state.ActiveChannel = ChannelSlot::primary;
+        for (const sound::Handle channel :
+             {state.SecondaryChannel, state.SpareChannelC, state.SpareChannelD}) {
+            p_.opener.free(channel);
+        }
+        Burnbaby(path, 0, "");
+        p_.facts.refreshRowTime(state.PrimaryChannel);
+        p_.facts.showTitles(state.active());
+    });
+}
+
+void Transport::List1_DblClick() {
+    const playlist::Row row = p_.mirror.ListIndex() + 1;
+    p_.list.GetData(row);
+    p_.list.SelectedIndex = row;
+    Burnbaby(p_.list.OutFileName, 0, "");
+}
+
+} // namespace tovik::player

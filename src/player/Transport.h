@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Starts, pauses and stops tracks. Interface thread.
+#pragma once
+
+#include "config/Errors.h"
+#include "config/Settings.h"
+#include "host/Clock.h"
+#include "host/Timer.h"
+#include "player/CBASS_TIME.h"
+#include "player/NowPlaying.h"
+#include "player/PlayerState.h"
+#include "player/PlayerWindow.h"
+#include "player/TrackEvents.h"
+#include "player/TrackFacts.h"
+#include "player/TrackOpener.h"
+#include "player/Volume.h"
+#include "playlist/ListMirror.h"
+#include "playlist/stdSS.h"
+#include "ui/MainElements.h"
+
+#include <string>
+
+namespace tovik::player {
+
+/// What a transport works with; all of it outlives it.
+struct TransportParts {
+    PlayerState& state;
+    sound::SoundLibrary& sound;
+    config::Errors& errors;
+    CBASS_TIME& time;
+    TrackOpener& opener;
+    TrackFacts& facts;
+    Volume& volume;
+    playlist::stdSS& list;
+    playlist::ListMirror& mirror;
+    ui::MainElements& elements;
+    NowPlaying& playing;
+    NowPlayingView& view;
+    TrackEvents& events;
+    PlayerWindow& window;
+    host::Timer& Timer3; ///< position mark and end of track
+};
+
+class Transport {
+public:
+    explicit Transport(const TransportParts& parts) : p_(parts) {}
+
+    /// Loads and starts `path` on the primary channel, after the device was reset, which silences
+    /// what sounded. A file that no decoder takes is left without a word. `title` is for the
+    /// popup; all callers leave it empty.
+    void Burnbaby(const std::string& path, std::int32_t reserved, const std::string& title);
+
+    void Stop_play();
+
+    /// Pauses the whole output, or lets it sound again.
+    void pause();
+
+    /// Plays the selected row from its beginning, also while paused.
+    void button_play();
+    void button_pause();
+    void button_stop();
+
+    void reset_time();
+
+    /// Five seconds on or back; beyond the ends nothing happens.
+    void five_seconds_fwd();
+    void five_seconds_bck();
+
+    /// A row of the list is to be played: the selected one, whatever `row` says.
+    void Stdss_Play(const std::string& row);
+
+    /// Plays the selected item of the plain list; the Enter key does the same.
+    void List1_DblClick();
+
+private:
+    void start(const std::string& path, const std::string& title);
+    void startStream(const std::string& path);
+    void startCdTrack(std::uint32_t track);
+    void resetDevice();
+    void setIdleSync(sound::Handle channel, std::uint32_t type);
+    void skip(std::int32_t seconds);
+
+    TransportParts p_;
+};
+
+} // namespace tovik::player

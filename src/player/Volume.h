@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What of volume and balance reaches the sound library. Interface thread.
+#pragma once
+
+#include "config/Settings.h"
+#include "player/PlayerState.h"
+#include "sound/SoundLibrary.h"
+
+#include <cstdint>
+
+namespace tovik::player {
+
+class Volume {
+public:
+    Volume(PlayerState& state, sound::SoundLibrary& sound, config::Settings& settings)
+        : state_(state), sound_(sound), settings_(settings) {}
+
+    /// Sets the volume, 0 to 100, of the channel of the current leg of a crossfade.
+    void Channel_Set_Volume(std::int16_t value);
+
+    /// Reads anew whether volume goes to the channel or to the whole output. Raises 13 for a
+    /// setting that is no number.
+    void readMode();
+
+    /// Gives the current volume to the channel or to the whole output.
+    void apply();
+
+    /// Sets the pan of the active channel, -100 to 100.
+    void ApplyBalance(std::int16_t value);
+
+private:
+    PlayerState& state_;
+    sound::SoundLibrary& sound_;
+    config::Settings& settings_;
+};
+
+} // namespace tovik::player

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "playlist/FileNames.h"
+
+#include "base/PathText.h"
+
+namespace tovik::playlist {
+
+std::string_view get_extension(std::string_view Name) noexcept {
+    const std::size_t dot = Name.rfind('.');
+    return dot == std::string_view::npos ? std::string_view() : Name.substr(dot + 1);
+}
+
+std::string_view GetLastBackSlash(std::string_view Path) noexcept {
+    return base::lastPart(Path);
+}
+
+} // namespace tovik::playlist

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One open file of a known container: the packets of its first audio stream.
+#pragma once
+
+#include "sound/decode/ffmpeg/ByteReader.h"
+
+namespace tovik::sound::ffmpeg {
+
+class Demuxer {
+public:
+    /// Reads the head of `store` as `format`; null if that fails or there is no audio in it.
+    [[nodiscard]] static std::unique_ptr<Demuxer> open(std::shared_ptr<const ByteStore> store,
+                                                       const AVInputFormat& format);
+
+    /// The audio stream: parameters, time base, start time, duration.
+    [[nodiscard]] const AVStream& stream() const noexcept { return *stream_; }
+
+    /// The next packet of the audio stream; false at the end or where the file cannot be read.
+    [[nodiscard]] bool read(AVPacket& packet) noexcept;
+
+    /// Goes to the last place at or before `pts` (in units of the stream) that it can find.
+    [[nodiscard]] bool seek(std::int64_t pts) noexcept;
+
+private:
+    explicit Demuxer(std::shared_ptr<const ByteStore> store) : reader_(std::move(store)) {}
+
+    [[nodiscard]] bool start(const AVInputFormat& format);
+
+    ByteReader reader_; // outlives the context that reads through it
+    FormatPtr context_;
+    const AVStream* stream_ = nullptr;
+};
+
+} // namespace tovik::sound::ffmpeg

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Turns decoded frames of any sample form into interleaved float in one or two channels.
+#pragma once
+
+#include "sound/decode/ffmpeg/Handles.h"
+
+#include <cstddef>
+#include <span>
+
+namespace tovik::sound::ffmpeg {
+
+class SampleConverter {
+public:
+    /// Writes the samples of `frame` from `first` on as `channels` (1 or 2) interleaved channels,
+    /// as many as `out` has room for. Whole numbers are divided by their full scale and floats
+    /// kept, so 24 bits and less survive exactly; other channel counts are mixed without ever
+    /// exceeding full scale. Silence if the form is unknown.
+    void convert(const AVFrame& frame, std::size_t first, std::size_t channels,
+                 std::span<float> out) noexcept;
+
+private:
+    [[nodiscard]] bool mix(const AVFrame& frame, std::size_t first, std::size_t channels,
+                           std::span<float> out) noexcept;
+    [[nodiscard]] bool prepareMixer(const AVFrame& frame, std::size_t channels) noexcept;
+
+    SwrPtr mixer_;
+    int mixerFormat_ = AV_SAMPLE_FMT_NONE;
+    AVChannelLayout mixerLayout_ = {};
+    std::size_t mixerChannels_ = 0;
+};
+
+} // namespace tovik::sound::ffmpeg

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sound/engine/Channel.h"
+
+#include "sound/output/OutputDevice.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tovik::sound {
+
+namespace {
+
+constexpr std::int64_t kBytesPerSample = 2;
+
+/// How far an estimated length stays ahead of the position, so that the end is never reported
+/// before it comes.
+constexpr std::int64_t kEstimateMarginSeconds = 2;
+constexpr std::int64_t kEstimateMarginDivisor = 20;
+
+} // namespace
+
+Channel::Channel(FormatFamily family, std::uint32_t flags, std::unique_ptr<Decoder> decoder)
+    : family_(family), flags_(flags), source_(std::make_shared<Source>(std::move(decoder))) {
+    if (!isDecoding()) {
+        voice_ = std::make_unique<Voice>(beginFeed(0));
+    }
+}
+
+Feed& Channel::beginFeed(std::int64_t frame) {
+    feeds_.push_back(source_->beginFeed(frame));
+    current_ = feeds_.back().get();
+    heardFrames_ = 0;
+    return *current_;
+}
+
+bool Channel::dropFeed(const Feed* feed) {
+    return std::erase_if(feeds_, [feed](const auto& kept) { return kept.get() == feed; }) > 0;
+}
+
+std::int64_t Channel::bytesFromFrames(std::int64_t frames) const noexcept {
+    return frames * source_->channels() * kBytesPerSample;
+}
+
+std::int64_t Channel::framesFromBytes(std::int64_t bytes) const noexcept {
+    return bytes / (source_->channels() * kBytesPerSample);
+}
+
+bool Channel::ended() const noexcept {
+    return isDecoding() ? source_->atEnd() : current_->drained();
+}
+
+std::int64_t Channel::wrapped(std::int64_t frame) const noexcept {
+    const std::int64_t length = std::max<std::int64_t>(source_->lengthFrames(), 0);
+    if (source_->loops()) {
+        return length > 0 ? frame % length : 0;
+    }
+    return source_->lengthIsEstimate() ? frame : std::min(frame, length);
+}
+
+std::int64_t Channel::heardFrame(std::int64_t heardClock, bool flowing) const noexcept {
+    if (isDecoding()) {
+        return wrapped(source_->position());
+    }
+    heardFrames_ = std::max(heardFrames_, current_->heardFrames(heardClock));
+    if (ended() && (heardFrames_ == current_->consumedFrames() || !flowing)) {
+        return source_->lengthFrames();
+    }
+    return wrapped(current_->anchorFrame() + heardFrames_ * source_->sampleRate() / kMixRate);
+}
+
+std::int64_t Channel::lengthFrames(std::int64_t heard) const noexcept {
+    const std::int64_t length = source_->lengthFrames();
+    if (!source_->lengthIsEstimate()) {
+        return length;
+    }
+    const std::int64_t margin = std::max(heard / kEstimateMarginDivisor + 1,
+                                         kEstimateMarginSeconds * source_->sampleRate());
+    return std::max(length, heard + margin);
+}
+
+} // namespace tovik::sound

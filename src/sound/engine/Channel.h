@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One channel as the interface thread keeps it: its source, its voice in the mixer, the feeds that
+// the mixer may still be using, and what was last set. Interface thread only.
+#pragma once
+
+#include "sound/api/Types.h"
+#include "sound/decode/Decoder.h"
+#include "sound/engine/Source.h"
+#include "sound/mix/Voice.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace tovik::sound {
+
+class Channel {
+public:
+    static constexpr std::size_t kMaxEffects = 10;
+
+    Channel(FormatFamily family, std::uint32_t flags, std::unique_ptr<Decoder> decoder);
+
+    [[nodiscard]] FormatFamily family() const noexcept { return family_; }
+
+    [[nodiscard]] bool isMusic() const noexcept { return family_ == FormatFamily::music; }
+
+    [[nodiscard]] std::uint32_t flags() const noexcept { return flags_; }
+
+    [[nodiscard]] bool isDecoding() const noexcept { return (flags_ & BASS_STREAM_DECODE) != 0; }
+
+    [[nodiscard]] const std::shared_ptr<Source>& source() const noexcept { return source_; }
+
+    /// For a channel that was freed and only fades out: nothing is decoded any more.
+    void closeSource() { source_.reset(); }
+
+    /// Null for a decoding channel.
+    [[nodiscard]] Voice* voice() const noexcept { return voice_.get(); }
+
+    /// Begins a new feed at `frame`, keeps it until it is given back, and makes it the one that
+    /// positions are read from.
+    [[nodiscard]] Feed& beginFeed(std::int64_t frame);
+
+    /// The mixer does not use `feed` any more. False when it is none of this channel's.
+    bool dropFeed(const Feed* feed);
+
+    [[nodiscard]] std::int64_t bytesFromFrames(std::int64_t frames) const noexcept;
+    [[nodiscard]] std::int64_t framesFromBytes(std::int64_t bytes) const noexcept;
+
+    /// What is heard when `heardClock` frames of the mix are heard; never goes back but by a seek.
+    /// `flowing` is false while no callback takes samples, so that an ended channel need not wait
+    /// for the device's buffer.
+    [[nodiscard]] std::int64_t heardFrame(std::int64_t heardClock, bool flowing) const noexcept;
+
+    /// Length in frames; while it is an estimate, kept ahead of `heard`.
+    [[nodiscard]] std::int64_t lengthFrames(std::int64_t heard) const noexcept;
+
+    /// True once every sample was taken by the mixer or, for a decoding channel, by the caller.
+    [[nodiscard]] bool ended() const noexcept;
+
+    bool started = false; ///< told to play and not stopped since
+
+    /// Volume or pan as last set, in percent.
+    struct Attribute {
+        int target;
+        bool sliding = false; ///< the mixer knows how far it is
+    };
+
+    Attribute volume{100};
+    Attribute pan{0};
+
+    struct Effect {
+        Handle handle = kNoHandle;
+        BASS_FXPARAMEQ parameters{};
+    };
+
+    std::array<Effect, kMaxEffects> effects{};
+    std::size_t effectCount = 0;
+
+private:
+    [[nodiscard]] std::int64_t wrapped(std::int64_t frame) const noexcept;
+
+    FormatFamily family_;
+    std::uint32_t flags_;
+    std::shared_ptr<Source> source_;
+    std::vector<std::shared_ptr<Feed>> feeds_;
+    Feed* current_ = nullptr;
+    /// Of the current feed. After a gap in the feed (a pause, a loss) the device first plays the
+    /// gap; what was heard before it stays heard meanwhile.
+    mutable std::int64_t heardFrames_ = 0;
+    std::unique_ptr<Voice> voice_;
+};
+
+} // namespace tovik::sound

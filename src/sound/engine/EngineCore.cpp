@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sound/engine/EngineCore.h"
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+#include <utility>
+
+namespace tovik::sound {
+
+namespace {
+
+/// A device that has taken nothing for this long stands still, whatever it says.
+constexpr std::chrono::milliseconds kStandstill(200);
+
+} // namespace
+
+EngineCore::EngineCore(std::unique_ptr<OutputDevice> device, const EngineOptions& options)
+    : observer_(options.observer), feeder_(options.feeder),
+      keeper_(std::move(device), *this, options.keeperTimes) {}
+
+void EngineCore::deviceLost() {
+    if (observer_ != nullptr) {
+        observer_->deviceLost();
+    }
+}
+
+void EngineCore::deviceBack() {
+    if (observer_ != nullptr) {
+        observer_->deviceBack();
+    }
+}
+
+bool EngineCore::initialize() {
+    if (!keeper_.openNow(*this)) {
+        return false;
+    }
+    initialized_ = true;
+    setPaused(false);
+    return true;
+}
+
+void EngineCore::shutDown() {
+    for (auto& channel : channels_.takeAll()) {
+        bury(std::move(channel));
+    }
+    initialized_ = false;
+    updateDemand();
+}
+
+void EngineCore::setPaused(bool paused) {
+    paused_ = paused;
+    if (paused) {
+        post(command::PauseOutput{});
+    } else {
+        post(command::ResumeOutput{});
+    }
+    updateDemand();
+}
+
+void EngineCore::updateDemand() {
+    const bool wanted = initialized_ && channels_.audibleCount() > 0;
+    const Demand demand = !wanted ? Demand::idle : paused_ ? Demand::paused : Demand::running;
+    keeper_.want(demand);
+    feeder_.setRunning(demand == Demand::running);
+}
+
+bool EngineCore::full() const {
+    return channels_.audibleCount() + dying_.size() >= Mixer::kMaxVoices;
+}
+
+Handle EngineCore::add(std::unique_ptr<Channel> channel) {
+    collect();
+    Channel& added = *channel;
+    if (!added.isDecoding()) {
+        if (full()) {
+            mixer_.drain();
+            collect();
+        }
+        if (full()) {
+            fail(ErrorCode::noFreeChannel);
+            return kNoHandle;
+        }
+        post(command::AddVoice{added.voice()});
+        feeder_.add(added.source());
+    } else if (added.source()->lengthIsEstimate()) {
+        feeder_.add(added.source()); // for its scan alone: there is no feed
+    }
+    const Handle handle = channels_.add(std::move(channel));
+    updateDemand();
+    succeed();
+    return handle;
+}
+
+void EngineCore::start(Channel& channel) {
+    channel.started = true;
+    post(command::StartVoice{channel.voice()});
+    updateDemand();
+}
+
+void EngineCore::stop(Channel& channel) {
+    channel.started = false;
+    if (channel.isDecoding()) {
+        channel.source()->seek(0);
+        return;
+    }
+    post(command::StopVoice{channel.voice()});
+    seek(channel, 0);
+}
+
+void EngineCore::seek(Channel& channel, std::int64_t frame) {
+    if (channel.isDecoding()) {
+        channel.source()->seek(frame);
+        return;
+    }
+    Feed& feed = channel.beginFeed(frame);
+    post(command::SwitchFeed{channel.voice(), &feed});
+    feeder_.wake();
+}
+
+void EngineCore::kill(Handle handle) {
+    if (auto channel = channels_.take(handle); channel != nullptr) {
+        bury(std::move(channel));
+        updateDemand();
+    }
+}
+
+void EngineCore::bury(std::unique_ptr<Channel> channel) {
+    feeder_.remove(channel->source());
+    if (channel->isDecoding()) {
+        return;
+    }
+    channel->source()->prepareFade();
+    channel->closeSource();
+    Voice* voice = channel->voice();
+    dying_.push_back(std::move(channel));
+    post(command::RemoveVoice{voice});
+}
+
+std::int64_t EngineCore::heardFrame(const Channel& channel) const {
+    const bool flowing = keeper_.callbackRunning();
+    const std::int64_t heardClock = mixer_.clock() - (flowing ? keeper_.latencyFrames() : 0);
+    return channel.heardFrame(heardClock, flowing);
+}
+
+template <typename Done>
+void EngineCore::waitForMixer(Done done) {
+    auto last = std::chrono::steady_clock::now();
+    std::int64_t clock = mixer_.clock();
+    while (!done()) {
+        // The callback answers with its next block, unless it stands still.
+        const auto now = std::chrono::steady_clock::now();
+        const bool offline = feeder_.mode() == FeederMode::inCaller;
+        if (mixer_.clock() != clock) {
+            clock = mixer_.clock();
+            last = now;
+        } else if (offline || !keeper_.callbackRunning() || now - last > kStandstill) {
+            mixer_.drain();
+            collect();
+            continue;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+}
+
+void EngineCore::post(const Command& command) {
+    collect();
+    waitForMixer([&] { return mixer_.post(command); });
+    if (!keeper_.callbackRunning()) {
+        mixer_.drain();
+        collect();
+    }
+}
+
+void EngineCore::setCapture(FrameRing* ring) {
+    post(command::SetCapture{ring});
+    waitForMixer([this] { return mixer_.allTaken(); });
+}
+
+void EngineCore::collect() {
+    Returned returned;
+    while (mixer_.takeReturned(returned)) {
+        drop(returned);
+    }
+}
+
+void EngineCore::drop(const Returned& returned) {
+    if (returned.voice != nullptr) {
+        std::erase_if(dying_,
+                      [&](const auto& channel) { return channel->voice() == returned.voice; });
+        return;
+    }
+    const auto drops = [&](const auto& channel) { return channel->dropFeed(returned.feed); };
+    if (std::ranges::none_of(dying_, drops)) {
+        channels_.dropFeed(returned.feed);
+    }
+}
+
+} // namespace tovik::sound

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the families of operations share: the mixer and the machinery around it, the living
+// channels, and the rules by which commands reach the mixer and freed things come back.
+// Interface thread only, except `mix` and `decodeAhead`, which the device calls.
+#pragma once
+
+#include "sound/engine/Channel.h"
+#include "sound/engine/ChannelTable.h"
+#include "sound/engine/EngineOptions.h"
+#include "sound/engine/Feeder.h"
+#include "sound/mix/Mixer.h"
+#include "sound/output/DeviceKeeper.h"
+#include "sound/output/OutputDevice.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace tovik::sound {
+
+class EngineCore final : public MixSource, private DeviceObserver {
+public:
+    EngineCore(std::unique_ptr<OutputDevice> device, const EngineOptions& options);
+    EngineCore(const EngineCore&) = delete;
+    EngineCore& operator=(const EngineCore&) = delete;
+
+    // Errors ----------------------------------------------------------------------------------
+
+    /// Notes why the running operation fails; always false, so that it can be returned.
+    bool fail(ErrorCode code) noexcept {
+        error_ = code;
+        return false;
+    }
+
+    /// Notes success; always true.
+    bool succeed() noexcept {
+        error_ = ErrorCode::ok;
+        return true;
+    }
+
+    [[nodiscard]] ErrorCode error() const noexcept { return error_; }
+
+    // State -----------------------------------------------------------------------------------
+
+    /// Opens the device (see DeviceKeeper::openNow).
+    [[nodiscard]] bool initialize();
+
+    /// Kills every channel; the device is left to its keeper.
+    void shutDown();
+
+    [[nodiscard]] bool initialized() const noexcept { return initialized_; }
+
+    void setPaused(bool paused);
+
+    [[nodiscard]] bool paused() const noexcept { return paused_; }
+
+    [[nodiscard]] const DeviceKeeper& device() const noexcept { return keeper_; }
+
+    [[nodiscard]] FeederMode feederMode() const noexcept { return feeder_.mode(); }
+
+    /// Begins to open the device in the background.
+    void warmUp() { keeper_.warmUp(*this); }
+
+    // Channels --------------------------------------------------------------------------------
+
+    [[nodiscard]] ChannelTable& channels() noexcept { return channels_; }
+
+    /// Takes the channel into the mixer; its handle, or 0 when there is no room (noFreeChannel).
+    [[nodiscard]] Handle add(std::unique_ptr<Channel> channel);
+
+    void start(Channel& channel);
+    void stop(Channel& channel);
+    void seek(Channel& channel, std::int64_t frame);
+    void kill(Handle handle);
+
+    /// What is heard of a channel, in its frames.
+    [[nodiscard]] std::int64_t heardFrame(const Channel& channel) const;
+
+    /// Hands a command to the mixer; carries it out at once when no callback runs.
+    void post(const Command& command);
+
+    /// The mix is also written to `ring` until told null; when it returns, the mixer has left the
+    /// ring before alone for good.
+    void setCapture(FrameRing* ring);
+
+    // The device --------------------------------------------------------------------------------
+
+    void mix(std::span<float> interleaved) noexcept override { mixer_.mix(interleaved); }
+
+    void decodeAhead(std::size_t frames) override { feeder_.fillTo(frames); }
+
+private:
+    [[nodiscard]] bool full() const;
+    void deviceLost() override;
+    void deviceBack() override;
+
+    void callbackStopped() override { mixer_.fallSilent(); }
+
+    template <typename Done>
+    void waitForMixer(Done done);
+    void bury(std::unique_ptr<Channel> channel);
+    void collect();
+    void drop(const Returned& returned);
+    void updateDemand();
+
+    ErrorCode error_ = ErrorCode::ok;
+    bool initialized_ = false;
+    bool paused_ = false;
+    ChannelTable channels_;
+    std::vector<std::unique_ptr<Channel>> dying_; ///< freed, but still fading out in the mixer
+    Mixer mixer_;
+    DeviceObserver* observer_;
+    Feeder feeder_;
+    DeviceKeeper keeper_; ///< last: the device stops calling before anything else goes
+};
+
+} // namespace tovik::sound

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Keeps the feeds of all playing sources full, and finds exact lengths meanwhile. It has a thread
+// of its own, or none: then whoever mixes offline calls `fillTo` before each block.
+#pragma once
+
+#include "sound/engine/Source.h"
+
+#include <condition_variable>
+#include <cstddef>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <vector>
+
+namespace tovik::sound {
+
+enum class FeederMode {
+    ownThread, ///< decode ahead of a device that runs in real time
+    inCaller,  ///< decode only in `fillTo`
+};
+
+class Feeder {
+public:
+    explicit Feeder(FeederMode mode);
+    ~Feeder();
+    Feeder(const Feeder&) = delete;
+    Feeder& operator=(const Feeder&) = delete;
+
+    [[nodiscard]] FeederMode mode() const noexcept { return mode_; }
+
+    // Interface thread ----------------------------------------------------------------------
+
+    void add(std::shared_ptr<Source> source);
+    void remove(const std::shared_ptr<Source>& source);
+
+    /// A source has a new feed.
+    void wake();
+
+    /// Tells whether the device takes samples; while it does not, a full feed stays full and the
+    /// thread sleeps until it is told otherwise.
+    void setRunning(bool running);
+
+    // The thread that mixes offline -----------------------------------------------------------
+
+    /// Decodes until every source has `frames` frames ready or has ended.
+    void fillTo(std::size_t frames);
+
+private:
+    using Sources = std::vector<std::shared_ptr<Source>>;
+
+    void run();
+    void sleep(std::unique_lock<std::mutex>& lock, const Sources& sources);
+    [[nodiscard]] static bool fillOnce(const Sources& sources);
+    [[nodiscard]] static bool scanOnce(const Sources& sources);
+
+    const FeederMode mode_;
+    std::mutex mutex_; ///< guards the members below
+    std::condition_variable wakeUp_;
+    Sources sources_;
+    bool running_ = true;
+    bool changed_ = false;
+    bool ending_ = false;
+
+    std::thread thread_; ///< last: it starts when all else is there
+};
+
+} // namespace tovik::sound

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The recorder's thread looks into the ring fifty times a second: the mixer may not enter the
+// kernel to wake it. It calls the routine and does nothing else.
+#include "sound/engine/Recorder.h"
+
+#include "sound/mix/ToPcm16.h"
+
+#include <chrono>
+#include <utility>
+
+namespace tovik::sound {
+
+namespace {
+
+constexpr std::size_t kRingFrames = 16384;
+constexpr std::size_t kDeliveryFrames = 2048;
+constexpr std::chrono::milliseconds kPeriod(20);
+
+} // namespace
+
+Recorder::Recorder(Handle handle, RecordRoutine routine, std::uintptr_t user)
+    : ring_(kRingFrames), routine_(std::move(routine)), user_(user), handle_(handle),
+      taken_(kDeliveryFrames * 2), samples_(kDeliveryFrames * 2), thread_([this] { run(); }) {}
+
+Recorder::~Recorder() {
+    {
+        const std::scoped_lock lock(mutex_);
+        ending_ = true;
+    }
+    wakeUp_.notify_one();
+    thread_.join();
+}
+
+bool Recorder::deliver() {
+    while (const std::size_t frames = ring_.read(taken_)) {
+        const auto taken = std::span<const float>(taken_).first(frames * 2);
+        const auto samples = std::span(samples_).first(frames * 2);
+        toPcm16(taken, samples);
+        if (!routine_(handle_, samples, user_)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void Recorder::run() {
+    std::unique_lock lock(mutex_);
+    while (!wakeUp_.wait_for(lock, kPeriod, [this] { return ending_; })) {
+        lock.unlock();
+        const bool goesOn = deliver();
+        lock.lock();
+        if (!goesOn) {
+            return;
+        }
+    }
+    lock.unlock();
+    static_cast<void>(deliver()); // the mixer has left the ring: this is the rest
+}
+
+} // namespace tovik::sound

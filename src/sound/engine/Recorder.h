@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Hands the mix to a routine while a recording runs. The mixer writes into a ring; a thread of the
+// recorder's own, which exists only while there is a routine, takes it from there.
+#pragma once
+
+#include "sound/api/RecordOperations.h"
+#include "sound/mix/FrameRing.h"
+
+#include <condition_variable>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace tovik::sound {
+
+class Recorder {
+public:
+    /// Begins to deliver what is written to `ring` to `routine`, on the recorder's thread.
+    Recorder(Handle handle, RecordRoutine routine, std::uintptr_t user);
+    ~Recorder();
+    Recorder(const Recorder&) = delete;
+    Recorder& operator=(const Recorder&) = delete;
+
+    /// Where the mixer writes to.
+    [[nodiscard]] FrameRing& ring() noexcept { return ring_; }
+
+private:
+    void run();
+    [[nodiscard]] bool deliver();
+
+    FrameRing ring_;
+    const RecordRoutine routine_;
+    const std::uintptr_t user_;
+    const Handle handle_;
+    bool ending_ = false; ///< guarded by mutex_
+    std::vector<float> taken_;
+    std::vector<std::int16_t> samples_;
+    std::mutex mutex_;
+    std::condition_variable wakeUp_;
+    std::thread thread_; ///< last: it starts when all else is there
+};
+
+} // namespace tovik::sound

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Keeps the output device: opens it when it is needed, pauses and closes it when it is not, brings
+// it back after a loss. Its own thread does the work, because opening and closing may take over a
+// second.
+#pragma once
+
+#include "sound/output/KeeperSchedule.h"
+#include "sound/output/OutputDevice.h"
+
+#include <atomic>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+namespace tovik::sound {
+
+/// Hears of the device. Called on the keeper's thread; may call the keeper back, but not end it.
+class DeviceObserver {
+public:
+    virtual ~DeviceObserver() = default;
+
+    /// The device was lost, or could not be opened again when it was needed. It is closed by now.
+    virtual void deviceLost() = 0;
+
+    /// The device that was lost runs again.
+    virtual void deviceBack() = 0;
+
+    /// `callbackRunning` has become false and nothing is taken from the source any more: commands
+    /// that were left to the next callback want to be drained otherwise.
+    virtual void callbackStopped() {}
+};
+
+/// Functions may be called on any thread, but one at a time by the interface thread is enough.
+class DeviceKeeper {
+public:
+    DeviceKeeper(std::unique_ptr<OutputDevice> device, DeviceObserver& observer,
+                 KeeperTimes times = {});
+
+    /// Calls `shutDown`.
+    ~DeviceKeeper();
+
+    DeviceKeeper(const DeviceKeeper&) = delete;
+    DeviceKeeper& operator=(const DeviceKeeper&) = delete;
+
+    /// Begins to open the device in the background, so that `openNow` only waits for the rest. The
+    /// source is the same in all calls and outlives the keeper or `shutDown`.
+    void warmUp(MixSource& source);
+
+    /// Is there a device? Until the first success this waits for one attempt to open it: the one
+    /// that `warmUp` began, else a new one. After the first success it is true at once, also while
+    /// the device is away, and only sees to it that the device is opened if it is not.
+    [[nodiscard]] bool openNow(MixSource& source);
+
+    /// Says what the device is needed for from now on; the first demand is `idle`. It takes effect
+    /// once a device was opened. Running: opened, not paused. Paused: opened; paused after the
+    /// grace. Idle: left as it is, and closed when the time for that is over. A device that does
+    /// not rest when idle is neither paused nor closed.
+    void want(Demand demand);
+
+    /// The device is open, not paused and not lost, so the source is used again soon. By the time
+    /// the answer is looked at it may be out of date: whatever both the callback and a caller may
+    /// do needs a guard of its own.
+    [[nodiscard]] bool callbackRunning() const noexcept { return callbackRunning_.load(); }
+
+    /// As the device said when it was opened last; 0 before.
+    [[nodiscard]] int latencyFrames() const noexcept { return latencyFrames_.load(); }
+
+    /// Closes the device for good and ends the thread. The device itself lives on.
+    void shutDown();
+
+private:
+    void run();
+    void take(std::unique_lock<std::mutex>& lock, DeviceStep step);
+    void open(std::unique_lock<std::mutex>& lock);
+    void close(std::unique_lock<std::mutex>& lock, DeviceState next);
+    void setPaused(std::unique_lock<std::mutex>& lock, bool paused);
+    void requestOpenLocked(MixSource& source);
+    void noteLoss();
+    void noteArrival();
+
+    DeviceObserver& observer_;
+    const KeeperTimes times_;
+    std::atomic<bool> callbackRunning_ = false; // written with the mutex held
+    std::atomic<int> latencyFrames_ = 0;
+    std::mutex
+        mutex_; // guards the next four; never held while the device or the observer is called
+    KeeperSituation situation_;
+    MixSource* source_ = nullptr;
+    bool failureUnheard_ = false; // a failure before the first success that no openNow returned yet
+    bool ending_ = false;
+    std::condition_variable wake_;     // for the keeper's thread
+    std::condition_variable answered_; // for openNow
+    const std::unique_ptr<OutputDevice> device_;
+    std::thread thread_;
+};
+
+} // namespace tovik::sound

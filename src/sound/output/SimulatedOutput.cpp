@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sound/output/SimulatedOutput.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tovik::sound {
+
+SimulatedOutput::SimulatedOutput(Settings settings)
+    : settings_(std::move(settings)),
+      block_(std::max<std::size_t>(settings_.blockFrames, 1) * kMixChannels) {}
+
+std::size_t SimulatedOutput::advance(std::size_t frames) {
+    std::size_t taken = 0;
+    while (taken < frames) {
+        // Locked anew for each block, so that a close or a fault comes between two blocks.
+        const std::lock_guard lock(mutex_);
+        if (!takingLocked()) {
+            break;
+        }
+        const std::size_t now = std::min(frames - taken, block_.size() / kMixChannels);
+        const std::span<float> samples(block_.data(), now * kMixChannels);
+        if (settings_.decodesAhead) {
+            source_->decodeAhead(now);
+        }
+        source_->mix(samples);
+        if (settings_.sink) {
+            settings_.sink(samples);
+        }
+        taken += now;
+    }
+    return taken;
+}
+
+void SimulatedOutput::refuseOpen(bool refuse) {
+    const std::lock_guard lock(mutex_);
+    refusing_ = refuse;
+}
+
+void SimulatedOutput::vanish() {
+    std::function<void()> routine;
+    {
+        const std::lock_guard lock(mutex_);
+        present_ = false;
+        if (source_ != nullptr && !lostSinceOpen_) {
+            lostSinceOpen_ = true;
+            routine = lost_;
+        }
+    }
+    if (routine) {
+        routine();
+    }
+}
+
+void SimulatedOutput::arrive() {
+    std::function<void()> routine;
+    {
+        const std::lock_guard lock(mutex_);
+        present_ = true;
+        routine = arrival_;
+    }
+    if (routine) {
+        routine();
+    }
+}
+
+void SimulatedOutput::stall(bool stalled) {
+    const std::lock_guard lock(mutex_);
+    stalled_ = stalled;
+    changed_.notify_all();
+}
+
+std::vector<DeviceCallRecord> SimulatedOutput::calls() const {
+    const std::lock_guard lock(mutex_);
+    return calls_;
+}
+
+int SimulatedOutput::count(DeviceCall call) const {
+    const std::lock_guard lock(mutex_);
+    return countLocked(call);
+}
+
+bool SimulatedOutput::waitFor(DeviceCall call, int times, std::chrono::milliseconds limit) const {
+    std::unique_lock lock(mutex_);
+    return changed_.wait_for(lock, limit, [&] { return countLocked(call) >= times; });
+}
+
+bool SimulatedOutput::open(MixSource& source) {
+    const std::lock_guard lock(mutex_);
+    if (!present_ || refusing_) {
+        recordLocked(DeviceCall::refused);
+        return false;
+    }
+    source_ = &source;
+    paused_ = false;
+    lostSinceOpen_ = false;
+    recordLocked(DeviceCall::opened);
+    return true;
+}
+
+void SimulatedOutput::close() {
+    const std::lock_guard lock(mutex_);
+    source_ = nullptr;
+    recordLocked(DeviceCall::closed);
+}
+
+void SimulatedOutput::setPaused(bool paused) {
+    const std::lock_guard lock(mutex_);
+    paused_ = paused;
+    recordLocked(paused ? DeviceCall::paused : DeviceCall::resumed);
+}
+
+void SimulatedOutput::onLost(std::function<void()> routine) {
+    const std::lock_guard lock(mutex_);
+    lost_ = std::move(routine);
+}
+
+void SimulatedOutput::onArrival(std::function<void()> routine) {
+    const std::lock_guard lock(mutex_);
+    arrival_ = std::move(routine);
+}
+
+void SimulatedOutput::waitUntilTaking() {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [&] { return waitingEnded_ || takingLocked(); });
+}
+
+void SimulatedOutput::stopWaiting() {
+    const std::lock_guard lock(mutex_);
+    waitingEnded_ = true;
+    changed_.notify_all();
+}
+
+bool SimulatedOutput::takingLocked() const {
+    return source_ != nullptr && !paused_ && !stalled_ && !lostSinceOpen_;
+}
+
+int SimulatedOutput::countLocked(DeviceCall call) const {
+    return static_cast<int>(std::ranges::count(calls_, call, &DeviceCallRecord::call));
+}
+
+void SimulatedOutput::recordLocked(DeviceCall call) {
+    calls_.push_back({call, std::chrono::steady_clock::now()});
+    changed_.notify_all();
+}
+
+} // namespace tovik::sound

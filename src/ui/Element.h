@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What a window is made of, as data: one record an element. Logic reads and writes records, a
+// widget shows them. No window system here. Interface thread.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace tovik::ui {
+
+/// How an element is drawn and whether something else stands in its place.
+enum class ElementKind : std::uint8_t {
+    Image,   ///< its picture; without one its caption, or a panel of its back colour
+    Label,   ///< its caption
+    Button,  ///< its picture; without one a box with its caption
+    Bar,     ///< its picture; without one a groove, or a filled one when checked
+    Control, ///< a child widget of the window, placed by the record
+};
+
+struct Colour {
+    std::uint8_t red = 0;
+    std::uint8_t green = 0;
+    std::uint8_t blue = 0;
+
+    friend constexpr bool operator==(const Colour&, const Colour&) = default;
+};
+
+/// A picture of a `PictureStore`. The version grows whenever the picture's pixels change, so that
+/// two equal values always look the same. Number 0 is no picture.
+struct Picture {
+    std::uint32_t number = 0;
+    std::uint32_t version = 0;
+
+    [[nodiscard]] constexpr explicit operator bool() const noexcept { return number != 0; }
+
+    friend constexpr bool operator==(const Picture&, const Picture&) = default;
+};
+
+/// A rectangle in skin pixels from the window's top left corner; right and bottom edges lie
+/// outside. Not every place is a whole number.
+struct Box {
+    double left = 0;
+    double top = 0;
+    double width = 0;
+    double height = 0;
+
+    [[nodiscard]] constexpr bool contains(double x, double y) const noexcept {
+        return x >= left && x < left + width && y >= top && y < top + height;
+    }
+
+    friend constexpr bool operator==(const Box&, const Box&) = default;
+};
+
+struct Element {
+    ElementKind kind = ElementKind::Image;
+    double left = 0; ///< this and the next three in skin pixels
+    double top = 0;
+    double width = 0;
+    double height = 0;
+    bool visible = true;
+    bool enabled = true;
+    bool checked = false; ///< pressed, on or filled, where no picture says so
+    bool wraps = false;   ///< the caption may take several lines
+    /// The height of the caption's font, in skin pixels.
+    double textHeight = 11;
+    std::string caption; ///< bytes: valid UTF-8, or else Windows-1252
+    std::string tooltip; ///< bytes likewise
+    Picture picture;
+    Colour textColour;
+    std::optional<Colour> backColour; ///< nothing: what lies below shows through
+
+    [[nodiscard]] constexpr Box box() const noexcept { return {left, top, width, height}; }
+
+    friend bool operator==(const Element&, const Element&) = default;
+};
+
+} // namespace tovik::ui

@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/qt/PlainFace.h"
+
+#include "ui/qt/DisplayText.h"
+#include "ui/qt/PlainSymbols.h"
+
+#include <cmath>
+#include <QFontMetricsF>
+#include <QLinearGradient>
+
+namespace tovik::ui {
+
+namespace {
+
+constexpr double kPanelRadius = 5;
+constexpr double kButtonRadius = 4;
+constexpr double kThinnestPanel = 3; ///< what is thinner is a line
+constexpr double kDisabledOpacity = 0.45;
+constexpr int kLighter = 118;
+constexpr int kDarker = 118;
+
+QRectF boxOf(const Element& element) {
+    return {element.left, element.top, element.width, element.height};
+}
+
+QLinearGradient downwards(const QRectF& box, const QColor& top, const QColor& bottom) {
+    QLinearGradient gradient(box.topLeft(), box.bottomLeft());
+    gradient.setColorAt(0, top);
+    gradient.setColorAt(1, bottom);
+    return gradient;
+}
+
+void fillRounded(QPainter& painter, const QRectF& box, double radius, const QBrush& brush) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(brush);
+    painter.drawRoundedRect(box, radius, radius);
+}
+
+void drawCaption(QPainter& painter, const Element& element, Qt::Alignment aligned) {
+    if (element.caption.empty()) {
+        return;
+    }
+    const auto alignment = static_cast<int>(aligned.toInt());
+    const QRectF box = boxOf(element);
+    const QString text = displayString(element.caption);
+    const QColor colour = qtColour(element.textColour);
+    if (drawSymbol(painter, text, box, colour)) {
+        return;
+    }
+    QFont font = painter.font();
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(element.textHeight))));
+    painter.setFont(font);
+    painter.setPen(colour);
+    if (element.wraps) {
+        painter.drawText(box, alignment | Qt::TextWordWrap, text);
+        return;
+    }
+    const QFontMetricsF metrics(font);
+    // One character is never replaced by dots: digits stand closer than their boxes are wide.
+    const QString fitting =
+        text.size() > 1 ? metrics.elidedText(text, Qt::ElideRight, element.width) : text;
+    const QRectF room = box.adjusted(0, -kPlainOverflow, 0, kPlainOverflow);
+    painter.setClipRect(room.adjusted(-1, 0, kPlainOverflow, 0), Qt::IntersectClip);
+    painter.drawText(room, alignment | Qt::TextSingleLine, fitting);
+}
+
+void drawPanel(QPainter& painter, const Element& element, bool ground) {
+    if (!element.backColour) {
+        return;
+    }
+    const QRectF box = boxOf(element);
+    const QColor colour = qtColour(*element.backColour);
+    if (ground) {
+        painter.fillRect(box, downwards(box, colour.lighter(kLighter), colour.darker(kDarker)));
+    } else if (box.height() < kThinnestPanel || box.width() < kThinnestPanel) {
+        painter.fillRect(box, colour);
+    } else {
+        fillRounded(painter, box, kPanelRadius, colour);
+    }
+}
+
+void drawButton(QPainter& painter, const Element& element, bool hovered) {
+    if (element.backColour) {
+        QColor colour = qtColour(*element.backColour);
+        if (element.checked || hovered) {
+            colour = colour.lighter(kLighter);
+        }
+        const QRectF box = boxOf(element).adjusted(0.5, 0.5, -0.5, -0.5);
+        // Light comes from above: a pressed button is lit from below.
+        const QColor bright = colour.lighter(kLighter);
+        fillRounded(painter, box, kButtonRadius,
+                    element.checked ? downwards(box, colour.darker(kDarker), bright)
+                                    : downwards(box, bright, colour));
+        painter.setPen(colour.darker(kDarker * 2 - 100));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(box, kButtonRadius, kButtonRadius);
+    }
+    drawCaption(painter, element, Qt::AlignCenter);
+}
+
+void drawBar(QPainter& painter, const Element& element) {
+    const QRectF box = boxOf(element);
+    if (!element.backColour || box.isEmpty()) {
+        return;
+    }
+    const double radius = std::min({kButtonRadius, box.width() / 2, box.height() / 2});
+    const QColor colour = qtColour(*element.backColour);
+    fillRounded(painter, box, radius,
+                element.checked ? downwards(box, colour.lighter(kLighter), colour)
+                                : downwards(box, colour.darker(kDarker), colour));
+}
+
+} // namespace
+
+void drawPlain(QPainter& painter, const Element& element, PlainState state) {
+    painter.save();
+    if (!element.enabled) {
+        painter.setOpacity(kDisabledOpacity);
+    }
+    switch (element.kind) {
+    case ElementKind::Button:
+        drawButton(painter, element, state.hovered && element.enabled);
+        break;
+    case ElementKind::Bar:
+        drawBar(painter, element);
+        break;
+    case ElementKind::Image:
+    case ElementKind::Label:
+    case ElementKind::Control:
+        drawPanel(painter, element, state.ground);
+        drawCaption(painter, element,
+                    Qt::AlignLeft | (element.wraps ? Qt::AlignTop : Qt::AlignVCenter));
+        break;
+    }
+    painter.restore();
+}
+
+} // namespace tovik::ui

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/AppRig.h"
+
+#include <algorithm>
+
+namespace tovik::test {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Where the element of a key stands in the settings file.
+struct Place {
+    std::size_t begin;
+    std::size_t end;
+};
+
+Place placeOf(const std::string& bytes, const std::string& key) {
+    const std::string empty = "<" + key + "/>";
+    if (const std::size_t begin = bytes.find(empty); begin != std::string::npos) {
+        return {begin, begin + empty.size()};
+    }
+    const std::string close = "</" + key + ">";
+    const std::size_t begin = bytes.find("<" + key + ">");
+    const std::size_t end = bytes.find(close);
+    if (begin == std::string::npos || end == std::string::npos) {
+        throw std::runtime_error("no element " + key);
+    }
+    return {begin, end + close.size()};
+}
+
+} // namespace
+
+AppRig::AppRig() {
+    fs::create_directories(host_.folder / "db");
+    fs::copy_file(std::string(TOVIK_DATA_DIR) + "/db/settings.xml", host_.folder / kSettings);
+    fs::permissions(host_.folder / kSettings, fs::perms::owner_write, fs::perm_options::add);
+    host_.folder.write(kList, "#EXTM3U\r\n");
+}
+
+AppRig::~AppRig() {
+    // The start made the data folder the current one, and that one goes now.
+    fs::current_path("/");
+}
+
+app::frmPlayer& AppRig::player() {
+    if (!player_) {
+        player_ = std::make_unique<app::frmPlayer>(host_.host(), sound_, window_, news_, options_);
+    }
+    return *player_;
+}
+
+void AppRig::start() {
+    player().Form_Initialize();
+    if (!host_.endStatus) {
+        player().Form_Load();
+    }
+}
+
+void AppRig::set(const std::string& key, const std::string& text) const {
+    std::string bytes = host_.folder.read(kSettings);
+    const auto [begin, end] = placeOf(bytes, key);
+    bytes.replace(begin, end - begin, "<" + key + ">" + text + "</" + key + ">");
+    host_.folder.write(kSettings, bytes);
+}
+
+void AppRig::takeOut(const std::string& key) const {
+    std::string bytes = host_.folder.read(kSettings);
+    const auto [begin, end] = placeOf(bytes, key);
+    host_.folder.write(kSettings, bytes.erase(begin, end - begin));
+}
+
+std::string AppRig::setting(const std::string& key) const {
+    const std::string bytes = host_.folder.read(kSettings);
+    const auto [begin, end] = placeOf(bytes, key);
+    const std::string element = bytes.substr(begin, end - begin);
+    const std::size_t text = element.find('>') + 1;
+    return element.ends_with("/>") ? "" : element.substr(text, element.rfind('<') - text);
+}
+
+std::string AppRig::track(const std::string& name, const FakeFile& sound,
+                          const std::string& bytes) {
+    std::string path = host_.folder.write(name, bytes);
+    sound_.files[path] = sound;
+    return path;
+}
+
+std::vector<std::string> AppRig::logged() const {
+    if (!fs::exists(host_.folder / "db/err.log")) {
+        return {};
+    }
+    std::istringstream log(host_.folder.read("db/err.log"));
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(log, line);) {
+        const std::size_t first = line.find(',') + 1;
+        std::size_t end = first;
+        for (int field = 0; field < 4 && end != std::string::npos; ++field) {
+            end = line.find(',', end + 1);
+        }
+        lines.push_back(line.substr(first, end - first));
+    }
+    return lines;
+}
+
+std::size_t AppRig::callsOf(const std::string& name) const {
+    return static_cast<std::size_t>(std::ranges::count_if(
+        sound_.calls, [&](const std::string& call) { return call.starts_with(name + "("); }));
+}
+
+} // namespace tovik::test

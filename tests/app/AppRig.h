@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The whole player without a window system: the shipped settings in a data folder of a test's own,
+// a sound library without sound, virtual time.
+#pragma once
+
+#include "app/frmPlayer.h"
+#include "support/host/TestHost.h"
+#include "support/sound/FakeSoundLibrary.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tovik::test {
+
+/// Writes what it is asked for among the calls of the sound library, so that one list tells the
+/// whole order.
+class RecordingWindow final : public player::PlayerWindow {
+public:
+    explicit RecordingWindow(std::vector<std::string>& calls) : calls_(calls) {}
+
+    static constexpr std::uintptr_t kNumber = 77;
+
+    int x = 100;
+    int y = 200;
+    std::string caption;
+
+    void show() override { calls_.emplace_back("window shown"); }
+
+    void hide() override { calls_.emplace_back("window hidden"); }
+
+    void setCaption(const std::string& text) override {
+        caption = text;
+        calls_.push_back("caption" + (text.starts_with(' ') ? text : " " + text));
+    }
+
+    void setTaskbarButton(bool shown) override {
+        calls_.emplace_back(shown ? "on the task bar" : "not on the task bar");
+    }
+
+    void setTopmost(bool topmost) override {
+        calls_.emplace_back(topmost ? "on top" : "not on top");
+    }
+
+    [[nodiscard]] std::uintptr_t handle() const override { return kNumber; }
+
+    void moveTo(int left, int top) override {
+        calls_.push_back("moved to " + std::to_string(left) + " " + std::to_string(top));
+    }
+
+    [[nodiscard]] int left() const override { return x; }
+
+    [[nodiscard]] int top() const override { return y; }
+
+private:
+    std::vector<std::string>& calls_;
+};
+
+/// Writes into the same list that nothing plays.
+class RecordingNews final : public player::TrackEvents {
+public:
+    explicit RecordingNews(std::vector<std::string>& calls) : calls_(calls) {}
+
+    void reportNothing(const std::string& format, const std::string& word) override {
+        calls_.push_back("nothing plays: " + format + " " + word);
+    }
+
+private:
+    std::vector<std::string>& calls_;
+};
+
+class AppRig : public testing::Test {
+protected:
+    static constexpr const char* kSettings = "db/settings.xml";
+    static constexpr const char* kList = "db/autosave.m3u";
+
+    AppRig();
+    ~AppRig() override;
+    AppRig(const AppRig&) = delete;
+    AppRig& operator=(const AppRig&) = delete;
+
+    /// The player, made at the first call, for that command line.
+    app::frmPlayer& player();
+
+    /// Both phases of the start, as long as the process has not ended.
+    void start();
+
+    void advance(std::int64_t milliseconds) {
+        host_.clock.advanceTo(host_.clock.monotonicMs() + milliseconds);
+    }
+
+    /// Replaces the text of a key in the settings file; an empty element counts, too.
+    void set(const std::string& key, const std::string& text) const;
+
+    /// Takes the element of a key out of the settings file.
+    void takeOut(const std::string& key) const;
+
+    /// The text of a key in the settings file.
+    [[nodiscard]] std::string setting(const std::string& key) const;
+
+    /// A file on the disk that the sound library knows; returns its path.
+    std::string track(const std::string& name, const FakeFile& sound = {.seconds = 65},
+                      const std::string& bytes = "sound");
+
+    /// Date, version and system apart, the lines of the log: "description,number,module,word".
+    [[nodiscard]] std::vector<std::string> logged() const;
+
+    [[nodiscard]] std::size_t callsOf(const std::string& name) const;
+
+    TestHost host_;
+    FakeSoundLibrary sound_;
+    RecordingWindow window_{sound_.calls};
+    RecordingNews news_{sound_.calls};
+    app::StartOptions options_;
+
+private:
+    std::unique_ptr<app::frmPlayer> player_;
+};
+
+} // namespace tovik::test

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The file or list that the program was started with.
+#include "app/AppRig.h"
+
+namespace tovik::test {
+namespace {
+
+using playlist::RowText;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+class Argument : public AppRig {
+protected:
+    void startWith(const std::string& text) {
+        options_.commandLine = text;
+        start();
+    }
+
+    void startWithFile(const std::string& path) { startWith("\"" + path + "\""); }
+
+    [[nodiscard]] std::string title(playlist::Row row) {
+        return std::string(player().stdSS().text(row, RowText::Title));
+    }
+
+    /// A tag of 128 bytes behind some sound.
+    static std::string tagged(std::string title, std::string artist) {
+        title.resize(30, ' ');
+        artist.resize(30, '\0');
+        return "sound" + std::string(200, 's') + "TAG" + title + artist + std::string(65, '\0');
+    }
+};
+
+TEST_F(Argument, aFileBecomesTheOneRowAndPlays) {
+    const std::string path = track("song.mp3");
+    startWithFile(path);
+    EXPECT_FALSE(player().state().NoCommandLine);
+    ASSERT_EQ(player().stdSS().ListCount(), 1);
+    EXPECT_EQ(title(1), "song.mp3");
+    EXPECT_EQ(player().stdSS().text(1, RowText::FileName), path);
+    EXPECT_EQ(player().stdSS().text(1, RowText::TimeText), "00:00");
+    EXPECT_EQ(player().stdSS().SelectedIndex, 1);
+    EXPECT_EQ(player().List1().ListIndex(), 0);
+    EXPECT_TRUE(player().state().IsPlaying);
+    EXPECT_TRUE(player().sounds());
+    EXPECT_EQ(player().state().TracksStarted, 1);
+}
+
+TEST_F(Argument, itPlaysBehindTheWindowAndBeforeTheCaptionOfTheStart) {
+    startWithFile(track("song.mp3"));
+    const auto place = [this](const std::string& call) {
+        return std::ranges::find(sound_.calls, call) - sound_.calls.begin();
+    };
+    EXPECT_LT(place("window shown"), place("BASS_Free()"));
+    EXPECT_LT(place("caption song.mp3 (01:05)"), place("not on top"));
+    EXPECT_EQ(sound_.calls.back(), "caption Tovik 0.1");
+}
+
+TEST_F(Argument, theTitleIsArtistAndTitleWhenTheTagHasBoth) {
+    startWithFile(track("song.mp3", {.seconds = 65}, tagged("Title", "Artist")));
+    EXPECT_EQ(title(1), "Artist-Title");
+}
+
+TEST_F(Argument, orTheNameOfTheFile) {
+    startWithFile(track("song.mp3", {.seconds = 65}, tagged("Title", "")));
+    EXPECT_EQ(title(1), "song.mp3");
+}
+
+TEST_F(Argument, blanksAreNoTitle) {
+    startWithFile(track("song.mp3", {.seconds = 65}, tagged("     ", "Artist")));
+    EXPECT_EQ(title(1), "song.mp3");
+}
+
+TEST_F(Argument, aSwitchBeforeTheNameIsNotLookedAt) {
+    startWith("/ADD \"" + track("song.mp3") + R"(" "other.mp3")");
+    EXPECT_EQ(player().stdSS().ListCount(), 1);
+    EXPECT_TRUE(player().state().IsPlaying);
+}
+
+TEST_F(Argument, textWithoutQuotesIsOneName) {
+    sound_.files["/music/song.mp3"] = {.seconds = 65};
+    startWith("/music/song.mp3");
+    EXPECT_EQ(player().stdSS().text(1, RowText::FileName), "/music/song.mp3");
+    EXPECT_TRUE(player().state().IsPlaying);
+}
+
+TEST_F(Argument, aDoubleQuoteInANameTravelsAsAnotherByte) {
+    const std::string path = track("a \"quoted\" song.mp3");
+    std::string travelling = path;
+    std::ranges::replace(travelling, '"', '\x1F');
+    startWithFile(travelling);
+    EXPECT_EQ(player().stdSS().text(1, RowText::FileName), path);
+    EXPECT_EQ(title(1), "a \"quoted\" song.mp3");
+    EXPECT_TRUE(player().state().IsPlaying);
+}
+
+TEST_F(Argument, aFileThatCannotBePlayedIsARowWithoutSound) {
+    startWithFile(host_.folder.write("text.mp3", "text"));
+    EXPECT_EQ(title(1), "text.mp3");
+    EXPECT_FALSE(player().state().IsPlaying);
+    EXPECT_FALSE(player().sounds());
+    EXPECT_EQ(window_.caption, "Tovik 0.1");
+    EXPECT_THAT(logged(), IsEmpty());
+}
+
+TEST_F(Argument, aListIsReadAndItsFirstRowPlays) {
+    const std::string path =
+        host_.folder.write("list.M3u", "#EXTM3U\n#EXTINF:65,One\n" + track("one.mp3") +
+                                           "\n#EXTINF:70,Two\n" + track("two.mp3") + "\n");
+    startWithFile(path);
+    ASSERT_EQ(player().stdSS().ListCount(), 2);
+    EXPECT_EQ(title(2), "Two");
+    EXPECT_EQ(player().state().CurrentTitle, "One");
+    EXPECT_EQ(player().List1().ListIndex(), 0);
+    EXPECT_EQ(player().stdSS().SelectedIndex, 1);
+    EXPECT_TRUE(player().state().IsPlaying);
+}
+
+TEST_F(Argument, aListThatIsNotThereEndsTheLoad) {
+    startWithFile(host_.folder / "none.m3u");
+    EXPECT_THAT(logged(), ElementsAre("File not found,53,Player,Load"));
+    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+    EXPECT_THAT(sound_.calls, Contains("window shown"));
+    EXPECT_THAT(sound_.calls, Not(Contains("not on top")));
+    EXPECT_EQ(setting("SHWND"), "0");
+}
+
+TEST_F(Argument, aListOfTheOtherKindIsNotMisread) {
+    startWithFile(host_.folder.write("list.pls", "[playlist]\nFile1=" + track("one.mp3") + "\n"));
+    for (playlist::Row row = 1; row <= player().stdSS().ListCount(); ++row) {
+        EXPECT_NE(title(row), "[playlist]");
+        EXPECT_NE(player().stdSS().text(row, RowText::FileName), "[playlist]");
+    }
+    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+}
+
+TEST_F(Argument, theListOfTheLastSessionIsNeitherReadNorReplaced) {
+    const std::string saved = "#EXTM3U\r\n#EXTINF:10,Old\r\n/music/old.mp3\r\n";
+    host_.folder.write(kList, saved);
+    startWithFile(track("song.mp3"));
+    advance(5000);
+    EXPECT_EQ(player().stdSS().ListCount(), 1);
+    player().kill_me();
+    EXPECT_EQ(host_.folder.read(kList), saved);
+}
+
+TEST_F(Argument, aModulePlaysForEver) {
+    startWithFile(track("song.xm", {.kind = FakeKind::music, .seconds = 65}));
+    EXPECT_TRUE(player().playsForEver());
+    player().transport().Stop_play();
+    EXPECT_FALSE(player().playsForEver());
+}
+
+TEST_F(Argument, aStreamDoesNot) {
+    startWithFile(track("song.mp3"));
+    EXPECT_FALSE(player().playsForEver());
+    EXPECT_TRUE(player().sounds());
+    sound_.channel(player().state().PrimaryChannel).activity = sound::Activity::stopped;
+    EXPECT_FALSE(player().sounds());
+}
+
+} // namespace
+} // namespace tovik::test

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/DataPlace.h"
+
+#include "support/host/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+
+namespace tovik::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Sets a variable of the environment for a while.
+class EnvironmentGuard {
+public:
+    EnvironmentGuard(const char* name, const std::string& value) : name_(name) {
+        if (const char* const before = std::getenv(name)) {
+            before_ = before;
+        }
+        ::setenv(name, value.c_str(), 1);
+    }
+
+    ~EnvironmentGuard() {
+        if (before_) {
+            ::setenv(name_, before_->c_str(), 1);
+        } else {
+            ::unsetenv(name_);
+        }
+    }
+
+    EnvironmentGuard(const EnvironmentGuard&) = delete;
+    EnvironmentGuard& operator=(const EnvironmentGuard&) = delete;
+
+private:
+    const char* name_;
+    std::optional<std::string> before_;
+};
+
+TEST(PrivateCopy, holdsTheFolderAndGoesWithTheObject) {
+    const TemporaryFolder data;
+    data.write("db/settings.xml", "<Settings/>");
+    data.write("db/autosave.m3u", "#EXTM3U\r\n");
+    std::string folder;
+    {
+        const app::PrivateCopy copy(data.path());
+        folder = copy.folder();
+        ASSERT_FALSE(folder.empty());
+        EXPECT_TRUE(copy.complete());
+        EXPECT_NE(folder, data.path());
+        EXPECT_TRUE(fs::exists(folder + "/db/autosave.m3u"));
+        std::ofstream(folder + "/db/settings.xml") << "changed";
+    }
+    EXPECT_FALSE(fs::exists(folder));
+    EXPECT_EQ(data.read("db/settings.xml"), "<Settings/>");
+}
+
+TEST(PrivateCopy, ofAFolderThatIsNotThereIsEmpty) {
+    const TemporaryFolder data;
+    const app::PrivateCopy copy(data / "none");
+    ASSERT_FALSE(copy.folder().empty());
+    EXPECT_TRUE(fs::is_empty(copy.folder()));
+    EXPECT_FALSE(copy.complete());
+}
+
+TEST(PrivateCopy, thatCannotBeMadeIsNone) {
+    const TemporaryFolder data;
+    const EnvironmentGuard noRoom("TMPDIR", data / "none");
+    const app::PrivateCopy copy(data.path());
+    EXPECT_TRUE(copy.folder().empty());
+    EXPECT_FALSE(copy.complete());
+}
+
+class DataPlace : public testing::Test {
+protected:
+    DataPlace() {
+        home_.write("bin/data/db/settings.xml",
+                    "<?xml version=\"1.0\"?>\n<Settings><ROP/><IROP/><CFLD/></Settings>\n");
+        line_.dataFolder = home_ / "user";
+        environment_.home = home_.path();
+        environment_.executableFolder = home_ / "bin";
+    }
+
+    TemporaryFolder home_;
+    host::CommandLine line_;
+    host::Environment environment_;
+};
+
+TEST_F(DataPlace, aNewFolderIsFilledAndBeginsWithTheWelcome) {
+    EXPECT_EQ(app::prepareDataFolder(line_, environment_), home_ / "user");
+    EXPECT_NE(home_.read("user/db/settings.xml").find(home_ / "Music"), std::string::npos);
+    EXPECT_TRUE(fs::exists(home_ / "user/firstrun.ini"));
+    const std::string list = home_.read("user/db/autosave.m3u");
+    EXPECT_TRUE(list.starts_with("#EXTM3U\r\n#EXTINF:")) << list;
+    EXPECT_TRUE(list.ends_with("\r\n" + (home_ / "user/music/welcome.ogg") + "\r\n")) << list;
+}
+
+TEST_F(DataPlace, aFolderInUseStaysAsItIs) {
+    home_.write("user/db/settings.xml", "<Settings/>");
+    EXPECT_EQ(app::prepareDataFolder(line_, environment_), home_ / "user");
+    EXPECT_EQ(home_.read("user/db/settings.xml"), "<Settings/>");
+    EXPECT_FALSE(fs::exists(home_ / "user/db/autosave.m3u"));
+}
+
+} // namespace
+} // namespace tovik::test

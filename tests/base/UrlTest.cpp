@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/Url.h"
+
+#include <gtest/gtest.h>
+
+namespace tovik::base {
+namespace {
+
+TEST(Url, schemes) {
+    for (const char* url : {"http://x", "HTTPS://x/y?z", "file:///a", "svn+ssh://x", "a1.b-c://"}) {
+        EXPECT_TRUE(isUrl(url)) << url;
+    }
+    for (const char* text : {"", "://x", "1a://x", "/a://b", "a b://c", "c:\\a", "http:/x"}) {
+        EXPECT_FALSE(isUrl(text)) << text;
+    }
+}
+
+TEST(Url, fileAddressesArePaths) {
+    EXPECT_EQ(pathFromFileUrl("file:///a%20b/%C3%BC.ogg"), "/a b/ü.ogg");
+    EXPECT_EQ(pathFromFileUrl("FILE://localhost/a"), "/a");
+    EXPECT_EQ(pathFromFileUrl("file:/a%2Fb%25"), "/a/b%");
+    EXPECT_EQ(pathFromFileUrl("file:///caf%e9#1?2"), "/caf\xE9#1?2");
+}
+
+TEST(Url, otherAddressesAreNot) {
+    for (const char* url :
+         {"http://a/b", "/a", "file:", "file://", "file:a", "file://else/a", "file:///%",
+          "file:///%4", "file:///%4g", "file:///%00", "file:///%-1", ""}) {
+        EXPECT_EQ(pathFromFileUrl(url), std::nullopt) << url;
+    }
+}
+
+} // namespace
+} // namespace tovik::base

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "config/Version.h"
+
+#include "config/RaisedNumber.h"
+#include "config/SettingsFixture.h"
+
+namespace tovik::config {
+namespace {
+
+using test::raisedNumber;
+
+TEST(VersionText, theFirstCharacterAndTheSecondPart) {
+    EXPECT_EQ(versionText("0,1", "1"), "0.1");
+    EXPECT_EQ(versionText("23,45,6", "7b"), "2.7b");
+    EXPECT_EQ(versionText("3", ""), "3.");
+    EXPECT_EQ(versionText(",1", "5"), ".5");
+    EXPECT_EQ(raisedNumber([] { std::ignore = versionText("", "1"); }), 9);
+}
+
+TEST(VersionText, theBuildIsTheSecondField) {
+    EXPECT_EQ(buildNumber("0,123"), 123);
+    EXPECT_EQ(buildNumber("0,12,9"), 12);
+    EXPECT_EQ(raisedNumber([] { std::ignore = buildNumber("0"); }), 9);
+    EXPECT_EQ(raisedNumber([] { std::ignore = buildNumber(""); }), 9);
+    EXPECT_EQ(raisedNumber([] { std::ignore = buildNumber("0,"); }), 13);
+    EXPECT_EQ(raisedNumber([] { std::ignore = buildNumber("0,b"); }), 13);
+    EXPECT_EQ(raisedNumber([] { std::ignore = buildNumber("0,40000"); }), 6);
+}
+
+TEST(VersionText, theFullVersionHasAllFields) {
+    EXPECT_EQ(fullVersionText("0,1", "2"), "0.1.2");
+    EXPECT_EQ(fullVersionText("1,2,3", "4"), "1.2.3.4");
+    EXPECT_EQ(fullVersionText("5", "6"), "5.6");
+    EXPECT_EQ(fullVersionText("", "6"), "6");
+}
+
+class VersionTest : public test::SettingsFixture {
+protected:
+    Version version_{settings_};
+};
+
+TEST_F(VersionTest, comesFromTheSettings) {
+    writeSettings("<TKXV>1,42</TKXV><TKV2>3</TKV2>");
+    EXPECT_EQ(version_.getTovikversion(), "1.3");
+    EXPECT_EQ(version_.getTovikbuildNm(), 42);
+    EXPECT_EQ(version_.get_Tovik_Version(), "Tovik 1.3");
+    EXPECT_EQ(version_.updateArgument(), "chk4update=1.42.3");
+}
+
+TEST_F(VersionTest, aMissingKeyIsTheUseOfANull) {
+    writeSettings("<TKXV>1,42</TKXV>");
+    EXPECT_EQ(raisedNumber([&] { std::ignore = version_.getTovikversion(); }), 94);
+    EXPECT_EQ(version_.getTovikbuildNm(), 42);
+    EXPECT_EQ(raisedNumber([&] { std::ignore = version_.updateArgument(); }), 94);
+}
+
+} // namespace
+} // namespace tovik::config

@@ -1,0 +1,183 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""What the end-to-end tests share: the built program, a screen, a sound server, WAV files."""
+import array
+import contextlib
+import os
+import re
+import shutil
+import struct
+import subprocess
+import tempfile
+import time
+import unittest
+
+PROGRAM = os.environ["TOVIK_PROGRAM"]
+MEDIA = os.environ["TOVIK_MEDIA"]
+ARTEFACTS = os.environ.get("TOVIK_ARTEFACTS", tempfile.gettempdir())
+LIMIT = 20  # seconds after which a program counts as hung
+
+
+def media(name):
+    return os.path.join(MEDIA, name)
+
+
+class ProgramTest(unittest.TestCase):
+    """Each test has a folder of its own, which is also home, data and runtime folder."""
+
+    def setUp(self):
+        self.stack = contextlib.ExitStack()
+        self.addCleanup(self.stack.close)
+        self.folder = self.stack.enter_context(tempfile.TemporaryDirectory())
+        self.environment = {
+            "PATH": os.environ["PATH"],
+            "HOME": self.folder,
+            "XDG_RUNTIME_DIR": self.folder,
+            "XDG_DATA_HOME": os.path.join(self.folder, "share"),
+            "LANG": "C.UTF-8",
+        }
+
+    def path(self, name):
+        return os.path.join(self.folder, name)
+
+    def data(self, name):
+        """A file of the program's data folder."""
+        return os.path.join(self.environment["XDG_DATA_HOME"], "tovik", name)
+
+    def read(self, name):
+        with open(self.data(name), "rb") as file:
+            return file.read()
+
+    def setting(self, key, value):
+        """Changes one setting of a data folder that is there already."""
+        path = self.data("db/settings.xml")
+        with open(path, "rb") as file:
+            text = file.read()
+        text, count = re.subn(rb"<%s>[^<]*</%s>" % (key, key), b"<%s>%s</%s>" % (key, value, key),
+                              text)
+        self.assertEqual(count, 1, key)
+        with open(path, "wb") as file:
+            file.write(text)
+
+    def run_program(self, *words, **options):
+        return subprocess.run([PROGRAM, *words], env=self.environment, capture_output=True,
+                              timeout=LIMIT, cwd=self.folder, **options)
+
+    def start_program(self, *words, **options):
+        process = subprocess.Popen([PROGRAM, *words], env=self.environment, cwd=self.folder,
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE, **options)
+        self.stack.callback(process.communicate)
+        self.stack.callback(process.kill)
+        return process
+
+    def start_screen(self):
+        """A private X server; the window goes there."""
+        read_end, write_end = os.pipe()
+        server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1024x768x24", "-noreset",
+             "-nolisten", "tcp"], pass_fds=[write_end], stderr=subprocess.DEVNULL)
+        self.stack.callback(server.wait)
+        self.stack.callback(server.terminate)
+        os.close(write_end)
+        with os.fdopen(read_end) as pipe:
+            number = pipe.readline().strip()
+        self.environment["DISPLAY"] = ":" + number
+
+    def start_window_manager(self):
+        manager = subprocess.Popen(["openbox", "--sm-disable"], env=self.environment,
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.stack.callback(manager.wait)
+        self.stack.callback(manager.terminate)
+
+    def start_sound_server(self):
+        """A private sound server with a sink that swallows everything."""
+        socket = self.path("pulse.socket")
+        server = subprocess.Popen(
+            ["pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1",
+             "-L", "module-null-sink sink_name=nowhere",
+             "-L", f"module-native-protocol-unix socket={socket} auth-anonymous=1"],
+            env=self.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.stack.callback(server.wait)
+        self.stack.callback(server.kill)
+        self.environment["PULSE_SERVER"] = "unix:" + socket
+        self.wait_until(lambda: os.path.exists(socket), "the sound server's socket")
+        # An idle sink that goes nowhere takes sound in blocks of two seconds; a stream of silence
+        # with a short buffer keeps it going in short ones.
+        silence = subprocess.Popen(["pacat", "--latency-msec=5", "--raw", "/dev/zero"],
+                                   env=self.environment, stdout=subprocess.DEVNULL,
+                                   stderr=subprocess.DEVNULL)
+        self.stack.callback(silence.wait)
+        self.stack.callback(silence.kill)
+        return server
+
+    def streams(self):
+        """How many streams of the program the sound server plays."""
+        inputs = self.tool("pactl", "list", "sink-inputs").stdout
+        return inputs.count('application.name = "Tovik"')
+
+    def wait_until(self, condition, what):
+        end = time.monotonic() + LIMIT
+        while not condition():
+            self.assertLess(time.monotonic(), end, "waited in vain for " + what)
+            time.sleep(0.02)
+
+    def tool(self, *words):
+        return subprocess.run(words, env=self.environment, capture_output=True, text=True,
+                              timeout=LIMIT, check=False)
+
+    def window(self, name="Tovik"):
+        """The id of the window whose title begins so, once it is shown."""
+        found = []
+
+        def look():
+            found[:] = self.tool("xdotool", "search", "--onlyvisible", "--name",
+                                 f"^{name}").stdout.split()
+            return bool(found)
+
+        self.wait_until(look, "the window")
+        return found[0]
+
+    def window_of(self, player):
+        """The same, for a program that may also have ended: then its words are the failure."""
+        try:
+            return self.window()
+        except AssertionError as failure:
+            if player.poll() is None:
+                player.kill()
+            raise AssertionError(f"status {player.returncode}, said {player.stderr.read()}") \
+                from failure
+
+    def keep_screenshot(self, name):
+        """A picture of the whole screen among the artefacts; returns its path."""
+        os.makedirs(ARTEFACTS, exist_ok=True)
+        path = os.path.join(ARTEFACTS, name)
+        result = self.tool("import", "-window", "root", path)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        return path
+
+    @staticmethod
+    def has(*programs):
+        return all(shutil.which(program) for program in programs)
+
+
+def read_wav(path):
+    """(format tag, channels, rate, samples): samples as floats, interleaved."""
+    with open(path, "rb") as file:
+        data = file.read()
+    assert data[:4] == b"RIFF" and data[8:12] == b"WAVE"
+    place, form, samples = 12, None, None
+    while place + 8 <= len(data):
+        name, size = struct.unpack_from("<4sI", data, place)
+        body = data[place + 8:place + 8 + size]
+        if name == b"fmt ":
+            form = struct.unpack_from("<HHIIHH", body)
+        elif name == b"data":
+            samples = body
+        place += 8 + size + size % 2
+    tag, channels, rate, _, _, bits = form
+    if tag == 3 and bits == 32:
+        values = array.array("f", samples)
+    elif bits == 16:
+        values = array.array("f", (s / 32768 for s in array.array("h", samples)))
+    else:
+        raise AssertionError(f"unexpected form {form}")
+    return tag, channels, rate, values

@@ -1,0 +1,49 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Options that end the program at once."""
+import unittest
+
+from program import ProgramTest
+
+
+class CommandLine(ProgramTest):
+    def test_help_names_every_option(self):
+        result = self.run_program("--help")
+        self.assertEqual(result.returncode, 0)
+        for option in (b"--data", b"--help", b"--version", b"--device", b"--render", b"--seconds",
+                       b"--screenshot"):
+            self.assertIn(option, result.stdout)
+
+    def test_version(self):
+        result = self.run_program("--version")
+        self.assertEqual(result.returncode, 0)
+        self.assertRegex(result.stdout, rb"^tovik \d+\.\d+\.\d+\n$")
+
+    def test_unknown_option(self):
+        result = self.run_program("--no-such-option")
+        self.assertEqual(result.returncode, 2)
+        self.assertEqual(result.stderr,
+                         b"tovik: unknown option --no-such-option; see tovik --help\n")
+        self.assertEqual(result.stdout, b"")
+
+    def test_bad_values(self):
+        for words in (["--seconds", "soon"], ["--render"], ["--data"], ["--seconds", "-1"]):
+            with self.subTest(words=words):
+                result = self.run_program(*words)
+                self.assertEqual(result.returncode, 2)
+                self.assertNotEqual(result.stderr, b"")
+
+    def test_no_devices_without_a_server(self):
+        self.environment["PULSE_SERVER"] = "unix:" + self.path("nobody")
+        result = self.run_program("--device", "list")
+        if result.stdout == b"":
+            self.assertEqual(result.returncode, 1)
+
+    def test_lists_the_server_s_device(self):
+        self.start_sound_server()
+        result = self.run_program("--device", "list")
+        self.assertEqual(result.returncode, 0, result.stderr)
+        self.assertIn(b"Null", result.stdout)
+
+
+if __name__ == "__main__":
+    unittest.main()

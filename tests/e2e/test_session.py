@@ -1,0 +1,176 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""What one session of the program leaves to the next."""
+import contextlib
+import os
+import signal
+import time
+import unittest
+
+from program import LIMIT, ProgramTest, media, read_wav
+
+NOBODY = 65534
+
+
+class Session(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.start_screen()
+
+    def silent(self, *words, title="Tovik"):
+        player = self.start_program("--device", "silent", *words)
+        self.window(title)
+        return player
+
+    def end(self, player, number=signal.SIGTERM):
+        player.send_signal(number)
+        self.assertEqual(player.wait(LIMIT), 0)
+
+    def installed(self):
+        """A data folder whose first start is over."""
+        self.end(self.silent(media("wav_s16_44100_stereo.wav")))
+
+    def write_list(self, *names):
+        rows = [f"#EXTINF:10,{name}\r\n{media(name)}\r\n" for name in names]
+        with open(self.data("db/autosave.m3u"), "w", newline="", encoding="utf-8") as file:
+            file.write("#EXTM3U\r\n" + "".join(rows))
+
+    def test_a_restored_list_is_saved_again_and_does_not_play(self):
+        self.installed()
+        self.write_list("mp3_vbr.mp3", "song.xm", "flac_16_44100.flac")
+        before = self.read("db/autosave.m3u")
+        number = os.stat(self.data("db/autosave.m3u")).st_ino
+        player = self.silent()
+        time.sleep(1)  # the list is read 100 ms after the start
+        # A track that starts gives its title to the window.
+        name = self.tool("xdotool", "getwindowname", self.window()).stdout
+        self.assertRegex(name, r"^Tovik \d")
+        self.end(player)
+        self.assertEqual(self.read("db/autosave.m3u"), before)
+        self.assertNotEqual(os.stat(self.data("db/autosave.m3u")).st_ino, number)
+
+    def test_only_the_first_name_is_opened(self):
+        self.installed()
+        names = [media("wav_s16_44100_stereo.wav"), media("mp3_vbr.mp3")]
+        player = self.silent(*names)
+        opened = set()
+
+        def look():
+            folder = f"/proc/{player.pid}/fd"
+            for entry in os.listdir(folder):
+                with contextlib.suppress(OSError):
+                    opened.add(os.readlink(os.path.join(folder, entry)))
+            return names[0] in opened
+
+        self.wait_until(look, "the file that plays")
+        self.end(player)
+        self.assertNotIn(names[1], opened)
+        # The list of the last session is neither read nor replaced.
+        self.assertIn(b"welcome", self.read("db/autosave.m3u").lower())
+
+    def test_the_number_of_the_window_is_made_known(self):
+        self.installed()
+        player = self.silent(media("wav_s16_44100_stereo.wav"))
+        window = self.window()
+        self.wait_until(lambda: f"<SHWND>{window}</SHWND>".encode()
+                        in self.read("db/settings.xml"), "the number of the window")
+        self.end(player)
+
+    def test_the_place_is_kept(self):
+        self.installed()
+        self.setting(b"X", b"4500")
+        self.setting(b"Y", b"3000")
+        player = self.silent()
+        window = self.window()
+        place = self.tool("xdotool", "getwindowgeometry", window).stdout
+        self.assertIn("300,200", place)
+        self.end(player)
+        self.assertIn(b"<X>4500</X>", self.read("db/settings.xml"))
+        self.assertIn(b"<Y>3000</Y>", self.read("db/settings.xml"))
+
+    def test_a_place_off_all_screens_is_brought_back(self):
+        self.installed()
+        self.setting(b"X", b"150000")
+        self.setting(b"Y", b"-9000")
+        player = self.silent()
+        place = self.tool("xdotool", "getwindowgeometry", "--shell", self.window()).stdout
+        values = dict(line.split("=") for line in place.split())
+        self.assertLessEqual(int(values["X"]) + int(values["WIDTH"]), 1024)
+        self.assertGreaterEqual(int(values["Y"]), 0)
+        self.end(player)
+
+    def test_nothing_is_lost_in_a_folder_that_cannot_be_written(self):
+        self.installed()
+        names = ("db/settings.xml", "db/autosave.m3u")
+        before = [self.read(name) for name in names]
+        self.make_read_only()
+        who = {"user": NOBODY} if os.geteuid() == 0 else {}
+        player = self.start_program("--device", "silent", **who)
+        self.answer_boxes()
+        player.send_signal(signal.SIGTERM)
+        self.assertEqual(player.wait(LIMIT), 0)
+        self.assertEqual([self.read(name) for name in names], before)
+        self.assertFalse(os.path.exists(self.data("db/err.log")))
+
+    def make_read_only(self):
+        os.chmod(self.folder, 0o755)
+        for folder, folders, files in os.walk(self.data("")):
+            for name in files:
+                os.chmod(os.path.join(folder, name), 0o444)
+            os.chmod(folder, 0o555)
+            self.addCleanup(os.chmod, folder, 0o755)
+
+    def answer_boxes(self):
+        """Presses Return in every box until the player's own window is there."""
+        boxes = 0
+
+        def look():
+            nonlocal boxes
+            found = self.tool("xdotool", "search", "--onlyvisible", "--name",
+                              "^ in ").stdout.split()
+            if found:
+                if boxes == 0:
+                    self.keep_screenshot("read-only.png")
+                boxes += 1
+                self.tool("xdotool", "key", "--window", found[0], "Return")
+            return bool(self.tool("xdotool", "search", "--onlyvisible", "--name",
+                                  "^Tovik").stdout.split())
+
+        self.wait_until(look, "the window behind the boxes")
+        self.assertGreater(boxes, 0)
+
+    def test_a_screenshot_starts_no_helper(self):
+        self.installed()
+        self.setting(b"CHKU", b"1")
+        helper = self.data("update.exe")
+        with open(helper, "w", encoding="ascii") as file:
+            file.write(f"#!/bin/sh\ntouch {self.path('helped')}\n")
+        os.chmod(helper, 0o755)
+        shot = self.start_program("--device", "silent", "--screenshot", self.path("shot.png"))
+        self.assertEqual(shot.wait(LIMIT), 0)
+        self.assertFalse(os.path.exists(self.path("helped")))
+        # The same setting does start it in an ordinary session.
+        player = self.silent()
+        self.wait_until(lambda: os.path.exists(self.path("helped")), "the helper")
+        self.end(player)
+
+    def test_a_render_of_the_first_start_holds_the_welcome_piece(self):
+        result = self.run_program("--render", self.path("out.wav"))
+        self.assertEqual(result.returncode, 0, result.stderr)
+        _, _, _, samples = read_wav(self.path("out.wav"))
+        self.assertGreater(len(samples), 2 * 44100)
+        self.assertTrue(any(samples))
+        # It was played from a copy of the data folder: the first start is still ahead.
+        self.assertTrue(os.path.exists(self.data("firstrun.ini")))
+
+    def test_a_render_of_nothing_that_ends_is_refused_whenever_it_begins(self):
+        self.run_program("--render", self.path("out.wav"), "--seconds", "0.1")
+        self.write_list("song.xm")
+        result = self.run_program("--render", self.path("out.wav"))
+        self.assertEqual(result.returncode, 2, result.stderr)
+        self.assertIn(b"--seconds", result.stderr)
+        result = self.run_program("--render", self.path("out.wav"), "--seconds", "1")
+        self.assertEqual(result.returncode, 0, result.stderr)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,130 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The program on a real screen and a real sound server."""
+import os
+import signal
+import unittest
+
+from program import LIMIT, ProgramTest, media
+
+
+class Window(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.start_screen()
+
+    def end(self, player, number=signal.SIGTERM):
+        player.send_signal(number)
+        self.assertEqual(player.wait(LIMIT), 0)
+
+    def silent(self, *words):
+        player = self.start_program("--device", "silent", *words)
+        self.window_of(player)
+        return player
+
+    def test_plays_aloud(self):
+        self.start_window_manager()
+        self.start_sound_server()
+        player = self.start_program(media("mp3_id3_both.mp3"))
+        self.window()
+        self.wait_until(lambda: self.streams() == 1, "the stream at the sound server")
+        self.keep_screenshot("playing.png")
+        self.end(player)
+
+    def test_first_start_plays_the_welcome_piece_and_later_ones_do_not(self):
+        self.start_sound_server()
+        player = self.start_program()
+        self.window()
+        self.wait_until(lambda: self.streams() == 1, "the welcome piece")
+        self.end(player)
+        self.assertIn(b"welcome.ogg", self.read("db/autosave.m3u"))
+        self.assertFalse(os.path.exists(self.data("firstrun.ini")))
+        again = self.start_program()
+        self.window()
+        self.keep_screenshot("restored.png")
+        self.end(again)
+        self.assertIn(b"welcome.ogg", self.read("db/autosave.m3u"))
+
+    def test_each_signal_saves(self):
+        for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
+            with self.subTest(number=number):
+                player = self.silent(media("wav_s16_44100_stereo.wav"))
+                self.setting(b"CVL", b"33")
+                self.end(player, number)
+                # Written at the end from what was read at the start.
+                self.assertIn(b"<CVL>80</CVL>", self.read("db/settings.xml"))
+
+    def test_closing_the_window_ends_the_program(self):
+        self.start_window_manager()
+        player = self.silent(media("wav_s16_44100_stereo.wav"))
+        window = self.window()
+
+        def close():
+            # The window manager may not listen to keys yet.
+            self.tool("xdotool", "windowactivate", window, "key", "alt+F4")
+            return player.poll() is not None
+
+        self.wait_until(close, "the end of the program")
+        self.assertEqual(player.returncode, 0)
+
+    def test_buttons_stop_and_close(self):
+        player = self.silent(media("bench.mp3") if os.path.exists(media("bench.mp3"))
+                             else media("mp3_vbr.mp3"))
+        window = self.window()
+        for x, y in ((139, 283), (107, 283), (434, 18)):  # stop, pause, close
+            self.tool("xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1")
+        self.assertEqual(player.wait(LIMIT), 0)
+
+    def test_a_second_start_leaves_to_the_first(self):
+        first = self.silent(media("wav_s16_44100_stereo.wav"))
+        second = self.run_program("--device", "silent", media("wav_s16_44100_stereo.wav"))
+        self.assertEqual(second.returncode, 0)
+        self.assertIsNone(first.poll())
+        self.end(first)
+
+    def test_damaged_settings_are_told_and_kept(self):
+        self.end(self.silent(media("wav_s16_44100_stereo.wav")))
+        with open(self.data("db/settings.xml"), "wb") as file:
+            file.write(b"<Settings><MI>0</MI")
+        player = self.start_program("--device", "silent")
+        box = self.window(" in sub Form_Initialize")
+        self.tool("xdotool", "key", "--window", box, "Return")
+        self.window()
+        self.end(player)
+        self.assertEqual(self.read("db/settings.xml"), b"<Settings><MI>0</MI")
+        log = self.read("db/err.log").decode().splitlines()
+        self.assertIn(",94,Player,Initialize,", log[0])
+        self.assertIn(",94,Player,Load,", log[1])
+
+    def test_sound_comes_back_with_the_server(self):
+        server = self.start_sound_server()
+        player = self.start_program(media("song.xm"))
+        self.wait_until(lambda: self.streams() == 1, "the stream at the sound server")
+        server.kill()
+        server.wait()
+        self.start_sound_server()
+        self.wait_until(lambda: self.streams() == 1, "the stream at the new server")
+        self.assertIsNone(player.poll())
+        self.end(player)
+
+    def test_without_a_device_a_box_says_so(self):
+        self.environment["PULSE_SERVER"] = "unix:" + self.path("nobody")
+        self.environment["SDL_AUDIODRIVER"] = "pulseaudio"
+        player = self.start_program(media("wav_s16_44100_stereo.wav"))
+        box = self.window("BASS.DLL")
+        self.keep_screenshot("no-device.png")
+        self.tool("xdotool", "key", "--window", box, "Return")
+        self.assertEqual(player.wait(LIMIT), 1)
+
+    def test_screenshot_changes_nothing(self):
+        self.end(self.silent(media("wav_s16_44100_stereo.wav")))
+        before = self.read("db/settings.xml"), self.read("db/autosave.m3u")
+        player = self.start_program("--device", "silent", "--screenshot", self.path("shot.png"),
+                                    media("wav_s16_44100_stereo.wav"))
+        self.assertEqual(player.wait(LIMIT), 0)
+        with open(self.path("shot.png"), "rb") as file:
+            self.assertEqual(file.read(8), b"\x89PNG\r\n\x1a\n")
+        self.assertEqual((self.read("db/settings.xml"), self.read("db/autosave.m3u")), before)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/qt/QtDialogs.h"
+#include "EventLoop.h"
+#include "support/host/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <array>
+#include <functional>
+#include <utility>
+
+namespace tovik::host {
+namespace {
+
+using testing::ElementsAre;
+
+/// Does something with the dialog of this class once it is on the screen.
+template <typename Window>
+class WhenShown {
+public:
+    explicit WhenShown(std::function<void(Window&)> action) : action_(std::move(action)) {
+        QObject::connect(&look_, &QTimer::timeout, &look_, [this] {
+            if (auto* const window = qobject_cast<Window*>(QApplication::activeModalWidget())) {
+                look_.stop();
+                action_(*window);
+            }
+        });
+        look_.start(0);
+    }
+
+private:
+    std::function<void(Window&)> action_;
+    QTimer look_;
+};
+
+class QtDialogsTest : public testing::Test {
+protected:
+    test::TemporaryFolder folder_;
+    QtDialogs dialogs_;
+};
+
+TEST_F(QtDialogsTest, aBoxShowsTextTitleIconAndButtons) {
+    const WhenShown<QMessageBox> user([](QMessageBox& window) {
+        EXPECT_EQ(window.text(), "<b>Ä</b>");
+        EXPECT_EQ(window.textFormat(), Qt::PlainText);
+        EXPECT_EQ(window.windowTitle(), " in sub Next_Track");
+        EXPECT_EQ(window.icon(), QMessageBox::Question);
+        EXPECT_EQ(window.standardButtons(), QMessageBox::Yes | QMessageBox::No);
+        EXPECT_EQ(window.standardButton(window.defaultButton()), QMessageBox::No);
+        window.button(QMessageBox::Yes)->click();
+    });
+    EXPECT_EQ(dialogs_.showMessage({.text = "<b>\xC4</b>",
+                                    .title = " in sub Next_Track",
+                                    .icon = MessageIcon::Question,
+                                    .buttons = MessageButtons::YesNo,
+                                    .defaultAnswer = MessageAnswer::No}),
+              MessageAnswer::Yes);
+}
+
+TEST_F(QtDialogsTest, everyAnswerComesBack) {
+    constexpr std::array answers{
+        std::pair{QMessageBox::Yes, MessageAnswer::Yes},
+        std::pair{QMessageBox::No, MessageAnswer::No},
+        std::pair{QMessageBox::Cancel, MessageAnswer::Cancel},
+    };
+    for (const auto& [button, answer] : answers) {
+        const WhenShown<QMessageBox> user(
+            [pressed = button](QMessageBox& window) { window.button(pressed)->click(); });
+        EXPECT_EQ(dialogs_.showMessage({.text = "?", .buttons = MessageButtons::YesNoCancel}),
+                  answer);
+    }
+    const WhenShown<QMessageBox> user(
+        [](QMessageBox& window) { window.button(QMessageBox::Ok)->click(); });
+    EXPECT_EQ(dialogs_.showMessage({.text = "!", .buttons = MessageButtons::OkCancel}),
+              MessageAnswer::Ok);
+}
+
+TEST_F(QtDialogsTest, boxesWithTheSameTextDoNotPileUp) {
+    std::vector<std::string> logged;
+    dialogs_.logUnshownTo([&](const MessageBox& box) { logged.push_back(box.title); });
+    const WhenShown<QMessageBox> user([&](QMessageBox& window) {
+        EXPECT_EQ(dialogs_.showMessage({.text = "Overflow", .title = "second"}), MessageAnswer::Ok);
+        EXPECT_THAT(logged, ElementsAre("second"));
+        const WhenShown<QMessageBox> inner([](QMessageBox& other) { other.accept(); });
+        dialogs_.showMessage({.text = "another text", .title = "third"});
+        window.accept();
+    });
+    dialogs_.showMessage({.text = "Overflow", .title = "first"});
+    EXPECT_THAT(logged, ElementsAre("second"));
+    // Once closed it may come again.
+    const WhenShown<QMessageBox> later([](QMessageBox& window) { window.accept(); });
+    dialogs_.showMessage({.text = "Overflow", .title = "fourth"});
+    EXPECT_THAT(logged, ElementsAre("second"));
+}
+
+TEST_F(QtDialogsTest, openGivesTheFilesChosen) {
+    const std::string one = folder_.write("a b.mp3", "");
+    const std::string other = folder_.write("ü.mp3", "");
+    folder_.write("text.txt", "");
+    const WhenShown<QFileDialog> user([&](QFileDialog& window) {
+        EXPECT_EQ(window.windowTitle(), "Add");
+        EXPECT_EQ(window.fileMode(), QFileDialog::ExistingFiles);
+        EXPECT_EQ(window.nameFilters(), QStringList("Audio (*.mp3) (*.mp? *.ogg)"));
+        window.findChild<QLineEdit*>()->setText("\"a b.mp3\" \"ü.mp3\"");
+        QMetaObject::invokeMethod(&window, "accept");
+    });
+    EXPECT_THAT(dialogs_.openFiles({.title = "Add",
+                                    .filters = {{"Audio (*.mp3)", {"*.mp?", "*.ogg"}}},
+                                    .folder = folder_.path(),
+                                    .manyFiles = true}),
+                ElementsAre(one, other));
+}
+
+TEST_F(QtDialogsTest, saveAddsTheExtensionAndRemembersTheFolder) {
+    const WhenShown<QFileDialog> user([&](QFileDialog& window) {
+        window.findChild<QLineEdit*>()->setText("list");
+        QMetaObject::invokeMethod(&window, "accept");
+    });
+    EXPECT_EQ(dialogs_.saveFile({.title = "Save",
+                                 .filters = {{"M3U (*.m3u)", {"*.m3u"}}},
+                                 .folder = folder_.path(),
+                                 .defaultExtension = "m3u"}),
+              folder_ / "list.m3u");
+    const WhenShown<QFileDialog> later([&](QFileDialog& window) {
+        EXPECT_EQ(window.directory().absolutePath().toStdString(), folder_.path());
+        window.reject();
+    });
+    EXPECT_EQ(dialogs_.saveFile({.title = "Save"}), std::nullopt);
+}
+
+TEST_F(QtDialogsTest, aFolderIsChosenOrNot) {
+    std::filesystem::create_directory(folder_ / "music");
+    const WhenShown<QFileDialog> user([&](QFileDialog& window) {
+        EXPECT_EQ(window.fileMode(), QFileDialog::Directory);
+        window.findChild<QLineEdit*>()->setText("music");
+        QMetaObject::invokeMethod(&window, "accept");
+    });
+    EXPECT_EQ(dialogs_.chooseFolder({.title = "Rip to", .folder = folder_.path()}),
+              folder_ / "music");
+    const WhenShown<QFileDialog> second([](QFileDialog& window) { window.reject(); });
+    EXPECT_EQ(dialogs_.chooseFolder({.title = "Rip to"}), std::nullopt);
+    const WhenShown<QFileDialog> third([](QFileDialog& window) { window.reject(); });
+    EXPECT_THAT(dialogs_.openFiles({.title = "Add"}), ElementsAre());
+}
+
+} // namespace
+} // namespace tovik::host

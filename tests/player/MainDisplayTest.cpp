@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/MainDisplay.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tovik::player {
+namespace {
+
+using ui::MainElement;
+
+class Display : public testing::Test {
+protected:
+    [[nodiscard]] const ui::Element& element(MainElement name, std::size_t index = 0) const {
+        return elements_.get(name, index);
+    }
+
+    ui::MainElements elements_{ui::mainLayout()};
+    std::vector<std::string> captions_;
+    MainDisplay display_{elements_,
+                         [this](const std::string& caption) { captions_.push_back(caption); }};
+    NowPlaying playing_;
+};
+
+TEST_F(Display, facts) {
+    playing_.infoText = "128 kbps  44 KHZ";
+    playing_.fields = {"Artist", "Title", "Album", "Year", "Genre"};
+    display_.showFacts(playing_);
+    EXPECT_EQ(element(MainElement::musicinfo_img).caption, "128 kbps  44 KHZ");
+    for (std::size_t i = 0; i < kTagFields; ++i) {
+        EXPECT_EQ(element(MainElement::lblinfo, i).caption, playing_.fields[i]);
+    }
+}
+
+TEST_F(Display, theWordThatAppliesIsBright) {
+    playing_.mode = "Mono";
+    display_.showFacts(playing_);
+    const ui::Colour bright = element(MainElement::mono_img).textColour;
+    const ui::Colour dim = element(MainElement::Stereo_img).textColour;
+    EXPECT_GT(bright.red, dim.red);
+    playing_.mode = "Stereo";
+    display_.showFacts(playing_);
+    EXPECT_EQ(element(MainElement::mono_img).textColour, dim);
+    EXPECT_EQ(element(MainElement::Stereo_img).textColour, bright);
+    playing_.mode = "";
+    display_.showFacts(playing_);
+    EXPECT_EQ(element(MainElement::mono_img).textColour, dim);
+    EXPECT_EQ(element(MainElement::Stereo_img).textColour, dim);
+}
+
+TEST_F(Display, titles) {
+    playing_.scrollerText = " Song (01:00)";
+    playing_.caption = " Caption";
+    display_.showTitles(playing_);
+    EXPECT_EQ(element(MainElement::songname).caption, " Song (01:00)");
+    EXPECT_THAT(captions_, testing::ElementsAre(" Caption"));
+}
+
+TEST_F(Display, digits) {
+    const std::string colon = element(MainElement::timed, 3).caption;
+    playing_.time = "12:34";
+    display_.showTime(playing_);
+    EXPECT_EQ(element(MainElement::timed, 1).caption, "1");
+    EXPECT_EQ(element(MainElement::timed, 2).caption, "2");
+    EXPECT_EQ(element(MainElement::timed, 3).caption, colon);
+    EXPECT_EQ(element(MainElement::timed, 4).caption, "3");
+    EXPECT_EQ(element(MainElement::timed, 5).caption, "4");
+    EXPECT_FALSE(element(MainElement::timed, 0).visible);
+    playing_.countsDown = true;
+    display_.showTime(playing_);
+    EXPECT_TRUE(element(MainElement::timed, 0).visible);
+}
+
+TEST_F(Display, theMarkGoesFromTheLeftEndOfTheBarToTheRight) {
+    const ui::Element& bar = element(MainElement::posbar);
+    for (const double percent : {0.0, 50.0, 100.0}) {
+        playing_.percent = percent;
+        display_.showPosition(playing_);
+        EXPECT_DOUBLE_EQ(element(MainElement::track).left, bar.left + bar.width * percent / 100);
+    }
+}
+
+TEST_F(Display, fieldsAndTheirLabelsAreHiddenTogether) {
+    for (const bool visible : {false, true}) {
+        display_.showFields(visible);
+        for (std::size_t i = 0; i < kTagFields; ++i) {
+            EXPECT_EQ(element(MainElement::lbltag, i).visible, visible);
+            EXPECT_EQ(element(MainElement::lblinfo, i).visible, visible);
+        }
+    }
+}
+
+} // namespace
+} // namespace tovik::player

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Starting rows of the two lists.
+#include "player/PlayerRig.h"
+
+namespace tovik::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class PlayListRow : public PlayerRig {
+protected:
+    PlayListRow() {
+        for (const char* name : {"one", "two", "three"}) {
+            list_.AddItem("", track(name, {.seconds = 65}), name, "00:00", 0);
+        }
+    }
+};
+
+TEST_F(PlayListRow, theSelectedRowIsPlayedWhateverTheTextSays) {
+    list_.SelectedIndex = 2;
+    state_.SecondaryChannel = 40;
+    state_.SpareChannelC = 41;
+    state_.SpareChannelD = 42;
+    transport_.Stdss_Play("3");
+    EXPECT_THAT(std::vector(sound_.calls.begin(), sound_.calls.begin() + 7),
+                ElementsAre("BASS_StreamFree(40)", "BASS_MusicFree(40)", "BASS_StreamFree(41)",
+                            "BASS_MusicFree(41)", "BASS_StreamFree(42)", "BASS_MusicFree(42)",
+                            "BASS_Free()"));
+    EXPECT_EQ(state_.CurrentTitle, "two");
+    EXPECT_EQ(state_.CrossfadeLeg, 2);
+    EXPECT_EQ(state_.ActiveChannel, player::ChannelSlot::primary);
+    EXPECT_TRUE(state_.IsPlaying);
+    EXPECT_EQ(events_.report.path, host_.folder / "two");
+}
+
+TEST_F(PlayListRow, theLengthGoesIntoTheRowAlsoOfTheFirstTrack) {
+    list_.SelectedIndex = 2;
+    transport_.Stdss_Play("");
+    EXPECT_EQ(list_.seconds(2), 65);
+    EXPECT_EQ(list_.text(2, playlist::RowText::TimeText), "00:01:05");
+    EXPECT_EQ(list_.seconds(1), 0);
+    EXPECT_EQ(list_.TotalSeconds(), 65);
+}
+
+TEST_F(PlayListRow, titlesAreShownOnceMore) {
+    list_.SelectedIndex = 3;
+    transport_.Stdss_Play("");
+    EXPECT_THAT(view_.told, ElementsAre("fields shown", "facts", "titles", "facts", "titles"));
+    EXPECT_EQ(view_.last.caption, " three (01:05)");
+}
+
+TEST_F(PlayListRow, aRowThatCannotBePlayedStaysSelectedAndIsNamed) {
+    sound_.files.clear();
+    list_.SelectedIndex = 1;
+    transport_.Stdss_Play("");
+    EXPECT_FALSE(state_.IsPlaying);
+    EXPECT_EQ(list_.SelectedIndex, 1);
+    EXPECT_EQ(list_.seconds(1), 0);
+    EXPECT_EQ(view_.last.caption, " one (00:00)");
+    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+}
+
+TEST_F(PlayListRow, theItemOfThePlainListBecomesTheSelectedRow) {
+    mirror_.ListIndex(2);
+    transport_.List1_DblClick();
+    EXPECT_EQ(list_.SelectedIndex, 3);
+    EXPECT_EQ(state_.CurrentTitle, "three");
+    EXPECT_TRUE(state_.IsPlaying);
+    EXPECT_EQ(sound_.calls.front(), "BASS_Free()");
+}
+
+TEST_F(PlayListRow, thePlainListWithoutASelectionSoundsNothing) {
+    list_.SelectedIndex = 2;
+    transport_.List1_DblClick();
+    EXPECT_EQ(list_.SelectedIndex, 0);
+    EXPECT_FALSE(state_.IsPlaying);
+    EXPECT_EQ(state_.TracksStarted, 1);
+}
+
+TEST_F(PlayListRow, rowsOneAfterTheOther) {
+    for (std::int32_t item = 0; item < 3; ++item) {
+        mirror_.ListIndex(item);
+        transport_.List1_DblClick();
+    }
+    EXPECT_EQ(state_.TracksStarted, 3);
+    EXPECT_EQ(list_.seconds(1), 0); // the first track of a session does not tell its length
+    EXPECT_EQ(list_.seconds(2), 65);
+    EXPECT_EQ(list_.seconds(3), 65);
+}
+
+} // namespace
+} // namespace tovik::test

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/PlaybackClock.h"
+
+#include "player/PlayerRig.h"
+
+namespace tovik::test {
+namespace {
+
+using player::ChannelSlot;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class Clock : public PlayerRig {
+protected:
+    Clock() {
+        static_cast<void>(sound_.BASS_Init(1, 44100, 0, 0, 0));
+        sound_.files["f"] = {.seconds = 200};
+        state_.PrimaryChannel = sound_.BASS_StreamCreateFile(false, "f", 0, 0, 0);
+        state_.ActiveChannel = ChannelSlot::primary;
+        state_.IsPlaying = true;
+    }
+
+    player::PlaybackClock clock_{state_, time_, errors_, playing_, view_};
+};
+
+TEST_F(Clock, theDigitsShowTheTimePlayed) {
+    sound_.setSeconds(state_.PrimaryChannel, 75);
+    clock_.Timer1();
+    EXPECT_THAT(view_.told, ElementsAre("time"));
+    EXPECT_EQ(view_.last.time, "01:15");
+    EXPECT_FALSE(view_.last.countsDown);
+}
+
+TEST_F(Clock, orTheTimeLeft) {
+    state_.TimeDisplayMode = 1;
+    sound_.setSeconds(state_.PrimaryChannel, 75);
+    clock_.Timer1();
+    EXPECT_EQ(view_.last.time, "02:05");
+    EXPECT_TRUE(view_.last.countsDown);
+}
+
+TEST_F(Clock, anyOtherModeShowsTheTimePlayedBehindAMinus) {
+    state_.TimeDisplayMode = 2;
+    sound_.setSeconds(state_.PrimaryChannel, 75);
+    clock_.Timer1();
+    EXPECT_EQ(view_.last.time, "01:15");
+    EXPECT_TRUE(view_.last.countsDown);
+}
+
+TEST_F(Clock, hoursAreCutAway) {
+    sound_.files["f"].seconds = 5000;
+    state_.PrimaryChannel = sound_.BASS_StreamCreateFile(false, "f", 0, 0, 0);
+    sound_.setSeconds(state_.PrimaryChannel, 4500);
+    clock_.Timer1();
+    EXPECT_EQ(view_.last.time, "15:00");
+}
+
+TEST_F(Clock, theMarkIsAtTheRoundedPercent) {
+    for (const auto& [seconds, percent] :
+         {std::pair{0, 0}, {1, 0}, {3, 2}, {100, 50}, {198, 99}, {199, 100}, {200, 100}}) {
+        sound_.setSeconds(state_.PrimaryChannel, seconds);
+        clock_.Timer3();
+        EXPECT_EQ(view_.last.percent, percent) << seconds;
+    }
+}
+
+TEST_F(Clock, nothingMovesWhileNothingPlays) {
+    state_.IsPlaying = false;
+    clock_.Timer1();
+    clock_.Timer3();
+    EXPECT_THAT(view_.told, IsEmpty());
+}
+
+TEST_F(Clock, withoutAnActiveChannelTheDigitsStay) {
+    state_.ActiveChannel = ChannelSlot::none;
+    clock_.Timer1();
+    EXPECT_THAT(view_.told, IsEmpty());
+    clock_.Timer3();
+    EXPECT_EQ(view_.last.percent, 0);
+}
+
+TEST_F(Clock, theSecondaryChannelIsReadWhenItIsTheActiveOne) {
+    state_.SecondaryChannel = sound_.BASS_StreamCreateFile(false, "f", 0, 0, 0);
+    sound_.setSeconds(state_.SecondaryChannel, 20);
+    state_.ActiveChannel = ChannelSlot::secondary;
+    clock_.Timer1();
+    clock_.Timer3();
+    EXPECT_EQ(view_.last.time, "00:20");
+    EXPECT_EQ(view_.last.percent, 10);
+}
+
+TEST_F(Clock, aDeadChannelDoesNoHarm) {
+    state_.PrimaryChannel = 99;
+    clock_.Timer1();
+    clock_.Timer3();
+    EXPECT_EQ(view_.last.time, "00:00");
+    EXPECT_EQ(view_.last.percent, 0);
+    EXPECT_THAT(logged(), IsEmpty());
+}
+
+} // namespace
+} // namespace tovik::test

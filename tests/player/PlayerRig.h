@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The player's parts over a sound library without sound, in a data folder of a test's own.
+#pragma once
+
+#include "config/clsXML.h"
+#include "player/Transport.h"
+#include "support/host/TestHost.h"
+#include "support/sound/FakeSoundLibrary.h"
+#include "tags/TagWarning.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tovik::test {
+
+/// Writes down what a window is told, and keeps the record as it was told last.
+class RecordingView final : public player::NowPlayingView {
+public:
+    std::vector<std::string> told;
+    std::vector<std::array<std::string, player::kTagFields>> facts; ///< the fields at each telling
+    player::NowPlaying last;
+
+    void showFacts(const player::NowPlaying& playing) override {
+        facts.push_back(playing.fields);
+        note("facts", playing);
+    }
+
+    void showTitles(const player::NowPlaying& playing) override { note("titles", playing); }
+
+    void showTime(const player::NowPlaying& playing) override { note("time", playing); }
+
+    void showPosition(const player::NowPlaying& playing) override { note("position", playing); }
+
+    void showFields(bool visible) override {
+        told.emplace_back(visible ? "fields shown" : "fields hidden");
+    }
+
+private:
+    void note(const char* what, const player::NowPlaying& playing) {
+        told.emplace_back(what);
+        last = playing;
+    }
+};
+
+/// Writes down who was told of a track.
+class RecordingEvents final : public player::TrackEvents {
+public:
+    std::vector<std::string> told;
+    player::TrackReport report;
+
+    void showTitlePopup(const std::string& text) override { told.push_back("popup " + text); }
+
+    void reportTrack(const player::TrackReport& track) override {
+        told.emplace_back("track");
+        report = track;
+    }
+
+    void reportNothing(const std::string& format, const std::string& word) override {
+        told.push_back("nothing " + format + " " + word);
+    }
+
+    void restartVisualisation() override { told.emplace_back("visualisation"); }
+
+    void stopVisualisation() override { told.emplace_back("no visualisation"); }
+};
+
+/// A window that only has a number.
+class NumberedWindow final : public player::PlayerWindow {
+public:
+    static constexpr std::uintptr_t kNumber = 77;
+
+    [[nodiscard]] std::uintptr_t handle() const override { return kNumber; }
+};
+
+/// The texts of an ID3v1 tag.
+struct TagTexts {
+    std::string title{};
+    std::string artist{};
+    std::string album{};
+    std::string year{};
+    char genre = 0;
+    char padding = '\0';
+};
+
+class PlayerRig : public testing::Test {
+protected:
+    PlayerRig();
+
+    /// Sets one key of the settings file, or takes it out.
+    void set(const std::string& key, const std::string& text);
+    void takeOut(const std::string& key);
+
+    /// A file on the disk that the sound library knows; returns its path.
+    std::string track(const std::string& name, const FakeFile& sound, std::size_t bytes = 1000,
+                      const TagTexts* tag = nullptr);
+
+    /// Puts a row into the list and fetches it, as callers of `Burnbaby` do.
+    void fetchRow(const std::string& path, const std::string& title);
+
+    /// Date, version and system apart, the lines of the log: "description,number,module,word".
+    [[nodiscard]] std::vector<std::string> logged() const;
+
+    TestHost host_;
+    FakeSoundLibrary sound_;
+    player::PlayerState state_;
+    config::clsXML xml_;
+    config::Settings settings_{host_.paths, xml_};
+    config::ErrHandler log_{host_.paths, host_.clock, host_.operatingSystem};
+    config::Errors errors_{log_, host_.dialogs};
+    player::CBASS_TIME time_{sound_};
+    tags::TagWarning tagWarning_{host_.dialogs};
+    tags::cMP3ID3v1 tag_{tagWarning_};
+    playlist::stdSS list_;
+    playlist::ListMirror mirror_{list_};
+    player::NowPlaying playing_;
+    RecordingView view_;
+    RecordingEvents events_;
+    NumberedWindow window_;
+    ui::MainElements elements_{ui::mainLayout()};
+    player::TrackOpener opener_{sound_};
+    player::Volume volume_{state_, sound_, settings_};
+    player::TrackFacts facts_{state_, time_, settings_, tag_, list_, playing_, view_, events_};
+    std::unique_ptr<host::Timer> Timer3_ = host_.clock.makeTimer([] {});
+    player::Transport transport_;
+
+private:
+    void writeSettings() const;
+
+    std::map<std::string, std::string> values_;
+};
+
+} // namespace tovik::test

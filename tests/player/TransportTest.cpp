@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Stop, pause, the buttons and the small jumps.
+#include "player/PlayerRig.h"
+
+namespace tovik::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using ui::MainElement;
+
+class Transport : public PlayerRig {
+protected:
+    std::string startRow(const FakeFile& file) {
+        std::string path = track("a", file);
+        fetchRow(path, "Song");
+        transport_.Burnbaby(path, 0, "");
+        sound_.calls.clear();
+        events_.told.clear();
+        view_.told.clear();
+        return path;
+    }
+};
+
+TEST_F(Transport, stopFreesBothStreams) {
+    startRow({.seconds = 10});
+    state_.SecondaryChannel = 40;
+    transport_.Stop_play();
+    EXPECT_THAT(sound_.calls, ElementsAre("BASS_StreamFree(1)", "BASS_StreamFree(40)"));
+    EXPECT_THAT(events_.told, ElementsAre("no visualisation", "nothing {0} - {1} Music"));
+    EXPECT_FALSE(state_.IsPlaying);
+    EXPECT_FALSE(Timer3_->enabled());
+    EXPECT_FALSE(sound_.lives(1));
+    EXPECT_TRUE(sound_.initialized);
+}
+
+TEST_F(Transport, stopLeavesAModuleToTheNextStart) {
+    startRow({.kind = FakeKind::music, .seconds = 10});
+    transport_.Stop_play();
+    EXPECT_EQ(sound_.BASS_ChannelIsActive(1), sound::Activity::playing);
+    EXPECT_FALSE(state_.IsPlaying);
+    transport_.Burnbaby("", 0, "");
+    EXPECT_FALSE(sound_.lives(1));
+}
+
+TEST_F(Transport, stopOfNothingOnlyTellsIt) {
+    Timer3_->setEnabled(true);
+    transport_.Stop_play();
+    EXPECT_THAT(sound_.calls, IsEmpty());
+    EXPECT_THAT(events_.told, ElementsAre("nothing {0} - {1} Music"));
+    EXPECT_TRUE(Timer3_->enabled());
+}
+
+TEST_F(Transport, pauseActsOnTheWholeOutput) {
+    startRow({.seconds = 10});
+    transport_.pause();
+    EXPECT_TRUE(state_.IsPlaying);
+    EXPECT_TRUE(state_.IsPaused);
+    EXPECT_TRUE(sound_.paused);
+    transport_.pause();
+    EXPECT_TRUE(state_.IsPlaying);
+    EXPECT_FALSE(state_.IsPaused);
+    EXPECT_FALSE(sound_.paused);
+    EXPECT_THAT(sound_.calls, ElementsAre("BASS_Pause()", "BASS_Start()"));
+}
+
+TEST_F(Transport, pauseOfNothingDoesNothing) {
+    transport_.pause();
+    EXPECT_FALSE(state_.IsPaused);
+    EXPECT_THAT(sound_.calls, IsEmpty());
+}
+
+TEST_F(Transport, stopWhilePausedKeepsTheFlagUntilTheNextStart) {
+    const std::string path = startRow({.seconds = 10});
+    transport_.pause();
+    transport_.Stop_play();
+    EXPECT_FALSE(state_.IsPlaying);
+    EXPECT_TRUE(state_.IsPaused);
+    transport_.Burnbaby(path, 0, "");
+    EXPECT_TRUE(state_.IsPlaying);
+    EXPECT_FALSE(state_.IsPaused);
+    EXPECT_FALSE(sound_.paused);
+}
+
+TEST_F(Transport, playWhilePausedStartsTheRowAnew) {
+    startRow({.seconds = 10});
+    sound_.setSeconds(1, 5);
+    transport_.pause();
+    elements_.touch(MainElement::playup).visible = false;
+    elements_.touch(MainElement::playdown).visible = true;
+    transport_.button_play();
+    EXPECT_TRUE(elements_.get(MainElement::playup).visible);
+    EXPECT_FALSE(elements_.get(MainElement::playdown).visible);
+    EXPECT_FALSE(state_.IsPaused);
+    EXPECT_TRUE(state_.IsPlaying);
+    EXPECT_FALSE(sound_.paused);
+    EXPECT_EQ(time_.GetPlayingPos(state_.PrimaryChannel), 0);
+    EXPECT_EQ(state_.TracksStarted, 2);
+    EXPECT_FALSE(sound_.lives(1));
+}
+
+TEST_F(Transport, playOfAnEmptyListOnlyShowsTheButton) {
+    elements_.touch(MainElement::playup).visible = false;
+    state_.IsPaused = true;
+    transport_.button_play();
+    EXPECT_TRUE(elements_.get(MainElement::playup).visible);
+    EXPECT_TRUE(state_.IsPaused);
+    EXPECT_THAT(sound_.calls, IsEmpty());
+    EXPECT_EQ(state_.TracksStarted, 0);
+}
+
+TEST_F(Transport, playOfARestoredListWithoutSelectionSoundsNothing) {
+    list_.AddItem("", track("a.mp3", {.seconds = 10}), "Song", "00:10", 10);
+    transport_.button_play();
+    EXPECT_FALSE(state_.IsPlaying);
+    EXPECT_EQ(state_.TracksStarted, 1);
+    EXPECT_EQ(list_.SelectedIndex, 0);
+    EXPECT_EQ(list_.seconds(1), 10);
+}
+
+TEST_F(Transport, theButtonOfPause) {
+    startRow({.seconds = 10});
+    elements_.touch(MainElement::pauseup).visible = false;
+    elements_.touch(MainElement::pausedown).visible = true;
+    transport_.button_pause();
+    EXPECT_TRUE(elements_.get(MainElement::pauseup).visible);
+    EXPECT_FALSE(elements_.get(MainElement::pausedown).visible);
+    EXPECT_TRUE(state_.IsPaused);
+}
+
+TEST_F(Transport, theButtonOfStopSetsDigitsAndMarkBack) {
+    startRow({.seconds = 10});
+    playing_.time = "00:07";
+    playing_.percent = 70;
+    transport_.button_stop();
+    EXPECT_THAT(view_.told, ElementsAre("time", "position"));
+    EXPECT_EQ(view_.last.time, "00:00");
+    EXPECT_EQ(view_.last.percent, 0);
+    EXPECT_FALSE(state_.IsPlaying);
+}
+
+TEST_F(Transport, fiveSecondsOnAndBack) {
+    startRow({.seconds = 20});
+    transport_.five_seconds_fwd();
+    transport_.five_seconds_fwd();
+    EXPECT_EQ(time_.GetPlayingPos(1), 10);
+    transport_.five_seconds_bck();
+    EXPECT_EQ(time_.GetPlayingPos(1), 5);
+}
+
+TEST_F(Transport, fiveSecondsBeyondTheEndsAreRefused) {
+    startRow({.seconds = 20});
+    sound_.setSeconds(1, 4);
+    transport_.five_seconds_bck();
+    EXPECT_EQ(time_.GetPlayingPos(1), 4);
+    sound_.setSeconds(1, 16);
+    transport_.five_seconds_fwd();
+    EXPECT_EQ(time_.GetPlayingPos(1), 16);
+    sound_.setSeconds(1, 15);
+    transport_.five_seconds_fwd();
+    EXPECT_EQ(time_.GetPlayingPos(1), 20);
+    sound_.setSeconds(1, 5);
+    transport_.five_seconds_bck();
+    EXPECT_EQ(time_.GetPlayingPos(1), 0);
+}
+
+TEST_F(Transport, fiveSecondsGoToTheActiveChannel) {
+    startRow({.seconds = 20});
+    sound_.files["other"] = {.seconds = 30};
+    state_.SecondaryChannel = sound_.BASS_StreamCreateFile(false, "other", 0, 0, 0);
+    state_.ActiveChannel = player::ChannelSlot::secondary;
+    transport_.five_seconds_fwd();
+    EXPECT_EQ(time_.GetPlayingPos(state_.SecondaryChannel), 5);
+    EXPECT_EQ(time_.GetPlayingPos(1), 0);
+}
+
+TEST_F(Transport, fiveSecondsOfNothing) {
+    transport_.five_seconds_fwd();
+    transport_.five_seconds_bck();
+    EXPECT_FALSE(state_.IsPlaying);
+}
+
+} // namespace
+} // namespace tovik::test

@@ -1,0 +1,255 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "playlist/PlaylistFiles.h"
+
+#include "base/RuntimeError.h"
+#include "playlist/FileNames.h"
+#include "playlist/ListMirror.h"
+#include "playlist/Lists.h"
+#include "support/host/TemporaryFolder.h"
+#include "support/host/Unprivileged.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+
+namespace tovik::playlist {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// A pump that counts its steps and runs the test's code in each.
+class ScriptedPump final : public host::MessagePump {
+public:
+    int steps = 0;
+    std::function<bool()> inStep;
+
+    [[nodiscard]] bool Step() override {
+        ++steps;
+        return !inStep || inStep();
+    }
+};
+
+class PlaylistFilesTest : public testing::Test {
+protected:
+    int read(std::string_view text) { return files.open_m3u(folder.write("list.m3u", text)); }
+
+    /// The number of the error that reading raises; 0 for none.
+    int errorOf(const std::string& path) {
+        try {
+            static_cast<void>(files.open_m3u(path));
+        } catch (const base::RuntimeError& error) {
+            return error.number();
+        }
+        return 0;
+    }
+
+    int errorOfText(std::string_view text) { return errorOf(folder.write("list.m3u", text)); }
+
+    /// Each row as "file name|title|time text|seconds".
+    [[nodiscard]] std::vector<std::string> rows() {
+        std::vector<std::string> rows;
+        for (Row row = 1; row <= list.ListCount(); ++row) {
+            list.GetData(row);
+            EXPECT_EQ(list.OutItemData, "");
+            rows.push_back(list.OutFileName + "|" + list.OutTitle + "|" + list.OutTimeText + "|" +
+                           std::to_string(list.OutSeconds));
+        }
+        return rows;
+    }
+
+    test::TemporaryFolder folder;
+    host::Paths paths{folder.path()};
+    ScriptedPump pump;
+    stdSS list;
+    PlaylistFiles files{list, pump, paths};
+};
+
+TEST_F(PlaylistFilesTest, aListOfTheUsualForm) {
+    EXPECT_EQ(read("#EXTM3U\r\n#EXTINF:215,First song\r\n/music/first.mp3\r\n"
+                   "#EXTINF:60,A, B\r\nhttp://x/y\r\n"),
+              1);
+    EXPECT_THAT(rows(),
+                ElementsAre("/music/first.mp3|First song|03:35|215", "http://x/y|A, B|01:00|60"));
+}
+
+TEST_F(PlaylistFilesTest, anEmptyPathIsNoList) {
+    EXPECT_EQ(files.open_m3u(""), 0);
+    EXPECT_EQ(list.ListCount(), 0);
+}
+
+TEST_F(PlaylistFilesTest, pathsAloneHaveNoTitlesAndNoTimes) {
+    EXPECT_EQ(read("a.mp3\nb.mp3"), 1);
+    EXPECT_THAT(rows(), ElementsAre("a.mp3||00:00|0", "b.mp3||00:00|0"));
+    EXPECT_EQ(pump.steps, 0);
+}
+
+TEST_F(PlaylistFilesTest, titleAndLengthAreCarriedOver) {
+    EXPECT_EQ(read("zero\n#EXTINF:5,T\none\ntwo\n#EXTINF:nothing here\nthree\n"), 1);
+    EXPECT_THAT(rows(),
+                ElementsAre("zero||00:00|0", "one|T|00:05|5", "two|T|00:05|5", "three|T|00:05|5"));
+}
+
+TEST_F(PlaylistFilesTest, aTitleWithoutALength) {
+    EXPECT_EQ(read("#EXTINF:5,T\none\n#EXTINF,U\ntwo\n"), 1);
+    EXPECT_THAT(rows(), ElementsAre("one|T|00:05|5", "two|U|00:05|5"));
+}
+
+TEST_F(PlaylistFilesTest, whateverIsNoDirectiveIsAnEntry) {
+    EXPECT_EQ(read("# x\n\n  /a.mp3  \n#extinf:1,x\n#EXTGRP:y\n#EXT\n"), 1);
+    EXPECT_THAT(rows(), ElementsAre("# x||00:00|0", "||00:00|0", "  /a.mp3||00:00|0",
+                                    "#extinf:1,x||00:00|0"));
+}
+
+TEST_F(PlaylistFilesTest, lengthsOfOtherKinds) {
+    EXPECT_EQ(read("#EXTINF:-1,S\na\n#EXTINF: 12.5 ,S\nb\n#EXTINF:360000,S\nc\n"), 1);
+    EXPECT_THAT(rows(), ElementsAre("a|S|00:00|-1", "b|S|00:12|12", "c|S|00:00|360000"));
+}
+
+TEST_F(PlaylistFilesTest, aLengthThatIsNoNumberStopsTheRead) {
+    EXPECT_EQ(errorOfText("#EXTINF:1,A\na\n#EXTINF:abc,X\nb\n"), 13);
+    EXPECT_THAT(rows(), ElementsAre("a|A|00:01|1"));
+    EXPECT_EQ(errorOfText("#EXTINF,12:34\n"), 13);
+    EXPECT_EQ(errorOfText("#EXTINF:,X\n"), 13);
+    EXPECT_EQ(errorOfText("#EXTINF:2147483648,X\n"), 6);
+    EXPECT_EQ(errorOfText("#EXTINF:2147483647,X\n"), 0);
+}
+
+TEST_F(PlaylistFilesTest, filesThatCannotBeRead) {
+    EXPECT_EQ(errorOf(folder / "none.m3u"), 53);
+    EXPECT_EQ(errorOf(folder.path()), 75);
+    std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
+    const std::string secret = folder.write("secret.m3u", "a\n");
+    std::filesystem::permissions(secret, std::filesystem::perms::none);
+    const test::Unprivileged guard;
+    EXPECT_EQ(errorOf(secret), 70);
+}
+
+TEST_F(PlaylistFilesTest, readingAppends) {
+    EXPECT_EQ(read("a\n"), 1);
+    EXPECT_EQ(read("a\n"), 1);
+    EXPECT_THAT(titlesOf(list), ElementsAre("", ""));
+    EXPECT_EQ(read(""), 1);
+    EXPECT_EQ(list.ListCount(), 2);
+}
+
+TEST_F(PlaylistFilesTest, theMirrorShowsTheTitles) {
+    const ListMirror List1(list);
+    EXPECT_EQ(read("#EXTINF:1,A\na\n#EXTINF:1,B\nb\n"), 1);
+    EXPECT_EQ(List1.ListCount(), 2);
+    EXPECT_EQ(List1.List(1), "B");
+}
+
+TEST_F(PlaylistFilesTest, itGivesWayTwiceAtEachInfo) {
+    EXPECT_EQ(read("#EXTINF:1,A\na\n#EXTINF:1,B\nb\n#EXTINF\n"), 1);
+    EXPECT_EQ(pump.steps, 4);
+}
+
+TEST_F(PlaylistFilesTest, itEndsWithTheProgram) {
+    pump.inStep = [this] { return pump.steps < 4; };
+    EXPECT_EQ(read("#EXTINF:1,A\na\n#EXTINF:1,B\nb\n#EXTINF:1,C\nc\n"), 0);
+    EXPECT_EQ(pump.steps, 4);
+    EXPECT_THAT(titlesOf(list), ElementsAre("A"));
+}
+
+TEST_F(PlaylistFilesTest, theStopFlagEndsThisAndEveryLaterRead) {
+    pump.inStep = [this] { return files.StopM3u = pump.steps == 3 || files.StopM3u, true; };
+    EXPECT_EQ(read("#EXTINF:1,A\na\n#EXTINF:x,B\nb\n"), 1); // stopped before "x" is looked at
+    EXPECT_THAT(titlesOf(list), ElementsAre("A"));
+    EXPECT_EQ(pump.steps, 3);
+    EXPECT_EQ(read("bare\n#EXTINF:1,C\nc\n"), 1);
+    EXPECT_THAT(rows(), ElementsAre("a|A|00:01|1", "bare||00:00|0"));
+    EXPECT_EQ(pump.steps, 3);
+}
+
+TEST_F(PlaylistFilesTest, theListMayBeClearedMeanwhile) {
+    pump.inStep = [this] {
+        if (pump.steps == 4) {
+            list.Clear();
+        }
+        return true;
+    };
+    EXPECT_EQ(read("#EXTINF:1,A\na\n#EXTINF:1,B\nb\n"), 1);
+    EXPECT_THAT(titlesOf(list), ElementsAre("B"));
+}
+
+TEST_F(PlaylistFilesTest, theListComesBackInTheNextSession) {
+    folder.write("db/settings.xml", "");
+    list.AddItem("data", "/a b.mp3", "A, B: C", "9:99", 215);
+    list.AddItem("", "\xFF\xFE.mp3", "\xC3\xA4", "", 0);
+    list.SelectIndex(1);
+    list.Play(2);
+    files.autosave_playlist();
+    EXPECT_EQ(folder.read("db/autosave.m3u"), "#EXTM3U\r\n#EXTINF:215,A, B: C\r\n/a b.mp3\r\n"
+                                              "#EXTINF:0,\xC3\xA4\r\n\xFF\xFE.mp3\r\n");
+    list.Clear();
+    EXPECT_EQ(files.AutosaveOnExit, 0);
+    files.autoload_playlist();
+    EXPECT_EQ(files.AutosaveOnExit, 1);
+    EXPECT_THAT(rows(), ElementsAre("/a b.mp3|A, B: C|03:35|215", "\xFF\xFE.mp3|\xC3\xA4|00:00|0"));
+    EXPECT_EQ(list.SelectedIndex, 0);
+    EXPECT_THAT(markedRows(list), IsEmpty());
+    EXPECT_EQ(playedRow(list), 0);
+}
+
+TEST_F(PlaylistFilesTest, anEmptyListIsSavedToo) {
+    folder.write("db/autosave.m3u", "#EXTM3U\r\n/old\r\n");
+    files.autosave_playlist();
+    EXPECT_EQ(folder.read("db/autosave.m3u"), "#EXTM3U\r\n");
+}
+
+TEST_F(PlaylistFilesTest, aFailedSaveIsToldAndLeavesTheOldFile) {
+    const auto saveError = [this] {
+        try {
+            files.autosave_playlist();
+        } catch (const base::RuntimeError& error) {
+            return error.number();
+        }
+        return 0;
+    };
+    EXPECT_EQ(saveError(), 53); // no folder
+    folder.write("db/autosave.m3u", "old");
+    std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
+    std::filesystem::permissions(folder / "db", std::filesystem::perms::owner_read |
+                                                    std::filesystem::perms::others_read |
+                                                    std::filesystem::perms::others_exec);
+    {
+        const test::Unprivileged guard;
+        EXPECT_EQ(saveError(), 70);
+    }
+    std::filesystem::permissions(folder / "db", std::filesystem::perms::all);
+    EXPECT_EQ(folder.read("db/autosave.m3u"), "old");
+}
+
+TEST_F(PlaylistFilesTest, aMissingSavedListIsTold) {
+    EXPECT_THROW(files.autoload_playlist(), base::RuntimeError);
+    EXPECT_EQ(files.AutosaveOnExit, 0);
+}
+
+TEST_F(PlaylistFilesTest, aListLoadedInPartIsNotSaved) {
+    EXPECT_FALSE(files.savesAtExit(false));
+    EXPECT_TRUE(files.savesAtExit(true));
+    files.AutosaveOnExit = 1;
+    EXPECT_TRUE(files.savesAtExit(false));
+    EXPECT_TRUE(files.savesAtExit(true));
+}
+
+TEST(FileNames, extensions) {
+    EXPECT_EQ(get_extension("/a/b.mp3"), "mp3");
+    EXPECT_EQ(get_extension("a.tar.GZ"), "GZ");
+    EXPECT_EQ(get_extension("name"), "");
+    EXPECT_EQ(get_extension("name."), "");
+    EXPECT_EQ(get_extension(""), "");
+    EXPECT_EQ(get_extension("/a.b/c"), "b/c");
+}
+
+TEST(FileNames, lastParts) {
+    EXPECT_EQ(GetLastBackSlash(R"(c:\music\a.mp3)"), "a.mp3");
+    EXPECT_EQ(GetLastBackSlash("/music/a\\b.mp3"), "a\\b.mp3");
+    EXPECT_EQ(GetLastBackSlash("a.mp3"), "a.mp3");
+    EXPECT_EQ(GetLastBackSlash("/music/"), "");
+    EXPECT_EQ(GetLastBackSlash(""), "");
+}
+
+} // namespace
+} // namespace tovik::playlist

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The families of the sound library that the fake leaves without effect: every call fails.
+#pragma once
+
+#include "sound/SoundLibrary.h"
+
+namespace tovik::test {
+
+class UnusedDiscs : public virtual sound::DiscOperations {
+public:
+    std::optional<std::string> BASS_CD_GetDriveDescription(std::uint32_t) override { return {}; }
+
+    int BASS_CD_GetDriveLetter(std::uint32_t) override { return -1; }
+
+    bool BASS_CD_GetInfo(std::uint32_t, sound::BASS_CD_INFO&) override { return false; }
+
+    bool BASS_CD_IsReady(std::uint32_t) override { return false; }
+
+    int BASS_CD_GetTracks(std::uint32_t) override { return -1; }
+
+    std::int64_t BASS_CD_GetTrackLength(std::uint32_t, std::uint32_t) override { return -1; }
+
+    std::optional<std::string> BASS_CD_GetID(std::uint32_t, std::uint32_t) override { return {}; }
+
+    bool BASS_CD_Door(std::uint32_t, std::uint32_t) override { return false; }
+};
+
+class UnusedNetwork : public virtual sound::NetworkOperations {
+public:
+    sound::Handle BASS_StreamCreateURL(std::string_view, std::uint32_t, std::uint32_t,
+                                       sound::DownloadRoutine, std::uintptr_t) override {
+        return sound::kNoHandle;
+    }
+
+    std::optional<std::string> BASS_StreamGetTags(sound::Handle, std::uint32_t) override {
+        return {};
+    }
+};
+
+class UnusedEncoders : public virtual sound::EncodeOperations {
+public:
+    bool BASS_Encode_Start(sound::Handle, std::string_view, std::uint32_t) override {
+        return false;
+    }
+
+    bool BASS_Encode_Stop(sound::Handle) override { return false; }
+
+    sound::Handle BASS_WMA_EncodeOpenFile(std::uint32_t, std::uint32_t, std::uint32_t,
+                                          std::string_view) override {
+        return sound::kNoHandle;
+    }
+
+    bool BASS_WMA_EncodeSetTag(sound::Handle, std::string_view, std::string_view) override {
+        return false;
+    }
+
+    bool BASS_WMA_EncodeWrite(sound::Handle, std::span<const std::byte>) override { return false; }
+
+    bool BASS_WMA_EncodeClose(sound::Handle) override { return false; }
+};
+
+class UnusedVisuals : public virtual sound::VisualOperations {
+public:
+    bool BASS_SONIQUEVIS_CreateFakeSoniqueWnd() override { return false; }
+
+    sound::Handle BASS_SONIQUEVIS_CreateVis(std::string_view, std::string_view, std::uint32_t, int,
+                                            int) override {
+        return sound::kNoHandle;
+    }
+
+    std::string BASS_SONIQUEVIS_GetName(sound::Handle) override { return {}; }
+
+    bool BASS_SONIQUEVIS_Render(sound::Handle, sound::Handle,
+                                const sound::VisualSurface&) override {
+        return false;
+    }
+
+    bool BASS_SONIQUEVIS_Clicked(sound::Handle, int, int) override { return false; }
+
+    bool BASS_SONIQUEVIS_Resize(sound::Handle, int, int) override { return false; }
+
+    bool BASS_SONIQUEVIS_Free(sound::Handle) override { return false; }
+};
+
+class UnusedEffects : public virtual sound::EffectOperations {
+public:
+    sound::Handle BASS_ChannelSetFX(sound::Handle, std::uint32_t) override {
+        return sound::kNoHandle;
+    }
+
+    bool BASS_FXGetParameters(sound::Handle, sound::BASS_FXPARAMEQ&) override { return false; }
+
+    bool BASS_FXSetParameters(sound::Handle, const sound::BASS_FXPARAMEQ&) override {
+        return false;
+    }
+};
+
+} // namespace tovik::test

@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/qt/ListWidget.h"
+#include "WindowRig.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QScrollBar>
+
+#include <set>
+
+namespace tovik::ui {
+namespace {
+
+using testing::ElementsAre;
+using testing::Optional;
+
+class Rows final : public ListModel, public ListInput {
+public:
+    std::size_t count = 100'000;
+    std::size_t chosen = 1;
+    mutable std::set<std::size_t> asked;
+    std::vector<std::string> calls;
+
+    [[nodiscard]] std::size_t rows() const override { return count; }
+
+    [[nodiscard]] std::string text(std::size_t row) const override {
+        asked.insert(row);
+        return "Row " + std::to_string(row);
+    }
+
+    [[nodiscard]] bool selected(std::size_t row) const override { return row == chosen; }
+
+    [[nodiscard]] bool marked(std::size_t row) const override { return row == 2; }
+
+    void selectRow(std::size_t row, Modifiers modifiers) override {
+        chosen = row;
+        calls.push_back("select " + std::to_string(row) + (modifiers.shift ? " shift" : ""));
+    }
+
+    void activateRow(std::size_t row) override {
+        calls.push_back("activate " + std::to_string(row));
+    }
+};
+
+class ListWidgetTest : public testing::Test {
+protected:
+    static constexpr int kHeight = 80;
+
+    Rows rows_;
+    host::Dispatcher dispatcher_;
+    ListWidget list_{rows_, rows_, dispatcher_};
+
+    void SetUp() override {
+        list_.resize(160, kHeight);
+        list_.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&list_));
+        test::WindowRig::settle();
+        rows_.asked.clear();
+    }
+
+    [[nodiscard]] QPoint middleOf(int visibleRow) const {
+        return {20, visibleRow * list_.rowHeight() + list_.rowHeight() / 2};
+    }
+
+    [[nodiscard]] std::size_t mostVisible() const {
+        return static_cast<std::size_t>(kHeight / list_.rowHeight()) + 2;
+    }
+};
+
+TEST_F(ListWidgetTest, onlyVisibleRowsAreAskedFor) {
+    static_cast<void>(list_.grab());
+    EXPECT_LE(rows_.asked.size(), mostVisible());
+    EXPECT_EQ(*rows_.asked.begin(), 0U);
+    rows_.asked.clear();
+    list_.verticalScrollBar()->setValue(list_.verticalScrollBar()->maximum());
+    static_cast<void>(list_.grab());
+    EXPECT_LE(rows_.asked.size(), mostVisible());
+    EXPECT_EQ(*rows_.asked.rbegin(), 99'999U);
+}
+
+TEST_F(ListWidgetTest, scrollsThroughTheWholeListByAskingForItsPagesOnly) {
+    std::size_t asked = 0;
+    QScrollBar& bar = *list_.verticalScrollBar();
+    constexpr int kStops = 200;
+    for (int stop = 0; stop <= kStops; ++stop) {
+        rows_.asked.clear();
+        bar.setValue(static_cast<int>(std::int64_t{bar.maximum()} * stop / kStops));
+        test::WindowRig::settle();
+        asked += rows_.asked.size();
+    }
+    EXPECT_LE(asked, (kStops + 1) * mostVisible());
+    EXPECT_GE(asked, kStops * (mostVisible() - 3));
+}
+
+TEST_F(ListWidgetTest, pressesSelectAndDoubleClicksActivate) {
+    QTest::mouseClick(list_.viewport(), Qt::LeftButton, Qt::ShiftModifier, middleOf(2));
+    QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, middleOf(3));
+    QTest::mouseDClick(list_.viewport(), Qt::LeftButton, {}, middleOf(3));
+    EXPECT_THAT(rows_.calls, ElementsAre("select 2 shift", "select 3", "activate 3"));
+    EXPECT_THAT(list_.cursorRow(), Optional(3U));
+}
+
+TEST_F(ListWidgetTest, aPressBelowTheLastRowOrWithTheRightButtonOnASelectedRowChangesNothing) {
+    QTest::mouseClick(list_.viewport(), Qt::RightButton, {}, middleOf(1));
+    rows_.count = 2;
+    list_.refresh();
+    QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, middleOf(3));
+    QTest::mouseDClick(list_.viewport(), Qt::LeftButton, {}, middleOf(3));
+    EXPECT_TRUE(rows_.calls.empty());
+    QTest::mouseClick(list_.viewport(), Qt::RightButton, {}, middleOf(0));
+    EXPECT_THAT(rows_.calls, ElementsAre("select 0"));
+}
+
+TEST_F(ListWidgetTest, cursorKeysMoveAndEnterActivates) {
+    QTest::keyClick(&list_, Qt::Key_Return);
+    QTest::keyClick(&list_, Qt::Key_Down);
+    QTest::keyClick(&list_, Qt::Key_Down);
+    QTest::keyClick(&list_, Qt::Key_Up);
+    QTest::keyClick(&list_, Qt::Key_Up);
+    QTest::keyClick(&list_, Qt::Key_End);
+    QTest::keyClick(&list_, Qt::Key_Enter);
+    QTest::keyClick(&list_, Qt::Key_Home, Qt::ShiftModifier);
+    QTest::keyClick(&list_, Qt::Key_PageDown);
+    const auto page = static_cast<std::size_t>(list_.viewport()->height() / list_.rowHeight() - 1);
+    EXPECT_THAT(rows_.calls,
+                ElementsAre("select 0", "select 1", "select 0", "select 0", "select 99999",
+                            "activate 99999", "select 0 shift", "select " + std::to_string(page)));
+}
+
+TEST_F(ListWidgetTest, otherKeysGoOnToTheWindow) {
+    for (const int key : {Qt::Key_X, Qt::Key_Left, Qt::Key_Right, Qt::Key_Space}) {
+        QKeyEvent event(QEvent::KeyPress, key, {});
+        QApplication::sendEvent(&list_, &event);
+        EXPECT_FALSE(event.isAccepted()) << key;
+    }
+    rows_.count = 0;
+    QTest::keyClick(&list_, Qt::Key_Down);
+    EXPECT_TRUE(rows_.calls.empty());
+}
+
+TEST_F(ListWidgetTest, keysMayNotPointBeyondAListThatShrank) {
+    list_.setCursorRow(500);
+    rows_.count = 10;
+    list_.refresh();
+    EXPECT_EQ(list_.cursorRow(), std::nullopt);
+    QTest::keyClick(&list_, Qt::Key_Return);
+    EXPECT_TRUE(rows_.calls.empty());
+    list_.scrollToRow(500);
+    EXPECT_EQ(list_.verticalScrollBar()->value(), 0);
+}
+
+TEST_F(ListWidgetTest, scrollingToARowMovesAsLittleAsNeeded) {
+    list_.scrollToRow(1);
+    EXPECT_EQ(list_.verticalScrollBar()->value(), 0);
+    list_.scrollToRow(50'000);
+    const int bottom = 50'001 * list_.rowHeight() - list_.viewport()->height();
+    EXPECT_EQ(list_.verticalScrollBar()->value(), bottom);
+    list_.scrollToRow(49'999);
+    EXPECT_EQ(list_.verticalScrollBar()->value(), bottom);
+    list_.scrollToRow(10);
+    EXPECT_EQ(list_.verticalScrollBar()->value(), 10 * list_.rowHeight());
+}
+
+TEST_F(ListWidgetTest, rowsThatComeOneByOneArePaintedTogether) {
+    class PaintCounter final : public QObject {
+    public:
+        int paints = 0;
+
+        bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+            paints += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+    };
+
+    PaintCounter counter;
+    list_.viewport()->installEventFilter(&counter);
+    const int before = list_.verticalScrollBar()->maximum();
+    constexpr int kSoonMs = 50;
+    QElapsedTimer time;
+    time.start();
+    while (time.elapsed() < 4 * kSoonMs) {
+        ++rows_.count;
+        list_.refreshSoon();
+        QApplication::processEvents();
+    }
+    EXPECT_LE(counter.paints, time.elapsed() / kSoonMs + 1);
+    const auto all = static_cast<int>(rows_.count) * list_.rowHeight();
+    const auto allShown = [&] { return list_.verticalScrollBar()->maximum() == all - kHeight; };
+    EXPECT_TRUE(QTest::qWaitFor(allShown));
+    EXPECT_GT(list_.verticalScrollBar()->maximum(), before);
+}
+
+TEST_F(ListWidgetTest, oneRowIsPaintedAlone) {
+    test::PaintWatch painted(*list_.viewport());
+    list_.refreshRow(1);
+    test::WindowRig::settle();
+    EXPECT_EQ(painted.take(),
+              QRegion(0, list_.rowHeight(), list_.viewport()->width(), list_.rowHeight()));
+    EXPECT_THAT(rows_.asked, ElementsAre(1U));
+    list_.refreshRow(70'000);
+    test::WindowRig::settle();
+    EXPECT_TRUE(painted.regions.empty());
+}
+
+TEST_F(ListWidgetTest, selectedAndMarkedRowsStandOut) {
+    const QImage shown = list_.grab().toImage();
+    const auto backOf = [&](int row) {
+        return shown.pixelColor(1, row * list_.rowHeight() + list_.rowHeight() / 2);
+    };
+    EXPECT_NE(backOf(1), backOf(0));
+    EXPECT_EQ(backOf(2), backOf(0));
+    const auto looksLike = [&](int row, const QColor& colour) {
+        for (int y = row * list_.rowHeight(); y < (row + 1) * list_.rowHeight(); ++y) {
+            for (int x = 0; x < 60; ++x) {
+                const QColor seen = shown.pixelColor(x, y);
+                if (std::abs(seen.red() - colour.red()) < 60 &&
+                    std::abs(seen.blue() - colour.blue()) < 60) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    };
+    const QColor amber(255, 180, 60);
+    EXPECT_TRUE(looksLike(2, amber));
+    EXPECT_FALSE(looksLike(0, amber));
+}
+
+} // namespace
+} // namespace tovik::ui

@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "WindowRig.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QToolTip>
+#include <QWindow>
+
+namespace tovik::ui {
+namespace {
+
+using test::Small;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class SkinWindowTest : public testing::Test, protected test::WindowRig {
+protected:
+    void SetUp() override { ASSERT_TRUE(show()); }
+};
+
+TEST_F(SkinWindowTest, theRearmostElementGivesTheSize) {
+    EXPECT_EQ(window.size(), QSize(200, 100));
+    window.setScale(1.5);
+    EXPECT_EQ(window.size(), QSize(300, 150));
+    window.setScale(1);
+    table.touch(Small::ground).width = 250;
+    settle();
+    EXPECT_EQ(window.size(), QSize(250, 100));
+}
+
+TEST_F(SkinWindowTest, theMouseSpeaksInElements) {
+    moveMouse({44, 43});
+    notes.lines.clear();
+    QTest::mousePress(&window, Qt::LeftButton, Qt::ControlModifier, QPoint(45, 45));
+    EXPECT_EQ(notes.events.back().button, MouseButton::Left);
+    EXPECT_TRUE(notes.events.back().leftHeld);
+    EXPECT_TRUE(notes.events.back().modifiers.control);
+    QTest::mouseRelease(&window, Qt::LeftButton, {}, QPoint(46, 45));
+    EXPECT_FALSE(notes.events.back().leftHeld);
+    EXPECT_THAT(notes.lines, ElementsAre("down up(0) 5,5", "up up(0) 6,5"));
+}
+
+TEST_F(SkinWindowTest, placesAreSkinPixelsAtAnyScale) {
+    for (const double scale : {1.0, 1.25, 1.5, 2.0, 3.0}) {
+        window.setScale(scale);
+        notes.events.clear();
+        const QPointF place(45 * scale, 45 * scale);
+        QTest::mousePress(&window, Qt::LeftButton, {}, place.toPoint());
+        QTest::mouseRelease(&window, Qt::LeftButton, {}, place.toPoint());
+        ASSERT_EQ(notes.events.size(), 2U);
+        EXPECT_TRUE(notes.events.front().over(Small::up)) << scale;
+        EXPECT_NEAR(notes.events.front().x, 5, 0.5) << scale;
+        EXPECT_NEAR(notes.events.front().windowY, 45, 0.5) << scale;
+    }
+}
+
+TEST_F(SkinWindowTest, aDoubleClickAndTheWheel) {
+    QTest::mouseDClick(&window, Qt::LeftButton, {}, QPoint(12, 12));
+    QTest::mouseRelease(&window, Qt::LeftButton, {}, QPoint(12, 12));
+    EXPECT_THAT(notes.lines, ElementsAre("down title(0) 2,2", "double title(0) 2,2",
+                                         "up title(0) 2,2", "enter title(0)"));
+    notes.lines.clear();
+    QWheelEvent wheel(QPointF(31, 71), window.mapToGlobal(QPointF(31, 71)), {}, QPoint(0, 60), {},
+                      {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&window, &wheel);
+    EXPECT_THAT(notes.lines, ElementsAre("wheel lamp(1) 0.5,1 by 0.5"));
+}
+
+TEST_F(SkinWindowTest, leavingTheWindowLeavesTheElement) {
+    moveMouse({45, 45});
+    EXPECT_THAT(notes.lines, ElementsAre("enter up(0)", "move up(0) 5,5"));
+    notes.lines.clear();
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&window, &leave);
+    EXPECT_THAT(notes.lines, ElementsAre("leave up(0)"));
+}
+
+TEST_F(SkinWindowTest, keysGoToTheLogicAndUnusedOnesOn) {
+    QKeyEvent used(QEvent::KeyPress, Qt::Key_X, Qt::AltModifier);
+    QApplication::sendEvent(&window, &used);
+    EXPECT_TRUE(used.isAccepted());
+    ASSERT_EQ(notes.keys.size(), 1U);
+    EXPECT_EQ(notes.keys[0].code, 'X');
+    EXPECT_TRUE(notes.keys[0].modifiers.alt);
+    notes.usesKeys = false;
+    QKeyEvent unused(QEvent::KeyPress, Qt::Key_X, {});
+    QApplication::sendEvent(&window, &unused);
+    EXPECT_FALSE(unused.isAccepted());
+    QTest::keyClick(&window, Qt::Key_Tab);
+    EXPECT_EQ(notes.keys.back().code, 9);
+}
+
+TEST_F(SkinWindowTest, theLogicDecidesWhetherTheWindowCloses) {
+    EXPECT_FALSE(window.close());
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_THAT(notes.lines, ElementsAre("close"));
+}
+
+TEST_F(SkinWindowTest, anErrorOfTheLogicIsReportedAndTheWindowLivesOn) {
+    int reported = 0;
+    dispatcher.reportTo([&](const base::RuntimeError& error) { reported = error.number(); });
+    notes.onMouseDown = [] { throw base::RuntimeError(base::ErrorNumber::TypeMismatch); };
+    QTest::mousePress(&window, Qt::LeftButton, {}, QPoint(45, 45));
+    EXPECT_EQ(reported, 13);
+    QTest::mouseRelease(&window, Qt::LeftButton, {}, QPoint(45, 45));
+    EXPECT_TRUE(notes.events.back().over(Small::up));
+}
+
+TEST_F(SkinWindowTest, theCaptionIsShownAsItStands) {
+    window.setCaption("M\xF6gen [*] <b>");
+    EXPECT_EQ(window.windowHandle()->title(), QString::fromUtf8("Mögen [*] <b>"));
+}
+
+TEST_F(SkinWindowTest, tooltipsArePlainWords) {
+    table.touch(Small::up).tooltip = "<b>Play</b>";
+    QHelpEvent help(QEvent::ToolTip, QPoint(45, 45), window.mapToGlobal(QPoint(45, 45)));
+    QApplication::sendEvent(&window, &help);
+    EXPECT_EQ(QToolTip::text(), "&lt;b&gt;Play&lt;/b&gt;");
+    QToolTip::hideText();
+}
+
+TEST_F(SkinWindowTest, aControlFollowsItsRecord) {
+    QWidget control;
+    window.hostControl(Small::list, 0, &control);
+    EXPECT_EQ(control.parentWidget(), &window);
+    EXPECT_TRUE(control.isVisible());
+    EXPECT_EQ(control.geometry(), QRect(120, 10, 60, 40));
+    EXPECT_EQ(control.palette().color(QPalette::Text), QColor(1, 2, 3));
+    EXPECT_EQ(control.palette().color(QPalette::Base), QColor(4, 5, 6));
+    table.touch(Small::list).top = 30;
+    table.touch(Small::list).height = 60;
+    table.touch(Small::list).enabled = false;
+    settle();
+    EXPECT_EQ(control.geometry(), QRect(120, 30, 60, 60));
+    EXPECT_FALSE(control.isEnabled());
+    table.touch(Small::list).visible = false;
+    settle();
+    EXPECT_FALSE(control.isVisible());
+    table.touch(Small::list).left = 100;
+    settle();
+    table.touch(Small::list).visible = true;
+    settle();
+    EXPECT_TRUE(control.isVisible());
+    EXPECT_EQ(control.x(), 100);
+    window.setScale(2);
+    EXPECT_EQ(control.geometry(), QRect(200, 60, 120, 120));
+    control.setParent(nullptr);
+}
+
+TEST_F(SkinWindowTest, thePointerOverAControlIsOverItsElement) {
+    QWidget control;
+    window.hostControl(Small::list, 0, &control);
+    moveMouse({45, 45});
+    notes.lines.clear();
+    QEnterEvent enter(QPointF(1, 1), QPointF(121, 11), window.mapToGlobal(QPointF(121, 11)));
+    QApplication::sendEvent(&control, &enter);
+    EXPECT_THAT(notes.lines, ElementsAre("leave up(0)", "enter list(0)"));
+    control.setParent(nullptr);
+}
+
+TEST_F(SkinWindowTest, aControlThatWasDeletedIsForgotten) {
+    auto control = std::make_unique<QWidget>();
+    window.hostControl(Small::list, 0, control.get());
+    control.reset();
+    table.touch(Small::list).left = 1;
+    settle();
+    EXPECT_THAT(window.children(), IsEmpty());
+}
+
+} // namespace
+} // namespace tovik::ui
