@@ -51,6 +51,8 @@ void MainWindow::attach(frmPlayer& player) {
         std::make_unique<ui::SkinWindow>(player.elements(), pictures_, *input_, host_.dispatcher);
     // For a start that fails before it comes to the captions.
     skin_->setCaption("Tovik");
+    // Tells it from boxes and dialogs, for rules of window managers; the caption follows the track.
+    skin_->setWindowRole(QStringLiteral("player"));
     // The window's object tree owns the list.
     auto* list = new ui::ListWidget(*rows_, *rows_, host_.dispatcher);
     skin_->hostControl(ui::MainElement::List1, 0, list);

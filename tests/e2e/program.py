@@ -124,17 +124,31 @@ class ProgramTest(unittest.TestCase):
         return subprocess.run(words, env=self.environment, capture_output=True, text=True,
                               timeout=LIMIT, check=False)
 
-    def window(self, name="Tovik"):
-        """The id of the window whose title begins so, once it is shown."""
+    def shown(self, *pattern):
+        """The ids of the windows that are shown and match."""
+        return self.tool("xdotool", "search", "--onlyvisible", *pattern).stdout.split()
+
+    def player_windows(self):
+        """The player's window, if it is shown: the role tells it, as its caption follows the
+        track."""
+        return [window for window in self.shown("--class", "tovik")
+                if '"player"' in self.tool("xprop", "-id", window, "WM_WINDOW_ROLE").stdout]
+
+    def boxes(self, title):
+        """The boxes and dialogs whose title begins so."""
+        return self.shown("--name", f"^{title}")
+
+    def first(self, look, what):
+        """The first that `look` finds, once it finds one."""
         found = []
-
-        def look():
-            found[:] = self.tool("xdotool", "search", "--onlyvisible", "--name",
-                                 f"^{name}").stdout.split()
-            return bool(found)
-
-        self.wait_until(look, "the window")
+        self.wait_until(lambda: bool(found.extend(look()) or found), what)
         return found[0]
+
+    def window(self):
+        return self.first(self.player_windows, "the window")
+
+    def box(self, title):
+        return self.first(lambda: self.boxes(title), f"the box {title!r}")
 
     def window_of(self, player):
         """The same, for a program that may also have ended: then its words are the failure."""

@@ -16,9 +16,9 @@ class Session(ProgramTest):
         super().setUp()
         self.start_screen()
 
-    def silent(self, *words, title="Tovik"):
+    def silent(self, *words):
         player = self.start_program("--device", "silent", *words)
-        self.window(title)
+        self.window()
         return player
 
     def end(self, player, number=signal.SIGTERM):
@@ -125,15 +125,13 @@ class Session(ProgramTest):
 
         def look():
             nonlocal boxes
-            found = self.tool("xdotool", "search", "--onlyvisible", "--name",
-                              "^ in ").stdout.split()
+            found = self.boxes(" in ")
             if found:
                 if boxes == 0:
                     self.keep_screenshot("read-only.png")
                 boxes += 1
                 self.tool("xdotool", "key", "--window", found[0], "Return")
-            return bool(self.tool("xdotool", "search", "--onlyvisible", "--name",
-                                  "^Tovik").stdout.split())
+            return bool(self.player_windows())
 
         self.wait_until(look, "the window behind the boxes")
         self.assertGreater(boxes, 0)

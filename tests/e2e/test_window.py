@@ -86,7 +86,7 @@ class Window(ProgramTest):
         with open(self.data("db/settings.xml"), "wb") as file:
             file.write(b"<Settings><MI>0</MI")
         player = self.start_program("--device", "silent")
-        box = self.window(" in sub Form_Initialize")
+        box = self.box(" in sub Form_Initialize")
         self.tool("xdotool", "key", "--window", box, "Return")
         self.window()
         self.end(player)
@@ -110,7 +110,7 @@ class Window(ProgramTest):
         self.environment["PULSE_SERVER"] = "unix:" + self.path("nobody")
         self.environment["SDL_AUDIODRIVER"] = "pulseaudio"
         player = self.start_program(media("wav_s16_44100_stereo.wav"))
-        box = self.window("BASS.DLL")
+        box = self.box("BASS.DLL")
         self.keep_screenshot("no-device.png")
         self.tool("xdotool", "key", "--window", box, "Return")
         self.assertEqual(player.wait(LIMIT), 1)
