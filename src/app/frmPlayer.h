@@ -24,6 +24,7 @@
 #include "playlist/ListMirror.h"
 #include "playlist/PlaylistFiles.h"
 #include "playlist/stdSS.h"
+#include "skin/Panels.h"
 #include "sound/SoundLibrary.h"
 #include "tags/cMP3ID3v1.h"
 #include "tags/TagWarning.h"
@@ -73,6 +74,8 @@ public:
     [[nodiscard]] ui::MainElements& elements() { return elements_; }
 
     [[nodiscard]] player::Transport& transport() { return transport_; }
+
+    [[nodiscard]] skin::Panels& panels() { return panels_; }
 
     [[nodiscard]] const player::PlayerState& state() const { return state_; }
 
@@ -186,6 +189,7 @@ private:
     std::unique_ptr<host::Timer> Timer3_;
     std::unique_ptr<host::Timer> Timer4_;
     player::Transport transport_;
+    skin::Panels panels_{state_, elements_, window_, errors_};
 };
 
 } // namespace tovik::app

@@ -8,7 +8,6 @@
 #include "base/Text.h"
 #include "config/Profile.h"
 #include "config/SettingText.h"
-#include "player/QuickList.h"
 #include "player/SoundDevice.h"
 #include "ui/Twips.h"
 
@@ -178,7 +177,7 @@ void frmPlayer::showModes() {
 
 void frmPlayer::showQuickList() {
     state_.QuickListOpen = config::settingToFlag(settings_.getSetting("qpl"));
-    player::ApplyQuickList(elements_, state_.QuickListOpen);
+    panels_.ApplyQuickList();
 }
 
 void frmPlayer::applyBalance() {

@@ -72,6 +72,12 @@ struct PlayerState {
 
     std::int16_t CurrentPanel = 1;
     bool QuickListOpen = false;
+    std::int16_t PanelLock = 0;    ///< other than 0: panels cannot be switched
+    bool RadioPanelActive = false; ///< the radio's panel is shown
+
+    bool RadioMode = false;       ///< a radio stream is the current source
+    bool StreamRecording = false; ///< that stream is being written to a file
+    bool RipRunning = false;
 
     /// The channel that the clock and the seek commands read, or none.
     [[nodiscard]] sound::Handle active() const {

@@ -23,6 +23,9 @@ public:
 
     virtual void setTopmost(bool /*topmost*/) {}
 
+    /// Gives the keyboard to the hidden `Text4`, so that no visible control keeps it.
+    virtual void takeFocus() {}
+
     /// The window's number in the window system; 0 without one.
     [[nodiscard]] virtual std::uintptr_t handle() const { return 0; }
 

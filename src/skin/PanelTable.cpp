@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "skin/PanelTable.h"
+
+namespace tovik::skin {
+
+namespace {
+
+using N = ui::MainElement;
+using enum Show;
+
+using Cells = std::array<Show, kPanels>;
+
+constexpr Cells onlyMain(Show when = yes) {
+    return {when, no, no, no, no};
+}
+
+constexpr Cells kEqualizerOnly = {no, yes, no, no, no};
+constexpr Cells kPlaylistOnly = {no, no, yes, no, no};
+constexpr Cells kRipOnly = {no, no, no, yes, no};
+constexpr Cells kRadioOnly = {no, no, no, no, yes};
+
+/// A deliberate oddity: on the playlist panel these stay in force, over the list, although the
+/// display below them is hidden.
+constexpr Cells mainAndPlaylist(Show when) {
+    return {when, no, when, no, no};
+}
+
+constexpr auto kRows = std::to_array<PanelRow>({
+    {N::qpl_but, {yes, no, no, no, kept}},
+    {N::ShuffleBT, onlyMain()},
+    {N::LoopBT, onlyMain()},
+    {N::CfdBT, onlyMain()},
+    {N::sldBT, onlyMain()},
+    {N::cancelrip, {no, no, no, whileRipping, no}},
+    {N::shwchange, onlyMain()},
+    {N::List1, onlyMain()},
+    {N::resetbt, kEqualizerOnly},
+    {N::adddirIMG, kPlaylistOnly},
+    {N::addfileIMG, kPlaylistOnly},
+    {N::addlocIMG, kPlaylistOnly},
+    {N::delIMG, kPlaylistOnly},
+    {N::clrIMG, kPlaylistOnly},
+    {N::loadImg, kPlaylistOnly},
+    {N::SaveImg, kPlaylistOnly},
+    {N::srchIMG, kPlaylistOnly},
+    {N::musicSearchTxt, kPlaylistOnly},
+    {N::CFD, mainAndPlaylist(withCrossfade)},
+    {N::CFD2, mainAndPlaylist(withoutCrossfade)},
+    {N::loopImg, mainAndPlaylist(withLoop)},
+    {N::LoopImg2, mainAndPlaylist(withoutLoop)},
+    {N::Shuffle, mainAndPlaylist(withShuffle)},
+    {N::ShuffleDown, onlyMain(withoutShuffle)},
+    {N::Sld, onlyMain(withSkip)},
+    {N::sld2, onlyMain(withoutSkip)},
+    {N::ScreenIMG, onlyMain()},
+    {N::poswin, onlyMain()},
+    {N::balwin, onlyMain()},
+    {N::volwin, onlyMain()},
+    {N::fxWin, onlyMain()},
+    {N::infoWin, onlyMain()},
+    {N::Picture1, onlyMain()},
+    {N::Line1, onlyMain()},
+    {N::Line2, onlyMain()},
+    {N::Line3, onlyMain()},
+    {N::Line4, onlyMain()},
+    {N::Line5, onlyMain()},
+    {N::posbar, onlyMain()},
+    {N::track, onlyMain()},
+    {N::volbar, onlyMain()},
+    {N::volbarIMG, onlyMain()},
+    {N::Image3, {no, yes, no, kept, kept}},
+    {N::stdSS, kPlaylistOnly},
+    {N::lstTracks, kRipOnly},
+    // No other panel hides it here: the tick of `Timer6` does.
+    {N::RadioLst, {kept, kept, kept, kept, yes}},
+    {N::slDRV, kRipOnly},
+    {N::cmbCDDrives, kRipOnly},
+    {N::Picture6, kEqualizerOnly},
+    {N::eq_sld, kEqualizerOnly},
+    {N::presetbt, kEqualizerOnly},
+    {N::eq_val, kEqualizerOnly},
+    {N::EQ_on, {no, withEqualizer, no, no, no}},
+    {N::EQ_off, {no, withoutEqualizer, no, no, no}},
+    {N::ripperbt, kRipOnly},
+    {N::musicinfo_img, onlyMain()},
+    {N::mono_img, onlyMain()},
+    {N::Stereo_img, onlyMain()},
+    {N::timed, onlyMain(countingDown), 0, 1},
+    {N::timed, onlyMain(), 1},
+    {N::songname, onlyMain()},
+    {N::lbltag, onlyMain(withoutRadio)},
+    {N::lblPos, onlyMain(withRadio)},
+    {N::balbar, onlyMain()},
+    {N::lblinfo, onlyMain(withoutRadio)},
+    {N::Image1, kRadioOnly, 0, 3},
+    {N::Image1, {no, no, no, no, whileRecording}, 3, 1},
+    {N::Image1, {no, no, no, no, whileNotRecording}, 4, 1},
+    {N::lblRDinfo, {withRadio, kept, kept, kept, kept}},
+});
+
+/// The looks under the pointer stand in reverse order.
+constexpr auto kTabs = std::to_array<Tab>({
+    {N::mainbt, Panel::main, 0, 6, 17},
+    {N::eqbt, Panel::equalizer, 1, 7, 16},
+    {N::plbt, Panel::playlist, 2, 8, 15},
+    {N::ripbt, Panel::rip, 3, 9, 14},
+    {N::irtbt, Panel::radio, 4, 10, 13},
+    {N::prebt, Panel::preferences, 5, 11, 12},
+});
+
+} // namespace
+
+std::span<const PanelRow> panelTable() noexcept {
+    return kRows;
+}
+
+std::span<const Tab> tabs() noexcept {
+    return kTabs;
+}
+
+} // namespace tovik::skin

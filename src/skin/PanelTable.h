@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Which element shows on which of the five panels. For `Panels` and its tests. Any thread.
+#pragma once
+
+#include "ui/MainElements.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+namespace tovik::skin {
+
+/// The panels as the state counts them; 6 is the preferences dialog, opened from its tab.
+enum class Panel : std::int16_t {
+    main = 1,
+    equalizer,
+    playlist,
+    rip,
+    radio,
+    preferences,
+};
+
+inline constexpr std::size_t kPanels = 5;
+
+/// When an element is visible on a panel.
+enum class Show : std::uint8_t {
+    yes,
+    no,
+    kept, ///< left as it stands
+    withCrossfade,
+    withoutCrossfade,
+    withLoop,
+    withoutLoop,
+    withShuffle,
+    withoutShuffle,
+    withSkip, ///< of silence
+    withoutSkip,
+    whileRipping,
+    withEqualizer,
+    withoutEqualizer,
+    withRadio, ///< a station is the current source
+    withoutRadio,
+    countingDown,
+    whileRecording, ///< of a station
+    whileNotRecording,
+};
+
+struct PanelRow {
+    ui::MainElement name{};
+    std::array<Show, kPanels> on{}; ///< by panel
+    std::size_t first = 0;
+    std::size_t count = 0; ///< 0: all from `first` on
+};
+
+/// In the order in which they are applied. What is in no row is visible on all panels.
+[[nodiscard]] std::span<const PanelRow> panelTable() noexcept;
+
+/// A tab and the places of its three looks among the stored pictures.
+struct Tab {
+    ui::MainElement name{};
+    Panel panel{};
+    std::size_t up = 0; ///< these three in `Image2`
+    std::size_t down = 0;
+    std::size_t over = 0;
+};
+
+[[nodiscard]] std::span<const Tab> tabs() noexcept;
+
+} // namespace tovik::skin

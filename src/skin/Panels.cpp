@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "skin/Panels.h"
+
+#include <algorithm>
+#include <string>
+
+namespace tovik::skin {
+
+namespace {
+
+using ui::MainElement;
+
+struct QuickListLayout {
+    double listTop;
+    double listWidth;
+    double listHeight;
+    double headingTop; ///< of lblPos(4)
+    double buttonTop;
+    bool fieldsVisible;
+    MainElement face; ///< store of the button's picture
+};
+
+constexpr QuickListLayout kOpen{60, 163, 202, 46, 46, false, MainElement::qpl_col};
+constexpr QuickListLayout kClosed{169, 161, 80, 154, 156, true, MainElement::qpl_exp};
+
+const Tab* tabNamed(MainElement name) {
+    const auto found = std::ranges::find(tabs(), name, &Tab::name);
+    return found == tabs().end() ? nullptr : &*found;
+}
+
+constexpr std::size_t kPreferencesTab = 5;
+
+} // namespace
+
+void Panels::Switch_Win(std::string_view mask) {
+    config::guard(errors_, config::player("Switch_Win"), [&] {
+        const std::size_t place = mask.find('1');
+        if (state_.PanelLock != 0 || place >= kPanels) {
+            return;
+        }
+        window_.takeFocus();
+        state_.CurrentPanel = static_cast<std::int16_t>(place + 1);
+        RefreshTabs();
+        apply(place);
+        state_.RadioPanelActive = static_cast<Panel>(state_.CurrentPanel) == Panel::radio;
+        if (static_cast<Panel>(state_.CurrentPanel) == Panel::main) {
+            ApplyQuickList();
+        }
+    });
+}
+
+void Panels::apply(std::size_t panel) {
+    for (const PanelRow& row : panelTable()) {
+        const std::size_t last = row.count == 0 ? elements_.count(row.name) : row.first + row.count;
+        for (std::size_t i = row.first; i < last; ++i) {
+            ui::Element& element = elements_.touch(row.name, i);
+            element.visible = shown(row.on.at(panel), element.visible);
+        }
+    }
+}
+
+bool Panels::shown(Show when, bool before) const {
+    switch (when) {
+    case Show::yes:
+        return true;
+    case Show::no:
+        return false;
+    case Show::kept:
+        return before;
+    case Show::withCrossfade:
+        return state_.CrossfadeOn;
+    case Show::withoutCrossfade:
+        return !state_.CrossfadeOn;
+    case Show::withLoop:
+        return state_.RepeatOn;
+    case Show::withoutLoop:
+        return !state_.RepeatOn;
+    case Show::withShuffle:
+        return state_.ShuffleOn;
+    case Show::withoutShuffle:
+        return !state_.ShuffleOn;
+    case Show::withSkip:
+        return state_.SilenceSkipOn;
+    case Show::withoutSkip:
+        return !state_.SilenceSkipOn;
+    case Show::whileRipping:
+        return state_.RipRunning;
+    case Show::withEqualizer:
+        return state_.EqualizerOn;
+    case Show::withoutEqualizer:
+        return !state_.EqualizerOn;
+    case Show::withRadio:
+        return state_.RadioMode;
+    case Show::withoutRadio:
+        return !state_.RadioMode;
+    case Show::countingDown:
+        return state_.TimeDisplayMode != 0;
+    case Show::whileRecording:
+        return state_.StreamRecording;
+    case Show::whileNotRecording:
+        return !state_.StreamRecording;
+    }
+    return before;
+}
+
+void Panels::showTab(const Tab& tab, std::size_t face, bool down) {
+    const ui::Picture picture = elements_.get(MainElement::Image2, face).picture;
+    ui::Element& element = elements_.touch(tab.name);
+    element.picture = picture;
+    element.checked = down;
+}
+
+void Panels::RefreshTabs() {
+    for (const Tab& tab : tabs()) {
+        const bool down = static_cast<Panel>(state_.CurrentPanel) == tab.panel;
+        showTab(tab, down ? tab.down : tab.up, down);
+    }
+}
+
+void Panels::hoverTab(MainElement name) {
+    if (const Tab* const tab = tabNamed(name); tab != nullptr) {
+        RefreshTabs();
+        showTab(*tab, tab->over, elements_.get(name).checked);
+    }
+}
+
+void Panels::clickTab(MainElement name) {
+    const Tab* const tab = tabNamed(name);
+    if (tab == nullptr || tab->panel == Panel::preferences) {
+        return;
+    }
+    std::string mask(kPanels, '0');
+    mask[static_cast<std::size_t>(tab->panel) - 1] = '1';
+    Switch_Win(mask);
+}
+
+void Panels::pressPreferences(const std::function<void()>& dialog) {
+    const std::int16_t before = state_.CurrentPanel;
+    state_.CurrentPanel = static_cast<std::int16_t>(Panel::preferences);
+    RefreshTabs();
+    ++state_.PanelLock;
+    const auto back = [&] {
+        --state_.PanelLock;
+        state_.CurrentPanel = before;
+    };
+    try {
+        dialog();
+    } catch (...) {
+        back();
+        throw;
+    }
+    back();
+}
+
+void Panels::releasePreferences() {
+    const Tab& tab = tabs()[kPreferencesTab];
+    showTab(tab, tab.up, false);
+}
+
+void Panels::ApplyQuickList() {
+    const QuickListLayout& layout = state_.QuickListOpen ? kOpen : kClosed;
+    ui::Element& list = elements_.touch(MainElement::List1);
+    list.top = layout.listTop;
+    list.width = layout.listWidth;
+    list.height = layout.listHeight;
+    elements_.touch(MainElement::lblPos, 3).visible = layout.fieldsVisible;
+    elements_.touch(MainElement::lblPos, 4).top = layout.headingTop;
+    elements_.touch(MainElement::infoWin).visible = layout.fieldsVisible;
+    elements_.touch(MainElement::fxWin).visible = layout.fieldsVisible;
+    const ui::Picture face = elements_.get(layout.face).picture;
+    ui::Element& button = elements_.touch(MainElement::qpl_but);
+    button.picture = face;
+    button.checked = state_.QuickListOpen;
+    button.top = layout.buttonTop;
+}
+
+void Panels::FlipQuickList() {
+    state_.QuickListOpen = !state_.QuickListOpen;
+    ApplyQuickList();
+}
+
+} // namespace tovik::skin
