@@ -41,6 +41,12 @@ ErrorNumber errorNumberOf(std::error_code failure) noexcept {
     return row == kNumbers.end() ? ErrorNumber::PathFileAccessError : row->number;
 }
 
+void raiseFailure(std::error_code failure) {
+    if (failure) {
+        throw RuntimeError(errorNumberOf(failure));
+    }
+}
+
 std::error_code lastSystemError() noexcept {
     return {errno, std::generic_category()};
 }

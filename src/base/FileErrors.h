@@ -12,6 +12,9 @@ namespace tovik::base {
 /// that has none of its own.
 [[nodiscard]] ErrorNumber errorNumberOf(std::error_code failure) noexcept;
 
+/// Raises the failure of a file operation; without one it does nothing.
+void raiseFailure(std::error_code failure);
+
 /// The failure of the last system call (errno).
 [[nodiscard]] std::error_code lastSystemError() noexcept;
 

@@ -98,6 +98,9 @@ public:
                 readOption(word.substr(kOptionStart.size()));
             }
         }
+        if (!error_ && line_.renderSeconds && !line_.renderFile) {
+            error_ = usageError("--seconds N goes with --render FILE.wav");
+        }
         if (error_) {
             return *error_;
         }

@@ -4,20 +4,9 @@
 #include "base/AtomicFile.h"
 #include "base/FileErrors.h"
 #include "base/RegularFile.h"
-#include "base/RuntimeError.h"
 #include "playlist/M3uList.h"
 
 namespace tovik::playlist {
-
-namespace {
-
-void raiseFailure(std::error_code failure) {
-    if (failure) {
-        throw base::RuntimeError(base::errorNumberOf(failure));
-    }
-}
-
-} // namespace
 
 PlaylistFiles::PlaylistFiles(stdSS& list, host::MessagePump& pump, const host::Paths& paths)
     : list_(list), pump_(pump), paths_(paths) {}
@@ -28,7 +17,7 @@ int PlaylistFiles::open_m3u(const std::string& Path) {
     }
     // Read as a whole: a save of the same file during a pump step then changes nothing here.
     std::string text;
-    raiseFailure(base::readWholeFile(Path, text));
+    base::raiseFailure(base::readWholeFile(Path, text));
     return appendM3u(text, list_, pump_, StopM3u) == ReadEnd::ProgramEnding ? 0 : kRead;
 }
 
@@ -37,8 +26,8 @@ void PlaylistFiles::autoload_playlist() {
 }
 
 void PlaylistFiles::autosave_playlist() const {
-    raiseFailure(base::replaceFile(paths_.of(host::DataItem::AutosaveList), m3uText(list_),
-                                   base::Flush::Yes));
+    base::raiseFailure(base::replaceFile(paths_.of(host::DataItem::AutosaveList), m3uText(list_),
+                                         base::Flush::Yes));
 }
 
 bool PlaylistFiles::savesAtExit(bool DirAddIdle) const noexcept {

@@ -51,12 +51,6 @@ std::string padded(std::string_view text, std::size_t width) {
     return field;
 }
 
-void raiseFailure(std::error_code failure) {
-    if (failure) {
-        throw base::RuntimeError(base::errorNumberOf(failure));
-    }
-}
-
 } // namespace
 
 void cMP3ID3v1::MP3File(std::string path) {
@@ -108,7 +102,7 @@ void cMP3ID3v1::WriteTag() {
         return;
     }
     std::string old;
-    raiseFailure(readTagBytes(file, old));
+    base::raiseFailure(readTagBytes(file, old));
     const std::error_code failure =
         file.writeAt(old.empty() ? file.size() : lastBytesAt(file), bytes());
     if (failure) {
@@ -116,7 +110,7 @@ void cMP3ID3v1::WriteTag() {
         // fails too there is nothing left to do, and the first failure is the one to tell.
         static_cast<void>(file.resize(file.size()));
     }
-    raiseFailure(failure);
+    base::raiseFailure(failure);
 }
 
 std::string cMP3ID3v1::bytes() const {

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/AtomicFile.h"
+#include "support/host/FullDisk.h"
 #include "support/host/TemporaryFolder.h"
 #include "support/host/Unprivileged.h"
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <filesystem>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -26,28 +25,6 @@ protected:
     }
 
     test::TemporaryFolder folder_;
-};
-
-/// Lets no file of this process grow past a size, as a full disk does.
-class SizeLimit {
-public:
-    explicit SizeLimit(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-        ::getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{bytes, before_.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-
-    ~SizeLimit() {
-        ::setrlimit(RLIMIT_FSIZE, &before_);
-        static_cast<void>(std::signal(SIGXFSZ, handler_));
-    }
-
-    SizeLimit(const SizeLimit&) = delete;
-    SizeLimit& operator=(const SizeLimit&) = delete;
-
-private:
-    rlimit before_{};
-    void (*handler_)(int);
 };
 
 TEST_F(AtomicFileTest, makesAndReplaces) {
@@ -136,7 +113,7 @@ TEST_F(AtomicFileTest, aFullDiskLeavesTheOldFile) {
     std::error_code failure;
     std::error_code later;
     {
-        const SizeLimit limit(1000);
+        const test::FullDisk limit(1000);
         AtomicFile file(folder_ / "a");
         failure = file.write(std::string(5000, 'x'));
         later = file.write("y");

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "config/ErrHandler.h"
 
-#include "config/FullDisk.h"
 #include "config/RaisedNumber.h"
 #include "config/SettingsFixture.h"
+#include "support/host/FullDisk.h"
 #include "support/host/Unprivileged.h"
 
 #include <filesystem>

@@ -2,9 +2,9 @@
 // Reading and writing single keys.
 #include "config/Settings.h"
 
-#include "config/FullDisk.h"
 #include "config/RaisedNumber.h"
 #include "config/SettingsFixture.h"
+#include "support/host/FullDisk.h"
 #include "support/host/Unprivileged.h"
 
 #include <filesystem>

@@ -2,7 +2,7 @@
 // Saving a document.
 #include "config/clsXML.h"
 
-#include "config/FullDisk.h"
+#include "support/host/FullDisk.h"
 #include "config/RaisedNumber.h"
 #include "support/host/TemporaryFolder.h"
 #include "support/host/Unprivileged.h"

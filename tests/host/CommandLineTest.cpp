@@ -104,6 +104,10 @@ TEST(CommandLine, valuesThatDoNotFit) {
     EXPECT_THAT(errorOf({"--help=yes"}), HasSubstr("takes no value"));
 }
 
+TEST(CommandLine, aLengthWithoutARender) {
+    EXPECT_THAT(errorOf({"--seconds", "2"}), HasSubstr("goes with --render"));
+}
+
 TEST(CommandLine, theHelpNamesEveryOption) {
     const std::string help = helpText();
     for (const char* option : {"--help", "--version", "--data DIR", "--device NAME",
