@@ -38,6 +38,7 @@ constexpr std::array kDescriptions{
     Row{ErrorNumber::ObjectVariableNotSet, "Object variable or With block variable not set"},
     Row{ErrorNumber::InvalidUseOfNull, "Invalid use of Null"},
     Row{ErrorNumber::ObjectRequired, "Object required"},
+    Row{ErrorNumber::InvalidPicture, "Invalid picture"},
 };
 
 constexpr std::string_view kOtherDescription = "Application-defined or object-defined error";

@@ -33,6 +33,8 @@ enum class ErrorNumber {
     ObjectVariableNotSet = 91,
     InvalidUseOfNull = 94,
     ObjectRequired = 424,
+    InvalidPicture = 481,
+    DamagedData = -2147221504,
     NotAnMp3File = -2147217407,
 };
 

@@ -25,6 +25,7 @@ TEST(RuntimeError, takesADescriptionOfItsOwn) {
 TEST(RuntimeError, numbersOutsideTheTableShareOneText) {
     EXPECT_EQ(errorDescription(5), "Invalid procedure call or argument");
     EXPECT_EQ(errorDescription(94), "Invalid use of Null");
+    EXPECT_EQ(errorDescription(481), "Invalid picture");
     EXPECT_EQ(errorDescription(1), errorDescription(-40000));
     EXPECT_NE(errorDescription(1), errorDescription(5));
 }

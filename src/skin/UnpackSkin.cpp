@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "skin/UnpackSkin.h"
+
+#include "base/FileErrors.h"
+#include "base/PathText.h"
+#include "base/RegularFile.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "skin/Huffman.h"
+#include "skin/NewFile.h"
+#include "skin/SkinPackage.h"
+
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <utility>
+
+namespace tovik::skin {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// A copy of the package's header that lies beside the package while it is being unpacked, and
+/// stays when that fails. Nothing reads it.
+constexpr std::string_view kScratchName = "skins/base.bin";
+
+constexpr const char* kFailureText = "error!";
+
+/// One file is enough, whatever it is: a folder with a stray file in it is never filled, and one
+/// that was filled in part is never completed.
+bool countsAsUnpacked(const std::string& folder) {
+    std::error_code failure;
+    bool found = false;
+    for (fs::directory_iterator entry(folder, failure), end; !failure && !found && entry != end;
+         entry.increment(failure)) {
+        found = !fs::is_directory(entry->symlink_status(failure));
+    }
+    base::raiseFailure(failure);
+    return found;
+}
+
+/// Where the files of one package go. Names that differ in case alone are one file.
+class SkinFolder {
+public:
+    explicit SkinFolder(std::string folder) : folder_(std::move(folder)) {}
+
+    void put(const SkinPackageEntry& entry) {
+        if (!staysInFolder(entry.fileName)) {
+            throw base::RuntimeError(base::ErrorNumber::BadFileNameOrNumber);
+        }
+        const std::string data = HuffmanDecodeString(entry.payload);
+        const auto [name, isNew] =
+            names_.try_emplace(base::toLowerAscii(entry.fileName), entry.fileName);
+        NewFile file(base::joinPath(folder_, name->second));
+        file.write(data);
+    }
+
+private:
+    std::string folder_;
+    std::map<std::string, std::string> names_; ///< by the name in lower case
+};
+
+void unpack(const host::Paths& paths, const std::string& folder) {
+    std::string bytes;
+    base::raiseFailure(base::readWholeFile(paths.of(host::DataItem::SkinPackage), bytes));
+    const std::string scratchPath = paths.inside(kScratchName);
+    std::optional<NewFile> scratch(std::in_place, scratchPath);
+    SkinPackageReader package(bytes);
+    scratch->write(package.header().bytes);
+    scratch.reset();
+    if (!package.header().signedAsSkin()) {
+        return;
+    }
+    SkinFolder skin(folder);
+    for (int entry = 0; entry < package.header().fileCount; ++entry) {
+        skin.put(package.next());
+    }
+    std::error_code failure;
+    fs::remove(scratchPath, failure);
+    base::raiseFailure(failure);
+}
+
+} // namespace
+
+void UnpackSkin(const host::Paths& paths, host::Dialogs& dialogs) {
+    const std::string folder = paths.of(host::DataItem::CurrentSkin);
+    std::error_code failure;
+    fs::create_directories(folder, failure);
+    base::raiseFailure(failure);
+    if (countsAsUnpacked(folder)) {
+        return;
+    }
+    try {
+        unpack(paths, folder);
+    } catch (const std::exception&) {
+        dialogs.showMessage({.text = kFailureText});
+    }
+}
+
+} // namespace tovik::skin

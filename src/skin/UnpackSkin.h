@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Brings the skin package into the folder that the player reads its pictures from. Called once at
+// the start, before the first picture is loaded. Interface thread.
+#pragma once
+
+#include "host/Dialogs.h"
+#include "host/Paths.h"
+
+namespace tovik::skin {
+
+/// Expands the package into the skin's folder, unless a file stands in that folder already. Any
+/// failure on the way brings one box, whose text is "error!", and leaves what was unpacked till
+/// then. Raises only when the folder itself cannot be made or read.
+void UnpackSkin(const host::Paths& paths, host::Dialogs& dialogs);
+
+} // namespace tovik::skin
