@@ -2,6 +2,7 @@
 #include "app/DataPlace.h"
 
 #include "base/AtomicFile.h"
+#include "base/ErrorStream.h"
 #include "base/FileErrors.h"
 #include "base/RuntimeError.h"
 #include "config/FirstFill.h"
@@ -9,7 +10,6 @@
 #include "host/Paths.h"
 #include "playlist/M3uFormat.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
@@ -24,7 +24,7 @@ constexpr const char* kFirstPieceTitle = "Welcome to Tovik";
 constexpr int kFirstPieceSeconds = 18;
 
 void tell(const std::string& what, const std::string& why) {
-    std::fprintf(stderr, "tovik: %s: %s\n", what.c_str(), why.c_str());
+    base::tell(what + ": " + why);
 }
 
 /// The list that a new data folder begins with.
@@ -38,7 +38,7 @@ std::string firstList(const host::Paths& paths) {
 } // namespace
 
 std::string prepareDataFolder(const host::CommandLine& line, const host::Environment& environment) {
-    const std::string folder = host::chooseDataFolder(environment, line.dataFolder);
+    std::string folder = host::chooseDataFolder(environment, line.dataFolder);
     const std::string shipped = host::shippedDataFolder(environment);
     if (const auto failure = host::fillDataFolder(folder, shipped, environment.locale)) {
         tell(folder, failure.message());

@@ -5,12 +5,12 @@
 #include "app/frmPlayer.h"
 #include "app/MainWindow.h"
 #include "app/OutputChoice.h"
+#include "base/ErrorStream.h"
 #include "host/qt/RealHost.h"
 #include "host/virtual/UnattendedDialogs.h"
 #include "host/virtual/UnattendedPrograms.h"
 #include "sound/engine/Engine.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <optional>
 #include <QApplication>
@@ -31,15 +31,15 @@ void preferX11() {
 /// Says on the error stream what became of the device; the player waits by itself.
 class DeviceNews final : public sound::DeviceObserver {
 public:
-    void deviceLost() override { std::fputs("tovik: the sound device is gone\n", stderr); }
+    void deviceLost() override { base::tell("the sound device is gone"); }
 
-    void deviceBack() override { std::fputs("tovik: the sound device is back\n", stderr); }
+    void deviceBack() override { base::tell("the sound device is back"); }
 };
 
 void saveScreenshot(QWidget& window, const std::string& file, host::Closing& closing) {
     const bool saved = window.grab().save(QString::fromLocal8Bit(file.c_str()), "PNG");
     if (!saved) {
-        std::fprintf(stderr, "tovik: cannot write %s\n", file.c_str());
+        base::tell("cannot write " + file);
     }
     closing.endProcess(saved ? EXIT_SUCCESS : EXIT_FAILURE);
 }

@@ -3,6 +3,7 @@
 
 #include "app/DataPlace.h"
 #include "app/frmPlayer.h"
+#include "base/ErrorStream.h"
 #include "host/system/StopSignals.h"
 #include "host/virtual/RenderHost.h"
 #include "sound/engine/Engine.h"
@@ -11,7 +12,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
 #include <filesystem>
 #include <limits>
 #include <memory>
@@ -62,7 +62,7 @@ constexpr std::int64_t kStartMs = 200;
 constexpr int kSignalStatus = 128;
 
 int fail(const std::string& text) {
-    std::fprintf(stderr, "tovik: %s\n", text.c_str());
+    base::tell(text);
     return EXIT_FAILURE;
 }
 
@@ -98,8 +98,8 @@ int render(const host::CommandLine& line, const host::Environment& environment) 
     const std::int64_t last = lastMillisecond(line);
     const auto goesOn = [&] {
         const std::int64_t now = renderHost.clock().monotonicMs();
-        return stop.arrived() == 0 && !renderHost.endStatus() && output.ok() && now < last &&
-               (player.sounds() || now < kStartMs);
+        return host::StopSignals::arrived() == 0 && !renderHost.endStatus() && output.ok() &&
+               now < last && (player.sounds() || now < kStartMs);
     };
     while (goesOn()) {
         played = played || player.sounds();
@@ -113,8 +113,8 @@ int render(const host::CommandLine& line, const host::Environment& environment) 
     if (!output.ok()) {
         return fail(output.error());
     }
-    if (stop.arrived() != 0) {
-        return kSignalStatus + stop.arrived();
+    if (host::StopSignals::arrived() != 0) {
+        return kSignalStatus + host::StopSignals::arrived();
     }
     if (renderHost.endStatus()) {
         return *renderHost.endStatus();

@@ -4,11 +4,13 @@
 #include "app/Play.h"
 #include "app/Render.h"
 #include "app/Version.h"
+#include "base/ErrorStream.h"
 #include "host/CommandLine.h"
 #include "host/Environment.h"
 
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <span>
 #include <string>
 #include <vector>
@@ -20,17 +22,15 @@ int run(std::span<const std::string> words) {
     const host::Environment environment = host::Environment::current();
     const auto parsed = host::parseCommandLine(words, environment.workingFolder);
     if (const auto* error = std::get_if<host::UsageError>(&parsed)) {
-        std::fprintf(stderr, "tovik: %s\n", error->text.c_str());
+        base::tell(error->text);
         return host::kUsageStatus;
     }
     const auto& line = std::get<host::CommandLine>(parsed);
     if (line.help) {
-        std::fputs(host::helpText().c_str(), stdout);
-        return EXIT_SUCCESS;
+        return std::fputs(host::helpText().c_str(), stdout) < 0 ? EXIT_FAILURE : EXIT_SUCCESS;
     }
     if (line.version) {
-        std::printf("tovik %s\n", app::kVersion);
-        return EXIT_SUCCESS;
+        return std::printf("tovik %s\n", app::kVersion) < 0 ? EXIT_FAILURE : EXIT_SUCCESS;
     }
     if (line.device == host::kListDevices) {
         return app::listOutputs() ? EXIT_SUCCESS : EXIT_FAILURE;
@@ -41,6 +41,11 @@ int run(std::span<const std::string> words) {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    const std::vector<std::string> words(argv + 1, argv + argc);
-    return run(words);
+    try {
+        const std::vector<std::string> words(argv + 1, argv + argc);
+        return run(words);
+    } catch (const std::exception& error) {
+        tovik::base::tell(error.what());
+        return EXIT_FAILURE;
+    }
 }

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/Dispatcher.h"
 
-#include <cstdio>
+#include "base/ErrorStream.h"
+
 #include <new>
+#include <string>
 #include <utility>
 
 namespace tovik::host {
@@ -12,7 +14,7 @@ using base::RuntimeError;
 
 Dispatcher::Dispatcher()
     : report_([](const RuntimeError& error) {
-          std::fprintf(stderr, "tovik: %s (%d)\n", error.what(), error.number());
+          base::tell(std::string(error.what()) + " (" + std::to_string(error.number()) + ")");
       }) {}
 
 void Dispatcher::reportTo(Report report) {

@@ -11,9 +11,9 @@ namespace {
 TEST(StopSignals, theFirstIsNoted) {
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
         const StopSignals stop;
-        EXPECT_EQ(stop.arrived(), 0);
+        EXPECT_EQ(StopSignals::arrived(), 0);
         std::raise(signal);
-        EXPECT_EQ(stop.arrived(), signal);
+        EXPECT_EQ(StopSignals::arrived(), signal);
     }
 }
 

@@ -39,7 +39,7 @@ StopSignals::~StopSignals() {
     handleSignals(SIG_DFL, 0);
 }
 
-int StopSignals::arrived() const noexcept {
+int StopSignals::arrived() noexcept {
     return arrivedSignal;
 }
 

@@ -15,7 +15,7 @@ public:
     StopSignals& operator=(const StopSignals&) = delete;
 
     /// The number of the signal that came, 0 for none.
-    [[nodiscard]] int arrived() const noexcept;
+    [[nodiscard]] static int arrived() noexcept;
 };
 
 } // namespace tovik::host

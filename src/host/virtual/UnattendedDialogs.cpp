@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/virtual/UnattendedDialogs.h"
 
-#include <cstdio>
+#include "base/ErrorStream.h"
 
 namespace tovik::host {
 
 namespace {
 
 void tell(const std::string& title, const std::string& text) {
-    std::fprintf(stderr, "tovik: [%s] %s\n", title.c_str(), text.c_str());
+    base::tell("[" + title + "] " + text);
 }
 
 } // namespace
