@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "skin/MainSkin.h"
+
+#include "skin/Bitmap.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+namespace tovik::skin {
+
+namespace {
+
+constexpr std::string_view kFolder = "skins/CurrentSkin/";
+constexpr std::string_view kEnding = ".bmp";
+
+/// The button that the element is one of the two faces of; null for none.
+const ButtonFace* buttonOf(ui::ElementAddress element) {
+    const auto name = element.as<ui::MainElement>();
+    const auto faces = buttonFaces();
+    const auto found = std::ranges::find_if(
+        faces, [name](const ButtonFace& face) { return face.up == name || face.down == name; });
+    return found == faces.end() ? nullptr : &*found;
+}
+
+} // namespace
+
+MainSkin::MainSkin(ui::MainElements& elements, ui::PictureStore& pictures, const host::Paths& paths,
+                   std::function<void()> refreshTabs)
+    : elements_(elements), pictures_(pictures), paths_(paths),
+      refreshTabs_(std::move(refreshTabs)) {}
+
+void MainSkin::LoadMainSkin() {
+    for (const Binding& binding : mainBindings()) {
+        if (binding.file.empty()) {
+            give(binding.to, pictureOf(binding.from));
+        } else {
+            load(binding);
+        }
+    }
+}
+
+void MainSkin::SaveUpPictures() {
+    for (const ButtonFace& face : buttonFaces()) {
+        give(face.saved, pictureOf({face.up}));
+    }
+    for (const KeptFace& kept : keptFaces()) {
+        give(kept.saved, pictureOf({kept.element}));
+    }
+}
+
+void MainSkin::RestoreUpPictures() {
+    for (const ButtonFace& face : buttonFaces()) {
+        give({face.up}, pictureOf(face.saved));
+    }
+    refreshTabs_();
+}
+
+void MainSkin::pointerEntered(ui::ElementAddress element) {
+    if (const ButtonFace* face = buttonOf(element)) {
+        RestoreUpPictures();
+        give({face->up}, pictureOf(face->over));
+    }
+}
+
+bool MainSkin::press(ui::ElementAddress element) {
+    return show(element, true);
+}
+
+bool MainSkin::release(ui::ElementAddress element) {
+    return show(element, false);
+}
+
+ui::Picture MainSkin::pictureOf(Slot slot) const {
+    return elements_.get(slot.name, slot.index).picture;
+}
+
+void MainSkin::give(Slot slot, ui::Picture picture) {
+    // The mouse comes here at every move: a write that changes nothing would wake the window.
+    if (pictureOf(slot) != picture) {
+        elements_.touch(slot.name, slot.index).picture = picture;
+    }
+}
+
+void MainSkin::load(const Binding& binding) {
+    std::string name(kFolder);
+    name.append(binding.file).append(kEnding);
+    ui::PixelImage image = loadBitmap(paths_.inside(name));
+    ui::Element& element = elements_.touch(binding.to.name, binding.to.index);
+    if (binding.takesSize) {
+        element.width = image.width;
+        element.height = image.height;
+    }
+    element.picture = pictures_.add(std::move(image));
+}
+
+bool MainSkin::show(ui::ElementAddress element, bool down) {
+    const ButtonFace* face = buttonOf(element);
+    if (face == nullptr) {
+        return false;
+    }
+    elements_.touch(face->up).visible = !down;
+    elements_.touch(face->down).visible = down;
+    return true;
+}
+
+} // namespace tovik::skin

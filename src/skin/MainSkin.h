@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The skin of the main window: the pictures of its elements, and the faces that its buttons show
+// under the mouse. Interface thread.
+#pragma once
+
+#include "host/Paths.h"
+#include "skin/MainBindings.h"
+#include "ui/PictureStore.h"
+
+#include <functional>
+
+namespace tovik::skin {
+
+class MainSkin {
+public:
+    /// All of them outlive the object. `refreshTabs` gives the tabs the faces they have without
+    /// the mouse.
+    MainSkin(ui::MainElements& elements, ui::PictureStore& pictures, const host::Paths& paths,
+             std::function<void()> refreshTabs);
+
+    /// Gives every element its picture from the skin's folder. The first file that is missing or
+    /// no picture raises its error; what comes behind it stays without.
+    void LoadMainSkin();
+
+    /// Keeps the up faces, so that they are those of the skin. Once, after loading.
+    void SaveUpPictures();
+
+    /// Gives all buttons their up faces again, and the tabs theirs.
+    void RestoreUpPictures();
+
+    // The mouse over the transport's and the window's buttons
+    // ---------------------------------------
+
+    /// The mouse came over an element. A button among them shows its over face, and no other one
+    /// does any more.
+    void pointerEntered(ui::ElementAddress element);
+
+    /// The mouse moved over the bare background, which ends every over face.
+    void movedOverBackground() { RestoreUpPictures(); }
+
+    /// Whether the element is such a button; then it shows its down face now.
+    bool press(ui::ElementAddress element);
+
+    /// Whether the element is such a button; then it shows its up face now, and should act.
+    bool release(ui::ElementAddress element);
+
+private:
+    [[nodiscard]] ui::Picture pictureOf(Slot slot) const;
+    void give(Slot slot, ui::Picture picture);
+    void load(const Binding& binding);
+    bool show(ui::ElementAddress element, bool down);
+
+    ui::MainElements& elements_;
+    ui::PictureStore& pictures_;
+    const host::Paths& paths_;
+    std::function<void()> refreshTabs_;
+};
+
+} // namespace tovik::skin
