@@ -42,13 +42,10 @@ MainWindow::MainWindow(const host::Host& host) : host_(host) {}
 MainWindow::~MainWindow() = default;
 
 void MainWindow::attach(frmPlayer& player) {
-    input_ = std::make_unique<player::MainInput>(
-        player.elements(), player.transport(), [this] { host_.closing.request(); },
-        [this] { skin_->showMinimized(); });
     rows_ =
         std::make_unique<player::QuickListRows>(player.List1(), player.stdSS(), player.transport());
-    skin_ =
-        std::make_unique<ui::SkinWindow>(player.elements(), pictures_, *input_, host_.dispatcher);
+    skin_ = std::make_unique<ui::SkinWindow>(player.elements(), pictures_, player.input(),
+                                             host_.dispatcher);
     // For a start that fails before it comes to the captions.
     skin_->setCaption("Tovik");
     // Tells it from boxes and dialogs, for rules of window managers; the caption follows the track.
@@ -65,6 +62,14 @@ void MainWindow::show() {
 
 void MainWindow::hide() {
     skin_->hide();
+}
+
+void MainWindow::minimise() {
+    skin_->showMinimized();
+}
+
+void MainWindow::takeFocus() {
+    skin_->setFocus();
 }
 
 void MainWindow::setCaption(const std::string& caption) {

@@ -4,8 +4,8 @@
 #pragma once
 
 #include "app/frmPlayer.h"
-#include "player/MainInput.h"
 #include "player/PlayerWindow.h"
+#include "player/QuickListRows.h"
 #include "ui/PictureStore.h"
 #include "ui/qt/ListWidget.h"
 #include "ui/qt/SkinWindow.h"
@@ -29,6 +29,8 @@ public:
 
     void show() override;
     void hide() override;
+    void minimise() override;
+    void takeFocus() override;
     void setCaption(const std::string& caption) override;
     void setTaskbarButton(bool shown) override;
     void setTopmost(bool topmost) override;
@@ -43,7 +45,6 @@ private:
 
     host::Host host_;
     ui::PictureStore pictures_;
-    std::unique_ptr<player::MainInput> input_;
     std::unique_ptr<player::QuickListRows> rows_;
     std::unique_ptr<ui::SkinWindow> skin_;
     std::unique_ptr<ListWatch> watch_;

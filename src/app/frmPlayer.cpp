@@ -20,6 +20,8 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
       tagWarning_(host.dialogs), tag_(tagWarning_), files_(stdSS_, host.pump, host.paths),
       display_(elements_, [this](const std::string& caption) { window_.setCaption(caption); }),
       time_(sound), opener_(sound), volume_(state_, sound, settings_),
+      volumeBar_(state_, volume_, errors_, elements_, playing_, display_),
+      balance_(state_, sound, errors_, elements_, playing_, display_),
       facts_(state_, time_, settings_, tag_, stdSS_, playing_, display_, events),
       clock_(state_, time_, errors_, playing_, display_),
       Timer1_(host.timers.makeTimer([this] { clock_.Timer1(); })),
@@ -31,6 +33,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                                                                         .opener = opener_,
                                                                         .facts = facts_,
                                                                         .volume = volume_,
+                                                                        .balance = balance_,
                                                                         .list = stdSS_,
                                                                         .mirror = List1_,
                                                                         .elements = elements_,
@@ -38,13 +41,30 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                                                                         .view = display_,
                                                                         .events = events,
                                                                         .window = window,
-                                                                        .Timer3 = *Timer3_}) {
+                                                                        .Timer3 = *Timer3_}),
+      positionBar_({.state = state_,
+                    .time = time_,
+                    .errors = errors_,
+                    .elements = elements_,
+                    .playing = playing_,
+                    .view = display_,
+                    .window = window,
+                    .Timer1 = *Timer1_,
+                    .Timer3 = *Timer3_}),
+      input_({.elements = elements_,
+              .errors = errors_,
+              .commands = commands_,
+              .shortcuts = shortcuts_,
+              .bars = bars_,
+              .volumeBar = volumeBar_,
+              .timeDisplay = timeDisplay_}) {
     stdSS_.setEvents(this);
     Timer1_->setInterval(player::PlaybackClock::kTimer1Ms);
     Timer1_->setEnabled(true);
     Timer3_->setInterval(player::PlaybackClock::kTimer3Ms);
     Timer4_->setInterval(kTimer4Ms);
     Timer4_->setEnabled(true);
+    bindCommands();
 }
 
 frmPlayer::~frmPlayer() = default;
@@ -102,7 +122,7 @@ void frmPlayer::autoload_playlist() {
         files_.autoload_playlist();
         if (state_.FirstRun) {
             // The very first start plays the piece that came with the program.
-            playFirstRow();
+            playItem(0);
         }
     });
 }

@@ -10,17 +10,25 @@
 #include "config/StartSettings.h"
 #include "config/Version.h"
 #include "host/Host.h"
+#include "player/Balance.h"
 #include "player/CBASS_TIME.h"
+#include "player/ClsShortcut.h"
+#include "player/Commands.h"
+#include "player/MainBars.h"
 #include "player/MainDisplay.h"
+#include "player/MainInput.h"
 #include "player/NowPlaying.h"
 #include "player/PlaybackClock.h"
 #include "player/PlayerState.h"
 #include "player/PlayerWindow.h"
+#include "player/PositionBar.h"
+#include "player/TimeDisplay.h"
 #include "player/TrackEvents.h"
 #include "player/TrackFacts.h"
 #include "player/TrackOpener.h"
 #include "player/Transport.h"
 #include "player/Volume.h"
+#include "player/VolumeBar.h"
 #include "playlist/ListMirror.h"
 #include "playlist/PlaylistFiles.h"
 #include "playlist/stdSS.h"
@@ -73,6 +81,10 @@ public:
 
     [[nodiscard]] ui::MainElements& elements() { return elements_; }
 
+    [[nodiscard]] player::Commands& commands() { return commands_; }
+
+    [[nodiscard]] ui::WindowInput& input() { return input_; }
+
     [[nodiscard]] player::Transport& transport() { return transport_; }
 
     [[nodiscard]] skin::Panels& panels() { return panels_; }
@@ -122,6 +134,7 @@ private:
     void showModes();
     void showQuickList();
     void applyBalance();
+    void showBalanceText();
     void readMessenger();
     void selectFirstRow();
     void showWindow();
@@ -144,9 +157,17 @@ private:
     void saveSettings();
     void freeSound();
 
+    // What the commands do.
+    void bindCommands();
+    void bindPlaying();
+    void bindPanels();
+    void bindModes();
+    void playItem(std::int32_t item);
+    void mnuTop();
+    [[nodiscard]] bool staysOnTop();
+
     void Timer4();
     void autoload_playlist();
-    void playFirstRow();
     void openFileArgument(const std::string& path);
     [[nodiscard]] bool AnotherInstance();
     void endProcess(int status);
@@ -183,6 +204,8 @@ private:
     player::CBASS_TIME time_;
     player::TrackOpener opener_;
     player::Volume volume_;
+    player::VolumeBar volumeBar_;
+    player::Balance balance_;
     player::TrackFacts facts_;
     player::PlaybackClock clock_;
     std::unique_ptr<host::Timer> Timer1_;
@@ -190,6 +213,13 @@ private:
     std::unique_ptr<host::Timer> Timer4_;
     player::Transport transport_;
     skin::Panels panels_{state_, elements_, window_, errors_};
+
+    player::TimeDisplay timeDisplay_{state_, playing_, display_};
+    player::PositionBar positionBar_;
+    player::MainBars bars_{elements_, positionBar_, volumeBar_, balance_};
+    player::Commands commands_;
+    player::ClsShortcut shortcuts_{commands_};
+    player::MainInput input_;
 };
 
 } // namespace tovik::app

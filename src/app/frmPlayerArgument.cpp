@@ -26,18 +26,13 @@ void frmPlayer::openArgument() {
     const std::string extension = base::toUpperAscii(playlist::get_extension(path));
     if (extension == "M3U") {
         files_.open_m3u(path);
-        playFirstRow();
+        playItem(0);
     } else if (extension == "PLS") {
         // Read as soon as this kind of list is known.
-        playFirstRow();
+        playItem(0);
     } else {
         openFileArgument(path);
     }
-}
-
-void frmPlayer::playFirstRow() {
-    List1_.ListIndex(0);
-    transport_.List1_DblClick();
 }
 
 void frmPlayer::openFileArgument(const std::string& path) {
@@ -49,7 +44,7 @@ void frmPlayer::openFileArgument(const std::string& path) {
                                   : std::string(playlist::GetLastBackSlash(path));
     stdSS_.AddItem("", path, shown, "00:00", 0);
     stdSS_.SelectedIndex = 1;
-    playFirstRow();
+    playItem(0);
 }
 
 } // namespace tovik::app

@@ -147,8 +147,8 @@ void frmPlayer::openRecording() {
 
 void frmPlayer::showVolume() {
     state_.CurrentVolume = config::settingToInt16(settings_.getSetting("cvl"));
-    elements_.touch(MainElement::volbarIMG).height =
-        elements_.get(MainElement::volbar).height / 100.0 * state_.CurrentVolume;
+    volumeBar_.showHeight();
+    volumeBar_.showText();
 }
 
 void frmPlayer::showModes() {
@@ -171,8 +171,7 @@ void frmPlayer::showModes() {
         elements_.touch(mode.indicatorOn).visible = mode.on;
         elements_.touch(mode.indicatorOff).visible = !mode.on;
     }
-    state_.TimeDisplayMode = config::settingToInt16(settings_.getSetting("TMD"));
-    elements_.touch(MainElement::timed, 0).visible = state_.TimeDisplayMode != 0;
+    timeDisplay_.choose(config::settingToInt16(settings_.getSetting("TMD")));
 }
 
 void frmPlayer::showQuickList() {
@@ -181,7 +180,11 @@ void frmPlayer::showQuickList() {
 }
 
 void frmPlayer::applyBalance() {
-    volume_.ApplyBalance(state_.BalanceValue);
+    balance_.ApplyBalance(state_.BalanceValue);
+}
+
+void frmPlayer::showBalanceText() {
+    balance_.showStartText();
 }
 
 void frmPlayer::readMessenger() {
@@ -210,7 +213,7 @@ void frmPlayer::makeKnown() {
 }
 
 void frmPlayer::applyTopmost() {
-    window_.setTopmost(config::settingToInt16(settings_.getSetting("ASOT")) == 1);
+    window_.setTopmost(staysOnTop());
 }
 
 void frmPlayer::startHelper(const std::string& name, const std::string& argument) {

@@ -126,4 +126,15 @@ std::string_view trimmed(std::string_view text) noexcept {
     return text.substr(first, last == std::string_view::npos ? 0 : last + 1 - first);
 }
 
+std::string replaceAll(std::string_view text, std::string_view what, std::string_view with) {
+    std::string result;
+    std::size_t from = 0;
+    for (std::size_t found = text.find(what); found != std::string_view::npos && !what.empty();
+         found = text.find(what, from)) {
+        result.append(text.substr(from, found - from)).append(with);
+        from = found + what.size();
+    }
+    return result.append(text.substr(from));
+}
+
 } // namespace tovik::base

@@ -24,6 +24,10 @@ namespace tovik::base {
 /// Whether two texts are equal but for the case of ASCII letters.
 [[nodiscard]] bool equalsIgnoringCase(std::string_view left, std::string_view right) noexcept;
 
+/// The text with every `what` in it replaced; an empty `what` is in none.
+[[nodiscard]] std::string replaceAll(std::string_view text, std::string_view what,
+                                     std::string_view with);
+
 /// Without the blanks (spaces alone) at both ends.
 [[nodiscard]] std::string_view trimmed(std::string_view text) noexcept;
 

@@ -49,6 +49,15 @@ void MainDisplay::showPosition(const NowPlaying& playing) {
     elements_.touch(MainElement::track).left = barLeft + playing.percent * onePercent;
 }
 
+void MainDisplay::showVolume(const NowPlaying& playing) {
+    elements_.touch(MainElement::shwchange, 0).caption = playing.volumeText;
+}
+
+void MainDisplay::showBalance(const NowPlaying& playing) {
+    elements_.touch(MainElement::shwchange, 1).caption =
+        playing.balanceHover ? playing.hoverText : playing.balanceText;
+}
+
 void MainDisplay::showFields(bool visible) {
     for (std::size_t i = 0; i < kTagFields; ++i) {
         elements_.touch(MainElement::lbltag, i).visible = visible;

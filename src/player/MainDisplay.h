@@ -21,6 +21,8 @@ public:
     void showTitles(const NowPlaying& playing) override;
     void showTime(const NowPlaying& playing) override;
     void showPosition(const NowPlaying& playing) override;
+    void showVolume(const NowPlaying& playing) override;
+    void showBalance(const NowPlaying& playing) override;
     void showFields(bool visible) override;
 
 private:

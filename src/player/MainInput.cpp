@@ -2,103 +2,95 @@
 #include "player/MainInput.h"
 
 #include <algorithm>
-#include <array>
-#include <utility>
 
 namespace tovik::player {
 
 using ui::MainElement;
 
-const std::span<const MainInput::ButtonPair> MainInput::kButtons = [] {
-    static constexpr std::array kTable = {
-        ButtonPair{MainElement::backupIMG, MainElement::backdownIMG, Action::none},
-        ButtonPair{MainElement::playup, MainElement::playdown, Action::play},
-        ButtonPair{MainElement::pauseup, MainElement::pausedown, Action::pause},
-        ButtonPair{MainElement::stopup, MainElement::stopdown, Action::stop},
-        ButtonPair{MainElement::nextup, MainElement::nextdown, Action::none},
-        ButtonPair{MainElement::fileup, MainElement::filedown, Action::none},
-        ButtonPair{MainElement::closeup, MainElement::closedown, Action::close},
-        ButtonPair{MainElement::minon, MainElement::minoff, Action::minimise},
-        ButtonPair{MainElement::minmodeUP, MainElement::minmodeDown, Action::none},
-    };
-    return std::span<const ButtonPair>(kTable);
-}();
+namespace {
 
-MainInput::MainInput(ui::MainElements& elements, Transport& transport, std::function<void()> close,
-                     std::function<void()> minimise)
-    : elements_(elements), transport_(transport), close_(std::move(close)),
-      minimise_(std::move(minimise)) {}
-
-const MainInput::ButtonPair* MainInput::buttonUnder(const ui::PointerEvent& event) {
-    const auto found = std::ranges::find_if(kButtons, [&](const ButtonPair& button) {
-        return event.over(button.up) || event.over(button.down);
-    });
-    return event.button == ui::MouseButton::Left && found != kButtons.end() ? &*found : nullptr;
+bool isLeft(const ui::PointerEvent& event) {
+    return event.button == ui::MouseButton::Left;
 }
 
-void MainInput::press(const ButtonPair& button, bool pressed) {
-    elements_.touch(button.up).visible = !pressed;
-    elements_.touch(button.down).visible = pressed;
+const PressButton* pressedOf(const ui::PointerEvent& event) {
+    const auto found = std::ranges::find_if(pressButtons(), [&](const PressButton& button) {
+        return event.over(button.up) || event.over(button.down);
+    });
+    return found == pressButtons().end() ? nullptr : &*found;
+}
+
+int shiftState(const ui::Modifiers& modifiers) {
+    return (modifiers.shift ? ClsShortcut::kShift : 0) |
+           (modifiers.control ? ClsShortcut::kCtrl : 0) | (modifiers.alt ? ClsShortcut::kAlt : 0);
+}
+
+} // namespace
+
+void MainInput::press(const PressButton& button, bool pressed) {
+    p_.elements.touch(button.up).visible = !pressed;
+    p_.elements.touch(button.down).visible = pressed;
 }
 
 void MainInput::mouseDown(const ui::PointerEvent& event) {
-    if (const ButtonPair* button = buttonUnder(event); button != nullptr) {
-        press(*button, true);
+    if (!isLeft(event)) {
+        return;
     }
+    p_.bars.mouseDown(event);
+    if (const PressButton* const button = pressedOf(event); button != nullptr) {
+        press(*button, true);
+    } else if (event.over(MainElement::prebt)) {
+        p_.commands.run(CommandId::preferences);
+    }
+}
+
+void MainInput::mouseMove(const ui::PointerEvent& event) {
+    p_.bars.mouseMove(event);
 }
 
 void MainInput::mouseUp(const ui::PointerEvent& event) {
-    if (const ButtonPair* button = buttonUnder(event); button != nullptr) {
+    if (!isLeft(event)) {
+        return;
+    }
+    p_.bars.mouseUp(event);
+    if (const PressButton* const button = pressedOf(event); button != nullptr) {
         press(*button, false);
-        act(button->action);
+        p_.commands.run(button->command);
+    } else {
+        click(event);
     }
 }
 
-void MainInput::act(Action action) {
-    switch (action) {
-    case Action::play:
-        transport_.button_play();
-        break;
-    case Action::pause:
-        transport_.button_pause();
-        break;
-    case Action::stop:
-        transport_.button_stop();
-        break;
-    case Action::close:
-        close_();
-        break;
-    case Action::minimise:
-        minimise_();
-        break;
-    case Action::none:
-        break;
+void MainInput::click(const ui::PointerEvent& event) {
+    const auto found = std::ranges::find_if(clickButtons(), [&](const ClickButton& button) {
+        return event.element == ui::addressOf(button.name, button.index);
+    });
+    if (found != clickButtons().end() &&
+        p_.elements.get(found->name, found->index).box().contains(event.windowX, event.windowY)) {
+        p_.commands.run(found->command);
     }
 }
 
-std::size_t QuickListRows::rows() const {
-    return static_cast<std::size_t>(mirror_.ListCount());
+void MainInput::doubleClick(const ui::PointerEvent& event) {
+    // Number 0 is the minus sign.
+    if (isLeft(event) && event.over(MainElement::timed) && event.element->index > 0) {
+        p_.timeDisplay.flip();
+    }
 }
 
-std::string QuickListRows::text(std::size_t row) const {
-    return std::string(mirror_.List(static_cast<std::int32_t>(row)));
+void MainInput::wheel(const ui::PointerEvent& /*event*/, double notches) {
+    p_.volumeBar.turn(notches);
 }
 
-bool QuickListRows::selected(std::size_t row) const {
-    return mirror_.ListIndex() == static_cast<std::int32_t>(row);
+bool MainInput::keyDown(const ui::KeyEvent& event) {
+    bool used = true;
+    config::guard(p_.errors, config::player("Keydown"),
+                  [&] { used = p_.shortcuts.ShortCut(event.code, shiftState(event.modifiers)); });
+    return used;
 }
 
-bool QuickListRows::marked(std::size_t row) const {
-    return list_.SelectedIndex == static_cast<playlist::Row>(row) + 1;
-}
-
-void QuickListRows::selectRow(std::size_t row, ui::Modifiers /*modifiers*/) {
-    mirror_.ListIndex(static_cast<std::int32_t>(row));
-}
-
-void QuickListRows::activateRow(std::size_t row) {
-    mirror_.ListIndex(static_cast<std::int32_t>(row));
-    transport_.List1_DblClick();
+void MainInput::closeRequested() {
+    p_.commands.run(CommandId::exit);
 }
 
 } // namespace tovik::player

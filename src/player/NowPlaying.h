@@ -23,6 +23,11 @@ struct NowPlaying {
     std::string time = "00:00"; ///< five characters, the third is the colon
     bool countsDown = false;    ///< a minus sign stands before the time
     double percent = 0;         ///< the position mark, 0 to 100
+
+    std::string volumeText;    ///< such as "Volume 80%"
+    std::string balanceText;   ///< such as "Left 25%"
+    std::string hoverText;     ///< the balance of the lamp under the pointer
+    bool balanceHover = false; ///< the pointer is held over the lamps: `hoverText` is shown
 };
 
 /// A window that shows the record. It is told which part changed.
@@ -38,6 +43,10 @@ public:
 
     virtual void showTime(const NowPlaying& playing) = 0;
     virtual void showPosition(const NowPlaying& playing) = 0;
+
+    /// The words for volume and balance.
+    virtual void showVolume(const NowPlaying& playing) = 0;
+    virtual void showBalance(const NowPlaying& playing) = 0;
 
     /// Labels and fields of the tag are hidden on the other panels.
     virtual void showFields(bool visible) = 0;

@@ -16,6 +16,8 @@ public:
 
     virtual void hide() {}
 
+    virtual void minimise() {}
+
     virtual void setCaption(const std::string& /*caption*/) {}
 
     /// Whether the window shows on the task bar.

@@ -68,7 +68,7 @@ void Transport::startStream(const std::string& path) {
     } else {
         state.IsWmaStream = false;
     }
-    p_.volume.ApplyBalance(state.BalanceValue);
+    p_.balance.ApplyBalance(state.BalanceValue);
     p_.volume.readMode();
     p_.volume.apply();
     if (!wma) {

@@ -6,6 +6,7 @@
 #include "config/Settings.h"
 #include "host/Clock.h"
 #include "host/Timer.h"
+#include "player/Balance.h"
 #include "player/CBASS_TIME.h"
 #include "player/NowPlaying.h"
 #include "player/PlayerState.h"
@@ -31,6 +32,7 @@ struct TransportParts {
     TrackOpener& opener;
     TrackFacts& facts;
     Volume& volume;
+    Balance& balance;
     playlist::stdSS& list;
     playlist::ListMirror& mirror;
     ui::MainElements& elements;

@@ -35,10 +35,4 @@ void Volume::apply() {
     }
 }
 
-void Volume::ApplyBalance(std::int16_t value) {
-    if (state_.ActiveChannel != ChannelSlot::none) {
-        sound_.BASS_ChannelSetAttributes(state_.active(), kKeep, kKeep, value);
-    }
-}
-
 } // namespace tovik::player

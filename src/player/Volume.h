@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What of volume and balance reaches the sound library. Interface thread.
+// What of the volume reaches the sound library. Interface thread.
 #pragma once
 
 #include "config/Settings.h"
@@ -24,9 +24,6 @@ public:
 
     /// Gives the current volume to the channel or to the whole output.
     void apply();
-
-    /// Sets the pan of the active channel, -100 to 100.
-    void ApplyBalance(std::int16_t value);
 
 private:
     PlayerState& state_;

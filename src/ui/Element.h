@@ -14,7 +14,7 @@ enum class ElementKind : std::uint8_t {
     Image,   ///< its picture; without one its caption, or a panel of its back colour
     Label,   ///< its caption
     Button,  ///< its picture; without one a box with its caption
-    Bar,     ///< its picture; without one a groove, or a filled one when checked
+    Bar,     ///< its picture; without one a groove, or one filled with its text colour when checked
     Control, ///< a child widget of the window, placed by the record
 };
 

@@ -105,6 +105,11 @@ constexpr Place store(N name, std::size_t count = 1) {
     return {.name = name, .count = count, .visible = false};
 }
 
+/// A caption that is never shown as it stands.
+constexpr Place words(N name, std::size_t index, std::string_view caption) {
+    return {.name = name, .first = index, .visible = false, .caption = caption};
+}
+
 // The symbols a button bears while it has no picture.
 inline constexpr std::string_view kPrevious = "\u23EE";
 inline constexpr std::string_view kPlay = "\u25B6";

@@ -1,104 +1,136 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The mouse on the buttons and on the quick list.
-#include "player/MainInput.h"
+// The mouse on buttons and digits, the wheel, the keys.
+#include "player/InputRig.h"
 
-#include "player/PlayerRig.h"
+#include <stdexcept>
 
 namespace tovik::test {
 namespace {
 
+using player::CommandId;
+using testing::ElementsAre;
 using testing::IsEmpty;
 using ui::MainElement;
+using ui::MouseButton;
 
-class Input : public PlayerRig {
-protected:
-    static ui::PointerEvent at(MainElement element,
-                               ui::MouseButton button = ui::MouseButton::Left) {
-        ui::PointerEvent event;
-        event.element = ui::addressOf(element);
-        event.button = button;
-        return event;
-    }
-
-    void click(MainElement element) {
-        input_.mouseDown(at(element));
-        input_.mouseUp(at(element));
-    }
-
-    int closed_ = 0;
-    int minimised_ = 0;
-    player::MainInput input_{elements_, transport_, [this] { ++closed_; },
-                             [this] { ++minimised_; }};
-    player::QuickListRows rows_{mirror_, list_, transport_};
-};
+class Input : public InputRig {};
 
 TEST_F(Input, aPressShowsTheDownFaceAndActsOnlyWhenReleased) {
-    fetchRow(track("a.mp3", {.seconds = 10}), "Song");
     input_.mouseDown(at(MainElement::playup));
     EXPECT_FALSE(elements_.get(MainElement::playup).visible);
     EXPECT_TRUE(elements_.get(MainElement::playdown).visible);
-    EXPECT_FALSE(state_.IsPlaying);
+    EXPECT_THAT(ran_, IsEmpty());
     input_.mouseUp(at(MainElement::playup));
     EXPECT_TRUE(elements_.get(MainElement::playup).visible);
     EXPECT_FALSE(elements_.get(MainElement::playdown).visible);
-    EXPECT_TRUE(state_.IsPlaying);
+    EXPECT_THAT(ran_, ElementsAre(CommandId::play));
 }
 
-TEST_F(Input, pauseAndStop) {
-    fetchRow(track("a.mp3", {.seconds = 10}), "Song");
-    click(MainElement::playup);
-    click(MainElement::pauseup);
-    EXPECT_TRUE(state_.IsPaused);
-    click(MainElement::pauseup);
-    EXPECT_FALSE(state_.IsPaused);
-    click(MainElement::stopup);
-    EXPECT_FALSE(state_.IsPlaying);
-}
-
-TEST_F(Input, closeAndMinimise) {
-    click(MainElement::closeup);
-    EXPECT_EQ(closed_, 1);
-    click(MainElement::minon);
-    EXPECT_EQ(minimised_, 1);
-    input_.closeRequested();
-    EXPECT_EQ(closed_, 2);
+TEST_F(Input, everyButtonRunsItsCommand) {
+    const std::vector<std::pair<MainElement, CommandId>> buttons = {
+        {MainElement::backupIMG, CommandId::previousButton},
+        {MainElement::playup, CommandId::play},
+        {MainElement::pauseup, CommandId::pause},
+        {MainElement::stopup, CommandId::stop},
+        {MainElement::nextup, CommandId::nextButton},
+        {MainElement::fileup, CommandId::addFile},
+        {MainElement::closeup, CommandId::exit},
+        {MainElement::minon, CommandId::minimise},
+        {MainElement::minmodeUP, CommandId::miniMode},
+        {MainElement::ShuffleBT, CommandId::shuffle},
+        {MainElement::LoopBT, CommandId::repeat},
+        {MainElement::CfdBT, CommandId::crossfade},
+        {MainElement::sldBT, CommandId::silenceSkip},
+        {MainElement::qpl_but, CommandId::foldQuickList},
+        {MainElement::EQ_on, CommandId::equalizer},
+        {MainElement::EQ_off, CommandId::equalizer},
+        {MainElement::resetbt, CommandId::resetEqualizer},
+        {MainElement::presetbt, CommandId::presetMenu},
+        {MainElement::mainbt, CommandId::mainPanel},
+        {MainElement::eqbt, CommandId::equalizerPanel},
+        {MainElement::plbt, CommandId::playlistPanel},
+        {MainElement::ripbt, CommandId::ripPanel},
+        {MainElement::irtbt, CommandId::radioPanel},
+        {MainElement::prebt, CommandId::preferences},
+        {MainElement::addfileIMG, CommandId::addFile},
+        {MainElement::adddirIMG, CommandId::addFolder},
+        {MainElement::loadImg, CommandId::loadList},
+        {MainElement::SaveImg, CommandId::saveList},
+    };
+    for (const auto& [element, command] : buttons) {
+        ran_.clear();
+        click(element);
+        EXPECT_THAT(ran_, ElementsAre(command)) << static_cast<int>(element);
+    }
 }
 
 TEST_F(Input, otherButtonsOfTheMouseAndOtherPlacesDoNothing) {
-    input_.mouseDown(at(MainElement::closeup, ui::MouseButton::Right));
-    input_.mouseUp(at(MainElement::closeup, ui::MouseButton::Right));
+    input_.mouseDown(at(MainElement::closeup, 0, MouseButton::Right));
+    input_.mouseUp(at(MainElement::closeup, 0, MouseButton::Right));
     EXPECT_TRUE(elements_.get(MainElement::closeup).visible);
     click(MainElement::mainIMG);
     ui::PointerEvent nowhere;
-    nowhere.button = ui::MouseButton::Left;
+    nowhere.button = MouseButton::Left;
     input_.mouseDown(nowhere);
     input_.mouseUp(nowhere);
-    EXPECT_EQ(closed_, 0);
+    EXPECT_THAT(ran_, IsEmpty());
     EXPECT_THAT(sound_.calls, IsEmpty());
 }
 
-TEST_F(Input, rowsOfTheQuickList) {
-    EXPECT_EQ(rows_.rows(), 0U);
-    list_.AddItem("", track("a.mp3", {.seconds = 10}), "One", "00:10", 10);
-    list_.AddItem("", track("b.mp3", {.seconds = 10}), "Two", "00:10", 10);
-    EXPECT_EQ(rows_.rows(), 2U);
-    EXPECT_EQ(rows_.text(1), "Two");
-    rows_.selectRow(0, {});
-    EXPECT_TRUE(rows_.selected(0));
-    EXPECT_FALSE(rows_.selected(1));
-    EXPECT_THAT(sound_.calls, IsEmpty());
-    EXPECT_EQ(list_.SelectedIndex, 0);
+TEST_F(Input, aButtonWithOneFaceWantsTheReleaseOnIt) {
+    input_.mouseDown(at(MainElement::ShuffleBT));
+    input_.mouseUp(event(MainElement::ShuffleBT, 0, 200, 200));
+    EXPECT_THAT(ran_, IsEmpty());
 }
 
-TEST_F(Input, aDoubleClickOnARowPlaysIt) {
-    list_.AddItem("", track("a.mp3", {.seconds = 10}), "One", "00:10", 10);
-    list_.AddItem("", track("b.mp3", {.seconds = 10}), "Two", "00:10", 10);
-    rows_.activateRow(1);
-    EXPECT_TRUE(rows_.selected(1));
-    EXPECT_TRUE(rows_.marked(1));
-    EXPECT_FALSE(rows_.marked(0));
-    EXPECT_EQ(state_.CurrentTitle, "Two");
-    EXPECT_TRUE(state_.IsPlaying);
+TEST_F(Input, aDoubleClickOnTheDigitsFlipsThem) {
+    for (std::size_t digit = 1; digit <= 5; ++digit) {
+        state_.TimeDisplayMode = 0;
+        input_.doubleClick(at(MainElement::timed, digit));
+        EXPECT_EQ(state_.TimeDisplayMode, 1) << digit;
+        input_.doubleClick(at(MainElement::timed, digit));
+        EXPECT_EQ(state_.TimeDisplayMode, 0) << digit;
+    }
+    input_.doubleClick(at(MainElement::timed, 0));
+    input_.doubleClick(at(MainElement::songname));
+    input_.doubleClick(at(MainElement::timed, 1, MouseButton::Right));
+    EXPECT_EQ(state_.TimeDisplayMode, 0);
+}
+
+TEST_F(Input, theWheelTurnsTheVolumeAnywhere) {
+    input_.wheel(at(MainElement::songname, 0, MouseButton::None), 1);
+    EXPECT_EQ(state_.CurrentVolume, 85);
+    input_.wheel({}, -2);
+    EXPECT_EQ(state_.CurrentVolume, 75);
+}
+
+TEST_F(Input, keysRunTheirCommands) {
+    EXPECT_TRUE(input_.keyDown({.code = 'X'}));
+    EXPECT_TRUE(input_.keyDown({.code = 'X', .modifiers = {.alt = true}}));
+    EXPECT_TRUE(input_.keyDown({.code = 'M', .modifiers = {.control = true}}));
+    EXPECT_TRUE(input_.keyDown({.code = 0x27, .repeated = true}));
+    EXPECT_THAT(ran_, ElementsAre(CommandId::play, CommandId::exit, CommandId::stopAfterCurrent,
+                                  CommandId::forwardFiveSeconds));
+}
+
+TEST_F(Input, otherKeysGoOnToTheWindowSystem) {
+    EXPECT_FALSE(input_.keyDown({.code = 'Q'}));
+    EXPECT_FALSE(input_.keyDown({.code = 0}));
+    EXPECT_FALSE(input_.keyDown({.code = 'X', .modifiers = {.shift = true}}));
+    EXPECT_FALSE(input_.keyDown({.code = 'X', .modifiers = {.control = true, .alt = true}}));
+    EXPECT_THAT(ran_, IsEmpty());
+}
+
+TEST_F(Input, aKeyThatFailsIsLoggedWithoutABox) {
+    commands_.bind(CommandId::play, [] { throw base::RuntimeError(base::ErrorNumber::Overflow); });
+    EXPECT_TRUE(input_.keyDown({.code = 'X'}));
+    EXPECT_THAT(logged(), ElementsAre("Overflow,6,Player,Keydown"));
+    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+}
+
+TEST_F(Input, closingTheWindowEndsTheProgram) {
+    input_.closeRequested();
+    EXPECT_THAT(ran_, ElementsAre(CommandId::exit));
 }
 
 } // namespace

@@ -29,6 +29,7 @@ PlayerRig::PlayerRig()
                   .opener = opener_,
                   .facts = facts_,
                   .volume = volume_,
+                  .balance = balance_,
                   .list = list_,
                   .mirror = mirror_,
                   .elements = elements_,

@@ -3,7 +3,9 @@
 #pragma once
 
 #include "config/clsXML.h"
+#include "player/Balance.h"
 #include "player/Transport.h"
+#include "player/VolumeBar.h"
 #include "support/host/TestHost.h"
 #include "support/sound/FakeSoundLibrary.h"
 #include "tags/TagWarning.h"
@@ -35,6 +37,10 @@ public:
     void showTime(const player::NowPlaying& playing) override { note("time", playing); }
 
     void showPosition(const player::NowPlaying& playing) override { note("position", playing); }
+
+    void showVolume(const player::NowPlaying& playing) override { note("volume", playing); }
+
+    void showBalance(const player::NowPlaying& playing) override { note("balance", playing); }
 
     void showFields(bool visible) override {
         told.emplace_back(visible ? "fields shown" : "fields hidden");
@@ -124,6 +130,8 @@ protected:
     ui::MainElements elements_{ui::mainLayout()};
     player::TrackOpener opener_{sound_};
     player::Volume volume_{state_, sound_, settings_};
+    player::VolumeBar volumeBar_{state_, volume_, errors_, elements_, playing_, view_};
+    player::Balance balance_{state_, sound_, errors_, elements_, playing_, view_};
     player::TrackFacts facts_{state_, time_, settings_, tag_, list_, playing_, view_, events_};
     std::unique_ptr<host::Timer> Timer3_ = host_.clock.makeTimer([] {});
     player::Transport transport_;

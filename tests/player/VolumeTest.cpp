@@ -4,7 +4,6 @@
 namespace tovik::test {
 namespace {
 
-using player::ChannelSlot;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -45,20 +44,6 @@ TEST_F(Volume, theModeIsReadAnew) {
     volume_.apply();
     EXPECT_THAT(sound_.calls,
                 ElementsAre("BASS_SetVolume(80)", "BASS_ChannelSetAttributes(11, -1, 80, 0)"));
-}
-
-TEST_F(Volume, theBalanceGoesToTheActiveChannel) {
-    state_.ActiveChannel = ChannelSlot::primary;
-    volume_.ApplyBalance(-100);
-    state_.ActiveChannel = ChannelSlot::secondary;
-    volume_.ApplyBalance(75);
-    EXPECT_THAT(sound_.calls, ElementsAre("BASS_ChannelSetAttributes(11, -1, -1, -100)",
-                                          "BASS_ChannelSetAttributes(12, -1, -1, 75)"));
-}
-
-TEST_F(Volume, theBalanceOfNoChannelIsNotSet) {
-    volume_.ApplyBalance(25);
-    EXPECT_THAT(sound_.calls, IsEmpty());
 }
 
 } // namespace

@@ -104,7 +104,7 @@ void drawBar(QPainter& painter, const Element& element) {
         return;
     }
     const double radius = std::min({kButtonRadius, box.width() / 2, box.height() / 2});
-    const QColor colour = qtColour(*element.backColour);
+    const QColor colour = qtColour(element.checked ? element.textColour : *element.backColour);
     fillRounded(painter, box, radius,
                 element.checked ? downwards(box, colour.lighter(kLighter), colour)
                                 : downwards(box, colour.darker(kDarker), colour));

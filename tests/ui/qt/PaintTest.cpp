@@ -64,7 +64,7 @@ TEST_F(PaintTest, whatMovesIsPaintedWhereItWasAndIs) {
 
 TEST_F(PaintTest, aHiddenWindowPaintsNothingAndShowsTheLatestLater) {
     window.hide();
-    table.touch(Small::lamp, 0).backColour = Colour{0, 255, 0};
+    table.touch(Small::lamp, 0).textColour = {0, 255, 0};
     table.touch(Small::lamp, 0).checked = true;
     settle();
     EXPECT_TRUE(painted.regions.empty());

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What each command of the table does here. A command that nothing is bound to does nothing.
+#include "app/frmPlayer.h"
+
+#include "config/SettingText.h"
+
+#include <array>
+#include <utility>
+
+namespace tovik::app {
+
+using player::CommandId;
+using player::TimeDisplay;
+
+void frmPlayer::bindCommands() {
+    bindPlaying();
+    bindPanels();
+    bindModes();
+    commands_.bind(CommandId::exit, [this] { host_.closing.request(); });
+    commands_.bind(CommandId::minimise, [this] { window_.minimise(); });
+}
+
+void frmPlayer::bindPlaying() {
+    commands_.bind(CommandId::play, [this] { transport_.button_play(); });
+    commands_.bind(CommandId::pause, [this] { transport_.button_pause(); });
+    commands_.bind(CommandId::stop, [this] { transport_.button_stop(); });
+    commands_.bind(CommandId::backFiveSeconds, [this] { transport_.five_seconds_bck(); });
+    commands_.bind(CommandId::forwardFiveSeconds, [this] { transport_.five_seconds_fwd(); });
+    commands_.bind(CommandId::startOfList, [this] { playItem(0); });
+    commands_.bind(CommandId::endOfList, [this] { playItem(List1_.ListCount() - 1); });
+    commands_.bind(CommandId::stopAfterCurrent,
+                   {.run = [this] { state_.StopAfterCurrent = !state_.StopAfterCurrent; },
+                    .checked = [this] { return state_.StopAfterCurrent; }});
+}
+
+void frmPlayer::playItem(std::int32_t item) {
+    List1_.ListIndex(item);
+    transport_.List1_DblClick();
+}
+
+void frmPlayer::bindPanels() {
+    static constexpr std::array<std::pair<CommandId, const char*>, 5> kPanels = {{
+        {CommandId::mainPanel, "10000"},
+        {CommandId::equalizerPanel, "01000"},
+        {CommandId::playlistPanel, "00100"},
+        {CommandId::ripPanel, "00010"},
+        {CommandId::radioPanel, "00001"},
+    }};
+    for (const auto& [id, mask] : kPanels) {
+        commands_.bind(id, [this, mask = mask] { panels_.Switch_Win(mask); });
+    }
+    commands_.bind(CommandId::foldQuickList, {.run = [this] { panels_.FlipQuickList(); },
+                                              .checked = [this] { return state_.QuickListOpen; }});
+}
+
+void frmPlayer::bindModes() {
+    commands_.bind(CommandId::alwaysOnTop,
+                   {.run = [this] { mnuTop(); }, .checked = [this] { return staysOnTop(); }});
+    for (const auto& [id, mode] : {std::pair(CommandId::timeElapsed, TimeDisplay::kElapsed),
+                                   std::pair(CommandId::timeRemaining, TimeDisplay::kRemaining)}) {
+        commands_.bind(id,
+                       {.run = [this, mode = mode] { timeDisplay_.choose(mode); },
+                        .checked = [this, mode = mode] { return state_.TimeDisplayMode == mode; }});
+    }
+}
+
+bool frmPlayer::staysOnTop() {
+    return config::settingToInt16(settings_.getSetting("ASOT")) == 1;
+}
+
+void frmPlayer::mnuTop() {
+    // The setting is what is toggled, whatever the window does.
+    const bool topmost = !staysOnTop();
+    window_.setTopmost(topmost);
+    settings_.saveSetting("ASOT", topmost ? "1" : "0");
+}
+
+} // namespace tovik::app

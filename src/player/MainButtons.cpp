@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/MainButtons.h"
+
+#include <array>
+
+namespace tovik::player {
+
+namespace {
+
+using N = ui::MainElement;
+using Id = CommandId;
+
+constexpr auto kPress = std::to_array<PressButton>({
+    {N::backupIMG, N::backdownIMG, Id::previousButton},
+    {N::playup, N::playdown, Id::play},
+    {N::pauseup, N::pausedown, Id::pause},
+    {N::stopup, N::stopdown, Id::stop},
+    {N::nextup, N::nextdown, Id::nextButton},
+    {N::fileup, N::filedown, Id::addFile},
+    {N::closeup, N::closedown, Id::exit},
+    {N::minon, N::minoff, Id::minimise},
+    {N::minmodeUP, N::minmodeDown, Id::miniMode},
+});
+
+constexpr auto kClick = std::to_array<ClickButton>({
+    {N::ShuffleBT, 0, Id::shuffle},      {N::LoopBT, 0, Id::repeat},
+    {N::CfdBT, 0, Id::crossfade},        {N::sldBT, 0, Id::silenceSkip},
+    {N::qpl_but, 0, Id::foldQuickList},  {N::mainbt, 0, Id::mainPanel},
+    {N::eqbt, 0, Id::equalizerPanel},    {N::plbt, 0, Id::playlistPanel},
+    {N::ripbt, 0, Id::ripPanel},         {N::irtbt, 0, Id::radioPanel},
+    {N::EQ_on, 0, Id::equalizer},        {N::EQ_off, 0, Id::equalizer},
+    {N::resetbt, 0, Id::resetEqualizer}, {N::presetbt, 0, Id::presetMenu},
+    {N::addfileIMG, 0, Id::addFile},     {N::adddirIMG, 0, Id::addFolder},
+    {N::delIMG, 0, Id::removeFromList},  {N::clrIMG, 0, Id::clearList},
+    {N::loadImg, 0, Id::loadList},       {N::SaveImg, 0, Id::saveList},
+    {N::ripperbt, 0, Id::ripMenu},       {N::cancelrip, 0, Id::cancelRip},
+});
+
+} // namespace
+
+std::span<const PressButton> pressButtons() noexcept {
+    return kPress;
+}
+
+std::span<const ClickButton> clickButtons() noexcept {
+    return kClick;
+}
+
+} // namespace tovik::player

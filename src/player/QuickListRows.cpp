@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/QuickListRows.h"
+
+namespace tovik::player {
+
+std::size_t QuickListRows::rows() const {
+    return static_cast<std::size_t>(mirror_.ListCount());
+}
+
+std::string QuickListRows::text(std::size_t row) const {
+    return std::string(mirror_.List(static_cast<std::int32_t>(row)));
+}
+
+bool QuickListRows::selected(std::size_t row) const {
+    return mirror_.ListIndex() == static_cast<std::int32_t>(row);
+}
+
+bool QuickListRows::marked(std::size_t row) const {
+    return list_.SelectedIndex == static_cast<playlist::Row>(row) + 1;
+}
+
+void QuickListRows::selectRow(std::size_t row, ui::Modifiers /*modifiers*/) {
+    mirror_.ListIndex(static_cast<std::int32_t>(row));
+}
+
+void QuickListRows::activateRow(std::size_t row) {
+    mirror_.ListIndex(static_cast<std::int32_t>(row));
+    transport_.List1_DblClick();
+}
+
+} // namespace tovik::player

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/QuickListRows.h"
+
+#include "player/PlayerRig.h"
+
+namespace tovik::test {
+namespace {
+
+using testing::IsEmpty;
+
+class QuickList : public PlayerRig {
+protected:
+    player::QuickListRows rows_{mirror_, list_, transport_};
+};
+
+TEST_F(QuickList, rowsOfTheQuickList) {
+    EXPECT_EQ(rows_.rows(), 0U);
+    list_.AddItem("", track("a.mp3", {.seconds = 10}), "One", "00:10", 10);
+    list_.AddItem("", track("b.mp3", {.seconds = 10}), "Two", "00:10", 10);
+    EXPECT_EQ(rows_.rows(), 2U);
+    EXPECT_EQ(rows_.text(1), "Two");
+    rows_.selectRow(0, {});
+    EXPECT_TRUE(rows_.selected(0));
+    EXPECT_FALSE(rows_.selected(1));
+    EXPECT_THAT(sound_.calls, IsEmpty());
+    EXPECT_EQ(list_.SelectedIndex, 0);
+}
+
+TEST_F(QuickList, aDoubleClickOnARowPlaysIt) {
+    list_.AddItem("", track("a.mp3", {.seconds = 10}), "One", "00:10", 10);
+    list_.AddItem("", track("b.mp3", {.seconds = 10}), "Two", "00:10", 10);
+    rows_.activateRow(1);
+    EXPECT_TRUE(rows_.selected(1));
+    EXPECT_TRUE(rows_.marked(1));
+    EXPECT_FALSE(rows_.marked(0));
+    EXPECT_EQ(state_.CurrentTitle, "Two");
+    EXPECT_TRUE(state_.IsPlaying);
+}
+
+} // namespace
+} // namespace tovik::test

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The bar of the volume, its fill and its words, and the wheel.
+#include "player/VolumeBar.h"
+
+#include "player/PlayerRig.h"
+
+namespace tovik::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using ui::MainElement;
+
+/// 16 twips, in pixels.
+constexpr double kPointer = 16.0 / 15;
+
+class VolumeBar : public PlayerRig {
+protected:
+    VolumeBar() {
+        state_.PrimaryChannel = 11;
+        state_.CrossfadeLeg = 2;
+        elements_.touch(MainElement::volbar).height = 200;
+    }
+
+    [[nodiscard]] double fill() const { return elements_.get(MainElement::volbarIMG).height; }
+};
+
+TEST_F(VolumeBar, aPressSetsTheVolumeOfTheChannelWithACentredBalance) {
+    volumeBar_.volbar_MouseDown(60);
+    EXPECT_EQ(state_.CurrentVolume, 30);
+    EXPECT_DOUBLE_EQ(fill(), 60 + kPointer);
+    EXPECT_THAT(sound_.calls, ElementsAre("BASS_ChannelSetAttributes(11, -1, 30, 0)"));
+    EXPECT_EQ(view_.last.volumeText, "Volume 30%");
+}
+
+TEST_F(VolumeBar, theModeIsReadAnewAtEachChange) {
+    set("EV2", "1");
+    volumeBar_.volbar_MouseDown(60);
+    set("EV2", "0");
+    volumeBar_.volbar_MouseMove(80);
+    set("EV2", "2");
+    volumeBar_.change_volume(50, 1);
+    EXPECT_THAT(sound_.calls,
+                ElementsAre("BASS_SetVolume(30)", "BASS_ChannelSetAttributes(11, -1, 40, 0)",
+                            "BASS_SetVolume(50)"));
+}
+
+TEST_F(VolumeBar, halvesGoToTheEvenNeighbour) {
+    volumeBar_.volbar_MouseMove(61);
+    EXPECT_EQ(state_.CurrentVolume, 30);
+    volumeBar_.volbar_MouseMove(63);
+    EXPECT_EQ(state_.CurrentVolume, 32);
+}
+
+TEST_F(VolumeBar, beyondTheEndsItIsHeld) {
+    volumeBar_.volbar_MouseMove(-50);
+    EXPECT_EQ(state_.CurrentVolume, 0);
+    EXPECT_EQ(fill(), 0);
+    volumeBar_.volbar_MouseMove(900);
+    EXPECT_EQ(state_.CurrentVolume, 100);
+    EXPECT_EQ(fill(), 200);
+}
+
+TEST_F(VolumeBar, withoutALegOnlyTheFigureChanges) {
+    state_.CrossfadeLeg = 0;
+    volumeBar_.volbar_MouseDown(100);
+    EXPECT_EQ(state_.CurrentVolume, 50);
+    EXPECT_THAT(sound_.calls, IsEmpty());
+}
+
+TEST_F(VolumeBar, aPressThatFailsIsLoggedAndTold) {
+    set("EV2", "loud");
+    volumeBar_.volbar_MouseDown(60);
+    EXPECT_THAT(logged(), ElementsAre("Type mismatch,13,Player,volbar_mousedown"));
+    ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
+    EXPECT_EQ(host_.dialogs.boxes[0].title, " in sub volbar_MouseDown");
+    EXPECT_EQ(state_.CurrentVolume, 80);
+}
+
+TEST_F(VolumeBar, changeVolumeMovesTheFillToTheVolume) {
+    volumeBar_.change_volume(85, -1);
+    EXPECT_EQ(state_.CurrentVolume, 85);
+    EXPECT_DOUBLE_EQ(fill(), 170);
+    EXPECT_EQ(view_.last.volumeText, "Volume 85%");
+    EXPECT_THAT(sound_.calls, ElementsAre("BASS_ChannelSetAttributes(11, -1, 85, 0)"));
+    volumeBar_.change_volume(130, -1);
+    EXPECT_EQ(state_.CurrentVolume, 100);
+    volumeBar_.change_volume(-3, 1);
+    EXPECT_EQ(state_.CurrentVolume, 0);
+    EXPECT_EQ(fill(), 0);
+}
+
+TEST_F(VolumeBar, aNotchIsFivePercent) {
+    volumeBar_.turn(1);
+    EXPECT_EQ(state_.CurrentVolume, 85);
+    volumeBar_.turn(-2);
+    EXPECT_EQ(state_.CurrentVolume, 75);
+    volumeBar_.turn(40);
+    EXPECT_EQ(state_.CurrentVolume, 100);
+    volumeBar_.turn(-10000);
+    EXPECT_EQ(state_.CurrentVolume, 0);
+}
+
+TEST_F(VolumeBar, partsOfANotchAddUp) {
+    volumeBar_.turn(0.5);
+    EXPECT_EQ(state_.CurrentVolume, 80);
+    volumeBar_.turn(0.75);
+    EXPECT_EQ(state_.CurrentVolume, 85);
+    volumeBar_.turn(-0.25);
+    EXPECT_EQ(state_.CurrentVolume, 85);
+    volumeBar_.turn(-1);
+    EXPECT_EQ(state_.CurrentVolume, 80);
+}
+
+TEST_F(VolumeBar, theWordsTakeTheFigureWhereTheCaptionWantsIt) {
+    elements_.touch(MainElement::Label3).caption = "[x] of 100: [x]";
+    volumeBar_.showText();
+    EXPECT_EQ(playing_.volumeText, "80 of 100: 80");
+}
+
+} // namespace
+} // namespace tovik::test
