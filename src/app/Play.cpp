@@ -11,6 +11,7 @@
 #include "host/virtual/UnattendedPrograms.h"
 #include "sound/engine/Engine.h"
 
+#include <array>
 #include <cstdlib>
 #include <optional>
 #include <QApplication>
@@ -71,8 +72,8 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
     preferX11();
     int argc = 1;
     std::string name = "tovik";
-    char* argv[] = {name.data(), nullptr};
-    const QApplication application(argc, argv);
+    std::array<char*, 2> argv = {name.data(), nullptr};
+    const QApplication application(argc, argv.data());
     QApplication::setQuitOnLastWindowClosed(false);
 
     const std::string folder = prepareDataFolder(line, environment);
@@ -105,18 +106,19 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
     QObject::connect(qApp, &QGuiApplication::commitDataRequest, qApp,
                      [&](QSessionManager&) { host.closing.request(host::ClosedBy::System); });
 
+    const auto shot = host.timers.makeTimer([&] {
+        copy.reset();
+        saveScreenshot(window.widget(), *line.screenshotFile, host.closing);
+    });
+
     host.dispatcher.run([&] { player.Form_Initialize(); });
     host.dispatcher.run([&] { player.Form_Load(); });
     // A start that failed half way still leaves a window.
     window.show();
     if (line.screenshotFile) {
-        QMetaObject::invokeMethod(
-            &window.widget(),
-            [&] {
-                copy.reset();
-                saveScreenshot(window.widget(), *line.screenshotFile, host.closing);
-            },
-            Qt::QueuedConnection);
+        // Once the event loop runs: what the start left to it is then in the picture.
+        shot->setInterval(1);
+        shot->setEnabled(true);
     }
     return QApplication::exec();
 }
