@@ -280,12 +280,13 @@ TEST_F(UnpackSkinTest, theGreatestNumberOfFilesIsUnpacked) {
     constexpr std::int16_t kFiles = 32767;
     std::string package = header(kFiles);
     for (int file = 0; file < kFiles; ++file) {
-        package += entry("f" + std::to_string(file), storedStream("x"));
+        package += entry("f" + std::to_string(file % 100), storedStream(std::to_string(file)));
     }
     put(package);
     unpack();
     EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
-    EXPECT_EQ(host_.folder.read("skins/CurrentSkin/f32766"), "x");
+    EXPECT_THAT(files(), SizeIs(100));
+    EXPECT_EQ(files()["f66"], "32766");
 }
 
 TEST(SkinPackage, readsWhatItMakes) {
