@@ -61,5 +61,26 @@ TEST(Profile, aLongValueIsCutBetweenCharacters) {
     EXPECT_EQ(profileValue("[S]\nK=" + odd + "\n", "S", "K"), std::string(253, 'a'));
 }
 
+TEST(Profile, keysAreMatchedAsWritten) {
+    EXPECT_EQ(profileValue("[S]\nitem053=a\nitem53=b\n", "S", "item53"), "b");
+    EXPECT_EQ(profileValue("[S]\nitem053=a\n", "S", "item53"), "");
+}
+
+TEST(Profile, aSemicolonInFrontOfAValueIsText) {
+    EXPECT_EQ(profileValue("[S]\nK=;a\n", "S", "K"), ";a");
+    EXPECT_EQ(profileValue("[S]\n;K=a\nK=b\n", "S", "K"), "b");
+}
+
+TEST(Profile, theMarkThatEditorsPutInFrontOfUtf8IsPassedOver) {
+    const std::string file = "\xEF\xBB\xBF[S]\r\nK=1\r\n";
+    EXPECT_EQ(profileValue(file, "S", "K"), "1");
+    EXPECT_EQ(withProfileValue(file, "S", "K", "2"), "\xEF\xBB\xBF[S]\r\nK=2\r\n");
+}
+
+TEST(Profile, missingAndEmptyDiffer) {
+    EXPECT_EQ(findProfileValue("[S]\nK=\n", "S", "K"), "");
+    EXPECT_EQ(findProfileValue("[S]\n", "S", "K"), std::nullopt);
+}
+
 } // namespace
 } // namespace tovik::config

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The sections of a language file, and how the rows of its table are written. For
+// `LanguageTable.cpp`. Any thread.
+#pragma once
+
+#include "config/LanguageTable.h"
+
+#include <array>
+
+namespace tovik::config::rows {
+
+using S = LanguageSection;
+using W = TextWindow;
+using K = TextKind;
+using Row = LanguageRow;
+
+inline constexpr std::array<LanguageSectionRow, kLanguageSections> kSections{{
+    {S::MainMenu, "MainMenu", 37, W::frmTSR},
+    {S::VisMenu, "VisMenu", 2, W::frmTSR},
+    {S::PlMenu, "PlMenu", 3, W::frmTSR},
+    {S::PresetMenu, "PresetMenu", 3, W::frmTSR},
+    {S::RipMenu, "RipMenu", 3, W::frmTSR},
+    {S::PlayerWin, "PlayerWin", 54, W::frmPlayer},
+    // The number 60 is asked for as well, though nothing takes its text and no file has it.
+    {S::frmPreferences, "frmPreferences", 61, W::frmPreferences},
+    {S::FrmLoadPreset, "FrmLoadPreset", 4, W::frmLoadPreset},
+    {S::frmAddDir, "frmAddDir", 4, W::frmOpenDirectory},
+    {S::frmSearchSong, "frmSearchSong", 6, W::frmJump2File},
+    {S::frmAddStation, "frmAddStation", 4, W::frmaddst},
+    {S::frmCdInfo, "frmCdInfo", 10, W::frmCdNFO},
+    {S::Update, "Update", 5, W::Update},
+    {S::frmOutPutPath, "frmOutPutPath", 3, W::frmRipDir},
+    {S::frmAbout, "frmAbout", 5, W::frmAbout},
+    {S::frmMp3Tag, "frmMp3Tag", 35, W::frmMp3Tag},
+    {S::frmJump2Time, "frmJump2Time", 6, W::frmjump2time},
+    {S::frmJump2Track, "frmJump2Track", 9, W::frmJump2Track},
+    {S::Prompt, "Prompt", 4, W::None},
+    {S::Error, "Error", 2, W::None},
+    {S::Shortcuts, "Shortcuts", 36, W::frmPreferences},
+}};
+
+constexpr Row put(S section, int item, std::string_view element, K kind = K::Caption, int index = 0,
+                  int count = 1) {
+    return {section, item,  count, kSections.at(static_cast<std::size_t>(section)).window,
+            element, index, kind};
+}
+
+/// Captions of consecutive indices.
+constexpr Row run(S section, int item, std::string_view element, int index, int count = 1) {
+    return put(section, item, element, K::Caption, index, count);
+}
+
+constexpr Row title(S section) {
+    return put(section, 0, "");
+}
+
+constexpr Row tip(S section, int item, std::string_view element, int index = 0, int count = 1) {
+    return put(section, item, element, K::Tooltip, index, count);
+}
+
+/// A tab of the main window, named by the menu.
+constexpr Row tab(int item, std::string_view element) {
+    return {S::MainMenu, item, 1, W::frmPlayer, element, 0, K::Tooltip};
+}
+
+} // namespace tovik::config::rows

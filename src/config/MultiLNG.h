@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Puts the texts of a language file into the windows. Interface thread.
+#pragma once
+
+#include "config/LanguageTable.h"
+#include "host/Paths.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace tovik::config {
+
+/// Every loader reads its texts from "Languages/NAME.lng" in the data folder, each anew from the
+/// file, and hands them to the windows that are attached. Call `Language_File` first.
+///
+/// A deliberate oddity (`textOf`): a file, section or key that is missing gives empty texts, and
+/// these replace what the window bore: what a language leaves out goes blank, and nothing is said.
+class MultiLNG {
+public:
+    /// Kept by reference.
+    explicit MultiLNG(const host::Paths& paths) : paths_(paths) {}
+
+    /// From now on the texts for this window go there. The targets must outlive this object or be
+    /// detached before they go.
+    void attach(TextWindow window, TextTargets& targets);
+    void detach(TextWindow window);
+
+    /// The language by its name, the setting "CLNG". It may leave the folder of languages, by ".."
+    /// and separators in it.
+    void Language_File(std::string_view name);
+
+    void Load_Menus_Lng();
+    void Load_Menu_Main_LNG();
+    void Load_Menu_Vis_LNG();
+    void Load_Menu_PL_LNG();
+    void Load_Menu_Preset_LNG();
+    void Load_Menu_Rip_LNG();
+    void Load_Main_Win_LNG();
+    void Load_FRM_Preferences_LNG();
+    void Load_FRM_Preset_LNG();
+    void Load_FRM_addDir_LNG();
+    void Load_FRM_search_LNG();
+    void Load_addST_search_LNG();
+    void Load_FRM_cdinfo_LNG();
+    void Load_Update_LNG();
+    void Load_Outputpath();
+    void Load_About();
+    void Load_FRM_MP3Tag();
+    void Load_frmJump2time();
+    void Load_frmJump2track();
+
+    /// The names of the commands go to the list of the preferences.
+    void Get_Shortcut_List();
+
+    /// Runs the loaders of all attached windows: after a change of the language.
+    void loadAttached();
+
+    [[nodiscard]] std::string get_Prompt_String(int number) const;
+    [[nodiscard]] std::string get_Error_String(int number) const;
+
+private:
+    void load(LanguageSection section);
+    [[nodiscard]] std::string path() const;
+    [[nodiscard]] static std::string textOf(const std::string& path, LanguageSection section,
+                                            int number);
+
+    const host::Paths& paths_;
+    std::string file_;
+    std::array<TextTargets*, kTextWindows> targets_{};
+};
+
+/// A window that takes texts for as long as this object lives.
+class AttachedTexts {
+public:
+    AttachedTexts(MultiLNG& language, TextWindow window, TextTargets& targets)
+        : language_(language), window_(window) {
+        language.attach(window, targets);
+    }
+
+    ~AttachedTexts() { language_.detach(window_); }
+
+    AttachedTexts(const AttachedTexts&) = delete;
+    AttachedTexts& operator=(const AttachedTexts&) = delete;
+
+private:
+    MultiLNG& language_;
+    TextWindow window_;
+};
+
+} // namespace tovik::config
