@@ -26,6 +26,10 @@ constexpr std::array<std::string_view, 3> kShippedPlaces{"data", "../share/tovik
 /// Stands in the folder while the first fill runs.
 constexpr std::string_view kFillingMark = ".filling";
 
+/// Folders without which the player has no words or no looks. A data folder that an earlier version
+/// filled may lack them.
+constexpr std::array<std::string_view, 2> kNeededFolders{"Languages", "skins"};
+
 /// What is shipped is never written to as it is; a copy must be.
 constexpr fs::perms kOwnerWrites = fs::perms::owner_write;
 
@@ -71,6 +75,30 @@ std::error_code copyMissing(const fs::path& from, const fs::path& to) {
     return failure;
 }
 
+bool hasSettings(const Paths& paths) {
+    std::error_code failure;
+    return fs::exists(paths.of(DataItem::Settings), failure);
+}
+
+std::error_code addNeededFolders(const Paths& paths, const std::string& shipped) {
+    for (const std::string_view name : kNeededFolders) {
+        const fs::path from = fs::path(shipped) / name;
+        std::error_code failure;
+        if (fs::is_directory(from, failure) && !fs::exists(paths.inside(name), failure)) {
+            // Under another name until it is whole, so that a copy broken off is begun again.
+            const fs::path part = fs::path(paths.dataFolder()) / (std::string(name) + ".part");
+            failure = copyMissing(from, part);
+            if (!failure) {
+                fs::rename(part, fs::path(paths.dataFolder()) / name, failure);
+            }
+            if (failure) {
+                return failure;
+            }
+        }
+    }
+    return {};
+}
+
 std::error_code leaveFirstRun(const Paths& paths, const std::string& locale) {
     return base::replaceFile(paths.of(DataItem::FirstRun),
                              "[Firstrun]\r\nLNG=" + languageOfLocale(locale, paths) + "\r\n",
@@ -107,10 +135,11 @@ std::string shippedDataFolder(const Environment& environment) {
 
 std::error_code fillDataFolder(const std::string& dataFolder, const std::string& shipped,
                                const std::string& locale) {
-    if (!wantsFill(dataFolder)) {
-        return {};
-    }
     const Paths paths(dataFolder);
+    if (!wantsFill(dataFolder)) {
+        return shipped.empty() || !hasSettings(paths) ? std::error_code()
+                                                      : addNeededFolders(paths, shipped);
+    }
     const std::string mark = base::joinPath(dataFolder, kFillingMark);
     std::error_code failure;
     fs::create_directories(base::folderPart(paths.of(DataItem::Settings)), failure);

@@ -22,9 +22,10 @@ namespace tovik::host {
 [[nodiscard]] std::string shippedDataFolder(const Environment& environment);
 
 /// Fills a data folder that is missing or empty: copies what is shipped and leaves "firstrun.ini"
-/// with the language of the locale. A fill that was broken off is taken up again; a folder with
-/// anything else in it is left alone. `shipped` may be empty: then only the folder for settings is
-/// made. Answers with the first failure.
+/// with the language of the locale. A fill that was broken off is taken up again. A data folder
+/// with settings gets the folders "Languages" and "skins" where it has none; a folder with anything
+/// else in it is left alone. `shipped` may be empty: then only the folder for settings is made.
+/// Answers with the first failure.
 [[nodiscard]] std::error_code fillDataFolder(const std::string& dataFolder,
                                              const std::string& shipped, const std::string& locale);
 

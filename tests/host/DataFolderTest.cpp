@@ -109,6 +109,29 @@ TEST_F(DataFolderTest, aBrokenOffFillIsTakenUpAgain) {
     EXPECT_FALSE(fs::exists(folder_ / "data/.filling"));
 }
 
+TEST_F(DataFolderTest, aDataFolderOfAnEarlierVersionGetsTheLanguages) {
+    folder_.write("shipped/skins/base.tsf", "skin");
+    folder_.write("shipped/music/x.ogg", "tune");
+    folder_.write("data/db/settings.xml", "<Settings>mine</Settings>");
+    folder_.write("data/Languages.part/English.lng", "");
+    EXPECT_FALSE(fill("data"));
+    EXPECT_EQ(folder_.read("data/Languages/Slovenian.lng"), "[x]");
+    EXPECT_EQ(folder_.read("data/skins/base.tsf"), "skin");
+    EXPECT_EQ(folder_.read("data/db/settings.xml"), "<Settings>mine</Settings>");
+    for (const char* name : {"data/music", "data/firstrun.ini", "data/Languages.part"}) {
+        EXPECT_FALSE(fs::exists(folder_ / name)) << name;
+    }
+}
+
+TEST_F(DataFolderTest, languagesThatAreThereStayAsTheUserHasThem) {
+    folder_.write("data/db/settings.xml", "<Settings/>");
+    folder_.write("data/languages/English.lng", "mine");
+    EXPECT_FALSE(fill("data"));
+    EXPECT_EQ(folder_.read("data/languages/English.lng"), "mine");
+    EXPECT_FALSE(fs::exists(folder_ / "data/languages/Slovenian.lng"));
+    EXPECT_FALSE(fs::exists(folder_ / "data/Languages"));
+}
+
 TEST_F(DataFolderTest, copiesOfReadOnlyFilesCanBeWritten) {
     fs::permissions(folder_ / "shipped/db/settings.xml", fs::perms(0444));
     EXPECT_FALSE(fill("data"));
