@@ -15,7 +15,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                      player::PlayerWindow& window, player::TrackEvents& events,
                      StartOptions options)
     : host_(host), sound_(sound), window_(window), events_(events), options_(std::move(options)),
-      settings_(host.paths, settingsXml_), version_(settings_),
+      settings_(host.paths, settingsXml_), version_(settings_), language_(host.paths),
       errHandler_(host.paths, host.clock, host.operatingSystem), errors_(errHandler_, host.dialogs),
       tagWarning_(host.dialogs), tag_(tagWarning_), files_(stdSS_, host.pump, host.paths),
       display_(elements_, [this](const std::string& caption) { window_.setCaption(caption); }),
@@ -59,6 +59,8 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
               .volumeBar = volumeBar_,
               .timeDisplay = timeDisplay_}) {
     stdSS_.setEvents(this);
+    language_.attach(config::TextWindow::frmPlayer, texts_);
+    language_.attach(config::TextWindow::frmTSR, menuTexts_);
     Timer1_->setInterval(player::PlaybackClock::kTimer1Ms);
     Timer1_->setEnabled(true);
     Timer3_->setInterval(player::PlaybackClock::kTimer3Ms);

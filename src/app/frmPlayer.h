@@ -6,6 +6,8 @@
 #include "config/clsXML.h"
 #include "config/ErrHandler.h"
 #include "config/Errors.h"
+#include "config/MenuTexts.h"
+#include "config/MultiLNG.h"
 #include "config/Settings.h"
 #include "config/StartSettings.h"
 #include "config/Version.h"
@@ -17,6 +19,7 @@
 #include "player/MainBars.h"
 #include "player/MainDisplay.h"
 #include "player/MainInput.h"
+#include "player/MainTexts.h"
 #include "player/NowPlaying.h"
 #include "player/PlaybackClock.h"
 #include "player/PlayerState.h"
@@ -99,6 +102,17 @@ public:
 
     [[nodiscard]] player::CBASS_TIME& time() { return time_; }
 
+    /// The texts of the language, for windows and dialogs that come and go.
+    [[nodiscard]] config::MultiLNG& language() { return language_; }
+
+    [[nodiscard]] const config::MenuTexts& menuTexts() const { return menuTexts_; }
+
+    [[nodiscard]] const player::MainTexts& texts() const { return texts_; }
+
+    /// Reads which language is set and gives its words to all windows that are open. Raises what
+    /// reading a setting raises.
+    void changeLanguage();
+
 private:
     /// One thing that happens at the start or the end; its name says what.
     struct Step {
@@ -138,6 +152,7 @@ private:
     void readMessenger();
     void selectFirstRow();
     void showWindow();
+    void loadLanguage();
     void openArgument();
     void makeKnown();
     void applyTopmost();
@@ -194,6 +209,9 @@ private:
     config::clsXML settingsXml_;
     config::Settings settings_;
     config::Version version_;
+    player::MainTexts texts_{elements_};
+    config::MenuTexts menuTexts_;
+    config::MultiLNG language_;
     config::ErrHandler errHandler_;
     config::Errors errors_;
     tags::TagWarning tagWarning_;

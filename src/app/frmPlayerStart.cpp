@@ -56,7 +56,8 @@ void frmPlayer::takeFirstRun() {
 
 void frmPlayer::refuseOldSystem() {
     if (host_.operatingSystem.major < kOldestSystem) {
-        endWith("Tovik needs a newer operating system.", "Tovik");
+        language_.Language_File(settings_.getSetting("CLNG"));
+        endWith(language_.get_Error_String(1), language_.get_Error_String(0));
     }
 }
 
@@ -204,6 +205,17 @@ void frmPlayer::showWindow() {
     window_.moveTo(pixels("X"), pixels("Y"));
     window_.show();
     state_.LoadFinished = true;
+}
+
+void frmPlayer::loadLanguage() {
+    language_.Language_File(settings_.getSetting("CLNG"));
+    language_.Load_Main_Win_LNG();
+    language_.Load_Menus_Lng();
+}
+
+void frmPlayer::changeLanguage() {
+    language_.Language_File(settings_.getSetting("CLNG"));
+    language_.loadAttached();
 }
 
 void frmPlayer::makeKnown() {

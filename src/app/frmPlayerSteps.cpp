@@ -44,7 +44,7 @@ const std::span<const frmPlayer::Step> frmPlayer::kLoadSteps = [] {
         Step{"end the splash", &frmPlayer::later},
         Step{"show the window", &frmPlayer::showWindow},
         Step{"select the visualisation", &frmPlayer::later},
-        Step{"load the language", &frmPlayer::later},
+        Step{"load the language", &frmPlayer::loadLanguage},
         Step{"show the balance as text", &frmPlayer::showBalanceText},
         Step{"open the file of the command line", &frmPlayer::openArgument},
         Step{"make this window known to later instances", &frmPlayer::makeKnown},
