@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Takes the input for a language file: loads it into every window, and changes it as a file of
-// sections and keys.
+// Takes the input for a language file: loads it into a window and a menu, and changes it as a file
+// of sections and keys.
 #include "base/AtomicFile.h"
 #include "base/Text.h"
 #include "config/MultiLNG.h"
@@ -86,7 +86,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         language.attach(static_cast<config::TextWindow>(i), targets);
     }
     language.Language_File("Fuzz");
-    language.loadAttached();
+    language.Load_Main_Win_LNG();
+    language.Load_Menu_Rip_LNG();
     demand(language.get_Prompt_String(0).size() <= config::kProfileValueWidth);
     changes(bytes);
     return 0;

@@ -211,11 +211,13 @@ void frmPlayer::loadLanguage() {
     language_.Language_File(settings_.getSetting("CLNG"));
     language_.Load_Main_Win_LNG();
     language_.Load_Menus_Lng();
+    volumeBar_.showText();
 }
 
 void frmPlayer::changeLanguage() {
     language_.Language_File(settings_.getSetting("CLNG"));
     language_.loadAttached();
+    volumeBar_.showText();
 }
 
 void frmPlayer::makeKnown() {

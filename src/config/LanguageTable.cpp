@@ -252,8 +252,9 @@ std::span<const LanguageRow> languageRows() noexcept {
 }
 
 std::span<const LanguageRow> languageRowsOf(LanguageSection section) noexcept {
-    const auto rows = std::ranges::equal_range(kRows, section, {}, &LanguageRow::section);
-    return {rows.begin(), rows.end()};
+    const auto* const first = std::ranges::lower_bound(kRows, section, {}, &LanguageRow::section);
+    const auto* const last = std::ranges::upper_bound(kRows, section, {}, &LanguageRow::section);
+    return {first, last};
 }
 
 } // namespace tovik::config

@@ -44,6 +44,8 @@ TEST_F(Language, theStartSpeaksTheLanguageOfTheSettings) {
     EXPECT_EQ(element(MainElement::lbltag, 1).caption, "Naslov");
     EXPECT_EQ(element(MainElement::ripbt).tooltip, "Zajem glasbenega CD-ja");
     EXPECT_EQ(player().menuTexts().caption("mnuOptions"), "Mo\u017Enosti");
+    EXPECT_EQ(element(MainElement::shwchange, 0).caption, "Jakost 80%");
+    EXPECT_EQ(element(MainElement::shwchange, 1).caption, "Sredina");
 }
 
 TEST_F(Language, theLanguageOfTheInstallationIsSpokenAtOnce) {
@@ -79,6 +81,7 @@ TEST_F(Language, aChangeShowsWithoutARestart) {
     EXPECT_EQ(element(MainElement::lbltag, 1).caption, "Naslov");
     EXPECT_EQ(element(MainElement::mainbt).tooltip, "Glavno okno");
     EXPECT_EQ(player().menuTexts().caption("mnuExit"), "Izhod");
+    EXPECT_EQ(element(MainElement::shwchange, 0).caption, "Jakost 80%");
 }
 
 TEST_F(Language, withoutTheSettingTheStartEndsBeforeIt) {

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The program on a real screen and a real sound server."""
 import os
+import shutil
 import signal
 import unittest
 
@@ -43,6 +44,20 @@ class Window(ProgramTest):
         self.keep_screenshot("restored.png")
         self.end(again)
         self.assertIn(b"welcome.ogg", self.read("db/autosave.m3u"))
+
+    def test_the_first_start_takes_the_language_of_the_locale(self):
+        self.environment["LANG"] = "sl_SI.UTF-8"
+        player = self.silent()
+        self.keep_screenshot("slovenian.png")
+        self.end(player)
+        self.assertIn(b"<CLNG>Slovenian</CLNG>", self.read("db/settings.xml"))
+        self.assertTrue(self.read("Languages/Slovenian.lng").startswith(b"[MainMenu]\r\n"))
+
+    def test_a_data_folder_without_languages_gets_them(self):
+        self.end(self.silent())
+        shutil.rmtree(self.data("Languages"))
+        self.end(self.silent())
+        self.assertTrue(self.read("Languages/English.lng").startswith(b"[MainMenu]\r\n"))
 
     def test_each_signal_saves(self):
         for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
