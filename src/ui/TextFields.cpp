@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/TextFields.h"
+
+#include "ui/GlyphText.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tovik::ui {
+
+namespace {
+
+constexpr Colour kBright{255, 255, 255};
+constexpr Colour kDim{96, 100, 140};
+
+/// The source that text is drawn from holds the strip that was used last.
+void becomeSource(MainElements& elements, Picture strip) {
+    if (elements.get(MainElement::songname2).picture != strip) {
+        elements.touch(MainElement::songname2).picture = strip;
+    }
+}
+
+} // namespace
+
+void TextFields::show(MainElement name, std::size_t index, std::string_view words, Strip strip) {
+    Element& element = elements_.touch(name, index);
+    element.caption = words;
+    element.textColour = strip == Strip::Bright ? kBright : kDim;
+    static_cast<void>(draw(name, index, charactersOf(words), strip));
+}
+
+bool TextFields::draw(MainElement name, std::size_t index, std::u32string_view characters,
+                      Strip strip) {
+    const Picture source =
+        elements_.get(strip == Strip::Bright ? MainElement::textImg : MainElement::textImg2)
+            .picture;
+    const PixelImage* const glyphs = pictures_.find(source);
+    if (glyphs == nullptr) {
+        return false;
+    }
+    becomeSource(elements_, source);
+    const Element& element = elements_.get(name, index);
+    const auto width = static_cast<int>(std::lround(element.width));
+    const std::size_t fitting = static_cast<std::size_t>(std::max(width, 0)) / kGlyphWidth + 1;
+    Drawn wanted{.picture = {},
+                 .strip = source,
+                 .characters = std::u32string(characters.substr(0, fitting)),
+                 .width = element.width,
+                 .height = element.height};
+    Drawn& last = drawn_[{name, index}];
+    if (!last.picture || !last.sameAs(wanted)) {
+        cMemDC surface;
+        surface.Init(width, static_cast<int>(std::lround(element.height)));
+        drawText(surface, *glyphs, wanted.characters);
+        wanted.picture = last.picture ? pictures_.replace(last.picture, surface.DetachBitmap())
+                                      : pictures_.add(surface.DetachBitmap());
+        last = std::move(wanted);
+    }
+    if (element.picture != last.picture) {
+        elements_.touch(name, index).picture = last.picture;
+    }
+    return true;
+}
+
+} // namespace tovik::ui

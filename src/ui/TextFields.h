@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The small fields of the main window that show words: with the glyphs of the skin's strips, and as
+// plain captions as long as there are none. Interface thread.
+#pragma once
+
+#include "ui/MainElements.h"
+#include "ui/PictureStore.h"
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace tovik::ui {
+
+/// The strip that words are drawn with.
+enum class Strip { Bright, Dim };
+
+class TextFields {
+public:
+    /// Both outlive the object.
+    TextFields(MainElements& elements, PictureStore& pictures)
+        : elements_(elements), pictures_(pictures) {}
+
+    /// Shows words on an element: bytes, valid UTF-8 or else Windows-1252. Nothing is drawn anew
+    /// for words that it shows already.
+    void show(MainElement name, std::size_t index, std::string_view words, Strip strip);
+
+    /// The same with characters of which only the first ones fit, as a title that scrolls has them;
+    /// its caption stays. Whether there is a strip to draw with.
+    [[nodiscard]] bool draw(MainElement name, std::size_t index, std::u32string_view characters,
+                            Strip strip);
+
+private:
+    /// What an element's picture was drawn from.
+    struct Drawn {
+        Picture picture;
+        Picture strip;
+        std::u32string characters;
+        double width = 0;
+        double height = 0;
+
+        [[nodiscard]] bool sameAs(const Drawn& other) const {
+            return strip == other.strip && characters == other.characters && width == other.width &&
+                   height == other.height;
+        }
+    };
+
+    MainElements& elements_;
+    PictureStore& pictures_;
+    std::map<std::pair<MainElement, std::size_t>, Drawn> drawn_;
+};
+
+} // namespace tovik::ui

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/GlyphText.h"
+
+#include "StripPicture.h"
+
+#include <gmock/gmock.h>
+
+namespace tovik::ui {
+namespace {
+
+using test::stripPixel;
+using testing::Each;
+
+struct Row {
+    std::u32string_view characters;
+    int firstX;
+    int y;
+};
+
+TEST(GlyphText, everyCharacterHasItsPlace) {
+    for (const Row& row :
+         {Row{U"abcdefghijklmnopqrstuvwxyz", 0, 0}, Row{U" ", 145, 0}, Row{U"0123456789.", 0, 6},
+          Row{U":()-'!_+\\/[]^&%,=$#", 60, 6}, Row{U"\u00E4\u00F6", 0, 12}, Row{U"?*", 15, 12}}) {
+        int x = row.firstX;
+        for (const char32_t character : row.characters) {
+            EXPECT_EQ(findGlyph(character), (GlyphPlace{x, row.y}))
+                << static_cast<std::uint32_t>(character);
+            EXPECT_TRUE(hasGlyph(character));
+            x += 5;
+        }
+    }
+}
+
+TEST(GlyphText, capitalsAreSmallLetters) {
+    EXPECT_EQ(findGlyph(U'A'), findGlyph(U'a'));
+    EXPECT_EQ(findGlyph(U'Z'), findGlyph(U'z'));
+    EXPECT_EQ(findGlyph(U'\u00C4'), findGlyph(U'\u00E4'));
+    EXPECT_EQ(findGlyph(U'\u00D6'), findGlyph(U'\u00F6'));
+}
+
+TEST(GlyphText, whatTheStripDoesNotHaveLooksLikeItsFirstGlyph) {
+    for (const char32_t character : {U';', U'"', U'@', U'\u00FC', U'\u017E', U'\u20AC', U'\0'}) {
+        EXPECT_EQ(findGlyph(character), GlyphPlace{});
+        EXPECT_FALSE(hasGlyph(character));
+    }
+}
+
+TEST(GlyphText, oneCharacterIsOneGlyphInEitherEncoding) {
+    EXPECT_EQ(charactersOf("M\u00F6\u20AC\U0001F500x"), U"M\u00F6\u20AC\U0001F500x");
+    EXPECT_EQ(charactersOf("M\xF6gen"), U"M\u00F6gen");
+    EXPECT_EQ(charactersOf(""), U"");
+}
+
+TEST(GlyphText, drawsGlyphAfterGlyph) {
+    cMemDC surface;
+    surface.Init(20, 10);
+    drawText(surface, test::strip(), U"b1\u00E4");
+    const PixelImage& image = surface.Image();
+    for (int y = 0; y < 10; ++y) {
+        for (int x = 0; x < 20; ++x) {
+            std::uint32_t expected = 0;
+            if (y >= 3 && y < 9 && x >= 1 && x < 16) {
+                const int inside = (x - 1) % 5;
+                const int glyph = (x - 1) / 5;
+                constexpr std::array kLeft{5, 5, 0};
+                expected = stripPixel(kLeft.at(static_cast<std::size_t>(glyph)) + inside,
+                                      glyph * 6 + y - 3);
+            }
+            ASSERT_EQ(image.pixels[pixelPlace(image, x, y)], expected) << x << "," << y;
+        }
+    }
+}
+
+TEST(GlyphText, clearsFirstAndDrawsOnItsLine) {
+    cMemDC surface;
+    surface.Init(8, 20);
+    surface.FillRect(0, 0, 8, 20, {9, 9, 9});
+    drawText(surface, test::strip(), U"c", 1);
+    EXPECT_EQ(surface.Image().pixels[pixelPlace(surface.Image(), 1, 11)], stripPixel(10, 0));
+    EXPECT_EQ(surface.Image().pixels[pixelPlace(surface.Image(), 1, 10)], 0U);
+    drawText(surface, test::strip(), U"");
+    EXPECT_THAT(surface.Image().pixels, Each(0U));
+}
+
+TEST(GlyphText, whatDoesNotFitIsCutOff) {
+    cMemDC surface;
+    surface.Init(8, 5);
+    drawText(surface, test::strip(), std::u32string(100000, U'b'));
+    EXPECT_EQ(surface.Image().pixels[pixelPlace(surface.Image(), 7, 4)], stripPixel(6, 1));
+}
+
+TEST(GlyphText, aStripThatIsTooSmallGivesWhatItHas) {
+    cMemDC surface;
+    surface.Init(8, 10);
+    drawText(surface, {3, 3, std::vector<std::uint32_t>(9, 0xFF010101)}, U"a");
+    EXPECT_EQ(surface.Image().pixels[pixelPlace(surface.Image(), 3, 5)], 0xFF010101U);
+    EXPECT_EQ(surface.Image().pixels[pixelPlace(surface.Image(), 4, 5)], 0U);
+}
+
+} // namespace
+} // namespace tovik::ui

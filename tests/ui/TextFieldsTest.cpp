@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/TextFields.h"
+
+#include "StripPicture.h"
+
+#include <gmock/gmock.h>
+
+namespace tovik::ui {
+namespace {
+
+using test::stripPixel;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class TextFieldsTest : public testing::Test {
+protected:
+    void giveStrips() {
+        elements.touch(MainElement::textImg).picture = pictures.add(test::strip(1));
+        elements.touch(MainElement::textImg2).picture = pictures.add(test::strip(2));
+    }
+
+    /// The pixel of an element's picture at (1, 3), where its first glyph begins.
+    std::uint32_t corner(MainElement name, std::size_t index = 0) {
+        const PixelImage* const image = pictures.find(elements.get(name, index).picture);
+        return image != nullptr ? image->pixels.at(static_cast<std::size_t>(3 * image->width + 1))
+                                : 0;
+    }
+
+    MainElements elements{mainLayout()};
+    PictureStore pictures;
+    TextFields fields{elements, pictures};
+};
+
+TEST_F(TextFieldsTest, withoutStripsWordsAreCaptions) {
+    fields.show(MainElement::mono_img, 0, "Mono", Strip::Dim);
+    fields.show(MainElement::shwchange, 1, "Centre", Strip::Bright);
+    EXPECT_EQ(elements.get(MainElement::mono_img).caption, "Mono");
+    EXPECT_FALSE(elements.get(MainElement::mono_img).picture);
+    EXPECT_EQ(elements.get(MainElement::shwchange, 1).caption, "Centre");
+    EXPECT_NE(elements.get(MainElement::mono_img).textColour,
+              elements.get(MainElement::shwchange, 1).textColour);
+    EXPECT_FALSE(fields.draw(MainElement::songname, 0, U"x", Strip::Bright));
+}
+
+TEST_F(TextFieldsTest, drawsWithTheBrightOrTheDimStrip) {
+    giveStrips();
+    fields.show(MainElement::musicinfo_img, 0, "C", Strip::Bright);
+    EXPECT_EQ(corner(MainElement::musicinfo_img), stripPixel(10, 0, 1));
+    EXPECT_EQ(elements.get(MainElement::songname2).picture,
+              elements.get(MainElement::textImg).picture);
+    fields.show(MainElement::mono_img, 0, "0", Strip::Dim);
+    EXPECT_EQ(corner(MainElement::mono_img), stripPixel(0, 6, 2));
+    EXPECT_EQ(elements.get(MainElement::songname2).picture,
+              elements.get(MainElement::textImg2).picture);
+    EXPECT_EQ(elements.get(MainElement::mono_img).caption, "0");
+}
+
+TEST_F(TextFieldsTest, thePictureHasTheSizeOfItsElement) {
+    giveStrips();
+    fields.show(MainElement::shwchange, 0, "Volume", Strip::Bright);
+    const PixelImage* image = pictures.find(elements.get(MainElement::shwchange, 0).picture);
+    ASSERT_NE(image, nullptr);
+    EXPECT_EQ(image->width, 60);
+    EXPECT_EQ(image->height, 10);
+}
+
+TEST_F(TextFieldsTest, wordsThatAreShownAlreadyChangeNothing) {
+    giveStrips();
+    fields.show(MainElement::shwchange, 0, "Volume", Strip::Bright);
+    static_cast<void>(elements.takeChanges());
+    fields.show(MainElement::shwchange, 0, "Volume", Strip::Bright);
+    EXPECT_THAT(elements.takeChanges(), IsEmpty());
+    const Picture before = elements.get(MainElement::shwchange, 0).picture;
+    fields.show(MainElement::shwchange, 0, "Volume", Strip::Dim);
+    EXPECT_THAT(elements.takeChanges(), SizeIs(1));
+    EXPECT_EQ(elements.get(MainElement::shwchange, 0).picture.number, before.number);
+    EXPECT_EQ(corner(MainElement::shwchange), stripPixel(105, 0, 2));
+}
+
+TEST_F(TextFieldsTest, onlyWhatFitsCounts) {
+    giveStrips();
+    EXPECT_TRUE(fields.draw(MainElement::Stereo_img, 0, std::u32string(40, U'a'), Strip::Bright));
+    const Picture before = elements.get(MainElement::Stereo_img).picture;
+    EXPECT_TRUE(
+        fields.draw(MainElement::Stereo_img, 0, std::u32string(41, U'a') + U'b', Strip::Bright));
+    EXPECT_EQ(elements.get(MainElement::Stereo_img).picture, before);
+    EXPECT_TRUE(fields.draw(MainElement::Stereo_img, 0, U"b", Strip::Bright));
+    EXPECT_NE(elements.get(MainElement::Stereo_img).picture, before);
+}
+
+TEST_F(TextFieldsTest, anotherStripDrawsAnew) {
+    giveStrips();
+    fields.show(MainElement::musicinfo_img, 0, "C", Strip::Bright);
+    elements.touch(MainElement::textImg).picture = pictures.add(test::strip(3));
+    fields.show(MainElement::musicinfo_img, 0, "C", Strip::Bright);
+    EXPECT_EQ(corner(MainElement::musicinfo_img), stripPixel(10, 0, 3));
+}
+
+} // namespace
+} // namespace tovik::ui
