@@ -124,6 +124,11 @@ class ProgramTest(unittest.TestCase):
         return subprocess.run(words, env=self.environment, capture_output=True, text=True,
                               timeout=LIMIT, check=False)
 
+    def tool_bytes(self, *words):
+        """The same, for what is no text."""
+        return subprocess.run(words, env=self.environment, capture_output=True, timeout=LIMIT,
+                              check=True).stdout
+
     def shown(self, *pattern):
         """The ids of the windows that are shown and match."""
         return self.tool("xdotool", "search", "--onlyvisible", *pattern).stdout.split()

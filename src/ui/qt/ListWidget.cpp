@@ -193,6 +193,12 @@ void ListWidget::keyPressEvent(QKeyEvent* event) {
            modifiersOf(event->modifiers()));
 }
 
+void ListWidget::wheelEvent(QWheelEvent* event) {
+    QAbstractScrollArea::wheelEvent(event);
+    // At the end of the list the wheel must not turn to what the window does with it.
+    event->accept();
+}
+
 void ListWidget::changeEvent(QEvent* event) {
     QAbstractScrollArea::changeEvent(event);
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) {

@@ -140,6 +140,17 @@ TEST_F(ListWidgetTest, otherKeysGoOnToTheWindow) {
     EXPECT_TRUE(rows_.calls.empty());
 }
 
+TEST_F(ListWidgetTest, theWheelStaysInTheListAlsoAtItsEnds) {
+    for (const int turn : {120, -120, 120, 120}) {
+        QWheelEvent event({5, 5}, list_.mapToGlobal(QPointF(5, 5)), {}, {0, turn}, Qt::NoButton, {},
+                          Qt::NoScrollPhase, false);
+        event.ignore();
+        QApplication::sendEvent(list_.viewport(), &event);
+        EXPECT_TRUE(event.isAccepted()) << turn;
+    }
+    EXPECT_EQ(list_.verticalScrollBar()->value(), 0);
+}
+
 TEST_F(ListWidgetTest, keysMayNotPointBeyondAListThatShrank) {
     list_.setCursorRow(500);
     rows_.count = 10;
