@@ -149,7 +149,6 @@ void frmPlayer::openRecording() {
 void frmPlayer::showVolume() {
     state_.CurrentVolume = config::settingToInt16(settings_.getSetting("cvl"));
     volumeBar_.showHeight();
-    volumeBar_.showText();
 }
 
 void frmPlayer::showModes() {
