@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Body.h"
+#include "Families.h"
+#include "GlyphTable.h"
+#include "Shapes.h"
+
+#include <array>
+#include <string_view>
+
+namespace tovik::skinart {
+
+namespace {
+
+using N = ui::MainElement;
+
+constexpr double kHead = 14;
+constexpr std::array<std::string_view, 11> kBands{"60", "170", "310", "600", "1k", "3k",
+                                                  "6k", "12k", "14k", "16k", "db"};
+constexpr std::size_t kMaster = 10;
+constexpr std::size_t kScale = 11;
+/// From the middle of the slider's bar at the top to its middle at the bottom.
+constexpr double kTravelTop = 4.5;
+constexpr double kTravel = 120;
+constexpr int kMarks = 12;
+
+void paintGround(QPainter& painter) {
+    const QRectF window = rectOf({N::Image3});
+    paintBodyUnder(painter, window);
+    paintCard(painter, QRectF(QPointF(0, 0), window.size()), kHead);
+    for (std::size_t band = 0; band < kBands.size(); ++band) {
+        const QRectF slot = rectOf({N::Picture6, band}).translated(-window.topLeft());
+        const std::string_view word = kBands.at(band);
+        const int width = static_cast<int>(word.size()) * kGlyphWidth - 1;
+        const QPoint corner(static_cast<int>(slot.center().x() - width / 2.0 + 0.5),
+                            static_cast<int>(slot.top()) - 11);
+        paintGlyphText(painter, corner, word, band == kMaster ? kAmber : kInk);
+    }
+    // The gains stand between the two scales.
+    const QRectF scale = rectOf({N::Picture6, kScale}).translated(-window.topLeft());
+    const int left = static_cast<int>(scale.right()) + 2;
+    const double top = scale.top() + kTravelTop;
+    constexpr std::array<std::string_view, 3> kGains{"+12", " 0", "-12"};
+    for (std::size_t gain = 0; gain < kGains.size(); ++gain) {
+        const double y = top + kTravel / 2 * static_cast<double>(gain);
+        paintGlyphText(painter, {left, static_cast<int>(y) - 2}, kGains.at(gain), kInk);
+    }
+}
+
+/// The part of the ground under a slot.
+void paintGroundUnder(QPainter& painter, Spot spot) {
+    painter.save();
+    painter.translate(rectOf({N::Image3}).topLeft() - rectOf(spot).topLeft());
+    paintGround(painter);
+    painter.restore();
+}
+
+void paintSlot(QPainter& painter, std::size_t band) {
+    paintGroundUnder(painter, {N::Picture6, band});
+    for (int mark = 0; mark <= kMarks; ++mark) {
+        const bool whole = mark % (kMarks / 2) == 0;
+        const double y = kTravelTop + kTravel * mark / kMarks;
+        painter.fillRect(QRectF(0, y - 0.5, 13, 1),
+                         QColor::fromRgb(whole ? kInkSoft : kCardHead.bottom));
+    }
+    paintGroove(painter, {4, 0.5, 5, 127}, band == kMaster ? kAmber : kInkSoft);
+}
+
+void paintScale(QPainter& painter, std::size_t scale) {
+    paintGroundUnder(painter, {N::Picture6, scale});
+    for (int mark = 0; mark <= kMarks; ++mark) {
+        const double y = kTravelTop + kTravel * mark / kMarks;
+        const bool whole = mark % (kMarks / 2) == 0;
+        const double length = whole ? 9 : 5;
+        const double left = scale == kScale ? 13 - length : 0;
+        painter.fillRect(QRectF(left, y - 0.5, length, 1),
+                         QColor::fromRgb(whole ? kInk : kInkSoft));
+    }
+}
+
+Drawing column(const char* name, std::size_t index, void (*paint)(QPainter&, std::size_t)) {
+    return drawingFor(name, {N::Picture6, index},
+                      [index, paint](QPainter& painter) { paint(painter, index); });
+}
+
+} // namespace
+
+Drawings equalizerDrawings() {
+    Drawings all;
+    all.push_back(drawingFor("eqwin", {N::Image3}, paintGround));
+    all.push_back(column("eqslot", 0, paintSlot));
+    all.push_back(column("eqmaster", kMaster, paintSlot));
+    all.push_back(column("eqscale_left", kScale, paintScale));
+    all.push_back(column("eqscale_right", kScale + 1, paintScale));
+    return all;
+}
+
+} // namespace tovik::skinart

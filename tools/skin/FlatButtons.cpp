@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Body.h"
+#include "Families.h"
+#include "GlyphTable.h"
+#include "Icons.h"
+#include "Shapes.h"
+
+#include <array>
+
+namespace tovik::skinart {
+
+namespace {
+
+using N = ui::MainElement;
+
+struct FlatRow {
+    const char* name;
+    Spot spot;
+    Icon icon;
+    double size = 15;
+};
+
+constexpr auto kButtons = std::to_array<FlatRow>({
+    {"btn_addfile", {N::addfileIMG}, Icon::AddFile, 16},
+    {"btn_adddir", {N::adddirIMG}, Icon::AddFolder, 16},
+    {"btn_addloc", {N::addlocIMG}, Icon::AddLocation, 16},
+    {"btn_delete", {N::delIMG}, Icon::Remove, 16},
+    {"btn_clear", {N::clrIMG}, Icon::Clear, 15},
+    {"btn_load", {N::loadImg}, Icon::Load, 16},
+    {"btn_save", {N::SaveImg}, Icon::Save, 15},
+    {"btn_preset", {N::presetbt}, Icon::Presets, 16},
+    {"btn_reset", {N::resetbt}, Icon::Reset, 15},
+    {"btn_rip", {N::ripperbt}, Icon::Rip, 16},
+    {"btn_cancel", {N::cancelrip}, Icon::Cancel, 15},
+    {"btn_play", {N::Image1, 0}, Icon::Play, 16},
+    {"btn_add", {N::Image1, 1}, Icon::Plus, 14},
+    {"btn_remove", {N::Image1, 2}, Icon::Minus, 14},
+});
+
+void paintGround(QPainter& painter, Spot spot) {
+    paintBodyUnder(painter, rectOf(spot));
+}
+
+QRectF localBox(Spot spot) {
+    return {QPointF(0, 0), rectOf(spot).size()};
+}
+
+Drawing flat(const FlatRow& row) {
+    return drawingFor(row.name, row.spot, [row](QPainter& painter) {
+        const QRectF box = localBox(row.spot);
+        paintGround(painter, row.spot);
+        paintFace(painter, box, Look::Up, 5);
+        paintIcon(painter, row.icon, box.center() - QPointF(0, 0.5), row.size, kIcon);
+    });
+}
+
+/// The equalizer's switch: its name, a lamp, and the word for the state it shows.
+Drawing equalizerSwitch(const char* name, Spot spot, const char* word, Look look) {
+    return drawingFor(name, spot, [spot, word, look](QPainter& painter) {
+        const QRectF box = localBox(spot);
+        paintGround(painter, spot);
+        paintFace(painter, box, look, 5);
+        paintLamp(painter, {7, 8, 5, 5}, kAmber, look == Look::On);
+        const QRgb ink = look == Look::On ? kAmberBright : kIcon;
+        paintGlyphText(painter, {18, 8}, "eq", ink);
+        paintGlyphText(painter, {33, 8}, word, ink);
+    });
+}
+
+/// Element 3 offers to record; element 4 stands there while a station is recorded.
+Drawing recordSwitch(const char* name, Spot spot, Look look) {
+    return drawingFor(name, spot, [spot, look](QPainter& painter) {
+        const QRectF box = localBox(spot);
+        paintGround(painter, spot);
+        paintFace(painter, box, look, 5);
+        const QPointF middle = box.center() + QPointF(0, -0.5 + sunk(look));
+        paintIcon(painter, Icon::Record, middle, 15, look == Look::On ? kRed : kIcon);
+        if (look == Look::On) {
+            QColor halo = QColor::fromRgb(kRed);
+            halo.setAlpha(60);
+            painter.fillPath(rounded({middle.x() - 9, middle.y() - 9, 18, 18}, 9), halo);
+        }
+    });
+}
+
+/// The glass before the field in which one types what to look for.
+Drawing searchSign() {
+    return drawingFor("btn_search", {N::srchIMG}, [](QPainter& painter) {
+        paintGround(painter, {N::srchIMG});
+        paintIcon(painter, Icon::Search, localBox({N::srchIMG}).center(), 15, kIcon);
+    });
+}
+
+} // namespace
+
+Drawings flatButtonDrawings() {
+    Drawings all;
+    for (const FlatRow& row : kButtons) {
+        all.push_back(flat(row));
+    }
+    all.push_back(equalizerSwitch("btn_eq_off", {N::EQ_off}, "off", Look::Off));
+    all.push_back(equalizerSwitch("btn_eq_on", {N::EQ_on}, "on", Look::On));
+    all.push_back(recordSwitch("btn_save_on", {N::Image1, 3}, Look::Off));
+    all.push_back(recordSwitch("btn_save_off", {N::Image1, 4}, Look::On));
+    all.push_back(searchSign());
+    return all;
+}
+
+} // namespace tovik::skinart

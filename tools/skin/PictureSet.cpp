@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "PictureSet.h"
+
+#include "base/RuntimeError.h"
+#include "Body.h"
+#include "Families.h"
+#include "ui/KeyColour.h"
+
+#include <cmath>
+
+namespace tovik::skinart {
+
+namespace {
+
+/// A pixel belongs to the window if its middle does: it is window or nothing, never a mixture.
+void cutOut(QImage& image, int scale) {
+    const ui::Colour key = ui::keyColour(ui::kWindowDepth);
+    const QRgb keyPixel = qRgb(key.red, key.green, key.blue);
+    QImage inside(image.size(), QImage::Format_ARGB32);
+    inside.fill(0);
+    QPainter painter(&inside);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.scale(scale, scale);
+    painter.fillPath(bodyOutline(), Qt::black);
+    painter.end();
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(inside.pixel(x, y)) == 0) {
+                image.setPixel(x, y, keyPixel);
+            }
+        }
+    }
+}
+
+void append(Drawings& all, Drawings&& family) {
+    for (Drawing& drawing : family) {
+        all.push_back(std::move(drawing));
+    }
+}
+
+} // namespace
+
+ui::Box boxOf(Spot spot) {
+    for (const auto& place : ui::mainLayout()) {
+        if (place.name == spot.name && spot.index >= place.first &&
+            spot.index < place.first + place.count) {
+            return ui::elementAt(place, spot.index - place.first).box();
+        }
+    }
+    throw base::RuntimeError(base::ErrorNumber::SubscriptOutOfRange);
+}
+
+QRectF rectOf(Spot spot) {
+    const ui::Box box = boxOf(spot);
+    return {std::floor(box.left), std::floor(box.top), std::floor(box.width),
+            std::floor(box.height)};
+}
+
+Drawing drawingFor(std::string name, Spot shown, std::function<void(QPainter&)> paint) {
+    return drawingFor(std::move(name), shown, shown, std::move(paint));
+}
+
+Drawing drawingFor(std::string name, Spot shown, Spot kept, std::function<void(QPainter&)> paint) {
+    return {.name = std::move(name),
+            .size = rectOf(shown).size().toSize(),
+            .paint = std::move(paint),
+            .spot = kept};
+}
+
+QImage rendered(const Drawing& drawing, int scale) {
+    QImage image(drawing.size * scale, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.scale(scale, scale);
+    drawing.paint(painter);
+    painter.end();
+    if (drawing.shaped) {
+        cutOut(image, scale);
+    }
+    return image;
+}
+
+Drawings skinDrawings() {
+    Drawings all;
+    append(all, areaDrawings());
+    append(all, sourceDrawings());
+    append(all, glyphDrawings());
+    append(all, digitDrawings());
+    append(all, tabDrawings());
+    append(all, transportDrawings());
+    append(all, modeDrawings());
+    append(all, indicatorDrawings());
+    append(all, flatButtonDrawings());
+    return all;
+}
+
+Drawings windowDrawings() {
+    Drawings all;
+    append(all, barDrawings());
+    append(all, equalizerDrawings());
+    return all;
+}
+
+} // namespace tovik::skinart

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/AtomicFile.h"
+#include "base/ErrorStream.h"
+#include "BitmapFile.h"
+#include "PictureSet.h"
+#include "Preview.h"
+#include "Stand.h"
+
+#include <charconv>
+#include <filesystem>
+#include <QGuiApplication>
+#include <QString>
+#include <string>
+#include <vector>
+
+namespace tovik::skinart {
+
+namespace {
+
+constexpr std::string_view kUsage =
+    "tovik_skin_art FOLDER [--scale N]             the pictures of the skin, as bitmaps\n"
+    "tovik_skin_art --window FOLDER [--scale N]    the pictures of the window's own elements\n"
+    "tovik_skin_art --preview FILE.png PANEL [--scale N]   a panel, 1 to 5; 6: the list open\n"
+    "tovik_skin_art --splash FILE.png [--scale N]  the picture of the start\n"
+    "tovik_skin_art --icon FILE.png SIZE           the program's icon";
+
+constexpr int kLargestScale = 8;
+constexpr int kLargestIcon = 1024;
+
+bool writeAll(const Drawings& drawings, const std::string& folder, int scale) {
+    std::error_code failure;
+    std::filesystem::create_directories(folder, failure);
+    for (const Drawing& drawing : drawings) {
+        const std::string path = folder + "/" + drawing.name + ".bmp";
+        failure = base::replaceFile(path, bitmapBytes(rendered(drawing, scale)), base::Flush::No);
+        if (failure) {
+            base::tell(path + ": " + failure.message());
+            return false;
+        }
+    }
+    return true;
+}
+
+bool save(const QImage& image, const std::string& path) {
+    if (image.save(QString::fromStdString(path))) {
+        return true;
+    }
+    base::tell(path + ": not written");
+    return false;
+}
+
+/// A number from 1 to the largest; 0 for anything else.
+int numberOf(const std::string& text, int largest) {
+    int value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    return error == std::errc() && end == text.data() + text.size() && value >= 1 &&
+                   value <= largest
+               ? value
+               : 0;
+}
+
+/// Takes "--scale N" off the words. 0 for a bad one.
+int takeScale(std::vector<std::string>& words) {
+    if (words.size() < 2 || words.at(words.size() - 2) != "--scale") {
+        return 1;
+    }
+    const int scale = numberOf(words.back(), kLargestScale);
+    words.resize(words.size() - 2);
+    return scale;
+}
+
+int run(std::vector<std::string> words) {
+    const int scale = takeScale(words);
+    const auto is = [&words](std::string_view mode, std::size_t count) {
+        return words.size() == count && words.front() == mode;
+    };
+    bool done = false;
+    if (scale == 0) {
+        base::tell(kUsage);
+    } else if (words.size() == 1 && !words.front().starts_with("--")) {
+        done = writeAll(skinDrawings(), words.front(), scale);
+    } else if (is("--window", 2)) {
+        done = writeAll(windowDrawings(), words.at(1), scale);
+    } else if (is("--splash", 2)) {
+        done = save(splashPicture(scale), words.at(1));
+    } else if (is("--preview", 3) && numberOf(words.at(2), 6) > 0) {
+        done = save(previewOf(numberOf(words.at(2), 6), scale), words.at(1));
+    } else if (is("--icon", 3) && numberOf(words.at(2), kLargestIcon) > 0) {
+        done = save(programIcon(numberOf(words.at(2), kLargestIcon)), words.at(1));
+    } else {
+        base::tell(kUsage);
+    }
+    return done ? 0 : 1;
+}
+
+} // namespace
+
+} // namespace tovik::skinart
+
+int main(int argc, char** argv) {
+    // Pictures need no screen; only the words of a preview need fonts.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    return tovik::skinart::run(std::vector<std::string>(argv + 1, argv + argc));
+}
