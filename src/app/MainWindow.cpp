@@ -44,7 +44,7 @@ MainWindow::~MainWindow() = default;
 void MainWindow::attach(frmPlayer& player) {
     rows_ =
         std::make_unique<player::QuickListRows>(player.List1(), player.stdSS(), player.transport());
-    skin_ = std::make_unique<ui::SkinWindow>(player.elements(), pictures_, player.input(),
+    skin_ = std::make_unique<ui::SkinWindow>(player.elements(), player.pictures(), player.input(),
                                              host_.dispatcher);
     // For a start that fails before it comes to the captions.
     skin_->setCaption("Tovik");

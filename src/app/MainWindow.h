@@ -6,7 +6,6 @@
 #include "app/frmPlayer.h"
 #include "player/PlayerWindow.h"
 #include "player/QuickListRows.h"
-#include "ui/PictureStore.h"
 #include "ui/qt/ListWidget.h"
 #include "ui/qt/SkinWindow.h"
 
@@ -44,7 +43,6 @@ private:
     class ListWatch;
 
     host::Host host_;
-    ui::PictureStore pictures_;
     std::unique_ptr<player::QuickListRows> rows_;
     std::unique_ptr<ui::SkinWindow> skin_;
     std::unique_ptr<ListWatch> watch_;

@@ -35,7 +35,9 @@
 #include "playlist/ListMirror.h"
 #include "playlist/PlaylistFiles.h"
 #include "playlist/stdSS.h"
+#include "skin/MainSkin.h"
 #include "skin/Panels.h"
+#include "skin/SkinInput.h"
 #include "sound/SoundLibrary.h"
 #include "tags/cMP3ID3v1.h"
 #include "tags/TagWarning.h"
@@ -86,7 +88,9 @@ public:
 
     [[nodiscard]] player::Commands& commands() { return commands_; }
 
-    [[nodiscard]] ui::WindowInput& input() { return input_; }
+    [[nodiscard]] const ui::PictureStore& pictures() const { return pictures_; }
+
+    [[nodiscard]] ui::WindowInput& input() { return skinInput_; }
 
     [[nodiscard]] player::Transport& transport() { return transport_; }
 
@@ -134,6 +138,8 @@ private:
     void meetOtherInstance();
 
     // Form_Load
+    void loadSkin();
+    void keepFaces();
     void loadSettings();
     void keepSettings(const config::StartSettings& read);
     void lookForOtherInstance();
@@ -200,6 +206,7 @@ private:
 
     player::PlayerState state_;
     ui::MainElements elements_{ui::mainLayout()};
+    ui::PictureStore pictures_;
     player::NowPlaying playing_;
     playlist::stdSS stdSS_;
     playlist::stdSS lstTracks_;
@@ -238,6 +245,8 @@ private:
     player::Commands commands_;
     player::ClsShortcut shortcuts_{commands_};
     player::MainInput input_;
+    skin::MainSkin skin_{elements_, pictures_, host_.paths, [this] { panels_.RefreshTabs(); }};
+    skin::SkinInput skinInput_{skin_, panels_, errors_, input_};
 };
 
 } // namespace tovik::app

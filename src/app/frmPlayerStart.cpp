@@ -9,6 +9,7 @@
 #include "config/Profile.h"
 #include "config/SettingText.h"
 #include "player/SoundDevice.h"
+#include "skin/UnpackSkin.h"
 #include "ui/Twips.h"
 
 #include <algorithm>
@@ -66,6 +67,15 @@ void frmPlayer::meetOtherInstance() {
         window_.hide();
         endProcess(EXIT_SUCCESS);
     }
+}
+
+void frmPlayer::loadSkin() {
+    skin::UnpackSkin(host_.paths, host_.dialogs);
+    skin_.LoadMainSkin();
+}
+
+void frmPlayer::keepFaces() {
+    skin_.SaveUpPictures();
 }
 
 void frmPlayer::loadSettings() {

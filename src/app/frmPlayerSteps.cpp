@@ -17,12 +17,12 @@ const std::span<const frmPlayer::Step> frmPlayer::kInitializeSteps = [] {
 
 const std::span<const frmPlayer::Step> frmPlayer::kLoadSteps = [] {
     static constexpr std::array kSteps = {
-        Step{"unpack and bind the skin", &frmPlayer::later},
+        Step{"unpack and bind the skin", &frmPlayer::loadSkin},
         Step{"read the settings", &frmPlayer::loadSettings},
         Step{"look for another instance", &frmPlayer::lookForOtherInstance},
         Step{"begin on the main panel", &frmPlayer::choosePanel},
         Step{"show the splash", &frmPlayer::later},
-        Step{"keep the faces of the buttons", &frmPlayer::later},
+        Step{"keep the faces of the buttons", &frmPlayer::keepFaces},
         Step{"read the command line", &frmPlayer::readCommandLine},
         Step{"shape the window", &frmPlayer::later},
         Step{"show on the task bar or not", &frmPlayer::applyTaskbar},

@@ -38,9 +38,18 @@ void MainDisplay::showTitles(const NowPlaying& playing) {
 
 void MainDisplay::showTime(const NowPlaying& playing) {
     for (const std::size_t digit : kDigits) {
-        elements_.touch(MainElement::timed, digit).caption = playing.time.substr(digit - 1, 1);
+        showDigit(digit, playing.time.at(digit - 1));
     }
     elements_.touch(MainElement::timed, 0).visible = playing.countsDown;
+}
+
+void MainDisplay::showDigit(std::size_t place, char digit) {
+    ui::Element& element = elements_.touch(MainElement::timed, place);
+    element.caption = digit;
+    if (digit >= '0' && digit <= '9') {
+        element.picture =
+            elements_.get(MainElement::Digit, static_cast<std::size_t>(digit - '0')).picture;
+    }
 }
 
 void MainDisplay::showPosition(const NowPlaying& playing) {

@@ -26,6 +26,7 @@ public:
     void showFields(bool visible) override;
 
 private:
+    void showDigit(std::size_t place, char digit);
     ui::MainElements& elements_;
     SetCaption setCaption_;
 };

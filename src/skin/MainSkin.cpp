@@ -63,14 +63,6 @@ void MainSkin::pointerEntered(ui::ElementAddress element) {
     }
 }
 
-bool MainSkin::press(ui::ElementAddress element) {
-    return show(element, true);
-}
-
-bool MainSkin::release(ui::ElementAddress element) {
-    return show(element, false);
-}
-
 ui::Picture MainSkin::pictureOf(Slot slot) const {
     return elements_.get(slot.name, slot.index).picture;
 }
@@ -92,16 +84,6 @@ void MainSkin::load(const Binding& binding) {
         element.height = image.height;
     }
     element.picture = pictures_.add(std::move(image));
-}
-
-bool MainSkin::show(ui::ElementAddress element, bool down) {
-    const ButtonFace* face = buttonOf(element);
-    if (face == nullptr) {
-        return false;
-    }
-    elements_.touch(face->up).visible = !down;
-    elements_.touch(face->down).visible = down;
-    return true;
 }
 
 } // namespace tovik::skin

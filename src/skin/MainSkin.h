@@ -38,17 +38,10 @@ public:
     /// The mouse moved over the bare background, which ends every over face.
     void movedOverBackground() { RestoreUpPictures(); }
 
-    /// Whether the element is such a button; then it shows its down face now.
-    bool press(ui::ElementAddress element);
-
-    /// Whether the element is such a button; then it shows its up face now, and should act.
-    bool release(ui::ElementAddress element);
-
 private:
     [[nodiscard]] ui::Picture pictureOf(Slot slot) const;
     void give(Slot slot, ui::Picture picture);
     void load(const Binding& binding);
-    bool show(ui::ElementAddress element, bool down);
 
     ui::MainElements& elements_;
     ui::PictureStore& pictures_;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/AppRig.h"
 
+#include "support/skin/TestSkin.h"
+
 #include <algorithm>
 
 namespace tovik::test {
@@ -29,6 +31,14 @@ Place placeOf(const std::string& bytes, const std::string& key) {
     return {begin, end + close.size()};
 }
 
+/// One skin serves all tests: none of them changes it.
+std::string skinFolder() {
+    static const TemporaryFolder folder;
+    static const bool written = (writeTestSkin(folder.path()), true);
+    static_cast<void>(written);
+    return folder / "skins/CurrentSkin";
+}
+
 } // namespace
 
 AppRig::AppRig() {
@@ -37,6 +47,8 @@ AppRig::AppRig() {
     fs::permissions(host_.folder / kSettings, fs::perms::owner_write, fs::perm_options::add);
     fs::create_symlink(std::string(TOVIK_DATA_DIR) + "/Languages", host_.folder / "Languages");
     host_.folder.write(kList, "#EXTM3U\r\n");
+    fs::create_directories(host_.folder / "skins");
+    fs::create_directory_symlink(skinFolder(), host_.folder / kSkin);
 }
 
 AppRig::~AppRig() {

@@ -76,6 +76,7 @@ class AppRig : public testing::Test {
 protected:
     static constexpr const char* kSettings = "db/settings.xml";
     static constexpr const char* kList = "db/autosave.m3u";
+    static constexpr const char* kSkin = "skins/CurrentSkin"; ///< leads to a skin of all tests
 
     AppRig();
     ~AppRig() override;

@@ -339,23 +339,9 @@ TEST_F(ButtonFacesTest, otherElementsAreNoneOfThem) {
     tabsRefreshed_ = 0;
     for (const N name : {N::List1, N::ShuffleBT, N::mainbt, N::ScreenIMG}) {
         enter(name);
-        EXPECT_FALSE(skin_.press(ui::addressOf(name)));
-        EXPECT_FALSE(skin_.release(ui::addressOf(name)));
-        EXPECT_TRUE(elements_.get(name).visible);
     }
     EXPECT_EQ(tabsRefreshed_, 0);
     EXPECT_EQ(shown(N::playup), "btn_play_over");
-}
-
-TEST_F(ButtonFacesTest, aPressExchangesTheElements) {
-    for (const ButtonFace& face : buttonFaces()) {
-        EXPECT_TRUE(skin_.press(ui::addressOf(face.up)));
-        EXPECT_FALSE(elements_.get(face.up).visible);
-        EXPECT_TRUE(elements_.get(face.down).visible);
-        EXPECT_TRUE(skin_.release(ui::addressOf(face.up)));
-        EXPECT_TRUE(elements_.get(face.up).visible);
-        EXPECT_FALSE(elements_.get(face.down).visible);
-    }
 }
 
 TEST_F(ButtonFacesTest, restoringLeavesTheFacesOfModes) {

@@ -275,18 +275,17 @@ TEST_F(UnpackSkinTest, aFolderThatCannotBeMadeIsRaised) {
     EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
 }
 
-TEST_F(UnpackSkinTest, theGreatestNumberOfFilesIsUnpacked) {
-    // The greatest number that the header can tell.
-    constexpr std::int16_t kFiles = 32767;
+TEST_F(UnpackSkinTest, manyFilesAreUnpacked) {
+    constexpr std::int16_t kFiles = 2000;
     std::string package = header(kFiles);
     for (int file = 0; file < kFiles; ++file) {
-        package += entry("f" + std::to_string(file % 100), storedStream(std::to_string(file)));
+        package += entry("f" + std::to_string(file), storedStream(std::to_string(file)));
     }
     put(package);
     unpack();
     EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
-    EXPECT_THAT(files(), SizeIs(100));
-    EXPECT_EQ(files()["f66"], "32766");
+    EXPECT_THAT(files(), SizeIs(kFiles));
+    EXPECT_EQ(files()["f1999"], "1999");
 }
 
 TEST(SkinPackage, readsWhatItMakes) {
@@ -304,6 +303,21 @@ TEST(SkinPackage, readsWhatItMakes) {
     EXPECT_EQ(two.fileName, "two.bmp");
     EXPECT_EQ(HuffmanDecodeString(two.payload), std::string(500, 'x'));
     EXPECT_THROW(static_cast<void>(reader.next()), base::RuntimeError);
+}
+
+TEST(SkinPackage, holdsUpTo32767Files) {
+    std::vector<SkinFile> files(32767);
+    for (std::size_t file = 0; file < files.size(); ++file) {
+        files[file].name = std::to_string(file);
+    }
+    const std::string bytes = skinPackage(files, "");
+    SkinPackageReader reader(bytes);
+    ASSERT_EQ(reader.header().fileCount, 32767);
+    std::string last;
+    for (std::size_t file = 0; file < files.size(); ++file) {
+        last = reader.next().fileName;
+    }
+    EXPECT_EQ(last, "32766");
 }
 
 TEST(SkinPackage, isNotMadeOfWhatCannotBeUnpacked) {

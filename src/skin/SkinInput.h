@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the mouse does to the look of the main window; what it does besides is told to the next
+// input. Interface thread.
+#pragma once
+
+#include "config/Errors.h"
+#include "skin/MainSkin.h"
+#include "skin/Panels.h"
+#include "ui/WindowInput.h"
+
+namespace tovik::skin {
+
+/// Over faces of buttons and tabs; the bare background ends them.
+class SkinInput final : public ui::WindowInput {
+public:
+    /// All four outlive the object.
+    SkinInput(MainSkin& skin, Panels& panels, const config::Errors& errors, ui::WindowInput& next)
+        : skin_(skin), panels_(panels), errors_(errors), next_(next) {}
+
+    void mouseDown(const ui::PointerEvent& event) override { next_.mouseDown(event); }
+
+    void mouseMove(const ui::PointerEvent& event) override;
+    void mouseUp(const ui::PointerEvent& event) override;
+
+    void doubleClick(const ui::PointerEvent& event) override { next_.doubleClick(event); }
+
+    void wheel(const ui::PointerEvent& event, double notches) override {
+        next_.wheel(event, notches);
+    }
+
+    void pointerEntered(ui::ElementAddress element) override;
+
+    void pointerLeft(ui::ElementAddress element) override { next_.pointerLeft(element); }
+
+    bool keyDown(const ui::KeyEvent& event) override { return next_.keyDown(event); }
+
+    void closeRequested() override { next_.closeRequested(); }
+
+private:
+    MainSkin& skin_;
+    Panels& panels_;
+    const config::Errors& errors_;
+    ui::WindowInput& next_;
+};
+
+} // namespace tovik::skin
