@@ -7,6 +7,7 @@
 #include "skin/BitmapHeader.h"
 #include "skin/LittleEndian.h"
 #include "ui/KeyColour.h"
+#include "ui/PixelColour.h"
 
 #include <algorithm>
 
@@ -152,9 +153,7 @@ private:
 };
 
 void cutOut(ui::PixelImage& image, ui::Colour key) {
-    const std::uint32_t keyPixel = kOpaque | static_cast<std::uint32_t>(key.red) << 16 |
-                                   static_cast<std::uint32_t>(key.green) << 8 | key.blue;
-    std::ranges::replace(image.pixels, keyPixel, 0U);
+    std::ranges::replace(image.pixels, ui::opaquePixel(key), 0U);
 }
 
 } // namespace
