@@ -48,7 +48,7 @@ run_tests() {
 
 sources() {
     (cd "$root" && git ls-files -- 'src/*.h' 'src/*.cpp' 'tests/*.h' 'tests/*.cpp' \
-        'fuzz/*.cpp' 'bench/*.h' 'bench/*.cpp')
+        'fuzz/*.cpp' 'bench/*.h' 'bench/*.cpp' 'tools/*.h' 'tools/*.cpp')
 }
 
 check_format() {
