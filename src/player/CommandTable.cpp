@@ -13,27 +13,27 @@ using Id = CommandId;
 using enum CommandKind;
 
 constexpr LanguageItem menu(int number) {
-    return {"MainMenu", number};
+    return {config::LanguageSection::MainMenu, number};
 }
 
 constexpr LanguageItem window(int number) {
-    return {"PlayerWin", number};
+    return {config::LanguageSection::PlayerWin, number};
 }
 
 constexpr LanguageItem presets(int number) {
-    return {"PresetMenu", number};
+    return {config::LanguageSection::PresetMenu, number};
 }
 
 constexpr LanguageItem rip(int number) {
-    return {"RipMenu", number};
+    return {config::LanguageSection::RipMenu, number};
 }
 
 constexpr LanguageItem radio(int number) {
-    return {"PlMenu", number};
+    return {config::LanguageSection::PlMenu, number};
 }
 
 constexpr LanguageItem visualisation(int number) {
-    return {"VisMenu", number};
+    return {config::LanguageSection::VisMenu, number};
 }
 
 constexpr auto kTable = std::to_array<Command>({

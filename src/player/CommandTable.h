@@ -3,7 +3,10 @@
 // Any thread.
 #pragma once
 
+#include "config/LanguageTable.h"
+
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -89,12 +92,10 @@ enum class CommandId : std::uint8_t {
 
 /// Where a language file holds the name of a command.
 struct LanguageItem {
-    std::string_view section{};
+    config::LanguageSection section{};
     int number = 0;
 
-    [[nodiscard]] constexpr explicit operator bool() const noexcept { return !section.empty(); }
-
-    friend constexpr bool operator==(const LanguageItem&, const LanguageItem&) = default;
+    friend constexpr auto operator<=>(const LanguageItem&, const LanguageItem&) = default;
 };
 
 /// Whether a command shows a state.
@@ -106,8 +107,8 @@ enum class CommandKind : std::uint8_t {
 
 struct Command {
     CommandId id{};
-    std::string_view name; ///< until a language says otherwise
-    LanguageItem language{};
+    std::string_view name;                  ///< until a language says otherwise
+    std::optional<LanguageItem> language{}; ///< none: no language names it
     CommandKind kind = CommandKind::action;
 };
 

@@ -14,6 +14,8 @@
 namespace tovik::player {
 namespace {
 
+using config::LanguageSection;
+
 TEST(CommandTable, eachNumberHasOneRowWithAName) {
     std::set<CommandId> ids;
     for (const Command& command : commandTable()) {
@@ -27,25 +29,29 @@ TEST(CommandTable, eachNumberHasOneRowWithAName) {
 }
 
 TEST(CommandTable, noTwoCommandsShareAnItemOfALanguage) {
-    std::set<std::pair<std::string_view, int>> items;
+    std::set<LanguageItem> items;
     for (const Command& command : commandTable()) {
         if (command.language) {
-            EXPECT_TRUE(items.emplace(command.language.section, command.language.number).second)
-                << command.name;
+            EXPECT_TRUE(items.insert(*command.language).second) << command.name;
+            const auto section = static_cast<std::size_t>(command.language->section);
+            EXPECT_LT(command.language->number, config::languageSections()[section].items);
         }
     }
     // What languages name of the playback menu.
     for (int item = 21; item <= 36; ++item) {
-        EXPECT_TRUE(items.contains({"MainMenu", item})) << item;
+        EXPECT_TRUE(items.contains({LanguageSection::MainMenu, item})) << item;
     }
 }
 
 TEST(CommandTable, namesAndItemsOfThePlaybackMenu) {
     EXPECT_EQ(commandOf(CommandId::previous).name, "Previous");
-    EXPECT_EQ(commandOf(CommandId::previous).language, (LanguageItem{"MainMenu", 21}));
-    EXPECT_EQ(commandOf(CommandId::stopWithFadeout).language, (LanguageItem{"MainMenu", 26}));
+    EXPECT_EQ(commandOf(CommandId::previous).language,
+              (LanguageItem{LanguageSection::MainMenu, 21}));
+    EXPECT_EQ(commandOf(CommandId::stopWithFadeout).language,
+              (LanguageItem{LanguageSection::MainMenu, 26}));
     EXPECT_EQ(commandOf(CommandId::forwardFiveSeconds).name, "Fwd  5 seconds");
-    EXPECT_EQ(commandOf(CommandId::musicSearch).language, (LanguageItem{"MainMenu", 36}));
+    EXPECT_EQ(commandOf(CommandId::musicSearch).language,
+              (LanguageItem{LanguageSection::MainMenu, 36}));
     EXPECT_EQ(commandOf(CommandId::stopAfterCurrent).kind, CommandKind::toggle);
     EXPECT_EQ(commandOf(CommandId::timeElapsed).kind, CommandKind::choice);
 }
