@@ -67,7 +67,7 @@ constexpr auto kBindings = std::to_array<Binding>({
     placed("8", N::Digit, 8),
     placed("9", N::Digit, 9),
     placed("sabar", N::Picture2),
-    placed("eq_bar", N::Picture7),
+    sized("eq_bar", N::Picture7),
     // The tabs: up, down, over. The row of over faces runs backwards.
     placed("mainbt", N::mainbt),
     copied({N::mainbt}, {N::Image2, 0}),

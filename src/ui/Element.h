@@ -15,6 +15,7 @@ enum class ElementKind : std::uint8_t {
     Label,   ///< its caption
     Button,  ///< its picture; without one a box with its caption
     Bar,     ///< its picture; without one a groove, or one filled with its text colour when checked
+    Slider,  ///< like an empty bar, with the slider's own bar on it
     Control, ///< a child widget of the window, placed by the record
 };
 
@@ -52,6 +53,15 @@ struct Box {
     friend constexpr bool operator==(const Box&, const Box&) = default;
 };
 
+/// The bar that slides over an element of the kind `Slider`.
+struct SliderBar {
+    double top = 0; ///< from the element's top edge, in skin pixels
+    double height = 0;
+    Picture picture; ///< without one it is drawn plainly, as wide as the element
+
+    friend constexpr bool operator==(const SliderBar&, const SliderBar&) = default;
+};
+
 struct Element {
     ElementKind kind = ElementKind::Image;
     double left = 0; ///< this and the next three in skin pixels
@@ -67,7 +77,8 @@ struct Element {
     std::string caption; ///< bytes: valid UTF-8, or else Windows-1252
     std::string tooltip; ///< bytes likewise
     Picture picture;
-    Colour textColour;
+    SliderBar bar;                    ///< of a slider
+    Colour textColour;                ///< also that of a slider's plain bar
     std::optional<Colour> backColour; ///< nothing: what lies below shows through
 
     [[nodiscard]] constexpr Box box() const noexcept { return {left, top, width, height}; }

@@ -48,6 +48,7 @@ struct ElementPlace {
     bool checked = false;
     bool wraps = false;
     double textHeight = 11;
+    double barHeight = 0; ///< of a slider
     std::string_view caption{};
     Colour textColour{};
     std::optional<Colour> backColour{};
@@ -67,6 +68,7 @@ template <typename Name>
     element.checked = place.checked;
     element.wraps = place.wraps;
     element.textHeight = place.textHeight;
+    element.bar.height = place.barHeight;
     element.caption = place.caption;
     element.textColour = place.textColour;
     element.backColour = place.backColour;

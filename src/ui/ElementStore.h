@@ -35,6 +35,11 @@ public:
     /// The slot of an element. Raises 9 when the window has no such element.
     [[nodiscard]] std::size_t slotOf(ElementAddress address) const;
 
+    /// Notes an element as touched and gives it for writing, now and not later. Raises 9 like
+    /// `slotOf`. Who knows the window's names writes through `ElementTable`; this is for parts
+    /// that serve every window.
+    [[nodiscard]] Element& touchAt(ElementAddress address) { return touchSlot(slotOf(address)); }
+
     /// The topmost element at a place, in skin pixels, that is visible and enabled.
     [[nodiscard]] std::optional<std::size_t> topmostAt(double x, double y) const noexcept;
 

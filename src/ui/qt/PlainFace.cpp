@@ -14,10 +14,12 @@ namespace {
 
 constexpr double kPanelRadius = 5;
 constexpr double kButtonRadius = 4;
+constexpr double kSliderRadius = 2.5;
 constexpr double kThinnestPanel = 3; ///< what is thinner is a line
 constexpr double kDisabledOpacity = 0.45;
 constexpr int kLighter = 118;
 constexpr int kDarker = 118;
+constexpr int kMark = 190;
 
 QRectF boxOf(const Element& element) {
     return {element.left, element.top, element.width, element.height};
@@ -122,6 +124,7 @@ void drawPlain(QPainter& painter, const Element& element, PlainState state) {
         drawButton(painter, element, state.hovered && element.enabled);
         break;
     case ElementKind::Bar:
+    case ElementKind::Slider:
         drawBar(painter, element);
         break;
     case ElementKind::Image:
@@ -132,6 +135,24 @@ void drawPlain(QPainter& painter, const Element& element, PlainState state) {
                     Qt::AlignLeft | (element.wraps ? Qt::AlignTop : Qt::AlignVCenter));
         break;
     }
+    painter.restore();
+}
+
+void drawPlainSliderBar(QPainter& painter, const Element& element, const Box& bar) {
+    const QRectF box(bar.left, bar.top, bar.width, bar.height);
+    if (box.isEmpty()) {
+        return;
+    }
+    painter.save();
+    if (!element.enabled) {
+        painter.setOpacity(kDisabledOpacity);
+    }
+    const QColor colour = qtColour(element.textColour);
+    const double radius = std::min(kSliderRadius, box.height() / 2);
+    fillRounded(painter, box, radius, downwards(box, colour.lighter(kLighter), colour));
+    // The line across the middle points at the value.
+    painter.fillRect(QRectF(box.left() + 2, box.center().y() - 0.5, box.width() - 4, 1),
+                     colour.lighter(kMark));
     painter.restore();
 }
 

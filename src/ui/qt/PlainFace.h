@@ -21,4 +21,7 @@ struct PlainState {
 /// Draws the record in skin pixels of the window, whatever its visibility says.
 void drawPlain(QPainter& painter, const Element& element, PlainState state);
 
+/// Draws a slider's bar into `bar`, in skin pixels of the window.
+void drawPlainSliderBar(QPainter& painter, const Element& element, const Box& bar);
+
 } // namespace tovik::ui

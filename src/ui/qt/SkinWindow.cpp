@@ -25,6 +25,18 @@ QEvent::Type changesEvent() {
     return static_cast<QEvent::Type>(type);
 }
 
+/// A picture larger than its place shows the upper left part of it.
+void drawPicture(QPainter& painter, const PixelImage& image, const Box& box) {
+    if (image.pixels.empty()) {
+        return;
+    }
+    const QImage shown(reinterpret_cast<const uchar*>(image.pixels.data()), image.width,
+                       image.height, QImage::Format_ARGB32_Premultiplied);
+    const QSizeF size(std::min<double>(image.width, box.width),
+                      std::min<double>(image.height, box.height));
+    painter.drawImage(QRectF({box.left, box.top}, size), shown, QRectF({0, 0}, size));
+}
+
 } // namespace
 
 SkinWindow::SkinWindow(ElementStore& elements, const PictureStore& pictures, WindowInput& input,
@@ -122,17 +134,19 @@ void SkinWindow::drawElement(QPainter& painter, std::size_t slot) const {
     const PixelImage* const image = pictures_.find(element.picture);
     if (image == nullptr) {
         drawPlain(painter, element, {.ground = slot == 0, .hovered = router_.hovered() == slot});
+    } else {
+        drawPicture(painter, *image, element.box());
+    }
+    if (element.kind != ElementKind::Slider) {
         return;
     }
-    if (image->pixels.empty()) {
-        return;
+    const PixelImage* const bar = pictures_.find(element.bar.picture);
+    const Box box{element.left, element.top + element.bar.top, element.width, element.bar.height};
+    if (bar == nullptr) {
+        drawPlainSliderBar(painter, element, box);
+    } else {
+        drawPicture(painter, *bar, box);
     }
-    // An element smaller than its picture shows the upper left part of it.
-    const QImage shown(reinterpret_cast<const uchar*>(image->pixels.data()), image->width,
-                       image->height, QImage::Format_ARGB32_Premultiplied);
-    const QSizeF size(std::min<double>(image->width, element.width),
-                      std::min<double>(image->height, element.height));
-    painter.drawImage(QRectF({element.left, element.top}, size), shown, QRectF({0, 0}, size));
 }
 
 void SkinWindow::mousePressEvent(QMouseEvent* event) {
