@@ -26,6 +26,10 @@ template <typename Value>
 std::string shown(const Value& value) {
     if constexpr (std::is_convertible_v<Value, std::string_view>) {
         return std::string(value);
+    } else if constexpr (std::is_floating_point_v<Value>) {
+        std::string text = std::to_string(value);
+        text.erase(text.find_last_not_of('0') + 1);
+        return text.ends_with('.') ? text.substr(0, text.size() - 1) : text;
     } else {
         return std::to_string(value);
     }
@@ -74,8 +78,11 @@ bool FakeSoundLibrary::play(Handle handle, bool music) {
 
 bool FakeSoundLibrary::free(Handle handle, bool music) {
     const Channel* const channel = find(handle);
-    return channel != nullptr && (channel->file.kind == FakeKind::music) == music &&
-           channels_.erase(handle) == 1;
+    if (channel == nullptr || (channel->file.kind == FakeKind::music) != music) {
+        return false;
+    }
+    std::erase_if(effects, [&](const auto& effect) { return effect.second.channel == handle; });
+    return channels_.erase(handle) == 1;
 }
 
 // The device --------------------------------------------------------------------------------------
@@ -98,6 +105,7 @@ bool FakeSoundLibrary::BASS_Init(int device, std::uint32_t freq, std::uint32_t f
 bool FakeSoundLibrary::BASS_Free() {
     calls.push_back(call("BASS_Free"));
     channels_.clear();
+    effects.clear();
     return std::exchange(initialized, false);
 }
 
@@ -353,6 +361,51 @@ Handle FakeSoundLibrary::BASS_RecordStart(std::uint32_t freq, std::uint32_t chan
 
 bool FakeSoundLibrary::BASS_RecordFree() {
     calls.push_back(call("BASS_RecordFree"));
+    return true;
+}
+
+// Filters -----------------------------------------------------------------------------------------
+
+std::vector<float> FakeSoundLibrary::gains(Handle channel) const {
+    std::vector<float> found;
+    for (const auto& [handle, effect] : effects) {
+        if (effect.channel == channel) {
+            found.push_back(effect.parameters.fGain);
+        }
+    }
+    return found;
+}
+
+Handle FakeSoundLibrary::BASS_ChannelSetFX(Handle handle, std::uint32_t type) {
+    constexpr std::size_t kMost = 10;
+    effectCalls.push_back(call("BASS_ChannelSetFX", handle, type));
+    const Channel* const channel = find(handle);
+    if (channel == nullptr || type != sound::BASS_FX_PARAMEQ || gains(handle).size() >= kMost ||
+        (channel->file.kind != FakeKind::music && (channel->flags & sound::BASS_SAMPLE_FX) == 0)) {
+        return sound::kNoHandle;
+    }
+    effects[++lastEffect_] = {.channel = handle, .parameters = {}};
+    return lastEffect_;
+}
+
+bool FakeSoundLibrary::BASS_FXGetParameters(Handle effect, sound::BASS_FXPARAMEQ& parameters) {
+    const auto found = effects.find(effect);
+    if (found == effects.end()) {
+        return false;
+    }
+    parameters = found->second.parameters;
+    return true;
+}
+
+bool FakeSoundLibrary::BASS_FXSetParameters(Handle effect,
+                                            const sound::BASS_FXPARAMEQ& parameters) {
+    effectCalls.push_back(call("BASS_FXSetParameters", effect, parameters.fCenter,
+                               parameters.fBandwidth, parameters.fGain));
+    const auto found = effects.find(effect);
+    if (found == effects.end()) {
+        return false;
+    }
+    found->second.parameters = parameters;
     return true;
 }
 

@@ -28,8 +28,7 @@ class FakeSoundLibrary final : public sound::SoundLibrary,
                                public UnusedDiscs,
                                public UnusedNetwork,
                                public UnusedEncoders,
-                               public UnusedVisuals,
-                               public UnusedEffects {
+                               public UnusedVisuals {
 public:
     struct Channel {
         FakeFile file;
@@ -38,6 +37,11 @@ public:
         sound::Activity activity = sound::Activity::stopped;
         int volume = 100;
         int pan = 0;
+    };
+
+    struct Effect {
+        sound::Handle channel = sound::kNoHandle;
+        sound::BASS_FXPARAMEQ parameters;
     };
 
     // The world ----------------------------------------------------------------------------------
@@ -58,6 +62,15 @@ public:
     [[nodiscard]] Channel& channel(sound::Handle handle) { return channels_.at(handle); }
 
     [[nodiscard]] bool lives(sound::Handle handle) const { return channels_.contains(handle); }
+
+    /// What was done with filters, in order, such as "BASS_FXSetParameters(1001, 60, 15, 0)".
+    std::vector<std::string> effectCalls;
+
+    /// The live filters. Their handles begin at 1001.
+    std::map<sound::Handle, Effect> effects;
+
+    /// The gains of a channel's filters in the order in which they were made.
+    [[nodiscard]] std::vector<float> gains(sound::Handle channel) const;
 
     void setSeconds(sound::Handle handle, double seconds);
 
@@ -121,6 +134,11 @@ public:
                                       std::int64_t parameter, sound::SyncRoutine routine,
                                       std::uintptr_t user) override;
 
+    sound::Handle BASS_ChannelSetFX(sound::Handle handle, std::uint32_t type) override;
+    bool BASS_FXGetParameters(sound::Handle effect, sound::BASS_FXPARAMEQ& parameters) override;
+    bool BASS_FXSetParameters(sound::Handle effect,
+                              const sound::BASS_FXPARAMEQ& parameters) override;
+
     bool BASS_RecordInit(int device) override;
     std::optional<std::string> BASS_RecordGetInputName(int index) override;
     bool BASS_RecordSetInput(std::uint32_t setting) override;
@@ -137,6 +155,7 @@ private:
 
     std::map<sound::Handle, Channel> channels_;
     sound::Handle lastHandle_ = sound::kNoHandle;
+    sound::Handle lastEffect_ = 1000;
 };
 
 } // namespace tovik::test

@@ -82,17 +82,4 @@ public:
     bool BASS_SONIQUEVIS_Free(sound::Handle) override { return false; }
 };
 
-class UnusedEffects : public virtual sound::EffectOperations {
-public:
-    sound::Handle BASS_ChannelSetFX(sound::Handle, std::uint32_t) override {
-        return sound::kNoHandle;
-    }
-
-    bool BASS_FXGetParameters(sound::Handle, sound::BASS_FXPARAMEQ&) override { return false; }
-
-    bool BASS_FXSetParameters(sound::Handle, const sound::BASS_FXPARAMEQ&) override {
-        return false;
-    }
-};
-
 } // namespace tovik::test
