@@ -42,6 +42,7 @@ MainWindow::MainWindow(const host::Host& host) : host_(host) {}
 MainWindow::~MainWindow() = default;
 
 void MainWindow::attach(frmPlayer& player) {
+    language_ = &player.language();
     rows_ =
         std::make_unique<player::QuickListRows>(player.List1(), player.stdSS(), player.transport());
     skin_ = std::make_unique<ui::SkinWindow>(player.elements(), player.pictures(), player.input(),
@@ -70,6 +71,13 @@ void MainWindow::minimise() {
 
 void MainWindow::takeFocus() {
     skin_->setFocus();
+}
+
+void MainWindow::showLoadPreset(player::frmLoadPreset& dialog) {
+    if (!loadPreset_) {
+        loadPreset_ = new LoadPresetDialog(dialog, *language_, host_.dispatcher, skin_.get());
+    }
+    loadPreset_->open();
 }
 
 void MainWindow::setCaption(const std::string& caption) {

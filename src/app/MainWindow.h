@@ -4,12 +4,14 @@
 #pragma once
 
 #include "app/frmPlayer.h"
+#include "app/LoadPresetDialog.h"
 #include "player/PlayerWindow.h"
 #include "player/QuickListRows.h"
 #include "ui/qt/ListWidget.h"
 #include "ui/qt/SkinWindow.h"
 
 #include <memory>
+#include <QPointer>
 
 namespace tovik::app {
 
@@ -30,6 +32,7 @@ public:
     void hide() override;
     void minimise() override;
     void takeFocus() override;
+    void showLoadPreset(player::frmLoadPreset& dialog) override;
     void setCaption(const std::string& caption) override;
     void setTaskbarButton(bool shown) override;
     void setTopmost(bool topmost) override;
@@ -46,6 +49,8 @@ private:
     std::unique_ptr<player::QuickListRows> rows_;
     std::unique_ptr<ui::SkinWindow> skin_;
     std::unique_ptr<ListWatch> watch_;
+    config::MultiLNG* language_ = nullptr;  ///< the player's, since `attach`
+    QPointer<LoadPresetDialog> loadPreset_; ///< the window's object tree owns it
 };
 
 } // namespace tovik::app

@@ -16,6 +16,11 @@
 #include "player/CBASS_TIME.h"
 #include "player/ClsShortcut.h"
 #include "player/Commands.h"
+#include "player/Equalizer.h"
+#include "player/EqualizerFiles.h"
+#include "player/EqualizerInput.h"
+#include "player/EqualizerStore.h"
+#include "player/frmLoadPreset.h"
 #include "player/MainBars.h"
 #include "player/MainDisplay.h"
 #include "player/MainInput.h"
@@ -88,9 +93,11 @@ public:
 
     [[nodiscard]] player::Commands& commands() { return commands_; }
 
-    [[nodiscard]] ui::PictureStore& pictures() { return pictures_; }
+    [[nodiscard]] const ui::PictureStore& pictures() const { return pictures_; }
 
     [[nodiscard]] ui::WindowInput& input() { return skinInput_; }
+
+    [[nodiscard]] player::Equalizer& equalizer() { return equalizer_; }
 
     [[nodiscard]] player::Transport& transport() { return transport_; }
 
@@ -150,12 +157,14 @@ private:
     void checkSoundLibrary();
     void openSound();
     void openRecording();
+    void drawEqualizer();
     void showVolume();
     void showModes();
     void showQuickList();
     void applyBalance();
     void showBalanceText();
     void readMessenger();
+    void restoreEqualizer();
     void selectFirstRow();
     void showWindow();
     void loadLanguage();
@@ -176,6 +185,7 @@ private:
     void saveList();
     void hideWindow();
     void saveSettings();
+    void saveEqualizer();
     void freeSound();
 
     // What the commands do.
@@ -183,6 +193,7 @@ private:
     void bindPlaying();
     void bindPanels();
     void bindModes();
+    void bindEqualizer();
     void playItem(std::int32_t item);
     void mnuTop();
     [[nodiscard]] bool staysOnTop();
@@ -231,6 +242,10 @@ private:
     player::Volume volume_;
     player::VolumeBar volumeBar_;
     player::Balance balance_;
+    player::Equalizer equalizer_;
+    player::EqualizerStore equalizerStore_{settings_, equalizer_};
+    player::EqualizerFiles equalizerFiles_;
+    player::frmLoadPreset loadPreset_{equalizerStore_};
     player::TrackFacts facts_;
     player::PlaybackClock clock_;
     std::unique_ptr<host::Timer> Timer1_;
@@ -242,6 +257,7 @@ private:
     player::TimeDisplay timeDisplay_{state_, playing_, display_};
     player::PositionBar positionBar_;
     player::MainBars bars_{elements_, positionBar_, volumeBar_, balance_};
+    player::EqualizerInput equalizerInput_{equalizer_};
     player::Commands commands_;
     player::ClsShortcut shortcuts_{commands_};
     player::MainInput input_;

@@ -16,6 +16,7 @@ void frmPlayer::bindCommands() {
     bindPlaying();
     bindPanels();
     bindModes();
+    bindEqualizer();
     commands_.bind(CommandId::exit, [this] { host_.closing.request(); });
     commands_.bind(CommandId::minimise, [this] { window_.minimise(); });
 }
@@ -62,6 +63,18 @@ void frmPlayer::bindModes() {
                        {.run = [this, mode = mode] { timeDisplay_.choose(mode); },
                         .checked = [this, mode = mode] { return state_.TimeDisplayMode == mode; }});
     }
+}
+
+void frmPlayer::bindEqualizer() {
+    commands_.bind(CommandId::equalizer, {.run = [this] { equalizer_.flip(); },
+                                          .checked = [this] { return state_.EqualizerOn; }});
+    commands_.bind(CommandId::resetEqualizer, [this] { equalizer_.resetbt_Click(); });
+    // The button's menu is not there yet: its first entry answers.
+    for (const CommandId id : {CommandId::loadPreset, CommandId::presetMenu}) {
+        commands_.bind(id, [this] { window_.showLoadPreset(loadPreset_); });
+    }
+    commands_.bind(CommandId::loadPresetFile, [this] { equalizerFiles_.load_teq(); });
+    commands_.bind(CommandId::savePresetFile, [this] { equalizerFiles_.save_teq(); });
 }
 
 bool frmPlayer::staysOnTop() {

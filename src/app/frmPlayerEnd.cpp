@@ -62,6 +62,11 @@ void frmPlayer::saveSettings() {
     }
 }
 
+void frmPlayer::saveEqualizer() {
+    equalizerStore_.autosave_eq();
+    equalizerStore_.autosave_db();
+}
+
 void frmPlayer::freeSound() {
     sound_.BASS_RecordFree();
     sound_.BASS_Stop();

@@ -156,6 +156,10 @@ void frmPlayer::openRecording() {
     static_cast<void>(sound_.BASS_RecordStart(44100, 2, nullptr, 0));
 }
 
+void frmPlayer::drawEqualizer() {
+    equalizer_.draw();
+}
+
 void frmPlayer::showVolume() {
     state_.CurrentVolume = config::settingToInt16(settings_.getSetting("cvl"));
     volumeBar_.showHeight();
@@ -199,6 +203,11 @@ void frmPlayer::showBalanceText() {
 
 void frmPlayer::readMessenger() {
     state_.MessengerOn = config::settingToFlag(settings_.getSetting("MSN"));
+}
+
+void frmPlayer::restoreEqualizer() {
+    equalizerStore_.autoload_eq();
+    equalizerStore_.autoload_db();
 }
 
 void frmPlayer::selectFirstRow() {

@@ -33,7 +33,7 @@ void MainInput::press(const PressButton& button, bool pressed) {
 }
 
 void MainInput::mouseDown(const ui::PointerEvent& event) {
-    if (!isLeft(event)) {
+    if (p_.equalizer.mouseDown(event) || !isLeft(event)) {
         return;
     }
     p_.bars.mouseDown(event);
@@ -45,11 +45,13 @@ void MainInput::mouseDown(const ui::PointerEvent& event) {
 }
 
 void MainInput::mouseMove(const ui::PointerEvent& event) {
-    p_.bars.mouseMove(event);
+    if (!p_.equalizer.mouseMove(event)) {
+        p_.bars.mouseMove(event);
+    }
 }
 
 void MainInput::mouseUp(const ui::PointerEvent& event) {
-    if (!isLeft(event)) {
+    if (p_.equalizer.mouseUp(event) || !isLeft(event)) {
         return;
     }
     p_.bars.mouseUp(event);

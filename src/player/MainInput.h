@@ -5,6 +5,7 @@
 #include "config/Errors.h"
 #include "player/ClsShortcut.h"
 #include "player/Commands.h"
+#include "player/EqualizerInput.h"
 #include "player/MainBars.h"
 #include "player/MainButtons.h"
 #include "player/TimeDisplay.h"
@@ -21,6 +22,7 @@ struct MainInputParts {
     const Commands& commands;
     const ClsShortcut& shortcuts;
     MainBars& bars;
+    EqualizerInput& equalizer;
     VolumeBar& volumeBar;
     TimeDisplay& timeDisplay;
 };

@@ -7,6 +7,8 @@
 
 namespace tovik::player {
 
+class frmLoadPreset;
+
 /// As made it does nothing: a player without a window, for renders and tests.
 class PlayerWindow {
 public:
@@ -27,6 +29,9 @@ public:
 
     /// Gives the keyboard to the hidden `Text4`, so that no visible control keeps it.
     virtual void takeFocus() {}
+
+    /// Opens the dialog with the names of the presets, or brings it to the front.
+    virtual void showLoadPreset(frmLoadPreset& /*dialog*/) {}
 
     /// The window's number in the window system; 0 without one.
     [[nodiscard]] virtual std::uintptr_t handle() const { return 0; }

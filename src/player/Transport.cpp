@@ -68,6 +68,7 @@ void Transport::startStream(const std::string& path) {
     } else {
         state.IsWmaStream = false;
     }
+    p_.equalizer.Set_EQ();
     p_.balance.ApplyBalance(state.BalanceValue);
     p_.volume.readMode();
     p_.volume.apply();

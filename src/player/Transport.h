@@ -11,6 +11,7 @@
 #include "player/NowPlaying.h"
 #include "player/PlayerState.h"
 #include "player/PlayerWindow.h"
+#include "player/StartEqualizer.h"
 #include "player/TrackEvents.h"
 #include "player/TrackFacts.h"
 #include "player/TrackOpener.h"
@@ -33,6 +34,7 @@ struct TransportParts {
     TrackFacts& facts;
     Volume& volume;
     Balance& balance;
+    StartEqualizer& equalizer;
     playlist::stdSS& list;
     playlist::ListMirror& mirror;
     ui::MainElements& elements;

@@ -28,6 +28,10 @@ public:
     int y = 200;
     std::string caption;
 
+    player::frmLoadPreset* loadPreset = nullptr; ///< the dialog that was asked for
+
+    void showLoadPreset(player::frmLoadPreset& dialog) override { loadPreset = &dialog; }
+
     void show() override { calls_.emplace_back("window shown"); }
 
     void hide() override { calls_.emplace_back("window hidden"); }

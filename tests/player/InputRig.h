@@ -66,11 +66,18 @@ protected:
                                       .Timer1 = *Timer1_,
                                       .Timer3 = *Timer3_}};
     player::MainBars bars_{elements_, positionBar_, volumeBar_, balance_};
+    player::Equalizer equalizer_{{.state = state_,
+                                  .sound = sound_,
+                                  .errors = errors_,
+                                  .elements = elements_,
+                                  .dialogs = host_.dialogs}};
+    player::EqualizerInput equalizerInput_{equalizer_};
     player::MainInput input_{{.elements = elements_,
                               .errors = errors_,
                               .commands = commands_,
                               .shortcuts = shortcuts_,
                               .bars = bars_,
+                              .equalizer = equalizerInput_,
                               .volumeBar = volumeBar_,
                               .timeDisplay = timeDisplay_}};
 };

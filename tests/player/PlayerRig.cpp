@@ -30,6 +30,7 @@ PlayerRig::PlayerRig()
                   .facts = facts_,
                   .volume = volume_,
                   .balance = balance_,
+                  .equalizer = startEqualizer_,
                   .list = list_,
                   .mirror = mirror_,
                   .elements = elements_,

@@ -83,6 +83,19 @@ public:
     [[nodiscard]] std::uintptr_t handle() const override { return kNumber; }
 };
 
+/// Notes after how many calls of the sound library each start asked for its filters.
+class NotedEqualizer final : public player::StartEqualizer {
+public:
+    explicit NotedEqualizer(const std::vector<std::string>& calls) : calls_(calls) {}
+
+    std::vector<std::size_t> asked;
+
+    void Set_EQ() override { asked.push_back(calls_.size()); }
+
+private:
+    const std::vector<std::string>& calls_;
+};
+
 /// The texts of an ID3v1 tag.
 struct TagTexts {
     std::string title{};
@@ -132,6 +145,7 @@ protected:
     player::Volume volume_{state_, sound_, settings_};
     player::VolumeBar volumeBar_{state_, volume_, errors_, elements_, playing_, view_};
     player::Balance balance_{state_, sound_, errors_, elements_, playing_, view_};
+    NotedEqualizer startEqualizer_{sound_.calls};
     player::TrackFacts facts_{state_, time_, settings_, tag_, list_, playing_, view_, events_};
     std::unique_ptr<host::Timer> Timer3_ = host_.clock.makeTimer([] {});
     player::Transport transport_;

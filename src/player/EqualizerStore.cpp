@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/EqualizerStore.h"
+
+#include "base/AtomicFile.h"
+#include "base/RuntimeError.h"
+#include "config/clsXML.h"
+#include "config/Fields.h"
+#include "config/SettingText.h"
+#include "config/WriteFailure.h"
+#include "player/EqualizerGains.h"
+
+#include <array>
+
+namespace tovik::player {
+
+namespace {
+
+constexpr const char* kCurve = "/Settings/CEQ";
+constexpr const char* kMasterKey = "CDB";
+constexpr const char* kPresetCount = "/Settings/Presets/MAX_ID";
+constexpr const char* kValue = "Value";
+constexpr char kSeparator = '/';
+
+constexpr const char* kFileCurve = "/EQ/Save";
+constexpr const char* kFileHead =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\r\n"
+    "<EQ>\r\n"
+    "<Save Name=\"Tovik EQ  file\" Value=\"";
+constexpr const char* kFileTail = "\"/>\r\n"
+                                  "</EQ>\r\n";
+
+std::string presetPath(std::int32_t number) {
+    return "/Settings/Presets/ID" + std::to_string(number);
+}
+
+} // namespace
+
+void EqualizerStore::apply(std::string_view curve) {
+    const config::Fields gains(curve, kSeparator);
+    for (std::size_t band = 0; band < Equalizer::kBands; ++band) {
+        equalizer_.eq_sld(band).Value(sliderOfGain(gains.at(band)));
+    }
+}
+
+std::string EqualizerStore::curve() const {
+    std::array<std::int32_t, Equalizer::kBands> sliders{};
+    for (std::size_t band = 0; band < sliders.size(); ++band) {
+        sliders.at(band) = equalizer_.eq_sld(band).Value();
+    }
+    return curveText(sliders);
+}
+
+void EqualizerStore::autoload_eq() {
+    try {
+        std::string stored;
+        settings_.withSettings(
+            [&](config::clsXML& xml) { stored = xml.ReadAttribute(kCurve, kValue); });
+        apply(stored);
+    } catch (const base::RuntimeError&) { // NOLINT(bugprone-empty-catch): a first start is silent
+    }
+}
+
+void EqualizerStore::autosave_eq() {
+    settings_.withSettings(
+        [&](config::clsXML& xml) { xml.WriteAttribute(kCurve, kValue, curve()); });
+}
+
+void EqualizerStore::autoload_db() {
+    equalizer_.eq_sld(Equalizer::kMaster).Value(sliderOfGain(settings_.getSetting(kMasterKey)));
+}
+
+void EqualizerStore::autosave_db() {
+    settings_.saveSetting(kMasterKey, gainText(equalizer_.eq_sld(Equalizer::kMaster).Value()));
+}
+
+void EqualizerStore::save_teq(const std::string& path) const {
+    config::requireWritable(path);
+    if (const auto failure =
+            base::replaceFile(path, kFileHead + curve() + kFileTail, base::Flush::Yes)) {
+        config::raiseWriteFailure(failure, path);
+    }
+}
+
+void EqualizerStore::load_teq(const std::string& path) {
+    config::clsXML xml;
+    xml.OpenXML(path, config::XmlSource::FilePath);
+    apply(xml.ReadAttribute(kFileCurve, kValue));
+}
+
+void EqualizerStore::presetNames(std::vector<std::string>& names) {
+    settings_.withSettings([&](config::clsXML& xml) {
+        const std::int32_t count = config::settingToInt16(xml.ReadNode(kPresetCount));
+        for (std::int32_t number = 1; number <= count; ++number) {
+            names.push_back(xml.ReadAttribute(presetPath(number), "Name"));
+        }
+    });
+}
+
+void EqualizerStore::loadPreset(std::int32_t number) {
+    std::string stored;
+    settings_.withSettings(
+        [&](config::clsXML& xml) { stored = xml.ReadAttribute(presetPath(number), kValue); });
+    apply(stored);
+}
+
+} // namespace tovik::player

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The equalizer's curve in the settings, in the presets there, and in ".teq" files. Interface
+// thread.
+#pragma once
+
+#include "config/Settings.h"
+#include "player/Equalizer.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tovik::player {
+
+class EqualizerStore {
+public:
+    /// Both are kept by reference.
+    EqualizerStore(config::Settings& settings, Equalizer& equalizer)
+        : settings_(settings), equalizer_(equalizer) {}
+
+    /// Sets the bands from the setting "CEQ". Where it is empty, damaged or missing, the bands
+    /// from there on stay as they are, and nothing is said.
+    void autoload_eq();
+
+    /// Raises what writing the settings raises.
+    void autosave_eq();
+
+    /// Sets the master from the setting "CDB". Raises 94 where that is missing and 13 or 6 for a
+    /// text that is no gain.
+    void autoload_db();
+
+    /// Raises what writing the settings raises.
+    void autosave_db();
+
+    /// Replaces a file by the bands. Raises what writing raises.
+    void save_teq(const std::string& path) const;
+
+    /// Sets the bands from a file. Raises 94 for a file that cannot be read or holds no curve, 9
+    /// for one with too few gains and 13 or 6 for a text that is no gain; the bands in front of
+    /// the bad one are set by then.
+    void load_teq(const std::string& path);
+
+    /// Appends the names of the presets to `names`. Raises 94 where one is missing, with those in
+    /// front of it appended.
+    void presetNames(std::vector<std::string>& names);
+
+    /// Sets the bands from preset `number`, counted from 1. Raises like `load_teq`.
+    void loadPreset(std::int32_t number);
+
+private:
+    /// Sets the bands from ten gains. The sliders refuse a gain outside of them with a box.
+    void apply(std::string_view curve);
+
+    [[nodiscard]] std::string curve() const;
+
+    config::Settings& settings_;
+    Equalizer& equalizer_;
+};
+
+} // namespace tovik::player

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The equalizer in the whole player: start, end, commands, mouse.
+#include "app/AppRig.h"
+
+namespace tovik::test {
+namespace {
+
+using player::CommandId;
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+using ui::MainElement;
+
+class EqualizerPanel : public AppRig {
+protected:
+    /// Replaces the curve in the settings file.
+    void setCurve(const std::string& curve) const {
+        replace(R"(<CEQ Value="0/0/0/0/0/0/0/0/0/0"/>)", "<CEQ Value=\"" + curve + "\"/>");
+    }
+
+    void replace(const std::string& before, const std::string& after) const {
+        std::string bytes = host_.folder.read(kSettings);
+        const std::size_t place = bytes.find(before);
+        ASSERT_NE(place, std::string::npos) << before;
+        host_.folder.write(kSettings, bytes.replace(place, before.size(), after));
+    }
+
+    [[nodiscard]] bool holds(const std::string& text) const {
+        return host_.folder.read(kSettings).find(text) != std::string::npos;
+    }
+
+    [[nodiscard]] std::vector<std::int32_t> sliders() {
+        std::vector<std::int32_t> values;
+        for (std::size_t index = 0; index < 11; ++index) {
+            values.push_back(player().equalizer().eq_sld(index).Value());
+        }
+        return values;
+    }
+
+    void play(const std::string& name) {
+        player().stdSS().AddItem("", track(name), name, "01:05", 65);
+        player().List1().ListIndex(player().List1().ListCount() - 1);
+        player().transport().List1_DblClick();
+    }
+
+    [[nodiscard]] std::vector<float> gains() {
+        return sound_.gains(player().state().PrimaryChannel);
+    }
+
+    [[nodiscard]] bool visible(MainElement name) { return player().elements().get(name).visible; }
+
+    void click(MainElement name, std::size_t index = 0, double y = 1) {
+        const ui::Box box = player().elements().get(name, index).box();
+        ui::PointerEvent event;
+        event.element = ui::addressOf(name, index);
+        event.x = 1;
+        event.y = y;
+        event.windowX = box.left + 1;
+        event.windowY = box.top + y;
+        event.button = ui::MouseButton::Left;
+        player().input().mouseDown(event);
+        player().input().mouseUp(event);
+    }
+};
+
+TEST_F(EqualizerPanel, theStartRestoresCurveAndMaster) {
+    setCurve("12/8.4/1.2/0/-1.2/-3.6/-8.4/-9.6/-10.8/-12");
+    set("CDB", "-2.4");
+    start();
+    EXPECT_THAT(sliders(), ElementsAre(0, 3, 9, 10, 11, 13, 17, 18, 19, 20, 12));
+    // The bar of the tests' skin is one pixel high, the slider 129.
+    EXPECT_EQ(player().elements().get(MainElement::eq_sld, 0).bar.top, 0);
+    EXPECT_EQ(player().elements().get(MainElement::eq_sld, 9).bar.top, 128);
+    EXPECT_THAT(logged(), IsEmpty());
+    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+}
+
+TEST_F(EqualizerPanel, aFirstStartWithAnEmptyCurveGoesOn) {
+    setCurve("");
+    start();
+    EXPECT_THAT(sliders(), Each(10));
+    EXPECT_EQ(player().elements().get(MainElement::eq_sld, 4).bar.top, 64);
+    EXPECT_TRUE(player().state().LoadFinished);
+    EXPECT_THAT(logged(), IsEmpty());
+}
+
+TEST_F(EqualizerPanel, theEndSavesWhatTheNextStartRestores) {
+    start();
+    player().equalizer().eq_sld(0).Value(3);
+    player().equalizer().eq_sld(9).Value(19);
+    player().equalizer().eq_sld(10).Value(7);
+    player().kill_me();
+    EXPECT_TRUE(holds(R"(<CEQ Value="8.4/0/0/0/0/0/0/0/0/-10.8"/>)"));
+    EXPECT_EQ(setting("CDB"), "3.6");
+    EXPECT_EQ(host_.endStatus, 0);
+}
+
+TEST_F(EqualizerPanel, aTrackIsStartedWithTheCurve) {
+    setCurve("12/0/0/0/0/0/0/0/0/-12");
+    start();
+    play("song.mp3");
+    EXPECT_THAT(gains(), ElementsAre(10, 0, 0, 0, 0, 0, 0, 0, 0, -10));
+    play("other.mp3");
+    EXPECT_THAT(gains(), ElementsAre(10, 0, 0, 0, 0, 0, 0, 0, 0, -10));
+    EXPECT_THAT(sound_.effects, SizeIs(10)) << "those of the first track went with it";
+}
+
+TEST_F(EqualizerPanel, theButtonsAndSlidersOfThePanel) {
+    start();
+    play("song.mp3");
+    player().panels().Switch_Win("01000");
+    EXPECT_TRUE(visible(MainElement::EQ_off));
+    click(MainElement::eq_sld, 2, 0);
+    EXPECT_EQ(gains()[2], 10.0F);
+    click(MainElement::EQ_off);
+    EXPECT_TRUE(player().state().EqualizerOn);
+    EXPECT_TRUE(visible(MainElement::EQ_on));
+    EXPECT_FALSE(visible(MainElement::EQ_off));
+    click(MainElement::EQ_on);
+    EXPECT_THAT(gains(), Each(5));
+    EXPECT_FALSE(player().commands().checked(CommandId::equalizer));
+    click(MainElement::resetbt);
+    EXPECT_THAT(sliders(), Each(10));
+    EXPECT_THAT(gains(), Each(0));
+}
+
+TEST_F(EqualizerPanel, thePresetCommandsAskTheirWindows) {
+    start();
+    click(MainElement::presetbt);
+    ASSERT_NE(window_.loadPreset, nullptr);
+    window_.loadPreset = nullptr;
+    EXPECT_TRUE(player().input().keyDown({.code = 'S', .modifiers = {.control = true}}));
+    ASSERT_NE(window_.loadPreset, nullptr);
+    window_.loadPreset->Form_Load();
+    EXPECT_THAT(window_.loadPreset->List1(), SizeIs(20));
+    EXPECT_EQ(window_.loadPreset->List1()[13], "Bass boost");
+
+    host_.dialogs.filesToSave = {host_.folder / "my.teq"};
+    player().equalizer().eq_sld(5).Value(1);
+    player().commands().run(CommandId::savePresetFile);
+    player().equalizer().resetbt_Click();
+    host_.dialogs.filesToOpen = {{host_.folder / "my.teq"}};
+    player().commands().run(CommandId::loadPresetFile);
+    EXPECT_EQ(sliders()[5], 1);
+}
+
+TEST_F(EqualizerPanel, everyShippedPresetCanBeLoaded) {
+    start();
+    player().commands().run(CommandId::loadPreset);
+    for (std::int32_t row = 0; row < 20; ++row) {
+        EXPECT_TRUE(window_.loadPreset->Command1_Click(player::frmLoadPreset::Button::load, row));
+    }
+    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+}
+
+} // namespace
+} // namespace tovik::test
