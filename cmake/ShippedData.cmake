@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # The folder "data" beside the built player, from which it fills a new data folder: what stands in
-# data/ of the source tree, and the skin package, made from the drawings.
+# data/ of the source tree, the skin package and the picture of the start, made from the drawings.
 if(NOT TARGET tovik OR NOT TARGET tovik_skin_art)
     return()
 endif()
@@ -30,5 +30,15 @@ add_custom_command(
     DEPENDS tovik_skin_art tovik-skin
     COMMENT "Drawing the skin")
 
-add_custom_target(tovik_data ALL DEPENDS ${shipped_files} ${package})
+# The picture of the start, twice as large as it shows, for dense screens.
+set(splash ${shipped}/skins/splash.png)
+add_custom_command(
+    OUTPUT ${splash}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${shipped}/skins
+    COMMAND ${CMAKE_COMMAND} -E env ASAN_OPTIONS=detect_leaks=0
+            $<TARGET_FILE:tovik_skin_art> --splash ${splash} --scale 2
+    DEPENDS tovik_skin_art
+    COMMENT "Drawing the picture of the start")
+
+add_custom_target(tovik_data ALL DEPENDS ${shipped_files} ${package} ${splash})
 add_dependencies(tovik tovik_data)

@@ -9,12 +9,15 @@
 #include "host/qt/RealHost.h"
 #include "host/virtual/UnattendedDialogs.h"
 #include "host/virtual/UnattendedPrograms.h"
+#include "skin/WindowPictures.h"
 #include "sound/engine/Engine.h"
 
 #include <array>
 #include <cstdlib>
 #include <optional>
 #include <QApplication>
+#include <QFile>
+#include <QIcon>
 #include <QSessionManager>
 
 namespace tovik::app {
@@ -61,6 +64,13 @@ host::Host unattended(const host::Host& host, host::Dialogs& dialogs, host::Prog
             .operatingSystem = host.operatingSystem};
 }
 
+/// The bitmap of one of the window's own pictures, which are part of the program.
+std::string windowPicture(std::string_view name) {
+    QFile file(QStringLiteral(":/window/%1.bmp")
+                   .arg(QLatin1StringView(name.data(), static_cast<qsizetype>(name.size()))));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
+}
+
 } // namespace
 
 int play(const host::CommandLine& line, const host::Environment& environment) {
@@ -75,6 +85,7 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
     std::array<char*, 2> argv = {name.data(), nullptr};
     const QApplication application(argc, argv.data());
     QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/window/icon.png")));
 
     const std::string folder = prepareDataFolder(line, environment);
     std::optional<PrivateCopy> copy;
@@ -94,6 +105,7 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
     MainWindow window(host);
     frmPlayer player(host, engine, window, events,
                      {.commandLine = line.player.text, .checkInstance = !line.screenshotFile});
+    skin::giveWindowPictures(player.elements(), player.pictures(), windowPicture);
     window.attach(player);
     host.dispatcher.reportTo(
         [&](const base::RuntimeError& error) { player.errors().reportUnguarded(error); });

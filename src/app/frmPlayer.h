@@ -93,7 +93,7 @@ public:
 
     [[nodiscard]] player::Commands& commands() { return commands_; }
 
-    [[nodiscard]] const ui::PictureStore& pictures() const { return pictures_; }
+    [[nodiscard]] ui::PictureStore& pictures() { return pictures_; }
 
     [[nodiscard]] ui::WindowInput& input() { return skinInput_; }
 

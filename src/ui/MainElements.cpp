@@ -133,7 +133,7 @@ constexpr auto kLayout = std::to_array<Place>({
     control(N::lstTracks, {20, 70, 432, 165}),
     control(N::RadioLst, kWholePanel),
     control(N::musicSearchTxt, {320, 242, 130, 20}),
-    control(N::cmbCDDrives, {110, 46, 340, 22}),
+    control(N::cmbCDDrives, {110, 45, 342, 22}),
     control(N::Text4, {0, 0, 1, 1}),
     // Transport.
     button(N::backupIMG, transport(28), kPrevious),

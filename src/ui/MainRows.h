@@ -18,7 +18,7 @@ inline constexpr Colour kWhite{255, 255, 255};
 inline constexpr Colour kAmber{255, 156, 0};
 inline constexpr Colour kDim{96, 100, 140};
 inline constexpr Colour kBody{47, 50, 84};
-inline constexpr Colour kScreen{19, 21, 46};
+inline constexpr Colour kScreen{13, 15, 32};
 inline constexpr Colour kPanel{232, 235, 245};
 inline constexpr Colour kGroove{176, 182, 208};
 inline constexpr Colour kLine{198, 207, 222};

@@ -5,6 +5,7 @@
 #include "PictureSet.h"
 #include "skin/Bitmap.h"
 #include "skin/MainBindings.h"
+#include "skin/WindowPictures.h"
 #include "Stand.h"
 #include "ui/KeyColour.h"
 
@@ -85,8 +86,14 @@ TEST(SkinArt, namesOfTheWindowsOwnPicturesAreNoFilesOfASkin) {
         names.insert(drawing.name);
     }
     EXPECT_EQ(windowDrawings().size(), 12U);
+    std::set<std::string> wanted;
+    for (const skin::WindowPicture& row : skin::windowPictures()) {
+        wanted.insert(std::string(row.name));
+    }
+    EXPECT_EQ(wanted.size(), windowDrawings().size());
     for (const Drawing& drawing : windowDrawings()) {
         EXPECT_TRUE(names.insert(drawing.name).second) << drawing.name;
+        EXPECT_TRUE(wanted.contains(drawing.name)) << drawing.name;
     }
 }
 

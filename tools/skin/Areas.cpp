@@ -47,7 +47,6 @@ void paintScreen(QPainter& painter) {
     const QRectF bed = rectOf({N::Picture1}).translated(-window.topLeft());
     painter.fillRect(bed.adjusted(-1, -1, 1, 1), QColor::fromRgb(kGlassLine));
     painter.fillRect(bed, Qt::black);
-    painter.fillRect(QRectF(bed.left() - 1, 100, bed.width() + 2, 1), QColor::fromRgb(kGlassLine));
     painter.fillRect(QRectF(8, 3, box.width() - 16, 1), QColor(255, 255, 255, 22));
 }
 

@@ -15,7 +15,7 @@ constexpr double kVolumeHead = 13;
 
 /// The part of a card under an element.
 void paintCardUnder(QPainter& painter, N card, Spot spot, double head) {
-    const QRectF box = rectOf(card == N::poswin ? Spot{N::poswin} : Spot{card});
+    const QRectF box = rectOf({card});
     const QRectF part = rectOf(spot);
     painter.save();
     painter.translate(box.topLeft() - part.topLeft());
@@ -34,20 +34,19 @@ void paintPositionMark(QPainter& painter) {
     painter.translate(-100, 0);
     paintPositionBar(painter);
     painter.restore();
-    const QRectF box(0, 0, 8, 12.5);
-    paintFace(painter, box, Look::Over, 3);
-    painter.fillRect(QRectF(3.5, 3, 1, 5), QColor::fromRgb(kAmberBright));
+    paintKnob(painter, {0, 0, 8, 12}, {3, 3, 2, 6});
 }
 
-// The volume is a stair of eight steps; the fill uncovers it from the top.
-constexpr int kSteps = 8;
+// The volume is a stair of seven steps; the fill uncovers it from the top.
+constexpr int kSteps = 7;
 constexpr double kStepHeight = 3;
-constexpr double kShortest = 30;
+constexpr double kFirstStep = 2;
+constexpr double kShortest = 26;
 constexpr double kLongest = 128;
 
 QRectF stepBox(int step) {
     const double width = kShortest + (kLongest - kShortest) * step / (kSteps - 1);
-    return {0, step * kStepHeight, width, kStepHeight - 1};
+    return {0, kFirstStep + step * kStepHeight, width, kStepHeight - 1};
 }
 
 void paintVolume(QPainter& painter, bool lit) {
@@ -56,12 +55,11 @@ void paintVolume(QPainter& painter, bool lit) {
         const QRectF box = stepBox(step);
         if (lit) {
             QLinearGradient along(0, 0, kLongest, 0);
-            along.setColorAt(0, QColor::fromRgb(0xFF4A56C8));
-            along.setColorAt(0.7, QColor::fromRgb(0xFF8C5BD6));
-            along.setColorAt(1, QColor::fromRgb(0xFFF0883A));
+            along.setColorAt(0, QColor::fromRgb(kAmber));
+            along.setColorAt(1, QColor::fromRgb(0xFFF2603C));
             painter.fillPath(rounded(box, 1), along);
         } else {
-            painter.fillPath(rounded(box, 1), QColor::fromRgb(kCardHead.bottom));
+            painter.fillPath(rounded(box, 1), QColor::fromRgb(kGroove));
         }
     }
 }
@@ -72,7 +70,7 @@ void paintBalanceLamp(QPainter& painter, Lamp lamp) {
     paintCardUnder(painter, N::balwin, {N::balbar, 0}, kVolumeHead);
     const QRectF box(1.5, 1.5, 7, 11);
     if (lamp == Lamp::Off) {
-        painter.fillPath(rounded(box, 2.5), QColor::fromRgb(kCardHead.bottom));
+        painter.fillPath(rounded(box, 2.5), QColor::fromRgb(kGroove));
         return;
     }
     const Shade shade =

@@ -3,6 +3,8 @@
 
 #include "Shapes.h"
 
+#include <algorithm>
+#include <cmath>
 #include <QLinearGradient>
 #include <QPen>
 
@@ -11,7 +13,7 @@ namespace tovik::skinart {
 namespace {
 
 constexpr QRectF kWindow(0, 0, 470, 312);
-constexpr QRectF kDeckBox(14, 38, 444, 230);
+constexpr QRectF kDeckBox(14, 38, 444, 228);
 constexpr double kDeckRadius = 9;
 constexpr double kShoulder = 5; ///< how far the top lies below the crest that bears the tabs
 constexpr double kCorner = 20;
@@ -50,6 +52,22 @@ void paintGrille(QPainter& painter) {
             painter.setBrush(colourOf(kShellFoot));
             painter.drawEllipse(hole, 1.5, 1.5);
         }
+    }
+}
+
+/// Three lines cut into the shell beside the tabs, fading away from them.
+void paintEngraving(QPainter& painter, double from, double to) {
+    for (const double y : {15.0, 19.0, 23.0}) {
+        QLinearGradient dark(from, 0, to, 0);
+        dark.setColorAt(0, colourOf(0x80101230));
+        dark.setColorAt(1, colourOf(0x00101230));
+        QLinearGradient light(from, 0, to, 0);
+        light.setColorAt(0, colourOf(0x50FFFFFF));
+        light.setColorAt(1, colourOf(0x00FFFFFF));
+        const double left = std::min(from, to);
+        const double width = std::abs(to - from);
+        painter.fillRect(QRectF(left, y, width, 1), dark);
+        painter.fillRect(QRectF(left, y + 1, width, 1), light);
     }
 }
 
@@ -94,13 +112,15 @@ void paintBody(QPainter& painter) {
     // The edge is cut without smoothing, so the shell goes on beyond it.
     painter.fillRect(kWindow.adjusted(-2, -2, 2, 2), downwards(kWindow, kShell));
     QLinearGradient sheen(0, 0, 0, 38);
-    sheen.setColorAt(0, colourOf(0x50FFFFFF));
+    sheen.setColorAt(0, colourOf(0x40FFFFFF));
     sheen.setColorAt(1, colourOf(0x00FFFFFF));
     painter.fillRect(QRectF(0, 0, kWindow.width(), 38), sheen);
+    paintEngraving(painter, 108, 44);
+    paintEngraving(painter, 278, 372);
     paintGrille(painter);
-    paintBed(painter, QRectF(22, 267, 216, 32));
+    paintBed(painter, QRectF(22, 269, 216, 30));
     paintDeck(painter);
-    paintCard(painter, kListTitle, 0);
+    paintCard(painter, kListTitle, 16);
     QLinearGradient rim(0, 0, 0, kWindow.height());
     rim.setColorAt(0, colourOf(kShellRim));
     rim.setColorAt(0.3, colourOf(kShell.bottom));

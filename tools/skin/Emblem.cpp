@@ -7,18 +7,16 @@ namespace tovik::skinart {
 
 QPainterPath emblemPath() {
     constexpr double kBar = 2;
-    constexpr double kPitch = 2.75;
-    constexpr double kTop = 2.5;
-    constexpr std::array kLengths{3.2, 6.4, 11.4, 6.4, 3.2};
+    constexpr double kPitch = 3;
+    constexpr double kTop = 2;
+    constexpr std::array kLengths{4.0, 4.0, 12.0, 4.0, 4.0};
     QPainterPath path;
-    path.setFillRule(Qt::WindingFill);
     double left = 8 - 2 * kPitch - kBar / 2;
-    path.addRoundedRect(QRectF(left, kTop, 4 * kPitch + kBar, kBar), kBar / 2, kBar / 2);
     for (const double length : kLengths) {
         path.addRoundedRect(QRectF(left, kTop, kBar, length), kBar / 2, kBar / 2);
         left += kPitch;
     }
-    return path.simplified();
+    return path;
 }
 
 } // namespace tovik::skinart

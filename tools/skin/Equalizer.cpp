@@ -2,6 +2,7 @@
 #include "Body.h"
 #include "Families.h"
 #include "GlyphTable.h"
+#include "Icons.h"
 #include "Shapes.h"
 
 #include <array>
@@ -22,18 +23,28 @@ constexpr std::size_t kScale = 11;
 constexpr double kTravelTop = 4.5;
 constexpr double kTravel = 120;
 constexpr int kMarks = 12;
+constexpr QRgb kGuide = kCardLine;
 
 void paintGround(QPainter& painter) {
     const QRectF window = rectOf({N::Image3});
     paintBodyUnder(painter, window);
     paintCard(painter, QRectF(QPointF(0, 0), window.size()), kHead);
+    paintIcon(painter, Icon::Sliders, {window.width() - 11, kHead / 2}, 11, kInkSoft, false);
+    const QRectF firstSlot = rectOf({N::Picture6, 0}).translated(-window.topLeft());
+    const QRectF lastSlot = rectOf({N::Picture6, kMaster}).translated(-window.topLeft());
+    for (const double part : {0.0, 0.5, 1.0}) {
+        const double y = firstSlot.top() + kTravelTop + kTravel * part;
+        painter.fillRect(
+            QRectF(firstSlot.left() - 6, y - 0.5, lastSlot.right() - firstSlot.left() + 20, 1),
+            QColor::fromRgb(kGuide));
+    }
     for (std::size_t band = 0; band < kBands.size(); ++band) {
         const QRectF slot = rectOf({N::Picture6, band}).translated(-window.topLeft());
         const std::string_view word = kBands.at(band);
         const int width = static_cast<int>(word.size()) * kGlyphWidth - 1;
         const QPoint corner(static_cast<int>(slot.center().x() - width / 2.0 + 0.5),
                             static_cast<int>(slot.top()) - 11);
-        paintGlyphText(painter, corner, word, band == kMaster ? kAmber : kInk);
+        paintGlyphText(painter, corner, word, kInk);
     }
     // The gains stand between the two scales.
     const QRectF scale = rectOf({N::Picture6, kScale}).translated(-window.topLeft());
@@ -60,7 +71,7 @@ void paintSlot(QPainter& painter, std::size_t band) {
         const bool whole = mark % (kMarks / 2) == 0;
         const double y = kTravelTop + kTravel * mark / kMarks;
         painter.fillRect(QRectF(0, y - 0.5, 13, 1),
-                         QColor::fromRgb(whole ? kInkSoft : kCardHead.bottom));
+                         QColor::fromRgb(whole ? kGuide : kCardHead.top));
     }
     paintGroove(painter, {4, 0.5, 5, 127}, band == kMaster ? kAmber : kInkSoft);
 }
@@ -70,8 +81,8 @@ void paintScale(QPainter& painter, std::size_t scale) {
     for (int mark = 0; mark <= kMarks; ++mark) {
         const double y = kTravelTop + kTravel * mark / kMarks;
         const bool whole = mark % (kMarks / 2) == 0;
-        const double length = whole ? 9 : 5;
-        const double left = scale == kScale ? 13 - length : 0;
+        const double length = whole ? 8 : 4;
+        const double left = scale == kScale ? 11 - length : 2;
         painter.fillRect(QRectF(left, y - 0.5, length, 1),
                          QColor::fromRgb(whole ? kInk : kInkSoft));
     }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Body.h"
 #include "Families.h"
-#include "GlyphTable.h"
 #include "Icons.h"
 #include "Shapes.h"
+#include "Strokes.h"
 
 #include <array>
 
@@ -54,16 +54,25 @@ Drawing flat(const FlatRow& row) {
     });
 }
 
-/// The equalizer's switch: its name, a lamp, and the word for the state it shows.
-Drawing equalizerSwitch(const char* name, Spot spot, const char* word, Look look) {
-    return drawingFor(name, spot, [spot, word, look](QPainter& painter) {
+/// "EQ" as lines in a field 9 high.
+QPainterPath equalizerName() {
+    constexpr double kStroke = 1.8;
+    return line({{5, 0}, {0, 0}, {0, 9}, {5, 9}}, kStroke)
+        .united(line({{0, 4.5}, {4, 4.5}}, kStroke))
+        .united(stroked(rounded({9, 0, 7, 9}, 3.4), kStroke))
+        .united(line({{13, 6.4}, {16.2, 9.8}}, kStroke));
+}
+
+/// The equalizer's switch: its name and a lamp.
+Drawing equalizerSwitch(const char* name, Spot spot, Look look) {
+    return drawingFor(name, spot, [spot, look](QPainter& painter) {
         const QRectF box = localBox(spot);
         paintGround(painter, spot);
         paintFace(painter, box, look, 5);
-        paintLamp(painter, {7, 8, 5, 5}, kAmber, look == Look::On);
-        const QRgb ink = look == Look::On ? kAmberBright : kIcon;
-        paintGlyphText(painter, {18, 8}, "eq", ink);
-        paintGlyphText(painter, {33, 8}, word, ink);
+        paintLamp(painter, {10, 7.5, 6, 6}, kAmber, look == Look::On);
+        const QPainterPath letters = equalizerName().translated(26.5, 6 + sunk(look));
+        painter.fillPath(letters.translated(0, 1), QColor::fromRgba(kShadow));
+        painter.fillPath(letters, QColor::fromRgb(symbolColour(look)));
     });
 }
 
@@ -98,8 +107,8 @@ Drawings flatButtonDrawings() {
     for (const FlatRow& row : kButtons) {
         all.push_back(flat(row));
     }
-    all.push_back(equalizerSwitch("btn_eq_off", {N::EQ_off}, "off", Look::Off));
-    all.push_back(equalizerSwitch("btn_eq_on", {N::EQ_on}, "on", Look::On));
+    all.push_back(equalizerSwitch("btn_eq_off", {N::EQ_off}, Look::Off));
+    all.push_back(equalizerSwitch("btn_eq_on", {N::EQ_on}, Look::On));
     all.push_back(recordSwitch("btn_save_on", {N::Image1, 3}, Look::Off));
     all.push_back(recordSwitch("btn_save_off", {N::Image1, 4}, Look::On));
     all.push_back(searchSign());

@@ -19,10 +19,6 @@ QPainterPath smallPlus() {
     return line({{11.6, 8.8}, {11.6, 14}}, 1.8).united(line({{9, 11.4}, {14.2, 11.4}}, 1.8));
 }
 
-QPainterPath smallMinus() {
-    return line({{9, 11.4}, {14.2, 11.4}}, 1.8);
-}
-
 QPainterPath note() {
     QPainterPath head;
     head.addEllipse(QPointF(5.2, 12), 2.6, 2.1);
@@ -55,6 +51,24 @@ QPainterPath list() {
         all = all.united(circle({2.8, y}, 1.2)).united(line({{6, y}, {13.8, y}}, 1.8));
     }
     return all;
+}
+
+/// A list, one row of which goes.
+QPainterPath removal() {
+    return line({{2.4, 3.6}, {13.6, 3.6}}, 1.8)
+        .united(line({{2.4, 7.8}, {13.6, 7.8}}, 1.8))
+        .united(line({{2.4, 12}, {5.6, 12}}, 1.8))
+        .united(line({{9.2, 12.2}, {13.8, 12.2}}, 2.6));
+}
+
+/// A choice of settings.
+QPainterPath presets() {
+    QPainterPath all;
+    for (const QPointF knob : {QPointF(2.8, 6), QPointF(7.4, 10)}) {
+        all = all.united(line({{knob.x(), 2.4}, {knob.x(), 13.6}}, 1.4))
+                  .united(block({knob.x() - 2, knob.y() - 1.5, 4, 3}, 1));
+    }
+    return all.united(line({{10.8, 6.6}, {13, 9}, {15.2, 6.6}}, 1.8));
 }
 
 QPainterPath disc() {
@@ -128,10 +142,14 @@ QPainterPath search() {
     return ring({6.6, 6.6}, 4, 1.8).united(line({{9.8, 9.8}, {13.4, 13.4}}, 2.3));
 }
 
+QPainterPath plainDisc() {
+    return circle({7.4, 7.4}, 6).subtracted(circle({7.4, 7.4}, 1.8));
+}
+
 QPainterPath rip() {
     const QPainterPath arrow = line({{11.6, 8.4}, {11.6, 13.4}}, 1.7)
                                    .united(line({{9.2, 11.4}, {11.6, 13.8}, {14, 11.4}}, 1.7));
-    return badged(disc(), arrow);
+    return badged(plainDisc(), arrow);
 }
 
 QPainterPath cancel() {
@@ -182,7 +200,7 @@ QPainterPath thingPath(Icon icon) {
     case Icon::AddLocation:
         return badged(globe(), smallPlus());
     case Icon::Remove:
-        return badged(list(), smallMinus());
+        return removal();
     case Icon::Clear:
         return bin();
     case Icon::Load:
@@ -196,7 +214,7 @@ QPainterPath thingPath(Icon icon) {
     case Icon::Cancel:
         return cancel();
     case Icon::Presets:
-        return badged(sliders(), line({{9, 10.4}, {11.6, 12.8}, {14.2, 10.4}}, 1.7));
+        return presets();
     case Icon::Reset:
         return reset();
     case Icon::Record:

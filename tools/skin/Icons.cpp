@@ -70,7 +70,8 @@ QPainterPath repeat() {
 QPainterPath crossfade() {
     const QPainterPath down = polygon({{2, 12.4}, {2, 4}, {9.4, 12.4}}, 0.8);
     const QPainterPath up = polygon({{14, 12.4}, {14, 4}, {6.6, 12.4}}, 0.8);
-    return down.united(up).subtracted(down.intersected(up));
+    const QPainterPath empty = polygon({{12.5, 10.9}, {12.5, 7.4}, {9.6, 10.9}}, 0);
+    return down.united(up.subtracted(empty)).subtracted(down.intersected(up));
 }
 
 QPainterPath skipSilence() {

@@ -18,7 +18,7 @@ inline constexpr QRgb kWhite = 0xFFFFFFFF;
 inline constexpr QRgb kShadow = 0x70000000;
 
 // The body: an indigo shell with a darker deck sunk into it.
-inline constexpr Shade kShell{0xFF555A9B, 0xFF23254B};
+inline constexpr Shade kShell{0xFF4C52A0, 0xFF1F2148};
 inline constexpr QRgb kShellRim = 0xFF8E95D6;
 inline constexpr QRgb kShellFoot = 0xFF13142C;
 inline constexpr Shade kDeck{0xFF1B1D3C, 0xFF262950};
@@ -43,12 +43,13 @@ inline constexpr QRgb kCardEdge = 0xFF101127;
 inline constexpr QRgb kCardLine = 0xFFB4BBD8;
 inline constexpr QRgb kInk = 0xFF212152;
 inline constexpr QRgb kInkSoft = 0xFF7C83AE;
-inline constexpr QRgb kGroove = 0xFF9DA5C8;
+inline constexpr QRgb kGroove = 0xFFB0B8D8;
 
 // Buttons.
 inline constexpr Shade kFaceUp{0xFF7178BE, 0xFF444A88};
 inline constexpr Shade kFaceOver{0xFF949CE6, 0xFF5C63AE};
 inline constexpr Shade kFaceDown{0xFF1E2043, 0xFF33376A};
+inline constexpr Shade kKnob{0xFFFFFFFF, 0xFFB9C0E0};
 inline constexpr QRgb kFaceEdge = 0xFF0C0D1E;
 inline constexpr QRgb kFaceLip = 0x80FFFFFF;
 inline constexpr QRgb kIcon = 0xFFE9EDFF;

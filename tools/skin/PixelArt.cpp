@@ -15,9 +15,15 @@ bool isSet(const PixelRows& rows, int x, int y) {
     return x < static_cast<int>(row.size()) && row[static_cast<std::size_t>(x)] == 'X';
 }
 
-/// The quarter of a pixel on the side of those two neighbours.
-bool quarter(bool self, bool vertical, bool horizontal, bool opposite, bool across) {
-    return vertical == horizontal && vertical != opposite && horizontal != across ? vertical : self;
+/// The value of the quarter of a pixel that points to one side and up or down. A slope runs there
+/// if both neighbours differ from the pixel while the one across the corner is like it.
+bool quarterSet(const PixelRows& rows, int x, int y, int side, int height) {
+    const bool self = isSet(rows, x, y);
+    const bool slope = isSet(rows, x + side, y) != self && isSet(rows, x, y + height) != self &&
+                       isSet(rows, x + side, y + height) == self;
+    // Where both diagonals cross, neither is a slope.
+    const bool crossing = isSet(rows, x - side, y) != self && isSet(rows, x, y - height) != self;
+    return slope && !crossing ? !self : self;
 }
 
 } // namespace
@@ -32,25 +38,19 @@ void paintPixels(QPainter& painter, QPoint corner, const PixelRows& rows, QRgb c
     // One pixel beyond the shape, where a slope may add a quarter.
     for (int y = -1; y <= static_cast<int>(rows.size()); ++y) {
         for (int x = -1; x <= static_cast<int>(width); ++x) {
-            const bool self = isSet(rows, x, y);
             if (!fine) {
-                if (self) {
+                if (isSet(rows, x, y)) {
                     painter.fillRect(corner.x() + x, corner.y() + y, 1, 1, ink);
                 }
                 continue;
             }
-            const bool up = isSet(rows, x, y - 1);
-            const bool down = isSet(rows, x, y + 1);
-            const bool left = isSet(rows, x - 1, y);
-            const bool right = isSet(rows, x + 1, y);
-            const bool quarters[] = {
-                quarter(self, up, left, down, right), quarter(self, up, right, down, left),
-                quarter(self, down, left, up, right), quarter(self, down, right, up, left)};
-            for (int part = 0; part < 4; ++part) {
-                if (quarters[part]) {
-                    painter.fillRect(QRectF(corner.x() + x + 0.5 * (part % 2),
-                                            corner.y() + y + 0.5 * (part / 2), 0.5, 0.5),
-                                     ink);
+            for (const int height : {-1, 1}) {
+                for (const int side : {-1, 1}) {
+                    if (quarterSet(rows, x, y, side, height)) {
+                        painter.fillRect(QRectF(corner.x() + x + 0.25 * (side + 1),
+                                                corner.y() + y + 0.25 * (height + 1), 0.5, 0.5),
+                                         ink);
+                    }
                 }
             }
         }

@@ -11,9 +11,9 @@ namespace tovik::skinart {
 /// Rows of equal length; "X" is a pixel that is set.
 using PixelRows = std::vector<std::string>;
 
-/// Paints the set pixels from a corner that lies on a whole pixel. At twice the size the slopes
-/// are drawn finer, by the rule known as Scale2x: a quarter takes the value of its two neighbours
-/// where these agree and the other two differ.
+/// Paints the set pixels from a corner that lies on a whole pixel. At an even scale the slopes are
+/// drawn finer: a quarter of a pixel takes the value of its two neighbours where a slope runs
+/// between them and the pixel's own. Corners and crossings stay as they are.
 void paintPixels(QPainter& painter, QPoint corner, const PixelRows& rows, QRgb colour);
 
 } // namespace tovik::skinart

@@ -7,6 +7,7 @@
 #include "skin/PanelTable.h"
 #include "ui/MainElements.h"
 
+#include <array>
 #include <cmath>
 #include <map>
 #include <optional>
@@ -32,8 +33,9 @@ std::map<Key, Drawing> pictures() {
         }
     }
     const auto copy = [&all](Key from, Key to) { all[to] = all.at(from); };
-    for (std::size_t digit = 0; const std::size_t slot : {1U, 2U, 4U, 5U}) {
-        copy({N::Digit, (digit++ * 3 + 2) % 10}, {N::timed, slot});
+    constexpr std::array<std::size_t, 6> kTime{0, 0, 3, 0, 4, 1};
+    for (const std::size_t slot : {1U, 2U, 4U, 5U}) {
+        copy({N::Digit, kTime.at(slot)}, {N::timed, slot});
     }
     for (std::size_t lamp = 0; lamp < 9; ++lamp) {
         const N source = lamp == 4 ? N::balcnt : lamp == 5 || lamp == 6 ? N::baron : N::baroff;

@@ -128,6 +128,14 @@ void paintGroove(QPainter& painter, const QRectF& box, QRgb bottom) {
     fill(painter, rounded(inner, radius - 1), downwards(inner, {kInk, bottom}));
 }
 
+void paintKnob(QPainter& painter, const QRectF& box, const QRectF& mark) {
+    const QRectF body = box.adjusted(0.5, 0.5, -0.5, -0.5);
+    const QPainterPath shape = rounded(body, 3);
+    fill(painter, shape, downwards(body, kKnob));
+    outline(painter, shape, kInk);
+    painter.fillRect(mark, colourOf(kAmber));
+}
+
 void paintLamp(QPainter& painter, const QRectF& box, QRgb colour, bool lit) {
     const double radius = std::min(box.width(), box.height()) / 2.5;
     if (lit) {

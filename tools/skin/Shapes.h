@@ -43,6 +43,9 @@ void paintGlass(QPainter& painter, const QRectF& box, double radius);
 /// A channel cut into a light card.
 void paintGroove(QPainter& painter, const QRectF& box, QRgb bottom);
 
+/// What one drags along a groove: bright, with a mark in its middle that lies across or along.
+void paintKnob(QPainter& painter, const QRectF& box, const QRectF& mark);
+
 /// A small lamp. One that is lit shines a little beyond its box.
 void paintLamp(QPainter& painter, const QRectF& box, QRgb colour, bool lit);
 

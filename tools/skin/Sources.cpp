@@ -68,8 +68,7 @@ void paintSpectrumTile(QPainter& painter) {
 void paintSliderBar(QPainter& painter) {
     const QRectF box(0, 0, 13, 9);
     painter.fillRect(box, QColor::fromRgb(kCard.bottom));
-    paintFace(painter, box.adjusted(0, 0, 0, 0.5), Look::Over, 3);
-    painter.fillRect(QRectF(3, 3.5, 7, 1), QColor::fromRgb(kAmber));
+    paintKnob(painter, box, {3, 4, 7, 1});
 }
 
 Drawing source(const char* name, QSize size, N element, void (*paint)(QPainter&)) {

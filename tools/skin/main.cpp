@@ -8,6 +8,7 @@
 
 #include <charconv>
 #include <filesystem>
+#include <optional>
 #include <QGuiApplication>
 #include <QString>
 #include <string>
@@ -98,8 +99,12 @@ int run(std::vector<std::string> words) {
 } // namespace tovik::skinart
 
 int main(int argc, char** argv) {
-    // Pictures need no screen; only the words of a preview need fonts.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
-    return tovik::skinart::run(std::vector<std::string>(argv + 1, argv + argc));
+    const std::vector<std::string> words(argv + 1, argv + argc);
+    // Pictures need no window system; only the words of a preview need its fonts.
+    std::optional<QGuiApplication> application;
+    if (!words.empty() && words.front() == "--preview") {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        application.emplace(argc, argv);
+    }
+    return tovik::skinart::run(words);
 }
