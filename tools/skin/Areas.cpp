@@ -27,13 +27,13 @@ void paintGlassOrnament(QPainter& painter) {
     const QPointF centre(46, 65);
     painter.setBrush(Qt::NoBrush);
     for (int ring = 0; ring < 4; ++ring) {
-        const double radius = 16 + ring * 6.5;
+        const double radius = 17 + ring * 6.5;
         painter.setPen(QPen(QColor(125, 230, 255, 60 - ring * 14), 1.4));
         const QRectF box(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius);
         painter.drawArc(box, (-38) * 16, 76 * 16);
         painter.drawArc(box, (180 - 38) * 16, 76 * 16);
     }
-    painter.fillPath(emblemAt({centre.x() - 14, centre.y() - 15, 28, 28}),
+    painter.fillPath(emblemAt({centre.x() - 12, centre.y() - 12, 24, 24}),
                      QColor(125, 230, 255, 110));
 }
 

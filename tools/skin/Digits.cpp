@@ -110,8 +110,8 @@ Drawing cell(std::string name, Spot kept, Steps steps) {
         steps(path);
         QColor halo = QColor::fromRgb(kGlow);
         halo.setAlpha(34);
-        painter.fillPath(stroked(path, kStroke + 2.2), halo);
-        painter.fillPath(stroked(path, kStroke), QColor::fromRgb(kGlow));
+        painter.fillPath(placed(stroked(path, kStroke + 2.2)), halo);
+        painter.fillPath(placed(stroked(path, kStroke)), QColor::fromRgb(kGlow));
     });
 }
 

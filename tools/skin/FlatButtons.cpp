@@ -70,7 +70,7 @@ Drawing equalizerSwitch(const char* name, Spot spot, Look look) {
         paintGround(painter, spot);
         paintFace(painter, box, look, 5);
         paintLamp(painter, {10, 7.5, 6, 6}, kAmber, look == Look::On);
-        const QPainterPath letters = equalizerName().translated(26.5, 6 + sunk(look));
+        const QPainterPath letters = placed(equalizerName(), {26.5, 6 + sunk(look)});
         painter.fillPath(letters.translated(0, 1), QColor::fromRgba(kShadow));
         painter.fillPath(letters, QColor::fromRgb(symbolColour(look)));
     });

@@ -20,11 +20,8 @@ QPainterPath smallPlus() {
 }
 
 QPainterPath note() {
-    QPainterPath head;
-    head.addEllipse(QPointF(5.2, 12), 2.6, 2.1);
-    QPainterPath second;
-    second.addEllipse(QPointF(11.4, 10.6), 2.6, 2.1);
-    return head.united(second)
+    return oval({5.2, 12}, 2.6, 2.1)
+        .united(oval({11.4, 10.6}, 2.6, 2.1))
         .united(line({{7, 12}, {7, 4.2}}, 1.5))
         .united(line({{13.2, 10.6}, {13.2, 2.8}}, 1.5))
         .united(polygon({{7, 3.8}, {13.2, 2.4}, {13.2, 4.8}, {7, 6.2}}, 0.8));

@@ -5,8 +5,6 @@
 #include "Palette.h"
 #include "Strokes.h"
 
-#include <QTransform>
-
 namespace tovik::skinart {
 
 namespace {
@@ -130,11 +128,8 @@ QPainterPath iconPath(Icon icon) {
 
 void paintIcon(QPainter& painter, Icon icon, QPointF centre, double size, QRgb colour,
                bool shadow) {
-    QTransform place;
-    place.translate(centre.x(), centre.y());
-    place.scale(size / kGrid, size / kGrid);
-    place.translate(-kGrid / 2, -kGrid / 2);
-    const QPainterPath path = place.map(iconPath(icon));
+    const QPointF corner = centre - QPointF(size / 2, size / 2);
+    const QPainterPath path = placed(iconPath(icon), corner, size / kGrid);
     if (shadow) {
         painter.fillPath(path.translated(0, 1), QColor::fromRgba(kShadow));
     }

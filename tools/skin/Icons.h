@@ -50,6 +50,7 @@ enum class Icon : std::uint8_t {
     ChevronDown,
 };
 
+/// Made of parts, in their small unit.
 [[nodiscard]] QPainterPath iconPath(Icon icon);
 
 /// Draws a symbol `size` high round a centre. A `shadow` lies one pixel below it.

@@ -82,7 +82,6 @@ QRgb symbolColour(Look look) noexcept {
     case Look::On:
         return kAmber;
     case Look::Off:
-        return kIcon;
     case Look::Up:
         break;
     }

@@ -88,14 +88,11 @@ QImage splashPicture(int scale) {
     double left = glass.left() + 14;
     for (const int bar : kBars) {
         const QRectF column(left, glass.bottom() - 1 - bar, 6, bar);
-        painter.fillRect(column, downwards(column, {0x90FFA61F, 0x107DE6FF}));
+        painter.fillRect(column, downwards(column, {0xC0FFA61F, 0x207DE6FF}));
         left += 10;
     }
     paintBadge(painter, {42, 46, 72, 72});
-    QTransform place;
-    place.translate(136, 64);
-    place.scale(3.4, 3.4);
-    const QPainterPath letters = place.map(nameLetters());
+    const QPainterPath letters = placed(nameLetters(), {136, 64}, 3.4);
     painter.fillPath(letters.translated(0, 2), QColor(0, 0, 0, 140));
     painter.fillPath(letters, downwards(letters.boundingRect(), {kWhite, 0xFFB9C4FF}));
     painter.setPen(QColor::fromRgb(kShellFoot));

@@ -1,0 +1,78 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Runs tovik_skin_art: what it writes, and what it refuses."""
+import os
+import pathlib
+import struct
+import subprocess
+import tempfile
+import unittest
+
+PROGRAM = os.environ["TOVIK_SKIN_ART"]
+
+
+def run(*words):
+    return subprocess.run([PROGRAM, *map(str, words)], capture_output=True, text=True, timeout=60,
+                          check=False)
+
+
+def pictures(folder):
+    return {file.name: file.read_bytes() for file in folder.iterdir()}
+
+
+def size_of(bitmap):
+    return struct.unpack_from("<ii", bitmap, 18)
+
+
+class SkinArt(unittest.TestCase):
+    def setUp(self):
+        self.temporary = tempfile.TemporaryDirectory()
+        self.addCleanup(self.temporary.cleanup)
+        self.folder = pathlib.Path(self.temporary.name)
+
+    def drawn(self, *words):
+        folder = self.folder / "-".join(["set", *words])
+        result = run(folder, *words)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        return pictures(folder)
+
+    def test_writes_the_whole_set_and_the_same_bytes_again(self):
+        first = self.drawn()
+        self.assertEqual(len(first), 107)
+        self.assertTrue(all(name.endswith(".bmp") for name in first))
+        self.assertEqual(first, self.drawn())
+
+    def test_twice_as_large(self):
+        small = self.drawn()
+        large = self.drawn("--scale", "2")
+        self.assertEqual(small.keys(), large.keys())
+        for name, bitmap in small.items():
+            self.assertEqual(size_of(large[name]), tuple(2 * side for side in size_of(bitmap)))
+
+    def test_previews_every_panel(self):
+        seen = set()
+        for panel in range(1, 7):
+            file = self.folder / f"{panel}.png"
+            self.assertEqual(run("--preview", file, panel).returncode, 0)
+            seen.add(file.read_bytes())
+        self.assertEqual(len(seen), 6)
+
+    def test_refuses_other_words(self):
+        folder = self.folder / "none"
+        for words in ([], [folder, "--scale", "0"], [folder, "--scale", "two"], [folder, folder],
+                      ["--icon", folder], ["--icon", folder, "0"], ["--preview", folder, "7"],
+                      ["--what"]):
+            result = run(*words)
+            self.assertEqual(result.returncode, 1, words)
+            self.assertIn("tovik_skin_art FOLDER", result.stderr)
+        self.assertFalse(folder.exists())
+
+    def test_tells_what_it_could_not_write(self):
+        file = self.folder / "file"
+        file.write_text("in the way")
+        result = run(file / "set")
+        self.assertEqual(result.returncode, 1)
+        self.assertIn(".bmp", result.stderr)
+
+
+if __name__ == "__main__":
+    unittest.main()
