@@ -130,6 +130,32 @@ TEST_F(PaintTest, captionsAreLegibleAndDisabledElementsPale) {
     EXPECT_LT(ink(), 60);
 }
 
+TEST_F(PaintTest, aSlidersBarStandsOnItsBack) {
+    Element& slider = table.touch(Small::lamp, 1);
+    slider.kind = ElementKind::Slider;
+    slider.left = 31;
+    slider.textColour = {0, 255, 0};
+    slider.bar = {.top = 4, .height = 4, .picture = {}};
+    EXPECT_GT(picture().pixelColor(36, 75).green(), 200) << "the plain bar";
+    EXPECT_GT(picture().pixelColor(36, 72).red(), 150) << "the plain groove";
+    EXPECT_GT(picture().pixelColor(36, 80).red(), 150);
+
+    const Picture back = pictures.add({10, 12, std::vector<std::uint32_t>(120, 0xFF0000FF)});
+    const Picture bar = pictures.add({20, 20, std::vector<std::uint32_t>(400, 0xFFFFFFFF)});
+    table.touch(Small::lamp, 1).picture = back;
+    table.touch(Small::lamp, 1).bar.picture = bar;
+    settle();
+    static_cast<void>(painted.take());
+    table.touch(Small::lamp, 1).bar.top = 0;
+    settle();
+    EXPECT_EQ(painted.take(), QRegion(around({31, 70, 10, 12})));
+    const QImage shown = picture();
+    EXPECT_EQ(shown.pixelColor(31, 70), QColor(255, 255, 255));
+    EXPECT_EQ(shown.pixelColor(40, 73), QColor(255, 255, 255)) << "cut to the bar's height";
+    EXPECT_EQ(shown.pixelColor(31, 74), QColor(0, 0, 255));
+    EXPECT_EQ(shown.pixelColor(40, 81), QColor(0, 0, 255));
+}
+
 TEST_F(PaintTest, aPlainButtonLightsUpUnderThePointer) {
     moveMouse({150, 90});
     settle();
