@@ -7,6 +7,7 @@
 #include "skin/MainBindings.h"
 #include "skin/WindowPictures.h"
 #include "Stand.h"
+#include "ui/GlyphText.h"
 #include "ui/KeyColour.h"
 
 #include <gtest/gtest.h>
@@ -306,6 +307,19 @@ TEST(SkinArt, everyCharacterStandsInItsCellAndLooksLikeNoOther) {
             }
         }
     }
+}
+
+TEST(SkinArt, charactersStandWhereWordsTakeThem) {
+    std::size_t found = 0;
+    for (const Glyph& glyph : glyphs()) {
+        const std::u32string character = ui::charactersOf(glyph.character);
+        ASSERT_EQ(character.size(), 1U) << glyph.character;
+        ASSERT_TRUE(ui::hasGlyph(character.front())) << glyph.character;
+        EXPECT_EQ(ui::findGlyph(character.front()), (ui::GlyphPlace{glyph.left, glyph.top}))
+            << glyph.character;
+        ++found;
+    }
+    EXPECT_EQ(found, 60U);
 }
 
 TEST(SkinArt, aCharacterLeavesTheGapToTheNext) {
