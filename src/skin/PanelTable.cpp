@@ -93,8 +93,9 @@ constexpr auto kRows = std::to_array<PanelRow>({
     {N::balbar, onlyMain()},
     {N::lblinfo, onlyMain(withoutRadio)},
     {N::Image1, kRadioOnly, 0, 3},
-    {N::Image1, {no, no, no, no, whileRecording}, 3, 1},
-    {N::Image1, {no, no, no, no, whileNotRecording}, 4, 1},
+    // The first of the two starts a recording, the second, which then takes its place, ends it.
+    {N::Image1, {no, no, no, no, whileNotRecording}, 3, 1},
+    {N::Image1, {no, no, no, no, whileRecording}, 4, 1},
     {N::lblRDinfo, {withRadio, kept, kept, kept, kept}},
 });
 

@@ -61,8 +61,8 @@ const std::vector<Line>& lines() {
         {{N::lblPos}, "rnnnn", 0, 2}, // the quick list decides about 3
         {{N::lblPos}, "rnnnn", 4, 4},
         {{N::Image1}, "nnnnY", 0, 2},
-        {{N::Image1}, "nnnnw", 3, 3},
-        {{N::Image1}, "nnnnW", 4, 4},
+        {{N::Image1}, "nnnnW", 3, 3},
+        {{N::Image1}, "nnnnw", 4, 4},
         {{N::lblRDinfo}, "r----"},
         // In no row: always there.
         {{N::mainIMG, N::iconIMG, N::backupIMG, N::playup, N::pauseup, N::stopup, N::nextup,
