@@ -3,21 +3,22 @@
 
 #include "ui/qt/DisplayText.h"
 #include "ui/qt/KeyCodes.h"
-#include "ui/qt/PlainFace.h"
 
 #include <algorithm>
+#include <cmath>
 #include <QCloseEvent>
 #include <QCoreApplication>
-#include <QImage>
 #include <QPainter>
 #include <QTextDocument>
 #include <QToolTip>
+#include <QWindow>
 
 namespace tovik::ui {
 
 namespace {
 
 constexpr double kWheelNotch = 120; ///< what the window system reports for one notch
+constexpr double kHair = 1e-3;      ///< by which a scale may miss a whole number and count as one
 
 /// Asks the window to look at the records that were written.
 QEvent::Type changesEvent() {
@@ -25,27 +26,16 @@ QEvent::Type changesEvent() {
     return static_cast<QEvent::Type>(type);
 }
 
-/// A picture larger than its place shows the upper left part of it.
-void drawPicture(QPainter& painter, const PixelImage& image, const Box& box) {
-    if (image.pixels.empty()) {
-        return;
-    }
-    const QImage shown(reinterpret_cast<const uchar*>(image.pixels.data()), image.width,
-                       image.height, QImage::Format_ARGB32_Premultiplied);
-    const QSizeF size(std::min<double>(image.width, box.width),
-                      std::min<double>(image.height, box.height));
-    painter.drawImage(QRectF({box.left, box.top}, size), shown, QRectF({0, 0}, size));
-}
-
 } // namespace
 
 SkinWindow::SkinWindow(ElementStore& elements, const PictureStore& pictures, WindowInput& input,
                        const host::Dispatcher& dispatcher)
     : elements_(elements), pictures_(pictures), input_(input), dispatcher_(dispatcher),
-      router_(elements, input) {
+      router_(elements, input), image_(elements, pictures) {
+    setWindowFlag(Qt::FramelessWindowHint);
+    setAttribute(Qt::WA_TranslucentBackground);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
-    setAttribute(Qt::WA_OpaquePaintEvent);
     fitToGround();
     elements_.forgetChanges();
     elements_.onTouched([this] { QCoreApplication::postEvent(this, new QEvent(changesEvent())); });
@@ -71,6 +61,7 @@ void SkinWindow::setCaption(std::string_view bytes) {
 void SkinWindow::setScale(double factor) {
     scale_ = SkinScale(factor);
     fitToGround();
+    applyRegion();
     for (const auto& control : controls_) {
         placeControl(control.first);
     }
@@ -81,7 +72,7 @@ void SkinWindow::applyChanges() {
     for (const ElementStore::Change& change : elements_.takeChanges()) {
         for (const std::optional<Box>& box : {change.before, change.after}) {
             if (box) {
-                update(paintedPixels(*box));
+                redraw(*box);
             }
         }
         placeControl(change.slot);
@@ -116,52 +107,92 @@ bool SkinWindow::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
-void SkinWindow::paintEvent(QPaintEvent* event) {
+void SkinWindow::paintEvent(QPaintEvent* /*event*/) {
+    const double exact = scale_.factor() * devicePixelRatioF();
+    const int whole = std::max(1, static_cast<int>(std::ceil(exact - kHair)));
+    image_.setFactor(whole);
+    const QImage& image = image_.compose(router_.hovered());
     QPainter painter(this);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    painter.fillRect(event->rect(), Qt::black);
-    painter.scale(scale_.factor(), scale_.factor());
-    for (std::size_t slot = 0; slot < elements_.size(); ++slot) {
-        const Element& element = elements_.at(slot);
-        if (element.visible && event->region().intersects(paintedPixels(element.box()))) {
-            drawElement(painter, slot);
-        }
-    }
+    // The window's old pixels must go, where the new ones are transparent.
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, std::abs(whole - exact) > kHair);
+    painter.scale(scale_.factor() / whole, scale_.factor() / whole);
+    painter.drawImage(0, 0, image);
 }
 
-void SkinWindow::drawElement(QPainter& painter, std::size_t slot) const {
-    const Element& element = elements_.at(slot);
-    const PixelImage* const image = pictures_.find(element.picture);
-    if (image == nullptr) {
-        drawPlain(painter, element, {.ground = slot == 0, .hovered = router_.hovered() == slot});
-    } else {
-        drawPicture(painter, *image, element.box());
-    }
-    if (element.kind != ElementKind::Slider) {
+void SkinWindow::redraw(const Box& box) {
+    const Box painted = paintedBox(box);
+    image_.invalidate(painted);
+    update(scale_.pixels(painted));
+}
+
+void SkinWindow::setRegion(const Region* region) {
+    region_ = region != nullptr ? std::optional(*region) : std::nullopt;
+    applyRegion();
+}
+
+void SkinWindow::applyRegion() {
+    if (!region_) {
+        clearMask();
         return;
     }
-    const PixelImage* const bar = pictures_.find(element.bar.picture);
-    const Box box{element.left, element.top + element.bar.top, element.width, element.bar.height};
-    if (bar == nullptr) {
-        drawPlainSliderBar(painter, element, box);
-    } else {
-        drawPicture(painter, *bar, box);
+    QRegion mask;
+    for (const RegionRectangle& one : region_->rectangles()) {
+        mask += scale_.pixels({.left = static_cast<double>(one.left),
+                               .top = static_cast<double>(one.top),
+                               .width = static_cast<double>(one.right) - one.left,
+                               .height = static_cast<double>(one.bottom) - one.top});
     }
+    setMask(mask);
+}
+
+bool SkinWindow::outside(const PointerState& pointer) const {
+    return region_ && !region_->contains(static_cast<std::int32_t>(std::floor(pointer.x)),
+                                         static_cast<std::int32_t>(std::floor(pointer.y)));
+}
+
+void SkinWindow::beginDrag() {
+    if (draggedBy_ || (windowHandle() != nullptr && windowHandle()->startSystemMove())) {
+        return;
+    }
+    draggedBy_ = pressedAt_;
 }
 
 void SkinWindow::mousePressEvent(QMouseEvent* event) {
-    route([&] { router_.pressed(pointerAt(*event), mouseButtonOf(event->button()), false); });
+    press(*event, false);
 }
 
 void SkinWindow::mouseDoubleClickEvent(QMouseEvent* event) {
-    route([&] { router_.pressed(pointerAt(*event), mouseButtonOf(event->button()), true); });
+    press(*event, true);
+}
+
+void SkinWindow::press(QMouseEvent& event, bool twice) {
+    const PointerState pointer = pointerAt(event);
+    // Not every window system keeps the mouse away from what is cut out.
+    if (outside(pointer)) {
+        event.ignore();
+        return;
+    }
+    pressedAt_ = event.position().toPoint();
+    route([&] { router_.pressed(pointer, mouseButtonOf(event.button()), twice); });
 }
 
 void SkinWindow::mouseMoveEvent(QMouseEvent* event) {
-    route([&] { router_.moved(pointerAt(*event)); });
+    const PointerState pointer = pointerAt(*event);
+    if (draggedBy_ && pointer.anyHeld) {
+        move(event->globalPosition().toPoint() - *draggedBy_);
+        return;
+    }
+    draggedBy_.reset();
+    if (outside(pointer) && !pointer.anyHeld) {
+        route([&] { router_.hover(std::nullopt); });
+        return;
+    }
+    route([&] { router_.moved(pointer); });
 }
 
 void SkinWindow::mouseReleaseEvent(QMouseEvent* event) {
+    draggedBy_.reset();
     route([&] { router_.released(pointerAt(*event), mouseButtonOf(event->button())); });
 }
 
@@ -219,11 +250,6 @@ void SkinWindow::placeControl(std::size_t slot) {
     widget.setVisible(element.visible);
 }
 
-QRect SkinWindow::paintedPixels(const Box& box) const {
-    return scale_.pixels({box.left - kPlainOverflow, box.top - kPlainOverflow,
-                          box.width + 2 * kPlainOverflow, box.height + 2 * kPlainOverflow});
-}
-
 PointerState SkinWindow::pointerAt(const QSinglePointEvent& event) const {
     const QPointF place = scale_.toSkin(event.position());
     return {.x = place.x(),
@@ -253,7 +279,7 @@ void SkinWindow::route(const std::function<void()>& call) {
     for (const std::optional<std::size_t>& slot : {before, after}) {
         if (slot && elements_.at(*slot).kind == ElementKind::Button &&
             !elements_.at(*slot).picture) {
-            update(paintedPixels(elements_.at(*slot).box()));
+            redraw(elements_.at(*slot).box());
         }
     }
 }

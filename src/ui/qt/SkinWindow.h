@@ -4,13 +4,16 @@
 #pragma once
 
 #include "host/Dispatcher.h"
+#include "ui/cDIBSectionRegion.h"
 #include "ui/ElementStore.h"
 #include "ui/PictureStore.h"
 #include "ui/PointerRouter.h"
 #include "ui/qt/SkinScale.h"
+#include "ui/qt/WindowImage.h"
 #include "ui/WindowInput.h"
 
 #include <map>
+#include <optional>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QWidget>
@@ -18,9 +21,11 @@
 
 namespace tovik::ui {
 
-/// The rearmost element gives the window its size. Records that logic writes are shown when the
-/// event loop comes round, and only the rectangles of those that really changed are painted.
-class SkinWindow final : public QWidget {
+/// A borderless window: the rearmost element gives it its size, a region its outline. Records that
+/// logic writes are shown when the event loop comes round, and only the rectangles of those that
+/// really changed are painted. At a screen scale that is no whole number the window is composed at
+/// the next whole one and made smaller in one go.
+class SkinWindow final : public QWidget, public RegionWindow {
 public:
     /// All four must outlive the window.
     SkinWindow(ElementStore& elements, const PictureStore& pictures, WindowInput& input,
@@ -41,8 +46,15 @@ public:
     /// The text of the title bar and the task bar, as bytes.
     void setCaption(std::string_view bytes);
 
-    /// Widget pixels for one skin pixel.
+    /// Widget pixels for one skin pixel. What the screen's density adds comes on top.
     void setScale(double factor);
+
+    /// The window's outline in skin pixels; it takes no mouse outside. The window keeps a copy.
+    void setRegion(const Region* region) override;
+
+    /// Lets the window follow the pointer until the button that is held goes up; for the handler
+    /// of a mouse move. The window system does it where it can.
+    void beginDrag();
 
     /// Shows what logic wrote without waiting for the event loop to come round; painting itself
     /// still waits for it.
@@ -65,8 +77,10 @@ protected:
 private:
     void fitToGround();
     void placeControl(std::size_t slot);
-    void drawElement(QPainter& painter, std::size_t slot) const;
-    [[nodiscard]] QRect paintedPixels(const Box& box) const;
+    void redraw(const Box& box);
+    void press(QMouseEvent& event, bool twice);
+    void applyRegion();
+    [[nodiscard]] bool outside(const PointerState& pointer) const;
     [[nodiscard]] PointerState pointerAt(const QSinglePointEvent& event) const;
     void showToolTip(QPoint place, QPoint onScreen);
     /// Runs a call on the logic and shows the hover of plain buttons afterwards.
@@ -78,6 +92,10 @@ private:
     const host::Dispatcher& dispatcher_;
     PointerRouter router_;
     SkinScale scale_;
+    WindowImage image_;
+    std::optional<Region> region_;
+    QPoint pressedAt_;                ///< where the pointer last went down, seen from the window
+    std::optional<QPoint> draggedBy_; ///< likewise, while the window moves itself
     std::map<std::size_t, QPointer<QWidget>> controls_; ///< by slot
 };
 

@@ -23,7 +23,11 @@ protected:
             .adjusted(-margin, -margin, margin, margin);
     }
 
-    QImage picture() { return window.grab().toImage(); }
+    /// The window as it is once everything that was written shows.
+    QImage picture() {
+        settle();
+        return window.grab().toImage();
+    }
 };
 
 TEST_F(PaintTest, onlyTheRectangleOfWhatChangedIsPainted) {

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A window composed in one image, a whole number of times as large as its skin: pictures grow by
+// whole pixels, words and plain faces are drawn in that size. Interface thread.
+#pragma once
+
+#include "ui/ElementStore.h"
+#include "ui/PictureStore.h"
+
+#include <optional>
+#include <QImage>
+#include <QPainter>
+#include <QRegion>
+
+namespace tovik::ui {
+
+class WindowImage {
+public:
+    /// Both outlive the object.
+    WindowImage(const ElementStore& elements, const PictureStore& pictures)
+        : elements_(elements), pictures_(pictures) {}
+
+    /// How many pixels of the image one skin pixel takes along a side. Another one draws all anew.
+    void setFactor(int factor);
+
+    [[nodiscard]] int factor() const noexcept { return factor_; }
+
+    /// What is in the box, in skin pixels, looks different.
+    void invalidate(const Box& box);
+
+    void invalidateAll() { everything_ = true; }
+
+    /// The image as the records are now. Only what looks different is drawn. `hovered` is the slot
+    /// under the pointer. Where no element is, it is transparent.
+    [[nodiscard]] const QImage& compose(std::optional<std::size_t> hovered);
+
+private:
+    void fitToGround();
+    void drawElement(QPainter& painter, std::size_t slot, bool hovered) const;
+    void drawSliderBar(QPainter& painter, const Element& element) const;
+    void drawPicture(QPainter& painter, const PixelImage& image, const Box& box) const;
+
+    const ElementStore& elements_;
+    const PictureStore& pictures_;
+    int factor_ = 1;
+    bool everything_ = true;
+    QRegion stale_; ///< in skin pixels
+    QImage image_;
+};
+
+/// What an element may paint into: a plain one reaches beyond its box.
+[[nodiscard]] Box paintedBox(const Box& box) noexcept;
+
+} // namespace tovik::ui

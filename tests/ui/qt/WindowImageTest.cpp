@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/qt/WindowImage.h"
+
+#include "../SmallWindow.h"
+
+#include <gtest/gtest.h>
+
+namespace tovik::ui {
+namespace {
+
+using test::Small;
+
+class WindowImageTest : public testing::Test {
+protected:
+    /// The image once the written records are known to have changed.
+    const QImage& composed() {
+        for (const ElementStore::Change& change : table.takeChanges()) {
+            for (const auto& box : {change.before, change.after}) {
+                if (box) {
+                    image.invalidate(paintedBox(*box));
+                }
+            }
+        }
+        return image.compose(std::nullopt);
+    }
+
+    /// A picture of four pixels, each in another colour.
+    Picture corners() {
+        return pictures.add({2, 2, {0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0xFFFFFFFF}});
+    }
+
+    ElementTable<Small> table{test::kSmallLayout};
+    PictureStore pictures;
+    WindowImage image{table, pictures};
+};
+
+TEST_F(WindowImageTest, isAWholeNumberOfTimesAsLargeAsTheWindow) {
+    EXPECT_EQ(composed().size(), QSize(200, 100));
+    image.setFactor(3);
+    EXPECT_EQ(composed().size(), QSize(600, 300));
+    table.touch(Small::ground).height = 120;
+    EXPECT_EQ(composed().size(), QSize(600, 360));
+}
+
+TEST_F(WindowImageTest, picturesGrowByWholePixels) {
+    table.touch(Small::lamp, 0).picture = corners();
+    for (const int factor : {1, 2, 3}) {
+        image.setFactor(factor);
+        const QImage& shown = composed();
+        for (int y = 0; y < 2 * factor; ++y) {
+            for (int x = 0; x < 2 * factor; ++x) {
+                const int corner = y / factor * 2 + x / factor;
+                constexpr std::array<QRgb, 4> kColours{0xFFFF0000, 0xFF00FF00, 0xFF0000FF,
+                                                       0xFFFFFFFF};
+                ASSERT_EQ(shown.pixel(10 * factor + x, 70 * factor + y),
+                          kColours.at(static_cast<std::size_t>(corner)))
+                    << factor << ": " << x << "," << y;
+            }
+        }
+    }
+}
+
+TEST_F(WindowImageTest, pixelsOfAPictureStayWholeWhereverItStands) {
+    table.touch(Small::lamp, 1).picture = corners(); // at 30.5
+    const QImage& shown = composed();
+    EXPECT_EQ(shown.pixel(31, 70), 0xFFFF0000);
+    EXPECT_EQ(shown.pixel(32, 70), 0xFF00FF00);
+    image.setFactor(2);
+    EXPECT_EQ(composed().pixel(61, 140), 0xFFFF0000);
+    EXPECT_NE(composed().pixel(60, 140), 0xFFFF0000);
+}
+
+TEST_F(WindowImageTest, wordsAreDrawnInTheSizeOfTheImage) {
+    table.touch(Small::title).caption = "Title";
+    table.touch(Small::title).textColour = {255, 255, 255};
+    image.setFactor(2);
+    const QImage large = composed();
+    image.setFactor(1);
+    const QImage blown = composed().scaled(large.size());
+    EXPECT_NE(large, blown);
+}
+
+TEST_F(WindowImageTest, holesOfThePicturesAreTransparent) {
+    PixelImage ground{200, 100, std::vector<std::uint32_t>(20000, 0xFF102030)};
+    ground.pixels[0] = 0;
+    table.touch(Small::ground).picture = pictures.add(ground);
+    EXPECT_EQ(composed().pixel(0, 0), 0U);
+    EXPECT_EQ(composed().pixel(1, 0), 0xFF102030);
+    image.setFactor(2);
+    EXPECT_EQ(composed().pixel(1, 1), 0U);
+    EXPECT_EQ(composed().pixel(2, 1), 0xFF102030);
+}
+
+TEST_F(WindowImageTest, onlyWhatLooksDifferentIsDrawnAnew) {
+    table.touch(Small::ground).picture =
+        pictures.add({200, 100, std::vector<std::uint32_t>(20000, 0xFF102030)});
+    static_cast<void>(composed());
+    // Pixels that change behind its back are only seen where something is drawn anew.
+    static_cast<void>(pictures.replace(table.get(Small::ground).picture,
+                                       {200, 100, std::vector<std::uint32_t>(20000, 0xFF405060)}));
+    table.touch(Small::lamp, 2).backColour = Colour{0, 0, 0};
+    const QImage& shown = composed();
+    EXPECT_EQ(shown.pixel(49, 69), 0xFF405060); // beside the lamp at 51
+    EXPECT_EQ(shown.pixel(44, 75), 0xFF102030);
+    EXPECT_EQ(shown.pixel(195, 95), 0xFF102030);
+    image.invalidateAll();
+    EXPECT_EQ(composed().pixel(195, 95), 0xFF405060);
+}
+
+TEST_F(WindowImageTest, aRedrawnPlaceKeepsNothingOfBefore) {
+    table.touch(Small::ground).picture =
+        pictures.add({200, 100, std::vector<std::uint32_t>(20000, 0)});
+    table.touch(Small::lamp, 0).visible = true;
+    EXPECT_NE(composed().pixel(15, 76), 0U);
+    table.touch(Small::lamp, 0).visible = false;
+    EXPECT_EQ(composed().pixel(15, 76), 0U);
+}
+
+} // namespace
+} // namespace tovik::ui
