@@ -58,7 +58,25 @@ void MainWindow::attach(frmPlayer& player) {
 }
 
 void MainWindow::show() {
+    endSplash();
     skin_->show();
+}
+
+bool MainWindow::visible() const {
+    return skin_ != nullptr && skin_->isVisible() && !skin_->isMinimized();
+}
+
+void MainWindow::showSplash() {
+    splash_ = std::make_unique<ui::SplashWindow>(host_.paths.of(host::DataItem::Splash));
+    splash_->showNow();
+}
+
+void MainWindow::endSplash() {
+    splash_.reset();
+}
+
+void MainWindow::beginDrag() {
+    skin_->beginDrag();
 }
 
 void MainWindow::hide() {

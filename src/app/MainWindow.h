@@ -9,6 +9,7 @@
 #include "player/QuickListRows.h"
 #include "ui/qt/ListWidget.h"
 #include "ui/qt/SkinWindow.h"
+#include "ui/qt/SplashWindow.h"
 
 #include <memory>
 #include <QPointer>
@@ -31,6 +32,13 @@ public:
     void show() override;
     void hide() override;
     void minimise() override;
+    [[nodiscard]] bool visible() const override;
+    void showSplash() override;
+    void endSplash() override;
+
+    [[nodiscard]] ui::RegionWindow* shape() override { return skin_.get(); }
+
+    void beginDrag() override;
     void takeFocus() override;
     void showLoadPreset(player::frmLoadPreset& dialog) override;
     void setCaption(const std::string& caption) override;
@@ -48,6 +56,7 @@ private:
     host::Host host_;
     std::unique_ptr<player::QuickListRows> rows_;
     std::unique_ptr<ui::SkinWindow> skin_;
+    std::unique_ptr<ui::SplashWindow> splash_;
     std::unique_ptr<ListWatch> watch_;
     config::MultiLNG* language_ = nullptr;  ///< the player's, since `attach`
     QPointer<LoadPresetDialog> loadPreset_; ///< the window's object tree owns it

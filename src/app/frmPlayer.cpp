@@ -18,7 +18,9 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
       settings_(host.paths, settingsXml_), version_(settings_), language_(host.paths),
       errHandler_(host.paths, host.clock, host.operatingSystem), errors_(errHandler_, host.dialogs),
       tagWarning_(host.dialogs), tag_(tagWarning_), files_(stdSS_, host.pump, host.paths),
-      display_(elements_, [this](const std::string& caption) { window_.setCaption(caption); }),
+      scroller_(host.timers, [this](std::u32string_view characters) { drawTitle(characters); }),
+      display_(elements_, fields_, scroller_,
+               [this](const std::string& caption) { window_.setCaption(caption); }),
       time_(sound), opener_(sound), volume_(state_, sound, settings_),
       volumeBar_(state_, volume_, errors_, elements_, playing_, display_),
       balance_(state_, sound, errors_, elements_, playing_, display_),
@@ -65,7 +67,8 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
               .bars = bars_,
               .equalizer = equalizerInput_,
               .volumeBar = volumeBar_,
-              .timeDisplay = timeDisplay_}) {
+              .timeDisplay = timeDisplay_,
+              .window = window}) {
     stdSS_.setEvents(this);
     language_.attach(config::TextWindow::frmPlayer, texts_);
     language_.attach(config::TextWindow::frmTSR, menuTexts_);
@@ -78,6 +81,14 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
 }
 
 frmPlayer::~frmPlayer() = default;
+
+void frmPlayer::drawTitle(std::u32string_view characters) {
+    if (window_.visible()) {
+        // Without a strip of glyphs the caption stands still.
+        static_cast<void>(
+            fields_.draw(ui::MainElement::songname, 0, characters, ui::Strip::Bright));
+    }
+}
 
 void frmPlayer::take(std::span<const Step> steps) {
     for (const Step& step : steps) {

@@ -46,7 +46,10 @@
 #include "sound/SoundLibrary.h"
 #include "tags/cMP3ID3v1.h"
 #include "tags/TagWarning.h"
+#include "ui/cDIBSectionRegion.h"
+#include "ui/ImgScroller.h"
 #include "ui/MainElements.h"
+#include "ui/TextFields.h"
 
 #include <memory>
 #include <span>
@@ -151,6 +154,8 @@ private:
     void keepSettings(const config::StartSettings& read);
     void lookForOtherInstance();
     void choosePanel();
+    void showSplash();
+    void shapeWindow();
     void readCommandLine();
     void applyTaskbar();
     void enterDataFolder();
@@ -166,6 +171,7 @@ private:
     void readMessenger();
     void restoreEqualizer();
     void selectFirstRow();
+    void endSplash();
     void showWindow();
     void loadLanguage();
     void openArgument();
@@ -198,6 +204,9 @@ private:
     void mnuTop();
     [[nodiscard]] bool staysOnTop();
 
+    /// Draws the title as far as it has moved.
+    void drawTitle(std::u32string_view characters);
+
     void Timer4();
     void autoload_playlist();
     void openFileArgument(const std::string& path);
@@ -218,6 +227,7 @@ private:
     player::PlayerState state_;
     ui::MainElements elements_{ui::mainLayout()};
     ui::PictureStore pictures_;
+    ui::cDIBSectionRegion shape_;
     player::NowPlaying playing_;
     playlist::stdSS stdSS_;
     playlist::stdSS lstTracks_;
@@ -236,6 +246,8 @@ private:
     tags::cMP3ID3v1 tag_;
     playlist::PlaylistFiles files_;
 
+    ui::TextFields fields_{elements_, pictures_};
+    ui::ImgScroller scroller_;
     player::MainDisplay display_;
     player::CBASS_TIME time_;
     player::TrackOpener opener_;

@@ -116,6 +116,31 @@ void frmPlayer::choosePanel() {
     state_.CurrentPanel = 1;
 }
 
+void frmPlayer::showSplash() {
+    if (state_.ShowSplash) {
+        window_.showSplash();
+    }
+}
+
+void frmPlayer::endSplash() {
+    if (state_.ShowSplash) {
+        window_.endSplash();
+    }
+}
+
+void frmPlayer::shapeWindow() {
+    const ui::PixelImage* const ground =
+        pictures_.find(elements_.get(MainElement::mainIMG).picture);
+    ui::cDIBSection dib;
+    if (ground == nullptr || !dib.CreateFromPicture(*ground)) {
+        return;
+    }
+    shape_.Create(dib);
+    if (ui::RegionWindow* const window = window_.shape(); window != nullptr) {
+        shape_.Applied(*window, true);
+    }
+}
+
 void frmPlayer::applyTaskbar() {
     window_.setTaskbarButton(state_.ShowInTaskbar == 1);
 }

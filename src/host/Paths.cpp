@@ -28,6 +28,7 @@ constexpr std::array kNames{
     Row{DataItem::Languages, "Languages"},
     Row{DataItem::SkinPackage, "skins/base.tsf"},
     Row{DataItem::CurrentSkin, "skins/CurrentSkin"},
+    Row{DataItem::Splash, "skins/splash.png"},
     Row{DataItem::VisualPlugins, "Plugins/Vis"},
     Row{DataItem::DiscFiles, "CDDB"},
     Row{DataItem::FirstRun, "firstrun.ini"},

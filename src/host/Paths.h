@@ -16,6 +16,7 @@ enum class DataItem {
     Languages,
     SkinPackage,
     CurrentSkin,
+    Splash,
     VisualPlugins,
     DiscFiles,
     FirstRun,

@@ -14,18 +14,24 @@ using ui::MainElement;
 /// The digit elements and the places of their characters in "mm:ss"; the colon between them stays.
 constexpr std::array<std::size_t, 4> kDigits = {1, 2, 4, 5};
 
-constexpr ui::Colour kBright{255, 255, 255};
-constexpr ui::Colour kDim{96, 100, 140};
+constexpr const char* kMono = "Mono";
+constexpr const char* kStereo = "Stereo";
+
+ui::Strip brightIf(bool bright) {
+    return bright ? ui::Strip::Bright : ui::Strip::Dim;
+}
 
 } // namespace
 
-MainDisplay::MainDisplay(ui::MainElements& elements, SetCaption setCaption)
-    : elements_(elements), setCaption_(std::move(setCaption)) {}
+MainDisplay::MainDisplay(ui::MainElements& elements, ui::TextFields& fields,
+                         ui::ImgScroller& scroller, SetCaption setCaption)
+    : elements_(elements), fields_(fields), scroller_(scroller),
+      setCaption_(std::move(setCaption)) {}
 
 void MainDisplay::showFacts(const NowPlaying& playing) {
-    elements_.touch(MainElement::musicinfo_img).caption = playing.infoText;
-    elements_.touch(MainElement::mono_img).textColour = playing.mode == "Mono" ? kBright : kDim;
-    elements_.touch(MainElement::Stereo_img).textColour = playing.mode == "Stereo" ? kBright : kDim;
+    fields_.show(MainElement::musicinfo_img, 0, playing.infoText, ui::Strip::Bright);
+    fields_.show(MainElement::mono_img, 0, kMono, brightIf(playing.mode == kMono));
+    fields_.show(MainElement::Stereo_img, 0, kStereo, brightIf(playing.mode == kStereo));
     for (std::size_t i = 0; i < kTagFields; ++i) {
         elements_.touch(MainElement::lblinfo, i).caption = playing.fields[i];
     }
@@ -33,6 +39,7 @@ void MainDisplay::showFacts(const NowPlaying& playing) {
 
 void MainDisplay::showTitles(const NowPlaying& playing) {
     elements_.touch(MainElement::songname).caption = playing.scrollerText;
+    scroller_.setText(playing.scrollerText);
     setCaption_(playing.caption);
 }
 
@@ -59,12 +66,12 @@ void MainDisplay::showPosition(const NowPlaying& playing) {
 }
 
 void MainDisplay::showVolume(const NowPlaying& playing) {
-    elements_.touch(MainElement::shwchange, 0).caption = playing.volumeText;
+    fields_.show(MainElement::shwchange, 0, playing.volumeText, ui::Strip::Bright);
 }
 
 void MainDisplay::showBalance(const NowPlaying& playing) {
-    elements_.touch(MainElement::shwchange, 1).caption =
-        playing.balanceHover ? playing.hoverText : playing.balanceText;
+    fields_.show(MainElement::shwchange, 1,
+                 playing.balanceHover ? playing.hoverText : playing.balanceText, ui::Strip::Bright);
 }
 
 void MainDisplay::showFields(bool visible) {

@@ -3,7 +3,9 @@
 #pragma once
 
 #include "player/NowPlaying.h"
+#include "ui/ImgScroller.h"
 #include "ui/MainElements.h"
+#include "ui/TextFields.h"
 
 #include <functional>
 #include <string>
@@ -14,8 +16,9 @@ class MainDisplay final : public NowPlayingView {
 public:
     using SetCaption = std::function<void(const std::string&)>;
 
-    /// `setCaption` takes the caption of the window.
-    MainDisplay(ui::MainElements& elements, SetCaption setCaption);
+    /// `setCaption` takes the caption of the window; the others outlive the object.
+    MainDisplay(ui::MainElements& elements, ui::TextFields& fields, ui::ImgScroller& scroller,
+                SetCaption setCaption);
 
     void showFacts(const NowPlaying& playing) override;
     void showTitles(const NowPlaying& playing) override;
@@ -27,7 +30,10 @@ public:
 
 private:
     void showDigit(std::size_t place, char digit);
+
     ui::MainElements& elements_;
+    ui::TextFields& fields_;
+    ui::ImgScroller& scroller_;
     SetCaption setCaption_;
 };
 

@@ -45,6 +45,10 @@ void MainInput::mouseDown(const ui::PointerEvent& event) {
 }
 
 void MainInput::mouseMove(const ui::PointerEvent& event) {
+    // There is no title bar: the window is taken by its bare background.
+    if (event.leftHeld && event.over(MainElement::mainIMG)) {
+        p_.window.beginDrag();
+    }
     if (!p_.equalizer.mouseMove(event)) {
         p_.bars.mouseMove(event);
     }

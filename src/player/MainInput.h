@@ -8,6 +8,7 @@
 #include "player/EqualizerInput.h"
 #include "player/MainBars.h"
 #include "player/MainButtons.h"
+#include "player/PlayerWindow.h"
 #include "player/TimeDisplay.h"
 #include "player/VolumeBar.h"
 #include "ui/MainElements.h"
@@ -25,6 +26,7 @@ struct MainInputParts {
     EqualizerInput& equalizer;
     VolumeBar& volumeBar;
     TimeDisplay& timeDisplay;
+    PlayerWindow& window;
 };
 
 class MainInput final : public ui::WindowInput {

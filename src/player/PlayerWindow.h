@@ -2,6 +2,8 @@
 // What the player's logic asks of its window beyond the elements in it. Interface thread.
 #pragma once
 
+#include "ui/cDIBSectionRegion.h"
+
 #include <cstdint>
 #include <string>
 
@@ -19,6 +21,20 @@ public:
     virtual void hide() {}
 
     virtual void minimise() {}
+
+    /// Whether anyone can see what moves on it.
+    [[nodiscard]] virtual bool visible() const { return true; }
+
+    /// Shows the splash at once; it goes with `endSplash` or when the window shows.
+    virtual void showSplash() {}
+
+    virtual void endSplash() {}
+
+    /// Where the outline goes; null without a window that could have one.
+    [[nodiscard]] virtual ui::RegionWindow* shape() { return nullptr; }
+
+    /// The window follows the pointer until the button that is held goes up.
+    virtual void beginDrag() {}
 
     virtual void setCaption(const std::string& /*caption*/) {}
 

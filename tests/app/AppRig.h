@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,12 +28,31 @@ public:
     int x = 100;
     int y = 200;
     std::string caption;
+    bool seen = true;
+
+    /// Keeps the outline that the window was given.
+    class Outline final : public ui::RegionWindow {
+    public:
+        std::optional<ui::Region> region;
+
+        void setRegion(const ui::Region* given) override {
+            region = given != nullptr ? std::optional(*given) : std::nullopt;
+        }
+    } outline;
 
     player::frmLoadPreset* loadPreset = nullptr; ///< the dialog that was asked for
 
     void showLoadPreset(player::frmLoadPreset& dialog) override { loadPreset = &dialog; }
 
     void show() override { calls_.emplace_back("window shown"); }
+
+    void showSplash() override { calls_.emplace_back("splash shown"); }
+
+    void endSplash() override { calls_.emplace_back("splash ended"); }
+
+    [[nodiscard]] ui::RegionWindow* shape() override { return &outline; }
+
+    [[nodiscard]] bool visible() const override { return seen; }
 
     void hide() override { calls_.emplace_back("window hidden"); }
 

@@ -97,5 +97,71 @@ TEST_F(Skin, theMouseChangesFaces) {
     EXPECT_EQ(shown(MainElement::mainbt), "mainbt_down");
 }
 
+TEST_F(Skin, thePictureOfTheWindowGivesItsOutline) {
+    dropSkin();
+    std::vector<skin::SkinFile> some = files();
+    // Two pixels of one bit; the second colour is the key, and the first bit asks for it.
+    const skin::BitmapParts bitmap{.width = 2,
+                                   .height = 1,
+                                   .bits = 1,
+                                   .extra = {0x010203, 0xEBDE0E},
+                                   .pixels = std::string("\x80\0\0\0", 4)};
+    for (skin::SkinFile& file : some) {
+        if (file.name == "main.bmp") {
+            file.data = bitmap.bytes();
+        }
+    }
+    host_.folder.write("skins/base.tsf", skin::skinPackage(some, ""));
+    start();
+    EXPECT_THAT(logged(), IsEmpty());
+    ASSERT_TRUE(window_.outline.region);
+    EXPECT_THAT(window_.outline.region->rectangles(), ElementsAre(ui::RegionRectangle{1, 0, 2, 1}));
+}
+
+TEST_F(Skin, aWindowWithoutHolesIsWhole) {
+    start();
+    ASSERT_TRUE(window_.outline.region);
+    EXPECT_EQ(window_.outline.region->rectangles().size(), 1U);
+}
+
+TEST_F(Skin, theTitleMovesOnlyWhileSomebodyCanSeeIt) {
+    track("song.mp3");
+    host_.folder.write("db/autosave.m3u",
+                       "#EXTM3U\r\n#EXTINF:65,Song\r\n" + host_.folder.path() + "/song.mp3\r\n");
+    start();
+    advance(200);
+    player().List1().ListIndex(0);
+    player().transport().List1_DblClick();
+    const auto title = [this] { return player().elements().get(MainElement::songname).picture; };
+    ui::Picture before = title();
+    EXPECT_TRUE(before);
+    advance(200);
+    EXPECT_NE(title(), before);
+    window_.seen = false;
+    before = title();
+    advance(1000);
+    EXPECT_EQ(title(), before);
+    window_.seen = true;
+    advance(200);
+    EXPECT_NE(title(), before);
+}
+
+TEST_F(Skin, theSplashComesOnlyWhereItIsAskedFor) {
+    set("AP", "1");
+    start();
+    const auto place = [this](const std::string& call) {
+        return std::ranges::find(sound_.calls, call) - sound_.calls.begin();
+    };
+    EXPECT_THAT(sound_.calls, Contains("splash shown"));
+    EXPECT_LT(place("splash shown"), place("splash ended"));
+    EXPECT_LT(place("splash ended"), place("window shown"));
+}
+
+TEST_F(Skin, withoutTheSettingThereIsNoSplash) {
+    set("AP", "0");
+    start();
+    EXPECT_THAT(sound_.calls, Not(Contains("splash shown")));
+}
+
 } // namespace
 } // namespace tovik::test

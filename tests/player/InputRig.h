@@ -79,7 +79,8 @@ protected:
                               .bars = bars_,
                               .equalizer = equalizerInput_,
                               .volumeBar = volumeBar_,
-                              .timeDisplay = timeDisplay_}};
+                              .timeDisplay = timeDisplay_,
+                              .window = window_}};
 };
 
 } // namespace tovik::test

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/MainDisplay.h"
 
+#include "support/host/TestHost.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -17,7 +19,12 @@ protected:
 
     ui::MainElements elements_{ui::mainLayout()};
     std::vector<std::string> captions_;
-    MainDisplay display_{elements_,
+    ui::PictureStore pictures_;
+    ui::TextFields fields_{elements_, pictures_};
+    test::TestHost host_;
+    std::u32string title_; ///< as it was drawn last
+    ui::ImgScroller scroller_{host_.clock, [this](std::u32string_view text) { title_ = text; }};
+    MainDisplay display_{elements_, fields_, scroller_,
                          [this](const std::string& caption) { captions_.push_back(caption); }};
     NowPlaying playing_;
 };
@@ -48,11 +55,39 @@ TEST_F(Display, theWordThatAppliesIsBright) {
     EXPECT_EQ(element(MainElement::Stereo_img).textColour, dim);
 }
 
+TEST_F(Display, wordsAreDrawnWithTheStripsOnceThereAreSome) {
+    for (const auto& [name, pixel] :
+         {std::pair{MainElement::textImg, 0xFF00FF00U}, {MainElement::textImg2, 0xFF0000FFU}}) {
+        elements_.touch(name).picture =
+            pictures_.add({155, 18, std::vector<std::uint32_t>(155U * 18U, pixel)});
+    }
+    playing_.infoText = "128 kbps";
+    playing_.mode = "Stereo";
+    playing_.volumeText = "Volume 80%";
+    playing_.balanceText = "Left 25%";
+    display_.showFacts(playing_);
+    display_.showVolume(playing_);
+    display_.showBalance(playing_);
+    const auto ink = [this](MainElement name, std::size_t index = 0) {
+        const ui::PixelImage* const image = pictures_.find(element(name, index).picture);
+        return image == nullptr ? 0
+                                : image->pixels.at(static_cast<std::size_t>(3 * image->width + 1));
+    };
+    EXPECT_EQ(ink(MainElement::musicinfo_img), 0xFF00FF00U);
+    EXPECT_EQ(ink(MainElement::Stereo_img), 0xFF00FF00U);
+    EXPECT_EQ(ink(MainElement::mono_img), 0xFF0000FFU);
+    EXPECT_EQ(ink(MainElement::shwchange, 0), 0xFF00FF00U);
+    EXPECT_EQ(ink(MainElement::shwchange, 1), 0xFF00FF00U);
+}
+
 TEST_F(Display, titles) {
     playing_.scrollerText = " Song (01:00)";
     playing_.caption = " Caption";
     display_.showTitles(playing_);
     EXPECT_EQ(element(MainElement::songname).caption, " Song (01:00)");
+    EXPECT_EQ(title_, U" Song (01:00)***");
+    host_.clock.advanceTo(200);
+    EXPECT_EQ(title_, U"Song (01:00)*** ");
     EXPECT_THAT(captions_, testing::ElementsAre(" Caption"));
 }
 

@@ -133,5 +133,13 @@ TEST_F(Input, closingTheWindowEndsTheProgram) {
     EXPECT_THAT(ran_, ElementsAre(CommandId::exit));
 }
 
+TEST_F(Input, theBareBackgroundTakesTheWindow) {
+    input_.mouseMove(at(MainElement::mainIMG, 0, MouseButton::None));
+    input_.mouseMove(dragged(at(MainElement::ScreenIMG)));
+    EXPECT_EQ(window_.drags, 0);
+    input_.mouseMove(dragged(at(MainElement::mainIMG)));
+    EXPECT_EQ(window_.drags, 1);
+}
+
 } // namespace
 } // namespace tovik::test

@@ -78,6 +78,10 @@ public:
 /// A window that only has a number.
 class NumberedWindow final : public player::PlayerWindow {
 public:
+    int drags = 0;
+
+    void beginDrag() override { ++drags; }
+
     static constexpr std::uintptr_t kNumber = 77;
 
     [[nodiscard]] std::uintptr_t handle() const override { return kNumber; }

@@ -24,7 +24,7 @@ constexpr QRgb kFrame = 0xFF666699;
 } // namespace
 
 SplashWindow::SplashWindow(const std::string& pictureFile)
-    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
+    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint),
       picture_(QString::fromLocal8Bit(pictureFile.c_str())) {
     setFixedSize(kSize);
     setAttribute(Qt::WA_OpaquePaintEvent);

@@ -8,7 +8,7 @@
 
 namespace tovik::ui {
 
-/// Borderless, opaque, in the middle of the screen, over other windows.
+/// Borderless, opaque, in the middle of the screen. Boxes of a start that fails come over it.
 class SplashWindow final : public QWidget {
 public:
     /// With the picture of that file; with the program's name where there is none.
