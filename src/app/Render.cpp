@@ -3,6 +3,7 @@
 
 #include "app/DataPlace.h"
 #include "app/frmPlayer.h"
+#include "app/RenderLoop.h"
 #include "base/ErrorStream.h"
 #include "host/system/StopSignals.h"
 #include "host/virtual/RenderHost.h"
@@ -22,25 +23,6 @@
 namespace tovik::app {
 
 namespace {
-
-/// The mix is made exactly up to the next due timer, which then fires.
-class RenderLoop {
-public:
-    RenderLoop(host::VirtualClock& clock, sound::WavOutput& output)
-        : clock_(clock), output_(output) {}
-
-    void advanceTo(std::int64_t milliseconds) {
-        const std::int64_t frames = milliseconds * sound::kMixRate / 1000;
-        output_.advance(static_cast<std::size_t>(frames - frames_));
-        frames_ = frames;
-        clock_.advanceTo(milliseconds);
-    }
-
-private:
-    host::VirtualClock& clock_;
-    sound::WavOutput& output_;
-    std::int64_t frames_ = 0;
-};
 
 std::int64_t lastMillisecond(const host::CommandLine& line) {
     return line.renderSeconds ? std::llround(*line.renderSeconds * 1000.0)
@@ -107,7 +89,7 @@ int render(const host::CommandLine& line, const host::Environment& environment) 
             fail("What is rendered here does not end by itself: --seconds is needed");
             return host::kUsageStatus;
         }
-        loop.advanceTo(std::min(renderHost.clock().nextDue().value_or(last), last));
+        loop.step(last);
     }
     output.close();
     if (!output.ok()) {

@@ -30,27 +30,69 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                   .elements = elements_,
                   .dialogs = host.dialogs}),
       equalizerFiles_(host.dialogs, equalizerStore_),
+      starter_(state_, sound, volume_, balance_, equalizer_),
       facts_(state_, time_, settings_, tag_, stdSS_, playing_, display_, events),
-      clock_(state_, time_, errors_, playing_, display_),
       Timer1_(host.timers.makeTimer([this] { clock_.Timer1(); })),
+      Timer2_(host.timers.makeTimer([this] { clock_.Timer2(); })),
       Timer3_(host.timers.makeTimer([this] { clock_.Timer3(); })),
-      Timer4_(host.timers.makeTimer([this] { Timer4(); })), transport_({.state = state_,
-                                                                        .sound = sound,
-                                                                        .errors = errors_,
-                                                                        .time = time_,
-                                                                        .opener = opener_,
-                                                                        .facts = facts_,
-                                                                        .volume = volume_,
-                                                                        .balance = balance_,
-                                                                        .equalizer = equalizer_,
-                                                                        .list = stdSS_,
-                                                                        .mirror = List1_,
-                                                                        .elements = elements_,
-                                                                        .playing = playing_,
-                                                                        .view = display_,
-                                                                        .events = events,
-                                                                        .window = window,
-                                                                        .Timer3 = *Timer3_}),
+      Timer4_(host.timers.makeTimer([this] { Timer4(); })),
+      Timer5_(host.timers.makeTimer([this] { caption_.Timer5(); })),
+      sldTimer_(host.timers.makeTimer([this] { silenceSkip_.SLD_Timer(); })),
+      CrossFade_(host.timers.makeTimer([this] { crossfade_.crossfade_Timer(); })),
+      FadeOut_(host.timers.makeTimer([this] { fadeOut_.FadeOut_Timer(); })),
+      crossfade_({.state = state_,
+                  .sound = sound,
+                  .settings = settings_,
+                  .errors = errors_,
+                  .opener = opener_,
+                  .starter = starter_,
+                  .facts = facts_,
+                  .volume = volume_,
+                  .list = stdSS_,
+                  .elements = elements_,
+                  .view = display_,
+                  .events = events,
+                  .CrossFade = *CrossFade_,
+                  .Timer3 = *Timer3_}),
+      transport_({.state = state_,
+                  .sound = sound,
+                  .errors = errors_,
+                  .time = time_,
+                  .opener = opener_,
+                  .facts = facts_,
+                  .starter = starter_,
+                  .crossfade = crossfade_,
+                  .settings = settings_,
+                  .list = stdSS_,
+                  .mirror = List1_,
+                  .elements = elements_,
+                  .playing = playing_,
+                  .view = display_,
+                  .events = events,
+                  .window = window,
+                  .Timer3 = *Timer3_}),
+      advance_({.state = state_,
+                .settings = settings_,
+                .errors = errors_,
+                .transport = transport_,
+                .crossfade = crossfade_,
+                .list = stdSS_,
+                .mirror = List1_,
+                .elements = elements_,
+                .playing = playing_,
+                .view = display_,
+                .random = host.random}),
+      silenceSkip_({.state = state_,
+                    .sound = sound,
+                    .time = time_,
+                    .settings = settings_,
+                    .errors = errors_,
+                    .list = stdSS_,
+                    .advance = advance_,
+                    .elements = elements_,
+                    .sldTimer = *sldTimer_,
+                    .CrossFade = *CrossFade_}),
+      fadeOut_(state_, sound, settings_, transport_, *FadeOut_),
       positionBar_({.state = state_,
                     .time = time_,
                     .errors = errors_,
@@ -72,11 +114,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     stdSS_.setEvents(this);
     language_.attach(config::TextWindow::frmPlayer, texts_);
     language_.attach(config::TextWindow::frmTSR, menuTexts_);
-    Timer1_->setInterval(player::PlaybackClock::kTimer1Ms);
-    Timer1_->setEnabled(true);
-    Timer3_->setInterval(player::PlaybackClock::kTimer3Ms);
-    Timer4_->setInterval(kTimer4Ms);
-    Timer4_->setEnabled(true);
+    startTimers();
     bindCommands();
 }
 
@@ -88,6 +126,20 @@ void frmPlayer::drawTitle(std::u32string_view characters) {
         static_cast<void>(
             fields_.draw(ui::MainElement::songname, 0, characters, ui::Strip::Bright));
     }
+}
+
+void frmPlayer::startTimers() {
+    const auto begin = [](host::Timer& timer, int milliseconds) {
+        timer.setInterval(milliseconds);
+        timer.setEnabled(true);
+    };
+    begin(*Timer1_, player::PlaybackClock::kTimer1Ms);
+    begin(*Timer2_, player::PlaybackClock::kTimer2Ms);
+    begin(*Timer4_, kTimer4Ms);
+    begin(*Timer5_, player::RotatingCaption::kTimer5Ms);
+    // These wait until a track plays or their mode is on.
+    Timer3_->setInterval(player::PlaybackClock::kTimer3Ms);
+    sldTimer_->setInterval(player::SilenceSkip::kSldTimerMs);
 }
 
 void frmPlayer::take(std::span<const Step> steps) {
@@ -116,13 +168,18 @@ bool frmPlayer::AnotherInstance() {
 }
 
 bool frmPlayer::sounds() const {
+    const auto active = [this](sound::Handle channel) {
+        return sound_.BASS_ChannelIsActive(channel) != sound::Activity::stopped;
+    };
+    const bool movesOn = Timer3_->enabled() && !state_.StopAfterCurrent && advance_.hasNext();
     return state_.IsPlaying &&
-           sound_.BASS_ChannelIsActive(state_.active()) != sound::Activity::stopped;
+           (active(state_.PrimaryChannel) || active(state_.SecondaryChannel) || movesOn);
 }
 
 bool frmPlayer::playsForEver() const {
     // Modules are told to repeat.
-    return state_.IsPlaying && sound_.BASS_MusicGetLength(state_.active(), true) > 0;
+    return state_.IsPlaying && (sound_.BASS_MusicGetLength(state_.active(), true) > 0 ||
+                                (Timer3_->enabled() && advance_.neverEnds()));
 }
 
 void frmPlayer::Play(const std::string& itemData) {

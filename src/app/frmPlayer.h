@@ -16,10 +16,12 @@
 #include "player/CBASS_TIME.h"
 #include "player/ClsShortcut.h"
 #include "player/Commands.h"
+#include "player/Crossfade.h"
 #include "player/Equalizer.h"
 #include "player/EqualizerFiles.h"
 #include "player/EqualizerInput.h"
 #include "player/EqualizerStore.h"
+#include "player/FadeOut.h"
 #include "player/frmLoadPreset.h"
 #include "player/MainBars.h"
 #include "player/MainDisplay.h"
@@ -30,10 +32,15 @@
 #include "player/PlayerState.h"
 #include "player/PlayerWindow.h"
 #include "player/PositionBar.h"
+#include "player/RotatingCaption.h"
+#include "player/SilenceSkip.h"
+#include "player/StartEqualizer.h"
 #include "player/TimeDisplay.h"
+#include "player/TrackAdvance.h"
 #include "player/TrackEvents.h"
 #include "player/TrackFacts.h"
 #include "player/TrackOpener.h"
+#include "player/TrackStarter.h"
 #include "player/Transport.h"
 #include "player/Volume.h"
 #include "player/VolumeBar.h"
@@ -84,7 +91,7 @@ public:
     /// Errors are only logged from now on: nobody is there to answer a box.
     void showNoMoreBoxes() { errors_.showNoMoreBoxes(); }
 
-    /// Something is played that has not come to its end.
+    /// Something is played that has not come to its end, or what follows it will be.
     [[nodiscard]] bool sounds() const;
 
     /// What plays does not end by itself.
@@ -103,6 +110,14 @@ public:
     [[nodiscard]] player::Equalizer& equalizer() { return equalizer_; }
 
     [[nodiscard]] player::Transport& transport() { return transport_; }
+
+    [[nodiscard]] player::TrackAdvance& advance() { return advance_; }
+
+    [[nodiscard]] player::Crossfade& crossfade() { return crossfade_; }
+
+    [[nodiscard]] player::FadeOut& fadeOut() { return fadeOut_; }
+
+    [[nodiscard]] player::SilenceSkip& silenceSkip() { return silenceSkip_; }
 
     [[nodiscard]] skin::Panels& panels() { return panels_; }
 
@@ -197,6 +212,7 @@ private:
     // What the commands do.
     void bindCommands();
     void bindPlaying();
+    void bindAdvance();
     void bindPanels();
     void bindModes();
     void bindEqualizer();
@@ -209,6 +225,8 @@ private:
 
     void Timer4();
     void autoload_playlist();
+    void playList();
+    void startTimers();
     void openFileArgument(const std::string& path);
     [[nodiscard]] bool AnotherInstance();
     void endProcess(int status);
@@ -258,12 +276,23 @@ private:
     player::EqualizerStore equalizerStore_{settings_, equalizer_};
     player::EqualizerFiles equalizerFiles_;
     player::frmLoadPreset loadPreset_{equalizerStore_};
+    player::TrackStarter starter_;
     player::TrackFacts facts_;
-    player::PlaybackClock clock_;
     std::unique_ptr<host::Timer> Timer1_;
+    std::unique_ptr<host::Timer> Timer2_;
     std::unique_ptr<host::Timer> Timer3_;
     std::unique_ptr<host::Timer> Timer4_;
+    std::unique_ptr<host::Timer> Timer5_;
+    std::unique_ptr<host::Timer> sldTimer_;
+    std::unique_ptr<host::Timer> CrossFade_;
+    std::unique_ptr<host::Timer> FadeOut_;
+    player::Crossfade crossfade_;
     player::Transport transport_;
+    player::TrackAdvance advance_;
+    player::SilenceSkip silenceSkip_;
+    player::FadeOut fadeOut_;
+    player::PlaybackClock clock_{state_, time_, errors_, playing_, display_, advance_};
+    player::RotatingCaption caption_{state_, errors_, playing_, display_};
     skin::Panels panels_{state_, elements_, window_, errors_};
 
     player::TimeDisplay timeDisplay_{state_, playing_, display_};

@@ -3,6 +3,7 @@
 #include "app/frmPlayer.h"
 
 #include "base/CommandText.h"
+#include "base/Numbers.h"
 #include "base/Text.h"
 #include "host/PlayerArguments.h"
 #include "playlist/FileNames.h"
@@ -26,13 +27,21 @@ void frmPlayer::openArgument() {
     const std::string extension = base::toUpperAscii(playlist::get_extension(path));
     if (extension == "M3U") {
         files_.open_m3u(path);
-        playItem(0);
+        playList();
     } else if (extension == "PLS") {
         // Read as soon as this kind of list is known.
-        playItem(0);
+        playList();
     } else {
         openFileArgument(path);
     }
+}
+
+void frmPlayer::playList() {
+    // A deliberate oddity: the pick of a row, from 1, is taken for an item, which count from 0. So
+    // the first item is never picked but for "no row", and the last row picks nothing.
+    advance_.selectItem(state_.ShuffleOn ? advance_.gen_shuffle(base::toInt16(List1_.ListCount()))
+                                         : 0);
+    transport_.List1_DblClick();
 }
 
 void frmPlayer::openFileArgument(const std::string& path) {

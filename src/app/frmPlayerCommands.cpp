@@ -14,6 +14,7 @@ using player::TimeDisplay;
 
 void frmPlayer::bindCommands() {
     bindPlaying();
+    bindAdvance();
     bindPanels();
     bindModes();
     bindEqualizer();
@@ -32,6 +33,24 @@ void frmPlayer::bindPlaying() {
     commands_.bind(CommandId::stopAfterCurrent,
                    {.run = [this] { state_.StopAfterCurrent = !state_.StopAfterCurrent; },
                     .checked = [this] { return state_.StopAfterCurrent; }});
+}
+
+void frmPlayer::bindAdvance() {
+    commands_.bind(CommandId::next, [this] { advance_.Next_track(); });
+    commands_.bind(CommandId::previous, [this] { advance_.last_track(); });
+    commands_.bind(CommandId::nextButton, [this] { advance_.button_next(); });
+    commands_.bind(CommandId::previousButton, [this] { advance_.button_previous(); });
+    commands_.bind(CommandId::tenTracksForward, [this] { advance_.ten_tracks_fwd(); });
+    commands_.bind(CommandId::tenTracksBack, [this] { advance_.ten_track_bck(); });
+    commands_.bind(CommandId::stopWithFadeout, [this] { fadeOut_.FadeOutTrack(); });
+    commands_.bind(CommandId::shuffle, {.run = [this] { advance_.button_shuffle(); },
+                                        .checked = [this] { return state_.ShuffleOn; }});
+    commands_.bind(CommandId::repeat, {.run = [this] { advance_.button_loop(); },
+                                       .checked = [this] { return state_.RepeatOn; }});
+    commands_.bind(CommandId::crossfade, {.run = [this] { crossfade_.button_cfd(); },
+                                          .checked = [this] { return state_.CrossfadeOn; }});
+    commands_.bind(CommandId::silenceSkip, {.run = [this] { silenceSkip_.button_sld(); },
+                                            .checked = [this] { return state_.SilenceSkipOn; }});
 }
 
 void frmPlayer::playItem(std::int32_t item) {

@@ -8,6 +8,7 @@
 #include "base/Text.h"
 #include "config/Profile.h"
 #include "config/SettingText.h"
+#include "player/ModeFaces.h"
 #include "player/SoundDevice.h"
 #include "skin/UnpackSkin.h"
 #include "ui/Twips.h"
@@ -106,6 +107,7 @@ void frmPlayer::keepSettings(const config::StartSettings& read) {
     state_.AlwaysOnTop = read.alwaysOnTop;
     state_.AssociateAtStart = read.associateFileTypes;
     state_.CheckUpdates = read.checkForUpdates;
+    silenceSkip_.watch();
 }
 
 void frmPlayer::lookForOtherInstance() {
@@ -191,25 +193,10 @@ void frmPlayer::showVolume() {
 }
 
 void frmPlayer::showModes() {
-    struct Mode {
-        bool on;
-        MainElement button;
-        MainElement indicatorOn;
-        MainElement indicatorOff;
-    };
-
-    const std::array modes = {
-        Mode{state_.CrossfadeOn, MainElement::CfdBT, MainElement::CFD, MainElement::CFD2},
-        Mode{state_.SilenceSkipOn, MainElement::sldBT, MainElement::Sld, MainElement::sld2},
-        Mode{state_.ShuffleOn, MainElement::ShuffleBT, MainElement::Shuffle,
-             MainElement::ShuffleDown},
-        Mode{state_.RepeatOn, MainElement::LoopBT, MainElement::loopImg, MainElement::LoopImg2},
-    };
-    for (const Mode& mode : modes) {
-        elements_.touch(mode.button).checked = mode.on;
-        elements_.touch(mode.indicatorOn).visible = mode.on;
-        elements_.touch(mode.indicatorOff).visible = !mode.on;
-    }
+    player::showMode(elements_, player::Mode::crossfade, state_.CrossfadeOn);
+    player::showMode(elements_, player::Mode::silenceSkip, state_.SilenceSkipOn);
+    player::showMode(elements_, player::Mode::shuffle, state_.ShuffleOn);
+    player::showMode(elements_, player::Mode::repeat, state_.RepeatOn);
     timeDisplay_.choose(config::settingToInt16(settings_.getSetting("TMD")));
 }
 
@@ -292,7 +279,9 @@ void frmPlayer::checkForUpdates() {
 }
 
 void frmPlayer::showCaptions() {
-    window_.setCaption(version_.get_Tovik_Version());
+    playing_.caption = version_.get_Tovik_Version();
+    playing_.miniCaption = playing_.caption;
+    display_.showCaptions(playing_);
 }
 
 } // namespace tovik::app

@@ -29,17 +29,25 @@ MainDisplay::MainDisplay(ui::MainElements& elements, ui::TextFields& fields,
       setCaption_(std::move(setCaption)) {}
 
 void MainDisplay::showFacts(const NowPlaying& playing) {
-    fields_.show(MainElement::musicinfo_img, 0, playing.infoText, ui::Strip::Bright);
-    fields_.show(MainElement::mono_img, 0, kMono, brightIf(playing.mode == kMono));
-    fields_.show(MainElement::Stereo_img, 0, kStereo, brightIf(playing.mode == kStereo));
+    showFormat(playing);
     for (std::size_t i = 0; i < kTagFields; ++i) {
         elements_.touch(MainElement::lblinfo, i).caption = playing.fields[i];
     }
 }
 
+void MainDisplay::showFormat(const NowPlaying& playing) {
+    fields_.show(MainElement::musicinfo_img, 0, playing.infoText, ui::Strip::Bright);
+    fields_.show(MainElement::mono_img, 0, kMono, brightIf(playing.mode == kMono));
+    fields_.show(MainElement::Stereo_img, 0, kStereo, brightIf(playing.mode == kStereo));
+}
+
 void MainDisplay::showTitles(const NowPlaying& playing) {
     elements_.touch(MainElement::songname).caption = playing.scrollerText;
     scroller_.setText(playing.scrollerText);
+    showCaptions(playing);
+}
+
+void MainDisplay::showCaptions(const NowPlaying& playing) {
     setCaption_(playing.caption);
 }
 

@@ -21,7 +21,9 @@ public:
                 SetCaption setCaption);
 
     void showFacts(const NowPlaying& playing) override;
+    void showFormat(const NowPlaying& playing) override;
     void showTitles(const NowPlaying& playing) override;
+    void showCaptions(const NowPlaying& playing) override;
     void showTime(const NowPlaying& playing) override;
     void showPosition(const NowPlaying& playing) override;
     void showVolume(const NowPlaying& playing) override;

@@ -17,8 +17,8 @@ struct NowPlaying {
     std::array<std::string, kTagFields> fields;
 
     std::string scrollerText;
-    std::string caption;     ///< of the main window
-    std::string miniCaption; ///< of the mini window
+    std::string caption;     ///< of the main window, as far as it has rotated
+    std::string miniCaption; ///< of the mini window, likewise
 
     std::string time = "00:00"; ///< five characters, the third is the colon
     bool countsDown = false;    ///< a minus sign stands before the time
@@ -38,8 +38,14 @@ public:
     /// The facts of the track: info text, mode, fields.
     virtual void showFacts(const NowPlaying& playing) = 0;
 
+    /// Of these, the info text and the mode.
+    virtual void showFormat(const NowPlaying& playing) = 0;
+
     /// Scroller and captions.
     virtual void showTitles(const NowPlaying& playing) = 0;
+
+    /// Only the captions.
+    virtual void showCaptions(const NowPlaying& playing) = 0;
 
     virtual void showTime(const NowPlaying& playing) = 0;
     virtual void showPosition(const NowPlaying& playing) = 0;

@@ -33,6 +33,11 @@ constexpr std::array<Create, 4> kDecoders = {
     },
 };
 
+/// Flags of a CD track's stream: freed when it stops.
+constexpr std::uint32_t kCdFlags = 327680;
+
+constexpr std::uint32_t kCurrentDrive = 0;
+
 constexpr std::string_view kCdExtension = ".cda";
 constexpr std::string_view kCdTrackWord = "track";
 
@@ -45,6 +50,11 @@ sound::Handle TrackOpener::open(std::string_view path) {
         }
     }
     return sound::kNoHandle;
+}
+
+sound::Handle TrackOpener::openCdTrack(std::uint32_t track) {
+    // Names count tracks from 1, the library from 0.
+    return sound_.BASS_CD_StreamCreate(kCurrentDrive, track - 1, kCdFlags);
 }
 
 void TrackOpener::free(sound::Handle channel) {

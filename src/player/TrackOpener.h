@@ -19,6 +19,9 @@ public:
     /// The handle of the first decoder that takes the file, or 0. The name plays no part.
     [[nodiscard]] sound::Handle open(std::string_view path);
 
+    /// The handle of a track of the disc in the current drive, counted from 1; 0 without one.
+    [[nodiscard]] sound::Handle openCdTrack(std::uint32_t track);
+
     /// Frees stream and module behind a handle; only one of the two can be there.
     void free(sound::Handle channel);
 

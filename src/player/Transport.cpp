@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/Transport.h"
 
+#include "player/FadeTime.h"
 #include "player/SoundDevice.h"
 
 namespace tovik::player {
 
 namespace {
-
-/// Flags of a CD track's stream: freed when it stops.
-constexpr std::uint32_t kCdFlags = 327680;
 
 /// Types of two syncs that are set and do nothing: the end of a track is found by looking.
 constexpr std::uint32_t kChannelSync = 2147484648U;
@@ -51,45 +49,17 @@ void Transport::start(const std::string& path, const std::string& title) {
         return;
     }
     state.ActiveChannel = ChannelSlot::primary;
-    startStream(path);
+    p_.starter.startPlainly(state.PrimaryChannel, path);
     p_.Timer3.setEnabled(true);
     p_.events.restartVisualisation();
     p_.facts.show(state.PrimaryChannel, path, title);
     setIdleSync(state.PrimaryChannel, kChannelSync);
 }
 
-void Transport::startStream(const std::string& path) {
-    PlayerState& state = p_.state;
-    const bool wma = p_.sound.BASS_WMA_GetIWMReader(state.PrimaryChannel) > 0;
-    if (wma) {
-        // Opened once more, for nothing: the handle is dropped and dies with the next reset.
-        static_cast<void>(
-            p_.sound.BASS_WMA_StreamCreateFile(false, path, 0, 0, sound::BASS_SAMPLE_FX));
-    } else {
-        state.IsWmaStream = false;
-    }
-    p_.equalizer.Set_EQ();
-    p_.balance.ApplyBalance(state.BalanceValue);
-    p_.volume.readMode();
-    p_.volume.apply();
-    if (!wma) {
-        // One of the two play calls is meant for the handle; the other fails without effect.
-        p_.sound.BASS_MusicPlay(state.PrimaryChannel);
-        p_.volume.apply();
-    }
-    p_.sound.BASS_StreamPlay(state.PrimaryChannel, false, 0);
-    if (wma) {
-        state.IsWmaStream = true;
-    } else {
-        p_.volume.apply();
-    }
-}
-
 void Transport::startCdTrack(std::uint32_t track) {
     PlayerState& state = p_.state;
     p_.sound.BASS_ChannelStop(state.PrimaryChannel);
-    // Names count tracks from 1, the library from 0.
-    state.PrimaryChannel = p_.sound.BASS_CD_StreamCreate(0, track - 1, kCdFlags);
+    state.PrimaryChannel = p_.opener.openCdTrack(track);
     p_.sound.BASS_StreamPlay(state.PrimaryChannel, true, 0);
     if (state.PrimaryChannel == sound::kNoHandle) {
         return;
@@ -181,25 +151,44 @@ void Transport::five_seconds_bck() {
 void Transport::Stdss_Play(const std::string& /*row*/) {
     config::guard(p_.errors, config::player("playlist_play"), [this] {
         p_.list.GetData(p_.list.SelectedIndex);
+        const std::int32_t seconds = fadeSeconds(p_.settings);
         const std::string path = p_.list.OutFileName;
-        PlayerState& state = p_.state;
-        state.CrossfadeLeg = 0;
-        state.ActiveChannel = ChannelSlot::primary;
-        for (const sound::Handle channel :
-             {state.SecondaryChannel, state.SpareChannelC, state.SpareChannelD}) {
-            p_.opener.free(channel);
+        if (p_.state.CrossfadeOn) {
+            p_.crossfade.CrossFade_BurnBaby(path, fadeMilliseconds(seconds), "");
+        } else {
+            startAlone(path);
         }
-        Burnbaby(path, 0, "");
-        p_.facts.refreshRowTime(state.PrimaryChannel);
-        p_.facts.showTitles(state.active());
+        p_.facts.refreshRowTime(p_.state.active());
+        p_.facts.showTitles(p_.state.active());
     });
+}
+
+void Transport::startAlone(const std::string& path) {
+    PlayerState& state = p_.state;
+    state.CrossfadeLeg = 0;
+    state.ActiveChannel = ChannelSlot::primary;
+    for (const sound::Handle channel :
+         {state.SecondaryChannel, state.SpareChannelC, state.SpareChannelD}) {
+        p_.opener.free(channel);
+    }
+    Burnbaby(path, 0, "");
 }
 
 void Transport::List1_DblClick() {
     const playlist::Row row = p_.mirror.ListIndex() + 1;
     p_.list.GetData(row);
     p_.list.SelectedIndex = row;
-    Burnbaby(p_.list.OutFileName, 0, "");
+    const std::string path = p_.list.OutFileName;
+    PlayerState& state = p_.state;
+    if (state.CrossfadeOn && state.ClearCounterOnPlay) {
+        state.ClearCounterOnPlay = false;
+        state.TracksStarted = 0;
+    }
+    if (state.CrossfadeOn && state.TracksStarted != 0) {
+        p_.crossfade.CrossFade_BurnBaby(path, fadeMilliseconds(fadeSeconds(p_.settings)), "");
+    } else {
+        Burnbaby(path, 0, "");
+    }
 }
 
 } // namespace tovik::player

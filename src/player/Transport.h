@@ -6,8 +6,8 @@
 #include "config/Settings.h"
 #include "host/Clock.h"
 #include "host/Timer.h"
-#include "player/Balance.h"
 #include "player/CBASS_TIME.h"
+#include "player/Crossfade.h"
 #include "player/NowPlaying.h"
 #include "player/PlayerState.h"
 #include "player/PlayerWindow.h"
@@ -15,7 +15,7 @@
 #include "player/TrackEvents.h"
 #include "player/TrackFacts.h"
 #include "player/TrackOpener.h"
-#include "player/Volume.h"
+#include "player/TrackStarter.h"
 #include "playlist/ListMirror.h"
 #include "playlist/stdSS.h"
 #include "ui/MainElements.h"
@@ -32,9 +32,9 @@ struct TransportParts {
     CBASS_TIME& time;
     TrackOpener& opener;
     TrackFacts& facts;
-    Volume& volume;
-    Balance& balance;
-    StartEqualizer& equalizer;
+    TrackStarter& starter;
+    Crossfade& crossfade;
+    config::Settings& settings;
     playlist::stdSS& list;
     playlist::ListMirror& mirror;
     ui::MainElements& elements;
@@ -70,15 +70,17 @@ public:
     void five_seconds_fwd();
     void five_seconds_bck();
 
-    /// A row of the list is to be played: the selected one, whatever `row` says.
+    /// A row of the list is to be played: the selected one, whatever `row` says. A crossfade, if
+    /// that mode is on.
     void Stdss_Play(const std::string& row);
 
-    /// Plays the selected item of the plain list; the Enter key does the same.
+    /// Plays the selected item of the plain list; the Enter key does the same. A crossfade, if that
+    /// mode is on and a track was started before. Raises like a missing setting.
     void List1_DblClick();
 
 private:
     void start(const std::string& path, const std::string& title);
-    void startStream(const std::string& path);
+    void startAlone(const std::string& path);
     void startCdTrack(std::uint32_t track);
     void resetDevice();
     void setIdleSync(sound::Handle channel, std::uint32_t type);

@@ -49,8 +49,9 @@ TEST_F(SecondInstance, anyOtherNumberSkipsToTheLastSteps) {
     EXPECT_EQ(player().stdSS().ListCount(), 0);
     EXPECT_EQ(setting("SHWND"), "4711");
     EXPECT_EQ(player().state().CurrentVolume, 80);
-    advance(1000);
-    EXPECT_THAT(sound_.calls, testing::SizeIs(2));
+    advance(1000); // only the caption moves
+    EXPECT_THAT(sound_.calls,
+                testing::Each(testing::AnyOf("on top", testing::StartsWith("caption "))));
 }
 
 TEST_F(SecondInstance, aRenderLooksForNone) {

@@ -39,6 +39,7 @@ protected:
     /// From the question for the kind to the syncs, for all but WMA.
     static Calls start(const std::string& handle) {
         return {"BASS_WMA_GetIWMReader(" + handle + ")",
+                "Set_EQ",
                 "BASS_ChannelSetAttributes(" + handle + ", -1, -1, -25)",
                 "BASS_ChannelSetAttributes(" + handle + ", -1, 80, 0)",
                 "BASS_MusicPlay(" + handle + ")",
@@ -96,6 +97,8 @@ TEST_F(Burnbaby, aWmaIsOpenedTwiceAndSetOnce) {
     play(path);
     const Calls wma = {"BASS_WMA_GetIWMReader(1)",
                        offer("WMA_StreamCreateFile", path),
+                       "BASS_StreamFree(2)",
+                       "Set_EQ",
                        "BASS_ChannelSetAttributes(1, -1, -1, -25)",
                        "BASS_ChannelSetAttributes(1, -1, 80, 0)",
                        "BASS_StreamPlay(1, 0, 0)",

@@ -89,5 +89,64 @@ TEST_F(PlayListRow, rowsOneAfterTheOther) {
     EXPECT_EQ(list_.seconds(3), 65);
 }
 
+TEST_F(PlayListRow, withCrossfadeARowOfTheListFadesEvenIfItIsTheFirst) {
+    state_.CrossfadeOn = true;
+    static_cast<void>(sound_.BASS_Init(1, 44100, 0, 0, 0));
+    set("CFDT", "4");
+    list_.SelectedIndex = 2;
+    transport_.Stdss_Play("");
+    EXPECT_EQ(state_.CrossfadeLeg, 1);
+    EXPECT_EQ(state_.ActiveChannel, player::ChannelSlot::secondary);
+    EXPECT_THAT(sound_.calls, testing::Not(testing::Contains("BASS_Free()")));
+    EXPECT_EQ(sound_.calls.back(), "BASS_ChannelSlideAttributes(1, -1, 80, -101, 4000)");
+    EXPECT_EQ(list_.seconds(2), 65);
+    EXPECT_EQ(view_.last.caption, " two (01:05)");
+}
+
+TEST_F(PlayListRow, aMissingFadeTimeGoesToTheGuardOfTheList) {
+    takeOut("CFDT");
+    list_.SelectedIndex = 2;
+    transport_.Stdss_Play("");
+    EXPECT_THAT(logged(), ElementsAre("Invalid use of Null,94,Player,playlist_play"));
+    ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
+    EXPECT_EQ(host_.dialogs.boxes[0].title, " in sub  Stdss_Play");
+    EXPECT_EQ(state_.TracksStarted, 0);
+}
+
+TEST_F(PlayListRow, withCrossfadeThePlainListFadesFromTheSecondTrackOn) {
+    state_.CrossfadeOn = true;
+    mirror_.ListIndex(0);
+    transport_.List1_DblClick();
+    EXPECT_EQ(state_.CrossfadeLeg, 2);
+    sound_.calls.clear();
+    mirror_.ListIndex(1);
+    transport_.List1_DblClick();
+    EXPECT_EQ(state_.CrossfadeLeg, 1);
+    EXPECT_THAT(sound_.calls,
+                testing::Contains("BASS_ChannelSlideAttributes(1, -1, 0, -101, 5000)"));
+    EXPECT_EQ(list_.SelectedIndex, 2);
+}
+
+TEST_F(PlayListRow, aClearedCountMakesTheNextStartAPlainOne) {
+    state_.CrossfadeOn = true;
+    state_.ClearCounterOnPlay = true;
+    state_.TracksStarted = 3;
+    mirror_.ListIndex(1);
+    transport_.List1_DblClick();
+    EXPECT_FALSE(state_.ClearCounterOnPlay);
+    EXPECT_EQ(state_.TracksStarted, 1);
+    EXPECT_EQ(state_.CrossfadeLeg, 2);
+    EXPECT_THAT(sound_.calls, testing::Contains("BASS_Free()"));
+}
+
+TEST_F(PlayListRow, withoutCrossfadeTheRequestStays) {
+    state_.ClearCounterOnPlay = true;
+    state_.TracksStarted = 3;
+    mirror_.ListIndex(1);
+    transport_.List1_DblClick();
+    EXPECT_TRUE(state_.ClearCounterOnPlay);
+    EXPECT_EQ(state_.TracksStarted, 4);
+}
+
 } // namespace
 } // namespace tovik::test

@@ -22,15 +22,29 @@ std::string tagBytes(const TagTexts& tag) {
 } // namespace
 
 PlayerRig::PlayerRig()
-    : transport_({.state = state_,
+    : crossfade_({.state = state_,
+                  .sound = sound_,
+                  .settings = settings_,
+                  .errors = errors_,
+                  .opener = opener_,
+                  .starter = starter_,
+                  .facts = facts_,
+                  .volume = volume_,
+                  .list = list_,
+                  .elements = elements_,
+                  .view = view_,
+                  .events = events_,
+                  .CrossFade = *CrossFade_,
+                  .Timer3 = *Timer3_}),
+      transport_({.state = state_,
                   .sound = sound_,
                   .errors = errors_,
                   .time = time_,
                   .opener = opener_,
                   .facts = facts_,
-                  .volume = volume_,
-                  .balance = balance_,
-                  .equalizer = startEqualizer_,
+                  .starter = starter_,
+                  .crossfade = crossfade_,
+                  .settings = settings_,
                   .list = list_,
                   .mirror = mirror_,
                   .elements = elements_,
@@ -38,8 +52,33 @@ PlayerRig::PlayerRig()
                   .view = view_,
                   .events = events_,
                   .window = window_,
-                  .Timer3 = *Timer3_}) {
-    values_ = {{"EV2", "0"}, {"OSD", "0"}, {"TKXV", "0,1"}, {"TKV2", "1"}};
+                  .Timer3 = *Timer3_}),
+      advance_({.state = state_,
+                .settings = settings_,
+                .errors = errors_,
+                .transport = transport_,
+                .crossfade = crossfade_,
+                .list = list_,
+                .mirror = mirror_,
+                .elements = elements_,
+                .playing = playing_,
+                .view = view_,
+                .random = host_.random}),
+      silenceSkip_({.state = state_,
+                    .sound = sound_,
+                    .time = time_,
+                    .settings = settings_,
+                    .errors = errors_,
+                    .list = list_,
+                    .advance = advance_,
+                    .elements = elements_,
+                    .sldTimer = *sldTimer_,
+                    .CrossFade = *CrossFade_}) {
+    Timer1_->setInterval(player::PlaybackClock::kTimer1Ms);
+    Timer3_->setInterval(player::PlaybackClock::kTimer3Ms);
+    sldTimer_->setInterval(player::SilenceSkip::kSldTimerMs);
+    values_ = {{"CFDT", "5"}, {"SLDT", "50"},  {"EV2", "0"},
+               {"OSD", "0"},  {"TKXV", "0,1"}, {"TKV2", "1"}};
     writeSettings();
     state_.CurrentVolume = 80;
     state_.BalanceValue = -25;
@@ -70,6 +109,32 @@ std::string PlayerRig::track(const std::string& name, const FakeFile& sound, std
         host_.folder.write(name, std::string(bytes, 's') + (tag != nullptr ? tagBytes(*tag) : ""));
     sound_.files[path] = sound;
     return path;
+}
+
+void PlayerRig::addRows(int count, const FakeFile& sound) {
+    for (int row = list_.ListCount() + 1; count > 0; ++row, --count) {
+        const std::string name = std::to_string(row);
+        list_.AddItem("", track(name, sound), "T" + name, "00:00", 0);
+    }
+}
+
+std::string PlayerRig::offered() const {
+    static const std::string kOffer = "BASS_StreamCreateFile(0, ";
+    std::string name;
+    for (const std::string& call : sound_.calls) {
+        if (call.starts_with(kOffer)) {
+            name = call.substr(kOffer.size(), call.find(',', kOffer.size()) - kOffer.size());
+        }
+    }
+    return name.substr(name.rfind('/') + 1);
+}
+
+void PlayerRig::advance(std::int64_t milliseconds) {
+    constexpr std::int64_t kStep = 10;
+    for (std::int64_t passed = 0; passed < milliseconds; passed += kStep) {
+        sound_.elapse(kStep);
+        host_.clock.advanceTo(host_.clock.monotonicMs() + kStep);
+    }
 }
 
 void PlayerRig::fetchRow(const std::string& path, const std::string& title) {

@@ -4,6 +4,13 @@
 
 #include "config/clsXML.h"
 #include "player/Balance.h"
+#include "player/Crossfade.h"
+#include "player/FadeOut.h"
+#include "player/PlaybackClock.h"
+#include "player/RotatingCaption.h"
+#include "player/SilenceSkip.h"
+#include "player/TrackAdvance.h"
+#include "player/TrackStarter.h"
 #include "player/Transport.h"
 #include "player/VolumeBar.h"
 #include "support/host/TestHost.h"
@@ -32,7 +39,11 @@ public:
         note("facts", playing);
     }
 
+    void showFormat(const player::NowPlaying& playing) override { note("format", playing); }
+
     void showTitles(const player::NowPlaying& playing) override { note("titles", playing); }
+
+    void showCaptions(const player::NowPlaying& playing) override { note("captions", playing); }
 
     void showTime(const player::NowPlaying& playing) override { note("time", playing); }
 
@@ -87,17 +98,15 @@ public:
     [[nodiscard]] std::uintptr_t handle() const override { return kNumber; }
 };
 
-/// Notes after how many calls of the sound library each start asked for its filters.
+/// Writes among the calls of the sound library that a start asked for its filters.
 class NotedEqualizer final : public player::StartEqualizer {
 public:
-    explicit NotedEqualizer(const std::vector<std::string>& calls) : calls_(calls) {}
+    explicit NotedEqualizer(std::vector<std::string>& calls) : calls_(calls) {}
 
-    std::vector<std::size_t> asked;
-
-    void Set_EQ() override { asked.push_back(calls_.size()); }
+    void Set_EQ() override { calls_.emplace_back("Set_EQ"); }
 
 private:
-    const std::vector<std::string>& calls_;
+    std::vector<std::string>& calls_;
 };
 
 /// The texts of an ID3v1 tag.
@@ -121,6 +130,15 @@ protected:
     /// A file on the disk that the sound library knows; returns its path.
     std::string track(const std::string& name, const FakeFile& sound, std::size_t bytes = 1000,
                       const TagTexts* tag = nullptr);
+
+    /// Rows 1 to `count`, files "1", "2" ... of that kind.
+    void addRows(int count, const FakeFile& sound);
+
+    /// The name of the file that was offered to the decoders last; empty for an empty path.
+    [[nodiscard]] std::string offered() const;
+
+    /// Lets time pass for sound and timers alike, in steps of 10 ms.
+    void advance(std::int64_t milliseconds);
 
     /// Puts a row into the list and fetches it, as callers of `Burnbaby` do.
     void fetchRow(const std::string& path, const std::string& title);
@@ -151,8 +169,21 @@ protected:
     player::Balance balance_{state_, sound_, errors_, elements_, playing_, view_};
     NotedEqualizer startEqualizer_{sound_.calls};
     player::TrackFacts facts_{state_, time_, settings_, tag_, list_, playing_, view_, events_};
-    std::unique_ptr<host::Timer> Timer3_ = host_.clock.makeTimer([] {});
+    player::TrackStarter starter_{state_, sound_, volume_, balance_, startEqualizer_};
+    std::unique_ptr<host::Timer> Timer1_ = host_.clock.makeTimer([this] { clock_.Timer1(); });
+    std::unique_ptr<host::Timer> Timer3_ = host_.clock.makeTimer([this] { clock_.Timer3(); });
+    std::unique_ptr<host::Timer> sldTimer_ =
+        host_.clock.makeTimer([this] { silenceSkip_.SLD_Timer(); });
+    std::unique_ptr<host::Timer> CrossFade_ =
+        host_.clock.makeTimer([this] { crossfade_.crossfade_Timer(); });
+    std::unique_ptr<host::Timer> FadeOut_ =
+        host_.clock.makeTimer([this] { fadeOut_.FadeOut_Timer(); });
+    player::Crossfade crossfade_;
     player::Transport transport_;
+    player::TrackAdvance advance_;
+    player::SilenceSkip silenceSkip_;
+    player::FadeOut fadeOut_{state_, sound_, settings_, transport_, *FadeOut_};
+    player::PlaybackClock clock_{state_, time_, errors_, playing_, view_, advance_};
 
 private:
     void writeSettings() const;

@@ -55,6 +55,22 @@ void FakeSoundLibrary::setSeconds(Handle handle, double seconds) {
     channel(handle).position = bytesOf(channel(handle).file, seconds);
 }
 
+void FakeSoundLibrary::elapse(std::int64_t milliseconds) {
+    for (auto& [handle, channel] : channels_) {
+        if (paused || channel.activity != Activity::playing) {
+            continue;
+        }
+        const std::int64_t length = bytesOf(channel.file, channel.file.seconds);
+        channel.position += milliseconds * channel.file.rate / 1000 * frameBytes(channel.file);
+        if (channel.position >= length && channel.file.kind == FakeKind::music) {
+            channel.position -= length;
+        } else if (channel.position >= length) {
+            channel.position = length;
+            channel.activity = Activity::stopped;
+        }
+    }
+}
+
 Handle FakeSoundLibrary::add(const FakeFile& file, std::uint32_t flags) {
     channels_[++lastHandle_] = {.file = file, .flags = flags};
     return lastHandle_;
@@ -305,7 +321,11 @@ bool FakeSoundLibrary::BASS_ChannelGetInfo(Handle handle, sound::BASS_CHANNELINF
 }
 
 std::int32_t FakeSoundLibrary::BASS_ChannelGetLevel(Handle handle) {
-    return lives(handle) ? 0 : -1;
+    const Channel* const channel = find(handle);
+    if (channel == nullptr || paused) {
+        return -1;
+    }
+    return channel->activity == Activity::stopped ? 0 : channel->level;
 }
 
 std::int32_t FakeSoundLibrary::BASS_ChannelGetData(Handle, void*, std::uint32_t) {

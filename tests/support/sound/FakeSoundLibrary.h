@@ -37,6 +37,7 @@ public:
         sound::Activity activity = sound::Activity::stopped;
         int volume = 100;
         int pan = 0;
+        std::int32_t level = 1; ///< left in the low word, right in the high one
     };
 
     struct Effect {
@@ -73,6 +74,9 @@ public:
     [[nodiscard]] std::vector<float> gains(sound::Handle channel) const;
 
     void setSeconds(sound::Handle handle, double seconds);
+
+    /// Lets time pass for what plays. A stream ends at its length, a module begins anew.
+    void elapse(std::int64_t milliseconds);
 
     bool initialized = false;
     bool paused = false;

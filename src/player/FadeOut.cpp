@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/FadeOut.h"
+
+#include "player/FadeTime.h"
+
+namespace tovik::player {
+
+void FadeOut::FadeOutTrack() {
+    constexpr int kKeepFrequency = -1;
+    constexpr int kKeepPan = -101;
+    const std::int32_t milliseconds = fadeMilliseconds(fadeSeconds(settings_));
+    timer_.setInterval(milliseconds);
+    timer_.setEnabled(true);
+    sound_.BASS_ChannelSlideAttributes(state_.active(), kKeepFrequency, 0, kKeepPan,
+                                       static_cast<std::uint32_t>(milliseconds));
+}
+
+void FadeOut::FadeOut_Timer() {
+    transport_.button_stop();
+    timer_.setEnabled(false);
+}
+
+} // namespace tovik::player

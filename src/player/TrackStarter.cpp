@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/TrackStarter.h"
+
+#include <array>
+
+namespace tovik::player {
+
+void TrackStarter::startPlainly(sound::Handle channel, const std::string& path) {
+    static constexpr std::array kWma = {Act::equalizer, Act::balance, Act::readMode, Act::volume,
+                                        Act::playStream};
+    static constexpr std::array kOthers = {Act::equalizer,  Act::balance,    Act::readMode,
+                                           Act::volume,     Act::playModule, Act::volume,
+                                           Act::playStream, Act::volume};
+    start(channel, path, {.wma = kWma, .others = kOthers});
+}
+
+void TrackStarter::startBeside(sound::Handle channel, const std::string& path) {
+    static constexpr std::array kWma = {Act::equalizer, Act::balance, Act::volume, Act::playStream};
+    static constexpr std::array kOthers = {Act::volume,     Act::equalizer, Act::balance,
+                                           Act::playModule, Act::balance,   Act::volume,
+                                           Act::playStream, Act::volume};
+    start(channel, path, {.wma = kWma, .others = kOthers});
+}
+
+void TrackStarter::startDiscBeside(sound::Handle channel) {
+    equalizer_.Set_EQ();
+    balance_.ApplyBalance(state_.BalanceValue);
+    volume_.apply();
+    sound_.BASS_StreamPlay(channel, true, 0);
+}
+
+void TrackStarter::start(sound::Handle channel, const std::string& path, const Ways& ways) {
+    if (sound_.BASS_WMA_GetIWMReader(channel) > 0) {
+        openForNothing(path);
+        run(channel, ways.wma);
+        state_.IsWmaStream = true;
+    } else {
+        state_.IsWmaStream = false;
+        run(channel, ways.others);
+    }
+}
+
+void TrackStarter::openForNothing(const std::string& path) {
+    // A file of this kind is opened once more and nothing is done with it. It is freed at once:
+    // crossfades never reset the device, and there such streams would pile up.
+    sound_.BASS_StreamFree(
+        sound_.BASS_WMA_StreamCreateFile(false, path, 0, 0, sound::BASS_SAMPLE_FX));
+}
+
+void TrackStarter::run(sound::Handle channel, std::span<const Act> acts) {
+    for (const Act act : acts) {
+        switch (act) {
+        case Act::readMode:
+            volume_.readMode();
+            break;
+        case Act::equalizer:
+            equalizer_.Set_EQ();
+            break;
+        case Act::balance:
+            balance_.ApplyBalance(state_.BalanceValue);
+            break;
+        case Act::volume:
+            volume_.apply();
+            break;
+        case Act::playModule:
+            // One of the two play calls is meant for the handle; the other fails without effect.
+            sound_.BASS_MusicPlay(channel);
+            break;
+        case Act::playStream:
+            sound_.BASS_StreamPlay(channel, false, 0);
+            break;
+        }
+    }
+}
+
+} // namespace tovik::player

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/PlayerRig.h"
+
+namespace tovik::test {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::Not;
+
+class FadeOut : public PlayerRig {
+protected:
+    void play(double seconds) {
+        const std::string path = track("a", {.seconds = seconds});
+        fetchRow(path, "Song");
+        transport_.Burnbaby(path, 0, "");
+        sound_.calls.clear();
+    }
+};
+
+TEST_F(FadeOut, slidesToSilenceAndStops) {
+    play(60);
+    set("CFDT", "3");
+    fadeOut_.FadeOutTrack();
+    EXPECT_THAT(sound_.calls, ElementsAre("BASS_ChannelSlideAttributes(1, -1, 0, -101, 3000)"));
+    advance(2990);
+    EXPECT_TRUE(state_.IsPlaying);
+    advance(10);
+    EXPECT_FALSE(state_.IsPlaying);
+    EXPECT_EQ(view_.last.percent, 0);
+    EXPECT_EQ(view_.last.time, "00:00");
+    EXPECT_FALSE(FadeOut_->enabled());
+    EXPECT_FALSE(sound_.lives(1));
+}
+
+TEST_F(FadeOut, slidesTheActiveChannel) {
+    play(60);
+    state_.SecondaryChannel = 9;
+    state_.ActiveChannel = player::ChannelSlot::secondary;
+    fadeOut_.FadeOutTrack();
+    EXPECT_THAT(sound_.calls, ElementsAre("BASS_ChannelSlideAttributes(9, -1, 0, -101, 5000)"));
+}
+
+TEST_F(FadeOut, withATimeOfZeroTheTrackPlaysOnMute) {
+    play(60);
+    set("CFDT", "0");
+    fadeOut_.FadeOutTrack();
+    EXPECT_THAT(sound_.calls, ElementsAre("BASS_ChannelSlideAttributes(1, -1, 0, -101, 0)"));
+    advance(30000);
+    EXPECT_TRUE(state_.IsPlaying);
+    EXPECT_TRUE(FadeOut_->enabled());
+}
+
+TEST_F(FadeOut, stopsATrackThatStartedMeanwhile) {
+    play(60);
+    fadeOut_.FadeOutTrack();
+    advance(1000);
+    play(60);
+    advance(4000);
+    EXPECT_FALSE(state_.IsPlaying);
+}
+
+TEST_F(FadeOut, aTimeThatIsNoNumberStartsNothing) {
+    play(60);
+    set("CFDT", "long");
+    EXPECT_THROW(fadeOut_.FadeOutTrack(), base::RuntimeError);
+    EXPECT_FALSE(FadeOut_->enabled());
+    EXPECT_THAT(sound_.calls, Not(Contains(testing::HasSubstr("Slide"))));
+}
+
+TEST_F(FadeOut, aTimeBelowZeroIsNone) {
+    play(60);
+    set("CFDT", "-3");
+    fadeOut_.FadeOutTrack();
+    EXPECT_THAT(sound_.calls, ElementsAre("BASS_ChannelSlideAttributes(1, -1, 0, -101, 0)"));
+}
+
+} // namespace
+} // namespace tovik::test
