@@ -140,6 +140,7 @@ void frmPlayer::startTimers() {
     // These wait until a track plays or their mode is on.
     Timer3_->setInterval(player::PlaybackClock::kTimer3Ms);
     sldTimer_->setInterval(player::SilenceSkip::kSldTimerMs);
+    Timer6_->setInterval(skin::Panels::kTimer6Ms);
 }
 
 void frmPlayer::take(std::span<const Step> steps) {
@@ -188,9 +189,13 @@ void frmPlayer::Play(const std::string& itemData) {
 
 void frmPlayer::Timer4() {
     config::guard(errors_, config::player("Timer4"), [this] {
-        if (state_.LoadFinished && state_.NoCommandLine) {
+        if (!state_.LoadFinished) {
+            return;
+        }
+        // A start with a file never reads the saved list, so there is nothing to wait for.
+        Timer4_->setEnabled(false);
+        if (state_.NoCommandLine) {
             autoload_playlist();
-            Timer4_->setEnabled(false);
         }
     });
 }

@@ -293,7 +293,8 @@ private:
     player::FadeOut fadeOut_;
     player::PlaybackClock clock_{state_, time_, errors_, playing_, display_, advance_};
     player::RotatingCaption caption_{state_, errors_, playing_, display_};
-    skin::Panels panels_{state_, elements_, window_, errors_};
+    std::unique_ptr<host::Timer> Timer6_ = host_.timers.makeTimer([this] { panels_.Timer6(); });
+    skin::Panels panels_{state_, elements_, window_, errors_, *Timer6_};
 
     player::TimeDisplay timeDisplay_{state_, playing_, display_};
     player::PositionBar positionBar_;

@@ -2,11 +2,11 @@
 #include "player/SilenceSkip.h"
 
 #include "base/Numbers.h"
+#include "base/RuntimeError.h"
 #include "config/SettingText.h"
 #include "player/ModeFaces.h"
 
 #include <limits>
-#include <utility>
 
 namespace tovik::player {
 
@@ -26,18 +26,17 @@ void SilenceSkip::watch() {
     p_.sldTimer.setEnabled(p_.state.SilenceSkipOn);
 }
 
-template <typename Statement>
-bool SilenceSkip::attempt(Statement&& statement) const {
-    return config::guard(p_.errors, config::player("sldTimer"), std::forward<Statement>(statement));
-}
-
 bool SilenceSkip::opened() const {
     double progress = 0;
     if (p_.state.ActiveChannel != ChannelSlot::none) {
-        attempt([&] {
+        try {
             const std::int32_t position = p_.time.GetPlayingPos(p_.state.active());
             progress = base::divide(position, p_.time.GetDuration(p_.state.active()));
-        });
+        } catch (const base::RuntimeError&) {
+            // The tick carries on behind a statement that failed, ten times a second: it says
+            // nothing, and the track counts as at its start.
+            progress = 0;
+        }
     }
     return progress >= silenceCountsFrom(silenceThreshold_);
 }
@@ -55,7 +54,7 @@ void SilenceSkip::SLD_Timer() {
         return;
     }
     state.SilenceTicks = 0;
-    attempt([this] { p_.advance.endTrack(); });
+    config::guard(p_.errors, config::player("sldTimer"), [this] { p_.advance.endTrack(); });
 }
 
 void SilenceSkip::button_sld() {

@@ -39,7 +39,7 @@ public:
     /// Lets `sldTimer` tick while the mode is on; its tick would do nothing otherwise.
     void watch();
 
-    /// The tick of `sldTimer`. After an error, which is reported, it carries on with what follows.
+    /// The tick of `sldTimer`. It carries on behind a figure that cannot be had.
     void SLD_Timer();
 
     /// The switch of the mode. Switching it on reads the threshold from "SLDT". Raises 94 and 13
@@ -47,8 +47,6 @@ public:
     void button_sld();
 
 private:
-    template <typename Statement>
-    bool attempt(Statement&& statement) const;
     [[nodiscard]] bool opened() const;
 
     SilenceSkipParts p_;

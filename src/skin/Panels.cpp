@@ -43,9 +43,17 @@ void Panels::Switch_Win(std::string_view mask) {
         RefreshTabs();
         apply(place);
         state_.RadioPanelActive = static_cast<Panel>(state_.CurrentPanel) == Panel::radio;
+        Timer6_.setEnabled(true);
         if (static_cast<Panel>(state_.CurrentPanel) == Panel::main) {
             ApplyQuickList();
         }
+    });
+}
+
+void Panels::Timer6() {
+    config::guard(errors_, config::player("timer6"), [this] {
+        Timer6_.setEnabled(false);
+        elements_.touch(MainElement::RadioLst).visible = state_.RadioPanelActive;
     });
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "config/Errors.h"
+#include "host/Timer.h"
 #include "player/PlayerState.h"
 #include "player/PlayerWindow.h"
 #include "skin/PanelTable.h"
@@ -18,13 +19,19 @@ class Panels {
 public:
     /// All of them outlive the object.
     Panels(player::PlayerState& state, ui::MainElements& elements, player::PlayerWindow& window,
-           const config::Errors& errors)
-        : state_(state), elements_(elements), window_(window), errors_(errors) {}
+           const config::Errors& errors, host::Timer& Timer6)
+        : state_(state), elements_(elements), window_(window), errors_(errors), Timer6_(Timer6) {}
+
+    static constexpr int kTimer6Ms = 1;
 
     /// Shows the panel at the place of the first "1" in the mask: "10000" main, "01000"
     /// equalizer, "00100" playlist, "00010" rip, "00001" radio. Any other mask does nothing, nor
     /// does any while `PanelLock` is held. Whatever fails half way is logged and left so.
     void Switch_Win(std::string_view mask);
+
+    /// The tick of `Timer6`: shows the list of stations on its panel and hides it on the others. It
+    /// ticks once after a switch, since nothing else changes what it looks at.
+    void Timer6();
 
     /// Each tab gets its up face, that of the current panel its down face.
     void RefreshTabs();
@@ -58,6 +65,7 @@ private:
     ui::MainElements& elements_;
     player::PlayerWindow& window_;
     const config::Errors& errors_;
+    host::Timer& Timer6_;
 };
 
 } // namespace tovik::skin

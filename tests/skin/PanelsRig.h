@@ -8,6 +8,7 @@
 #include "support/host/TestHost.h"
 
 #include <cstdint>
+#include <memory>
 
 namespace tovik::skin {
 
@@ -23,6 +24,7 @@ struct PanelsRig {
         for (std::size_t i = 0; i < elements.count(ui::MainElement::Image2); ++i) {
             elements.touch(ui::MainElement::Image2, i).picture = look(i);
         }
+        Timer6->setInterval(Panels::kTimer6Ms);
         elements.touch(ui::MainElement::qpl_exp).picture = look(50);
         elements.touch(ui::MainElement::qpl_col).picture = look(51);
     }
@@ -46,7 +48,8 @@ struct PanelsRig {
     FocusWindow window;
     config::ErrHandler log{host.paths, host.clock, host.operatingSystem};
     config::Errors errors{log, host.dialogs};
-    Panels panels{state, elements, window, errors};
+    std::unique_ptr<host::Timer> Timer6 = host.clock.makeTimer([this] { panels.Timer6(); });
+    Panels panels{state, elements, window, errors, *Timer6};
 };
 
 } // namespace tovik::skin

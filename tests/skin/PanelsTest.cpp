@@ -70,10 +70,15 @@ TEST_F(PanelsTest, aSwitchTakesTheFocusAndTurnsTheTabs) {
 TEST_F(PanelsTest, onlyTheRadioPanelIsTheRadioPanel) {
     rig_.panels.Switch_Win("00001");
     EXPECT_TRUE(rig_.state.RadioPanelActive);
+    rig_.host.clock.advanceTo(10);
+    EXPECT_TRUE(rig_.elements.get(N::RadioLst).visible);
     // No panel hides the stations: the tick of a timer does.
     rig_.panels.Switch_Win("00010");
     EXPECT_FALSE(rig_.state.RadioPanelActive);
     EXPECT_TRUE(rig_.elements.get(N::RadioLst).visible);
+    rig_.host.clock.advanceTo(11);
+    EXPECT_FALSE(rig_.elements.get(N::RadioLst).visible);
+    EXPECT_FALSE(rig_.Timer6->enabled());
 }
 
 TEST_F(PanelsTest, aRepeatedSwitchAppliesTheTableAgain) {
