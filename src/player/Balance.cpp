@@ -40,7 +40,7 @@ constexpr std::size_t kStartPercentStep = 0;
 
 /// The step of a balance; that of a value between them is the first.
 std::size_t stepOf(std::int16_t value) {
-    const auto found = std::ranges::find(kSteps, value, &Step::pan);
+    const auto* const found = std::ranges::find(kSteps, value, &Step::pan);
     return found == kSteps.end() ? 0 : static_cast<std::size_t>(found - kSteps.begin());
 }
 
@@ -51,10 +51,10 @@ bool isLit(std::size_t lamp, std::size_t step) {
 
 } // namespace
 
-void Balance::ApplyBalance(std::int16_t value) {
-    showLamps(stepOf(value));
+void Balance::ApplyBalance(std::int16_t pan) {
+    showLamps(stepOf(pan));
     if (state_.ActiveChannel != ChannelSlot::none) {
-        sound_.BASS_ChannelSetAttributes(state_.active(), kKeep, kKeep, value);
+        sound_.BASS_ChannelSetAttributes(state_.active(), kKeep, kKeep, pan);
     }
 }
 

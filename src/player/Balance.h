@@ -24,7 +24,7 @@ public:
 
     /// Shows a balance, -100 to 100, on the lamps and sets the pan of the active channel. A value
     /// between the steps gets the lamps of the leftmost one and its own pan.
-    void ApplyBalance(std::int16_t value);
+    void ApplyBalance(std::int16_t pan);
 
     /// A click on lamp 0 to 8: its step becomes the balance of both channels.
     void Balbar_Click(std::int16_t index);

@@ -19,7 +19,7 @@ constexpr double kSliderSteps = 10; ///< steps from the middle
 std::string gainText(std::int32_t slider) {
     const double gain = (kSliderMiddle - slider) * kStoredRange / kSliderSteps;
     std::array<char, 32> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), gain).ptr;
+    char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), gain).ptr;
     return {digits.data(), end};
 }
 

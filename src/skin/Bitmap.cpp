@@ -28,7 +28,7 @@ std::uint32_t plainPixel(const BitmapHeader& header, Bytes row, std::size_t x) {
     if (header.bits <= 8) {
         const std::size_t inByte = 8 / static_cast<std::size_t>(header.bits);
         const std::size_t fromLeft = x % inByte;
-        const unsigned shift =
+        const auto shift =
             static_cast<unsigned>((inByte - 1 - fromLeft) * static_cast<std::size_t>(header.bits));
         return header.palette[(row[x / inByte] >> shift) & ((1U << header.bits) - 1)];
     }

@@ -24,6 +24,6 @@ inline constexpr std::size_t kMostRegionWork = std::size_t{1} << 24;
 
 /// Nothing for bytes that are no such record, end early, or ask for too much. What follows the
 /// record is not looked at; empty rectangles are none.
-[[nodiscard]] std::optional<Region> regionFromData(std::string_view bytes);
+[[nodiscard]] std::optional<Region> regionFromData(std::string_view text);
 
 } // namespace tovik::ui
