@@ -4,38 +4,9 @@
 #include <algorithm>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QWindow>
 
 namespace tovik::app {
-
-class MainWindow::ListWatch final : public playlist::ListObserver {
-public:
-    ListWatch(playlist::stdSS& list, ui::ListWidget& widget) : list_(list), widget_(widget) {
-        list_.addObserver(*this);
-    }
-
-    ~ListWatch() override { list_.removeObserver(*this); }
-
-    ListWatch(const ListWatch&) = delete;
-    ListWatch& operator=(const ListWatch&) = delete;
-
-    /// A long read gives way to the window again and again: a list that was painted anew each time
-    /// would make it wait for the painting.
-    void rowsInserted(playlist::Row, playlist::Row) override { widget_.refreshSoon(); }
-
-    void rowsRemoved(std::span<const playlist::Row>) override { widget_.refresh(); }
-
-    void rowsCleared() override { widget_.refresh(); }
-
-    void rowChanged(playlist::Row row) override {
-        widget_.refreshRow(static_cast<std::size_t>(row) - 1);
-    }
-
-    void looksChanged(playlist::Row, playlist::Row) override { widget_.refresh(); }
-
-private:
-    playlist::stdSS& list_;
-    ui::ListWidget& widget_;
-};
 
 MainWindow::MainWindow(const host::Host& host) : host_(host) {}
 
@@ -43,18 +14,13 @@ MainWindow::~MainWindow() = default;
 
 void MainWindow::attach(frmPlayer& player) {
     language_ = &player.language();
-    rows_ =
-        std::make_unique<player::QuickListRows>(player.List1(), player.stdSS(), player.transport());
     skin_ = std::make_unique<ui::SkinWindow>(player.elements(), player.pictures(), player.input(),
                                              host_.dispatcher);
     // For a start that fails before it comes to the captions.
     skin_->setCaption("Tovik");
     // Tells it from boxes and dialogs, for rules of window managers; the caption follows the track.
     skin_->setWindowRole(QStringLiteral("player"));
-    // The window's object tree owns the list.
-    auto* list = new ui::ListWidget(*rows_, *rows_, host_.dispatcher);
-    skin_->hostControl(ui::MainElement::List1, 0, list);
-    watch_ = std::make_unique<ListWatch>(player.stdSS(), *list);
+    controls_ = std::make_unique<MainControls>(player, *skin_, host_.dispatcher);
 }
 
 void MainWindow::show() {
@@ -88,7 +54,7 @@ void MainWindow::minimise() {
 }
 
 void MainWindow::takeFocus() {
-    skin_->setFocus();
+    controls_->takeFocus();
 }
 
 void MainWindow::showLoadPreset(player::frmLoadPreset& dialog) {
@@ -103,16 +69,27 @@ void MainWindow::setCaption(const std::string& caption) {
 }
 
 void MainWindow::setTaskbarButton(bool shown) {
+    if ((skin_->windowType() == Qt::Tool) == !shown) {
+        return;
+    }
+    // Changing the kind of a window takes it off the screen.
+    const bool visible = skin_->isVisible();
     skin_->setWindowFlag(Qt::Tool, !shown);
+    skin_->setVisible(visible);
 }
 
 void MainWindow::setTopmost(bool topmost) {
     if (skin_->windowFlags().testFlag(Qt::WindowStaysOnTopHint) == topmost) {
         return;
     }
-    const bool shown = skin_->isVisible();
-    skin_->setWindowFlag(Qt::WindowStaysOnTopHint, topmost);
-    skin_->setVisible(shown);
+    const Qt::WindowFlags flags = skin_->windowFlags().setFlag(Qt::WindowStaysOnTopHint, topmost);
+    if (skin_->windowHandle() == nullptr) {
+        skin_->setWindowFlags(flags);
+        return;
+    }
+    // The widget would take itself off the screen for it; the window system need not.
+    skin_->overrideWindowFlags(flags);
+    skin_->windowHandle()->setFlag(Qt::WindowStaysOnTopHint, topmost);
 }
 
 std::uintptr_t MainWindow::handle() const {

@@ -5,9 +5,8 @@
 
 #include "app/frmPlayer.h"
 #include "app/LoadPresetDialog.h"
+#include "app/MainControls.h"
 #include "player/PlayerWindow.h"
-#include "player/QuickListRows.h"
-#include "ui/qt/ListWidget.h"
 #include "ui/qt/SkinWindow.h"
 #include "ui/qt/SplashWindow.h"
 
@@ -50,14 +49,10 @@ public:
     [[nodiscard]] int top() const override;
 
 private:
-    /// Tells the list widget what changed in the list.
-    class ListWatch;
-
     host::Host host_;
-    std::unique_ptr<player::QuickListRows> rows_;
+    std::unique_ptr<MainControls> controls_; ///< outlives the widgets, which ask it
     std::unique_ptr<ui::SkinWindow> skin_;
     std::unique_ptr<ui::SplashWindow> splash_;
-    std::unique_ptr<ListWatch> watch_;
     config::MultiLNG* language_ = nullptr;  ///< the player's, since `attach`
     QPointer<LoadPresetDialog> loadPreset_; ///< the window's object tree owns it
 };

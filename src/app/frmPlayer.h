@@ -125,6 +125,10 @@ public:
 
     [[nodiscard]] playlist::stdSS& stdSS() { return stdSS_; }
 
+    [[nodiscard]] playlist::stdSS& lstTracks() { return lstTracks_; }
+
+    [[nodiscard]] playlist::stdSS& RadioLst() { return RadioLst_; }
+
     [[nodiscard]] playlist::ListMirror& List1() { return List1_; }
 
     [[nodiscard]] const config::Errors& errors() const { return errors_; }

@@ -11,6 +11,11 @@ std::string QuickListRows::text(std::size_t row) const {
     return std::string(mirror_.List(static_cast<std::int32_t>(row)));
 }
 
+std::optional<std::size_t> QuickListRows::current() const {
+    const std::int32_t item = mirror_.ListIndex();
+    return item >= 0 ? std::optional(static_cast<std::size_t>(item)) : std::nullopt;
+}
+
 bool QuickListRows::selected(std::size_t row) const {
     return mirror_.ListIndex() == static_cast<std::int32_t>(row);
 }

@@ -17,6 +17,7 @@ public:
 
     [[nodiscard]] std::size_t rows() const override;
     [[nodiscard]] std::string text(std::size_t row) const override;
+    [[nodiscard]] std::optional<std::size_t> current() const override;
     [[nodiscard]] bool selected(std::size_t row) const override;
     [[nodiscard]] bool marked(std::size_t row) const override;
 

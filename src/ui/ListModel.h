@@ -6,6 +6,7 @@
 #include "ui/WindowInput.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 
 namespace tovik::ui {
@@ -21,6 +22,15 @@ public:
 
     /// Bytes: valid UTF-8, or else Windows-1252.
     [[nodiscard]] virtual std::string text(std::size_t row) const = 0;
+
+    /// What stands in front of the text, such as "12. "; bytes likewise.
+    [[nodiscard]] virtual std::string numberText(std::size_t /*row*/) const { return {}; }
+
+    /// What stands in the column of the times; bytes likewise.
+    [[nodiscard]] virtual std::string timeText(std::size_t /*row*/) const { return {}; }
+
+    /// The row that the cursor keys start from; one that is not there counts as none.
+    [[nodiscard]] virtual std::optional<std::size_t> current() const = 0;
 
     [[nodiscard]] virtual bool selected(std::size_t row) const = 0;
 
@@ -38,11 +48,21 @@ public:
     ListInput(const ListInput&) = delete;
     ListInput& operator=(const ListInput&) = delete;
 
-    /// The user chose a row, by a press or by the cursor keys; the modifiers say how.
+    /// The user chose a row, by a press or by the cursor keys. The modifiers of a press say how;
+    /// the keys choose one row alone.
     virtual void selectRow(std::size_t row, Modifiers modifiers) = 0;
 
-    /// A double click on a row, or Enter with the cursor on it.
+    /// A double click on a row.
     virtual void activateRow(std::size_t row) = 0;
+
+    /// Enter with that row as the current one.
+    virtual void enterRow(std::size_t row) { activateRow(row); }
+
+    /// A button that asks about a row went down on it; a row that was not selected is by now.
+    virtual void contextRow(std::size_t /*row*/) {}
+
+    /// Delete. Whether the key was used; an unused one goes on to the window.
+    virtual bool removeRows() { return false; }
 
 protected:
     ListInput() = default;

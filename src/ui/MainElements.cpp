@@ -134,7 +134,8 @@ constexpr auto kLayout = std::to_array<Place>({
     control(N::RadioLst, kWholePanel),
     control(N::musicSearchTxt, {320, 242, 130, 20}),
     control(N::cmbCDDrives, {110, 45, 342, 22}),
-    control(N::Text4, {0, 0, 1, 1}),
+    // Not hidden, or it could not hold the focus; it draws nothing.
+    control(N::Text4, {0, 0, 1, 1}, true),
     // Transport.
     button(N::backupIMG, transport(28), kPrevious),
     pressed(N::backdownIMG, transport(28), kPrevious),

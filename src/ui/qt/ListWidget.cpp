@@ -2,12 +2,15 @@
 #include "ui/qt/ListWidget.h"
 
 #include "ui/qt/DisplayText.h"
-#include "ui/qt/KeyCodes.h"
 
 #include <algorithm>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QTextDocument>
 #include <QTimerEvent>
+#include <QToolTip>
+#include <utility>
 
 namespace tovik::ui {
 
@@ -15,10 +18,11 @@ namespace {
 
 constexpr int kFontPixels = 11;
 constexpr int kRowPadding = 2;
-constexpr int kTextMargin = 4;
+constexpr int kTimeColumn = 30; ///< at the usual size of the font
+constexpr int kTimePadding = 6;
 constexpr int kSoonMs = 50;
 constexpr QRgb kSelected = 0xFF595FA0;
-constexpr QRgb kMarked = 0xFFFFB43C;
+constexpr Colour kMarked{255, 180, 60};
 
 /// A slim bar that goes with any back colour.
 const auto* const kScrollBarStyle =
@@ -44,7 +48,73 @@ ListWidget::ListWidget(const ListModel& model, ListInput& input, const host::Dis
     setFocusPolicy(Qt::ClickFocus);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     verticalScrollBar()->setStyleSheet(QString::fromLatin1(kScrollBarStyle));
+    colours_ = coloursOfPalette();
     fitScrollBar();
+}
+
+void ListWidget::setColours(const ListColours& colours) {
+    colours_ = colours;
+    ownColours_ = true;
+    refresh();
+}
+
+void ListWidget::showTimes() {
+    times_ = true;
+    refresh();
+}
+
+void ListWidget::setScrollerPicture(ListScroller::Source source) {
+    scroller_ = new ListScroller(std::move(source));
+    scroller_->setStyleSheet(QString::fromLatin1(kScrollBarStyle));
+    setVerticalScrollBar(scroller_);
+    fitScroller();
+    fitScrollBar();
+}
+
+void ListWidget::AlwaysShowScroller(bool always) {
+    setVerticalScrollBarPolicy(always ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAsNeeded);
+}
+
+/// Before a picture is loaded the bar has another width than afterwards.
+void ListWidget::fitScroller() {
+    if (scroller_ != nullptr) {
+        scroller_->setFactor(static_cast<double>(font().pixelSize()) / kFontPixels);
+        // Lays the bar and the rows out anew.
+        setViewportMargins({});
+    }
+}
+
+ListColours ListWidget::coloursOfPalette() const {
+    const auto colourOf = [this](QPalette::ColorRole role) {
+        const QColor colour = palette().color(role);
+        return Colour{.red = static_cast<std::uint8_t>(colour.red()),
+                      .green = static_cast<std::uint8_t>(colour.green()),
+                      .blue = static_cast<std::uint8_t>(colour.blue())};
+    };
+    const Colour text = colourOf(QPalette::Text);
+    return {.BackgroundColor = colourOf(QPalette::Base),
+            .BackgroundTimeColor = std::nullopt,
+            .TitleTextColor = text,
+            .TimeTextColor = text,
+            .SelectedTitleTextColor = text,
+            .SelectedTimeTextColor = text,
+            .PlayedTitleTextColor = kMarked,
+            .PlayedTimeTextColor = kMarked,
+            .SelectedTitleBackColor = colourOf(QPalette::Highlight),
+            .SelectedTimeBackColor = colourOf(QPalette::Highlight),
+            .SelectedBorderColor = std::nullopt,
+            .PlayedBorderColor = std::nullopt};
+}
+
+ListPainter ListWidget::painterOfRows() const {
+    return {model_, colours_, fontMetrics(), timeWidth()};
+}
+
+int ListWidget::timeWidth() const {
+    // Fonts differ: a time must not be cut.
+    return times_ ? std::max(kTimeColumn, fontMetrics().horizontalAdvance(QStringLiteral("00:00")) +
+                                              kTimePadding)
+                  : 0;
 }
 
 void ListWidget::refresh() {
@@ -72,6 +142,11 @@ void ListWidget::refreshRow(std::size_t row) {
 }
 
 void ListWidget::scrollToRow(std::size_t row) {
+    if (!isVisible()) {
+        // What is hidden has not got its size yet.
+        wanted_ = row;
+        return;
+    }
     if (row >= model_.rows()) {
         return;
     }
@@ -85,12 +160,9 @@ void ListWidget::scrollToRow(std::size_t row) {
     }
 }
 
-void ListWidget::setCursorRow(std::optional<std::size_t> row) {
-    cursor_ = row;
-}
-
 std::optional<std::size_t> ListWidget::cursorRow() const {
-    return cursor_ && *cursor_ < model_.rows() ? cursor_ : std::nullopt;
+    const auto row = model_.current();
+    return row && *row < model_.rows() ? row : std::nullopt;
 }
 
 int ListWidget::rowHeight() const {
@@ -99,7 +171,8 @@ int ListWidget::rowHeight() const {
 
 void ListWidget::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
-    painter.fillRect(event->rect(), palette().color(QPalette::Base));
+    const ListPainter rowPainter = painterOfRows();
+    rowPainter.drawGround(painter, event->rect(), viewport()->width());
     const std::size_t rows = model_.rows();
     const int height = rowHeight();
     const int scrolled = verticalScrollBar()->value();
@@ -109,101 +182,47 @@ void ListWidget::paintEvent(QPaintEvent* event) {
         if (place.top() > event->rect().bottom()) {
             break;
         }
-        drawRow(painter, row, place);
+        rowPainter.drawRow(painter, row, place);
     }
-}
-
-void ListWidget::drawRow(QPainter& painter, std::size_t row, const QRect& place) const {
-    QColor text = palette().color(QPalette::Text);
-    if (model_.selected(row)) {
-        painter.fillRect(place, palette().color(QPalette::Highlight));
-    }
-    if (model_.marked(row)) {
-        text = QColor::fromRgb(kMarked);
-    }
-    painter.setPen(text);
-    const QRect room = place.adjusted(kTextMargin, 0, -kTextMargin, 0);
-    painter.drawText(
-        room, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-        fontMetrics().elidedText(displayString(model_.text(row)), Qt::ElideRight, room.width()));
 }
 
 void ListWidget::resizeEvent(QResizeEvent* /*event*/) {
     fitScrollBar();
 }
 
-void ListWidget::mousePressEvent(QMouseEvent* event) {
-    const auto row = rowAt(event->position().toPoint().y());
-    // A press with another button keeps a selection that it hits, for whatever asks about it.
-    if (row && (event->button() == Qt::LeftButton || !model_.selected(*row))) {
-        choose(*row, modifiersOf(event->modifiers()));
-    }
-}
-
-void ListWidget::mouseMoveEvent(QMouseEvent* /*event*/) {}
-
-void ListWidget::mouseReleaseEvent(QMouseEvent* /*event*/) {}
-
-void ListWidget::mouseDoubleClickEvent(QMouseEvent* event) {
-    const auto row = rowAt(event->position().toPoint().y());
-    if (row && event->button() == Qt::LeftButton) {
-        activate(*row);
-    }
-}
-
-void ListWidget::keyPressEvent(QKeyEvent* event) {
-    const auto rows = static_cast<std::ptrdiff_t>(model_.rows());
-    if (rows == 0) {
-        event->ignore();
-        return;
-    }
-    const auto cursor = cursorRow();
-    const std::ptrdiff_t page = std::max(1, viewport()->height() / rowHeight() - 1);
-    std::ptrdiff_t target = cursor ? static_cast<std::ptrdiff_t>(*cursor) : -1;
-    switch (event->key()) {
-    case Qt::Key_Up:
-        target -= 1;
-        break;
-    case Qt::Key_Down:
-        target += 1;
-        break;
-    case Qt::Key_PageUp:
-        target -= page;
-        break;
-    case Qt::Key_PageDown:
-        target += page;
-        break;
-    case Qt::Key_Home:
-        target = 0;
-        break;
-    case Qt::Key_End:
-        target = rows - 1;
-        break;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (cursor) {
-            activate(*cursor);
-        }
-        return;
-    default:
-        event->ignore();
-        return;
-    }
-    choose(static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(target, 0, rows - 1)),
-           modifiersOf(event->modifiers()));
-}
-
-void ListWidget::wheelEvent(QWheelEvent* event) {
-    QAbstractScrollArea::wheelEvent(event);
-    // At the end of the list the wheel must not turn to what the window does with it.
-    event->accept();
-}
-
 void ListWidget::changeEvent(QEvent* event) {
     QAbstractScrollArea::changeEvent(event);
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) {
+        if (!ownColours_) {
+            colours_ = coloursOfPalette();
+        }
+        fitScroller();
         refresh();
     }
+}
+
+void ListWidget::showEvent(QShowEvent* event) {
+    QAbstractScrollArea::showEvent(event);
+    fitScroller();
+    if (const auto row = std::exchange(wanted_, std::nullopt)) {
+        scrollToRow(*row);
+    }
+}
+
+bool ListWidget::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto* const help = static_cast<QHelpEvent*>(event);
+        const auto row = rowAt(help->pos().y());
+        if (row && painterOfRows().overruns(*row, viewport()->width())) {
+            const QString title = displayString(model_.text(*row));
+            // The title is plain text, whatever characters it holds.
+            QToolTip::showText(help->globalPos(),
+                               Qt::mightBeRichText(title) ? title.toHtmlEscaped() : title,
+                               viewport(), placeOf(*row));
+            return true;
+        }
+    }
+    return QAbstractScrollArea::viewportEvent(event);
 }
 
 void ListWidget::fitScrollBar() {
@@ -214,21 +233,6 @@ void ListWidget::fitScrollBar() {
     bar->setSingleStep(height);
     bar->setPageStep(visible);
     bar->setRange(0, std::max(0, all - visible));
-}
-
-void ListWidget::choose(std::size_t row, Modifiers modifiers) {
-    cursor_ = row;
-    scrollToRow(row);
-    call([&] { input_.selectRow(row, modifiers); });
-}
-
-void ListWidget::activate(std::size_t row) {
-    call([&] { input_.activateRow(row); });
-}
-
-void ListWidget::call(const std::function<void()>& operation) {
-    dispatcher_.run(operation);
-    refresh();
 }
 
 std::optional<std::size_t> ListWidget::rowAt(int y) const {

@@ -4,7 +4,10 @@
 #pragma once
 
 #include "host/Dispatcher.h"
+#include "ui/ListColours.h"
 #include "ui/ListModel.h"
+#include "ui/qt/ListPainter.h"
+#include "ui/qt/ListScroller.h"
 
 #include <optional>
 #include <QAbstractScrollArea>
@@ -12,12 +15,23 @@
 
 namespace tovik::ui {
 
-/// Colours come from the palette: `Base`, `Text` and `Highlight`. Keys that it does not use go on
-/// to the window.
+/// Without colours of its own it takes `Base`, `Text` and `Highlight` of the palette. Keys that it
+/// does not use go on to the window.
 class ListWidget final : public QAbstractScrollArea {
 public:
     /// All three must outlive the widget.
     ListWidget(const ListModel& model, ListInput& input, const host::Dispatcher& dispatcher);
+
+    void setColours(const ListColours& colours);
+
+    /// Gives the list a column for the times, right of the texts.
+    void showTimes();
+
+    /// Where the scroll bar finds its picture; see `ListScroller`.
+    void setScrollerPicture(ListScroller::Source source);
+
+    /// Keeps the scroll bar also while all rows fit.
+    void AlwaysShowScroller(bool always);
 
     /// Rows came, went or look different.
     void refresh();
@@ -28,13 +42,8 @@ public:
     /// One row looks different; nothing is painted if it is out of sight.
     void refreshRow(std::size_t row);
 
-    /// Scrolls as little as makes the row whole.
+    /// Scrolls as little as makes the row whole; while the list is hidden, once it shows.
     void scrollToRow(std::size_t row);
-
-    /// The row that the cursor keys start from. The model's selection is not touched.
-    void setCursorRow(std::optional<std::size_t> row);
-
-    [[nodiscard]] std::optional<std::size_t> cursorRow() const;
 
     /// The height of one row in pixels.
     [[nodiscard]] int rowHeight() const;
@@ -49,13 +58,18 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
 
 private:
     void fitScrollBar();
-    void drawRow(QPainter& painter, std::size_t row, const QRect& place) const;
+    void fitScroller();
+    [[nodiscard]] ListColours coloursOfPalette() const;
+    [[nodiscard]] ListPainter painterOfRows() const;
+    [[nodiscard]] int timeWidth() const;
+    [[nodiscard]] std::optional<std::size_t> cursorRow() const;
     void choose(std::size_t row, Modifiers modifiers);
-    void activate(std::size_t row);
     /// Runs a call on the logic and shows what it did.
     void call(const std::function<void()>& operation);
     [[nodiscard]] std::optional<std::size_t> rowAt(int y) const;
@@ -64,7 +78,11 @@ private:
     const ListModel& model_;
     ListInput& input_;
     const host::Dispatcher& dispatcher_;
-    std::optional<std::size_t> cursor_;
+    ListColours colours_;
+    bool ownColours_ = false;
+    bool times_ = false;
+    ListScroller* scroller_ = nullptr;  ///< none: a plain bar
+    std::optional<std::size_t> wanted_; ///< to be scrolled to when the list shows
     QBasicTimer soon_;
 };
 

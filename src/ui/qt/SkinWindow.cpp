@@ -31,7 +31,7 @@ QEvent::Type changesEvent() {
 SkinWindow::SkinWindow(ElementStore& elements, const PictureStore& pictures, WindowInput& input,
                        const host::Dispatcher& dispatcher)
     : elements_(elements), pictures_(pictures), input_(input), dispatcher_(dispatcher),
-      router_(elements, input), image_(elements, pictures) {
+      router_(elements, input), image_(elements, pictures), controls_(*this, elements) {
     setWindowFlag(Qt::FramelessWindowHint);
     setAttribute(Qt::WA_TranslucentBackground);
     setMouseTracking(true);
@@ -46,11 +46,7 @@ SkinWindow::~SkinWindow() {
 }
 
 void SkinWindow::hostControl(ElementAddress address, QWidget* widget) {
-    const std::size_t slot = elements_.slotOf(address);
-    widget->setParent(this);
-    widget->installEventFilter(this);
-    controls_[slot] = widget;
-    placeControl(slot);
+    controls_.host(elements_.slotOf(address), widget, scale_);
 }
 
 void SkinWindow::setCaption(std::string_view bytes) {
@@ -62,9 +58,7 @@ void SkinWindow::setScale(double factor) {
     scale_ = SkinScale(factor);
     fitToGround();
     applyRegion();
-    for (const auto& control : controls_) {
-        placeControl(control.first);
-    }
+    controls_.placeAll(scale_);
     update();
 }
 
@@ -75,7 +69,7 @@ void SkinWindow::applyChanges() {
                 redraw(*box);
             }
         }
-        placeControl(change.slot);
+        controls_.place(change.slot, scale_);
         if (change.slot == 0) {
             fitToGround();
         }
@@ -97,11 +91,8 @@ bool SkinWindow::event(QEvent* event) {
 
 bool SkinWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Enter) {
-        const auto found =
-            std::find_if(controls_.begin(), controls_.end(),
-                         [watched](const auto& control) { return control.second == watched; });
-        if (found != controls_.end()) {
-            route([&] { router_.hover(found->first); });
+        if (const auto slot = controls_.slotOf(watched)) {
+            route([&] { router_.hover(slot); });
         }
     }
     return QWidget::eventFilter(watched, event);
@@ -226,28 +217,6 @@ void SkinWindow::fitToGround() {
         const QRect ground = scale_.pixels(elements_.at(0).box());
         setFixedSize(ground.right() + 1, ground.bottom() + 1);
     }
-}
-
-void SkinWindow::placeControl(std::size_t slot) {
-    const auto found = controls_.find(slot);
-    if (found == controls_.end() || found->second.isNull()) {
-        return;
-    }
-    QWidget& widget = *found->second;
-    const Element& element = elements_.at(slot);
-    widget.setGeometry(scale_.pixels(element.box()));
-    widget.setEnabled(element.enabled);
-    widget.setToolTip(displayString(element.tooltip));
-    QFont font = widget.font();
-    font.setPixelSize(std::max(1, qRound(element.textHeight * scale_.factor())));
-    widget.setFont(font);
-    QPalette palette = widget.palette();
-    palette.setColor(QPalette::Text, qtColour(element.textColour));
-    if (element.backColour) {
-        palette.setColor(QPalette::Base, qtColour(*element.backColour));
-    }
-    widget.setPalette(palette);
-    widget.setVisible(element.visible);
 }
 
 PointerState SkinWindow::pointerAt(const QSinglePointEvent& event) const {

@@ -8,14 +8,13 @@
 #include "ui/ElementStore.h"
 #include "ui/PictureStore.h"
 #include "ui/PointerRouter.h"
+#include "ui/qt/HostedControls.h"
 #include "ui/qt/SkinScale.h"
 #include "ui/qt/WindowImage.h"
 #include "ui/WindowInput.h"
 
-#include <map>
 #include <optional>
 #include <QMouseEvent>
-#include <QPointer>
 #include <QWidget>
 #include <string_view>
 
@@ -35,7 +34,7 @@ public:
     SkinWindow& operator=(const SkinWindow&) = delete;
 
     /// Lets a widget stand for an element: it becomes a child of the window and follows the
-    /// record's place, visibility, state, tooltip, font height and colours (text and base).
+    /// record, see `HostedControls`.
     void hostControl(ElementAddress address, QWidget* widget);
 
     template <typename Name>
@@ -76,7 +75,6 @@ protected:
 
 private:
     void fitToGround();
-    void placeControl(std::size_t slot);
     void redraw(const Box& box);
     void press(QMouseEvent& event, bool twice);
     void applyRegion();
@@ -96,7 +94,7 @@ private:
     std::optional<Region> region_;
     QPoint pressedAt_;                ///< where the pointer last went down, seen from the window
     std::optional<QPoint> draggedBy_; ///< likewise, while the window moves itself
-    std::map<std::size_t, QPointer<QWidget>> controls_; ///< by slot
+    HostedControls controls_;
 };
 
 } // namespace tovik::ui

@@ -14,12 +14,13 @@ namespace tovik::ui {
 namespace {
 
 using testing::ElementsAre;
-using testing::Optional;
 
 class Rows final : public ListModel, public ListInput {
 public:
     std::size_t count = 100'000;
     std::size_t chosen = 1;
+    std::optional<std::size_t> cursor;
+    bool removes = false;
     mutable std::set<std::size_t> asked;
     std::vector<std::string> calls;
 
@@ -30,17 +31,29 @@ public:
         return "Row " + std::to_string(row);
     }
 
+    [[nodiscard]] std::optional<std::size_t> current() const override { return cursor; }
+
     [[nodiscard]] bool selected(std::size_t row) const override { return row == chosen; }
 
     [[nodiscard]] bool marked(std::size_t row) const override { return row == 2; }
 
     void selectRow(std::size_t row, Modifiers modifiers) override {
         chosen = row;
+        cursor = row;
         calls.push_back("select " + std::to_string(row) + (modifiers.shift ? " shift" : ""));
     }
 
     void activateRow(std::size_t row) override {
         calls.push_back("activate " + std::to_string(row));
+    }
+
+    void enterRow(std::size_t row) override { calls.push_back("enter " + std::to_string(row)); }
+
+    void contextRow(std::size_t row) override { calls.push_back("context " + std::to_string(row)); }
+
+    bool removeRows() override {
+        calls.emplace_back("remove");
+        return removes;
     }
 };
 
@@ -98,19 +111,23 @@ TEST_F(ListWidgetTest, pressesSelectAndDoubleClicksActivate) {
     QTest::mouseClick(list_.viewport(), Qt::LeftButton, Qt::ShiftModifier, middleOf(2));
     QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, middleOf(3));
     QTest::mouseDClick(list_.viewport(), Qt::LeftButton, {}, middleOf(3));
+    QTest::mouseDClick(list_.viewport(), Qt::LeftButton, Qt::ControlModifier, middleOf(3));
     EXPECT_THAT(rows_.calls, ElementsAre("select 2 shift", "select 3", "activate 3"));
-    EXPECT_THAT(list_.cursorRow(), Optional(3U));
 }
 
-TEST_F(ListWidgetTest, aPressBelowTheLastRowOrWithTheRightButtonOnASelectedRowChangesNothing) {
+TEST_F(ListWidgetTest, theRightButtonKeepsASelectionThatItHits) {
     QTest::mouseClick(list_.viewport(), Qt::RightButton, {}, middleOf(1));
+    QTest::mouseClick(list_.viewport(), Qt::RightButton, {}, middleOf(0));
+    EXPECT_THAT(rows_.calls, ElementsAre("context 1", "select 0", "context 0"));
+}
+
+TEST_F(ListWidgetTest, aPressBelowTheLastRowChangesNothing) {
     rows_.count = 2;
     list_.refresh();
     QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, middleOf(3));
     QTest::mouseDClick(list_.viewport(), Qt::LeftButton, {}, middleOf(3));
+    QTest::mouseClick(list_.viewport(), Qt::RightButton, {}, middleOf(3));
     EXPECT_TRUE(rows_.calls.empty());
-    QTest::mouseClick(list_.viewport(), Qt::RightButton, {}, middleOf(0));
-    EXPECT_THAT(rows_.calls, ElementsAre("select 0"));
 }
 
 TEST_F(ListWidgetTest, cursorKeysMoveAndEnterActivates) {
@@ -126,7 +143,17 @@ TEST_F(ListWidgetTest, cursorKeysMoveAndEnterActivates) {
     const auto page = static_cast<std::size_t>(list_.viewport()->height() / list_.rowHeight() - 1);
     EXPECT_THAT(rows_.calls,
                 ElementsAre("select 0", "select 1", "select 0", "select 0", "select 99999",
-                            "activate 99999", "select 0 shift", "select " + std::to_string(page)));
+                            "enter 99999", "select 0", "select " + std::to_string(page)));
+}
+
+TEST_F(ListWidgetTest, deleteRemovesWhereRowsCanBeRemoved) {
+    for (const bool removes : {true, false}) {
+        rows_.removes = removes;
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Delete, {});
+        QApplication::sendEvent(&list_, &event);
+        EXPECT_EQ(event.isAccepted(), removes);
+    }
+    EXPECT_THAT(rows_.calls, ElementsAre("remove", "remove"));
 }
 
 TEST_F(ListWidgetTest, otherKeysGoOnToTheWindow) {
@@ -152,10 +179,9 @@ TEST_F(ListWidgetTest, theWheelStaysInTheListAlsoAtItsEnds) {
 }
 
 TEST_F(ListWidgetTest, keysMayNotPointBeyondAListThatShrank) {
-    list_.setCursorRow(500);
+    rows_.cursor = 500;
     rows_.count = 10;
     list_.refresh();
-    EXPECT_EQ(list_.cursorRow(), std::nullopt);
     QTest::keyClick(&list_, Qt::Key_Return);
     EXPECT_TRUE(rows_.calls.empty());
     list_.scrollToRow(500);
@@ -172,6 +198,16 @@ TEST_F(ListWidgetTest, scrollingToARowMovesAsLittleAsNeeded) {
     EXPECT_EQ(list_.verticalScrollBar()->value(), bottom);
     list_.scrollToRow(10);
     EXPECT_EQ(list_.verticalScrollBar()->value(), 10 * list_.rowHeight());
+}
+
+TEST_F(ListWidgetTest, aRowThatIsAskedForWhileTheListIsHiddenIsSeenOnceItShows) {
+    list_.hide();
+    list_.scrollToRow(50'000);
+    list_.resize(160, 2 * kHeight);
+    list_.show();
+    EXPECT_EQ(list_.verticalScrollBar()->value(),
+              50'001 * list_.rowHeight() - list_.viewport()->height());
+    EXPECT_EQ(list_.viewport()->height(), 2 * kHeight);
 }
 
 TEST_F(ListWidgetTest, rowsThatComeOneByOneArePaintedTogether) {

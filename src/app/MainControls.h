@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The children of the main window: what is a control and not drawn. Interface thread.
+#pragma once
+
+#include "app/frmPlayer.h"
+#include "player/ListRows.h"
+#include "player/QuickListRows.h"
+#include "ui/qt/ListWidget.h"
+#include "ui/qt/SkinWindow.h"
+
+#include <memory>
+#include <QComboBox>
+#include <vector>
+
+namespace tovik::app {
+
+/// The window's object tree owns the widgets; what they show and ask is here.
+class MainControls {
+public:
+    /// All three must outlive it.
+    MainControls(frmPlayer& player, ui::SkinWindow& window, const host::Dispatcher& dispatcher);
+    ~MainControls();
+    MainControls(const MainControls&) = delete;
+    MainControls& operator=(const MainControls&) = delete;
+
+    /// Gives the keyboard to `Text4`, which lets all keys go on to the window.
+    void takeFocus();
+
+private:
+    class ListWatch;
+
+    void addList(ui::MainElement element, const char* objectName, playlist::stdSS& list);
+    void addQuickList();
+    void addSearchField();
+
+    frmPlayer& player_;
+    ui::SkinWindow& window_;
+    const host::Dispatcher& dispatcher_;
+    player::QuickListRows quickList_;
+    std::vector<std::unique_ptr<player::ListRows>> rows_;
+    std::vector<std::unique_ptr<ListWatch>> watches_;
+    QWidget* text4_;
+};
+
+} // namespace tovik::app

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/qt/HostedControls.h"
+
+#include "ui/qt/DisplayText.h"
+
+#include <algorithm>
+#include <QLineEdit>
+
+namespace tovik::ui {
+
+namespace {
+
+void showCaption(QWidget& widget, const std::string& caption) {
+    auto* const field = qobject_cast<QLineEdit*>(&widget);
+    // Setting it anew would throw away cursor and selection.
+    if (const QString text = displayString(caption); field != nullptr && field->text() != text) {
+        field->setText(text);
+    }
+}
+
+} // namespace
+
+void HostedControls::host(std::size_t slot, QWidget* widget, const SkinScale& scale) {
+    widget->setParent(&window_);
+    widget->installEventFilter(&window_);
+    controls_[slot] = widget;
+    place(slot, scale);
+}
+
+void HostedControls::place(std::size_t slot, const SkinScale& scale) {
+    const auto found = controls_.find(slot);
+    if (found == controls_.end() || found->second.isNull()) {
+        return;
+    }
+    QWidget& widget = *found->second;
+    const Element& element = elements_.at(slot);
+    widget.setGeometry(scale.pixels(element.box()));
+    widget.setEnabled(element.enabled);
+    widget.setToolTip(displayString(element.tooltip));
+    QFont font = widget.font();
+    font.setPixelSize(std::max(1, qRound(element.textHeight * scale.factor())));
+    widget.setFont(font);
+    QPalette palette = widget.palette();
+    palette.setColor(QPalette::Text, qtColour(element.textColour));
+    if (element.backColour) {
+        palette.setColor(QPalette::Base, qtColour(*element.backColour));
+    }
+    widget.setPalette(palette);
+    showCaption(widget, element.caption);
+    widget.setVisible(element.visible);
+}
+
+void HostedControls::placeAll(const SkinScale& scale) {
+    for (const auto& control : controls_) {
+        place(control.first, scale);
+    }
+}
+
+std::optional<std::size_t> HostedControls::slotOf(const QObject* widget) const {
+    const auto found =
+        std::find_if(controls_.begin(), controls_.end(),
+                     [widget](const auto& control) { return control.second == widget; });
+    return found != controls_.end() ? std::optional(found->first) : std::nullopt;
+}
+
+} // namespace tovik::ui

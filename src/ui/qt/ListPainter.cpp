@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/qt/ListPainter.h"
+
+#include "ui/qt/DisplayText.h"
+
+namespace tovik::ui {
+
+namespace {
+
+constexpr int kTextMargin = 4;
+constexpr int kTimeMargin = 2;
+
+} // namespace
+
+void ListPainter::drawGround(QPainter& painter, const QRect& part, int viewWidth) const {
+    painter.fillRect(part, qtColour(colours_.BackgroundColor));
+    if (colours_.BackgroundTimeColor && timeWidth_ > 0 && model_.rows() > 0) {
+        const QRect column(viewWidth - timeWidth_, part.top(), timeWidth_, part.height());
+        painter.fillRect(column & part, qtColour(*colours_.BackgroundTimeColor));
+    }
+}
+
+void ListPainter::drawRow(QPainter& painter, std::size_t row, const QRect& place) const {
+    const bool selected = model_.selected(row);
+    const bool played = model_.marked(row);
+    drawBack(painter, row, place);
+
+    const auto choose = [&](Colour plain, Colour ofSelected, Colour ofPlayed) {
+        return qtColour(selected ? ofSelected : played ? ofPlayed : plain);
+    };
+    painter.setPen(choose(colours_.TitleTextColor, colours_.SelectedTitleTextColor,
+                          colours_.PlayedTitleTextColor));
+    constexpr int kFlags = Qt::AlignVCenter | Qt::TextSingleLine;
+    const QRect title = titlePlace(row, place);
+    if (const int number = numberWidth(row); number > 0) {
+        painter.drawText(QRect(title.left() - number, title.top(), number, title.height()),
+                         kFlags | Qt::AlignLeft, displayString(model_.numberText(row)));
+    }
+    painter.drawText(
+        title, kFlags | Qt::AlignLeft,
+        metrics_.elidedText(displayString(model_.text(row)), Qt::ElideRight, title.width()));
+    if (timeWidth_ > 0) {
+        painter.setPen(choose(colours_.TimeTextColor, colours_.SelectedTimeTextColor,
+                              colours_.PlayedTimeTextColor));
+        painter.drawText(timePlace(place).adjusted(0, 0, -kTimeMargin, 0), kFlags | Qt::AlignRight,
+                         displayString(model_.timeText(row)));
+    }
+    if (played && colours_.PlayedBorderColor) {
+        painter.setPen(qtColour(*colours_.PlayedBorderColor));
+        painter.drawRect(place.adjusted(0, 0, -1, -1));
+    }
+}
+
+void ListPainter::drawBack(QPainter& painter, std::size_t row, const QRect& place) const {
+    if (!model_.selected(row)) {
+        return;
+    }
+    const QRect time = timePlace(place);
+    if (colours_.SelectedTitleBackColor) {
+        painter.fillRect(place.adjusted(0, 0, -time.width(), 0),
+                         qtColour(*colours_.SelectedTitleBackColor));
+    }
+    if (colours_.SelectedTimeBackColor) {
+        painter.fillRect(time, qtColour(*colours_.SelectedTimeBackColor));
+    }
+    if (colours_.SelectedBorderColor) {
+        // Rows that follow each other look like one block.
+        painter.setPen(qtColour(*colours_.SelectedBorderColor));
+        if (row == 0 || !model_.selected(row - 1)) {
+            painter.drawLine(place.topLeft(), place.topRight());
+        }
+        if (row + 1 >= model_.rows() || !model_.selected(row + 1)) {
+            painter.drawLine(place.bottomLeft(), place.bottomRight());
+        }
+    }
+}
+
+bool ListPainter::overruns(std::size_t row, int width) const {
+    return metrics_.horizontalAdvance(displayString(model_.text(row))) >
+           titlePlace(row, {0, 0, width, 1}).width();
+}
+
+int ListPainter::numberWidth(std::size_t row) const {
+    return metrics_.horizontalAdvance(displayString(model_.numberText(row)));
+}
+
+QRect ListPainter::titlePlace(std::size_t row, const QRect& place) const {
+    return place.adjusted(kTextMargin + numberWidth(row), 0, -kTextMargin - timeWidth_, 0);
+}
+
+QRect ListPainter::timePlace(const QRect& place) const {
+    return {place.right() + 1 - timeWidth_, place.top(), timeWidth_, place.height()};
+}
+
+} // namespace tovik::ui

@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/qt/ListScroller.h"
+
+#include <algorithm>
+#include <QMouseEvent>
+#include <QTimerEvent>
+#include <utility>
+
+namespace tovik::ui {
+
+namespace {
+
+constexpr QSize kPicture(91, 40);
+constexpr QRect kUp(0, 0, 13, 21);
+constexpr QRect kUpPressed(13, 0, 13, 21);
+constexpr QRect kTrack(26, 0, 13, 40);
+constexpr QRect kDown(39, 0, 13, 21);
+constexpr QRect kDownPressed(52, 0, 13, 21);
+constexpr QRect kThumb(65, 0, 13, 40);
+constexpr QRect kThumbPressed(78, 0, 13, 40);
+
+constexpr int kDelayMs = 200;
+constexpr int kRepeatMs = 50;
+
+} // namespace
+
+ListScroller::ListScroller(Source source) : QScrollBar(Qt::Vertical), source_(std::move(source)) {}
+
+void ListScroller::setFactor(double factor) {
+    factor_ = factor;
+    updateGeometry();
+}
+
+QSize ListScroller::sizeHint() const {
+    return picture() != nullptr ? QSize(scaled(kTrack.width()), scaled(2 * kUp.height()))
+                                : QScrollBar::sizeHint();
+}
+
+const PixelImage* ListScroller::picture() const {
+    const PixelImage* const image = source_();
+    const bool whole =
+        image != nullptr && image->width >= kPicture.width() && image->height >= kPicture.height();
+    return whole ? image : nullptr;
+}
+
+int ListScroller::scaled(int pixels) const {
+    return qRound(pixels * factor_);
+}
+
+QRect ListScroller::track() const {
+    const int button = std::min(scaled(kUp.height()), height() / 2);
+    return {0, button, width(), height() - 2 * button};
+}
+
+QRect ListScroller::thumb() const {
+    const QRect room = track();
+    const int size = std::min(scaled(kThumb.height()), room.height());
+    const int span = maximum() - minimum();
+    const auto passed = std::int64_t{value() - minimum()} * (room.height() - size);
+    return {0, room.top() + (span > 0 ? static_cast<int>(passed / span) : 0), width(), size};
+}
+
+ListScroller::Part ListScroller::partAt(int y) const {
+    const QRect room = track();
+    const QRect bar = thumb();
+    if (y < room.top()) {
+        return Part::up;
+    }
+    if (y > room.bottom()) {
+        return Part::down;
+    }
+    if (y < bar.top()) {
+        return Part::before;
+    }
+    return y > bar.bottom() ? Part::after : Part::thumb;
+}
+
+void ListScroller::paintEvent(QPaintEvent* event) {
+    const PixelImage* const image = picture();
+    if (image == nullptr) {
+        QScrollBar::paintEvent(event);
+        return;
+    }
+    const QImage pieces(reinterpret_cast<const uchar*>(image->pixels.data()), image->width,
+                        image->height, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(this);
+    const QRect room = track();
+    // Also behind the buttons, whose corners may be transparent.
+    painter.drawImage(rect(), pieces, kTrack);
+    painter.drawImage(QRect(0, 0, width(), room.top()), pieces,
+                      held_ == Part::up ? kUpPressed : kUp);
+    painter.drawImage(QRect(0, room.bottom() + 1, width(), room.top()), pieces,
+                      held_ == Part::down ? kDownPressed : kDown);
+    if (maximum() > minimum()) {
+        const bool pressed = held_ == Part::thumb || held_ == Part::before || held_ == Part::after;
+        painter.drawImage(thumb(), pieces, pressed ? kThumbPressed : kThumb);
+    }
+}
+
+void ListScroller::mousePressEvent(QMouseEvent* event) {
+    if (picture() == nullptr) {
+        QScrollBar::mousePressEvent(event);
+        return;
+    }
+    if (event->button() != Qt::LeftButton || maximum() == minimum()) {
+        return;
+    }
+    const int y = event->position().toPoint().y();
+    held_ = partAt(y);
+    if (held_ == Part::thumb) {
+        pressedAt_ = y - thumb().top();
+    } else {
+        pressedAt_ = y;
+        repeat_.start(kDelayMs, this);
+        step();
+    }
+    update();
+}
+
+void ListScroller::mouseDoubleClickEvent(QMouseEvent* event) {
+    mousePressEvent(event);
+}
+
+void ListScroller::mouseMoveEvent(QMouseEvent* event) {
+    if (picture() == nullptr) {
+        QScrollBar::mouseMoveEvent(event);
+        return;
+    }
+    const QRect room = track();
+    const int way = room.height() - thumb().height();
+    if (held_ == Part::thumb && way > 0) {
+        const int top = event->position().toPoint().y() - pressedAt_ - room.top();
+        const auto moved = std::int64_t{std::clamp(top, 0, way)} * (maximum() - minimum());
+        setValue(minimum() + static_cast<int>((moved + way / 2) / way));
+    }
+}
+
+void ListScroller::mouseReleaseEvent(QMouseEvent* event) {
+    if (picture() == nullptr) {
+        QScrollBar::mouseReleaseEvent(event);
+    } else if (event->button() == Qt::LeftButton) {
+        letGo();
+    }
+}
+
+void ListScroller::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != repeat_.timerId()) {
+        QScrollBar::timerEvent(event);
+        return;
+    }
+    repeat_.start(kRepeatMs, this);
+    step();
+}
+
+void ListScroller::step() {
+    switch (held_) {
+    case Part::up:
+        setValue(value() - singleStep());
+        break;
+    case Part::down:
+        setValue(value() + singleStep());
+        break;
+    case Part::before:
+        if (thumb().top() > pressedAt_) {
+            setValue(value() - pageStep());
+            break;
+        }
+        repeat_.stop();
+        break;
+    case Part::after:
+        if (thumb().bottom() < pressedAt_) {
+            setValue(value() + pageStep());
+            break;
+        }
+        repeat_.stop();
+        break;
+    case Part::thumb:
+    case Part::none:
+        repeat_.stop();
+        break;
+    }
+}
+
+void ListScroller::letGo() {
+    held_ = Part::none;
+    repeat_.stop();
+    update();
+}
+
+} // namespace tovik::ui
