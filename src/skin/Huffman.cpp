@@ -43,7 +43,7 @@ bool hasMagic(Bytes stream) {
 }
 
 std::int32_t originalLength(Bytes stream) {
-    const std::int32_t length = littleEndian<std::int32_t>(stream, kLengthAt);
+    const auto length = littleEndian<std::int32_t>(stream, kLengthAt);
     if (length < 0) {
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
     }
