@@ -69,12 +69,12 @@ class ProgramTest(unittest.TestCase):
         self.stack.callback(process.kill)
         return process
 
-    def start_screen(self):
-        """A private X server; the window goes there."""
+    def start_screen(self, *options):
+        """A private X server, with further options of Xvfb; the window goes there."""
         read_end, write_end = os.pipe()
         server = subprocess.Popen(
             ["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1024x768x24", "-noreset",
-             "-nolisten", "tcp"], pass_fds=[write_end], stderr=subprocess.DEVNULL)
+             "-nolisten", "tcp", *options], pass_fds=[write_end], stderr=subprocess.DEVNULL)
         self.stack.callback(server.wait)
         self.stack.callback(server.terminate)
         os.close(write_end)
