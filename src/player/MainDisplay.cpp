@@ -55,7 +55,11 @@ void MainDisplay::showTime(const NowPlaying& playing) {
     for (const std::size_t digit : kDigits) {
         showDigit(digit, playing.time.at(digit - 1));
     }
-    elements_.touch(MainElement::timed, 0).visible = playing.countsDown;
+    elements_.touch(MainElement::timed, 0).visible = playing.countsDown && onMainPanel();
+}
+
+bool MainDisplay::onMainPanel() const {
+    return elements_.get(MainElement::timed, kDigits.front()).visible;
 }
 
 void MainDisplay::showDigit(std::size_t place, char digit) {
@@ -83,9 +87,10 @@ void MainDisplay::showBalance(const NowPlaying& playing) {
 }
 
 void MainDisplay::showFields(bool visible) {
+    const bool shown = visible && onMainPanel();
     for (std::size_t i = 0; i < kTagFields; ++i) {
-        elements_.touch(MainElement::lbltag, i).visible = visible;
-        elements_.touch(MainElement::lblinfo, i).visible = visible;
+        elements_.touch(MainElement::lbltag, i).visible = shown;
+        elements_.touch(MainElement::lblinfo, i).visible = shown;
     }
 }
 

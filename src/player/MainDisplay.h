@@ -33,6 +33,10 @@ public:
 private:
     void showDigit(std::size_t place, char digit);
 
+    /// Whether the panel with the display is shown. Tracks start and the clock ticks on every
+    /// panel, and nothing of the display may come up over the others.
+    [[nodiscard]] bool onMainPanel() const;
+
     ui::MainElements& elements_;
     ui::TextFields& fields_;
     ui::ImgScroller& scroller_;

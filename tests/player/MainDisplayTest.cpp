@@ -125,5 +125,18 @@ TEST_F(Display, fieldsAndTheirLabelsAreHiddenTogether) {
     }
 }
 
+TEST_F(Display, theSignAndTheFieldsStayAwayFromOtherPanels) {
+    for (std::size_t i = 0; i < elements_.count(MainElement::timed); ++i) {
+        elements_.touch(MainElement::timed, i).visible = false;
+    }
+    display_.showFields(false);
+    playing_.countsDown = true;
+    display_.showTime(playing_); // the clock ticks on whatever panel is shown
+    display_.showFields(true);   // and a track starts there
+    EXPECT_FALSE(element(MainElement::timed, 0).visible);
+    EXPECT_FALSE(element(MainElement::lbltag, 0).visible);
+    EXPECT_FALSE(element(MainElement::lblinfo, 4).visible);
+}
+
 } // namespace
 } // namespace tovik::player
