@@ -113,9 +113,13 @@ bool Panels::shown(Show when, bool before) const {
 
 void Panels::showTab(const Tab& tab, std::size_t face, bool down) {
     const ui::Picture picture = elements_.get(MainElement::Image2, face).picture;
-    ui::Element& element = elements_.touch(tab.name);
-    element.picture = picture;
-    element.checked = down;
+    const ui::Element& before = elements_.get(tab.name);
+    // The mouse comes here at every move: a write that changes nothing would wake the window.
+    if (before.picture != picture || before.checked != down) {
+        ui::Element& element = elements_.touch(tab.name);
+        element.picture = picture;
+        element.checked = down;
+    }
 }
 
 void Panels::RefreshTabs() {

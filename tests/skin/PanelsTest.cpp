@@ -127,6 +127,17 @@ TEST_F(PanelsTest, aTabUnderThePointerShowsItWhetherItIsCurrentOrNot) {
     expectFaces({17, 1, 2, 3, 4, 5});
 }
 
+TEST_F(PanelsTest, tabsThatStayAsTheyAreWakeNobody) {
+    rig_.panels.RefreshTabs();
+    rig_.elements.forgetChanges();
+    int woken = 0;
+    rig_.elements.onTouched([&woken] { ++woken; });
+    rig_.panels.RefreshTabs();
+    EXPECT_EQ(woken, 0);
+    rig_.panels.hoverTab(N::eqbt);
+    EXPECT_EQ(woken, 1);
+}
+
 TEST_F(PanelsTest, eachTabOpensItsPanel) {
     constexpr std::array kTabs = {N::irtbt, N::ripbt, N::plbt, N::eqbt, N::mainbt};
     std::int16_t panel = 5;
