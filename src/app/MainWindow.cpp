@@ -23,6 +23,11 @@ void MainWindow::attach(frmPlayer& player) {
     controls_ = std::make_unique<MainControls>(player, *skin_, host_.dispatcher);
 }
 
+void MainWindow::detach() {
+    skin_.reset();
+    controls_.reset();
+}
+
 void MainWindow::show() {
     endSplash();
     skin_->show();

@@ -26,6 +26,9 @@ public:
     /// Builds the widget over the player's records.
     void attach(frmPlayer& player);
 
+    /// Takes the widget down, before the player goes. Only the outline may be set afterwards.
+    void detach();
+
     [[nodiscard]] QWidget& widget() { return *skin_; }
 
     void show() override;
@@ -35,7 +38,7 @@ public:
     void showSplash() override;
     void endSplash() override;
 
-    [[nodiscard]] ui::RegionWindow* shape() override { return skin_.get(); }
+    [[nodiscard]] ui::RegionWindow* shape() override { return &outline_; }
 
     void beginDrag() override;
     void takeFocus() override;
@@ -49,7 +52,23 @@ public:
     [[nodiscard]] int top() const override;
 
 private:
+    /// Passes the outline on as long as there is a widget: the player keeps it to its own end.
+    class Outline final : public ui::RegionWindow {
+    public:
+        explicit Outline(MainWindow& window) : window_(window) {}
+
+        void setRegion(const ui::Region* region) override {
+            if (window_.skin_) {
+                window_.skin_->setRegion(region);
+            }
+        }
+
+    private:
+        MainWindow& window_;
+    };
+
     host::Host host_;
+    Outline outline_{*this};
     std::unique_ptr<MainControls> controls_; ///< outlives the widgets, which ask it
     std::unique_ptr<ui::SkinWindow> skin_;
     std::unique_ptr<ui::SplashWindow> splash_;

@@ -132,7 +132,9 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
         shot->setInterval(1);
         shot->setEnabled(true);
     }
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    window.detach();
+    return status;
 }
 
 } // namespace tovik::app

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The controls of the whole player's window.
+#include "app/AppRig.h"
+#include "app/MainWindow.h"
+
+#include <QLineEdit>
+#include <QTest>
+#include <QWindow>
+
+namespace tovik::test {
+namespace {
+
+using ui::MainElement;
+
+class MainControlsTest : public AppRig {
+protected:
+    std::unique_ptr<app::MainWindow> shown_ = std::make_unique<app::MainWindow>(host_.host());
+    std::unique_ptr<app::frmPlayer> real_ =
+        std::make_unique<app::frmPlayer>(host_.host(), sound_, *shown_, news_, app::StartOptions{});
+
+    void SetUp() override {
+        for (const char* name : {"a.mp3", "b.mp3", "c.mp3"}) {
+            const std::string path = track(name);
+            real_->stdSS().AddItem("", path, name, "01:05", 65);
+        }
+        shown_->attach(*real_);
+        real_->Form_Initialize();
+        real_->Form_Load();
+        shown_->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&shown_->widget()));
+    }
+
+    void TearDown() override {
+        // The window's widgets look at the player.
+        shown_->detach();
+        real_.reset();
+    }
+
+    template <typename Widget>
+    [[nodiscard]] Widget& control(const char* name) {
+        auto* const found = shown_->widget().findChild<Widget*>(QLatin1StringView(name));
+        if (found == nullptr) {
+            throw std::runtime_error(name);
+        }
+        return *found;
+    }
+
+    void switchTo(const char* mask) {
+        real_->panels().Switch_Win(mask);
+        settle();
+    }
+
+    void tick() {
+        advance(100);
+        settle();
+    }
+
+    static void settle() {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+    }
+
+    [[nodiscard]] std::vector<std::string> visibleControls() {
+        std::vector<std::string> names;
+        for (const char* name :
+             {"List1", "stdSS", "lstTracks", "RadioLst", "musicSearchTxt", "cmbCDDrives"}) {
+            if (control<QWidget>(name).isVisible()) {
+                names.emplace_back(name);
+            }
+        }
+        return names;
+    }
+};
+
+TEST_F(MainControlsTest, eachPanelShowsItsOwn) {
+    using testing::ElementsAre;
+    EXPECT_THAT(visibleControls(), ElementsAre("List1"));
+    switchTo("00100");
+    EXPECT_THAT(visibleControls(), ElementsAre("stdSS", "musicSearchTxt"));
+    EXPECT_EQ(control<QWidget>("stdSS").geometry(), QRect(20, 45, 432, 190));
+    switchTo("00010");
+    EXPECT_THAT(visibleControls(), ElementsAre("lstTracks", "cmbCDDrives"));
+    switchTo("01000");
+    EXPECT_THAT(visibleControls(), testing::IsEmpty());
+}
+
+TEST_F(MainControlsTest, theStationsLeaveWithTheNextTickAfterTheirPanel) {
+    using testing::ElementsAre;
+    switchTo("00001");
+    tick();
+    EXPECT_THAT(visibleControls(), ElementsAre("RadioLst"));
+    switchTo("00100");
+    EXPECT_THAT(visibleControls(), ElementsAre("stdSS", "RadioLst", "musicSearchTxt"));
+    tick();
+    EXPECT_THAT(visibleControls(), ElementsAre("stdSS", "musicSearchTxt"));
+}
+
+TEST_F(MainControlsTest, aDoubleClickOnARowPlaysIt) {
+    switchTo("00100");
+    auto& list = control<ui::ListWidget>("stdSS");
+    const QPoint second(40, list.rowHeight() + list.rowHeight() / 2);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, second);
+    EXPECT_FALSE(real_->state().IsPlaying);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, second);
+    EXPECT_TRUE(real_->state().IsPlaying);
+    EXPECT_EQ(real_->state().CurrentTitle, "b.mp3");
+}
+
+TEST_F(MainControlsTest, theHolderOfTheFocusLetsKeysGoOnToTheWindow) {
+    auto& search = control<QLineEdit>("musicSearchTxt");
+    switchTo("00100");
+    search.setFocus();
+    EXPECT_EQ(shown_->widget().focusWidget(), &search);
+    shown_->takeFocus();
+    auto& holder = control<QWidget>("Text4");
+    EXPECT_EQ(shown_->widget().focusWidget(), &holder);
+    QTest::keyClick(&holder, Qt::Key_2);
+    EXPECT_EQ(real_->state().CurrentPanel, 2);
+}
+
+TEST_F(MainControlsTest, theSearchFieldHoldsItsPromptAndWhatIsTyped) {
+    switchTo("00100");
+    auto& search = control<QLineEdit>("musicSearchTxt");
+    EXPECT_EQ(search.text(), QStringLiteral("Search"));
+    QTest::mouseClick(&search, Qt::LeftButton);
+    EXPECT_EQ(search.selectedText(), QStringLiteral("Search"));
+    QTest::keyClicks(&search, QStringLiteral("ab2"));
+    settle();
+    EXPECT_EQ(search.text(), QStringLiteral("ab2"));
+    EXPECT_EQ(real_->elements().get(MainElement::musicSearchTxt).caption, "ab2");
+    EXPECT_EQ(real_->state().CurrentPanel, 3) << "what is typed is no shortcut";
+}
+
+TEST_F(MainControlsTest, stayingOnTopDoesNotTakeTheWindowOffTheScreen) {
+    class HideWatch final : public QObject {
+    public:
+        int hidden = 0;
+
+        bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+            hidden += event->type() == QEvent::Hide ? 1 : 0;
+            return false;
+        }
+    } watch;
+
+    QWidget& window = shown_->widget();
+    window.installEventFilter(&watch);
+    for (const bool topmost : {true, false}) {
+        shown_->setTopmost(topmost);
+        EXPECT_EQ(window.windowFlags().testFlag(Qt::WindowStaysOnTopHint), topmost);
+        EXPECT_EQ(window.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint), topmost);
+    }
+    shown_->setTaskbarButton(window.windowType() != Qt::Tool);
+    EXPECT_EQ(watch.hidden, 0);
+    shown_->setTaskbarButton(false);
+    shown_->setTaskbarButton(true);
+    EXPECT_TRUE(window.isVisible());
+}
+
+} // namespace
+} // namespace tovik::test
