@@ -26,7 +26,7 @@ void ListPainter::drawRow(QPainter& painter, std::size_t row, const QRect& place
     drawBack(painter, row, place);
 
     const auto choose = [&](Colour plain, Colour ofSelected, Colour ofPlayed) {
-        return qtColour(selected ? ofSelected : played ? ofPlayed : plain);
+        return qtColour(played ? ofPlayed : selected ? ofSelected : plain);
     };
     painter.setPen(choose(colours_.TitleTextColor, colours_.SelectedTitleTextColor,
                           colours_.PlayedTitleTextColor));

@@ -136,6 +136,12 @@ TEST_F(ListLookTest, theRowThatPlaysHasABorderAllAround) {
     EXPECT_EQ(image.pixelColor(0, top(2) + 2).red(), 1);
 }
 
+TEST_F(ListLookTest, theRowThatPlaysIsToldAlsoWhileItIsSelected) {
+    rows_.chosen = {3};
+    EXPECT_TRUE(hasInk(3, {0, 255, 255}, 0, kWidth / 2));
+    EXPECT_FALSE(hasInk(3, {0, 0, 255}, 0, kWidth / 2));
+}
+
 TEST_F(ListLookTest, anEmptyListHasNoColumn) {
     rows_.count = 0;
     EXPECT_EQ(shown().pixelColor(kInTime, 3).red(), 1);
