@@ -229,7 +229,7 @@ class SkinWindow(ProgramTest):
         paint_bmp(self.skin_file("main"), (1, 2, 3), 0, 0, 8, 8)
         self.player = self.start_program("--device", "silent", media("wav_s16_44100_stereo.wav"))
         self.shown_window = self.window_of(self.player)
-        seen = self.see(lambda p: p.at(*GROUND) == WHITE and p.at(0, 0) == (1, 2, 3), "the hole")
+        seen = self.see(lambda p: p.at(*GROUND) == WHITE and p.at(4, 4) == (1, 2, 3), "the hole")
         self.assertNotEqual(seen.at(GROUND[0] - 1, GROUND[1]), WHITE)
         self.mouse(4, 4)
         frame = self.under_pointer()
