@@ -59,7 +59,8 @@ def read_bmp(path):
                                   struct.unpack_from("<H", data, 28)[0])
     assert bits == 24 and height > 0, path
     stride = (width * 3 + 3) // 4 * 4
-    rows = [data[start + y * stride:start + y * stride + width * 3] for y in reversed(range(height))]
+    starts = [start + y * stride for y in reversed(range(height))]
+    rows = [data[place:place + width * 3] for place in starts]
     return Picture(width, height, [tuple(row[x:x + 3][::-1]) for row in rows
                                    for x in range(0, width * 3, 3)])
 
