@@ -79,7 +79,10 @@ bool Crossfade::startCdTrack(std::uint32_t track, sound::Handle& channel) {
     p_.list.GetData(p_.list.SelectedIndex);
     channel = p_.opener.openCdTrack(track);
     makeNewActive();
-    p_.sound.BASS_Start();
+    if (channel != sound::kNoHandle) {
+        // A paused output stays so where nothing starts.
+        p_.sound.BASS_Start();
+    }
     p_.starter.startDiscBeside(channel);
     if (channel == sound::kNoHandle) {
         return false;

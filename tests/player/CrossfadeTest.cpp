@@ -196,6 +196,14 @@ TEST_F(Crossfade, aTrackThatTheCdDoesNotHaveStartsNoFade) {
     EXPECT_THAT(logged(), IsEmpty());
 }
 
+TEST_F(Crossfade, aTrackThatTheCdDoesNotHaveLeavesAPausedOutputPaused) {
+    playFirst();
+    transport_.pause();
+    fadeTo("D:\\Track07.cda");
+    EXPECT_TRUE(state_.IsPaused);
+    EXPECT_TRUE(sound_.paused);
+}
+
 TEST_F(Crossfade, ontoTheSecondaryChannelTheVisualisationRestartsBeforeTheFileIsOpened) {
     playFirst();
     fadeTo(second_);
