@@ -114,6 +114,18 @@ TEST_F(SilenceSkip, theTailOfACrossfadeIsNoSilence) {
     EXPECT_EQ(state_.SilenceTicks, 0);
 }
 
+TEST_F(SilenceSkip, behindACrossfadeOfNoTimeSilenceIsNotCountedAnyMore) {
+    play(60, "50");
+    level(0);
+    CrossFade_->setInterval(0);
+    CrossFade_->setEnabled(true);
+    advance(20000);
+    EXPECT_EQ(state_.SilenceTicks, 0);
+    CrossFade_->setEnabled(false);
+    advance(500);
+    EXPECT_EQ(state_.SilenceTicks, 5);
+}
+
 TEST_F(SilenceSkip, nothingPlaysNorIsAnythingCounted) {
     play(60, "50");
     level(0);
