@@ -2,6 +2,7 @@
 // What is heard where one track follows another, compared with the samples of the tracks.
 #include "app/RenderRig.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
@@ -204,6 +205,38 @@ TEST_F(Transition, theTailOfAFadeIsNoSilence) {
     EXPECT_EQ(player().stdSS().SelectedIndex, 2);
     renderTo(6.2);
     EXPECT_EQ(player().stdSS().SelectedIndex, 3);
+}
+
+TEST_F(Transition, movesOfVolumeAndBalanceMakeNoClick) {
+    constexpr float kLevel = 0.4F;
+    start({wav("1.wav", Samples(2 * 10 * kFramesASecond, kLevel))});
+    ui::WindowInput& input = player().input();
+    double now = 1;
+    renderTo(now);
+    for (const std::size_t lamp : {0U, 8U, 2U}) {
+        ui::PointerEvent event;
+        event.element = ui::addressOf(ui::MainElement::balbar, lamp);
+        event.button = ui::MouseButton::Left;
+        input.mouseDown(event);
+        input.mouseUp(event);
+        renderTo(now += 0.25);
+        // Also centres the balance.
+        input.wheel({}, lamp == 0 ? -20 : 10);
+        renderTo(now += 0.25);
+    }
+    const Samples mix = finish();
+    float step = 0;
+    float least = kLevel;
+    // The beginning of the track is a step of its own.
+    for (std::size_t i = kFramesASecond; i + 2 < mix.size(); ++i) {
+        step = std::max(step, std::abs(mix[i + 2] - mix[i]));
+        least = std::min(least, mix[i]);
+    }
+    // Volume and balance ramp in 5 ms each, and can do so at once.
+    EXPECT_LE(step, 2.02F * kLevel / 220);
+    EXPECT_GT(step, 0.9F * kLevel / 221) << "it was moved all the way";
+    EXPECT_EQ(least, 0);
+    EXPECT_EQ(*std::ranges::max_element(mix), kLevel) << "nothing is louder than the track";
 }
 
 } // namespace
