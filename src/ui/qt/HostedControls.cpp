@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <QLineEdit>
+#include <QRegion>
 
 namespace tovik::ui {
 
@@ -48,6 +49,33 @@ void HostedControls::place(std::size_t slot, const SkinScale& scale) {
     widget.setPalette(palette);
     showCaption(widget, element.caption);
     widget.setVisible(element.visible);
+    cutOut(slot, widget, scale);
+}
+
+void HostedControls::cutOut(std::size_t slot, QWidget& widget, const SkinScale& scale) const {
+    const QRect place = scale.pixels(elements_.at(slot).box());
+    QRegion front;
+    for (std::size_t other = slot + 1; other < elements_.size(); ++other) {
+        const Element& element = elements_.at(other);
+        if (element.visible && element.kind != ElementKind::Control) {
+            front += scale.pixels(element.box()) & place;
+        }
+    }
+    if (!front.isEmpty()) {
+        widget.setMask(QRegion(place).subtracted(front).translated(-place.topLeft()));
+    } else if (!widget.mask().isEmpty()) {
+        widget.clearMask();
+    }
+}
+
+void HostedControls::makeWay(const Box& box, const SkinScale& scale) {
+    for (const auto& [slot, widget] : controls_) {
+        const Element& element = elements_.at(slot);
+        if (!widget.isNull() && element.visible &&
+            scale.pixels(element.box()).intersects(scale.pixels(box))) {
+            cutOut(slot, *widget, scale);
+        }
+    }
 }
 
 void HostedControls::placeAll(const SkinScale& scale) {

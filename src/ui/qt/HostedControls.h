@@ -28,10 +28,16 @@ public:
 
     void placeAll(const SkinScale& scale);
 
+    /// Something changed in `box`: visible elements that stand in front of a widget there are cut
+    /// out of it, so that the window's picture shows them and the mouse meets them.
+    void makeWay(const Box& box, const SkinScale& scale);
+
     /// The element that a widget stands for.
     [[nodiscard]] std::optional<std::size_t> slotOf(const QObject* widget) const;
 
 private:
+    void cutOut(std::size_t slot, QWidget& widget, const SkinScale& scale) const;
+
     QWidget& window_;
     const ElementStore& elements_;
     std::map<std::size_t, QPointer<QWidget>> controls_; ///< by slot

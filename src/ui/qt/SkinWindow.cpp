@@ -67,6 +67,7 @@ void SkinWindow::applyChanges() {
         for (const std::optional<Box>& box : {change.before, change.after}) {
             if (box) {
                 redraw(*box);
+                controls_.makeWay(*box, scale_);
             }
         }
         controls_.place(change.slot, scale_);

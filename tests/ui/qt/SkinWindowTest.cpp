@@ -149,6 +149,28 @@ TEST_F(SkinWindowTest, aControlFollowsItsRecord) {
     control.setParent(nullptr);
 }
 
+TEST_F(SkinWindowTest, whatStandsInFrontOfAControlIsCutOutOfIt) {
+    QWidget control;
+    window.hostControl(Small::list, 0, &control);
+    EXPECT_TRUE(control.mask().isEmpty());
+    // The button comes to lie over the list's lower left corner, at 30, 30 in it.
+    table.touch(Small::list).left = 30;
+    settle();
+    EXPECT_FALSE(control.mask().contains(QPoint(10, 30)));
+    EXPECT_TRUE(control.mask().contains(QPoint(9, 30)));
+    EXPECT_TRUE(control.mask().contains(QPoint(10, 29)));
+    EXPECT_EQ(window.childAt(45, 45), nullptr);
+    table.touch(Small::up).visible = false;
+    settle();
+    EXPECT_TRUE(control.mask().isEmpty());
+    EXPECT_EQ(window.childAt(45, 45), &control);
+    // What stands behind it does not count.
+    table.touch(Small::title).left = 30;
+    settle();
+    EXPECT_TRUE(control.mask().isEmpty());
+    control.setParent(nullptr);
+}
+
 TEST_F(SkinWindowTest, thePointerOverAControlIsOverItsElement) {
     QWidget control;
     window.hostControl(Small::list, 0, &control);
