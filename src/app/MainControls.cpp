@@ -52,6 +52,7 @@ MainControls::MainControls(frmPlayer& player, ui::SkinWindow& window,
     : player_(player), window_(window), dispatcher_(dispatcher),
       quickList_(player.List1(), player.stdSS(), player.transport()), text4_(new QWidget) {
     text4_->setFocusPolicy(Qt::StrongFocus);
+    text4_->setAttribute(Qt::WA_NoSystemBackground);
     text4_->setObjectName(QStringLiteral("Text4"));
     window_.hostControl(MainElement::Text4, 0, text4_);
     addQuickList();

@@ -77,6 +77,7 @@ void frmPlayer::loadSkin() {
 
 void frmPlayer::keepFaces() {
     skin_.SaveUpPictures();
+    panels_.RefreshTabs();
 }
 
 void frmPlayer::loadSettings() {
