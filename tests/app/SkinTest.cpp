@@ -89,6 +89,7 @@ TEST_F(Skin, aPictureThatIsNoneIsLogged) {
 
 TEST_F(Skin, theMouseChangesFaces) {
     start();
+    EXPECT_EQ(shown(MainElement::mainbt), "mainbt_down");
     ui::WindowInput& input = player().input();
     input.pointerEntered(ui::addressOf(MainElement::playup));
     EXPECT_EQ(shown(MainElement::playup), "btn_play_over");
