@@ -12,38 +12,24 @@
 #include "config/StartSettings.h"
 #include "config/Version.h"
 #include "host/Host.h"
-#include "player/Balance.h"
-#include "player/CBASS_TIME.h"
 #include "player/ClsShortcut.h"
 #include "player/Commands.h"
-#include "player/Crossfade.h"
 #include "player/Equalizer.h"
 #include "player/EqualizerFiles.h"
 #include "player/EqualizerInput.h"
 #include "player/EqualizerStore.h"
-#include "player/FadeOut.h"
 #include "player/frmLoadPreset.h"
 #include "player/MainBars.h"
 #include "player/MainDisplay.h"
 #include "player/MainInput.h"
 #include "player/MainTexts.h"
 #include "player/NowPlaying.h"
-#include "player/PlaybackClock.h"
+#include "player/Playback.h"
 #include "player/PlayerState.h"
 #include "player/PlayerWindow.h"
-#include "player/PositionBar.h"
 #include "player/RotatingCaption.h"
-#include "player/SilenceSkip.h"
-#include "player/StartEqualizer.h"
 #include "player/TimeDisplay.h"
-#include "player/TrackAdvance.h"
 #include "player/TrackEvents.h"
-#include "player/TrackFacts.h"
-#include "player/TrackOpener.h"
-#include "player/TrackStarter.h"
-#include "player/Transport.h"
-#include "player/Volume.h"
-#include "player/VolumeBar.h"
 #include "playlist/ListMirror.h"
 #include "playlist/PlaylistFiles.h"
 #include "playlist/stdSS.h"
@@ -109,15 +95,15 @@ public:
 
     [[nodiscard]] player::Equalizer& equalizer() { return equalizer_; }
 
-    [[nodiscard]] player::Transport& transport() { return transport_; }
+    [[nodiscard]] player::Transport& transport() { return playback_.transport; }
 
-    [[nodiscard]] player::TrackAdvance& advance() { return advance_; }
+    [[nodiscard]] player::TrackAdvance& advance() { return playback_.advance; }
 
-    [[nodiscard]] player::Crossfade& crossfade() { return crossfade_; }
+    [[nodiscard]] player::Crossfade& crossfade() { return playback_.crossfade; }
 
-    [[nodiscard]] player::FadeOut& fadeOut() { return fadeOut_; }
+    [[nodiscard]] player::FadeOut& fadeOut() { return playback_.fadeOut; }
 
-    [[nodiscard]] player::SilenceSkip& silenceSkip() { return silenceSkip_; }
+    [[nodiscard]] player::SilenceSkip& silenceSkip() { return playback_.silenceSkip; }
 
     [[nodiscard]] skin::Panels& panels() { return panels_; }
 
@@ -133,7 +119,7 @@ public:
 
     [[nodiscard]] const config::Errors& errors() const { return errors_; }
 
-    [[nodiscard]] player::CBASS_TIME& time() { return time_; }
+    [[nodiscard]] player::CBASS_TIME& time() { return playback_.time; }
 
     /// The texts of the language, for windows and dialogs that come and go.
     [[nodiscard]] config::MultiLNG& language() { return language_; }
@@ -271,38 +257,20 @@ private:
     ui::TextFields fields_{elements_, pictures_};
     ui::ImgScroller scroller_;
     player::MainDisplay display_;
-    player::CBASS_TIME time_;
-    player::TrackOpener opener_;
-    player::Volume volume_;
-    player::VolumeBar volumeBar_;
-    player::Balance balance_;
     player::Equalizer equalizer_;
     player::EqualizerStore equalizerStore_{settings_, equalizer_};
     player::EqualizerFiles equalizerFiles_;
     player::frmLoadPreset loadPreset_{equalizerStore_};
-    player::TrackStarter starter_;
-    player::TrackFacts facts_;
-    std::unique_ptr<host::Timer> Timer1_;
-    std::unique_ptr<host::Timer> Timer2_;
-    std::unique_ptr<host::Timer> Timer3_;
+    player::Playback playback_;
     std::unique_ptr<host::Timer> Timer4_;
     std::unique_ptr<host::Timer> Timer5_;
-    std::unique_ptr<host::Timer> sldTimer_;
-    std::unique_ptr<host::Timer> CrossFade_;
-    std::unique_ptr<host::Timer> FadeOut_;
-    player::Crossfade crossfade_;
-    player::Transport transport_;
-    player::TrackAdvance advance_;
-    player::SilenceSkip silenceSkip_;
-    player::FadeOut fadeOut_;
-    player::PlaybackClock clock_{state_, time_, errors_, playing_, display_, advance_};
     player::RotatingCaption caption_{state_, errors_, playing_, display_};
     std::unique_ptr<host::Timer> Timer6_ = host_.timers.makeTimer([this] { panels_.Timer6(); });
     skin::Panels panels_{state_, elements_, window_, errors_, *Timer6_};
 
     player::TimeDisplay timeDisplay_{state_, playing_, display_};
-    player::PositionBar positionBar_;
-    player::MainBars bars_{elements_, positionBar_, volumeBar_, balance_};
+    player::MainBars bars_{elements_, playback_.positionBar, playback_.volumeBar,
+                           playback_.balance};
     player::EqualizerInput equalizerInput_{equalizer_};
     player::Commands commands_;
     player::ClsShortcut shortcuts_{commands_};

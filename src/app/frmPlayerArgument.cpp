@@ -39,9 +39,9 @@ void frmPlayer::openArgument() {
 void frmPlayer::playList() {
     // A deliberate oddity: the pick of a row, from 1, is taken for an item, which count from 0. So
     // the first item is never picked but for "no row", and the last row picks nothing.
-    advance_.selectItem(state_.ShuffleOn ? advance_.gen_shuffle(base::toInt16(List1_.ListCount()))
-                                         : 0);
-    transport_.List1_DblClick();
+    playback_.advance.selectItem(
+        state_.ShuffleOn ? playback_.advance.gen_shuffle(base::toInt16(List1_.ListCount())) : 0);
+    playback_.transport.List1_DblClick();
 }
 
 void frmPlayer::openFileArgument(const std::string& path) {

@@ -23,11 +23,12 @@ void frmPlayer::bindCommands() {
 }
 
 void frmPlayer::bindPlaying() {
-    commands_.bind(CommandId::play, [this] { transport_.button_play(); });
-    commands_.bind(CommandId::pause, [this] { transport_.button_pause(); });
-    commands_.bind(CommandId::stop, [this] { transport_.button_stop(); });
-    commands_.bind(CommandId::backFiveSeconds, [this] { transport_.five_seconds_bck(); });
-    commands_.bind(CommandId::forwardFiveSeconds, [this] { transport_.five_seconds_fwd(); });
+    commands_.bind(CommandId::play, [this] { playback_.transport.button_play(); });
+    commands_.bind(CommandId::pause, [this] { playback_.transport.button_pause(); });
+    commands_.bind(CommandId::stop, [this] { playback_.transport.button_stop(); });
+    commands_.bind(CommandId::backFiveSeconds, [this] { playback_.transport.five_seconds_bck(); });
+    commands_.bind(CommandId::forwardFiveSeconds,
+                   [this] { playback_.transport.five_seconds_fwd(); });
     commands_.bind(CommandId::startOfList, [this] { playItem(0); });
     commands_.bind(CommandId::endOfList, [this] { playItem(List1_.ListCount() - 1); });
     commands_.bind(CommandId::stopAfterCurrent,
@@ -36,26 +37,26 @@ void frmPlayer::bindPlaying() {
 }
 
 void frmPlayer::bindAdvance() {
-    commands_.bind(CommandId::next, [this] { advance_.Next_track(); });
-    commands_.bind(CommandId::previous, [this] { advance_.last_track(); });
-    commands_.bind(CommandId::nextButton, [this] { advance_.button_next(); });
-    commands_.bind(CommandId::previousButton, [this] { advance_.button_previous(); });
-    commands_.bind(CommandId::tenTracksForward, [this] { advance_.ten_tracks_fwd(); });
-    commands_.bind(CommandId::tenTracksBack, [this] { advance_.ten_track_bck(); });
-    commands_.bind(CommandId::stopWithFadeout, [this] { fadeOut_.FadeOutTrack(); });
-    commands_.bind(CommandId::shuffle, {.run = [this] { advance_.button_shuffle(); },
+    commands_.bind(CommandId::next, [this] { playback_.advance.Next_track(); });
+    commands_.bind(CommandId::previous, [this] { playback_.advance.last_track(); });
+    commands_.bind(CommandId::nextButton, [this] { playback_.advance.button_next(); });
+    commands_.bind(CommandId::previousButton, [this] { playback_.advance.button_previous(); });
+    commands_.bind(CommandId::tenTracksForward, [this] { playback_.advance.ten_tracks_fwd(); });
+    commands_.bind(CommandId::tenTracksBack, [this] { playback_.advance.ten_track_bck(); });
+    commands_.bind(CommandId::stopWithFadeout, [this] { playback_.fadeOut.FadeOutTrack(); });
+    commands_.bind(CommandId::shuffle, {.run = [this] { playback_.advance.button_shuffle(); },
                                         .checked = [this] { return state_.ShuffleOn; }});
-    commands_.bind(CommandId::repeat, {.run = [this] { advance_.button_loop(); },
+    commands_.bind(CommandId::repeat, {.run = [this] { playback_.advance.button_loop(); },
                                        .checked = [this] { return state_.RepeatOn; }});
-    commands_.bind(CommandId::crossfade, {.run = [this] { crossfade_.button_cfd(); },
+    commands_.bind(CommandId::crossfade, {.run = [this] { playback_.crossfade.button_cfd(); },
                                           .checked = [this] { return state_.CrossfadeOn; }});
-    commands_.bind(CommandId::silenceSkip, {.run = [this] { silenceSkip_.button_sld(); },
+    commands_.bind(CommandId::silenceSkip, {.run = [this] { playback_.silenceSkip.button_sld(); },
                                             .checked = [this] { return state_.SilenceSkipOn; }});
 }
 
 void frmPlayer::playItem(std::int32_t item) {
     List1_.ListIndex(item);
-    transport_.List1_DblClick();
+    playback_.transport.List1_DblClick();
 }
 
 void frmPlayer::bindPanels() {

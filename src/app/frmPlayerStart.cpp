@@ -108,7 +108,7 @@ void frmPlayer::keepSettings(const config::StartSettings& read) {
     state_.AlwaysOnTop = read.alwaysOnTop;
     state_.AssociateAtStart = read.associateFileTypes;
     state_.CheckUpdates = read.checkForUpdates;
-    silenceSkip_.watch();
+    playback_.silenceSkip.watch();
 }
 
 void frmPlayer::lookForOtherInstance() {
@@ -190,7 +190,7 @@ void frmPlayer::drawEqualizer() {
 
 void frmPlayer::showVolume() {
     state_.CurrentVolume = config::settingToInt16(settings_.getSetting("cvl"));
-    volumeBar_.showHeight();
+    playback_.volumeBar.showHeight();
 }
 
 void frmPlayer::showModes() {
@@ -207,11 +207,11 @@ void frmPlayer::showQuickList() {
 }
 
 void frmPlayer::applyBalance() {
-    balance_.ApplyBalance(state_.BalanceValue);
+    playback_.balance.ApplyBalance(state_.BalanceValue);
 }
 
 void frmPlayer::showBalanceText() {
-    balance_.showStartText();
+    playback_.balance.showStartText();
 }
 
 void frmPlayer::readMessenger() {
@@ -242,13 +242,13 @@ void frmPlayer::loadLanguage() {
     language_.Language_File(settings_.getSetting("CLNG"));
     language_.Load_Main_Win_LNG();
     language_.Load_Menus_Lng();
-    volumeBar_.showText();
+    playback_.volumeBar.showText();
 }
 
 void frmPlayer::changeLanguage() {
     language_.Language_File(settings_.getSetting("CLNG"));
     language_.loadAttached();
-    volumeBar_.showText();
+    playback_.volumeBar.showText();
 }
 
 void frmPlayer::makeKnown() {

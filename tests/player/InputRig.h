@@ -7,7 +7,6 @@
 #include "player/MainBars.h"
 #include "player/MainInput.h"
 #include "player/PlayerRig.h"
-#include "player/PositionBar.h"
 #include "player/TimeDisplay.h"
 
 namespace tovik::test {
@@ -55,16 +54,6 @@ protected:
     player::Commands commands_;
     player::ClsShortcut shortcuts_{commands_};
     player::TimeDisplay timeDisplay_{state_, playing_, view_};
-    std::unique_ptr<host::Timer> Timer1_ = host_.clock.makeTimer([] {});
-    player::PositionBar positionBar_{{.state = state_,
-                                      .time = time_,
-                                      .errors = errors_,
-                                      .elements = elements_,
-                                      .playing = playing_,
-                                      .view = view_,
-                                      .window = window_,
-                                      .Timer1 = *Timer1_,
-                                      .Timer3 = *Timer3_}};
     player::MainBars bars_{elements_, positionBar_, volumeBar_, balance_};
     player::Equalizer equalizer_{{.state = state_,
                                   .sound = sound_,

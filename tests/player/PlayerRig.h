@@ -3,16 +3,7 @@
 #pragma once
 
 #include "config/clsXML.h"
-#include "player/Balance.h"
-#include "player/Crossfade.h"
-#include "player/FadeOut.h"
-#include "player/PlaybackClock.h"
-#include "player/RotatingCaption.h"
-#include "player/SilenceSkip.h"
-#include "player/TrackAdvance.h"
-#include "player/TrackStarter.h"
-#include "player/Transport.h"
-#include "player/VolumeBar.h"
+#include "player/Playback.h"
 #include "support/host/TestHost.h"
 #include "support/sound/FakeSoundLibrary.h"
 #include "tags/TagWarning.h"
@@ -153,7 +144,6 @@ protected:
     config::Settings settings_{host_.paths, xml_};
     config::ErrHandler log_{host_.paths, host_.clock, host_.operatingSystem};
     config::Errors errors_{log_, host_.dialogs};
-    player::CBASS_TIME time_{sound_};
     tags::TagWarning tagWarning_{host_.dialogs};
     tags::cMP3ID3v1 tag_{tagWarning_};
     playlist::stdSS list_;
@@ -163,27 +153,29 @@ protected:
     RecordingEvents events_;
     NumberedWindow window_;
     ui::MainElements elements_{ui::mainLayout()};
-    player::TrackOpener opener_{sound_};
-    player::Volume volume_{state_, sound_, settings_};
-    player::VolumeBar volumeBar_{state_, volume_, errors_, elements_, playing_, view_};
-    player::Balance balance_{state_, sound_, errors_, elements_, playing_, view_};
     NotedEqualizer startEqualizer_{sound_.calls};
-    player::TrackFacts facts_{state_, time_, settings_, tag_, list_, playing_, view_, events_};
-    player::TrackStarter starter_{state_, sound_, volume_, balance_, startEqualizer_};
-    std::unique_ptr<host::Timer> Timer1_ = host_.clock.makeTimer([this] { clock_.Timer1(); });
-    std::unique_ptr<host::Timer> Timer3_ = host_.clock.makeTimer([this] { clock_.Timer3(); });
-    std::unique_ptr<host::Timer> sldTimer_ =
-        host_.clock.makeTimer([this] { silenceSkip_.SLD_Timer(); });
-    std::unique_ptr<host::Timer> CrossFade_ =
-        host_.clock.makeTimer([this] { crossfade_.crossfade_Timer(); });
-    std::unique_ptr<host::Timer> FadeOut_ =
-        host_.clock.makeTimer([this] { fadeOut_.FadeOut_Timer(); });
-    player::Crossfade crossfade_;
-    player::Transport transport_;
-    player::TrackAdvance advance_;
-    player::SilenceSkip silenceSkip_;
-    player::FadeOut fadeOut_{state_, sound_, settings_, transport_, *FadeOut_};
-    player::PlaybackClock clock_{state_, time_, errors_, playing_, view_, advance_};
+    player::Playback playback_;
+
+    // The parts by the names that tests use.
+    player::CBASS_TIME& time_ = playback_.time;
+    player::TrackOpener& opener_ = playback_.opener;
+    player::Volume& volume_ = playback_.volume;
+    player::VolumeBar& volumeBar_ = playback_.volumeBar;
+    player::Balance& balance_ = playback_.balance;
+    player::TrackFacts& facts_ = playback_.facts;
+    player::TrackStarter& starter_ = playback_.starter;
+    std::unique_ptr<host::Timer>& Timer1_ = playback_.Timer1;
+    std::unique_ptr<host::Timer>& Timer3_ = playback_.Timer3;
+    std::unique_ptr<host::Timer>& sldTimer_ = playback_.sldTimer;
+    std::unique_ptr<host::Timer>& CrossFade_ = playback_.CrossFadeTimer;
+    std::unique_ptr<host::Timer>& FadeOut_ = playback_.FadeOutTimer;
+    player::Crossfade& crossfade_ = playback_.crossfade;
+    player::Transport& transport_ = playback_.transport;
+    player::TrackAdvance& advance_ = playback_.advance;
+    player::SilenceSkip& silenceSkip_ = playback_.silenceSkip;
+    player::FadeOut& fadeOut_ = playback_.fadeOut;
+    player::PlaybackClock& clock_ = playback_.clock;
+    player::PositionBar& positionBar_ = playback_.positionBar;
 
 private:
     void writeSettings() const;
