@@ -13,6 +13,7 @@ SECONDS = 60
 RATE = 8000
 WIDTH = 470  # of the window
 BAR_LEFT, BAR_WIDTH, BAR_Y = 26, 250, 177  # of the position bar
+STRIPE = 3  # columns from the mark's left edge to the amber stripe in its middle
 
 
 class Controls(ProgramTest):
@@ -49,9 +50,9 @@ class Controls(ProgramTest):
     def place(self):
         """The second that the mark on the position bar stands at; -1 before it is seen."""
         row = self.picture()[3 * (BAR_Y * WIDTH + BAR_LEFT):3 * (BAR_Y * WIDTH + WIDTH)]
-        columns = [row[3 * x:3 * x + 3] for x in range(BAR_WIDTH)]
-        dark = [x for x, (red, green, blue) in enumerate(columns) if red + green + blue < 240]
-        return dark[0] * SECONDS / BAR_WIDTH if dark else -1
+        columns = [row[3 * x:3 * x + 3] for x in range(BAR_WIDTH + 2 * STRIPE)]
+        amber = [x for x, (red, _, blue) in enumerate(columns) if red > 220 and blue < 90]
+        return (amber[0] - STRIPE) * SECONDS / BAR_WIDTH if amber else -1
 
     def wait_for_place(self, low, high):
         self.wait_until(lambda: low <= self.place() <= high, f"a place from {low} to {high} s")
