@@ -30,7 +30,8 @@ std::uint32_t plainPixel(const BitmapHeader& header, Bytes row, std::size_t x) {
         const std::size_t fromLeft = x % inByte;
         const auto shift =
             static_cast<unsigned>((inByte - 1 - fromLeft) * static_cast<std::size_t>(header.bits));
-        return header.palette[(row[x / inByte] >> shift) & ((1U << header.bits) - 1)];
+        const auto byte = static_cast<std::uint32_t>(row[x / inByte]);
+        return header.palette[(byte >> shift) & ((1U << header.bits) - 1)];
     }
     std::uint32_t value = 0;
     const std::size_t width = static_cast<std::size_t>(header.bits) / 8;
