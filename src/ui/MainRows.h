@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the rows of the main window's layout have in common: colours, sizes, kinds of rows, and the
-// symbols that buttons bear while they have no picture. For `MainElements.cpp`. Any thread.
+// symbols that buttons bear while they have no picture. Any thread.
 #pragma once
 
 #include "ui/ElementLayout.h"

@@ -2,6 +2,7 @@
 #include "ui/TextFields.h"
 
 #include "ui/GlyphText.h"
+#include "ui/MainRows.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,9 +10,6 @@
 namespace tovik::ui {
 
 namespace {
-
-constexpr Colour kBright{255, 255, 255};
-constexpr Colour kDim{96, 100, 140};
 
 /// The source that text is drawn from holds the strip that was used last.
 void becomeSource(MainElements& elements, Picture strip) {
@@ -25,7 +23,7 @@ void becomeSource(MainElements& elements, Picture strip) {
 void TextFields::show(MainElement name, std::size_t index, std::string_view words, Strip strip) {
     Element& element = elements_.touch(name, index);
     element.caption = words;
-    element.textColour = strip == Strip::Bright ? kBright : kDim;
+    element.textColour = strip == Strip::Bright ? rows::kWhite : rows::kDim;
     static_cast<void>(draw(name, index, charactersOf(words), strip));
 }
 
