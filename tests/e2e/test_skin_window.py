@@ -215,6 +215,27 @@ class SkinWindow(ProgramTest):
         self.assertEqual(self.place(), (left, top))
         self.end()
 
+    def test_the_window_lets_go_of_the_pointer(self):
+        self.start()
+        for _ in range(3):
+            before = self.steady_place()
+            # Quick ones: the window manager has not taken over when the next ones come.
+            moves = [word for _ in range(40)
+                     for word in ("mousemove_relative", "3", "2", "sleep", "0.01")]
+            self.mouse(*GROUND, "mousedown", "1", *moves, "mouseup", "1")
+            self.wait_until(lambda: self.place()[0] > before[0] + 20, "the window to follow")
+            left = self.steady_place()
+            for _ in range(10):
+                self.tool("xdotool", "mousemove_relative", "--sync", "--", "-7", "-5")
+            self.assertEqual(self.steady_place(), left)
+            # What is pressed next is a press again, not the end of a drag.
+            self.mouse(157, 20, "click", "1")
+            self.see(lambda p: p.shows(self.bitmap("eqbt_down"), 146, 9), "the panel")
+            self.mouse(133, 20, "click", "1")
+            self.see(lambda p: p.shows(self.bitmap("mainbt_down"), 122, 9), "the main panel")
+            self.tool("xdotool", "windowmove", "--sync", self.shown_window, "50", "50")
+        self.end()
+
     def test_the_outline_is_that_of_the_ground(self):
         self.start()
         seen, ground = self.picture(), self.bitmap("main")

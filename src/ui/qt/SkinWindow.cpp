@@ -144,10 +144,15 @@ bool SkinWindow::outside(const PointerState& pointer) const {
 }
 
 void SkinWindow::beginDrag() {
-    if (draggedBy_ || (windowHandle() != nullptr && windowHandle()->startSystemMove())) {
+    // Asked again, window managers take the button for held when it is up: the window would stay
+    // with the pointer.
+    if (dragging_) {
         return;
     }
-    draggedBy_ = pressedAt_;
+    dragging_ = true;
+    if (windowHandle() == nullptr || !windowHandle()->startSystemMove()) {
+        draggedBy_ = pressedAt_;
+    }
 }
 
 void SkinWindow::mousePressEvent(QMouseEvent* event) {
@@ -164,6 +169,9 @@ void SkinWindow::press(QMouseEvent& event, bool twice) {
     if (outside(pointer)) {
         event.ignore();
         return;
+    }
+    if (event.buttons() == event.button()) {
+        dragging_ = false;
     }
     pressedAt_ = event.position().toPoint();
     route([&] { router_.pressed(pointer, mouseButtonOf(event.button()), twice); });

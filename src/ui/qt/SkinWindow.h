@@ -52,7 +52,8 @@ public:
     void setRegion(const Region* region) override;
 
     /// Lets the window follow the pointer until the button that is held goes up; for the handler
-    /// of a mouse move. The window system does it where it can.
+    /// of a mouse move. The window system does it where it can. Further calls in the same press do
+    /// nothing.
     void beginDrag();
 
     /// Shows what logic wrote without waiting for the event loop to come round; painting itself
@@ -92,6 +93,7 @@ private:
     SkinScale scale_;
     WindowImage image_;
     std::optional<Region> region_;
+    bool dragging_ = false;           ///< a drag was begun since the press
     QPoint pressedAt_;                ///< where the pointer last went down, seen from the window
     std::optional<QPoint> draggedBy_; ///< likewise, while the window moves itself
     HostedControls controls_;
