@@ -33,8 +33,15 @@ function(tovik_library name)
     endif()
 endfunction()
 
+# Test files are compiled in batches: what they include (the test library above all) weighs more than
+# what they say. So names in a test's anonymous namespace are unique within its folder.
+set(TOVIK_TEST_BATCH 8 CACHE STRING "Test files compiled as one; 0: each by itself")
+
 # One folder of generated media serves all presets.
 set(TOVIK_MEDIA_DIR ${PROJECT_SOURCE_DIR}/build/media)
+
+# All test programs, and nothing that no test needs.
+add_custom_target(tovik_test_programs)
 
 # tovik_tests(NAME SOURCES ... [USES target ...] [QT]): one test program for one folder. A test
 # that needs media finds the folder of generated files in the environment variable TOVIK_MEDIA.
@@ -44,10 +51,23 @@ function(tovik_tests name)
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src
                                                ${PROJECT_SOURCE_DIR}/tests)
     target_link_libraries(${name} PRIVATE ${ARG_USES} tovik_warnings GTest::gmock_main)
+    if(TOVIK_TEST_BATCH GREATER 0)
+        set_target_properties(${name} PROPERTIES UNITY_BUILD ON
+                                                 UNITY_BUILD_BATCH_SIZE ${TOVIK_TEST_BATCH})
+        # A fixture of a batched file stands in no header, as GCC would have it.
+        target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+    endif()
+    if(TOVIK_SANITIZE)
+        # The code under test is optimised as everywhere; the tests themselves need not be.
+        target_compile_options(${name} PRIVATE -O0)
+    endif()
     if(ARG_QT)
         set_target_properties(${name} PROPERTIES AUTOMOC ON)
-        target_precompile_headers(${name} REUSE_FROM tovik_qt_precompiled)
+        if(NOT TOVIK_SANITIZE) # made for another level of optimisation
+            target_precompile_headers(${name} REUSE_FROM tovik_qt_precompiled)
+        endif()
     endif()
+    add_dependencies(tovik_test_programs ${name})
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES
         ENVIRONMENT "TOVIK_MEDIA=${TOVIK_MEDIA_DIR};QT_QPA_PLATFORM=offscreen"

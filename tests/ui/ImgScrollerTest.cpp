@@ -13,7 +13,7 @@ using testing::IsEmpty;
 
 class ImgScrollerTest : public testing::Test {
 protected:
-    test::TestHost host;
+    tovik::test::TestHost host;
     std::vector<std::u32string> drawn;
     ImgScroller scroller{host.clock,
                          [this](std::u32string_view text) { drawn.emplace_back(text); }};

@@ -11,8 +11,6 @@
 namespace tovik::sound::test {
 namespace {
 
-constexpr std::array kFamilies = {FormatFamily::stream, FormatFamily::music, FormatFamily::wma,
-                                  FormatFamily::flac};
 constexpr std::size_t kMostFrames = 3'000'000; // more than any of the media has
 
 std::size_t frameCount(const std::vector<float>& samples, const Decoder& decoder) {

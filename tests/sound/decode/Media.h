@@ -4,6 +4,7 @@
 
 #include "sound/decode/Decoder.h"
 
+#include <array>
 #include <filesystem>
 #include <random>
 #include <string>
@@ -20,6 +21,10 @@ struct MediaFile {
     std::int64_t frames = 0; ///< exact length, 0 where the format does not tell it
     std::string source;      ///< name of the WAV it was made from, or "-"
 };
+
+/// Every family that a create operation may ask for.
+inline constexpr std::array kFamilies = {FormatFamily::stream, FormatFamily::music,
+                                         FormatFamily::wma, FormatFamily::flac};
 
 [[nodiscard]] std::string mediaPath(const std::string& name);
 

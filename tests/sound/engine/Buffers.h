@@ -10,6 +10,9 @@
 
 namespace tovik::sound::test {
 
+/// A file of the media that most tests play.
+inline constexpr const char* kStereo = "wav_s16_44100_stereo.wav";
+
 /// The samples of a WAV file of the media, read byte by byte; mono on both sides. One and two
 /// channels, unsigned 8, signed 16, 24 and 32 bits and 32-bit float.
 [[nodiscard]] Stereo wavSamples(const std::string& name);

@@ -12,9 +12,8 @@ namespace tovik::sound {
 namespace {
 
 using test::EngineRig;
+using test::kStereo;
 using test::wavSamples;
-
-constexpr const char* kStereo = "wav_s16_44100_stereo.wav";
 
 /// All that GetData gives, read in pieces of `bytes`.
 std::vector<std::int16_t> readAll(EngineRig& rig, Handle channel, std::uint32_t bytes) {

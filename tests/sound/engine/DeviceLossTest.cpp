@@ -10,9 +10,8 @@ namespace {
 
 using test::cut;
 using test::EngineRig;
+using test::kStereo;
 using test::wavSamples;
-
-constexpr const char* kStereo = "wav_s16_44100_stereo.wav";
 
 void lose(EngineRig& rig) {
     const int before = rig.observer.lost;

@@ -11,10 +11,9 @@ namespace {
 
 using test::cut;
 using test::EngineRig;
+using test::kStereo;
 using test::silent;
 using test::wavSamples;
-
-constexpr const char* kStereo = "wav_s16_44100_stereo.wav";
 
 } // namespace
 

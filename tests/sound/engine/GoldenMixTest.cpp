@@ -13,12 +13,12 @@ namespace {
 using test::cut;
 using test::EngineRig;
 using test::expectSame;
+using test::kStereo;
 using test::largestDifference;
 using test::scaled;
 using test::Stereo;
 using test::wavSamples;
 
-constexpr const char* kStereo = "wav_s16_44100_stereo.wav";
 constexpr const char* kMono = "wav_s16_44100_mono.wav";
 constexpr std::size_t kFrames = 30000;
 constexpr float kRounding = 1e-6F;

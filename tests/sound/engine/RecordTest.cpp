@@ -12,9 +12,8 @@ namespace tovik::sound {
 namespace {
 
 using test::EngineRig;
+using test::kStereo;
 using test::Stereo;
-
-constexpr const char* kStereo = "wav_s16_44100_stereo.wav";
 
 /// Keeps what a recording delivers.
 class Tape {

@@ -11,10 +11,10 @@ namespace {
 using test::cut;
 using test::EngineRig;
 using test::expectSame;
+using test::kStereo;
 using test::Stereo;
 using test::wavSamples;
 
-constexpr const char* kStereo = "wav_s16_44100_stereo.wav";
 constexpr std::size_t kRamp = 220; ///< frames until a seek has faded over
 
 /// At half volume, so that the clip guard, which remembers, has nothing to do.

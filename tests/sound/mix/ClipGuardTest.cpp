@@ -116,9 +116,9 @@ TEST(ClipGuard, DoesNotDependOnTheBlocks) {
 }
 
 TEST(ClipGuard, WhatIsNoNumberBecomesSilence) {
-    constexpr float kInfinite = std::numeric_limits<float>::infinity();
-    constexpr float kNoNumber = std::numeric_limits<float>::quiet_NaN();
-    std::vector<float> samples{0.5F, kNoNumber, kInfinite, 0.25F, -kInfinite, -kNoNumber};
+    constexpr float infinite = std::numeric_limits<float>::infinity();
+    constexpr float noNumber = std::numeric_limits<float>::quiet_NaN();
+    std::vector<float> samples{0.5F, noNumber, infinite, 0.25F, -infinite, -noNumber};
     ClipGuard guard;
     guard.process(samples);
     EXPECT_EQ(samples, (std::vector<float>{0.5F, 0.0F, 0.0F, 0.25F, 0.0F, 0.0F}));

@@ -12,7 +12,7 @@ using std::chrono::seconds;
 const KeeperTime kStart = KeeperTime(seconds(1000));
 const KeeperTimes kTimes{};
 
-KeeperSituation opened(DeviceState state, Demand demand) {
+KeeperSituation situationOf(DeviceState state, Demand demand) {
     KeeperSituation situation;
     situation.device = state;
     situation.everOpened = true;
@@ -49,38 +49,39 @@ TEST(KeeperSchedule, NothingIsOpenedByADemandBeforeTheFirstRequest) {
 }
 
 TEST(KeeperSchedule, AClosedDeviceOpensForEveryDemandButIdle) {
-    EXPECT_EQ(stepAt(opened(DeviceState::closed, Demand::running), {}), DeviceStep::open);
-    EXPECT_EQ(stepAt(opened(DeviceState::closed, Demand::paused), {}), DeviceStep::open);
-    expectSleepsForEver(opened(DeviceState::closed, Demand::idle));
+    EXPECT_EQ(stepAt(situationOf(DeviceState::closed, Demand::running), {}), DeviceStep::open);
+    EXPECT_EQ(stepAt(situationOf(DeviceState::closed, Demand::paused), {}), DeviceStep::open);
+    expectSleepsForEver(situationOf(DeviceState::closed, Demand::idle));
 }
 
 TEST(KeeperSchedule, ARunningDeviceThatIsNeededSleeps) {
-    expectSleepsForEver(opened(DeviceState::running, Demand::running));
-    expectSleepsForEver(opened(DeviceState::paused, Demand::paused));
+    expectSleepsForEver(situationOf(DeviceState::running, Demand::running));
+    expectSleepsForEver(situationOf(DeviceState::paused, Demand::paused));
 }
 
 TEST(KeeperSchedule, APauseComesAfterTheGrace) {
-    expectDue(opened(DeviceState::running, Demand::paused), DeviceStep::pause, milliseconds(60));
+    expectDue(situationOf(DeviceState::running, Demand::paused), DeviceStep::pause,
+              milliseconds(60));
 }
 
 TEST(KeeperSchedule, APausedDeviceResumesAtOnce) {
-    EXPECT_EQ(stepAt(opened(DeviceState::paused, Demand::running), {}), DeviceStep::resume);
+    EXPECT_EQ(stepAt(situationOf(DeviceState::paused, Demand::running), {}), DeviceStep::resume);
 }
 
 TEST(KeeperSchedule, AnIdleDeviceIsClosedAfterTenSecondsRunningOrPaused) {
-    expectDue(opened(DeviceState::running, Demand::idle), DeviceStep::close, seconds(10));
-    expectDue(opened(DeviceState::paused, Demand::idle), DeviceStep::close, seconds(10));
+    expectDue(situationOf(DeviceState::running, Demand::idle), DeviceStep::close, seconds(10));
+    expectDue(situationOf(DeviceState::paused, Demand::idle), DeviceStep::close, seconds(10));
 }
 
 TEST(KeeperSchedule, TheIdleTimeCountsFromTheOpeningIfThatWasLater) {
-    KeeperSituation situation = opened(DeviceState::running, Demand::idle);
+    KeeperSituation situation = situationOf(DeviceState::running, Demand::idle);
     situation.openedAt = kStart + seconds(100);
     expectDue(situation, DeviceStep::close, seconds(110));
 }
 
 TEST(KeeperSchedule, ADeviceThatDoesNotRestIsNeitherPausedNorClosed) {
     for (const Demand demand : {Demand::running, Demand::paused, Demand::idle}) {
-        KeeperSituation situation = opened(DeviceState::running, demand);
+        KeeperSituation situation = situationOf(DeviceState::running, demand);
         situation.restsWhenIdle = false;
         expectSleepsForEver(situation);
     }
@@ -89,7 +90,7 @@ TEST(KeeperSchedule, ADeviceThatDoesNotRestIsNeitherPausedNorClosed) {
 TEST(KeeperSchedule, ALossComesBeforeEverythingElse) {
     for (const Demand demand : {Demand::running, Demand::paused, Demand::idle}) {
         for (const DeviceState state : {DeviceState::running, DeviceState::paused}) {
-            KeeperSituation situation = opened(state, demand);
+            KeeperSituation situation = situationOf(state, demand);
             situation.lossReported = true;
             EXPECT_EQ(stepAt(situation, std::chrono::hours(1)), DeviceStep::takeLoss);
             situation.restsWhenIdle = false;
@@ -99,17 +100,17 @@ TEST(KeeperSchedule, ALossComesBeforeEverythingElse) {
 }
 
 TEST(KeeperSchedule, ALostDeviceIsRetriedEveryTwoSecondsWhileItIsNeeded) {
-    expectDue(opened(DeviceState::lost, Demand::running), DeviceStep::open, seconds(2));
-    expectDue(opened(DeviceState::lost, Demand::paused), DeviceStep::open, seconds(2));
-    expectSleepsForEver(opened(DeviceState::lost, Demand::idle));
+    expectDue(situationOf(DeviceState::lost, Demand::running), DeviceStep::open, seconds(2));
+    expectDue(situationOf(DeviceState::lost, Demand::paused), DeviceStep::open, seconds(2));
+    expectSleepsForEver(situationOf(DeviceState::lost, Demand::idle));
 }
 
 TEST(KeeperSchedule, ALostDeviceIsRetriedAtOnceOnAnArrivalOrARequest) {
     for (const Demand demand : {Demand::running, Demand::paused, Demand::idle}) {
-        KeeperSituation arrived = opened(DeviceState::lost, demand);
+        KeeperSituation arrived = situationOf(DeviceState::lost, demand);
         arrived.arrived = true;
         EXPECT_EQ(stepAt(arrived, {}), DeviceStep::open);
-        KeeperSituation requested = opened(DeviceState::lost, demand);
+        KeeperSituation requested = situationOf(DeviceState::lost, demand);
         requested.openRequested = true;
         EXPECT_EQ(stepAt(requested, {}), DeviceStep::open);
     }

@@ -28,7 +28,7 @@ constexpr ListColours kColours{
     .PlayedBorderColor = Colour{6, 0, 0},
 };
 
-class Rows final : public ListModel, public ListInput {
+class ColouredRows final : public ListModel, public ListInput {
 public:
     std::size_t count = 5;
     std::set<std::size_t> chosen;
@@ -63,7 +63,7 @@ protected:
     static constexpr int kHeight = 120;
     static constexpr int kInTime = kWidth - 3;
 
-    Rows rows_;
+    ColouredRows rows_;
     host::Dispatcher dispatcher_;
     ListWidget list_{rows_, rows_, dispatcher_};
 

@@ -33,7 +33,7 @@ TEST(SplashWindow, bearsTheNameOfTheProgram) {
 }
 
 TEST(SplashWindow, showsThePictureThatThereIs) {
-    const test::TemporaryFolder folder;
+    const tovik::test::TemporaryFolder folder;
     QImage picture(300, 200, QImage::Format_RGB32);
     picture.fill(QColor(10, 200, 30));
     ASSERT_TRUE(picture.save(QString::fromStdString(folder / "splash.png")));
