@@ -57,15 +57,10 @@ function(tovik_tests name)
         # A fixture of a batched file stands in no header, as GCC would have it.
         target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
     endif()
-    if(TOVIK_SANITIZE)
-        # The code under test is optimised as everywhere; the tests themselves need not be.
-        target_compile_options(${name} PRIVATE -O0)
-    endif()
+    # The code under test is optimised as everywhere; the tests themselves need not be.
+    target_compile_options(${name} PRIVATE -O0)
     if(ARG_QT)
         set_target_properties(${name} PROPERTIES AUTOMOC ON)
-        if(NOT TOVIK_SANITIZE) # made for another level of optimisation
-            target_precompile_headers(${name} REUSE_FROM tovik_qt_precompiled)
-        endif()
     endif()
     add_dependencies(tovik_test_programs ${name})
     add_test(NAME ${name} COMMAND ${name})
