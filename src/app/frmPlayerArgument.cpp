@@ -3,11 +3,12 @@
 #include "app/frmPlayer.h"
 
 #include "base/CommandText.h"
-#include "base/Numbers.h"
 #include "base/Text.h"
 #include "host/PlayerArguments.h"
 #include "playlist/FileNames.h"
 #include "tags/ShownField.h"
+
+#include <algorithm>
 
 namespace tovik::app {
 
@@ -37,10 +38,10 @@ void frmPlayer::openArgument() {
 }
 
 void frmPlayer::playList() {
-    // A deliberate oddity: the pick of a row, from 1, is taken for an item, which count from 0. So
-    // the first item is never picked but for "no row", and the last row picks nothing.
-    playback_.advance.selectItem(
-        state_.ShuffleOn ? playback_.advance.gen_shuffle(base::toInt16(List1_.ListCount())) : 0);
+    // A pick may be no row: the list then begins with its first.
+    const playlist::Row picked =
+        state_.ShuffleOn ? playback_.advance.gen_shuffle(stdSS_.ListCount()) : 0;
+    playback_.advance.selectItem(std::max(picked, 1) - 1);
     playback_.transport.List1_DblClick();
 }
 

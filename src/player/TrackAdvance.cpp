@@ -35,17 +35,17 @@ void TrackAdvance::PlayRow(playlist::Row row, std::int32_t fadeSeconds) {
     p_.view.showTitles(p_.playing);
 }
 
-std::int16_t TrackAdvance::gen_shuffle(std::int16_t count) {
+playlist::Row TrackAdvance::gen_shuffle(playlist::Row count) {
     // Cell 0 stays empty and cell 9 is never taken.
     static constexpr std::size_t kCells = 10;
     static constexpr double kTaken = 9;
-    static constexpr std::int16_t kFewRows = 10;
-    std::int16_t picked = 0;
+    static constexpr playlist::Row kFewRows = 10;
+    playlist::Row picked = 0;
     config::guard(p_.errors, config::player("GenShuffle"), [&] {
-        std::array<std::int16_t, kCells> cells{};
+        std::array<playlist::Row, kCells> cells{};
         for (std::size_t i = 1; i < kCells; ++i) {
             do {
-                cells[i] = base::toInt16(std::floor(count * p_.random.next() + 1));
+                cells[i] = base::toInt32(std::floor(count * p_.random.next() + 1));
             } while (count > kFewRows && cells[i] == cells[i - 1]);
         }
         picked = cells.at(static_cast<std::size_t>(p_.random.next() * kTaken));
@@ -53,8 +53,8 @@ std::int16_t TrackAdvance::gen_shuffle(std::int16_t count) {
     return picked;
 }
 
-std::int16_t TrackAdvance::pick() {
-    return gen_shuffle(base::toInt16(p_.list.ListCount()));
+playlist::Row TrackAdvance::pick() {
+    return gen_shuffle(p_.list.ListCount());
 }
 
 void TrackAdvance::Next_track() {

@@ -58,7 +58,7 @@ public:
     /// A row out of `count`, or 0. A deliberate oddity: one pick in nine is 0, which is no row, and
     /// so plays nothing until the clock moves on. Picks have no memory; the host's generator takes
     /// its seed from the clock when the program starts.
-    [[nodiscard]] std::int16_t gen_shuffle(std::int16_t count);
+    [[nodiscard]] playlist::Row gen_shuffle(playlist::Row count);
 
     /// A track is over: stops if that was asked for, else moves on.
     void endTrack();
@@ -76,7 +76,7 @@ public:
 private:
     void PlayRow(playlist::Row row, std::int32_t fadeSeconds);
     void playItem(playlist::Row row);
-    [[nodiscard]] std::int16_t pick();
+    [[nodiscard]] playlist::Row pick();
 
     TrackAdvanceParts p_;
 };

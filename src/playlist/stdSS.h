@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -92,6 +93,11 @@ public:
     /// The road of a double click and of Enter. See `replayUsed_`.
     void StartRow(Row row);
 
+    /// Gives the played look to the row that sounds, 0 for none. From then on the look goes only by
+    /// this; before, and in a list that is never told, it goes by `Play`. The row that `Play` and
+    /// `StartRow` compare with stays the one started last from the list.
+    void showSounding(Row row);
+
     /// Shift: marks the range from the row selected last to this one, and nothing else. Otherwise
     /// the row's mark is toggled.
     void MS(Row row);
@@ -116,6 +122,8 @@ public:
 
     [[nodiscard]] std::int32_t seconds(Row row) const noexcept;
     [[nodiscard]] bool isMarked(Row row) const noexcept;
+
+    /// Whether the row has the played look.
     [[nodiscard]] bool isPlayed(Row row) const noexcept;
 
 private:
@@ -151,7 +159,8 @@ private:
     std::vector<Record> rows_;
     std::vector<ListObserver*> observers_;
     ListEvents* events_ = nullptr;
-    Row playedIndex_ = 0;
+    Row playedIndex_ = 0;           // started last from the list
+    std::optional<Row> soundingRow_; // has the played look; without one the row above has
     Row selectionAnchor_ = 0;
     Row markedCount_ = 0; // spares a walk over all rows when only the selected one is marked
     std::int32_t totalSeconds_ = 0;

@@ -74,12 +74,12 @@ TEST_F(Advance, withRepeatOrShuffleThereIsNoEnd) {
     EXPECT_FALSE(player().sounds());
 }
 
-TEST_F(Advance, withShuffleTheListBeginsBelowThePick) {
+TEST_F(Advance, withShuffleTheListBeginsWithThePick) {
     set("SHF", "1");
     willPick(2, 3);
     startWithList(3);
-    EXPECT_EQ(player().List1().ListIndex(), 2);
-    EXPECT_EQ(title(), "T3");
+    EXPECT_EQ(player().List1().ListIndex(), 1);
+    EXPECT_EQ(title(), "T2");
 }
 
 TEST_F(Advance, aPickOfNoRowBeginsWithTheFirst) {
@@ -89,13 +89,35 @@ TEST_F(Advance, aPickOfNoRowBeginsWithTheFirst) {
     EXPECT_EQ(title(), "T1");
 }
 
-TEST_F(Advance, aPickOfTheLastRowBeginsWithNothing) {
+TEST_F(Advance, aPickOfTheLastRowBeginsWithIt) {
     set("SHF", "1");
     willPick(3, 3);
     startWithList(3);
-    EXPECT_FALSE(player().state().IsPlaying);
-    EXPECT_EQ(player().stdSS().SelectedIndex, 0);
-    EXPECT_EQ(player().state().TracksStarted, 1);
+    EXPECT_TRUE(player().state().IsPlaying);
+    EXPECT_EQ(title(), "T3");
+}
+
+TEST_F(Advance, aListOfMoreRowsThan16BitsCountIsShuffled) {
+    constexpr int kRows = 32768;
+    set("SHF", "1");
+    const std::string file = track("last.mp3");
+    std::string text = "#EXTM3U\n";
+    for (int row = 1; row <= kRows; ++row) {
+        text += file + "\n";
+    }
+    options_.commandLine = "\"" + host_.folder.write("list.m3u", text) + "\"";
+    for (int pick = 0; pick < 2; ++pick) {
+        // Neighbouring cells differ; the one that is taken holds the last row.
+        host_.random.script.insert(host_.random.script.end(),
+                                   {0, 0.99999, 0, 0.99999, 0, 0.99999, 0, 0.99999, 0, 0.23});
+    }
+    start();
+    EXPECT_EQ(player().stdSS().SelectedIndex, kRows);
+    EXPECT_TRUE(player().state().IsPlaying);
+    player().stdSS().SelectIndex(1);
+    player().advance().button_next();
+    EXPECT_EQ(player().stdSS().SelectedIndex, kRows);
+    EXPECT_THAT(logged(), IsEmpty());
 }
 
 TEST_F(Advance, crossfadesFreeTheOldChannelByThemselves) {

@@ -4,6 +4,7 @@
 #include "player/PlayerRig.h"
 
 #include <array>
+#include <limits>
 
 namespace tovik::test {
 namespace {
@@ -14,7 +15,7 @@ using testing::IsEmpty;
 class GenShuffle : public PlayerRig {
 protected:
     /// The nine numbers for the cells 1 to 9, and the one that says which cell is taken.
-    std::int16_t pick(std::int16_t count, const std::vector<double>& cells, double taken) {
+    playlist::Row pick(playlist::Row count, const std::vector<double>& cells, double taken) {
         host_.random.script.assign(cells.begin(), cells.end());
         host_.random.script.push_back(taken);
         return advance_.gen_shuffle(count);
@@ -56,8 +57,14 @@ TEST_F(GenShuffle, ofNoRowsIsOneOrNone) {
     EXPECT_EQ(pick(0, std::vector<double>(9, 0.9), 0), 0);
 }
 
-TEST_F(GenShuffle, theLargestCount) {
-    EXPECT_EQ(pick(32767, {0, 0.99999, 0, 0.99999, 0, 0.99999, 0, 0.99999, 0}, 0.23), 32767);
+TEST_F(GenShuffle, theLargestCounts) {
+    constexpr double kLast = 0.9999999999;
+    const std::vector<double> cells = {0, kLast, 0, kLast, 0, kLast, 0, kLast, 0};
+    constexpr playlist::Row kMost = std::numeric_limits<playlist::Row>::max();
+    for (const playlist::Row count : {32767, 32768, 100000, kMost}) {
+        EXPECT_EQ(pick(count, cells, 0.23), count);
+    }
+    EXPECT_THAT(logged(), IsEmpty());
 }
 
 TEST_F(GenShuffle, onePickInNineIsNone) {
