@@ -218,6 +218,7 @@ private:
     void playList();
     void startTimers();
     void openFileArgument(const std::string& path);
+    [[nodiscard]] bool canReadArgument(const std::string& path);
     [[nodiscard]] bool AnotherInstance();
     void endProcess(int status);
     void endWith(const std::string& text, const std::string& title);

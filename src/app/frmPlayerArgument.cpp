@@ -3,14 +3,23 @@
 #include "app/frmPlayer.h"
 
 #include "base/CommandText.h"
+#include "base/FileErrors.h"
+#include "base/RegularFile.h"
 #include "base/Text.h"
 #include "host/PlayerArguments.h"
+#include "player/TrackOpener.h"
 #include "playlist/FileNames.h"
 #include "tags/ShownField.h"
 
 #include <algorithm>
 
 namespace tovik::app {
+
+namespace {
+
+constexpr const char* kArgumentTitle = "Tovik";
+
+} // namespace
 
 void frmPlayer::readCommandLine() {
     state_.NoCommandLine = options_.commandLine.empty();
@@ -25,6 +34,9 @@ void frmPlayer::openArgument() {
     }
     const std::string path = host::withQuotes(state_.CommandArgs.at(1));
     stdSS_.Clear();
+    if (!player::namesCdTrack(path) && !canReadArgument(path)) {
+        return;
+    }
     const std::string extension = base::toUpperAscii(playlist::get_extension(path));
     if (extension == "M3U") {
         files_.open_m3u(path);
@@ -37,6 +49,24 @@ void frmPlayer::openArgument() {
     }
 }
 
+/// Says so when it cannot: the start goes on without it.
+bool frmPlayer::canReadArgument(const std::string& path) {
+    const std::error_code failure =
+        base::RegularFile(path, base::RegularFile::Access::Read).failure();
+    if (!failure) {
+        return true;
+    }
+    const base::ErrorNumber number = base::errorNumberOf(failure);
+    const base::RuntimeError error(number, base::RuntimeError(number).description() + ": " + path);
+    if (errors_.showsBoxes()) {
+        host_.dialogs.showMessage({.text = error.description(),
+                                   .title = kArgumentTitle,
+                                   .icon = host::MessageIcon::Exclamation});
+    }
+    errors_.report(error, config::player("Load"));
+    return false;
+}
+
 void frmPlayer::playList() {
     // A pick may be no row: the list then begins with its first.
     const playlist::Row picked =
@@ -46,7 +76,9 @@ void frmPlayer::playList() {
 }
 
 void frmPlayer::openFileArgument(const std::string& path) {
-    tag_.MP3File(path);
+    if (!player::namesCdTrack(path)) {
+        tag_.MP3File(path);
+    }
     const std::string_view artist = tags::shownField(tag_.Artist());
     const std::string_view title = tags::shownField(tag_.Title());
     const std::string shown = !artist.empty() && !title.empty()

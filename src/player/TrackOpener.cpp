@@ -62,11 +62,15 @@ void TrackOpener::free(sound::Handle channel) {
     sound_.BASS_MusicFree(channel);
 }
 
+bool namesCdTrack(std::string_view path) {
+    return base::toLowerAscii(path).find(kCdExtension) != std::string::npos;
+}
+
 std::optional<std::uint32_t> cdTrackOf(std::string_view path) {
-    const std::string name = base::toLowerAscii(path);
-    if (name.find(kCdExtension) == std::string::npos) {
+    if (!namesCdTrack(path)) {
         return std::nullopt;
     }
+    const std::string name = base::toLowerAscii(path);
     const std::size_t word = name.find(kCdTrackWord);
     if (word == std::string::npos) {
         throw base::RuntimeError(base::ErrorNumber::SubscriptOutOfRange);

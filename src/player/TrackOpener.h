@@ -29,6 +29,9 @@ private:
     sound::SoundLibrary& sound_;
 };
 
+/// Whether a name stands for a track of a disc rather than for a file, in any case of letters.
+[[nodiscard]] bool namesCdTrack(std::string_view path);
+
 /// The track that a name such as "D:\Track01.cda" stands for, counted from 1, in any case of
 /// letters; nothing when the name is no CD track. Raises 13 and 9 for a name that has ".cda", but
 /// no number where it is looked for.

@@ -9,7 +9,6 @@ using playlist::RowText;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Not;
 
 class Argument : public AppRig {
 protected:
@@ -79,9 +78,9 @@ TEST_F(Argument, aSwitchBeforeTheNameIsNotLookedAt) {
 }
 
 TEST_F(Argument, textWithoutQuotesIsOneName) {
-    sound_.files["/music/song.mp3"] = {.seconds = 65};
-    startWith("/music/song.mp3");
-    EXPECT_EQ(player().stdSS().text(1, RowText::FileName), "/music/song.mp3");
+    const std::string path = track("song.mp3");
+    startWith(path);
+    EXPECT_EQ(player().stdSS().text(1, RowText::FileName), path);
     EXPECT_TRUE(player().state().IsPlaying);
 }
 
@@ -117,13 +116,38 @@ TEST_F(Argument, aListIsReadAndItsFirstRowPlays) {
     EXPECT_TRUE(player().state().IsPlaying);
 }
 
-TEST_F(Argument, aListThatIsNotThereEndsTheLoad) {
-    startWithFile(host_.folder / "none.m3u");
-    EXPECT_THAT(logged(), ElementsAre("File not found,53,Player,Load"));
-    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+class MissingArgument : public Argument, public testing::WithParamInterface<const char*> {};
+
+TEST_P(MissingArgument, isNamedAndTheStartGoesOn) {
+    const std::string path = host_.folder / GetParam();
+    startWithFile(path);
+    ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
+    EXPECT_EQ(host_.dialogs.boxes[0].text, "File not found: " + path);
+    EXPECT_EQ(host_.dialogs.boxes[0].title, "Tovik");
+    EXPECT_THAT(logged(), ElementsAre("File not found: " + path + ",53,Player,Load"));
+    EXPECT_EQ(player().stdSS().ListCount(), 0);
+    EXPECT_EQ(player().state().TracksStarted, 0);
     EXPECT_THAT(sound_.calls, Contains("window shown"));
-    EXPECT_THAT(sound_.calls, Not(Contains("not on top")));
-    EXPECT_EQ(setting("SHWND"), "0");
+    EXPECT_THAT(sound_.calls, Contains("not on top"));
+    EXPECT_NE(setting("SHWND"), "0");
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, MissingArgument,
+                         testing::Values("none.m3u", "none.pls", "none.mp3", "none"));
+
+TEST_F(Argument, whatIsNoFileIsNamedToo) {
+    std::filesystem::create_directory(host_.folder / "folder.mp3");
+    startWithFile(host_.folder / "folder.mp3");
+    ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
+    EXPECT_THAT(host_.dialogs.boxes[0].text, testing::HasSubstr(host_.folder / "folder.mp3"));
+    EXPECT_EQ(player().stdSS().ListCount(), 0);
+}
+
+TEST_F(Argument, aTrackOfADiscIsNoFile) {
+    sound_.discTracks[6] = {.kind = FakeKind::disc, .seconds = 100};
+    startWithFile("D:\\Track07.cda");
+    EXPECT_TRUE(player().state().IsPlaying);
+    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
 }
 
 TEST_F(Argument, aListOfTheOtherKindIsNotMisread) {

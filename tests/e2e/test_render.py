@@ -66,6 +66,15 @@ class Render(ProgramTest):
         self.assertEqual(result.returncode, 1)
         self.assertIn(b"Nothing to render", result.stderr)
 
+    def test_a_name_that_is_not_there_is_told(self):
+        for name in ("gone.mp3", "gone.m3u"):
+            with self.subTest(name=name):
+                result = self.run_program("--render", self.path("out.wav"), self.path(name))
+                self.assertEqual(result.returncode, 1)
+                told = f"File not found: {self.path(name)}".encode()
+                self.assertIn(told, result.stderr)
+                self.assertNotIn(b"tags", result.stderr)
+
     def test_a_file_is_not_rendered_into_itself(self):
         shutil.copy(media("wav_s16_44100_stereo.wav"), self.path("song.wav"))
         size = os.path.getsize(self.path("song.wav"))
