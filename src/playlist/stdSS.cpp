@@ -24,6 +24,9 @@ void stdSS::Clear() {
     totalSeconds_ = 0;
     SelectedIndex = 0;
     playedIndex_ = 0;
+    if (soundingRow_) {
+        soundingRow_ = 0;
+    }
     selectionAnchor_ = 0;
     multiActive_ = false;
     OutItemData.clear();
@@ -96,7 +99,7 @@ bool stdSS::isMarked(Row row) const noexcept {
 }
 
 bool stdSS::isPlayed(Row row) const noexcept {
-    return has(row) && row == playedIndex_;
+    return has(row) && row == lookRow();
 }
 
 void stdSS::addToTotal(std::int64_t seconds) {

@@ -146,6 +146,9 @@ private:
     void erase(std::span<const Row> rows);
     void raisePlay(Row row) const;
     void markRange(Row first, Row last);
+
+    [[nodiscard]] Row lookRow() const noexcept { return soundingRow_.value_or(playedIndex_); }
+
     void looksChanged(Row first, Row last) const;
     void showRow(Row row) const;
 
@@ -159,7 +162,7 @@ private:
     std::vector<Record> rows_;
     std::vector<ListObserver*> observers_;
     ListEvents* events_ = nullptr;
-    Row playedIndex_ = 0;           // started last from the list
+    Row playedIndex_ = 0;            // started last from the list
     std::optional<Row> soundingRow_; // has the played look; without one the row above has
     Row selectionAnchor_ = 0;
     Row markedCount_ = 0; // spares a walk over all rows when only the selected one is marked

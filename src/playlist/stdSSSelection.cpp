@@ -33,6 +33,9 @@ void stdSS::Play(Row row) {
         return;
     }
     const Row before = std::exchange(playedIndex_, row);
+    if (SilentMove && soundingRow_ == before) {
+        soundingRow_ = row; // the entry that sounds is the one that moved
+    }
     looksChanged(before, before);
     looksChanged(row, row);
     if (!SilentMove) {
@@ -41,11 +44,20 @@ void stdSS::Play(Row row) {
 }
 
 void stdSS::StartRow(Row row) {
-    if (isPlayed(row) && !replayUsed_) {
+    if (has(row) && row == playedIndex_ && !replayUsed_) {
         raisePlay(row);
         replayUsed_ = true;
     } else {
         Play(row);
+    }
+}
+
+void stdSS::showSounding(Row row) {
+    const Row before = lookRow();
+    soundingRow_ = row;
+    if (row != before) {
+        looksChanged(before, before);
+        looksChanged(row, row);
     }
 }
 

@@ -153,6 +153,64 @@ TEST_F(SelectionTest, aSilentMoveRaisesNothing) {
     EXPECT_THAT(events.taken(), IsEmpty());
 }
 
+TEST_F(SelectionTest, theLookIsOfTheRowThatSoundsAndNoDoubleClickIsLost) {
+    list.StartRow(2);
+    list.showSounding(4); // the next tracks came by themselves
+    EXPECT_EQ(playedRow(list), 4);
+    static_cast<void>(events.taken());
+    list.StartRow(4);
+    EXPECT_THAT(events.taken(), ElementsAre("Play ")) << "not taken for a row played again";
+    EXPECT_EQ(playedRow(list), 4);
+    list.StartRow(1);
+    EXPECT_EQ(playedRow(list), 4) << "until it is told that it sounds";
+    list.showSounding(0);
+    EXPECT_EQ(playedRow(list), 0);
+}
+
+TEST_F(SelectionTest, theLookGoesWithTheEntryThatSounds) {
+    list.StartRow(1);
+    list.showSounding(4);
+    list.Remove(2);
+    EXPECT_EQ(playedRow(list), 3);
+    list.SilentMove = true;
+    list.Play(4); // the entry compared with moved, another one sounds
+    list.SilentMove = false;
+    EXPECT_EQ(playedRow(list), 3);
+    list.Remove(3);
+    EXPECT_EQ(playedRow(list), 0);
+    list.showSounding(1);
+    list.Clear();
+    fill(list, {"a", "b"});
+    EXPECT_EQ(playedRow(list), 0);
+}
+
+TEST_F(SelectionTest, anEntryThatSoundsIsMovedWithItsLook) {
+    list.StartRow(2);
+    list.showSounding(2);
+    list.SilentMove = true;
+    list.Play(5);
+    EXPECT_EQ(playedRow(list), 5);
+}
+
+TEST_F(SelectionTest, aRowThatSoundsIsToldToObservers) {
+    struct Looks final : ListObserver {
+        std::vector<Row> rows;
+
+        void looksChanged(Row first, Row last) override {
+            for (; first <= last; ++first) {
+                rows.push_back(first);
+            }
+        }
+    } looks;
+
+    list.addObserver(looks);
+    list.showSounding(2);
+    list.showSounding(4);
+    list.showSounding(4);
+    list.removeObserver(looks);
+    EXPECT_THAT(looks.rows, ElementsAre(2, 2, 4));
+}
+
 TEST_F(SelectionTest, noRowIsNotPlayed) {
     list.Play(2);
     static_cast<void>(events.taken());
