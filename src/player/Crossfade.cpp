@@ -32,13 +32,15 @@ void Crossfade::makeNewActive() {
         p_.state.CrossfadeLeg == kOntoSecondary ? ChannelSlot::secondary : ChannelSlot::primary;
 }
 
-void Crossfade::CrossFade_BurnBaby(const std::string& path, std::int32_t fadeMilliseconds,
+bool Crossfade::CrossFade_BurnBaby(const std::string& path, std::int32_t fadeMilliseconds,
                                    const std::string& title) {
+    bool started = false;
     config::guard(p_.errors, config::player("Crossfade_BurnBaby"),
-                  [&] { start(path, fadeMilliseconds, title); });
+                  [&] { started = start(path, fadeMilliseconds, title); });
+    return started;
 }
 
-void Crossfade::start(const std::string& path, std::int32_t fade, const std::string& title) {
+bool Crossfade::start(const std::string& path, std::int32_t fade, const std::string& title) {
     PlayerState& state = p_.state;
     p_.volume.readMode();
     state.SilenceTicks = 0;
@@ -62,17 +64,27 @@ void Crossfade::start(const std::string& path, std::int32_t fade, const std::str
             beginSlides(fade);
             p_.facts.showNothingKnown();
             p_.events.restartVisualisation();
+            return true;
         }
-        return;
+        showUnopened();
+        return false;
     }
     // The output may be paused, whatever `IsPaused` says: the buttons clear the flag beforehand.
     p_.sound.BASS_Start();
-    p_.starter.startBeside(channel, path);
     makeNewActive();
+    p_.starter.startBeside(channel, path);
     p_.Timer3.setEnabled(true);
     p_.events.restartVisualisation();
     beginSlides(fade);
     p_.facts.show(channel, path, title);
+    return true;
+}
+
+void Crossfade::showUnopened() {
+    if (p_.sound.BASS_ChannelIsActive(oldChannel()) == sound::Activity::stopped) {
+        p_.facts.showSilence();
+    }
+    p_.facts.showUnopened();
 }
 
 bool Crossfade::startCdTrack(std::uint32_t track, sound::Handle& channel) {
@@ -96,8 +108,15 @@ bool Crossfade::startCdTrack(std::uint32_t track, sound::Handle& channel) {
 
 void Crossfade::beginSlides(std::int32_t milliseconds) {
     const auto time = static_cast<std::uint32_t>(milliseconds);
-    p_.CrossFade.setEnabled(true);
-    p_.sound.BASS_ChannelSlideAttributes(oldChannel(), kKeepFrequency, 0, kKeepPan, time);
+    // What starts calls a fade-out off: it was meant for the track before.
+    p_.FadeOut.setEnabled(false);
+    if (milliseconds > 0 && p_.CrossFade.interval() > 0) {
+        p_.CrossFade.setEnabled(true);
+        p_.sound.BASS_ChannelSlideAttributes(oldChannel(), kKeepFrequency, 0, kKeepPan, time);
+    } else {
+        // No tick would come to free it.
+        p_.opener.free(oldChannel());
+    }
     // The new track stands at this volume already: only the old one fades. Where volume goes to
     // the whole output, a channel begins at its full level and this brings it down.
     p_.sound.BASS_ChannelSlideAttributes(newChannel(), kKeepFrequency, p_.state.CurrentVolume,

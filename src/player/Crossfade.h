@@ -36,6 +36,7 @@ struct CrossfadeParts {
     TrackEvents& events;
     host::Timer& CrossFade; ///< frees the old channel when it is silent
     host::Timer& Timer3;    ///< position mark and end of track
+    host::Timer& FadeOut;   ///< stops the track when it is mute
 };
 
 class Crossfade {
@@ -43,10 +44,10 @@ public:
     explicit Crossfade(const CrossfadeParts& parts) : p_(parts) {}
 
     /// Starts `path` on the channel that is not the current one, at full volume, while the current
-    /// one slides to silence in `fadeMilliseconds` (0 and up). A file that no decoder takes is left
-    /// without a word, and the old track plays on. `title` is for the popup; all callers leave it
-    /// empty.
-    void CrossFade_BurnBaby(const std::string& path, std::int32_t fadeMilliseconds,
+    /// one slides to silence in `fadeMilliseconds`; with 0 it ends at once. A file that no decoder
+    /// takes is left without a word, and the old track plays on under the title of that row.
+    /// `title` is for the popup; all callers leave it empty. Whether it started.
+    bool CrossFade_BurnBaby(const std::string& path, std::int32_t fadeMilliseconds,
                             const std::string& title);
 
     /// The tick of `CrossFade`.
@@ -56,7 +57,8 @@ public:
     void button_cfd();
 
 private:
-    void start(const std::string& path, std::int32_t fadeMilliseconds, const std::string& title);
+    [[nodiscard]] bool start(const std::string& path, std::int32_t fadeMilliseconds,
+                             const std::string& title);
     [[nodiscard]] bool startCdTrack(std::uint32_t track, sound::Handle& newChannel);
     void beginSlides(std::int32_t milliseconds);
 
@@ -64,6 +66,7 @@ private:
     [[nodiscard]] sound::Handle& newChannel();
     [[nodiscard]] sound::Handle& oldChannel();
     void makeNewActive();
+    void showUnopened();
 
     CrossfadeParts p_;
 };

@@ -9,6 +9,10 @@ void FadeOut::FadeOutTrack() {
     constexpr int kKeepFrequency = -1;
     constexpr int kKeepPan = -101;
     const std::int32_t milliseconds = fadeMilliseconds(fadeSeconds(settings_));
+    if (milliseconds == 0) {
+        transport_.button_stop();
+        return;
+    }
     timer_.setInterval(milliseconds);
     timer_.setEnabled(true);
     sound_.BASS_ChannelSlideAttributes(state_.active(), kKeepFrequency, 0, kKeepPan,
@@ -17,7 +21,6 @@ void FadeOut::FadeOutTrack() {
 
 void FadeOut::FadeOut_Timer() {
     transport_.button_stop();
-    timer_.setEnabled(false);
 }
 
 } // namespace tovik::player

@@ -17,9 +17,9 @@ public:
             Transport& transport, host::Timer& timer)
         : state_(state), sound_(sound), settings_(settings), transport_(transport), timer_(timer) {}
 
-    /// Slides the active channel to silence in as many seconds as a crossfade takes. A deliberate
-    /// oddity: nothing calls it off. A track that starts meanwhile is stopped by the tick too; and
-    /// with a time of 0 s the track goes mute and plays on, because no tick ever comes.
+    /// Slides the active channel to silence in as many seconds as a crossfade takes; with 0 s it
+    /// stops at once. What stops or starts meanwhile calls it off; a track that ends meanwhile is
+    /// not followed by another.
     void FadeOutTrack();
 
     /// The tick of `FadeOut`.

@@ -9,6 +9,9 @@ namespace tovik::player {
 
 inline constexpr std::size_t kTagFields = 5;
 
+/// The clock where nothing plays.
+inline constexpr const char* kNoTime = "00:00";
+
 struct NowPlaying {
     std::string infoText; ///< such as "128 kbps  44 KHZ"
     std::string mode;     ///< "Mono", "Stereo" or neither: the word that is bright
@@ -20,7 +23,7 @@ struct NowPlaying {
     std::string caption;     ///< of the main window, as far as it has rotated
     std::string miniCaption; ///< of the mini window, likewise
 
-    std::string time = "00:00"; ///< five characters, the third is the colon
+    std::string time = kNoTime; ///< five characters, the third is the colon
     bool countsDown = false;    ///< a minus sign stands before the time
     double percent = 0;         ///< the position mark, 0 to 100
 

@@ -21,11 +21,12 @@ bool QuickListRows::selected(std::size_t row) const {
 }
 
 bool QuickListRows::marked(std::size_t row) const {
-    return list_.SelectedIndex == static_cast<playlist::Row>(row) + 1;
+    return list_.isPlayed(static_cast<playlist::Row>(row) + 1);
 }
 
 void QuickListRows::selectRow(std::size_t row, ui::Modifiers /*modifiers*/) {
     mirror_.ListIndex(static_cast<std::int32_t>(row));
+    list_.SelectIndex(static_cast<playlist::Row>(row) + 1);
 }
 
 void QuickListRows::activateRow(std::size_t row) {

@@ -21,6 +21,7 @@ public:
     [[nodiscard]] bool selected(std::size_t row) const override;
     [[nodiscard]] bool marked(std::size_t row) const override;
 
+    /// Also selects the row of the playlist, which is the one that Play starts.
     void selectRow(std::size_t row, ui::Modifiers modifiers) override;
     void activateRow(std::size_t row) override;
 

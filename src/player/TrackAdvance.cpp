@@ -102,7 +102,7 @@ bool TrackAdvance::neverEnds() const {
 }
 
 void TrackAdvance::endTrack() {
-    if (p_.state.StopAfterCurrent) {
+    if (p_.state.StopAfterCurrent || p_.FadeOut.enabled()) {
         p_.transport.button_stop();
     } else {
         Next_track();

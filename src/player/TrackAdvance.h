@@ -5,6 +5,7 @@
 #include "config/Errors.h"
 #include "config/Settings.h"
 #include "host/RandomNumbers.h"
+#include "host/Timer.h"
 #include "player/Crossfade.h"
 #include "player/NowPlaying.h"
 #include "player/PlayerState.h"
@@ -30,6 +31,7 @@ struct TrackAdvanceParts {
     NowPlaying& playing;
     NowPlayingView& view;
     host::RandomNumbers& random;
+    const host::Timer& FadeOut; ///< runs while the track is to stop when it is mute
 };
 
 class TrackAdvance {
@@ -60,7 +62,8 @@ public:
     /// its seed from the clock when the program starts.
     [[nodiscard]] playlist::Row gen_shuffle(playlist::Row count);
 
-    /// A track is over: stops if that was asked for, else moves on.
+    /// A track is over: stops if that was asked for, also by a fade-out that is not through, else
+    /// moves on.
     void endTrack();
 
     /// Whether `Next_track` would play something.

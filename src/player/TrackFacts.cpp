@@ -38,6 +38,7 @@ std::string TrackFacts::lastFive(sound::Handle channel) {
 }
 
 void TrackFacts::show(sound::Handle channel, const std::string& path, const std::string& title) {
+    showSoundingRow();
     showFormat(channel, path);
     readFields(path);
     view_.showFacts(playing_);
@@ -63,6 +64,33 @@ void TrackFacts::show(sound::Handle channel, const std::string& path, const std:
 }
 
 void TrackFacts::showNothingKnown() {
+    showSoundingRow();
+    playing_.fields.fill(kUnknown);
+    view_.showFacts(playing_);
+}
+
+void TrackFacts::showSoundingRow() {
+    // Whoever starts a row has made it the selected one.
+    list_.showSounding(list_.SelectedIndex);
+}
+
+void TrackFacts::showUnopened() {
+    state_.CurrentTitle = list_.OutTitle;
+    playing_.miniCaption = " " + state_.CurrentTitle;
+    playing_.scrollerText = playing_.miniCaption;
+    playing_.caption = playing_.miniCaption;
+    view_.showTitles(playing_);
+    if (state_.CurrentPanel > 1) {
+        view_.showFields(false);
+    }
+}
+
+void TrackFacts::showSilence() {
+    list_.showSounding(0);
+    playing_.time = kNoTime;
+    view_.showTime(playing_);
+    playing_.percent = 0;
+    view_.showPosition(playing_);
     playing_.fields.fill(kUnknown);
     view_.showFacts(playing_);
 }
@@ -76,14 +104,16 @@ void TrackFacts::showFormat(sound::Handle channel, const std::string& path) {
     playing_.mode = state_.TrackInfoMode;
 }
 
-/// A deliberate oddity: a file without a tag has genre number 0, so its genre reads "Blues".
 void TrackFacts::readFields(const std::string& path) {
     tag_.MP3File(path);
     const auto shown = [](std::string_view field) {
         return std::string(base::firstCharacters(tags::shownField(field), kFieldWidth));
     };
+    // Without a tag the number is 0, which would be the name of a genre.
+    const std::string_view genre =
+        tag_.HasID3v1Tag() ? tags::cMP3ID3v1::GenreName(tag_.genre()) : std::string_view();
     playing_.fields = {shown(tag_.Artist()), shown(tag_.Title()), shown(tag_.Album()),
-                       shown(tag_.Year()), shown(tags::cMP3ID3v1::GenreName(tag_.genre()))};
+                       shown(tag_.Year()), shown(genre)};
 }
 
 void TrackFacts::refreshRowTime(sound::Handle channel) {

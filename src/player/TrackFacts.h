@@ -26,8 +26,16 @@ public:
     /// `channel`. `title` is for the popup; empty takes the title of the row fetched last.
     void show(sound::Handle channel, const std::string& path, const std::string& title);
 
-    /// A CD track tells nothing of itself.
+    /// A CD track tells nothing of itself but its row.
     void showNothingKnown();
+
+    /// A file did not open: title and captions are those of its row. What sounds besides goes on,
+    /// and so does the clock.
+    void showUnopened();
+
+    /// Nothing sounds any more: clock and position mark stand at the start, nothing is known of a
+    /// track, and no row has the played look.
+    void showSilence();
 
     /// Current title, scroller and captions from the row fetched last and the length of `channel`.
     void showTitles(sound::Handle channel);
@@ -36,6 +44,7 @@ public:
     void refreshRowTime(sound::Handle channel);
 
 private:
+    void showSoundingRow();
     void showFormat(sound::Handle channel, const std::string& path);
     void readFields(const std::string& path);
     void showPopup(sound::Handle channel, const std::string& title);

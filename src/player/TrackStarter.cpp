@@ -15,17 +15,16 @@ void TrackStarter::startPlainly(sound::Handle channel, const std::string& path) 
 }
 
 void TrackStarter::startBeside(sound::Handle channel, const std::string& path) {
-    static constexpr std::array kWma = {Act::equalizer, Act::balance, Act::volume, Act::playStream};
-    static constexpr std::array kOthers = {Act::volume,     Act::equalizer, Act::balance,
-                                           Act::playModule, Act::balance,   Act::volume,
-                                           Act::playStream, Act::volume};
+    static constexpr std::array kWma = {Act::equalizer, Act::volume, Act::balance, Act::playStream};
+    static constexpr std::array kOthers = {Act::equalizer, Act::volume, Act::balance,
+                                           Act::playModule, Act::playStream};
     start(channel, path, {.wma = kWma, .others = kOthers});
 }
 
 void TrackStarter::startDiscBeside(sound::Handle channel) {
     equalizer_.Set_EQ();
-    balance_.ApplyBalance(state_.BalanceValue);
     volume_.apply();
+    balance_.ApplyBalance(state_.BalanceValue);
     sound_.BASS_StreamPlay(channel, true, 0);
 }
 

@@ -25,11 +25,11 @@ public:
     /// For a device that was just reset: also reads where the volume goes.
     void startPlainly(sound::Handle channel, const std::string& path);
 
-    /// Beside another channel that goes on. The pan goes to the channel that is still the active
-    /// one, which is the old one.
+    /// Beside another channel that goes on; its own channel is the active one already. The balance
+    /// is set last, so that the volume does not centre it.
     void startBeside(sound::Handle channel, const std::string& path);
 
-    /// A CD track beside another channel; its own channel is the active one already.
+    /// The same for a CD track.
     void startDiscBeside(sound::Handle channel);
 
 private:

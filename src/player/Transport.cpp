@@ -17,13 +17,13 @@ constexpr sound::Handle kRipperStream = sound::kNoHandle;
 
 constexpr std::int32_t kSkipSeconds = 5;
 
-constexpr const char* kNoTime = "00:00";
-
 } // namespace
 
-void Transport::Burnbaby(const std::string& path, std::int32_t /*reserved*/,
+bool Transport::Burnbaby(const std::string& path, std::int32_t /*reserved*/,
                          const std::string& title) {
-    config::guard(p_.errors, config::player("BurnBaby"), [&] { start(path, title); });
+    bool started = false;
+    config::guard(p_.errors, config::player("BurnBaby"), [&] { started = start(path, title); });
+    return started;
 }
 
 void Transport::resetDevice() {
@@ -34,19 +34,23 @@ void Transport::resetDevice() {
     p_.opener.free(p_.state.SecondaryChannel);
 }
 
-void Transport::start(const std::string& path, const std::string& title) {
+bool Transport::start(const std::string& path, const std::string& title) {
     PlayerState& state = p_.state;
     state.CrossfadeLeg = 2;
     state.SilenceTicks = 0;
     ++state.TracksStarted;
     p_.view.showFields(true);
+    p_.FadeOut.setEnabled(false);
     resetDevice();
     state.PrimaryChannel = p_.opener.open(path);
     if (state.PrimaryChannel == sound::kNoHandle) {
-        if (const auto track = cdTrackOf(path)) {
-            startCdTrack(*track);
+        const auto track = cdTrackOf(path);
+        if (track && startCdTrack(*track)) {
+            return true;
         }
-        return;
+        p_.facts.showSilence();
+        p_.facts.showUnopened();
+        return false;
     }
     state.ActiveChannel = ChannelSlot::primary;
     p_.starter.startPlainly(state.PrimaryChannel, path);
@@ -54,15 +58,16 @@ void Transport::start(const std::string& path, const std::string& title) {
     p_.events.restartVisualisation();
     p_.facts.show(state.PrimaryChannel, path, title);
     setIdleSync(state.PrimaryChannel, kChannelSync);
+    return true;
 }
 
-void Transport::startCdTrack(std::uint32_t track) {
+bool Transport::startCdTrack(std::uint32_t track) {
     PlayerState& state = p_.state;
     p_.sound.BASS_ChannelStop(state.PrimaryChannel);
     state.PrimaryChannel = p_.opener.openCdTrack(track);
     p_.sound.BASS_StreamPlay(state.PrimaryChannel, true, 0);
     if (state.PrimaryChannel == sound::kNoHandle) {
-        return;
+        return false;
     }
     p_.facts.showNothingKnown();
     setIdleSync(state.PrimaryChannel, kChannelSync);
@@ -72,6 +77,7 @@ void Transport::startCdTrack(std::uint32_t track) {
     state.IsWmaStream = false;
     state.ActiveChannel = ChannelSlot::primary;
     p_.events.restartVisualisation();
+    return true;
 }
 
 void Transport::setIdleSync(sound::Handle channel, std::uint32_t type) {
@@ -80,11 +86,15 @@ void Transport::setIdleSync(sound::Handle channel, std::uint32_t type) {
 
 void Transport::Stop_play() {
     config::guard(p_.errors, config::player("StopPlay"), [this] {
+        p_.FadeOut.setEnabled(false);
         if (p_.state.IsPlaying) {
             p_.Timer3.setEnabled(false);
-            // A deliberate oddity: a module is no stream and sounds on until the next start.
-            p_.sound.BASS_StreamFree(p_.state.PrimaryChannel);
-            p_.sound.BASS_StreamFree(p_.state.SecondaryChannel);
+            for (const sound::Handle channel :
+                 {p_.state.PrimaryChannel, p_.state.SecondaryChannel}) {
+                p_.sound.BASS_StreamFree(channel);
+                // A module is no stream: it lives on, and must not be heard.
+                p_.sound.BASS_ChannelStop(channel);
+            }
             p_.events.stopVisualisation();
             p_.state.IsPlaying = false;
         }
@@ -110,6 +120,9 @@ void Transport::button_play() {
         p_.elements.touch(ui::MainElement::playdown).visible = false;
         if (p_.list.ListCount() > 0) {
             p_.state.IsPaused = false;
+            if (p_.list.SelectedIndex == 0) {
+                p_.list.SelectIndex(1);
+            }
             Stdss_Play(std::to_string(p_.list.SelectedIndex));
         }
     });
@@ -153,17 +166,19 @@ void Transport::Stdss_Play(const std::string& /*row*/) {
         p_.list.GetData(p_.list.SelectedIndex);
         const std::int32_t seconds = fadeSeconds(p_.settings);
         const std::string path = p_.list.OutFileName;
-        if (p_.state.CrossfadeOn) {
-            p_.crossfade.CrossFade_BurnBaby(path, fadeMilliseconds(seconds), "");
-        } else {
-            startAlone(path);
+        const bool started =
+            p_.state.CrossfadeOn
+                ? p_.crossfade.CrossFade_BurnBaby(path, fadeMilliseconds(seconds), "")
+                : startAlone(path);
+        // What did not open has no length, and the row keeps what it says.
+        if (started) {
+            p_.facts.refreshRowTime(p_.state.active());
+            p_.facts.showTitles(p_.state.active());
         }
-        p_.facts.refreshRowTime(p_.state.active());
-        p_.facts.showTitles(p_.state.active());
     });
 }
 
-void Transport::startAlone(const std::string& path) {
+bool Transport::startAlone(const std::string& path) {
     PlayerState& state = p_.state;
     state.CrossfadeLeg = 0;
     state.ActiveChannel = ChannelSlot::primary;
@@ -171,7 +186,7 @@ void Transport::startAlone(const std::string& path) {
          {state.SecondaryChannel, state.SpareChannelC, state.SpareChannelD}) {
         p_.opener.free(channel);
     }
-    Burnbaby(path, 0, "");
+    return Burnbaby(path, 0, "");
 }
 
 void Transport::List1_DblClick() {

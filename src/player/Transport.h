@@ -42,7 +42,8 @@ struct TransportParts {
     NowPlayingView& view;
     TrackEvents& events;
     PlayerWindow& window;
-    host::Timer& Timer3; ///< position mark and end of track
+    host::Timer& Timer3;  ///< position mark and end of track
+    host::Timer& FadeOut; ///< stops the track when it is mute
 };
 
 class Transport {
@@ -50,16 +51,18 @@ public:
     explicit Transport(const TransportParts& parts) : p_(parts) {}
 
     /// Loads and starts `path` on the primary channel, after the device was reset, which silences
-    /// what sounded. A file that no decoder takes is left without a word. `title` is for the
-    /// popup; all callers leave it empty.
-    void Burnbaby(const std::string& path, std::int32_t reserved, const std::string& title);
+    /// what sounded and calls a fade-out off. A file that no decoder takes is left without a word,
+    /// with its title and a clock at the start. `title` is for the popup; all callers leave it
+    /// empty. Whether it started.
+    bool Burnbaby(const std::string& path, std::int32_t reserved, const std::string& title);
 
+    /// Silences streams, which are freed, and modules, which the next start frees.
     void Stop_play();
 
     /// Pauses the whole output, or lets it sound again.
     void pause();
 
-    /// Plays the selected row from its beginning, also while paused.
+    /// Plays the selected row from its beginning, also while paused; without one the first row.
     void button_play();
     void button_pause();
     void button_stop();
@@ -79,9 +82,9 @@ public:
     void List1_DblClick();
 
 private:
-    void start(const std::string& path, const std::string& title);
-    void startAlone(const std::string& path);
-    void startCdTrack(std::uint32_t track);
+    [[nodiscard]] bool start(const std::string& path, const std::string& title);
+    [[nodiscard]] bool startAlone(const std::string& path);
+    [[nodiscard]] bool startCdTrack(std::uint32_t track);
     void resetDevice();
     void setIdleSync(sound::Handle channel, std::uint32_t type);
     void skip(std::int32_t seconds);

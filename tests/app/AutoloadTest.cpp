@@ -31,6 +31,15 @@ TEST_F(Autoload, theListComesBackWithoutASelectionAndNothingPlays) {
     EXPECT_EQ(player().state().TracksStarted, 0);
 }
 
+TEST_F(Autoload, playWithoutASelectionStartsTheFirstRow) {
+    start();
+    advance(100);
+    EXPECT_TRUE(player().commands().run(player::CommandId::play));
+    EXPECT_TRUE(player().state().IsPlaying);
+    EXPECT_EQ(player().state().CurrentTitle, "One");
+    EXPECT_TRUE(player().stdSS().isPlayed(1));
+}
+
 TEST_F(Autoload, itIsReadOnce) {
     start();
     advance(10000);

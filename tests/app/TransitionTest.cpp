@@ -82,6 +82,60 @@ INSTANTIATE_TEST_SUITE_P(All, OtherFormats,
                                          "mp3_22050.mp3", "ogg_48000.ogg", "wav_s24_96000_mono.wav",
                                          "wma_44100.wma", "song.xm"));
 
+TEST_F(Transition, stopSilencesAModule) {
+    start({media("song.xm")});
+    renderTo(2);
+    player().transport().button_stop();
+    renderTo(4);
+    const Samples mix = finish();
+    EXPECT_GT(silentFrames(mix, 2.1), kFramesASecond * 18 / 10);
+    EXPECT_LT(silentFrames(mix, 1), kFramesASecond / 2) << "it sounded before";
+}
+
+TEST_F(Transition, afterACrossfadeOfNoTimeSilenceSkipCounts) {
+    set("CFD", "1");
+    set("CFDT", "0");
+    set("SLDT", "0");
+    start({wav("1.wav", noise(9, 1)), wav("2.wav", joined(noise(1, 2), silence(8))),
+           wav("3.wav", noise(9, 3))});
+    player().silenceSkip().button_sld();
+    renderTo(1);
+    player().advance().button_next();
+    renderTo(4);
+    EXPECT_EQ(player().stdSS().SelectedIndex, 3);
+    EXPECT_EQ(silentFrames(finish(), 2), kFramesASecond);
+}
+
+TEST_F(Transition, aCrossfadeKeepsTheBalance) {
+    set("CFD", "1");
+    set("CFDT", "1");
+    set("BLV", "100");
+    const Samples second = noise(3, 2);
+    start({wav("1.wav", noise(4, 1)), wav("2.wav", second)});
+    renderTo(1);
+    player().advance().button_next();
+    renderTo(3.5);
+    const Samples mix = finish();
+    float left = 0;
+    float right = 0;
+    for (std::size_t frame = 5 * kFramesASecond / 2; frame < 3 * kFramesASecond; ++frame) {
+        left = std::max(left, std::abs(mix[2 * frame]));
+        right = std::max(right, std::abs(mix[2 * frame + 1]));
+    }
+    EXPECT_EQ(left, 0);
+    EXPECT_GT(right, 0.3F);
+}
+
+TEST_F(Transition, aFadeOutOfNoTimeStopsAtOnce) {
+    set("CFDT", "0");
+    start({wav("1.wav", noise(10, 1))});
+    renderTo(2);
+    player().fadeOut().FadeOutTrack();
+    EXPECT_FALSE(player().state().IsPlaying);
+    renderTo(3);
+    EXPECT_GT(silentFrames(finish(), 2.01), kFramesASecond * 9 / 10);
+}
+
 TEST_F(Transition, aFadeOutFallsToSilence) {
     set("CFDT", "3");
     const Samples track = noise(10, 1);

@@ -7,7 +7,7 @@ import time
 import unittest
 import wave
 
-from program import LIMIT, ProgramTest
+from program import LIMIT, ProgramTest, media
 
 SECONDS = 60
 RATE = 8000
@@ -103,6 +103,30 @@ class Controls(ProgramTest):
                 if key:
                     self.key(key)
                 self.wait_until(lambda: self.heard() == sounds, "the sound to follow")
+        self.end()
+
+    def test_stop_silences_a_module(self):
+        self.start_sound_server()
+        self.song = media("song.xm")
+        self.start()
+        self.wait_until(self.heard, "the module")
+        self.key("v")
+        self.wait_until(lambda: not self.heard(), "silence")
+        self.end()
+
+    def test_play_starts_the_first_row_of_a_restored_list(self):
+        self.start_sound_server()
+        self.start()
+        self.end()  # the data folder is there now
+        with open(self.data("db/autosave.m3u"), "w", newline="", encoding="utf-8") as file:
+            file.write(f"#EXTM3U\r\n#EXTINF:60,Song\r\n{self.song}\r\n")
+        self.player = self.start_program()
+        self.shown_window = self.window_of(self.player)
+        self.tool("xdotool", "windowactivate", "--sync", self.shown_window)
+        time.sleep(0.5)  # the list is read 100 ms after the start
+        self.assertFalse(self.heard())
+        self.key("x")
+        self.wait_until(self.heard, "the first row")
         self.end()
 
     def heard(self):

@@ -148,7 +148,7 @@ TEST_F(Burnbaby, aFileThatNobodyTakesIsLeftWithoutAWord) {
                                                   offer("WMA_StreamCreateFile", path),
                                                   offer("FLAC_StreamCreateFile", path)})));
         EXPECT_EQ(state_.IsPlaying, playing);
-        EXPECT_THAT(view_.told, ElementsAre("fields shown"));
+        EXPECT_THAT(view_.told, ElementsAre("fields shown", "time", "position", "facts", "titles"));
     }
     EXPECT_EQ(state_.TracksStarted, 2);
     EXPECT_EQ(state_.PrimaryChannel, sound::kNoHandle);
@@ -165,6 +165,32 @@ TEST_F(Burnbaby, anUnplayableFileSilencesTheTrackBefore) {
     EXPECT_TRUE(state_.IsPlaying);
     EXPECT_EQ(state_.TracksStarted, 2);
     EXPECT_TRUE(Timer3_->enabled());
+}
+
+TEST_F(Burnbaby, aFileThatDoesNotOpenHasTheClockAtTheStartAndItsRowsTitle) {
+    const TagTexts tag{.title = "T", .artist = "A"};
+    play(track("a.mp3", {.seconds = 10}, 1000, &tag));
+    EXPECT_EQ(view_.last.fields[0], "A");
+    for (const char* const name : {"b.mp3", "D:\\Track01.cda"}) {
+        SCOPED_TRACE(name);
+        playing_.time = "00:03";
+        playing_.percent = 30;
+        fetchRow(name, "Broken");
+        play(name);
+        EXPECT_EQ(view_.last.time, "00:00");
+        EXPECT_EQ(view_.last.percent, 0);
+        EXPECT_EQ(view_.last.caption, " Broken");
+        EXPECT_EQ(view_.last.scrollerText, " Broken");
+        EXPECT_EQ(view_.last.miniCaption, " Broken");
+        EXPECT_EQ(state_.CurrentTitle, "Broken");
+        EXPECT_THAT(view_.last.fields, testing::Each("N/A"));
+    }
+}
+
+TEST_F(Burnbaby, aFileThatDoesNotOpenShowsNoFieldsOnAnotherPanel) {
+    state_.CurrentPanel = 3;
+    play("none.mp3");
+    EXPECT_EQ(view_.told.back(), "fields hidden");
 }
 
 TEST_F(Burnbaby, anEmptyPath) {
@@ -216,7 +242,7 @@ TEST_F(Burnbaby, aTrackThatTheCdDoesNotHaveIsLeftWithoutAWord) {
     play("D:\\Track01.cda");
     EXPECT_EQ(sound_.calls.back(), "BASS_StreamPlay(0, 1, 0)");
     EXPECT_FALSE(state_.IsPlaying);
-    EXPECT_THAT(view_.told, ElementsAre("fields shown"));
+    EXPECT_THAT(view_.told, ElementsAre("fields shown", "time", "position", "facts", "titles"));
     EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
     EXPECT_THAT(logged(), IsEmpty());
 }

@@ -44,17 +44,15 @@ TEST_F(Crossfade, theOrderOfThings) {
     playFirst();
     state_.SilenceTicks = 5;
     fadeTo(second_, 3000);
-    // The pan goes to the old channel: the new one becomes the active one only behind its start.
-    EXPECT_THAT(sound_.calls,
-                ElementsAre("BASS_StreamFree(0)", "BASS_MusicFree(0)",
-                            "BASS_StreamCreateFile(0, " + second_ + ", 0, 0, 128)", "BASS_Start()",
-                            "BASS_WMA_GetIWMReader(3)", "BASS_ChannelSetAttributes(3, -1, 80, 0)",
-                            "Set_EQ", "BASS_ChannelSetAttributes(1, -1, -1, -25)",
-                            "BASS_MusicPlay(3)", "BASS_ChannelSetAttributes(1, -1, -1, -25)",
-                            "BASS_ChannelSetAttributes(3, -1, 80, 0)", "BASS_StreamPlay(3, 0, 0)",
-                            "BASS_ChannelSetAttributes(3, -1, 80, 0)",
-                            "BASS_ChannelSlideAttributes(1, -1, 0, -101, 3000)",
-                            "BASS_ChannelSlideAttributes(3, -1, 80, -101, 3000)"));
+    // The balance is the new channel's, and behind the volume, which centres it.
+    EXPECT_THAT(sound_.calls, ElementsAre("BASS_StreamFree(0)", "BASS_MusicFree(0)",
+                                          "BASS_StreamCreateFile(0, " + second_ + ", 0, 0, 128)",
+                                          "BASS_Start()", "BASS_WMA_GetIWMReader(3)", "Set_EQ",
+                                          "BASS_ChannelSetAttributes(3, -1, 80, 0)",
+                                          "BASS_ChannelSetAttributes(3, -1, -1, -25)",
+                                          "BASS_MusicPlay(3)", "BASS_StreamPlay(3, 0, 0)",
+                                          "BASS_ChannelSlideAttributes(1, -1, 0, -101, 3000)",
+                                          "BASS_ChannelSlideAttributes(3, -1, 80, -101, 3000)"));
     EXPECT_EQ(state_.CrossfadeLeg, 1);
     EXPECT_EQ(state_.SecondaryChannel, 3U);
     EXPECT_EQ(state_.ActiveChannel, ChannelSlot::secondary);
@@ -118,16 +116,59 @@ TEST_F(Crossfade, aSecondFadeFreesTheFirstOnesOldChannelAtOnce) {
     EXPECT_FALSE(sound_.lives(3));
 }
 
-TEST_F(Crossfade, withATimeOfZeroTheOldChannelStaysUntilTheNextStart) {
+TEST_F(Crossfade, withATimeOfZeroTheOldChannelIsFreedAtOnce) {
     playFirst();
     set("CFDT", "0");
     fadeTo(second_, 0);
-    EXPECT_THAT(sound_.calls, Contains("BASS_ChannelSlideAttributes(1, -1, 0, -101, 0)"));
-    advance(20000);
-    EXPECT_TRUE(sound_.lives(1));
-    EXPECT_TRUE(CrossFade_->enabled());
-    fadeTo(first_, 0);
     EXPECT_FALSE(sound_.lives(1));
+    EXPECT_FALSE(CrossFade_->enabled());
+    EXPECT_EQ(sound_.BASS_ChannelIsActive(state_.active()), sound::Activity::playing);
+}
+
+TEST_F(Crossfade, theBalanceIsHeardInTheNewTrack) {
+    for (const char* const volumeMode : {"0", "1"}) {
+        set("EV2", volumeMode);
+        for (const FakeKind kind : {FakeKind::stream, FakeKind::music, FakeKind::wma}) {
+            playFirst();
+            fadeTo(track("other", {.kind = kind, .seconds = 60}));
+            EXPECT_EQ(sound_.channel(state_.SecondaryChannel).pan, -25);
+            EXPECT_EQ(sound_.channel(state_.PrimaryChannel).pan, *volumeMode == '0' ? 0 : -25);
+        }
+    }
+}
+
+TEST_F(Crossfade, theLookFollowsTheSound) {
+    addRows(2, {.seconds = 60});
+    list_.SelectedIndex = 2;
+    playFirst();
+    EXPECT_TRUE(list_.isPlayed(2));
+    list_.SelectIndex(3);
+    fadeTo(second_);
+    EXPECT_TRUE(list_.isPlayed(3));
+    list_.SelectIndex(1);
+    fadeTo(host_.folder.write("none", "text"));
+    EXPECT_TRUE(list_.isPlayed(3)) << "the old track plays on";
+}
+
+TEST_F(Crossfade, aFileThatDoesNotOpenGivesItsTitleAndTheClockGoesOn) {
+    playFirst();
+    playing_.time = "00:20";
+    list_.AddItem("", host_.folder.write("none", "text"), "Broken", "00:00", 0);
+    list_.SelectedIndex = 2;
+    list_.GetData(2);
+    fadeTo(list_.OutFileName);
+    EXPECT_EQ(view_.last.caption, " Broken");
+    EXPECT_EQ(view_.last.scrollerText, " Broken");
+    EXPECT_EQ(state_.CurrentTitle, "Broken");
+    EXPECT_EQ(playing_.time, "00:20");
+}
+
+TEST_F(Crossfade, whereNothingSoundedTheClockGoesToTheStart) {
+    playing_.time = "00:20";
+    playing_.percent = 30;
+    fadeTo(host_.folder.write("none", "text"));
+    EXPECT_EQ(view_.last.time, "00:00");
+    EXPECT_EQ(view_.last.percent, 0);
 }
 
 TEST_F(Crossfade, aFileThatNobodyTakesLeavesTheOldTrackAlone) {
@@ -151,8 +192,8 @@ TEST_F(Crossfade, aWmaIsOpenedTwiceAndTheSecondStreamIsFreedAtOnce) {
     EXPECT_THAT(std::vector(reader + 1, sound_.calls.end()),
                 ElementsAre("BASS_WMA_StreamCreateFile(0, " + path + ", 0, 0, 128)",
                             "BASS_StreamFree(4)", "Set_EQ",
-                            "BASS_ChannelSetAttributes(1, -1, -1, -25)",
-                            "BASS_ChannelSetAttributes(3, -1, 80, 0)", "BASS_StreamPlay(3, 0, 0)",
+                            "BASS_ChannelSetAttributes(3, -1, 80, 0)",
+                            "BASS_ChannelSetAttributes(3, -1, -1, -25)", "BASS_StreamPlay(3, 0, 0)",
                             "BASS_ChannelSlideAttributes(1, -1, 0, -101, 5000)",
                             "BASS_ChannelSlideAttributes(3, -1, 80, -101, 5000)"));
     EXPECT_TRUE(state_.IsWmaStream);
@@ -173,8 +214,8 @@ TEST_F(Crossfade, aTrackOfACd) {
     const auto disc = std::ranges::find(sound_.calls, "BASS_CD_StreamCreate(0, 6, 327680)");
     ASSERT_NE(disc, sound_.calls.end());
     EXPECT_THAT(std::vector(disc + 1, sound_.calls.end()),
-                ElementsAre("BASS_Start()", "Set_EQ", "BASS_ChannelSetAttributes(3, -1, -1, -25)",
-                            "BASS_ChannelSetAttributes(3, -1, 80, 0)", "BASS_StreamPlay(3, 1, 0)",
+                ElementsAre("BASS_Start()", "Set_EQ", "BASS_ChannelSetAttributes(3, -1, 80, 0)",
+                            "BASS_ChannelSetAttributes(3, -1, -1, -25)", "BASS_StreamPlay(3, 1, 0)",
                             "BASS_ChannelSlideAttributes(1, -1, 0, -101, 5000)",
                             "BASS_ChannelSlideAttributes(3, -1, 80, -101, 5000)"));
     EXPECT_EQ(state_.ActiveChannel, ChannelSlot::secondary);
@@ -246,7 +287,7 @@ TEST_F(Crossfade, withTheVolumeOfTheWholeOutputTheNewChannelSlidesDown) {
     set("EV2", "1");
     playFirst();
     fadeTo(second_);
-    EXPECT_EQ(std::ranges::count(sound_.calls, "BASS_SetVolume(80)"), 3);
+    EXPECT_EQ(std::ranges::count(sound_.calls, "BASS_SetVolume(80)"), 1);
     EXPECT_EQ(sound_.channel(3).volume, 100);
     EXPECT_THAT(sound_.calls, Contains("BASS_ChannelSlideAttributes(3, -1, 80, -101, 5000)"));
 }

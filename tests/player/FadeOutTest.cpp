@@ -41,23 +41,66 @@ TEST_F(FadeOut, slidesTheActiveChannel) {
     EXPECT_THAT(sound_.calls, ElementsAre("BASS_ChannelSlideAttributes(9, -1, 0, -101, 5000)"));
 }
 
-TEST_F(FadeOut, withATimeOfZeroTheTrackPlaysOnMute) {
-    play(60);
-    set("CFDT", "0");
-    fadeOut_.FadeOutTrack();
-    EXPECT_THAT(sound_.calls, ElementsAre("BASS_ChannelSlideAttributes(1, -1, 0, -101, 0)"));
-    advance(30000);
-    EXPECT_TRUE(state_.IsPlaying);
-    EXPECT_TRUE(FadeOut_->enabled());
+TEST_F(FadeOut, withATimeOfZeroTheTrackStopsAtOnce) {
+    for (const char* const seconds : {"0", "-3"}) {
+        SCOPED_TRACE(seconds);
+        play(60);
+        const sound::Handle channel = state_.PrimaryChannel;
+        set("CFDT", seconds);
+        fadeOut_.FadeOutTrack();
+        EXPECT_FALSE(state_.IsPlaying);
+        EXPECT_FALSE(sound_.lives(channel));
+        EXPECT_FALSE(FadeOut_->enabled());
+        EXPECT_EQ(view_.last.time, "00:00");
+        EXPECT_THAT(sound_.calls, Not(Contains(testing::HasSubstr("Slide"))));
+    }
 }
 
-TEST_F(FadeOut, stopsATrackThatStartedMeanwhile) {
+TEST_F(FadeOut, aStartCallsItOff) {
     play(60);
     fadeOut_.FadeOutTrack();
     advance(1000);
     play(60);
+    EXPECT_FALSE(FadeOut_->enabled());
+    advance(10000);
+    EXPECT_TRUE(state_.IsPlaying);
+}
+
+TEST_F(FadeOut, soDoesACrossfade) {
+    play(60);
+    fadeOut_.FadeOutTrack();
+    advance(1000);
+    crossfade_.CrossFade_BurnBaby(track("b", {.seconds = 60}), 5000, "");
+    advance(10000);
+    EXPECT_TRUE(state_.IsPlaying);
+    EXPECT_EQ(sound_.BASS_ChannelIsActive(state_.active()), sound::Activity::playing);
+}
+
+TEST_F(FadeOut, aCrossfadeThatFailsLetsItGoOn) {
+    play(60);
+    fadeOut_.FadeOutTrack();
+    advance(1000);
+    crossfade_.CrossFade_BurnBaby(host_.folder.write("none", "text"), 5000, "");
     advance(4000);
     EXPECT_FALSE(state_.IsPlaying);
+}
+
+TEST_F(FadeOut, stopCallsItOff) {
+    play(60);
+    fadeOut_.FadeOutTrack();
+    transport_.button_stop();
+    EXPECT_FALSE(FadeOut_->enabled());
+}
+
+TEST_F(FadeOut, aTrackThatEndsMeanwhileIsNotFollowed) {
+    addRows(2, {.seconds = 4});
+    mirror_.ListIndex(0);
+    transport_.List1_DblClick();
+    fadeOut_.FadeOutTrack(); // 5 s
+    advance(4500);
+    EXPECT_FALSE(state_.IsPlaying);
+    EXPECT_EQ(state_.CurrentTitle, "T1");
+    EXPECT_EQ(offered(), "1");
 }
 
 TEST_F(FadeOut, aTimeThatIsNoNumberStartsNothing) {
@@ -66,13 +109,6 @@ TEST_F(FadeOut, aTimeThatIsNoNumberStartsNothing) {
     EXPECT_THROW(fadeOut_.FadeOutTrack(), base::RuntimeError);
     EXPECT_FALSE(FadeOut_->enabled());
     EXPECT_THAT(sound_.calls, Not(Contains(testing::HasSubstr("Slide"))));
-}
-
-TEST_F(FadeOut, aTimeBelowZeroIsNone) {
-    play(60);
-    set("CFDT", "-3");
-    fadeOut_.FadeOutTrack();
-    EXPECT_THAT(sound_.calls, ElementsAre("BASS_ChannelSlideAttributes(1, -1, 0, -101, 0)"));
 }
 
 } // namespace

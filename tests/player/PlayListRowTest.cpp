@@ -57,8 +57,47 @@ TEST_F(PlayListRow, aRowThatCannotBePlayedStaysSelectedAndIsNamed) {
     EXPECT_FALSE(state_.IsPlaying);
     EXPECT_EQ(list_.SelectedIndex, 1);
     EXPECT_EQ(list_.seconds(1), 0);
-    EXPECT_EQ(view_.last.caption, " one (00:00)");
+    EXPECT_EQ(view_.last.caption, " one");
     EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+}
+
+TEST_F(PlayListRow, aRowThatCannotBePlayedKeepsItsLength) {
+    list_.AddItem("", "gone", "Gone", "03:20", 200);
+    list_.SelectedIndex = 1;
+    transport_.Stdss_Play("");
+    for (const bool crossfade : {true, false}) {
+        state_.CrossfadeOn = crossfade;
+        list_.SelectedIndex = 4;
+        transport_.Stdss_Play("");
+        EXPECT_EQ(list_.seconds(4), 200) << crossfade;
+        EXPECT_EQ(view_.last.caption, " Gone") << crossfade;
+    }
+}
+
+TEST_F(PlayListRow, theLookFollowsTheSoundHoweverItCame) {
+    const auto look = [this] {
+        std::vector<int> rows;
+        for (int row = 1; row <= list_.ListCount(); ++row) {
+            if (list_.isPlayed(row)) {
+                rows.push_back(row);
+            }
+        }
+        return rows;
+    };
+    list_.SelectIndex(2);
+    transport_.button_play();
+    EXPECT_THAT(look(), ElementsAre(2));
+    mirror_.ListIndex(0);
+    transport_.List1_DblClick();
+    EXPECT_THAT(look(), ElementsAre(1));
+    advance_.button_next();
+    EXPECT_THAT(look(), ElementsAre(2));
+    advance(66000); // to the end of the track
+    EXPECT_EQ(state_.CurrentTitle, "three");
+    EXPECT_THAT(look(), ElementsAre(3));
+    sound_.files.erase(host_.folder / "two");
+    advance_.button_previous();
+    EXPECT_THAT(look(), IsEmpty()) << "nothing sounds";
 }
 
 TEST_F(PlayListRow, theItemOfThePlainListBecomesTheSelectedRow) {

@@ -23,7 +23,27 @@ TEST_F(QuickList, rowsOfTheQuickList) {
     EXPECT_TRUE(rows_.selected(0));
     EXPECT_FALSE(rows_.selected(1));
     EXPECT_THAT(sound_.calls, IsEmpty());
-    EXPECT_EQ(list_.SelectedIndex, 0);
+}
+
+TEST_F(QuickList, aClickChoosesTheRowForPlay) {
+    addRows(3, {.seconds = 10});
+    rows_.selectRow(1, {});
+    EXPECT_FALSE(state_.IsPlaying);
+    EXPECT_TRUE(list_.isMarked(2)) << "the playlist shows the same";
+    transport_.button_play();
+    EXPECT_EQ(state_.CurrentTitle, "T2");
+}
+
+TEST_F(QuickList, theMarkIsOfTheRowThatSounds) {
+    addRows(3, {.seconds = 10});
+    rows_.activateRow(0);
+    rows_.selectRow(2, {});
+    EXPECT_TRUE(rows_.marked(0));
+    EXPECT_FALSE(rows_.marked(2));
+    list_.SelectIndex(1);
+    advance_.button_next();
+    EXPECT_TRUE(rows_.marked(1));
+    EXPECT_FALSE(rows_.marked(0));
 }
 
 TEST_F(QuickList, aDoubleClickOnARowPlaysIt) {

@@ -26,7 +26,8 @@ TEST_F(Transport, stopFreesBothStreams) {
     startRow({.seconds = 10});
     state_.SecondaryChannel = 40;
     transport_.Stop_play();
-    EXPECT_THAT(sound_.calls, ElementsAre("BASS_StreamFree(1)", "BASS_StreamFree(40)"));
+    EXPECT_THAT(sound_.calls, ElementsAre("BASS_StreamFree(1)", "BASS_ChannelStop(1)",
+                                          "BASS_StreamFree(40)", "BASS_ChannelStop(40)"));
     EXPECT_THAT(events_.told, ElementsAre("no visualisation", "nothing {0} - {1} Music"));
     EXPECT_FALSE(state_.IsPlaying);
     EXPECT_FALSE(Timer3_->enabled());
@@ -34,10 +35,11 @@ TEST_F(Transport, stopFreesBothStreams) {
     EXPECT_TRUE(sound_.initialized);
 }
 
-TEST_F(Transport, stopLeavesAModuleToTheNextStart) {
+TEST_F(Transport, stopSilencesAModuleAndLeavesItToTheNextStart) {
     startRow({.kind = FakeKind::music, .seconds = 10});
     transport_.Stop_play();
-    EXPECT_EQ(sound_.BASS_ChannelIsActive(1), sound::Activity::playing);
+    EXPECT_EQ(sound_.BASS_ChannelIsActive(1), sound::Activity::stopped);
+    EXPECT_TRUE(sound_.lives(1));
     EXPECT_FALSE(state_.IsPlaying);
     transport_.Burnbaby("", 0, "");
     EXPECT_FALSE(sound_.lives(1));
@@ -109,13 +111,14 @@ TEST_F(Transport, playOfAnEmptyListOnlyShowsTheButton) {
     EXPECT_EQ(state_.TracksStarted, 0);
 }
 
-TEST_F(Transport, playOfARestoredListWithoutSelectionSoundsNothing) {
-    list_.AddItem("", track("a.mp3", {.seconds = 10}), "Song", "00:10", 10);
+TEST_F(Transport, playWithoutASelectionStartsTheFirstRow) {
+    addRows(2, {.seconds = 10});
     transport_.button_play();
-    EXPECT_FALSE(state_.IsPlaying);
+    EXPECT_TRUE(state_.IsPlaying);
     EXPECT_EQ(state_.TracksStarted, 1);
-    EXPECT_EQ(list_.SelectedIndex, 0);
-    EXPECT_EQ(list_.seconds(1), 10);
+    EXPECT_EQ(state_.CurrentTitle, "T1");
+    EXPECT_EQ(list_.SelectedIndex, 1);
+    EXPECT_TRUE(list_.isMarked(1));
 }
 
 TEST_F(Transport, theButtonOfPause) {
