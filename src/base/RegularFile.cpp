@@ -81,13 +81,13 @@ std::error_code RegularFile::resize(std::int64_t size) {
     return ::ftruncate(descriptor_, size) == 0 ? std::error_code() : lastSystemError();
 }
 
-std::error_code readWholeFile(const std::string& path, std::string& bytes) {
+std::error_code readWholeFile(const std::string& path, std::string& bytes, std::int64_t mostBytes) {
     bytes.clear();
     const RegularFile file(path, RegularFile::Access::Read);
     if (file.failure()) {
         return file.failure();
     }
-    if (file.size() > kMostWholeFileBytes) {
+    if (file.size() > mostBytes) {
         return std::make_error_code(std::errc::not_enough_memory);
     }
     return file.readAt(0, static_cast<std::size_t>(file.size()), bytes);

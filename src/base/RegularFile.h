@@ -45,8 +45,9 @@ private:
 /// The most that is read at once; far more than any list or settings file holds.
 inline constexpr std::int64_t kMostWholeFileBytes = std::int64_t{1} << 30;
 
-/// All bytes of a file; one with more than `kMostWholeFileBytes` counts as lack of memory. On a
-/// failure `bytes` is empty.
-[[nodiscard]] std::error_code readWholeFile(const std::string& path, std::string& bytes);
+/// All bytes of a file; one with more than `mostBytes` counts as lack of memory. On a failure
+/// `bytes` is empty.
+[[nodiscard]] std::error_code readWholeFile(const std::string& path, std::string& bytes,
+                                            std::int64_t mostBytes = kMostWholeFileBytes);
 
 } // namespace tovik::base

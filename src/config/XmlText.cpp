@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "config/XmlText.h"
 
+#include "base/Text.h"
+#include "config/StrictXml.h"
+#include "config/XmlEncoding.h"
+
 #include <pugixml.hpp>
 
 #include <algorithm>
+#include <optional>
 
 namespace tovik::config {
 
@@ -15,28 +20,13 @@ constexpr unsigned kParse = pugi::parse_fragment | pugi::parse_declaration | pug
                             pugi::parse_escapes | pugi::parse_ws_pcdata;
 constexpr unsigned kWrite = pugi::format_raw | pugi::format_no_declaration;
 
-bool isWhite(std::string_view text) {
-    return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
-}
-
-/// One element at the top and no text beside it: the parser itself lets more pass.
-bool hasOneRoot(const pugi::xml_document& document) {
-    int elements = 0;
-    for (const pugi::xml_node child : document.children()) {
-        const auto type = child.type();
-        elements += type == pugi::node_element ? 1 : 0;
-        if (type == pugi::node_cdata || (type == pugi::node_pcdata && !isWhite(child.value()))) {
-            return false;
-        }
-    }
-    return elements == 1;
-}
-
 /// The document will be written in UTF-8, so it must not say anything else of itself.
 void declareUtf8(pugi::xml_document& document) {
     for (const pugi::xml_node child : document.children()) {
-        if (child.type() == pugi::node_declaration) {
-            child.attribute("encoding").set_value("UTF-8");
+        pugi::xml_attribute encoding = child.attribute("encoding");
+        if (child.type() == pugi::node_declaration &&
+            !base::equalsIgnoringCase(encoding.value(), "UTF-8")) {
+            encoding.set_value("UTF-8"); // does nothing where there is none
         }
     }
 }
@@ -73,19 +63,21 @@ bool isNamePart(char character) noexcept {
 } // namespace
 
 bool parseXml(pugi::xml_document& document, std::string_view bytes, XmlBytes kind) {
-    const auto asked = kind == XmlBytes::File ? pugi::encoding_auto : pugi::encoding_utf8;
-    const auto result = document.load_buffer(bytes.data(), bytes.size(), kParse, asked);
-    const bool singleBytes =
-        result.encoding == pugi::encoding_utf8 || result.encoding == pugi::encoding_latin1;
-    // The parser takes a zero for the end of the text.
-    const bool cutShort = singleBytes && bytes.find('\0') != std::string_view::npos;
-    if (!result || cutShort || !hasOneRoot(document)) {
+    document.reset();
+    if (bytes.size() > kMostXmlBytes) {
+        return false;
+    }
+    const std::optional<std::string> text =
+        kind == XmlBytes::File ? utf8OfXmlFile(bytes) : std::string(bytes);
+    // The library's own parser lets much pass that is no XML, and would write it back changed.
+    if (!text || !isStrictXml(*text)) {
+        return false;
+    }
+    if (!document.load_buffer(text->data(), text->size(), kParse, pugi::encoding_utf8)) {
         document.reset();
         return false;
     }
-    if (result.encoding != pugi::encoding_utf8) {
-        declareUtf8(document);
-    }
+    declareUtf8(document);
     return true;
 }
 
@@ -105,6 +97,9 @@ std::string textOf(const pugi::xml_node& node) {
 }
 
 bool setText(pugi::xml_node node, const std::string& text) {
+    if (!isXmlChars(text)) {
+        return false;
+    }
     if (node.type() != pugi::node_element) {
         return node.set_value(text.c_str());
     }
@@ -112,9 +107,21 @@ bool setText(pugi::xml_node node, const std::string& text) {
     return text.empty() || node.append_child(pugi::node_pcdata).set_value(text.c_str());
 }
 
-bool isXmlName(std::string_view name) noexcept {
+bool isXmlName(std::string_view name) {
     return !name.empty() && isNameStart(name.front()) &&
-           std::all_of(name.begin(), name.end(), isNamePart);
+           std::all_of(name.begin(), name.end(), isNamePart) &&
+           isStrictXml("<" + std::string(name) + "/>");
+}
+
+bool isXmlChars(std::string_view text) noexcept {
+    constexpr std::string_view kNoncharacters = "\xEF\xBF\xBE\xEF\xBF\xBF"; // U+FFFE, U+FFFF
+    const auto isControl = [](char character) {
+        return static_cast<unsigned char>(character) < 0x20U && character != '\t' &&
+               character != '\n' && character != '\r';
+    };
+    return base::isUtf8(text) && std::none_of(text.begin(), text.end(), isControl) &&
+           text.find(kNoncharacters.substr(0, 3)) == std::string_view::npos &&
+           text.find(kNoncharacters.substr(3)) == std::string_view::npos;
 }
 
 } // namespace tovik::config

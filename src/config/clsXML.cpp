@@ -4,6 +4,7 @@
 #include "base/AtomicFile.h"
 #include "base/RegularFile.h"
 #include "base/RuntimeError.h"
+#include "config/StrictXml.h"
 #include "config/WriteFailure.h"
 #include "config/XmlText.h"
 
@@ -61,8 +62,9 @@ std::string textOfSelected(const pugi::xpath_node& selected) {
 }
 
 bool setTextOfSelected(const pugi::xpath_node& selected, const std::string& value) {
-    return selected.attribute().empty() ? setText(selected.node(), value)
-                                        : selected.attribute().set_value(value.c_str());
+    return selected.attribute().empty()
+               ? setText(selected.node(), value)
+               : isXmlChars(value) && selected.attribute().set_value(value.c_str());
 }
 
 /// The members that swallow failures do so here.
@@ -84,8 +86,8 @@ std::string nullOnFailure(const Operation& operation) {
     }
 }
 
-void requireName(const std::string& name) {
-    if (!isXmlName(name)) {
+void require(bool allowed) {
+    if (!allowed) {
         throw RuntimeError(ErrorNumber::InvalidProcedureCall);
     }
 }
@@ -126,8 +128,9 @@ bool clsXML::OpenXML(const std::string& source, int kind) {
     document_ = std::make_unique<Document>();
     if (kind == static_cast<int>(XmlSource::FilePath)) {
         std::string bytes;
-        document_->readable =
-            !base::readWholeFile(source, bytes) && parseXml(document_->xml, bytes, XmlBytes::File);
+        constexpr auto kMost = static_cast<std::int64_t>(kMostXmlBytes);
+        document_->readable = !base::readWholeFile(source, bytes, kMost) &&
+                              parseXml(document_->xml, bytes, XmlBytes::File);
     } else if (kind == static_cast<int>(XmlSource::Text)) {
         document_->readable = parseXml(document_->xml, source, XmlBytes::Utf8);
     }
@@ -178,7 +181,7 @@ void clsXML::WriteAttribute(const std::string& path, const std::string& attribut
                             const std::string& value) {
     swallowing([&] {
         pugi::xml_node element = document().selectElement(path);
-        requireName(attribute);
+        require(isXmlName(attribute) && isXmlChars(value));
         pugi::xml_attribute found = element.attribute(attribute.c_str());
         document_->changed |= !found || value != found.value();
         if (!found) {
@@ -221,7 +224,7 @@ void clsXML::MakeNode(const std::string& parentPath, const std::string& name,
                       const std::optional<XmlAttribute>& first,
                       const std::optional<XmlAttribute>& second) {
     pugi::xml_node parent = document().selectElement(parentPath);
-    requireName(name);
+    require(isXmlName(name) && (!value || isXmlChars(*value)));
     pugi::xml_node made = parent.append_child(name.c_str());
     document_->changed = true;
     if (value) {

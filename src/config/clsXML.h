@@ -20,9 +20,11 @@ struct XmlAttribute {
 };
 
 /// A document and the operations on it. All paths are XPath 1.0 expressions, evaluated on the
-/// document element. Texts are bytes: what was read is written again as it was, with comments,
-/// order and blanks between elements. Errors that a member does not swallow are raised as
-/// `RuntimeError`: 91 where there is no document, node or attribute, 5 for a bad path or name.
+/// document element. Texts are UTF-8. What was read is written again as it was, in UTF-8, with
+/// comments, order and blanks between elements; a text that would make the document unreadable
+/// (`isXmlChars`) is never put into it. Errors that a member does not swallow are raised as
+/// `RuntimeError`: 91 where there is no document, node or attribute, 5 for a bad path, name or
+/// text.
 class clsXML {
 public:
     clsXML();
@@ -35,7 +37,8 @@ public:
     [[nodiscard]] std::string XMLDocumentInfo(int kind) const;
 
     /// Drops the document and reads another one. False leaves it empty: a file that is missing,
-    /// unreadable or not well formed, or a kind that is none.
+    /// unreadable or not well formed, or a kind that is none. "Not well formed" is what the strict
+    /// parser says (`StrictXml.h`); a file may be in any encoding that it declares, text is UTF-8.
     bool OpenXML(const std::string& source, XmlSource kind);
     bool OpenXML(const std::string& source, int kind);
 

@@ -94,10 +94,18 @@ TEST_F(SettingsTest, savingAMissingKeyMakesNothingAndStillRewrites) {
 
 TEST_F(SettingsTest, anyTextSurvives) {
     writeSettings("<CFLD/>");
-    for (const auto& text : {R"(/home/me/My "Music" & <more>)"s, "caf\xE9/\xFF"s, " x "s, "č"s, ""s,
-                             "line\r\nbreak"s}) {
+    for (const auto& text :
+         {R"(/home/me/My "Music" & <more>)"s, " x "s, "č"s, ""s, "line\r\nbreak"s}) {
         settings_.saveSetting("CFLD", text);
         EXPECT_EQ(settings_.getSetting("CFLD"), text);
+    }
+}
+
+TEST_F(SettingsTest, aTextThatNoDocumentCanHoldLeavesTheSettingAsItWas) {
+    writeSettings("<CFLD>/music</CFLD>");
+    for (const auto& text : {"caf\xE9/\xFF"s, "\x01"s}) {
+        settings_.saveSetting("CFLD", text);
+        EXPECT_EQ(settings_.getSetting("CFLD"), "/music");
     }
 }
 

@@ -2,8 +2,8 @@
 // Saving a document.
 #include "config/clsXML.h"
 
-#include "support/host/FullDisk.h"
 #include "config/RaisedNumber.h"
+#include "support/host/FullDisk.h"
 #include "support/host/TemporaryFolder.h"
 #include "support/host/Unprivileged.h"
 
@@ -38,7 +38,7 @@ TEST_F(clsXMLSaveTest, whatWasNotTouchedStaysAsItWas) {
     const std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n"
                              "<!-- mine: -->\n\n"
                              "<Settings  >\n\t<MI>0</MI><!-- keep --><Own y=\"2\" x='1'>  </Own>\n"
-                             "<?tool do?><C><![CDATA[ <&> ]]></C>\r\n  caf\xE9\n</Settings>\n\n"
+                             "<?tool do?><C><![CDATA[ <&> ]]></C>\r\n  café\n</Settings>\n\n"
                              "<!-- end -->\n";
     ASSERT_TRUE(openFile(text));
     xml_.WriteNode("/Settings/MI", "1");
@@ -68,7 +68,7 @@ TEST_F(clsXMLSaveTest, otherEncodingsBecomeUtf8AndSaySo) {
 }
 
 TEST_F(clsXMLSaveTest, aDamagedFileIsNeverOverwritten) {
-    for (const auto& damage : {""s, "<Settings><MI>0</MI>"s, "<a/>\0\0"s, "words"s}) {
+    for (const auto& damage : {""s, "<Settings><MI>0</MI>"s, "<a/>\0\0"s, "words"s, "<a>&</a>"s}) {
         ASSERT_FALSE(openFile(damage));
         xml_.WriteNode("/Settings/MI", "1");
         xml_.Save(folder_ / "a.xml");

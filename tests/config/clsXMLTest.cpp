@@ -180,25 +180,5 @@ TEST_F(clsXMLTest, counts) {
     EXPECT_EQ(xml_.NodeCount("count(/a)"), -1);
 }
 
-TEST_F(clsXMLTest, entitiesOfADocumentAreNotExpanded) {
-    EXPECT_TRUE(openText("<!DOCTYPE a [<!ENTITY x SYSTEM \"file:///etc/passwd\">]><a>&x;</a>"));
-    EXPECT_EQ(xml_.ReadNode("/a"), "&x;");
-}
-
-TEST_F(clsXMLTest, aDeepDocumentIsReadWrittenAndFreed) {
-    constexpr std::size_t kDepth = 100'000;
-    std::string deep;
-    for (std::size_t n = 0; n < kDepth; ++n) {
-        deep += "<a>";
-    }
-    deep += "x";
-    for (std::size_t n = 0; n < kDepth; ++n) {
-        deep += "</a>";
-    }
-    EXPECT_TRUE(openText(deep));
-    EXPECT_EQ(xml_.ReadNode("/a"), "x");
-    EXPECT_EQ(xml_.XML(), deep);
-}
-
 } // namespace
 } // namespace tovik::config
