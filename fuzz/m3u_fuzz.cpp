@@ -2,6 +2,7 @@
 // Takes the input for a playlist file: it is read, and what was read is written and read again.
 // A list that was written by the player always comes back as it was.
 #include "base/RuntimeError.h"
+#include "base/Unicode.h"
 #include "playlist/M3uList.h"
 #include "playlist/stdSS.h"
 
@@ -37,7 +38,7 @@ void demandSameRows(const playlist::stdSS& one, const playlist::stdSS& other) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string text(data, data + size);
+    const std::string text = base::withoutByteOrderMark(std::string(data, data + size));
     IdlePump pump;
     const bool stop = false;
     playlist::stdSS list;

@@ -2,6 +2,7 @@
 #include "base/Windows1252.h"
 
 #include "base/Text.h"
+#include "base/Unicode.h"
 
 #include <algorithm>
 #include <array>
@@ -18,20 +19,6 @@ constexpr std::array<std::uint32_t, kLatinStart - kTableStart> kTable{
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-void appendUtf8(std::string& text, std::uint32_t character) {
-    const auto append = [&text](std::uint32_t byte) { text.push_back(static_cast<char>(byte)); };
-    if (character < 0x80) {
-        append(character);
-    } else if (character < 0x800) {
-        append(0xC0U | character >> 6U);
-        append(0x80U | (character & 0x3FU));
-    } else {
-        append(0xE0U | character >> 12U);
-        append(0x80U | (character >> 6U & 0x3FU));
-        append(0x80U | (character & 0x3FU));
-    }
-}
 
 /// Takes the first character off a text known to be UTF-8.
 std::uint32_t takeCharacter(std::string_view& text) {

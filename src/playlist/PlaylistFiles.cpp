@@ -4,7 +4,10 @@
 #include "base/AtomicFile.h"
 #include "base/FileErrors.h"
 #include "base/RegularFile.h"
+#include "base/Unicode.h"
 #include "playlist/M3uList.h"
+
+#include <utility>
 
 namespace tovik::playlist {
 
@@ -18,6 +21,7 @@ int PlaylistFiles::open_m3u(const std::string& Path) {
     // Read as a whole: a save of the same file during a pump step then changes nothing here.
     std::string text;
     base::raiseFailure(base::readWholeFile(Path, text));
+    text = base::withoutByteOrderMark(std::move(text));
     return appendM3u(text, list_, pump_, StopM3u) == ReadEnd::ProgramEnding ? 0 : kRead;
 }
 

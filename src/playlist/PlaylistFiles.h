@@ -30,9 +30,10 @@ public:
     /// list during the load sets it too.
     int AutosaveOnExit = 0;
 
-    /// Appends the entries of an M3U file. 1, or 0 for an empty path or when the program is
-    /// ending. Raises what opening the file raises (53 and others), TypeMismatch and Overflow for
-    /// a length that is no number or too big; the rows added so far stay.
+    /// Appends the entries of an M3U file, which may begin with a byte order mark. 1, or 0 for an
+    /// empty path or when the program is ending. Raises what opening the file raises (53 and
+    /// others), TypeMismatch and Overflow for a length that is no number or too big; the rows added
+    /// so far stay.
     int open_m3u(const std::string& Path);
 
     /// Reads the list of the last session and keeps the result in `AutosaveOnExit`. Raises as

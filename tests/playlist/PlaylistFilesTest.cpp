@@ -115,6 +115,24 @@ TEST_F(PlaylistFilesTest, aLengthThatIsNoNumberStopsTheRead) {
     EXPECT_EQ(errorOfText("#EXTINF:2147483647,X\n"), 0);
 }
 
+TEST_F(PlaylistFilesTest, listsThatBeginWithAByteOrderMark) {
+    const std::string plain = "#EXTM3U\r\n#EXTINF:215,\xC5\xBD\r\n/a.mp3\r\n";
+    const std::u16string wide = u"#EXTM3U\r\n#EXTINF:215,\u017D\r\n/a.mp3\r\n";
+    std::string little = "\xFF\xFE";
+    std::string big = "\xFE\xFF";
+    for (const char16_t unit : wide) {
+        const auto low = static_cast<char>(unit & 0xFFU);
+        const auto high = static_cast<char>(unit >> 8U);
+        little += {low, high};
+        big += {high, low};
+    }
+    for (const std::string& text : {plain, "\xEF\xBB\xBF" + plain, little, big}) {
+        list.Clear();
+        EXPECT_EQ(read(text), 1);
+        EXPECT_THAT(rows(), ElementsAre("/a.mp3|\xC5\xBD|03:35|215"));
+    }
+}
+
 TEST_F(PlaylistFilesTest, filesThatCannotBeRead) {
     EXPECT_EQ(errorOf(folder / "none.m3u"), 53);
     EXPECT_EQ(errorOf(folder.path()), 75);
