@@ -8,6 +8,7 @@
 #include "config/FirstFill.h"
 #include "host/DataFolder.h"
 #include "host/Paths.h"
+#include "host/system/FolderLock.h"
 #include "playlist/M3uFormat.h"
 
 #include <cstdlib>
@@ -15,6 +16,8 @@
 #include <system_error>
 
 namespace tovik::app {
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -35,11 +38,55 @@ std::string firstList(const host::Paths& paths) {
     return list;
 }
 
+bool exists(const std::string& path) {
+    std::error_code failure;
+    return fs::exists(path, failure);
+}
+
+/// A data folder in use without a saved list gets an empty one, which is saved again at the end.
+void layEmptyList(const host::Paths& paths) {
+    const std::string list = paths.of(host::DataItem::AutosaveList);
+    if (!exists(paths.of(host::DataItem::Settings)) || exists(list)) {
+        return;
+    }
+    std::string text;
+    playlist::appendM3uHead(text);
+    if (const auto failure = base::replaceFile(list, text, base::Flush::No)) {
+        tell(list, failure.message());
+    }
+}
+
+/// Copies the files of a folder and all below it. A running player replaces files meanwhile: what
+/// is gone before it is reached is not missed.
+std::error_code copyFiles(const fs::path& from, const fs::path& to) {
+    std::error_code failure;
+    for (fs::directory_iterator entry(from, failure), end; !failure && entry != end;
+         entry.increment(failure)) {
+        const fs::path target = to / entry->path().filename();
+        if (entry->is_directory(failure)) {
+            fs::create_directory(target, failure);
+            failure = failure ? failure : copyFiles(entry->path(), target);
+        } else if (!failure && entry->is_regular_file(failure)) {
+            fs::copy_file(entry->path(), target, failure);
+        }
+        if (failure == std::errc::no_such_file_or_directory && !exists(entry->path())) {
+            failure.clear();
+        }
+        if (failure) {
+            break;
+        }
+    }
+    return failure;
+}
+
 } // namespace
 
 std::string prepareDataFolder(const host::CommandLine& line, const host::Environment& environment) {
     std::string folder = host::chooseDataFolder(environment, line.dataFolder);
     const std::string shipped = host::shippedDataFolder(environment);
+    std::error_code missing; // a folder that cannot be made is told by what follows
+    fs::create_directories(folder, missing);
+    const host::FolderLock alone(folder);
     if (const auto failure = host::fillDataFolder(folder, shipped, environment.locale)) {
         tell(folder, failure.message());
         return folder;
@@ -52,19 +99,20 @@ std::string prepareDataFolder(const host::CommandLine& line, const host::Environ
     } catch (const base::RuntimeError& error) {
         tell(folder, error.description());
     }
+    layEmptyList(paths);
     return folder;
 }
 
 PrivateCopy::PrivateCopy(const std::string& dataFolder) {
     std::error_code failure;
-    std::string place = std::filesystem::temp_directory_path(failure).string() + "/tovik.XXXXXX";
+    std::string place = fs::temp_directory_path(failure).string() + "/tovik.XXXXXX";
     if (!failure && mkdtemp(place.data()) == nullptr) {
         failure = base::lastSystemError();
     }
     if (!failure) {
         folder_ = place;
-        std::filesystem::copy(dataFolder, folder_, std::filesystem::copy_options::recursive,
-                              failure);
+        const host::FolderLock alone(dataFolder);
+        failure = copyFiles(dataFolder, folder_);
     }
     if (failure) {
         tell("cannot make a temporary copy of " + dataFolder, failure.message());
@@ -75,7 +123,7 @@ PrivateCopy::PrivateCopy(const std::string& dataFolder) {
 PrivateCopy::~PrivateCopy() {
     if (!folder_.empty()) {
         std::error_code failure;
-        std::filesystem::remove_all(folder_, failure);
+        fs::remove_all(folder_, failure);
     }
 }
 

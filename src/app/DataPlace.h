@@ -10,8 +10,9 @@
 
 namespace tovik::app {
 
-/// The data folder that the command line or the environment asks for, filled if it is new. A
-/// failure to fill it is told on the error stream; the player then says what it misses.
+/// The data folder that the command line or the environment asks for, filled if it is new; what a
+/// folder in use lacks of words, looks and saved list is laid anew. Several processes may call it
+/// at once. A failure to fill it is told on the error stream; the player then says what it misses.
 [[nodiscard]] std::string prepareDataFolder(const host::CommandLine& line,
                                             const host::Environment& environment);
 

@@ -6,6 +6,7 @@
 #include "app/Version.h"
 #include "base/ErrorStream.h"
 #include "host/CommandLine.h"
+#include "host/DataFolder.h"
 #include "host/Environment.h"
 
 #include <cstdio>
@@ -34,6 +35,10 @@ int run(std::span<const std::string> words) {
     }
     if (line.device == host::kListDevices) {
         return app::listOutputs() ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
+    if (const auto problem = host::homeProblem(environment, line.dataFolder)) {
+        base::tell(*problem);
+        return EXIT_FAILURE;
     }
     return line.renderFile ? app::render(line, environment) : app::play(line, environment);
 }

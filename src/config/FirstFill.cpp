@@ -2,7 +2,9 @@
 #include "config/FirstFill.h"
 
 #include "base/AtomicFile.h"
+#include "base/LineReader.h"
 #include "base/PathText.h"
+#include "base/RegularFile.h"
 #include "config/clsXML.h"
 #include "config/Settings.h"
 #include "config/WriteFailure.h"
@@ -10,7 +12,6 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <fstream>
 #include <optional>
 
 namespace tovik::config {
@@ -75,9 +76,11 @@ std::string musicFolder(const std::string& home, const std::string& configHome) 
     const std::string folder =
         configHome.starts_with('/') ? configHome : base::joinPath(home, ".config");
     std::string found = base::joinPath(home, "Music");
-    std::ifstream file(base::joinPath(folder, "user-dirs.dirs"));
-    for (std::string line; std::getline(file, line);) { // the last one counts, as in a shell
-        found = folderFrom(line, home).value_or(found);
+    std::string text; // empty where there is no such file
+    static_cast<void>(base::readWholeFile(base::joinPath(folder, "user-dirs.dirs"), text));
+    base::LineReader lines(text);
+    while (const auto line = lines.next()) { // the last one counts, as in a shell
+        found = folderFrom(*line, home).value_or(found);
     }
     return found;
 }

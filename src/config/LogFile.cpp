@@ -5,9 +5,11 @@
 #include "config/WriteFailure.h"
 
 #include <cerrno>
+#include <system_error>
 #include <utility>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace tovik::config {
@@ -26,9 +28,23 @@ std::string padded(int number, std::size_t width) {
 
 LogFile::LogFile(std::string path)
     : path_(std::move(path)),
-      descriptor_(::open(path_.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, kNewFileMode)) {
-    if (descriptor_ < 0) {
-        raiseWriteFailure(base::lastSystemError(), path_);
+      descriptor_(::open(path_.c_str(),
+                         O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NOCTTY | O_NONBLOCK,
+                         kNewFileMode)) {
+
+    struct stat facts {};
+
+    std::error_code failure;
+    if (descriptor_ < 0 || ::fstat(descriptor_, &facts) != 0) {
+        failure = base::lastSystemError();
+    } else if (!S_ISREG(facts.st_mode)) {
+        failure = std::make_error_code(std::errc::invalid_seek); // a pipe would swallow or block
+    }
+    if (failure) {
+        if (descriptor_ >= 0) {
+            ::close(descriptor_);
+        }
+        raiseWriteFailure(failure, path_);
     }
 }
 

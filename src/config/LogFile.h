@@ -10,7 +10,7 @@
 namespace tovik::config {
 
 /// Opened for appending, and made if it is missing; closed with the object. Every operation raises
-/// what fails.
+/// what fails. Only a file is one: a pipe or a device is refused, and opening never waits.
 class LogFile {
 public:
     explicit LogFile(std::string path);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "config/StrictXml.h"
 
+#include "base/Text.h"
+
 #include <expat.h>
 
 #include <memory>
@@ -57,7 +59,9 @@ void XMLCALL declareEntity(void* data, const XML_Char* /*name*/, int /*isParamet
 } // namespace
 
 bool isStrictXml(std::string_view utf8) {
-    if (utf8.size() > kMostXmlBytes) {
+    // The parser would take a byte order mark or zeros for the signs of UTF-16.
+    if (utf8.size() > kMostXmlBytes || !base::isUtf8(utf8) ||
+        utf8.find('\0') != std::string_view::npos) {
         return false;
     }
     const Parser parser(XML_ParserCreate("UTF-8"));

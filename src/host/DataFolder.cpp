@@ -26,8 +26,8 @@ constexpr std::array<std::string_view, 3> kShippedPlaces{"data", "../share/tovik
 /// Stands in the folder while the first fill runs.
 constexpr std::string_view kFillingMark = ".filling";
 
-/// Folders without which the player has no words or no looks. A data folder that an earlier version
-/// filled may lack them.
+/// Folders whose files give the player its words and its looks. A data folder that an earlier
+/// version filled, or somebody tidied, may lack some.
 constexpr std::array<std::string_view, 2> kNeededFolders{"Languages", "skins"};
 
 /// What is shipped is never written to as it is; a copy must be.
@@ -47,26 +47,38 @@ bool wantsFill(const std::string& folder) {
            fs::is_empty(folder, failure);
 }
 
-/// Copies what is missing, so that a second attempt goes on where the first one ended. A file
-/// comes into being whole: it is copied under another name and renamed.
-std::error_code copyMissing(const fs::path& from, const fs::path& to) {
+/// A file comes into being whole: it is copied under another name and renamed.
+std::error_code copyFile(const fs::path& from, const fs::path& to) {
     std::error_code failure;
-    fs::create_directories(to, failure);
+    fs::path part = to;
+    part += ".part";
+    fs::copy_file(from, part, fs::copy_options::overwrite_existing, failure);
+    if (!failure) {
+        fs::permissions(part, kOwnerWrites, fs::perm_options::add, failure);
+    }
+    if (!failure) {
+        fs::rename(part, to, failure);
+    }
+    return failure;
+}
+
+/// Copies what the data folder lacks of a shipped folder ("" for all that is shipped), so that a
+/// second attempt goes on where the first one ended.
+std::error_code copyMissing(const std::string& shipped, std::string_view folder,
+                            const Paths& paths) {
+    const fs::path from = fs::path(shipped) / folder;
+    std::error_code failure;
+    if (!fs::is_directory(from, failure)) {
+        return {};
+    }
+    fs::create_directories(paths.inside(folder), failure);
     for (fs::recursive_directory_iterator entry(from, failure), end; !failure && entry != end;
          entry.increment(failure)) {
-        const fs::path target = to / entry->path().lexically_relative(from);
+        const fs::path target = paths.inside(entry->path().lexically_relative(shipped).native());
         if (entry->is_directory(failure)) {
             fs::create_directory(target, failure);
-        } else if (!fs::exists(target, failure)) {
-            fs::path part = target;
-            part += ".part";
-            fs::copy_file(entry->path(), part, fs::copy_options::overwrite_existing, failure);
-            if (!failure) {
-                fs::permissions(part, kOwnerWrites, fs::perm_options::add, failure);
-            }
-            if (!failure) {
-                fs::rename(part, target, failure);
-            }
+        } else if (!failure && !fs::exists(target, failure)) {
+            failure = copyFile(entry->path(), target);
         }
         if (failure) {
             break;
@@ -80,20 +92,10 @@ bool hasSettings(const Paths& paths) {
     return fs::exists(paths.of(DataItem::Settings), failure);
 }
 
-std::error_code addNeededFolders(const Paths& paths, const std::string& shipped) {
-    for (const std::string_view name : kNeededFolders) {
-        const fs::path from = fs::path(shipped) / name;
-        std::error_code failure;
-        if (fs::is_directory(from, failure) && !fs::exists(paths.inside(name), failure)) {
-            // Under another name until it is whole, so that a copy broken off is begun again.
-            const fs::path part = fs::path(paths.dataFolder()) / (std::string(name) + ".part");
-            failure = copyMissing(from, part);
-            if (!failure) {
-                fs::rename(part, fs::path(paths.dataFolder()) / name, failure);
-            }
-            if (failure) {
-                return failure;
-            }
+std::error_code addNeededFiles(const Paths& paths, const std::string& shipped) {
+    for (const std::string_view folder : kNeededFolders) {
+        if (const std::error_code failure = copyMissing(shipped, folder, paths)) {
+            return failure;
         }
     }
     return {};
@@ -122,6 +124,19 @@ std::string chooseDataFolder(const Environment& environment,
     return base::joinPath(dataHome, kFolderName);
 }
 
+std::optional<std::string> homeProblem(const Environment& environment,
+                                       const std::optional<std::string>& asked) {
+    if (!environment.home.empty() && !environment.home.starts_with('/')) {
+        return "HOME is no absolute path: \"" + environment.home + "\"";
+    }
+    const bool needsHome = !asked && !isPortable(environment.executableFolder) &&
+                           !environment.dataHome.starts_with('/');
+    if (environment.home.empty() && needsHome) {
+        return "no home folder is known: please set HOME";
+    }
+    return std::nullopt;
+}
+
 std::string shippedDataFolder(const Environment& environment) {
     for (const std::string_view place : kShippedPlaces) {
         const fs::path folder = (fs::path(environment.executableFolder) / place).lexically_normal();
@@ -138,7 +153,7 @@ std::error_code fillDataFolder(const std::string& dataFolder, const std::string&
     const Paths paths(dataFolder);
     if (!wantsFill(dataFolder)) {
         return shipped.empty() || !hasSettings(paths) ? std::error_code()
-                                                      : addNeededFolders(paths, shipped);
+                                                      : addNeededFiles(paths, shipped);
     }
     const std::string mark = base::joinPath(dataFolder, kFillingMark);
     std::error_code failure;
@@ -147,7 +162,7 @@ std::error_code fillDataFolder(const std::string& dataFolder, const std::string&
         failure = base::replaceFile(mark, {}, base::Flush::No);
     }
     if (!failure && !shipped.empty()) {
-        failure = copyMissing(shipped, dataFolder);
+        failure = copyMissing(shipped, {}, paths);
     }
     if (!failure) {
         failure = leaveFirstRun(paths, locale);

@@ -17,15 +17,21 @@ namespace tovik::host {
 [[nodiscard]] std::string chooseDataFolder(const Environment& environment,
                                            const std::optional<std::string>& asked);
 
+/// What is wrong with the user's home, in words, if the program cannot do with it: a relative one
+/// would put files wherever the program was started, and without any there may be no place for the
+/// data folder.
+[[nodiscard]] std::optional<std::string> homeProblem(const Environment& environment,
+                                                     const std::optional<std::string>& asked);
+
 /// The data shipped with the executable: beside it, in the share folder of an installation, or in
 /// the source tree it was built in. Empty if there is none.
 [[nodiscard]] std::string shippedDataFolder(const Environment& environment);
 
 /// Fills a data folder that is missing or empty: copies what is shipped and leaves "firstrun.ini"
 /// with the language of the locale. A fill that was broken off is taken up again. A data folder
-/// with settings gets the folders "Languages" and "skins" where it has none; a folder with anything
-/// else in it is left alone. `shipped` may be empty: then only the folder for settings is made.
-/// Answers with the first failure.
+/// with settings gets every shipped file of "Languages" and "skins" that it lacks; a folder with
+/// anything else in it is left alone. One process at a time may do it (`FolderLock`). `shipped` may
+/// be empty: then only the folder for settings is made. Answers with the first failure.
 [[nodiscard]] std::error_code fillDataFolder(const std::string& dataFolder,
                                              const std::string& shipped, const std::string& locale);
 

@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/Environment.h"
 
-#include <array>
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
+#include <initializer_list>
 #include <system_error>
+#include <utility>
+
+#include <pwd.h>
+#include <unistd.h>
 
 namespace tovik::host {
 
@@ -13,6 +18,19 @@ namespace {
 std::string variable(const char* name) {
     const char* const value = std::getenv(name);
     return value == nullptr ? std::string() : std::string(value);
+}
+
+/// The home of the user who runs the process; empty where the database does not know the user.
+std::string homeInDatabase() {
+    constexpr std::size_t kMostBytes = std::size_t{1} << 20;
+    passwd entry{};
+    passwd* found = nullptr;
+    std::string room(1024, '\0');
+    while (::getpwuid_r(::getuid(), &entry, room.data(), room.size(), &found) == ERANGE &&
+           room.size() < kMostBytes) {
+        room.resize(room.size() * 2);
+    }
+    return found == nullptr || found->pw_dir == nullptr ? std::string() : found->pw_dir;
 }
 
 std::string firstSet(std::initializer_list<const char*> names) {
@@ -28,7 +46,8 @@ std::string firstSet(std::initializer_list<const char*> names) {
 
 Environment Environment::current() {
     std::error_code failure; // a folder that cannot be told stays empty
-    return {.home = variable("HOME"),
+    std::string home = variable("HOME");
+    return {.home = home.empty() ? homeInDatabase() : std::move(home),
             .dataHome = variable("XDG_DATA_HOME"),
             .configHome = variable("XDG_CONFIG_HOME"),
             .locale = firstSet({"LC_ALL", "LC_MESSAGES", "LANG"}),

@@ -7,7 +7,7 @@
 namespace tovik::host {
 
 struct Environment {
-    std::string home;             ///< HOME
+    std::string home;             ///< HOME, else what the password database tells
     std::string dataHome;         ///< XDG_DATA_HOME
     std::string configHome{};     ///< XDG_CONFIG_HOME
     std::string locale;           ///< the first set of LC_ALL, LC_MESSAGES, LANG

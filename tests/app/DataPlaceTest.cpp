@@ -9,6 +9,11 @@
 #include <filesystem>
 #include <fstream>
 #include <optional>
+#include <vector>
+
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace tovik::test {
 namespace {
@@ -59,6 +64,15 @@ TEST(PrivateCopy, holdsTheFolderAndGoesWithTheObject) {
     EXPECT_EQ(data.read("db/settings.xml"), "<Settings/>");
 }
 
+TEST(PrivateCopy, leavesOutWhatIsNoFile) {
+    const TemporaryFolder data;
+    data.write("db/settings.xml", "<Settings/>");
+    ASSERT_EQ(::mkfifo((data / "db/err.log").c_str(), 0600), 0);
+    const app::PrivateCopy copy(data.path());
+    EXPECT_TRUE(copy.complete());
+    EXPECT_FALSE(fs::exists(copy.folder() + "/db/err.log"));
+}
+
 TEST(PrivateCopy, ofAFolderThatIsNotThereIsEmpty) {
     const TemporaryFolder data;
     const app::PrivateCopy copy(data / "none");
@@ -103,7 +117,44 @@ TEST_F(DataPlace, aFolderInUseStaysAsItIs) {
     home_.write("user/db/settings.xml", "<Settings/>");
     EXPECT_EQ(app::prepareDataFolder(line_, environment_), home_ / "user");
     EXPECT_EQ(home_.read("user/db/settings.xml"), "<Settings/>");
-    EXPECT_FALSE(fs::exists(home_ / "user/db/autosave.m3u"));
+    EXPECT_FALSE(fs::exists(home_ / "user/firstrun.ini"));
+}
+
+TEST_F(DataPlace, whatAFolderInUseLacksIsLaidAnew) {
+    home_.write("bin/data/Languages/English.lng", "[x]");
+    home_.write("bin/data/music/welcome.ogg", "tune");
+    home_.write("user/db/settings.xml", "<Settings/>");
+    EXPECT_EQ(app::prepareDataFolder(line_, environment_), home_ / "user");
+    EXPECT_EQ(home_.read("user/db/autosave.m3u"), "#EXTM3U\r\n");
+    EXPECT_EQ(home_.read("user/Languages/English.lng"), "[x]");
+    EXPECT_FALSE(fs::exists(home_ / "user/music"));
+    home_.write("user/db/autosave.m3u", "mine");
+    EXPECT_EQ(app::prepareDataFolder(line_, environment_), home_ / "user");
+    EXPECT_EQ(home_.read("user/db/autosave.m3u"), "mine");
+}
+
+TEST_F(DataPlace, manyFirstStartsAtOnceAreOne) {
+    home_.write("bin/data/skins/base.tsf", std::string(1 << 20, 's'));
+    home_.write("bin/data/Languages/English.lng", "[x]");
+    testing::internal::CaptureStderr();
+    std::vector<pid_t> starts;
+    for (int n = 0; n < 8; ++n) {
+        starts.push_back(::fork());
+        if (starts.back() == 0) {
+            bool whole = false;
+            {
+                const app::PrivateCopy copy(app::prepareDataFolder(line_, environment_));
+                whole = copy.complete() && fs::exists(copy.folder() + "/db/autosave.m3u");
+            }
+            ::_exit(whole ? 0 : 1);
+        }
+    }
+    for (const pid_t start : starts) {
+        int status = -1;
+        ASSERT_EQ(::waitpid(start, &status, 0), start);
+        EXPECT_EQ(status, 0);
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
 } // namespace

@@ -8,6 +8,10 @@
 
 #include <filesystem>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace tovik::config {
 namespace {
 
@@ -93,6 +97,17 @@ TEST_F(ErrHandlerTest, aLogThatCannotBeOpenedIsANewError) {
     EXPECT_EQ(raisedText([&] { handler_.SaveLog("e", 1, "M", "p"); }),
               "Path not found: " + (host_.folder / "db/err.log"));
     EXPECT_FALSE(fs::exists(host_.folder / "db"));
+}
+
+TEST_F(ErrHandlerTest, aLogThatIsNoFileIsANewErrorAndNeverWaitedFor) {
+    const std::string log = host_.folder / "db/err.log";
+    ASSERT_EQ(::mkfifo(log.c_str(), 0600), 0);
+    EXPECT_EQ(raisedNumber([&] { handler_.SaveLog("x", 1, "Player", "y"); }), 75);
+    const int reader = ::open(log.c_str(), O_RDONLY | O_NONBLOCK); // now it could be written to
+    EXPECT_EQ(raisedNumber([&] { handler_.SaveLog("x", 1, "Player", "y"); }), 75);
+    EXPECT_EQ(raisedText([&] { handler_.SaveLog("x", 1, "Player", "y"); }),
+              "Path/File access error: " + log);
+    ::close(reader);
 }
 
 TEST_F(ErrHandlerTest, aReadOnlyFolderIsANewError) {

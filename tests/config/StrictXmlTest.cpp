@@ -106,6 +106,14 @@ TEST_F(StrictXml, theEncodingOfAFileIsHonoured) {
     }
 }
 
+TEST_F(StrictXml, textIsUtf8WhateverItLooksLike) {
+    EXPECT_FALSE(xml_.OpenXML("\xFF\xFE<\0a\0/\0>\0"s, XmlSource::Text));
+    EXPECT_FALSE(xml_.OpenXML("<\0a\0/\0>\0"s, XmlSource::Text));
+    ASSERT_TRUE(
+        xml_.OpenXML("<?xml version=\"1.0\" encoding=\"UTF-16\"?><a>č</a>", XmlSource::Text));
+    EXPECT_EQ(xml_.XML(), "<?xml version=\"1.0\" encoding=\"UTF-8\"?><a>č</a>");
+}
+
 TEST_F(StrictXml, entitiesOfADocumentAreRefused) {
     // They would come back as plain text: "&x;" as "&amp;x;".
     for (const char* const text :

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Options that end the program at once."""
+import os
 import unittest
 
 from program import ProgramTest
@@ -31,6 +32,14 @@ class CommandLine(ProgramTest):
                 result = self.run_program(*words)
                 self.assertEqual(result.returncode, 2)
                 self.assertNotEqual(result.stderr, b"")
+
+    def test_a_relative_home_is_refused(self):
+        self.environment["HOME"] = "nowhere"
+        result = self.run_program("--render", self.path("out.wav"), "--seconds", "0.1")
+        self.assertEqual(result.returncode, 1)
+        self.assertEqual(result.stderr, b'tovik: HOME is no absolute path: "nowhere"\n')
+        self.assertEqual(os.listdir(self.folder), [])
+        self.assertEqual(self.run_program("--version").returncode, 0)
 
     def test_no_devices_without_a_server(self):
         self.environment["PULSE_SERVER"] = "unix:" + self.path("nobody")

@@ -55,6 +55,19 @@ TEST_F(DataFolderTest, thenTheUsersDataHome) {
     EXPECT_EQ(chooseDataFolder(environment_, std::nullopt), folder_ / "home/.local/share/tovik");
 }
 
+TEST_F(DataFolderTest, withoutAHomeThereMustBeAnotherPlace) {
+    EXPECT_EQ(homeProblem(environment_, std::nullopt), std::nullopt);
+    environment_.home = "relative/home";
+    EXPECT_EQ(homeProblem(environment_, std::nullopt),
+              "HOME is no absolute path: \"relative/home\"");
+    EXPECT_EQ(homeProblem(environment_, "/x"), "HOME is no absolute path: \"relative/home\"");
+    environment_.home = "";
+    EXPECT_EQ(homeProblem(environment_, std::nullopt), "no home folder is known: please set HOME");
+    EXPECT_EQ(homeProblem(environment_, "/x"), std::nullopt);
+    environment_.dataHome = "/data";
+    EXPECT_EQ(homeProblem(environment_, std::nullopt), std::nullopt);
+}
+
 TEST_F(DataFolderTest, shippedDataBesideTheProgramOrInstalledOrInTheSourceTree) {
     EXPECT_EQ(shippedDataFolder(environment_), "");
     for (const char* place : {"../data", "share/tovik", "bin/data"}) {
@@ -113,12 +126,11 @@ TEST_F(DataFolderTest, aDataFolderOfAnEarlierVersionGetsTheLanguages) {
     folder_.write("shipped/skins/base.tsf", "skin");
     folder_.write("shipped/music/x.ogg", "tune");
     folder_.write("data/db/settings.xml", "<Settings>mine</Settings>");
-    folder_.write("data/Languages.part/English.lng", "");
     EXPECT_FALSE(fill("data"));
     EXPECT_EQ(folder_.read("data/Languages/Slovenian.lng"), "[x]");
     EXPECT_EQ(folder_.read("data/skins/base.tsf"), "skin");
     EXPECT_EQ(folder_.read("data/db/settings.xml"), "<Settings>mine</Settings>");
-    for (const char* name : {"data/music", "data/firstrun.ini", "data/Languages.part"}) {
+    for (const char* name : {"data/music", "data/firstrun.ini"}) {
         EXPECT_FALSE(fs::exists(folder_ / name)) << name;
     }
 }
@@ -128,7 +140,7 @@ TEST_F(DataFolderTest, languagesThatAreThereStayAsTheUserHasThem) {
     folder_.write("data/languages/English.lng", "mine");
     EXPECT_FALSE(fill("data"));
     EXPECT_EQ(folder_.read("data/languages/English.lng"), "mine");
-    EXPECT_FALSE(fs::exists(folder_ / "data/languages/Slovenian.lng"));
+    EXPECT_EQ(folder_.read("data/languages/Slovenian.lng"), "[x]"); // this one was missing
     EXPECT_FALSE(fs::exists(folder_ / "data/Languages"));
 }
 

@@ -6,6 +6,9 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include <pwd.h>
+#include <unistd.h>
+
 namespace tovik::host {
 namespace {
 
@@ -20,7 +23,9 @@ TEST(Environment, isThatOfThisProcess) {
     EXPECT_EQ(environment.dataHome, "/data home");
     EXPECT_EQ(environment.configHome, "/config home");
     EXPECT_EQ(environment.locale, "de_DE");
-    EXPECT_EQ(environment.home, "");
+    EXPECT_EQ(environment.home, ::getpwuid(::getuid())->pw_dir);
+    ::setenv("HOME", "/my home", 1);
+    EXPECT_EQ(Environment::current().home, "/my home");
     EXPECT_EQ(environment.workingFolder, std::filesystem::current_path().native());
     EXPECT_TRUE(std::filesystem::exists(environment.executableFolder + "/tovik_host_tests"));
 }
