@@ -46,16 +46,17 @@ install_packages() {
         apt-get install -y -qq --no-install-recommends $missing >&2 || die "apt-get install failed"
 }
 
-# build PRESET [TARGET]: configures when it must, then builds.
+# build PRESET [TARGET...]: configures when it must, then builds.
 build() {
-    local folder=$root/build/$1
+    local folder=$root/build/$1 targets=()
+    [ $# -eq 1 ] || targets=(--target "${@:2}")
     (
         cd "$root" || exit 1
         if [ ! -e "$folder/build.ninja" ] || [ CMakePresets.json -nt "$folder/build.ninja" ]; then
             cmake --preset "$1" >/dev/null || exit 1
             touch "$folder/build.ninja"
         fi
-        cmake --build "$folder" -j "$(nproc)" ${2:+--target "$2"}
+        cmake --build "$folder" -j "$(nproc)" "${targets[@]}"
     ) >&2 || die "the build of $1 failed"
 }
 

@@ -75,7 +75,11 @@ std::string windowPicture(std::string_view name) {
 
 int play(const host::CommandLine& line, const host::Environment& environment) {
     DeviceNews news;
-    sound::Engine engine(makeOutput(line.device), {.observer = &news});
+    // A picture needs no sound, so it needs no device, either.
+    const bool needsDevice = !line.screenshotFile || line.device;
+    const std::optional<std::string> device =
+        needsDevice ? line.device : std::string(host::kSilentDevice);
+    sound::Engine engine(makeOutput(device), {.observer = &news});
     // Opening the device and building the window take about as long: do both at once.
     engine.warmUp();
 
@@ -104,7 +108,9 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
     player::TrackEvents events;
     MainWindow window(host);
     frmPlayer player(host, engine, window, events,
-                     {.commandLine = line.player.text, .checkInstance = !line.screenshotFile});
+                     {.commandLine = line.player.text,
+                      .checkInstance = !line.screenshotFile,
+                      .keepsList = !line.screenshotFile});
     skin::giveWindowPictures(player.elements(), player.pictures(), windowPicture);
     window.attach(player);
     host.dispatcher.reportTo(

@@ -130,6 +130,13 @@ class Window(ProgramTest):
         self.tool("xdotool", "key", "--window", box, "Return")
         self.assertEqual(player.wait(LIMIT), 1)
 
+    def test_a_screenshot_needs_no_device(self):
+        self.environment["PULSE_SERVER"] = "unix:" + self.path("nobody")
+        self.environment["SDL_AUDIODRIVER"] = "pulseaudio"
+        player = self.start_program("--screenshot", self.path("shot.png"))
+        self.assertEqual(player.wait(LIMIT), 0, player.stderr.read())
+        self.assertTrue(os.path.exists(self.path("shot.png")))
+
     def test_screenshot_changes_nothing(self):
         self.end(self.silent(media("wav_s16_44100_stereo.wav")))
         before = self.read("db/settings.xml"), self.read("db/autosave.m3u")
