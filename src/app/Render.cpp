@@ -69,7 +69,7 @@ int render(const host::CommandLine& line, const host::Environment& environment) 
     player::PlayerWindow noWindow;
     player::TrackEvents events;
     frmPlayer player(host, engine, noWindow, events,
-                     {.commandLine = line.player.text, .checkInstance = false});
+                     {.commandLine = line.player.text, .checkInstance = false, .keepsList = false});
     host.dispatcher.reportTo(
         [&](const base::RuntimeError& error) { player.errors().reportUnguarded(error); });
     host.dispatcher.run([&] { player.Form_Initialize(); });

@@ -18,6 +18,8 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
       settings_(host.paths, settingsXml_), version_(settings_), language_(host.paths),
       errHandler_(host.paths, host.clock, host.operatingSystem), errors_(errHandler_, host.dialogs),
       tagWarning_(host.dialogs), tag_(tagWarning_), files_(stdSS_, host.pump, host.paths),
+      listKeeper_(stdSS_, host.clock, host.timers, host.paths,
+                  [this] { return options_.keepsList && files_.savesAtExit(state_.DirAddIdle); }),
       scroller_(host.timers, [this](std::u32string_view characters) { drawTitle(characters); }),
       display_(elements_, fields_, scroller_,
                [this](const std::string& caption) { window_.setCaption(caption); }),
@@ -140,7 +142,10 @@ void frmPlayer::Timer4() {
 
 void frmPlayer::autoload_playlist() {
     config::guard(errors_, config::player("Autoload_Playlist"), [this] {
-        files_.autoload_playlist();
+        {
+            const playlist::ListKeeper::Loading loading(listKeeper_);
+            files_.autoload_playlist();
+        }
         if (state_.FirstRun) {
             // The very first start plays the piece that came with the program.
             playItem(0);

@@ -30,6 +30,7 @@
 #include "player/RotatingCaption.h"
 #include "player/TimeDisplay.h"
 #include "player/TrackEvents.h"
+#include "playlist/ListKeeper.h"
 #include "playlist/ListMirror.h"
 #include "playlist/PlaylistFiles.h"
 #include "playlist/stdSS.h"
@@ -54,6 +55,7 @@ namespace tovik::app {
 struct StartOptions {
     std::string commandLine;   ///< the player's part of it, as text
     bool checkInstance = true; ///< false: no other instance is looked for or made known
+    bool keepsList = true;     ///< false: the list is not saved while the program runs
 };
 
 class frmPlayer final : private playlist::ListEvents {
@@ -254,6 +256,7 @@ private:
     tags::TagWarning tagWarning_;
     tags::cMP3ID3v1 tag_;
     playlist::PlaylistFiles files_;
+    playlist::ListKeeper listKeeper_;
 
     ui::TextFields fields_{elements_, pictures_};
     ui::ImgScroller scroller_;

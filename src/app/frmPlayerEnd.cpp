@@ -33,9 +33,12 @@ void frmPlayer::tellNothingPlays() {
 }
 
 void frmPlayer::saveList() {
-    if (files_.savesAtExit(state_.DirAddIdle)) {
+    listKeeper_.end();
+    const bool saves = files_.savesAtExit(state_.DirAddIdle);
+    if (saves) {
         files_.autosave_playlist();
     }
+    listKeeper_.remove(saves);
 }
 
 void frmPlayer::hideWindow() {

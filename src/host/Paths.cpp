@@ -23,6 +23,7 @@ struct Row {
 constexpr std::array kNames{
     Row{DataItem::Settings, "db/settings.xml"},
     Row{DataItem::AutosaveList, "db/autosave.m3u"},
+    Row{DataItem::UnsavedList, "db/autosave.new.m3u"},
     Row{DataItem::ErrorLog, "db/err.log"},
     Row{DataItem::Stations, "db/stations.dat"},
     Row{DataItem::Languages, "Languages"},

@@ -11,6 +11,7 @@ namespace tovik::host {
 enum class DataItem {
     Settings,
     AutosaveList,
+    UnsavedList,
     ErrorLog,
     Stations,
     Languages,

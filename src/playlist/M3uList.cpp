@@ -67,12 +67,12 @@ ReadEnd appendM3u(std::string_view text, stdSS& list, host::MessagePump& pump, c
     return ReadEnd::Complete;
 }
 
-std::string m3uText(stdSS& list) {
+std::string m3uText(const stdSS& list) {
     std::string text;
     appendM3uHead(text);
     for (Row row = 1; row <= list.ListCount(); ++row) {
-        list.GetData(row);
-        appendM3uEntry(text, list.OutSeconds, list.OutTitle, list.OutFileName);
+        appendM3uEntry(text, list.seconds(row), list.text(row, RowText::Title),
+                       list.text(row, RowText::FileName));
     }
     return text;
 }

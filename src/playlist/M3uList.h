@@ -25,7 +25,7 @@ enum class ReadEnd {
 [[nodiscard]] ReadEnd appendM3u(std::string_view text, stdSS& list, host::MessagePump& pump,
                                 const bool& stop);
 
-/// The list as M3U text. Fetches every row with `GetData`.
-[[nodiscard]] std::string m3uText(stdSS& list);
+/// The list as M3U text.
+[[nodiscard]] std::string m3uText(const stdSS& list);
 
 } // namespace tovik::playlist

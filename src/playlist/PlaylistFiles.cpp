@@ -7,6 +7,8 @@
 #include "base/Unicode.h"
 #include "playlist/M3uList.h"
 
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace tovik::playlist {
@@ -26,7 +28,10 @@ int PlaylistFiles::open_m3u(const std::string& Path) {
 }
 
 void PlaylistFiles::autoload_playlist() {
-    AutosaveOnExit = open_m3u(paths_.of(host::DataItem::AutosaveList));
+    const std::string unsaved = paths_.of(host::DataItem::UnsavedList);
+    std::error_code failure; // what cannot be looked at is told by the read
+    const bool brokenOff = std::filesystem::exists(unsaved, failure);
+    AutosaveOnExit = open_m3u(brokenOff ? unsaved : paths_.of(host::DataItem::AutosaveList));
 }
 
 void PlaylistFiles::autosave_playlist() const {

@@ -36,7 +36,8 @@ public:
     /// so far stay.
     int open_m3u(const std::string& Path);
 
-    /// Reads the list of the last session and keeps the result in `AutosaveOnExit`. Raises as
+    /// Reads the list of the last session and keeps the result in `AutosaveOnExit`: what a session
+    /// that was broken off has left (`ListKeeper`), else what the last one saved. Raises as
     /// `open_m3u`.
     void autoload_playlist();
 

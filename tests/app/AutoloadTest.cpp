@@ -2,6 +2,11 @@
 // The list of the last session, read shortly after the start, and the timers of a playing track.
 #include "app/AppRig.h"
 
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
 namespace tovik::test {
 namespace {
 
@@ -10,6 +15,8 @@ using testing::ElementsAre;
 
 class Autoload : public AppRig {
 protected:
+    static constexpr const char* kUnsaved = "db/autosave.new.m3u";
+
     Autoload() {
         host_.folder.write(kList, "#EXTM3U\r\n#EXTINF:65,One\r\n" + track("one.mp3") +
                                       "\r\n#EXTINF:70,Two\r\n" + track("two.mp3") + "\r\n");
@@ -75,6 +82,69 @@ TEST_F(Autoload, aListThatIsMissingIsToldOnceAndNotReplacedAtTheEnd) {
     player().kill_me();
     EXPECT_FALSE(std::filesystem::exists(host_.folder / kList));
     EXPECT_EQ(host_.endStatus, 0);
+}
+
+/// What stands in the list of a session that did not come to its end. It is written on a thread
+/// of its own, so the test gives it time on the real clock.
+std::string unsaved(const std::string& path) {
+    for (int tries = 0; tries < 1000 && !std::filesystem::exists(path); ++tries) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+TEST_F(Autoload, aChangedListIsSavedWhileTheProgramRuns) {
+    start();
+    advance(100);
+    player().stdSS().AddItem("", "/three.mp3", "Three", "00:03", 3);
+    advance(5000);
+    EXPECT_THAT(unsaved(host_.folder / kUnsaved),
+                testing::EndsWith("Two\r\n" + (host_.folder / "two.mp3") +
+                                  "\r\n#EXTINF:3,Three\r\n/three.mp3\r\n"));
+    player().kill_me();
+    EXPECT_FALSE(std::filesystem::exists(host_.folder / kUnsaved));
+    EXPECT_THAT(host_.folder.read(kList), testing::EndsWith("/three.mp3\r\n"));
+}
+
+TEST_F(Autoload, whatACrashLeftIsTakenUpAndSavedAtTheEnd) {
+    host_.folder.write(kUnsaved, "#EXTM3U\r\n#EXTINF:9,Left\r\n/left.mp3\r\n");
+    start();
+    advance(100);
+    ASSERT_EQ(player().stdSS().ListCount(), 1);
+    EXPECT_EQ(player().stdSS().text(1, RowText::Title), "Left");
+    advance(10000);
+    EXPECT_TRUE(std::filesystem::exists(host_.folder / kUnsaved)); // for another crash
+    player().kill_me();
+    EXPECT_FALSE(std::filesystem::exists(host_.folder / kUnsaved));
+    EXPECT_EQ(host_.folder.read(kList), "#EXTM3U\r\n#EXTINF:9,Left\r\n/left.mp3\r\n");
+}
+
+TEST_F(Autoload, aSessionThatBeganWithAFileLeavesBothAlone) {
+    host_.folder.write(kUnsaved, "#EXTM3U\r\n/left.mp3\r\n");
+    const std::string saved = host_.folder.read(kList);
+    options_.commandLine = "\"" + track("song.mp3") + "\"";
+    start();
+    advance(10000);
+    player().stdSS().AddItem("", "/three.mp3", "Three", "00:03", 3);
+    advance(10000);
+    player().kill_me();
+    EXPECT_EQ(host_.folder.read(kUnsaved), "#EXTM3U\r\n/left.mp3\r\n");
+    EXPECT_EQ(host_.folder.read(kList), saved);
+}
+
+TEST_F(Autoload, aSessionThatKeepsNoListWritesNone) {
+    const auto threads = [] {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
+    };
+    options_.keepsList = false;
+    start();
+    advance(100);
+    const auto before = threads();
+    player().stdSS().AddItem("", "/three.mp3", "Three", "00:03", 3);
+    advance(10000);
+    EXPECT_EQ(threads(), before); // what writes it would be a thread of its own
+    EXPECT_FALSE(std::filesystem::exists(host_.folder / kUnsaved));
 }
 
 TEST_F(Autoload, theDigitsFollowThePlayingTrack) {

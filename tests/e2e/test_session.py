@@ -51,6 +51,58 @@ class Session(ProgramTest):
         self.assertEqual(self.read("db/autosave.m3u"), before)
         self.assertNotEqual(os.stat(self.data("db/autosave.m3u")).st_ino, number)
 
+    def test_a_killed_session_loses_no_row(self):
+        self.installed()
+        self.write_list("mp3_vbr.mp3", "flac_16_44100.flac")
+        self.start_window_manager()
+        player = self.silent()
+        time.sleep(1)  # the list is read 100 ms after the start
+        saved = self.read("db/autosave.m3u")
+        # The second track that is played gets its real length into its row: the list has changed.
+        window = self.window()
+        self.tool("xdotool", "windowactivate", "--sync", window)
+        self.tool("xdotool", "mousemove", "--window", window, "350", "200", "click", "1")
+        self.tool("xdotool", "key", "--clearmodifiers", "Home", "Return")
+        self.tool("xdotool", "key", "--clearmodifiers", "b")
+        self.wait_until(lambda: os.path.exists(self.data("db/autosave.new.m3u")), "the spare list")
+        changed = self.read("db/autosave.new.m3u")
+        self.assertNotEqual(changed, saved)
+        player.kill()
+        player.wait(LIMIT)
+        self.assertEqual(self.read("db/autosave.m3u"), saved)
+        player = self.silent()
+        time.sleep(1)
+        self.end(player)
+        self.assertEqual(self.read("db/autosave.m3u"), changed)
+        self.assertFalse(os.path.exists(self.data("db/autosave.new.m3u")))
+
+    def test_what_is_missing_is_laid_anew(self):
+        self.installed()
+        os.remove(self.data("db/autosave.m3u"))
+        os.remove(self.data("Languages/English.lng"))
+        player = self.silent()
+        self.wait_until(lambda: os.path.exists(self.data("Languages/English.lng")), "the words")
+        time.sleep(1)  # the list is read 100 ms after the start
+        self.assertEqual(self.boxes(" in "), [])
+        self.end(player)
+        self.assertEqual(self.read("db/autosave.m3u"), b"#EXTM3U\r\n")
+        self.assertFalse(os.path.exists(self.data("db/err.log")))
+
+    def test_eight_first_starts_at_once_say_nothing(self):
+        outputs = [self.path(f"out{number}.wav") for number in range(8)]
+        starts = [self.start_program("--render", output, "--seconds", "0.5") for output in outputs]
+        for start in starts:
+            self.assertEqual(start.wait(3 * LIMIT), 0)
+            self.assertEqual(start.stderr.read(), b"")
+
+    def test_a_log_that_is_a_pipe_stops_nothing(self):
+        self.installed()
+        os.mkfifo(self.data("db/err.log"))
+        self.setting(b"TMD", b"oops")  # the start has something to log
+        player = self.start_program("--device", "silent")
+        self.wait_until(lambda: self.shown("--class", "tovik"), "the window or a box before it")
+        self.end(player)
+
     def test_only_the_first_name_is_opened(self):
         self.installed()
         names = [media("wav_s16_44100_stereo.wav"), media("mp3_vbr.mp3")]

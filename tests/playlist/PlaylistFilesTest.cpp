@@ -210,6 +210,14 @@ TEST_F(PlaylistFilesTest, theListComesBackInTheNextSession) {
     EXPECT_EQ(playedRow(list), 0);
 }
 
+TEST_F(PlaylistFilesTest, whatABrokenOffSessionLeftComesBeforeTheSavedList) {
+    folder.write("db/autosave.m3u", "#EXTM3U\r\n/saved\r\n");
+    folder.write("db/autosave.new.m3u", "#EXTM3U\r\n/left\r\n");
+    files.autoload_playlist();
+    EXPECT_THAT(rows(), ElementsAre("/left||00:00|0"));
+    EXPECT_EQ(files.AutosaveOnExit, 1);
+}
+
 TEST_F(PlaylistFilesTest, anEmptyListIsSavedToo) {
     folder.write("db/autosave.m3u", "#EXTM3U\r\n/old\r\n");
     files.autosave_playlist();

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Writes a file over and over on a thread of its own. Used from one thread.
+#pragma once
+
+#include <condition_variable>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <thread>
+
+namespace tovik::playlist {
+
+/// Replaces one file whole each time. Of texts that come faster than they are written only the
+/// newest counts. The thread begins with the first text. A write that fails is not told: what is
+/// written here is a spare copy, and who saves the list itself tells.
+class ListWriter {
+public:
+    ListWriter() = default;
+    /// Waits for what is being written; what waits behind it is dropped.
+    ~ListWriter();
+    ListWriter(const ListWriter&) = delete;
+    ListWriter& operator=(const ListWriter&) = delete;
+
+    /// Returns at once.
+    void write(std::string path, std::string text);
+
+    /// Waits until everything that was given is written or has failed.
+    void wait();
+
+private:
+    struct Job {
+        std::string path;
+        std::string text;
+    };
+
+    void run();
+
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::optional<Job> next_; ///< guarded, like the two below
+    bool writing_ = false;
+    bool ending_ = false;
+    std::thread thread_;
+};
+
+} // namespace tovik::playlist
