@@ -10,27 +10,6 @@
 
 namespace tovik::sound {
 
-class Mixer::Turn {
-public:
-    explicit Turn(std::atomic<bool>& taken) noexcept
-        : taken_(taken), mine_(!taken.exchange(true, std::memory_order_acquire)) {}
-
-    ~Turn() {
-        if (mine_) {
-            taken_.store(false, std::memory_order_release);
-        }
-    }
-
-    Turn(const Turn&) = delete;
-    Turn& operator=(const Turn&) = delete;
-
-    [[nodiscard]] bool mine() const noexcept { return mine_; }
-
-private:
-    std::atomic<bool>& taken_;
-    bool mine_;
-};
-
 void Mixer::drain() noexcept {
     const Turn turn(taken_);
     if (turn.mine()) {
@@ -71,12 +50,15 @@ void Mixer::endFades() noexcept {
 
 void Mixer::mix(std::span<float> interleaved) noexcept {
     const Turn turn(taken_);
+    const DenormalGuard denormals;
     if (!turn.mine()) {
-        std::ranges::fill(interleaved, 0.0F);
+        missedTurn_.bridge(interleaved);
+        clock_.fetch_add(static_cast<std::int64_t>(interleaved.size() / 2),
+                         std::memory_order_release);
         return;
     }
-    const DenormalGuard denormals;
     carryOutCommands(true);
+    const std::span<float> whole = interleaved;
     while (!interleaved.empty()) {
         std::size_t frames = std::min(interleaved.size() / 2, kMaxBlockFrames);
         if (!output_.settled()) {
@@ -87,6 +69,7 @@ void Mixer::mix(std::span<float> interleaved) noexcept {
         mixBlock(interleaved.first(frames * 2));
         interleaved = interleaved.subspan(frames * 2);
     }
+    missedTurn_.pass(whole, sounding());
 }
 
 void Mixer::mixBlock(std::span<float> block) noexcept {
@@ -198,7 +181,8 @@ void Mixer::carryOut(const command::SetBand& order, bool) noexcept {
 }
 
 void Mixer::carryOut(const command::SetMaster& order, bool audible) noexcept {
-    master_.rampTo(order.volume, audible ? kRampFrames : 0);
+    // What begins now begins at this volume.
+    master_.rampTo(order.volume, audible && sounding() ? kRampFrames : 0);
 }
 
 void Mixer::carryOut(const command::PauseOutput&, bool audible) noexcept {

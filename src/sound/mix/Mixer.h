@@ -8,6 +8,7 @@
 #include "sound/mix/ClipGuard.h"
 #include "sound/mix/Command.h"
 #include "sound/mix/LinearRamp.h"
+#include "sound/mix/MissedTurn.h"
 #include "sound/mix/SpscQueue.h"
 #include "sound/mix/Voice.h"
 
@@ -23,6 +24,13 @@ namespace tovik::sound {
 class Mixer {
 public:
     static constexpr std::size_t kMaxVoices = 64;
+
+    /// One thread at a time is the mixer, for as long as it holds a turn that is its own. The other
+    /// one goes without, it never waits.
+    class Turn;
+
+    /// Asks for the turn; see whether it is `mine`. Any thread.
+    [[nodiscard]] Turn takeTurn() noexcept;
 
     // Interface thread ----------------------------------------------------------------------
 
@@ -52,13 +60,11 @@ public:
 
     // Device thread -------------------------------------------------------------------------
 
-    /// Fills `interleaved` with the next frames of the mix.
+    /// Fills `interleaved` with the next frames of the mix. While another thread has the turn, what
+    /// sounded last fades away instead, and what comes after fades in.
     void mix(std::span<float> interleaved) noexcept;
 
 private:
-    /// One thread at a time is the mixer; the other one goes without, it never waits.
-    class Turn;
-
     void carryOutCommands(bool sounding) noexcept;
 
     /// Like std::visit, which could throw for a variant without a value: a command always has one.
@@ -112,7 +118,33 @@ private:
     bool pausing_ = false;
     FrameRing* capture_ = nullptr;
     ClipGuard clipGuard_;
+    MissedTurn missedTurn_; ///< of the device's thread, whoever has the turn
     std::array<float, kMaxBlockFrames * 2> scratch_{};
 };
+
+class Mixer::Turn {
+public:
+    explicit Turn(std::atomic<bool>& taken) noexcept
+        : taken_(taken), mine_(!taken.exchange(true, std::memory_order_acquire)) {}
+
+    ~Turn() {
+        if (mine_) {
+            taken_.store(false, std::memory_order_release);
+        }
+    }
+
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+
+    [[nodiscard]] bool mine() const noexcept { return mine_; }
+
+private:
+    std::atomic<bool>& taken_;
+    bool mine_;
+};
+
+inline Mixer::Turn Mixer::takeTurn() noexcept {
+    return Turn(taken_);
+}
 
 } // namespace tovik::sound

@@ -55,7 +55,7 @@ void Voice::switchFeed(Feed& feed, bool audible) noexcept {
     if (audible && state_ == State::stopping) {
         return;
     }
-    const bool silent = line_.untouched() || (line_.drained() && tailFrames_ == 0);
+    const bool silent = line_.untouched() || ended();
     if (audible && state_ == State::playing && !silent) {
         line_.crossfade();
         return;

@@ -56,7 +56,7 @@ public:
 
     /// Something of it was heard, and goes on.
     [[nodiscard]] bool sounding() const noexcept {
-        return state_ != State::idle && state_ != State::left && !line_.untouched();
+        return state_ != State::idle && state_ != State::left && !line_.untouched() && !ended();
     }
 
     void setVolume(float volume, std::int32_t frames) noexcept;
@@ -79,6 +79,9 @@ private:
     void readFeed(std::span<float> block, std::int64_t clock) noexcept;
     void bridgeGap(std::span<float> block, std::size_t frames) noexcept;
     [[nodiscard]] bool renderTail(std::span<float> block) noexcept;
+
+    [[nodiscard]] bool ended() const noexcept { return line_.drained() && tailFrames_ == 0; }
+
     void fadeIn() noexcept;
     void finishFade() noexcept;
 

@@ -168,4 +168,47 @@ TEST_F(Attribute, OfADecodingChannelAreFixed) {
     EXPECT_EQ(attributes(rig_, channel), (Attributes{44100, 100, 0}));
 }
 
+TEST_F(Attribute, AMasterVolumeSetBeforeAnythingSoundsHoldsFromTheFirstFrame) {
+    const Handle channel = rig_.openStream(path_);
+    ASSERT_TRUE(engine_.BASS_SetVolume(20));
+    ASSERT_TRUE(rig_.start(channel));
+    test::expectSame(rig_.render(1000), Stereo(2000, 0.5F * 0.2F));
+}
+
+TEST_F(Attribute, AMasterVolumeOfNothingLetsNothingThrough) {
+    const Handle channel = rig_.openStream(path_);
+    rig_.render(100); // the device takes silence meanwhile
+    ASSERT_TRUE(engine_.BASS_SetVolume(0));
+    ASSERT_TRUE(rig_.start(channel));
+    EXPECT_TRUE(test::silent(rig_.render(1000)));
+}
+
+TEST_F(Attribute, AMasterVolumeSetBetweenTwoTracksHoldsFromTheFirstFrame) {
+    for (const bool atItsEnd : {false, true}) {
+        const Handle first = play();
+        rig_.render(1000);
+        if (atItsEnd) {
+            rig_.renderToEnd(first);
+        }
+        ASSERT_TRUE(engine_.BASS_StreamFree(first));
+        rig_.render(1000);
+        const int percent = atItsEnd ? 50 : 20;
+        const Handle second = rig_.openStream(path_);
+        ASSERT_TRUE(engine_.BASS_SetVolume(percent));
+        ASSERT_TRUE(rig_.start(second));
+        const float gain = static_cast<float>(percent) / 100.0F;
+        test::expectSame(rig_.render(1000), Stereo(2000, 0.5F * gain));
+        ASSERT_TRUE(engine_.BASS_StreamFree(second));
+        rig_.render(1000);
+    }
+}
+
+TEST_F(Attribute, AMasterVolumeBehindAnEndedTrackHoldsForTheNextFromItsFirstFrame) {
+    rig_.renderToEnd(play());
+    const Handle second = rig_.openStream(path_);
+    ASSERT_TRUE(engine_.BASS_SetVolume(20));
+    ASSERT_TRUE(rig_.start(second));
+    test::expectSame(rig_.render(1000), Stereo(2000, 0.5F * 0.2F));
+}
+
 } // namespace tovik::sound
