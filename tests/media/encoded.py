@@ -37,6 +37,28 @@ TABLE = {
                       [*FFMPEG, "-i", "{in}", "-c:a", "wmav2", "-b:a", "128k", "{out}"]),
     "wma_48000_mono.wma": ("wav_s16_48000_mono.wav",
                            [*FFMPEG, "-i", "{in}", "-c:a", "wmav2", "-b:a", "96k", "{out}"]),
+    "mp3_free_format.mp3": ("wav_s16_44100_stereo.wav",
+                            [*LAME, "--freeformat", "-b", "400", "{in}", "{out}"]),
+    "layer2.mp2": ("wav_s16_44100_stereo.wav",
+                   [*FFMPEG, "-i", "{in}", "-c:a", "mp2", "-b:a", "224k", "{out}"]),
+    "mp3_in_wav.wav": ("wav_s16_44100_stereo.wav",
+                       [*FFMPEG, "-i", "{in}", "-c:a", "libmp3lame", "-b:a", "128k", "{out}"]),
+    "adpcm_ms.wav": ("wav_s16_44100_stereo.wav",
+                     [*FFMPEG, "-i", "{in}", "-c:a", "adpcm_ms", "{out}"]),
+    "adpcm_ima.wav": ("wav_s16_44100_stereo.wav",
+                      [*FFMPEG, "-i", "{in}", "-c:a", "adpcm_ima_wav", "{out}"]),
+    "adpcm_ima_mono.wav": ("wav_s16_22050_mono.wav",
+                           [*FFMPEG, "-i", "{in}", "-c:a", "adpcm_ima_wav", "{out}"]),
+    "flac_in_ogg.ogg": ("wav_s16_44100_stereo.wav",
+                        [*FLAC, "--ogg", "--serial-number=1", "-o", "{out}", "{in}"]),
+    "link_1.ogg": ("gapless_1.wav", [*OGGENC[:3], "2", *OGGENC[4:], "-o", "{out}", "{in}"]),
+    "link_2.ogg": ("gapless_2.wav", [*OGGENC[:3], "3", *OGGENC[4:], "-o", "{out}", "{in}"]),
+    "link_3.ogg": ("gapless_3.wav", [*OGGENC[:3], "4", *OGGENC[4:], "-o", "{out}", "{in}"]),
+    "ogg_5_1.ogg": ("wav_s16_44100_5_1.wav", [*OGGENC, "-o", "{out}", "{in}"]),
+    "flac_5_1.flac": ("wav_s16_44100_5_1.wav", [*FLAC, "-o", "{out}", "{in}"]),
+    "two_blocks.wma": ("wav_s16_44100_stereo.wav",
+                       [*FFMPEG, "-i", "{in}", "-t", "0.08", "-c:a", "wmav2", "-b:a", "128k",
+                        "{out}"]),
     "gapless_1.flac": ("gapless_1.wav", [*FLAC, "-o", "{out}", "{in}"]),
     "gapless_2.flac": ("gapless_2.wav", [*FLAC, "-o", "{out}", "{in}"]),
     "gapless_3.flac": ("gapless_3.wav", [*FLAC, "-o", "{out}", "{in}"]),
@@ -55,7 +77,14 @@ TEXTS = {"TIT2": "Tagged tone", "TPE1": "Tovik", "TALB": "Test media", "TYER": "
 # Files whose format does not say where the sound ends: delay and padding stay in, or the end is
 # cut off.
 LENGTH_UNKNOWN = ("mp3_vbr_no_xing.mp3", "mp3_cbr_no_info.mp3", "mp3_truncated.mp3",
-                  "wma_44100.wma", "wma_48000_mono.wma", "bench.wma")
+                  "wma_44100.wma", "wma_48000_mono.wma", "bench.wma", "layer2.mp2",
+                  "mp3_in_wav.wav", "adpcm_ms.wav", "adpcm_ima.wav", "adpcm_ima_mono.wav",
+                  "two_blocks.wma")
+
+# Files whose kind is not what their names end in.
+KINDS = {"layer2.mp2": "mp3", "mp3_in_wav.wav": "mp3", "adpcm_ms.wav": "adpcm",
+         "adpcm_ima.wav": "adpcm", "adpcm_ima_mono.wav": "adpcm", "flac_in_ogg.ogg": "flac",
+         "two_blocks.wma": "short", "two_frames.mp3": "short"}
 
 
 def encode(folder, name, source, command):
@@ -67,8 +96,16 @@ def encode(folder, name, source, command):
         raise RuntimeError("%s failed:\n%s" % (" ".join(words), done.stderr.decode()))
 
 
+def first_frames(data, count):
+    """The first frames, of 626 bytes and padding, of an MP3 file of 192 kbit/s and 44100 Hz."""
+    end = 0
+    for _ in range(count):
+        end += 626 + (data[end + 2] >> 1 & 1)
+    return data[:end]
+
+
 def derived(folder):
-    """MP3 files made from other MP3 files: yields (name, the file it sounds like, bytes)."""
+    """Files made from other encoded files: yields (name, the file it sounds like, bytes)."""
     def read(name):
         with open(os.path.join(folder, name), "rb") as file:
             return file.read()
@@ -77,4 +114,7 @@ def derived(folder):
     yield "mp3_id3v1.mp3", "mp3_cbr128.mp3", plain + v1
     yield "mp3_id3v2_large.mp3", "mp3_cbr128.mp3", tags.id3v2(TEXTS, 300000) + plain
     yield "mp3_id3_both.mp3", "mp3_vbr.mp3", tags.id3v2(TEXTS, 1000) + vbr + v1
+    yield "two_frames.mp3", "mp3_cbr_no_info.mp3", first_frames(read("mp3_cbr_no_info.mp3"), 2)
+    links = [read("link_%d.ogg" % n) for n in (1, 2, 3)]
+    yield "ogg_chained.ogg", "gapless_whole.wav", b"".join(links)
     yield "mp3_truncated.mp3", "mp3_vbr.mp3", vbr[:len(vbr) * 6 // 10]

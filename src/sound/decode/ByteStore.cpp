@@ -65,6 +65,32 @@ private:
     std::vector<std::byte> bytes_;
 };
 
+class PartStore : public ByteStore {
+public:
+    PartStore(std::shared_ptr<const ByteStore> whole, std::int64_t offset,
+              std::int64_t bytes) noexcept
+        : whole_(std::move(whole)), offset_(offset), bytes_(bytes) {}
+
+    [[nodiscard]] std::int64_t readAt(std::int64_t offset,
+                                      std::span<std::byte> into) const noexcept override {
+        if (offset < 0 || offset >= bytes_) {
+            return 0;
+        }
+        const auto left = static_cast<std::size_t>(bytes_ - offset);
+        return whole_->readAt(offset_ + offset, into.first(std::min(into.size(), left)));
+    }
+
+    [[nodiscard]] std::int64_t size() const noexcept override {
+        const std::int64_t whole = whole_->size();
+        return whole < 0 ? whole : std::clamp<std::int64_t>(whole - offset_, 0, bytes_);
+    }
+
+private:
+    std::shared_ptr<const ByteStore> whole_;
+    std::int64_t offset_;
+    std::int64_t bytes_;
+};
+
 } // namespace
 
 std::shared_ptr<const ByteStore> openFile(const std::string& path) {
@@ -82,6 +108,11 @@ std::shared_ptr<const ByteStore> openFile(const std::string& path) {
 
 std::shared_ptr<const ByteStore> keepBytes(std::span<const std::byte> bytes) {
     return std::make_shared<const MemoryStore>(bytes);
+}
+
+std::shared_ptr<const ByteStore> partOf(std::shared_ptr<const ByteStore> store, std::int64_t offset,
+                                        std::int64_t bytes) {
+    return std::make_shared<const PartStore>(std::move(store), offset, bytes);
 }
 
 std::vector<std::byte> readBytes(const ByteStore& store, std::int64_t offset, std::size_t most) {

@@ -31,6 +31,10 @@ public:
 /// Keeps a copy of `bytes`.
 [[nodiscard]] std::shared_ptr<const ByteStore> keepBytes(std::span<const std::byte> bytes);
 
+/// The `bytes` bytes of `store` from `offset` on, as far as it holds them.
+[[nodiscard]] std::shared_ptr<const ByteStore> partOf(std::shared_ptr<const ByteStore> store,
+                                                      std::int64_t offset, std::int64_t bytes);
+
 /// The bytes at `offset`, `most` at most; fewer when the store ends or fails before.
 [[nodiscard]] std::vector<std::byte> readBytes(const ByteStore& store, std::int64_t offset,
                                                std::size_t most);

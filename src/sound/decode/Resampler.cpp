@@ -5,6 +5,7 @@
 
 extern "C" {
 #include <libavutil/opt.h>
+#include <libswresample/swresample.h>
 }
 
 #include <algorithm>

@@ -39,8 +39,10 @@ TEST(Broken, TruncatedAtEveryTenthDecodesToAnEndOrIsRefused) {
 
 TEST(Broken, HalfOfEachSoundFileStillPlays) {
     for (const MediaFile& file : goodMedia()) {
-        // Half of the file with the large tag is that tag.
-        if (isModule(file) || file.source == "-" || file.name == "mp3_id3v2_large.mp3") {
+        // Half of the file with the large tag is that tag; the links have one page of sound, which
+        // is known only as a whole.
+        if (isModule(file) || file.source == "-" || file.name == "mp3_id3v2_large.mp3" ||
+            file.name.starts_with("link_")) {
             continue;
         }
         const auto bytes = fileBytes(mediaPath(file.name));

@@ -45,8 +45,9 @@ const std::vector<MediaFile>& allMedia() {
 
 std::vector<MediaFile> goodMedia() {
     std::vector<MediaFile> files;
-    std::ranges::copy_if(allMedia(), std::back_inserter(files),
-                         [](const MediaFile& file) { return file.kind != "bad"; });
+    std::ranges::copy_if(allMedia(), std::back_inserter(files), [](const MediaFile& file) {
+        return file.kind != "bad" && file.kind != "short";
+    });
     return files;
 }
 

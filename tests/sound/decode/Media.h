@@ -15,9 +15,9 @@ namespace tovik::sound::test {
 /// One row of the listing that comes with the media.
 struct MediaFile {
     std::string name;
-    std::string kind;        ///< wav, aiff, mp3, ogg, flac, wma, a module's suffix, or bad
-    int rate = 0;            ///< Hz; 0 for modules
-    int channels = 0;        ///< as stored in the file
+    std::string kind; ///< wav, adpcm, aiff, mp3, ogg, flac, wma, a module's suffix, short, or bad
+    int rate = 0;     ///< Hz; 0 for modules
+    int channels = 0; ///< as stored in the file
     std::int64_t frames = 0; ///< exact length, 0 where the format does not tell it
     std::string source;      ///< name of the WAV it was made from, or "-"
 };
@@ -31,7 +31,7 @@ inline constexpr std::array kFamilies = {FormatFamily::stream, FormatFamily::mus
 /// All files of the listing; throws when there are suspiciously few.
 [[nodiscard]] const std::vector<MediaFile>& allMedia();
 
-/// Those that a decoder takes.
+/// Those that a decoder takes, without the few that last no tenth of a second ("short").
 [[nodiscard]] std::vector<MediaFile> goodMedia();
 
 [[nodiscard]] bool isModule(const MediaFile& file);

@@ -42,14 +42,32 @@ protected:
     std::mt19937 random = sameRandom();
 };
 
-class ExactSeek : public Seek {};
+class ExactSeek : public Seek {
+protected:
+    /// What follows is the whole from `frame` on, bit for bit; of MPEG audio but for the order in
+    /// which a filter bank sums.
+    void expectWholeFrom(std::int64_t frame) {
+        const std::vector<float> part = readFrames(*decoder, kFrames);
+        const std::vector<float> expected = partOf(whole, frame, channels());
+        if (GetParam().kind != "mp3") {
+            ASSERT_EQ(part, expected) << "after a seek to " << frame;
+            return;
+        }
+        ASSERT_EQ(part.size(), expected.size()) << "after a seek to " << frame;
+        for (std::size_t n = 0; n < part.size(); ++n) {
+            ASSERT_NEAR(part[n], expected[n], kLastBits) << "after a seek to " << frame;
+        }
+    }
 
-TEST_P(ExactSeek, SoundIsThatOfTheWholeBitForBit) {
+private:
+    static constexpr float kLastBits = 1.0F / (1 << 22);
+};
+
+TEST_P(ExactSeek, SoundIsThatOfTheWhole) {
     for (int n = 0; n < kSeeks; ++n) {
         const std::int64_t frame = randomFrame();
         ASSERT_EQ(decoder->seek(frame), frame);
-        ASSERT_EQ(readFrames(*decoder, kFrames), partOf(whole, frame, channels()))
-            << "after a seek to " << frame;
+        expectWholeFrom(frame);
     }
 }
 
@@ -59,7 +77,7 @@ TEST_P(ExactSeek, EdgesStandWhereTheyShould) {
                                      std::int64_t{1}, std::int64_t{-5}, end - 1}) {
         const std::int64_t expected = std::clamp<std::int64_t>(frame, 0, end);
         ASSERT_EQ(decoder->seek(frame), expected) << frame;
-        ASSERT_EQ(readFrames(*decoder, kFrames), partOf(whole, expected, channels())) << frame;
+        expectWholeFrom(expected);
     }
 }
 

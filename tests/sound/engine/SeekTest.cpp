@@ -15,6 +15,8 @@ using test::kStereo;
 using test::Stereo;
 using test::wavSamples;
 
+/// What the order of a sum changes in MPEG audio.
+constexpr float kLastBits = 1.0F / (1 << 22);
 constexpr std::size_t kRamp = 220; ///< frames until a seek has faded over
 
 /// At half volume, so that the clip guard, which remembers, has nothing to do.
@@ -52,8 +54,15 @@ TEST(Seek, SoundsAsThePlayThroughDoesThere) {
             ASSERT_TRUE(rig.engine.BASS_ChannelSetPosition(channel, place * frameBytes));
             EXPECT_EQ(rig.engine.BASS_ChannelGetPosition(channel), place * frameBytes);
             const auto from = static_cast<std::size_t>(place);
-            expectSame(cut(rig.render(2500), kRamp), cut(whole, from + kRamp, from + 2500),
-                       file.name + " at " + std::to_string(place));
+            const Stereo sound = cut(rig.render(2500), kRamp);
+            const Stereo expected = cut(whole, from + kRamp, from + 2500);
+            if (file.kind == "mp3") {
+                ASSERT_EQ(sound.size(), expected.size()) << file.name;
+                EXPECT_LE(test::largestDifference(sound, expected), kLastBits)
+                    << file.name << " at " << place;
+            } else {
+                expectSame(sound, expected, file.name + " at " + std::to_string(place));
+            }
             EXPECT_EQ(rig.engine.BASS_ChannelGetPosition(channel), (place + 2500) * frameBytes);
         }
     }

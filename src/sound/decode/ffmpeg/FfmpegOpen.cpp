@@ -3,23 +3,21 @@
 
 #include "sound/decode/ffmpeg/FfmpegDecoder.h"
 
-#include <algorithm>
-
 namespace tovik::sound::ffmpeg {
 
 OpenResult openFfmpeg(FormatFamily family, std::shared_ptr<const ByteStore> store) {
     silenceLog();
     const ProbeResult winner = probe(*store);
-    const Format* format =
-        winner.demuxer == nullptr ? nullptr : findFormat(family, winner.demuxer->name);
-    if (format == nullptr) {
+    if (winner.demuxer == nullptr || !isListed(family, winner.demuxer->name)) {
         return {OpenStatus::notMine, nullptr};
     }
     auto demuxer = Demuxer::open(store, *winner.demuxer);
     if (!demuxer) {
         return {OpenStatus::broken, nullptr};
     }
-    if (std::ranges::count(format->codecs, demuxer->stream().codecpar->codec_id) == 0) {
+    const AVCodecID codec = demuxer->stream().codecpar->codec_id;
+    const Format* format = findFormat(family, winner.demuxer->name, codec);
+    if (format == nullptr) {
         return {OpenStatus::notMine, nullptr};
     }
     auto frames = FrameSource::open(std::move(demuxer));

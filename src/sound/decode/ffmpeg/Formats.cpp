@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sound/decode/ffmpeg/Formats.h"
 
+#include "sound/decode/LeadingTags.h"
+
 #include <algorithm>
 #include <array>
 
@@ -33,39 +35,25 @@ constexpr std::array kFormats = {
 
 constexpr std::size_t kFirstProbeBytes = 4096;
 constexpr std::size_t kMostProbeBytes = 1 << 20;
-constexpr std::size_t kTagHeadBytes = 10;
-
-// Bytes of the ID3v2 tags in front of the sound; pictures in them would hide it from the probers.
-// Layout: "ID3", version, flags, then four bytes of seven bits (id3.org, ID3v2.4 structure, 3.1).
-std::int64_t tagBytes(const ByteStore& store) {
-    std::int64_t total = 0;
-    for (;;) {
-        const std::vector<std::byte> head = readBytes(store, total, kTagHeadBytes);
-        const auto at = [&head](std::size_t n) { return std::to_integer<std::int64_t>(head[n]); };
-        if (head.size() < kTagHeadBytes || at(0) != 'I' || at(1) != 'D' || at(2) != '3') {
-            return total;
-        }
-        std::int64_t size = 0;
-        for (std::size_t n = 6; n < kTagHeadBytes; ++n) {
-            size = size * 128 + at(n) % 128;
-        }
-        constexpr std::int64_t kFooterFlag = 0x10;
-        const std::int64_t parts = (at(5) & kFooterFlag) != 0 ? 2 : 1;
-        total += size + parts * static_cast<std::int64_t>(kTagHeadBytes);
-    }
-}
 
 } // namespace
 
-const Format* findFormat(FormatFamily family, std::string_view demuxer) noexcept {
-    const auto* const row = std::ranges::find_if(kFormats, [&](const Format& format) {
+bool isListed(FormatFamily family, std::string_view demuxer) noexcept {
+    return std::ranges::any_of(kFormats, [&](const Format& format) {
         return format.family == family && format.demuxer == demuxer;
+    });
+}
+
+const Format* findFormat(FormatFamily family, std::string_view demuxer, AVCodecID codec) noexcept {
+    const auto* const row = std::ranges::find_if(kFormats, [&](const Format& format) {
+        return format.family == family && format.demuxer == demuxer &&
+               std::ranges::count(format.codecs, codec) > 0;
     });
     return row == kFormats.end() ? nullptr : row;
 }
 
 ProbeResult probe(const ByteStore& store) {
-    const std::int64_t start = tagBytes(store);
+    const std::int64_t start = leadingTagBytes(store); // pictures in them hide the sound
     for (std::size_t size = kFirstProbeBytes;; size *= 4) {
         std::vector<std::byte> bytes = readBytes(store, start, size);
         const bool last = bytes.size() < size || size >= kMostProbeBytes;

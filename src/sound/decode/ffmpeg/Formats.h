@@ -29,8 +29,12 @@ struct Format {
     std::int64_t endContextSeconds;
 };
 
-/// The row of `family` for a demuxer of this name, if there is one.
-[[nodiscard]] const Format* findFormat(FormatFamily family, std::string_view demuxer) noexcept;
+/// True when `family` has a row for a demuxer of this name.
+[[nodiscard]] bool isListed(FormatFamily family, std::string_view demuxer) noexcept;
+
+/// The row of `family` for this demuxer and codec, if there is one.
+[[nodiscard]] const Format* findFormat(FormatFamily family, std::string_view demuxer,
+                                       AVCodecID codec) noexcept;
 
 struct ProbeResult {
     const AVInputFormat* demuxer = nullptr;

@@ -5,7 +5,6 @@
 extern "C" {
 #include <libavcodec/avcodec.h>
 #include <libavformat/avformat.h>
-#include <libswresample/swresample.h>
 }
 
 #include <memory>
@@ -24,7 +23,6 @@ struct FreeBy {
 using FramePtr = std::unique_ptr<AVFrame, FreeBy<av_frame_free>>;
 using PacketPtr = std::unique_ptr<AVPacket, FreeBy<av_packet_free>>;
 using CodecPtr = std::unique_ptr<AVCodecContext, FreeBy<avcodec_free_context>>;
-using SwrPtr = std::unique_ptr<SwrContext, FreeBy<swr_free>>;
 using FormatPtr = std::unique_ptr<AVFormatContext, FreeBy<avformat_close_input>>;
 
 /// Ends all printing of the FFmpeg libraries; every opener calls it first. Any thread.

@@ -1,18 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sound/decode/ffmpeg/SampleConverter.h"
 
-extern "C" {
-#include <libavutil/opt.h>
-}
+#include "sound/decode/Downmix.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <numeric>
 
 namespace tovik::sound::ffmpeg {
 namespace {
 
-constexpr int kMostChannels = 64; // of swresample
 constexpr float kScale8 = 1.0F / 128.0F;
 constexpr float kScale16 = 1.0F / 32768.0F;
 constexpr float kScale32 = 1.0F / 2147483648.0F;
@@ -51,16 +49,12 @@ void packed(const AVFrame& frame, std::size_t first, std::size_t channels, std::
 template <typename T>
 void planar(const AVFrame& frame, std::size_t first, std::size_t channels, std::span<float> out) {
     const std::size_t count = out.size() / channels;
-    const T* left = samples<T>(frame, 0) + first;
-    if (channels == 1) {
-        std::transform(left, left + count, out.begin(), [](T value) { return toFloat(value); });
-        return;
-    }
-    const T* right = samples<T>(frame, 1) + first;
-    float* to = out.data();
-    for (std::size_t n = 0; n < count; ++n) {
-        to[2 * n] = toFloat(left[n]);
-        to[2 * n + 1] = toFloat(right[n]);
+    float* const to = out.data();
+    for (std::size_t c = 0; c < channels; ++c) {
+        const T* const plane = samples<T>(frame, c) + first;
+        for (std::size_t n = 0; n < count; ++n) {
+            to[n * channels + c] = toFloat(plane[n]);
+        }
     }
 }
 
@@ -82,16 +76,9 @@ constexpr std::array kKernels = {
     Kernel{AV_SAMPLE_FMT_DBLP, &planar<double>},
 };
 
-} // namespace
-
-void SampleConverter::convert(const AVFrame& frame, std::size_t first, std::size_t channels,
-                              std::span<float> out) noexcept {
-    if (frame.ch_layout.nb_channels != static_cast<int>(channels)) {
-        if (!mix(frame, first, channels, out)) {
-            std::ranges::fill(out, 0.0F);
-        }
-        return;
-    }
+// Whole frames of all the channels that `frame` has.
+void convertAll(const AVFrame& frame, std::size_t first, std::size_t channels,
+                std::span<float> out) {
     const auto* const kernel = std::ranges::find_if(
         kKernels, [&](const Kernel& candidate) { return candidate.format == frame.format; });
     if (kernel == kKernels.end()) {
@@ -101,60 +88,47 @@ void SampleConverter::convert(const AVFrame& frame, std::size_t first, std::size
     kernel->run(frame, first, channels, out);
 }
 
-bool SampleConverter::mix(const AVFrame& frame, std::size_t first, std::size_t channels,
-                          std::span<float> out) noexcept {
-    if (frame.ch_layout.nb_channels > kMostChannels || !prepareMixer(frame, channels)) {
-        return false;
+// The library numbers speakers as the mask of WAVEFORMATEXTENSIBLE does.
+std::vector<Speaker> speakersOf(const AVChannelLayout& layout) {
+    const auto channels = static_cast<std::size_t>(layout.nb_channels);
+    if (layout.order != AV_CHANNEL_ORDER_NATIVE) {
+        return usualSpeakers(channels);
     }
-    const auto format = static_cast<AVSampleFormat>(frame.format);
-    const auto inputs = static_cast<std::size_t>(frame.ch_layout.nb_channels);
-    const auto bytes = static_cast<std::size_t>(av_get_bytes_per_sample(format));
-    const bool isPlanar = av_sample_fmt_is_planar(format) != 0;
-    const std::size_t offset = first * bytes * (isPlanar ? 1 : inputs);
-    std::array<const std::uint8_t*, kMostChannels> planes = {};
-    const std::size_t planeCount = isPlanar ? inputs : 1;
-    for (std::size_t n = 0; n < planeCount; ++n) {
-        planes[n] = frame.extended_data[n] + offset;
+    std::vector<Speaker> speakers;
+    for (unsigned n = 0; n < channels; ++n) {
+        const AVChannel channel = av_channel_layout_channel_from_index(&layout, n);
+        speakers.push_back(channel >= 0 && channel < static_cast<int>(Speaker::unknown)
+                               ? static_cast<Speaker>(channel)
+                               : Speaker::unknown);
     }
-    auto* to = static_cast<std::uint8_t*>(static_cast<void*>(out.data()));
-    const auto count = static_cast<int>(out.size() / channels);
-    return swr_convert(mixer_.get(), &to, count, planes.data(), count) == count;
+    return speakers;
 }
 
-bool SampleConverter::prepareMixer(const AVFrame& frame, std::size_t channels) noexcept {
-    const bool same = mixer_ && mixerFormat_ == frame.format && mixerChannels_ == channels &&
-                      av_channel_layout_compare(&mixerLayout_, &frame.ch_layout) == 0;
-    if (same) {
-        return true;
-    }
-    mixer_.reset();
-    AVChannelLayout in = {};
-    AVChannelLayout out = {};
-    const bool known = frame.ch_layout.order == AV_CHANNEL_ORDER_NATIVE;
-    if (known) {
-        in = frame.ch_layout; // a native layout owns no memory
+} // namespace
+
+void SampleConverter::convert(const AVFrame& frame, std::size_t first, std::size_t channels,
+                              std::span<float> out) {
+    if (frame.ch_layout.nb_channels == static_cast<int>(channels)) {
+        convertAll(frame, first, channels, out);
     } else {
-        av_channel_layout_default(&in, frame.ch_layout.nb_channels);
+        mix(frame, first, channels, out);
     }
-    av_channel_layout_default(&out, static_cast<int>(channels));
-    SwrContext* context = nullptr;
-    const int result = swr_alloc_set_opts2(&context, &out, AV_SAMPLE_FMT_FLT, frame.sample_rate,
-                                           &in, static_cast<AVSampleFormat>(frame.format),
-                                           frame.sample_rate, 0, nullptr);
-    mixer_.reset(context);
-    if (result < 0) {
-        return false;
+}
+
+void SampleConverter::mix(const AVFrame& frame, std::size_t first, std::size_t channels,
+                          std::span<float> out) {
+    const auto inputs = static_cast<std::size_t>(frame.ch_layout.nb_channels);
+    all_.resize(out.size() / channels * inputs);
+    convertAll(frame, first, inputs, all_);
+    if (channels == 2) {
+        Downmix(speakersOf(frame.ch_layout)).mix(all_, out);
+        return;
     }
-    av_opt_set_double(context, "rematrix_maxval", 1.0, 0);
-    av_opt_set_sample_fmt(context, "internal_sample_fmt", AV_SAMPLE_FMT_FLTP, 0);
-    if (swr_init(context) < 0) {
-        mixer_.reset();
-        return false;
+    // More channels than the stream began with, which was one: their mean.
+    for (std::size_t n = 0; n < out.size(); ++n) {
+        const std::span<const float> one = std::span(all_).subspan(n * inputs, inputs);
+        out[n] = std::accumulate(one.begin(), one.end(), 0.0F) / static_cast<float>(inputs);
     }
-    mixerFormat_ = frame.format;
-    mixerChannels_ = channels;
-    mixerLayout_ = frame.ch_layout;
-    return true;
 }
 
 } // namespace tovik::sound::ffmpeg

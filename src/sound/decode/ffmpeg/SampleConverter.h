@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <span>
+#include <vector>
 
 namespace tovik::sound::ffmpeg {
 
@@ -13,20 +14,15 @@ class SampleConverter {
 public:
     /// Writes the samples of `frame` from `first` on as `channels` (1 or 2) interleaved channels,
     /// as many as `out` has room for. Whole numbers are divided by their full scale and floats
-    /// kept, so 24 bits and less survive exactly; other channel counts are mixed without ever
-    /// exceeding full scale. Silence if the form is unknown.
+    /// kept, so 24 bits and less survive exactly; other channel counts are mixed as `Downmix` does.
+    /// Silence if the form is unknown.
     void convert(const AVFrame& frame, std::size_t first, std::size_t channels,
-                 std::span<float> out) noexcept;
+                 std::span<float> out);
 
 private:
-    [[nodiscard]] bool mix(const AVFrame& frame, std::size_t first, std::size_t channels,
-                           std::span<float> out) noexcept;
-    [[nodiscard]] bool prepareMixer(const AVFrame& frame, std::size_t channels) noexcept;
+    void mix(const AVFrame& frame, std::size_t first, std::size_t channels, std::span<float> out);
 
-    SwrPtr mixer_;
-    int mixerFormat_ = AV_SAMPLE_FMT_NONE;
-    AVChannelLayout mixerLayout_ = {};
-    std::size_t mixerChannels_ = 0;
+    std::vector<float> all_; ///< all channels of the frame
 };
 
 } // namespace tovik::sound::ffmpeg

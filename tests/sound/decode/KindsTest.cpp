@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Files of the less usual kinds: what is in them sounds, all of it and at its place.
+#include "sound/decode/Media.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tovik::sound::test {
+namespace {
+
+// How much of `source` is not in `decoded`, which may be longer or lie `shift` frames later, as a
+// share of its power.
+double missing(const std::vector<float>& decoded, const std::vector<float>& source,
+               std::size_t shift = 0) {
+    double off = 0.0;
+    double whole = 0.0;
+    for (std::size_t n = 0; n < source.size(); ++n) {
+        const std::size_t at = n + 2 * shift;
+        const auto wanted = static_cast<double>(source[n]);
+        const double got = at < decoded.size() ? static_cast<double>(decoded[at]) : 0.0;
+        off += (got - wanted) * (got - wanted);
+        whole += wanted * wanted;
+    }
+    return off / whole;
+}
+
+// The shift, up to two blocks of an encoder, at which the least is missing.
+double leastMissing(const std::vector<float>& decoded, const std::vector<float>& source) {
+    const std::vector<float> part(source.begin(), source.begin() + 40'000);
+    double least = 1.0;
+    for (std::size_t shift = 0; shift < 2400; ++shift) {
+        least = std::min(least, missing(decoded, part, shift));
+    }
+    return least;
+}
+
+TEST(Kinds, AdpcmOfBothKindsLiesOnItsSource) {
+    for (const std::string name : {"adpcm_ms.wav", "adpcm_ima.wav"}) {
+        const std::vector<float> source = readAll(*openMedia("wav_s16_44100_stereo.wav"));
+        const std::unique_ptr<Decoder> decoder = openMedia(name);
+        const std::vector<float> decoded = readAll(*decoder);
+        EXPECT_EQ(decoder->lengthFrames(), static_cast<std::int64_t>(decoded.size() / 2)) << name;
+        EXPECT_GE(decoded.size(), source.size()) << name;
+        EXPECT_LT(decoded.size(), source.size() + 2 * 1020) << name << ": a block at most";
+        EXPECT_LT(missing(decoded, source), 0.06) << name;
+    }
+}
+
+TEST(Kinds, MpegInAWavSoundsLikeItsSource) {
+    const auto decoded = readAll(*openMedia("mp3_in_wav.wav"));
+    EXPECT_LT(leastMissing(decoded, readAll(*openMedia("wav_s16_44100_stereo.wav"))), 0.1);
+}
+
+TEST(Kinds, FreeFormatSoundsLikeItsSource) {
+    const auto source = readAll(*openMedia("wav_s16_44100_stereo.wav"));
+    const auto decoded = readAll(*openMedia("mp3_free_format.mp3"));
+    EXPECT_EQ(decoded.size(), source.size());
+    EXPECT_LT(missing(decoded, source), 0.02);
+}
+
+TEST(Kinds, LayerTwoSoundsLikeItsSource) {
+    // The noise in it is what this layer loses first.
+    const auto decoded = readAll(*openMedia("layer2.mp2"));
+    EXPECT_LT(leastMissing(decoded, readAll(*openMedia("wav_s16_44100_stereo.wav"))), 0.2);
+}
+
+TEST(Kinds, AFileOfTwoFramesPlaysBoth) {
+    const OpenResult opened = openDecoder(FormatFamily::stream, mediaPath("two_frames.mp3"));
+    ASSERT_TRUE(opened.decoder);
+    EXPECT_EQ(opened.decoder->sampleRate(), 44'100);
+    const std::vector<float> both = readAll(*opened.decoder);
+    EXPECT_EQ(both.size() / 2, 2 * 1152U);
+    EXPECT_EQ(scannedLength(*opened.decoder), 2 * 1152);
+    const std::vector<float> whole = readAll(*openMedia("mp3_cbr_no_info.mp3"));
+    EXPECT_TRUE(std::equal(both.begin(), both.end(), whole.begin()));
+}
+
+TEST(Kinds, AWmaOfTwoBlocksPlays) {
+    const OpenResult opened = openDecoder(FormatFamily::wma, mediaPath("two_blocks.wma"));
+    ASSERT_TRUE(opened.decoder);
+    const std::vector<float> decoded = readAll(*opened.decoder);
+    EXPECT_GE(decoded.size() / 2, 2048U);
+    const auto loudest = std::ranges::max_element(
+        decoded, [](float a, float b) { return std::abs(a) < std::abs(b); });
+    EXPECT_GT(std::abs(*loudest), 0.1F);
+}
+
+TEST(Kinds, FlacInOggIsBitExactAndFoundByItsContent) {
+    EXPECT_EQ(readAll(*openMedia("flac_in_ogg.ogg")),
+              readAll(*openMedia("wav_s16_44100_stereo.wav")));
+    EXPECT_EQ(openDecoder(FormatFamily::stream, mediaPath("flac_in_ogg.ogg")).status,
+              OpenStatus::notMine);
+}
+
+TEST(Kinds, TheLinksOfAChainedOggFollowEachOther) {
+    std::vector<float> links;
+    std::int64_t length = 0;
+    for (const std::string name : {"link_1.ogg", "link_2.ogg", "link_3.ogg"}) {
+        const std::unique_ptr<Decoder> link = openMedia(name);
+        const std::vector<float> samples = readAll(*link);
+        links.insert(links.end(), samples.begin(), samples.end());
+        length += link->lengthFrames();
+    }
+    const std::unique_ptr<Decoder> chain = openMedia("ogg_chained.ogg");
+    EXPECT_EQ(chain->lengthFrames(), length);
+    EXPECT_EQ(readAll(*chain), links);
+    // A place in the last link, counted from the beginning of the whole.
+    const std::int64_t place = length - 30'000;
+    ASSERT_EQ(chain->seek(place), place);
+    const std::vector<float> part = readFrames(*chain, 1000);
+    EXPECT_TRUE(std::equal(part.begin(), part.end(), links.begin() + 2 * place));
+}
+
+TEST(Kinds, AChainThatBreaksOffInAHeadPlaysWhatIsWhole) {
+    const auto first = fileBytes(mediaPath("link_1.ogg"));
+    auto bytes = first;
+    const auto second = fileBytes(mediaPath("link_2.ogg"));
+    bytes.insert(bytes.end(), second.begin(), second.begin() + 4000);
+    const OpenResult opened = openDecoder(FormatFamily::stream, bytes);
+    ASSERT_TRUE(opened.decoder);
+    const std::vector<float> whole = readAll(*openMedia("link_1.ogg"));
+    EXPECT_EQ(readAll(*opened.decoder), whole);
+    ASSERT_EQ(opened.decoder->seek(70'000), 70'000);
+    const std::vector<float> part = readFrames(*opened.decoder, 1000);
+    EXPECT_TRUE(std::equal(part.begin(), part.end(), whole.begin() + 140'000));
+}
+
+TEST(Kinds, AChainMayChangeItsChannels) {
+    auto bytes = fileBytes(mediaPath("ogg_mono.ogg"));
+    const auto second = fileBytes(mediaPath("link_1.ogg"));
+    bytes.insert(bytes.end(), second.begin(), second.end());
+    const OpenResult opened = openDecoder(FormatFamily::stream, bytes);
+    ASSERT_TRUE(opened.decoder);
+    EXPECT_EQ(opened.decoder->channels(), 2);
+    const std::vector<float> mono = readAll(*openMedia("ogg_mono.ogg"));
+    const std::vector<float> stereo = readAll(*openMedia("link_1.ogg"));
+    const std::vector<float> chain = readAll(*opened.decoder);
+    ASSERT_EQ(chain.size(), 2 * mono.size() + stereo.size());
+    for (std::size_t n = 0; n < mono.size(); ++n) {
+        ASSERT_EQ(chain[2 * n], mono[n]);
+        ASSERT_EQ(chain[2 * n + 1], mono[n]);
+    }
+    EXPECT_TRUE(std::equal(stereo.begin(), stereo.end(), chain.end() - std::ssize(stereo)));
+}
+
+} // namespace
+} // namespace tovik::sound::test
