@@ -77,8 +77,9 @@ struct Element {
     std::string caption; ///< bytes: valid UTF-8, or else Windows-1252
     std::string tooltip; ///< bytes likewise
     Picture picture;
-    SliderBar bar;                    ///< of a slider
-    Colour textColour;                ///< also that of a slider's plain bar
+    std::string smallText; ///< drawn small in place of picture and caption; bytes likewise
+    SliderBar bar;         ///< of a slider
+    Colour textColour;     ///< also that of a slider's plain bar
     std::optional<Colour> backColour; ///< nothing: what lies below shows through
 
     [[nodiscard]] constexpr Box box() const noexcept { return {left, top, width, height}; }

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/GlyphText.h"
 
+#include "base/Unicode.h"
 #include "base/Windows1252.h"
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <optional>
 #include <span>
 
@@ -104,6 +106,38 @@ std::u32string charactersOf(std::string_view text) {
         characters += nextCharacter(utf8, at);
     }
     return characters;
+}
+
+std::string utf8Of(std::u32string_view characters) {
+    std::string bytes;
+    for (const char32_t character : characters) {
+        base::appendUtf8(bytes, character);
+    }
+    return bytes;
+}
+
+StripColours stripColours(const PixelImage& strip) {
+    const auto opaque = [](std::uint32_t pixel) { return pixel >> 24 == 0xFF; };
+    const int blank = kBlankX + kGlyphWidth / 2;
+    const std::uint32_t ground = blank < strip.width && kGlyphHeight / 2 < strip.height
+                                     ? strip.pixels[pixelPlace(strip, blank, kGlyphHeight / 2)]
+                                     : 0;
+    std::map<std::uint32_t, int> counts;
+    for (const std::uint32_t pixel : strip.pixels) {
+        if (opaque(pixel) && pixel != ground) {
+            ++counts[pixel];
+        }
+    }
+    const auto ink =
+        std::ranges::max_element(counts, {}, [](const auto& counted) { return counted.second; });
+    StripColours colours{.ink = {0xFF, 0xFF, 0xFF}, .ground = std::nullopt};
+    if (ink != counts.end()) {
+        colours.ink = colourOf(ink->first);
+    }
+    if (opaque(ground)) {
+        colours.ground = colourOf(ground);
+    }
+    return colours;
 }
 
 void drawText(cMemDC& target, const PixelImage& strip, std::u32string_view characters, int line) {

@@ -5,6 +5,7 @@
 
 #include "ui/cMemDC.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -31,6 +32,17 @@ struct GlyphPlace {
 
 /// The characters of a text: valid UTF-8, or else Windows-1252.
 [[nodiscard]] std::u32string charactersOf(std::string_view text);
+
+/// The same the other way round, in UTF-8.
+[[nodiscard]] std::string utf8Of(std::u32string_view characters);
+
+/// The colours of a strip.
+struct StripColours {
+    Colour ink;                   ///< the commonest one of its glyphs
+    std::optional<Colour> ground; ///< of its blank; none where that is transparent
+};
+
+[[nodiscard]] StripColours stripColours(const PixelImage& strip);
 
 /// Clears the surface and draws the characters on it, from one pixel off its left edge on. Line 0
 /// is the topmost; what does not fit is cut off.

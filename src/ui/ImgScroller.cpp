@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/ImgScroller.h"
 
-#include "ui/GlyphText.h"
+#include "ui/BaseLetters.h"
 
 #include <utility>
 
@@ -13,7 +13,7 @@ ImgScroller::ImgScroller(host::TimerFactory& timers, Draw draw)
 }
 
 void ImgScroller::setText(std::string_view text) {
-    text_ = charactersOf(text);
+    text_ = drawableCharacters(text);
     text_ += kSeparator;
     start_ = 0;
     timer_->setEnabled(false);

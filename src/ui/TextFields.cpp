@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/TextFields.h"
 
+#include "ui/BaseLetters.h"
 #include "ui/GlyphText.h"
 #include "ui/MainRows.h"
 
@@ -24,7 +25,7 @@ void TextFields::show(MainElement name, std::size_t index, std::string_view word
     Element& element = elements_.touch(name, index);
     element.caption = words;
     element.textColour = strip == Strip::Bright ? rows::kWhite : rows::kDim;
-    static_cast<void>(draw(name, index, charactersOf(words), strip));
+    static_cast<void>(draw(name, index, drawableCharacters(words), strip));
 }
 
 bool TextFields::draw(MainElement name, std::size_t index, std::u32string_view characters,
@@ -37,6 +38,10 @@ bool TextFields::draw(MainElement name, std::size_t index, std::u32string_view c
         return false;
     }
     becomeSource(elements_, source);
+    if (!suitsStrips(characters)) {
+        writeSmall(name, index, characters, *glyphs);
+        return true;
+    }
     const Element& element = elements_.get(name, index);
     const auto width = static_cast<int>(std::lround(element.width));
     const std::size_t fitting = static_cast<std::size_t>(std::max(width, 0)) / kGlyphWidth + 1;
@@ -54,10 +59,28 @@ bool TextFields::draw(MainElement name, std::size_t index, std::u32string_view c
                                       : pictures_.add(surface.DetachBitmap());
         last = std::move(wanted);
     }
-    if (element.picture != last.picture) {
-        elements_.touch(name, index).picture = last.picture;
+    if (element.picture != last.picture || !element.smallText.empty()) {
+        Element& written = elements_.touch(name, index);
+        written.picture = last.picture;
+        written.smallText.clear();
     }
     return true;
+}
+
+void TextFields::writeSmall(MainElement name, std::size_t index, std::u32string_view characters,
+                            const PixelImage& strip) {
+    const Element& before = elements_.get(name, index);
+    // No character is narrower than a pixel.
+    const auto fitting = static_cast<std::size_t>(std::max(before.width, 0.0));
+    const std::string words = utf8Of(characters.substr(0, fitting));
+    const StripColours colours = stripColours(strip);
+    if (before.smallText != words || before.textColour != colours.ink ||
+        before.backColour != colours.ground) {
+        Element& element = elements_.touch(name, index);
+        element.smallText = words;
+        element.textColour = colours.ink;
+        element.backColour = colours.ground;
+    }
 }
 
 } // namespace tovik::ui

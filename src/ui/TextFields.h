@@ -23,15 +23,21 @@ public:
         : elements_(elements), pictures_(pictures) {}
 
     /// Shows words on an element: bytes, valid UTF-8 or else Windows-1252. Nothing is drawn anew
-    /// for words that it shows already.
+    /// for words that it shows already. Letters that the strips lack become base letters; words
+    /// that they cannot draw then either are drawn with a small font.
     void show(MainElement name, std::size_t index, std::string_view words, Strip strip);
 
-    /// The same with characters of which only the first ones fit, as a title that scrolls has them;
-    /// its caption stays. Whether there is a strip to draw with.
+    /// The same with characters as they are to be drawn (see `drawableCharacters`), of which only
+    /// the first ones fit, as a title that scrolls has them; its caption stays. Whether there is a
+    /// strip to draw with.
     [[nodiscard]] bool draw(MainElement name, std::size_t index, std::u32string_view characters,
                             Strip strip);
 
 private:
+    /// Leaves the words to a small font, in the colours of the strip.
+    void writeSmall(MainElement name, std::size_t index, std::u32string_view characters,
+                    const PixelImage& strip);
+
     /// What an element's picture was drawn from.
     struct Drawn {
         Picture picture;

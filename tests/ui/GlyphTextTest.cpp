@@ -51,6 +51,31 @@ TEST(GlyphText, oneCharacterIsOneGlyphInEitherEncoding) {
     EXPECT_EQ(charactersOf(""), U"");
 }
 
+TEST(GlyphText, charactersBecomeUtf8) {
+    EXPECT_EQ(utf8Of(U"M\u00F6\u20AC\U0001F500x"), "M\u00F6\u20AC\U0001F500x");
+}
+
+TEST(GlyphText, theColoursOfAStripAreItsCommonestInkAndItsBlank) {
+    PixelImage strip{155, 18, std::vector<std::uint32_t>(155 * 18, 0)};
+    for (int i = 0; i < 9; ++i) {
+        strip.pixels[static_cast<std::size_t>(i)] = i < 3   ? 0xFF112233
+                                                    : i < 5 ? 0x80808080
+                                                            : 0xFFAABBCC;
+    }
+    EXPECT_EQ(stripColours(strip).ink, (Colour{0xAA, 0xBB, 0xCC}));
+    EXPECT_EQ(stripColours(strip).ground, std::nullopt);
+    for (std::uint32_t& pixel : strip.pixels) {
+        pixel = pixel == 0 ? 0xFF010203 : pixel;
+    }
+    EXPECT_EQ(stripColours(strip).ink, (Colour{0xAA, 0xBB, 0xCC}));
+    EXPECT_EQ(stripColours(strip).ground, (Colour{1, 2, 3}));
+}
+
+TEST(GlyphText, aStripWithoutInkIsReadAsWhite) {
+    EXPECT_EQ(stripColours({}).ink, (Colour{255, 255, 255}));
+    EXPECT_EQ(stripColours({2, 2, std::vector<std::uint32_t>(4, 0)}).ground, std::nullopt);
+}
+
 TEST(GlyphText, drawsGlyphAfterGlyph) {
     cMemDC surface;
     surface.Init(20, 10);

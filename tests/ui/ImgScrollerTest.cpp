@@ -47,6 +47,17 @@ TEST_F(ImgScrollerTest, aNewTextBeginsAnewWithAFullInterval) {
     EXPECT_THAT(drawn, ElementsAre(U"\u00F6***M"));
 }
 
+TEST_F(ImgScrollerTest, lettersWithMarksBecomePlainOnesBeforeTheyMove) {
+    scroller.setText("\u010Da\u00DF");
+    host.clock.advanceTo(600);
+    EXPECT_THAT(drawn, ElementsAre(U"cass***", U"ass***c", U"ss***ca", U"s***cas"));
+}
+
+TEST_F(ImgScrollerTest, otherAlphabetsMoveAsTheyAre) {
+    scroller.setText("\u0416\u010D");
+    EXPECT_EQ(drawn.back(), U"\u0416\u010D***");
+}
+
 TEST_F(ImgScrollerTest, anEmptyTextIsItsSeparator) {
     scroller.setText("");
     host.clock.advanceTo(600);

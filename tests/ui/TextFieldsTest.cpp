@@ -2,6 +2,7 @@
 #include "ui/TextFields.h"
 
 #include "StripPicture.h"
+#include "ui/GlyphText.h"
 
 #include <gmock/gmock.h>
 
@@ -86,6 +87,43 @@ TEST_F(TextFieldsTest, onlyWhatFitsCounts) {
     EXPECT_EQ(elements.get(MainElement::Stereo_img).picture, before);
     EXPECT_TRUE(fields.draw(MainElement::Stereo_img, 0, U"b", Strip::Bright));
     EXPECT_NE(elements.get(MainElement::Stereo_img).picture, before);
+}
+
+TEST_F(TextFieldsTest, lettersThatTheStripLacksAreDrawnAsPlainOnes) {
+    giveStrips();
+    fields.show(MainElement::shwchange, 0, "\u010C", Strip::Bright);
+    EXPECT_EQ(corner(MainElement::shwchange), stripPixel(10, 0, 1));
+    EXPECT_EQ(elements.get(MainElement::shwchange, 0).smallText, "");
+    EXPECT_EQ(elements.get(MainElement::shwchange, 0).caption, "\u010C");
+}
+
+TEST_F(TextFieldsTest, whatTheStripCannotDrawIsLeftToASmallFont) {
+    giveStrips();
+    fields.show(MainElement::shwchange, 0, "\u0416\u010D a", Strip::Bright);
+    const Element& element = elements.get(MainElement::shwchange, 0);
+    EXPECT_EQ(element.smallText, "\u0416\u010D a") << "the whole text as it is";
+    EXPECT_EQ(element.textColour, stripColours(test::strip(1)).ink);
+    EXPECT_EQ(element.backColour, stripColours(test::strip(1)).ground);
+    static_cast<void>(elements.takeChanges());
+    fields.show(MainElement::shwchange, 0, "\u0416\u010D a", Strip::Bright);
+    EXPECT_THAT(elements.takeChanges(), IsEmpty());
+    fields.show(MainElement::shwchange, 0, "c", Strip::Bright);
+    EXPECT_EQ(element.smallText, "");
+    EXPECT_EQ(corner(MainElement::shwchange), stripPixel(10, 0, 1));
+}
+
+TEST_F(TextFieldsTest, aTitleThatScrollsKeepsItsFontWhateverIsInSight) {
+    giveStrips();
+    EXPECT_TRUE(fields.draw(MainElement::songname, 0, std::u32string(400, U'a') + U'\u0416',
+                            Strip::Bright));
+    EXPECT_EQ(elements.get(MainElement::songname).smallText, std::string(150, 'a'));
+}
+
+TEST_F(TextFieldsTest, whatTheAlphabetLeavesOutLooksLikeTheFirstGlyph) {
+    giveStrips();
+    fields.show(MainElement::shwchange, 0, ";", Strip::Bright);
+    EXPECT_EQ(corner(MainElement::shwchange), stripPixel(0, 0, 1));
+    EXPECT_EQ(elements.get(MainElement::shwchange, 0).smallText, "");
 }
 
 TEST_F(TextFieldsTest, anotherStripDrawsAnew) {

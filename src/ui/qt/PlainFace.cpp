@@ -20,6 +20,12 @@ constexpr double kDisabledOpacity = 0.45;
 constexpr int kLighter = 118;
 constexpr int kDarker = 118;
 constexpr int kMark = 190;
+constexpr double kNarrowest = 0.6; ///< share of its width that a label's text keeps at least
+constexpr double kHair = 0.01;
+
+// Small words are as high as the glyphs of a strip, and their line has room for what hangs below.
+constexpr int kSmallTextPixels = 8;
+constexpr QPointF kSmallTextStart{1, 8};
 
 QRectF boxOf(const Element& element) {
     return {element.left, element.top, element.width, element.height};
@@ -36,6 +42,15 @@ void fillRounded(QPainter& painter, const QRectF& box, double radius, const QBru
     painter.setPen(Qt::NoPen);
     painter.setBrush(brush);
     painter.drawRoundedRect(box, radius, radius);
+}
+
+/// By what a label's words become narrower, so that all of them are read.
+double narrowingOf(const Element& element, double textWidth) {
+    if (element.kind != ElementKind::Label || textWidth <= element.width || textWidth <= 0) {
+        return 1;
+    }
+    // The last hair keeps rounding from cutting what just fits.
+    return std::max(kNarrowest, element.width / (textWidth + kHair));
 }
 
 void drawCaption(QPainter& painter, const Element& element, Qt::Alignment aligned) {
@@ -58,12 +73,17 @@ void drawCaption(QPainter& painter, const Element& element, Qt::Alignment aligne
         return;
     }
     const QFontMetricsF metrics(font);
+    const double narrowing = narrowingOf(element, metrics.horizontalAdvance(text));
     // One character is never replaced by dots: digits stand closer than their boxes are wide.
     const QString fitting =
-        text.size() > 1 ? metrics.elidedText(text, Qt::ElideRight, element.width) : text;
+        text.size() > 1 ? metrics.elidedText(text, Qt::ElideRight, element.width / narrowing)
+                        : text;
     const QRectF room = box.adjusted(0, -kPlainOverflow, 0, kPlainOverflow);
     painter.setClipRect(room.adjusted(-1, 0, kPlainOverflow, 0), Qt::IntersectClip);
-    painter.drawText(room, alignment | Qt::TextSingleLine, fitting);
+    painter.translate(room.topLeft());
+    painter.scale(narrowing, 1);
+    painter.drawText(QRectF(0, 0, room.width() / narrowing, room.height()),
+                     alignment | Qt::TextSingleLine, fitting);
 }
 
 void drawPanel(QPainter& painter, const Element& element, bool ground) {
@@ -135,6 +155,21 @@ void drawPlain(QPainter& painter, const Element& element, PlainState state) {
                     Qt::AlignLeft | (element.wraps ? Qt::AlignTop : Qt::AlignVCenter));
         break;
     }
+    painter.restore();
+}
+
+void drawSmallText(QPainter& painter, const Element& element) {
+    painter.save();
+    const QRectF box = boxOf(element);
+    painter.setClipRect(box, Qt::IntersectClip);
+    if (element.backColour) {
+        painter.fillRect(box, qtColour(*element.backColour));
+    }
+    QFont font = painter.font();
+    font.setPixelSize(kSmallTextPixels);
+    painter.setFont(font);
+    painter.setPen(qtColour(element.textColour));
+    painter.drawText(box.topLeft() + kSmallTextStart, displayString(element.smallText));
     painter.restore();
 }
 

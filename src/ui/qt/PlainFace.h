@@ -21,6 +21,9 @@ struct PlainState {
 /// Draws the record in skin pixels of the window, whatever its visibility says.
 void drawPlain(QPainter& painter, const Element& element, PlainState state);
 
+/// Draws the record's small words, at any scale in the size of the display's glyphs.
+void drawSmallText(QPainter& painter, const Element& element);
+
 /// Draws a slider's bar into `bar`, in skin pixels of the window.
 void drawPlainSliderBar(QPainter& painter, const Element& element, const Box& bar);
 

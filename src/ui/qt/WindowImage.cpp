@@ -65,7 +65,9 @@ const QImage& WindowImage::compose(std::optional<std::size_t> hovered) {
 
 void WindowImage::drawElement(QPainter& painter, std::size_t slot, bool hovered) const {
     const Element& element = elements_.at(slot);
-    if (const PixelImage* const image = pictures_.find(element.picture); image != nullptr) {
+    if (!element.smallText.empty()) {
+        drawSmallText(painter, element);
+    } else if (const PixelImage* const image = pictures_.find(element.picture); image != nullptr) {
         drawPicture(painter, *image, element.box());
     } else {
         drawPlain(painter, element, {.ground = slot == 0, .hovered = hovered});

@@ -80,6 +80,52 @@ TEST_F(WindowImageTest, wordsAreDrawnInTheSizeOfTheImage) {
     EXPECT_NE(large, blown);
 }
 
+TEST_F(WindowImageTest, smallWordsStandInPlaceOfThePictureAtEveryScale) {
+    Element& lamp = table.touch(Small::lamp, 0);
+    lamp.left = 100;
+    lamp.width = 40;
+    lamp.height = 10;
+    lamp.picture = pictures.add({40, 10, std::vector<std::uint32_t>(400, 0xFFFF0000)});
+    lamp.smallText = "\u0416\u0443\u043A";
+    lamp.textColour = {255, 255, 255};
+    lamp.backColour = Colour{0, 0, 0};
+    table.touch(Small::ground).picture =
+        pictures.add({200, 100, std::vector<std::uint32_t>(20000, 0xFF00FF00)});
+    for (const int factor : {1, 2, 3}) {
+        image.setFactor(factor);
+        const QImage& shown = composed();
+        int ink = 0;
+        for (int y = 70 * factor; y < 80 * factor; ++y) {
+            for (int x = 100 * factor; x < 140 * factor; ++x) {
+                const QColor seen = shown.pixelColor(x, y);
+                ink += seen.lightness() > 160 ? 1 : 0;
+                ASSERT_EQ(seen.hsvSaturation() > 200 && seen.value() > 100, false)
+                    << "neither picture nor ground, " << x << "," << y;
+            }
+        }
+        EXPECT_GT(ink, 10 * factor * factor);
+        EXPECT_EQ(shown.pixel(100 * factor, 69 * factor), 0xFF00FF00) << "they stay in their box";
+        EXPECT_EQ(shown.pixel(100 * factor, 80 * factor), 0xFF00FF00);
+    }
+}
+
+TEST_F(WindowImageTest, aLabelShowsAllOfItsWords) {
+    Element& label = table.touch(Small::title);
+    label.left = 10;
+    label.width = 118;
+    label.textColour = {255, 255, 255};
+    const auto rightHalf = [&](const std::string& caption) {
+        table.touch(Small::title).caption = caption;
+        return composed().copy(10 + 59, 5, 59 + 4, 25);
+    };
+    // The widest letter there is: with dots in their place the last ones would make no difference.
+    const std::string most(16, 'W');
+    EXPECT_NE(rightHalf(most + "W"), rightHalf(most + "i"));
+    EXPECT_NE(rightHalf(std::string(60, 'W')), rightHalf(most + "W"));
+    EXPECT_EQ(rightHalf(std::string(60, 'W')), rightHalf(std::string(60, 'W') + "i"))
+        << "there is an end to it";
+}
+
 TEST_F(WindowImageTest, holesOfThePicturesAreTransparent) {
     PixelImage ground{200, 100, std::vector<std::uint32_t>(20000, 0xFF102030)};
     ground.pixels[0] = 0;
