@@ -8,20 +8,22 @@
 
 namespace tovik::player {
 
-/// The colours of all three lists.
+/// The colours of all three lists. Words stand out from what is behind them by 4.5 at least.
 inline constexpr ui::ListColours kListColours{
     .BackgroundColor = {255, 255, 255},
     .BackgroundTimeColor = ui::Colour{102, 102, 153},
     .TitleTextColor = {20, 50, 75},
     .TimeTextColor = {255, 255, 255},
     .SelectedTitleTextColor = {0, 0, 0},
-    .SelectedTimeTextColor = {255, 255, 255},
+    .SelectedTimeTextColor = {0, 0, 0},
     .PlayedTitleTextColor = {0, 0, 0},
-    .PlayedTimeTextColor = {255, 255, 255},
+    .PlayedTimeTextColor = {0, 0, 0},
     .SelectedTitleBackColor = ui::Colour{198, 207, 222},
     .SelectedTimeBackColor = ui::Colour{198, 207, 222},
+    .PlayedTitleBackColor = ui::Colour{255, 214, 140},
+    .PlayedTimeBackColor = ui::Colour{255, 166, 31},
     .SelectedBorderColor = ui::Colour{102, 102, 153},
-    .PlayedBorderColor = ui::Colour{102, 102, 153},
+    .PlayedBorderColor = ui::Colour{184, 98, 0},
 };
 
 class ListRows final : public ui::ListModel, public ui::ListInput {

@@ -20,10 +20,43 @@ struct ListColours {
     Colour PlayedTimeTextColor;
     std::optional<Colour> SelectedTitleBackColor;
     std::optional<Colour> SelectedTimeBackColor;
-    std::optional<Colour> SelectedBorderColor; ///< above and below a run of selected rows
-    std::optional<Colour> PlayedBorderColor;   ///< around the row that plays
+    std::optional<Colour> PlayedTitleBackColor; ///< behind the title the selected one wins
+    std::optional<Colour> PlayedTimeBackColor;  ///< behind the time it wins over the selected one
+    std::optional<Colour> SelectedBorderColor;  ///< above and below a run of selected rows
+    std::optional<Colour> PlayedBorderColor;    ///< around the row that plays
 
     friend bool operator==(const ListColours&, const ListColours&) = default;
 };
+
+/// The colours of one row.
+struct RowColours {
+    Colour titleText;
+    Colour titleBack;
+    Colour timeText;
+    Colour timeBack;
+};
+
+[[nodiscard]] constexpr RowColours rowColours(const ListColours& of, bool selected, bool played) {
+    const Colour column = of.BackgroundTimeColor.value_or(of.BackgroundColor);
+    RowColours row{.titleText = of.TitleTextColor,
+                   .titleBack = of.BackgroundColor,
+                   .timeText = of.TimeTextColor,
+                   .timeBack = column};
+    if (selected) {
+        row = {.titleText = of.SelectedTitleTextColor,
+               .titleBack = of.SelectedTitleBackColor.value_or(row.titleBack),
+               .timeText = of.SelectedTimeTextColor,
+               .timeBack = of.SelectedTimeBackColor.value_or(row.timeBack)};
+    }
+    // A selected row that plays shows both: the one behind its title, the other behind its time.
+    if (played) {
+        row = {.titleText = of.PlayedTitleTextColor,
+               .titleBack =
+                   selected ? row.titleBack : of.PlayedTitleBackColor.value_or(row.titleBack),
+               .timeText = of.PlayedTimeTextColor,
+               .timeBack = of.PlayedTimeBackColor.value_or(row.timeBack)};
+    }
+    return row;
+}
 
 } // namespace tovik::ui

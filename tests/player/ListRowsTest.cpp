@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/ListRows.h"
 
+#include "support/ui/Contrast.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -50,6 +52,25 @@ TEST_F(ListRowsTest, aRowShowsItsNumberItsTitleAndItsTime) {
     EXPECT_EQ(rows_.text(4), "Five");
     EXPECT_EQ(rows_.timeText(4), "01:05");
     EXPECT_EQ(rows_.current(), std::nullopt);
+}
+
+TEST(ListColours, allWordsStandOutFromWhatIsBehindThem) {
+    const std::vector<ui::test::ColourPair> pairs = ui::test::pairsOf(player::kListColours);
+    ASSERT_EQ(pairs.size(), 8U);
+    for (const ui::test::ColourPair& pair : pairs) {
+        EXPECT_GE(ui::test::contrast(pair.text, pair.back), 4.5) << pair.what;
+    }
+}
+
+TEST(ListColours, theRowThatPlaysIsSeenAtAGlance) {
+    // Another hue than all other rows: warm, where they are grey, blue or white.
+    const auto warmth = [](ui::Colour colour) { return colour.red - colour.blue; };
+    for (const bool selected : {false, true}) {
+        const ui::RowColours played = ui::rowColours(player::kListColours, selected, true);
+        const ui::RowColours other = ui::rowColours(player::kListColours, selected, false);
+        EXPECT_GT(warmth(played.timeBack), warmth(other.timeBack) + 150) << selected;
+    }
+    EXPECT_GT(warmth(ui::rowColours(player::kListColours, false, true).titleBack), 100);
 }
 
 TEST_F(ListRowsTest, aPressSelectsOneRowShiftARangeAndCtrlOneMoreOrLess) {

@@ -23,13 +23,11 @@ void ListPainter::drawGround(QPainter& painter, const QRect& part, int viewWidth
 void ListPainter::drawRow(QPainter& painter, std::size_t row, const QRect& place) const {
     const bool selected = model_.selected(row);
     const bool played = model_.marked(row);
-    drawBack(painter, row, place);
-
-    const auto choose = [&](Colour plain, Colour ofSelected, Colour ofPlayed) {
-        return qtColour(played ? ofPlayed : selected ? ofSelected : plain);
-    };
-    painter.setPen(choose(colours_.TitleTextColor, colours_.SelectedTitleTextColor,
-                          colours_.PlayedTitleTextColor));
+    const RowColours colours = rowColours(colours_, selected, played);
+    if (selected || played) {
+        drawBack(painter, row, place, colours);
+    }
+    painter.setPen(qtColour(colours.titleText));
     constexpr int kFlags = Qt::AlignVCenter | Qt::TextSingleLine;
     const QRect title = titlePlace(row, place);
     if (const int number = numberWidth(row); number > 0) {
@@ -40,8 +38,7 @@ void ListPainter::drawRow(QPainter& painter, std::size_t row, const QRect& place
         title, kFlags | Qt::AlignLeft,
         metrics_.elidedText(displayString(model_.text(row)), Qt::ElideRight, title.width()));
     if (timeWidth_ > 0) {
-        painter.setPen(choose(colours_.TimeTextColor, colours_.SelectedTimeTextColor,
-                              colours_.PlayedTimeTextColor));
+        painter.setPen(qtColour(colours.timeText));
         painter.drawText(timePlace(place).adjusted(0, 0, -kTimeMargin, 0), kFlags | Qt::AlignRight,
                          displayString(model_.timeText(row)));
     }
@@ -51,19 +48,12 @@ void ListPainter::drawRow(QPainter& painter, std::size_t row, const QRect& place
     }
 }
 
-void ListPainter::drawBack(QPainter& painter, std::size_t row, const QRect& place) const {
-    if (!model_.selected(row)) {
-        return;
-    }
+void ListPainter::drawBack(QPainter& painter, std::size_t row, const QRect& place,
+                           const RowColours& colours) const {
     const QRect time = timePlace(place);
-    if (colours_.SelectedTitleBackColor) {
-        painter.fillRect(place.adjusted(0, 0, -time.width(), 0),
-                         qtColour(*colours_.SelectedTitleBackColor));
-    }
-    if (colours_.SelectedTimeBackColor) {
-        painter.fillRect(time, qtColour(*colours_.SelectedTimeBackColor));
-    }
-    if (colours_.SelectedBorderColor) {
+    painter.fillRect(place.adjusted(0, 0, -time.width(), 0), qtColour(colours.titleBack));
+    painter.fillRect(time, qtColour(colours.timeBack));
+    if (model_.selected(row) && colours_.SelectedBorderColor) {
         // Rows that follow each other look like one block.
         painter.setPen(qtColour(*colours_.SelectedBorderColor));
         if (row == 0 || !model_.selected(row - 1)) {

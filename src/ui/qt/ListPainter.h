@@ -28,7 +28,8 @@ public:
     [[nodiscard]] bool overruns(std::size_t row, int width) const;
 
 private:
-    void drawBack(QPainter& painter, std::size_t row, const QRect& place) const;
+    void drawBack(QPainter& painter, std::size_t row, const QRect& place,
+                  const RowColours& colours) const;
     [[nodiscard]] int numberWidth(std::size_t row) const;
     [[nodiscard]] QRect titlePlace(std::size_t row, const QRect& place) const;
     [[nodiscard]] QRect timePlace(const QRect& place) const;

@@ -21,7 +21,7 @@ constexpr int kRowPadding = 2;
 constexpr int kTimeColumn = 30; ///< at the usual size of the font
 constexpr int kTimePadding = 6;
 constexpr int kSoonMs = 50;
-constexpr QRgb kSelected = 0xFF595FA0;
+constexpr QRgb kSelected = 0xFF404582;
 constexpr Colour kMarked{255, 180, 60};
 
 /// A slim bar that goes with any back colour.
@@ -102,6 +102,8 @@ ListColours ListWidget::coloursOfPalette() const {
             .PlayedTimeTextColor = kMarked,
             .SelectedTitleBackColor = colourOf(QPalette::Highlight),
             .SelectedTimeBackColor = colourOf(QPalette::Highlight),
+            .PlayedTitleBackColor = std::nullopt,
+            .PlayedTimeBackColor = std::nullopt,
             .SelectedBorderColor = std::nullopt,
             .PlayedBorderColor = std::nullopt};
 }
@@ -151,12 +153,11 @@ void ListWidget::scrollToRow(std::size_t row) {
         return;
     }
     fitScrollBar();
-    const QRect place = placeOf(row);
-    QScrollBar* const bar = verticalScrollBar();
-    if (place.top() < 0) {
-        bar->setValue(bar->value() + place.top());
-    } else if (place.bottom() >= viewport()->height()) {
-        bar->setValue(bar->value() + place.bottom() + 1 - viewport()->height());
+    const auto shown = static_cast<std::size_t>(wholeRows());
+    if (row < firstRow()) {
+        verticalScrollBar()->setValue(static_cast<int>(row) * rowHeight());
+    } else if (row >= firstRow() + shown) {
+        verticalScrollBar()->setValue(static_cast<int>(row + 1 - shown) * rowHeight());
     }
 }
 
@@ -173,11 +174,10 @@ void ListWidget::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     const ListPainter rowPainter = painterOfRows();
     rowPainter.drawGround(painter, event->rect(), viewport()->width());
-    const std::size_t rows = model_.rows();
-    const int height = rowHeight();
-    const int scrolled = verticalScrollBar()->value();
-    auto row = static_cast<std::size_t>((scrolled + event->rect().top()) / height);
-    for (; row < rows; ++row) {
+    const std::size_t first = firstRow();
+    const std::size_t end = std::min(model_.rows(), first + static_cast<std::size_t>(wholeRows()));
+    auto row = first + static_cast<std::size_t>(event->rect().top() / rowHeight());
+    for (; row < end; ++row) {
         const QRect place = placeOf(row);
         if (place.top() > event->rect().bottom()) {
             break;
@@ -226,27 +226,35 @@ bool ListWidget::viewportEvent(QEvent* event) {
 }
 
 void ListWidget::fitScrollBar() {
-    const int visible = viewport()->height();
-    const int height = rowHeight();
-    const auto all = static_cast<int>(model_.rows()) * height;
+    const int visible = wholeRows() * rowHeight();
+    const auto all = static_cast<int>(model_.rows()) * rowHeight();
     QScrollBar* const bar = verticalScrollBar();
-    bar->setSingleStep(height);
+    bar->setSingleStep(rowHeight());
     bar->setPageStep(visible);
     bar->setRange(0, std::max(0, all - visible));
 }
 
+int ListWidget::wholeRows() const {
+    return std::max(1, viewport()->height() / rowHeight());
+}
+
+/// A thumb that is dragged stands between two rows: the nearer one is the first.
+std::size_t ListWidget::firstRow() const {
+    const int height = rowHeight();
+    return static_cast<std::size_t>((verticalScrollBar()->value() + height / 2) / height);
+}
+
 std::optional<std::size_t> ListWidget::rowAt(int y) const {
-    const int inside = y + verticalScrollBar()->value();
-    if (inside < 0) {
+    if (y < 0 || y >= wholeRows() * rowHeight()) {
         return std::nullopt;
     }
-    const auto row = static_cast<std::size_t>(inside / rowHeight());
+    const std::size_t row = firstRow() + static_cast<std::size_t>(y / rowHeight());
     return row < model_.rows() ? std::optional(row) : std::nullopt;
 }
 
 QRect ListWidget::placeOf(std::size_t row) const {
     const int height = rowHeight();
-    return {0, static_cast<int>(row) * height - verticalScrollBar()->value(), viewport()->width(),
+    return {0, (static_cast<int>(row) - static_cast<int>(firstRow())) * height, viewport()->width(),
             height};
 }
 

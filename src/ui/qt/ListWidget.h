@@ -15,14 +15,17 @@
 
 namespace tovik::ui {
 
-/// Without colours of its own it takes `Base`, `Text` and `Highlight` of the palette. Keys that it
-/// does not use go on to the window.
+/// Rows are shown whole or not at all. Without colours of its own it takes `Base`, `Text` and
+/// `Highlight` of the palette. Keys that it does not use go on to the window.
 class ListWidget final : public QAbstractScrollArea {
 public:
     /// All three must outlive the widget.
     ListWidget(const ListModel& model, ListInput& input, const host::Dispatcher& dispatcher);
 
     void setColours(const ListColours& colours);
+
+    /// Those in force.
+    [[nodiscard]] const ListColours& colours() const { return colours_; }
 
     /// Gives the list a column for the times, right of the texts.
     void showTimes();
@@ -72,6 +75,9 @@ private:
     void choose(std::size_t row, Modifiers modifiers);
     /// Runs a call on the logic and shows what it did.
     void call(const std::function<void()>& operation);
+    /// How many rows fit; what is left over below them stays empty.
+    [[nodiscard]] int wholeRows() const;
+    [[nodiscard]] std::size_t firstRow() const;
     [[nodiscard]] std::optional<std::size_t> rowAt(int y) const;
     [[nodiscard]] QRect placeOf(std::size_t row) const;
 

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Colours, columns and the scroll bar of a list.
+#include "support/ui/Contrast.h"
+#include "ui/MainRows.h"
 #include "ui/qt/ListWidget.h"
 #include "WindowRig.h"
 
@@ -24,6 +26,8 @@ constexpr ListColours kColours{
     .PlayedTimeTextColor = {255, 0, 255},
     .SelectedTitleBackColor = Colour{3, 0, 0},
     .SelectedTimeBackColor = Colour{4, 0, 0},
+    .PlayedTitleBackColor = Colour{7, 0, 0},
+    .PlayedTimeBackColor = Colour{8, 0, 0},
     .SelectedBorderColor = Colour{5, 0, 0},
     .PlayedBorderColor = Colour{6, 0, 0},
 };
@@ -106,6 +110,7 @@ TEST_F(ListLookTest, eachPartOfARowHasItsColour) {
     };
     EXPECT_EQ(backs(0), std::pair(1, 2));
     EXPECT_EQ(backs(1), std::pair(3, 4));
+    EXPECT_EQ(backs(3), std::pair(7, 8));
     const int column = kWidth - 30;
     EXPECT_TRUE(hasInk(0, {255, 0, 0}, 0, column));
     EXPECT_TRUE(hasInk(0, {0, 255, 0}, column - 20, kWidth));
@@ -138,8 +143,22 @@ TEST_F(ListLookTest, theRowThatPlaysHasABorderAllAround) {
 
 TEST_F(ListLookTest, theRowThatPlaysIsToldAlsoWhileItIsSelected) {
     rows_.chosen = {3};
+    const QImage image = shown();
+    EXPECT_EQ(image.pixelColor(1, top(3) + 2).red(), 3) << "it is selected";
+    EXPECT_EQ(image.pixelColor(kInTime, top(3) + 2).red(), 8) << "it plays";
     EXPECT_TRUE(hasInk(3, {0, 255, 255}, 0, kWidth / 2));
     EXPECT_FALSE(hasInk(3, {0, 0, 255}, 0, kWidth / 2));
+}
+
+TEST_F(ListLookTest, withoutColoursOfItsOwnAllWordsStandOutFromWhatIsBehindThem) {
+    ListWidget plain(rows_, rows_, dispatcher_);
+    QPalette palette = plain.palette();
+    palette.setColor(QPalette::Base, QColor(rows::kInk.red, rows::kInk.green, rows::kInk.blue));
+    palette.setColor(QPalette::Text, Qt::white);
+    plain.setPalette(palette);
+    for (const test::ColourPair& pair : test::pairsOf(plain.colours())) {
+        EXPECT_GE(test::contrast(pair.text, pair.back), 4.5) << pair.what;
+    }
 }
 
 TEST_F(ListLookTest, anEmptyListHasNoColumn) {

@@ -78,7 +78,7 @@ protected:
     }
 
     [[nodiscard]] std::size_t mostVisible() const {
-        return static_cast<std::size_t>(kHeight / list_.rowHeight()) + 2;
+        return static_cast<std::size_t>(kHeight / list_.rowHeight());
     }
 };
 
@@ -104,7 +104,7 @@ TEST_F(ListWidgetTest, scrollsThroughTheWholeListByAskingForItsPagesOnly) {
         asked += rows_.asked.size();
     }
     EXPECT_LE(asked, (kStops + 1) * mostVisible());
-    EXPECT_GE(asked, kStops * (mostVisible() - 3));
+    EXPECT_GE(asked, kStops * (mostVisible() - 1));
 }
 
 TEST_F(ListWidgetTest, pressesSelectAndDoubleClicksActivate) {
@@ -192,7 +192,7 @@ TEST_F(ListWidgetTest, scrollingToARowMovesAsLittleAsNeeded) {
     list_.scrollToRow(1);
     EXPECT_EQ(list_.verticalScrollBar()->value(), 0);
     list_.scrollToRow(50'000);
-    const int bottom = 50'001 * list_.rowHeight() - list_.viewport()->height();
+    const int bottom = (50'001 - static_cast<int>(mostVisible())) * list_.rowHeight();
     EXPECT_EQ(list_.verticalScrollBar()->value(), bottom);
     list_.scrollToRow(49'999);
     EXPECT_EQ(list_.verticalScrollBar()->value(), bottom);
@@ -206,8 +206,44 @@ TEST_F(ListWidgetTest, aRowThatIsAskedForWhileTheListIsHiddenIsSeenOnceItShows) 
     list_.resize(160, 2 * kHeight);
     list_.show();
     EXPECT_EQ(list_.verticalScrollBar()->value(),
-              50'001 * list_.rowHeight() - list_.viewport()->height());
+              (50'001 - 2 * kHeight / list_.rowHeight()) * list_.rowHeight());
     EXPECT_EQ(list_.viewport()->height(), 2 * kHeight);
+}
+
+TEST_F(ListWidgetTest, theLastRowInSightIsWholeOrAbsent) {
+    const int rows = static_cast<int>(mostVisible());
+    const int below = rows * list_.rowHeight();
+    QScrollBar& bar = *list_.verticalScrollBar();
+    for (const int value : {0, 3, list_.rowHeight() - 1, 777, bar.maximum() - 1, bar.maximum()}) {
+        for (const int over : {0, 1, list_.rowHeight() - 1}) {
+            list_.resize(160, below + over);
+            test::WindowRig::settle();
+            bar.setValue(value);
+            rows_.asked.clear();
+            const QImage shown = list_.grab().toImage();
+            ASSERT_EQ(rows_.asked.size(), mostVisible()) << value << "+" << over;
+            EXPECT_EQ(*rows_.asked.rbegin() - *rows_.asked.begin() + 1, mostVisible());
+            const QColor ground = list_.palette().color(QPalette::Base);
+            for (int y = below; y < below + over; ++y) {
+                for (int x = 0; x < 100; ++x) {
+                    ASSERT_EQ(shown.pixelColor(x, y), ground) << x << "," << y;
+                }
+            }
+        }
+    }
+    EXPECT_EQ(*rows_.asked.rbegin(), rows_.count - 1) << "the end is reached";
+    rows_.calls.clear();
+    QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, QPoint(20, below + 3));
+    EXPECT_TRUE(rows_.calls.empty());
+}
+
+TEST_F(ListWidgetTest, aPressBetweenTwoStopsOfTheBarChoosesTheRowThatIsSeen) {
+    list_.verticalScrollBar()->setValue(7 * list_.rowHeight() - 2);
+    rows_.asked.clear();
+    static_cast<void>(list_.grab());
+    EXPECT_EQ(*rows_.asked.begin(), 7U);
+    QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, QPoint(20, 1));
+    EXPECT_THAT(rows_.calls, ElementsAre("select 7"));
 }
 
 TEST_F(ListWidgetTest, rowsThatComeOneByOneArePaintedTogether) {
@@ -234,7 +270,8 @@ TEST_F(ListWidgetTest, rowsThatComeOneByOneArePaintedTogether) {
     }
     EXPECT_LE(counter.paints, time.elapsed() / kSoonMs + 1);
     const auto all = static_cast<int>(rows_.count) * list_.rowHeight();
-    const auto allShown = [&] { return list_.verticalScrollBar()->maximum() == all - kHeight; };
+    const int visible = static_cast<int>(mostVisible()) * list_.rowHeight();
+    const auto allShown = [&] { return list_.verticalScrollBar()->maximum() == all - visible; };
     EXPECT_TRUE(QTest::qWaitFor(allShown));
     EXPECT_GT(list_.verticalScrollBar()->maximum(), before);
 }
