@@ -31,7 +31,7 @@ void VolumeBar::setTo(double y) {
     volume_.readMode();
     const double height = elements_.get(MainElement::volbar).height;
     elements_.touch(MainElement::volbarIMG).height = std::clamp(y + ui::kPointerWidth, 0.0, height);
-    state_.CurrentVolume = base::toInt16(std::clamp(base::divide(y, height / kAll), 0.0, kAll));
+    state_.CurrentVolume = base::toInt16(std::clamp(base::divide(y * kAll, height - 1), 0.0, kAll));
     volume_.apply();
     showText();
 }

@@ -23,7 +23,7 @@ public:
     static constexpr std::int16_t kWheelPercent = 5;
 
     /// A press on the bar or on its fill, `y` skin pixels below the bar's top edge: the volume is
-    /// what lies above.
+    /// what lies above; the bar's last pixel is all of it.
     void volbar_MouseDown(double y);
 
     /// The same for the pointer that moves with its left button held.

@@ -177,5 +177,25 @@ TEST_F(PositionBar, theClockGoesOnWhenTheTrackWasStoppedDuringTheDrag) {
     EXPECT_THAT(sound_.calls, Not(Contains(StartsWith("BASS_ChannelSetPosition"))));
 }
 
+TEST_F(PositionBar, aDragIsOverWithItsRelease) {
+    play(100);
+    for (const bool stopped : {false, true}) {
+        bar_.Posbar_MouseDown(10);
+        bar_.Posbar_MouseMove(20);
+        if (stopped) {
+            transport_.Stop_play();
+        }
+        bar_.Posbar_MouseUp(20);
+        transport_.Stop_play();
+        Timer3_->setEnabled(false);
+        focus_.focusTaken = 0;
+        // A release without a drag: nothing plays, and the clock stays as it is.
+        bar_.Posbar_MouseUp(20);
+        EXPECT_FALSE(Timer3_->enabled()) << stopped;
+        EXPECT_EQ(focus_.focusTaken, 0) << stopped;
+        play(100);
+    }
+}
+
 } // namespace
 } // namespace tovik::test

@@ -19,7 +19,7 @@ protected:
     VolumeBar() {
         state_.PrimaryChannel = 11;
         state_.CrossfadeLeg = 2;
-        elements_.touch(MainElement::volbar).height = 200;
+        elements_.touch(MainElement::volbar).height = 201; // half a percent a pixel
     }
 
     [[nodiscard]] double fill() const { return elements_.get(MainElement::volbarIMG).height; }
@@ -58,7 +58,21 @@ TEST_F(VolumeBar, beyondTheEndsItIsHeld) {
     EXPECT_EQ(fill(), 0);
     volumeBar_.volbar_MouseMove(900);
     EXPECT_EQ(state_.CurrentVolume, 100);
-    EXPECT_EQ(fill(), 200);
+    EXPECT_EQ(fill(), 201);
+}
+
+TEST_F(VolumeBar, aClickOnTheLastPixelIsAll) {
+    volumeBar_.volbar_MouseDown(199);
+    EXPECT_EQ(state_.CurrentVolume, 100) << "99.5, to the even percent";
+    volumeBar_.volbar_MouseDown(0);
+    EXPECT_EQ(state_.CurrentVolume, 0);
+    volumeBar_.volbar_MouseDown(200);
+    EXPECT_EQ(state_.CurrentVolume, 100);
+    for (const double height : {24.0, 100.0}) {
+        elements_.touch(MainElement::volbar).height = height;
+        volumeBar_.volbar_MouseDown(height - 1);
+        EXPECT_EQ(state_.CurrentVolume, 100) << height;
+    }
 }
 
 TEST_F(VolumeBar, withoutALegOnlyTheFigureChanges) {
@@ -80,7 +94,7 @@ TEST_F(VolumeBar, aPressThatFailsIsLoggedAndTold) {
 TEST_F(VolumeBar, changeVolumeMovesTheFillToTheVolume) {
     volumeBar_.change_volume(85, -1);
     EXPECT_EQ(state_.CurrentVolume, 85);
-    EXPECT_DOUBLE_EQ(fill(), 170);
+    EXPECT_DOUBLE_EQ(fill(), 0.85 * 201);
     EXPECT_EQ(view_.last.volumeText, "Volume 85%");
     EXPECT_THAT(sound_.calls, ElementsAre("BASS_ChannelSetAttributes(11, -1, 85, 0)"));
     volumeBar_.change_volume(130, -1);
@@ -106,10 +120,21 @@ TEST_F(VolumeBar, partsOfANotchAddUp) {
     EXPECT_EQ(state_.CurrentVolume, 80);
     volumeBar_.turn(0.75);
     EXPECT_EQ(state_.CurrentVolume, 85);
+    volumeBar_.turn(0.75); // the quarter that was left makes it whole
+    EXPECT_EQ(state_.CurrentVolume, 90);
     volumeBar_.turn(-0.25);
+    EXPECT_EQ(state_.CurrentVolume, 90);
+    volumeBar_.turn(-0.75);
     EXPECT_EQ(state_.CurrentVolume, 85);
-    volumeBar_.turn(-1);
-    EXPECT_EQ(state_.CurrentVolume, 80);
+}
+
+TEST_F(VolumeBar, wholeNotchesLeaveThePartThatIsOver) {
+    volumeBar_.turn(1.75);
+    EXPECT_EQ(state_.CurrentVolume, 85);
+    volumeBar_.turn(0.25);
+    EXPECT_EQ(state_.CurrentVolume, 90);
+    volumeBar_.turn(0.75);
+    EXPECT_EQ(state_.CurrentVolume, 90);
 }
 
 TEST_F(VolumeBar, theWordsTakeTheFigureWhereTheCaptionWantsIt) {
