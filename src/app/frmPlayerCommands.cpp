@@ -32,7 +32,11 @@ void frmPlayer::bindPlaying() {
     commands_.bind(CommandId::startOfList, [this] { playItem(0); });
     commands_.bind(CommandId::endOfList, [this] { playItem(List1_.ListCount() - 1); });
     commands_.bind(CommandId::stopAfterCurrent,
-                   {.run = [this] { state_.StopAfterCurrent = !state_.StopAfterCurrent; },
+                   {.run =
+                        [this] {
+                            state_.StopAfterCurrent = !state_.StopAfterCurrent;
+                            display_.showStopNote(state_.StopAfterCurrent);
+                        },
                     .checked = [this] { return state_.StopAfterCurrent; }});
 }
 

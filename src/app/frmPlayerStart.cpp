@@ -243,12 +243,14 @@ void frmPlayer::loadLanguage() {
     language_.Load_Main_Win_LNG();
     language_.Load_Menus_Lng();
     playback_.volumeBar.showText();
+    display_.showStopNote(state_.StopAfterCurrent);
 }
 
 void frmPlayer::changeLanguage() {
     language_.Language_File(settings_.getSetting("CLNG"));
     language_.loadAttached();
     playback_.volumeBar.showText();
+    display_.showStopNote(state_.StopAfterCurrent);
 }
 
 void frmPlayer::makeKnown() {

@@ -58,9 +58,14 @@ constexpr Row tip(S section, int item, std::string_view element, int index = 0, 
     return put(section, item, element, K::Tooltip, index, count);
 }
 
+/// An element of the main window that has its words from another window's section.
+constexpr Row inMain(S section, int item, std::string_view element, K kind) {
+    return {section, item, 1, W::frmPlayer, element, 0, kind};
+}
+
 /// A tab of the main window, named by the menu.
 constexpr Row tab(int item, std::string_view element) {
-    return {S::MainMenu, item, 1, W::frmPlayer, element, 0, K::Tooltip};
+    return inMain(S::MainMenu, item, element, K::Tooltip);
 }
 
 } // namespace tovik::config::rows

@@ -86,6 +86,12 @@ void MainDisplay::showBalance(const NowPlaying& playing) {
                  playing.balanceHover ? playing.hoverText : playing.balanceText, ui::Strip::Bright);
 }
 
+void MainDisplay::showStopNote(bool stops) {
+    const std::string words = elements_.get(MainElement::stopNote).caption;
+    fields_.show(MainElement::stopNote, 0, words, ui::Strip::Bright);
+    elements_.touch(MainElement::stopNote).visible = stops && onMainPanel();
+}
+
 void MainDisplay::showFields(bool visible) {
     const bool shown = visible && onMainPanel();
     for (std::size_t i = 0; i < kTagFields; ++i) {

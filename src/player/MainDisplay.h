@@ -30,6 +30,9 @@ public:
     void showBalance(const NowPlaying& playing) override;
     void showFields(bool visible) override;
 
+    /// Says in the language's words, or no longer, that the player stops after this track.
+    void showStopNote(bool stops);
+
 private:
     void showDigit(std::size_t place, char digit);
 

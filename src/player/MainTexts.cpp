@@ -57,6 +57,17 @@ constexpr std::array kElements{
     Named{"ripbt", N::ripbt},
     Named{"irtbt", N::irtbt},
     Named{"prebt", N::prebt},
+    Named{"stopNote", N::stopNote},
+    Named{"posbar", N::posbar},
+    Named{"track", N::track},
+    Named{"volbar", N::volbar},
+    Named{"volbarIMG", N::volbarIMG},
+    Named{"balbar", N::balbar},
+    Named{"qpl_but", N::qpl_but},
+    Named{"EQ_off", N::EQ_off},
+    Named{"minmodeUP", N::minmodeUP},
+    Named{"srchIMG", N::srchIMG},
+    Named{"cmbCDDrives", N::cmbCDDrives},
 };
 
 void put(ui::Element& element, TextKind kind, std::string_view text) {

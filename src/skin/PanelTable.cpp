@@ -33,6 +33,7 @@ constexpr auto kRows = std::to_array<PanelRow>({
     {N::sldBT, onlyMain()},
     {N::cancelrip, {no, no, no, whileRipping, no}},
     {N::shwchange, onlyMain()},
+    {N::stopNote, onlyMain(whileStopping)},
     {N::List1, onlyMain()},
     {N::resetbt, kEqualizerOnly},
     {N::adddirIMG, kPlaylistOnly},

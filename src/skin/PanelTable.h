@@ -42,6 +42,7 @@ enum class Show : std::uint8_t {
     withRadio, ///< a station is the current source
     withoutRadio,
     countingDown,
+    whileStopping,  ///< after the track that plays
     whileRecording, ///< of a station
     whileNotRecording,
 };

@@ -103,6 +103,8 @@ bool Panels::shown(Show when, bool before) const {
         return !state_.RadioMode;
     case Show::countingDown:
         return state_.TimeDisplayMode != 0;
+    case Show::whileStopping:
+        return state_.StopAfterCurrent;
     case Show::whileRecording:
         return state_.StreamRecording;
     case Show::whileNotRecording:

@@ -67,6 +67,12 @@ constexpr auto kLayout = std::to_array<Place>({
      .box = {213, 120, 60, 10},
      .textHeight = 9,
      .textColour = kWhite},
+    {.name = N::stopNote,
+     .box = {145, 130, 132, 10},
+     .visible = false,
+     .textHeight = 9,
+     .caption = "Stop after current",
+     .textColour = kWhite},
     digit(0, 20, "-", false),
     digit(1, 32, "0", true),
     digit(2, 46.4, "0", true),
@@ -135,7 +141,7 @@ constexpr auto kLayout = std::to_array<Place>({
     control(N::musicSearchTxt, {320, 242, 130, 20}),
     control(N::cmbCDDrives, {110, 45, 342, 22}),
     // Not hidden, or it could not hold the focus; it draws nothing.
-    control(N::Text4, {0, 0, 1, 1}, true),
+    {.name = N::Text4, .kind = Control, .box = {0, 0, 1, 1}},
     // Transport.
     button(N::backupIMG, transport(28), kPrevious),
     pressed(N::backdownIMG, transport(28), kPrevious),

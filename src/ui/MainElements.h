@@ -29,6 +29,7 @@ enum class MainElement : std::uint16_t {
     Stereo_img,
     musicinfo_img,
     shwchange, ///< 2: volume and balance as words
+    stopNote,  ///< shown while the player is to stop after the track
     Shuffle,   ///< the four indicators, each with its dim twin
     ShuffleDown,
     loopImg,

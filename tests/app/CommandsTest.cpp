@@ -84,12 +84,30 @@ TEST_F(PlayerCommands, startAndEndOfTheList) {
 
 TEST_F(PlayerCommands, stopAfterCurrentFlips) {
     start();
+    const ui::Element& note = player().elements().get(MainElement::stopNote);
+    EXPECT_FALSE(note.visible);
     key('M', {.control = true});
     EXPECT_TRUE(player().state().StopAfterCurrent);
     EXPECT_TRUE(player().commands().checked(CommandId::stopAfterCurrent));
+    EXPECT_TRUE(note.visible);
+    EXPECT_EQ(note.caption, "Stop after current");
+    EXPECT_TRUE(note.picture) << "drawn with the glyphs of the display";
     key('M', {.control = true});
     EXPECT_FALSE(player().state().StopAfterCurrent);
     EXPECT_FALSE(player().commands().checked(CommandId::stopAfterCurrent));
+    EXPECT_FALSE(note.visible);
+}
+
+TEST_F(PlayerCommands, thatItStopsAfterTheTrackIsSeenOnTheMainPanelOnly) {
+    start();
+    const ui::Element& note = player().elements().get(MainElement::stopNote);
+    click(MainElement::plbt);
+    key('M', {.control = true});
+    EXPECT_FALSE(note.visible);
+    click(MainElement::mainbt);
+    EXPECT_TRUE(note.visible);
+    click(MainElement::plbt);
+    EXPECT_FALSE(note.visible);
 }
 
 TEST_F(PlayerCommands, playedAndLeftExcludeEachOther) {

@@ -2,6 +2,8 @@
 // The words of a language in the windows.
 #include "app/AppRig.h"
 
+#include <array>
+
 namespace tovik::test {
 namespace {
 
@@ -36,6 +38,92 @@ TEST_F(Language, theStartSpeaksEnglish) {
     EXPECT_EQ(player().menuTexts().caption("mnuplbitem1", 18), "Music search");
     EXPECT_NE(player().texts().publicText(), "");
     EXPECT_THAT(logged(), IsEmpty());
+}
+
+TEST_F(Language, whatHasWordsAndShowsNoneTellsThemUnderThePointer) {
+    struct Place {
+        const char* panel;
+        MainElement element;
+        const char* words;
+    };
+
+    static constexpr auto kPlaces = std::to_array<Place>({
+        {"10000", MainElement::Picture1, "Visualisation (right button: choose)"},
+        {"10000", MainElement::backupIMG, "Previous"},
+        {"10000", MainElement::playup, "Play"},
+        {"10000", MainElement::pauseup, "Pause"},
+        {"10000", MainElement::stopup, "Stop"},
+        {"10000", MainElement::nextup, "Next"},
+        {"10000", MainElement::fileup, "Open file"},
+        {"10000", MainElement::minon, "Minimise"},
+        {"10000", MainElement::closeup, "Close"},
+        {"10000", MainElement::Label2, "About Tovik (double click)"},
+        {"10000", MainElement::ShuffleBT, "Shuffle"},
+        {"10000", MainElement::LoopBT, "Repeat"},
+        {"10000", MainElement::CfdBT, "Crossfade"},
+        {"10000", MainElement::sldBT, "Silence Detection"},
+        {"10000", MainElement::timed, "Double click: elapsed or remaining time"},
+        {"10000", MainElement::posbar, "Position"},
+        {"10000", MainElement::track, "Position"},
+        {"10000", MainElement::volbar, "Volume"},
+        {"10000", MainElement::volbarIMG, "Volume"},
+        {"10000", MainElement::balbar, "Balance"},
+        {"10000", MainElement::qpl_but, "Quick playlist"},
+        {"10000", MainElement::mainbt, "Main"},
+        {"10000", MainElement::eqbt, "EQ"},
+        {"10000", MainElement::plbt, "Playlist"},
+        {"10000", MainElement::ripbt, "Audio CD Ripper"},
+        {"10000", MainElement::irtbt, "Internet Radio Tuner"},
+        {"10000", MainElement::prebt, "Preferences"},
+        {"01000", MainElement::EQ_on, "Switch the equalizer off"},
+        {"01000", MainElement::EQ_off, "EQ"},
+        {"01000", MainElement::presetbt, "Presets"},
+        {"01000", MainElement::resetbt, "Reset all bands"},
+        {"00100", MainElement::addfileIMG, "Add file"},
+        {"00100", MainElement::adddirIMG, "Add folder"},
+        {"00100", MainElement::addlocIMG, "Add location"},
+        {"00100", MainElement::delIMG, "Delete"},
+        {"00100", MainElement::clrIMG, "Clear list"},
+        {"00100", MainElement::loadImg, "Load playlist"},
+        {"00100", MainElement::SaveImg, "Save playlist"},
+        {"00100", MainElement::srchIMG, "Search"},
+        {"00100", MainElement::musicSearchTxt, "Search"},
+        {"00010", MainElement::cmbCDDrives, "CD drive"},
+        {"00010", MainElement::ripperbt, "Rip"},
+        {"00001", MainElement::Image1, "Play station"},
+    });
+    start();
+    ui::MainElements& elements = player().elements();
+    for (const Place& place : kPlaces) {
+        player().panels().Switch_Win(place.panel);
+        for (std::size_t i = 0; i < elements.count(place.element); ++i) {
+            const ui::Element& element = elements.get(place.element, i);
+            const ui::Box box = element.box();
+            if (!element.visible || box.width <= 0 || box.height <= 0) {
+                continue;
+            }
+            const auto slot =
+                elements.topmostAt(box.left + box.width / 2, box.top + box.height / 2);
+            ASSERT_TRUE(slot);
+            const bool several = place.element == MainElement::Image1;
+            EXPECT_EQ(several ? element.tooltip.empty() : element.tooltip != place.words, false)
+                << place.words << i;
+            // Hidden by nothing that says something else.
+            EXPECT_EQ(elements.at(*slot).tooltip, element.tooltip) << place.words << i;
+        }
+        EXPECT_NE(elements.get(place.element).tooltip, "") << place.words;
+    }
+}
+
+TEST_F(Language, theVolumeHasOneName) {
+    start();
+    for (const char* name : {"English", "Slovenian"}) {
+        choose(name);
+        player().changeLanguage();
+        const std::string heading = element(MainElement::lblPos, 1).caption;
+        EXPECT_EQ(element(MainElement::shwchange, 0).caption, heading + " 80%");
+        EXPECT_EQ(element(MainElement::volbar).tooltip, heading);
+    }
 }
 
 TEST_F(Language, theStartSpeaksTheLanguageOfTheSettings) {

@@ -123,6 +123,13 @@ TEST_P(LanguageFiles, textsOfTheStripsHaveGlyphsAndFit) {
     }
 }
 
+TEST_P(LanguageFiles, theNoteOfStoppingFitsItsField) {
+    constexpr std::size_t kNoteWidth = 132;
+    const std::string note = text("MainMenu", 27);
+    EXPECT_FALSE(note.empty());
+    EXPECT_LE(kFirstGlyphLeft + note.size() * kGlyphWidth, kNoteWidth) << note;
+}
+
 TEST_P(LanguageFiles, placeholdersStandWhereTheyAreReplaced) {
     const std::string english = bytesOf("English");
     const std::map<std::pair<std::string, int>, std::size_t> expected{

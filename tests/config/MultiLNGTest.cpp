@@ -68,7 +68,9 @@ TEST_F(MultiLNGTest, theMainMenuNamesEntriesAndTabs) {
         EXPECT_EQ(window(W::frmPlayer).at(kTabs.at(i), 0, K::Tooltip),
                   "text " + std::to_string(5 + i));
     }
-    EXPECT_EQ(window(W::frmPlayer).texts.size(), kTabs.size());
+    EXPECT_EQ(window(W::frmPlayer).at("EQ_off", 0, K::Tooltip), "text 6");
+    EXPECT_EQ(window(W::frmPlayer).at("stopNote"), "text 27");
+    EXPECT_EQ(window(W::frmPlayer).texts.size(), kTabs.size() + 2);
 }
 
 TEST_F(MultiLNGTest, theOtherMenus) {
@@ -121,8 +123,11 @@ TEST_F(MultiLNGTest, theMainWindow) {
     EXPECT_EQ(player.at("Label4", 8), "text 50");
     EXPECT_EQ(player.at("slDRV"), "text 51");
     EXPECT_EQ(player.at("musicSearchTxt", 0, K::Text), "text 52");
+    EXPECT_EQ(player.at("posbar", 0, K::Tooltip), "text 6");
+    EXPECT_EQ(player.at("volbarIMG", 0, K::Tooltip), "text 8");
+    EXPECT_EQ(player.at("balbar", kEveryElement, K::Tooltip), "text 9");
     EXPECT_EQ(player.at("PublicText", 0, K::Kept), "text 53");
-    EXPECT_EQ(player.texts.size(), 54U);
+    EXPECT_EQ(player.texts.size(), 63U);
 }
 
 TEST_F(MultiLNGTest, thePreferencesAskForOneItemMoreThanTheyShow) {
@@ -203,7 +208,7 @@ TEST_F(MultiLNGTest, whatAPartialFileLeavesOutGoesBlank) {
     language_.Load_Main_Win_LNG();
     EXPECT_EQ(window(W::frmPlayer).at("lbltag", 0), "Artist");
     EXPECT_EQ(window(W::frmPlayer).at("lbltag", 1), "");
-    EXPECT_EQ(window(W::frmPlayer).texts.size(), 54U) << "blank texts are set, too";
+    EXPECT_EQ(window(W::frmPlayer).texts.size(), 63U) << "blank texts are set, too";
     language_.Load_Menu_Main_LNG();
     EXPECT_EQ(window(W::frmTSR).at("mnuExit"), "");
 }
@@ -211,7 +216,7 @@ TEST_F(MultiLNGTest, whatAPartialFileLeavesOutGoesBlank) {
 TEST_F(MultiLNGTest, aMissingFileBlanksTheWindow) {
     language_.Language_File("None");
     language_.Load_Main_Win_LNG();
-    EXPECT_EQ(window(W::frmPlayer).texts.size(), 54U);
+    EXPECT_EQ(window(W::frmPlayer).texts.size(), 63U);
     for (const auto& [place, text] : window(W::frmPlayer).texts) {
         EXPECT_EQ(text, "") << std::get<0>(place);
     }

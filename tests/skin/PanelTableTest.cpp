@@ -17,7 +17,7 @@ using N = ui::MainElement;
 /// One line of the table as users see it: 'Y' shown, 'n' hidden, '-' as before, a letter in lower
 /// case for a mode that shows it, the same in upper case for one that hides it.
 ///   c crossfade, l loop, s shuffle, k silence skip, p ripping, e equalizer, r radio, t counting
-///   down, w recording a station
+///   down, w recording a station, a stopping after the track
 struct Line {
     std::vector<N> names;
     std::string on; ///< five characters, by panel
@@ -47,6 +47,7 @@ const std::vector<Line>& lines() {
           N::Line1, N::Line2, N::Line3, N::Line4, N::Line5, N::posbar, N::track, N::volbar,
           N::volbarIMG},
          "Ynnnn"},
+        {{N::stopNote}, "annnn"},
         {{N::Image3}, "nYn--"},
         {{N::stdSS}, "nnYnn"},
         {{N::lstTracks, N::slDRV, N::cmbCDDrives, N::ripperbt}, "nnnYn"},
@@ -91,6 +92,8 @@ bool modeOf(const player::PlayerState& state, char letter) {
         return state.RadioMode;
     case 't':
         return state.TimeDisplayMode != 0;
+    case 'a':
+        return state.StopAfterCurrent;
     case 'w':
         return state.StreamRecording;
     default:

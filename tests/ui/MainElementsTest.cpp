@@ -70,6 +70,14 @@ TEST_F(MainElementsTest, fixedSizes) {
     EXPECT_EQ(table_.get(N::balbar, 8).box(), (Box{268, 216, 10, 14}));
 }
 
+TEST_F(MainElementsTest, theHolderOfTheFocusDrawsNothing) {
+    const Element& holder = table_.get(N::Text4);
+    EXPECT_TRUE(holder.visible) << "or it could not hold the focus";
+    EXPECT_EQ(holder.backColour, std::nullopt);
+    EXPECT_EQ(holder.caption, "");
+    EXPECT_FALSE(holder.picture);
+}
+
 TEST_F(MainElementsTest, arraysHaveTheirSizes) {
     constexpr auto kCounts = std::to_array<std::pair<N, std::size_t>>({
         {N::timed, 6},
