@@ -57,13 +57,15 @@ TEST_F(Bars, withoutTheButtonAMoveChangesNothing) {
 
 TEST_F(Bars, theVolumeBarAndItsFillAreOne) {
     input_.mouseDown(onVolume(MainElement::volbar, 6));
-    EXPECT_EQ(state_.CurrentVolume, 25); // the bar is 24 pixels high
+    EXPECT_EQ(state_.CurrentVolume, 26); // the last of the bar's 24 pixels is all of it
     input_.mouseMove(dragged(onVolume(MainElement::volbarIMG, 12)));
-    EXPECT_EQ(state_.CurrentVolume, 50);
+    EXPECT_EQ(state_.CurrentVolume, 52);
     input_.mouseMove(dragged(onVolume(MainElement::volbar, -9)));
     EXPECT_EQ(state_.CurrentVolume, 0);
     input_.mouseDown(onVolume(MainElement::volbarIMG, 18));
-    EXPECT_EQ(state_.CurrentVolume, 75);
+    EXPECT_EQ(state_.CurrentVolume, 78);
+    input_.mouseDown(onVolume(MainElement::volbar, 23));
+    EXPECT_EQ(state_.CurrentVolume, 100);
 }
 
 TEST_F(Bars, aVolumeInChannelModeCentresTheSoundAndLeavesTheLamps) {
