@@ -97,6 +97,26 @@ TEST_P(Click, NoneAtASeek) {
     expectSmooth([this](Handle channel) { engine().BASS_ChannelSetPosition(channel, 4 * 50017); });
 }
 
+// At these places everything decoded has just been played: what fades away has to be decoded first.
+TEST_P(Click, NoneWhereNothingLiesAhead) {
+    const std::vector<std::function<void(SoundLibrary&, Handle)>> actions = {
+        [](SoundLibrary& e, Handle channel) { e.BASS_ChannelSetPosition(channel, 4 * 50017); },
+        [](SoundLibrary& e, Handle channel) { e.BASS_ChannelStop(channel); },
+        [](SoundLibrary& e, Handle channel) { e.BASS_StreamFree(channel); }};
+    for (const std::size_t place : {4096U, 6144U, 8192U}) {
+        for (const auto& action : actions) {
+            EngineRig rig({.blockFrames = GetParam()});
+            const Handle channel = rig.playStream(path_);
+            Stereo mix = rig.render(place);
+            action(rig.engine, channel);
+            const Stereo after = rig.render(3000);
+            mix.insert(mix.end(), after.begin(), after.end());
+            EXPECT_LE(test::largestStep(mix, {}), kSlack * (kSineStep + kRampStep)) << place;
+            EXPECT_FALSE(test::silent(test::cut(after, 0, 200))) << place;
+        }
+    }
+}
+
 TEST_P(Click, NoneAtManySeeksInARow) {
     expectSmooth([this](Handle channel) {
         for (const std::int64_t frame : {50017, 3, 70031, 10}) {
