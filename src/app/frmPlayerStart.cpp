@@ -194,10 +194,10 @@ void frmPlayer::showVolume() {
 }
 
 void frmPlayer::showModes() {
-    player::showMode(elements_, player::Mode::crossfade, state_.CrossfadeOn);
-    player::showMode(elements_, player::Mode::silenceSkip, state_.SilenceSkipOn);
-    player::showMode(elements_, player::Mode::shuffle, state_.ShuffleOn);
-    player::showMode(elements_, player::Mode::repeat, state_.RepeatOn);
+    player::showMode(elements_, state_, player::Mode::crossfade);
+    player::showMode(elements_, state_, player::Mode::silenceSkip);
+    player::showMode(elements_, state_, player::Mode::shuffle);
+    player::showMode(elements_, state_, player::Mode::repeat);
     timeDisplay_.choose(config::settingToInt16(settings_.getSetting("TMD")));
 }
 

@@ -44,7 +44,7 @@ bool Crossfade::start(const std::string& path, std::int32_t fade, const std::str
     PlayerState& state = p_.state;
     p_.volume.readMode();
     state.SilenceTicks = 0;
-    p_.view.showFields(true);
+    p_.facts.takeOverFields();
     ++state.TracksStarted;
     ++state.CrossfadeLeg;
     if (state.CrossfadeLeg > kOntoPrimary) {
@@ -134,7 +134,7 @@ void Crossfade::crossfade_Timer() {
 
 void Crossfade::button_cfd() {
     p_.state.CrossfadeOn = !p_.state.CrossfadeOn;
-    showMode(p_.elements, Mode::crossfade, p_.state.CrossfadeOn);
+    showMode(p_.elements, p_.state, Mode::crossfade);
 }
 
 } // namespace tovik::player

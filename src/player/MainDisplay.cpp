@@ -98,6 +98,7 @@ void MainDisplay::showFields(bool visible) {
         elements_.touch(MainElement::lbltag, i).visible = shown;
         elements_.touch(MainElement::lblinfo, i).visible = shown;
     }
+    elements_.touch(MainElement::lblRDinfo).visible = false;
 }
 
 } // namespace tovik::player

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/ModeFaces.h"
 
+#include "player/PanelTable.h"
+
 #include <array>
 #include <cstddef>
 
@@ -11,6 +13,7 @@ namespace {
 using ui::MainElement;
 
 struct Faces {
+    bool PlayerState::*flag;
     MainElement button;
     std::size_t pressed; ///< index in `Image6`
     std::size_t plain;   ///< index in `Image8`
@@ -20,23 +23,37 @@ struct Faces {
 
 /// In the order of `Mode`.
 constexpr std::array kFaces = {
-    Faces{MainElement::ShuffleBT, 4, 0, MainElement::Shuffle, MainElement::ShuffleDown},
-    Faces{MainElement::LoopBT, 5, 1, MainElement::loopImg, MainElement::LoopImg2},
-    Faces{MainElement::CfdBT, 6, 2, MainElement::CFD, MainElement::CFD2},
-    Faces{MainElement::sldBT, 7, 3, MainElement::Sld, MainElement::sld2},
+    Faces{&PlayerState::ShuffleOn, MainElement::ShuffleBT, 4, 0, MainElement::Shuffle,
+          MainElement::ShuffleDown},
+    Faces{&PlayerState::RepeatOn, MainElement::LoopBT, 5, 1, MainElement::loopImg,
+          MainElement::LoopImg2},
+    Faces{&PlayerState::CrossfadeOn, MainElement::CfdBT, 6, 2, MainElement::CFD, MainElement::CFD2},
+    Faces{&PlayerState::SilenceSkipOn, MainElement::sldBT, 7, 3, MainElement::Sld,
+          MainElement::sld2},
 };
+
+void showLampsOf(const Faces& faces, ui::MainElements& elements, const PlayerState& state) {
+    applyPanel(elements, state, faces.indicatorOn);
+    applyPanel(elements, state, faces.indicatorOff);
+}
 
 } // namespace
 
-void showMode(ui::MainElements& elements, Mode mode, bool on) {
+void showMode(ui::MainElements& elements, const PlayerState& state, Mode mode) {
     const Faces& faces = kFaces.at(static_cast<std::size_t>(mode));
+    const bool on = state.*faces.flag;
     const ui::Picture picture = on ? elements.get(MainElement::Image6, faces.pressed).picture
                                    : elements.get(MainElement::Image8, faces.plain).picture;
     ui::Element& button = elements.touch(faces.button);
     button.picture = picture;
     button.checked = on;
-    elements.touch(faces.indicatorOn).visible = on;
-    elements.touch(faces.indicatorOff).visible = !on;
+    showLampsOf(faces, elements, state);
+}
+
+void showLamps(ui::MainElements& elements, const PlayerState& state) {
+    for (const Faces& faces : kFaces) {
+        showLampsOf(faces, elements, state);
+    }
 }
 
 } // namespace tovik::player

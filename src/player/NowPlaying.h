@@ -57,7 +57,8 @@ public:
     virtual void showVolume(const NowPlaying& playing) = 0;
     virtual void showBalance(const NowPlaying& playing) = 0;
 
-    /// Labels and fields of the tag are hidden on the other panels.
+    /// A file is the current source: its labels and fields show, in place of a station's line, and
+    /// are hidden on the other panels.
     virtual void showFields(bool visible) = 0;
 };
 

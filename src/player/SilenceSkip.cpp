@@ -60,7 +60,7 @@ void SilenceSkip::SLD_Timer() {
 void SilenceSkip::button_sld() {
     PlayerState& state = p_.state;
     state.SilenceSkipOn = !state.SilenceSkipOn;
-    showMode(p_.elements, Mode::silenceSkip, state.SilenceSkipOn);
+    showMode(p_.elements, state, Mode::silenceSkip);
     watch();
     if (state.SilenceSkipOn) {
         silenceThreshold_ = config::settingToInt16(p_.settings.getSetting("SLDT"));

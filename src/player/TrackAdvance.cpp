@@ -158,12 +158,12 @@ void TrackAdvance::button_previous() {
 
 void TrackAdvance::button_shuffle() {
     p_.state.ShuffleOn = !p_.state.ShuffleOn;
-    showMode(p_.elements, Mode::shuffle, p_.state.ShuffleOn);
+    showMode(p_.elements, p_.state, Mode::shuffle);
 }
 
 void TrackAdvance::button_loop() {
     p_.state.RepeatOn = !p_.state.RepeatOn;
-    showMode(p_.elements, Mode::repeat, p_.state.RepeatOn);
+    showMode(p_.elements, p_.state, Mode::repeat);
 }
 
 } // namespace tovik::player

@@ -37,6 +37,11 @@ std::string TrackFacts::lastFive(sound::Handle channel) {
     return base::lastFive(time_.GetDuration(channel));
 }
 
+void TrackFacts::takeOverFields() {
+    state_.RadioMode = false;
+    view_.showFields(true);
+}
+
 void TrackFacts::show(sound::Handle channel, const std::string& path, const std::string& title) {
     showSoundingRow();
     showFormat(channel, path);

@@ -22,6 +22,10 @@ public:
                tags::cMP3ID3v1& tag, playlist::stdSS& list, NowPlaying& playing,
                NowPlayingView& view, TrackEvents& events);
 
+    /// A file or a disc's track becomes the current source: the fields of the tag take the place of
+    /// what a station showed.
+    void takeOverFields();
+
     /// From the rate to the report: everything that follows the start of the sound of `path` on
     /// `channel`. `title` is for the popup; empty takes the title of the row fetched last.
     void show(sound::Handle channel, const std::string& path, const std::string& title);

@@ -39,7 +39,7 @@ bool Transport::start(const std::string& path, const std::string& title) {
     state.CrossfadeLeg = 2;
     state.SilenceTicks = 0;
     ++state.TracksStarted;
-    p_.view.showFields(true);
+    p_.facts.takeOverFields();
     p_.FadeOut.setEnabled(false);
     resetDevice();
     state.PrimaryChannel = p_.opener.open(path);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "skin/Panels.h"
 
+#include "player/ModeFaces.h"
+
 #include <algorithm>
 #include <string>
 
@@ -8,6 +10,9 @@ namespace tovik::skin {
 
 namespace {
 
+using player::Panel;
+using player::Tab;
+using player::tabs;
 using ui::MainElement;
 
 struct QuickListLayout {
@@ -35,13 +40,13 @@ constexpr std::size_t kPreferencesTab = 5;
 void Panels::Switch_Win(std::string_view mask) {
     config::guard(errors_, config::player("Switch_Win"), [&] {
         const std::size_t place = mask.find('1');
-        if (state_.PanelLock != 0 || place >= kPanels) {
+        if (state_.PanelLock != 0 || place >= player::kPanels) {
             return;
         }
         window_.takeFocus();
         state_.CurrentPanel = static_cast<std::int16_t>(place + 1);
         RefreshTabs();
-        apply(place);
+        player::applyPanel(elements_, state_);
         state_.RadioPanelActive = static_cast<Panel>(state_.CurrentPanel) == Panel::radio;
         Timer6_.setEnabled(true);
         if (static_cast<Panel>(state_.CurrentPanel) == Panel::main) {
@@ -57,63 +62,7 @@ void Panels::Timer6() {
     });
 }
 
-void Panels::apply(std::size_t panel) {
-    for (const PanelRow& row : panelTable()) {
-        const std::size_t last = row.count == 0 ? elements_.count(row.name) : row.first + row.count;
-        for (std::size_t i = row.first; i < last; ++i) {
-            ui::Element& element = elements_.touch(row.name, i);
-            element.visible = shown(row.on.at(panel), element.visible);
-        }
-    }
-}
-
-bool Panels::shown(Show when, bool before) const {
-    switch (when) {
-    case Show::yes:
-        return true;
-    case Show::no:
-        return false;
-    case Show::kept:
-        return before;
-    case Show::withCrossfade:
-        return state_.CrossfadeOn;
-    case Show::withoutCrossfade:
-        return !state_.CrossfadeOn;
-    case Show::withLoop:
-        return state_.RepeatOn;
-    case Show::withoutLoop:
-        return !state_.RepeatOn;
-    case Show::withShuffle:
-        return state_.ShuffleOn;
-    case Show::withoutShuffle:
-        return !state_.ShuffleOn;
-    case Show::withSkip:
-        return state_.SilenceSkipOn;
-    case Show::withoutSkip:
-        return !state_.SilenceSkipOn;
-    case Show::whileRipping:
-        return state_.RipRunning;
-    case Show::withEqualizer:
-        return state_.EqualizerOn;
-    case Show::withoutEqualizer:
-        return !state_.EqualizerOn;
-    case Show::withRadio:
-        return state_.RadioMode;
-    case Show::withoutRadio:
-        return !state_.RadioMode;
-    case Show::countingDown:
-        return state_.TimeDisplayMode != 0;
-    case Show::whileStopping:
-        return state_.StopAfterCurrent;
-    case Show::whileRecording:
-        return state_.StreamRecording;
-    case Show::whileNotRecording:
-        return !state_.StreamRecording;
-    }
-    return before;
-}
-
-void Panels::showTab(const Tab& tab, std::size_t face, bool down) {
+void Panels::showTab(const player::Tab& tab, std::size_t face, bool down) {
     const ui::Picture picture = elements_.get(MainElement::Image2, face).picture;
     const ui::Element& before = elements_.get(tab.name);
     // The mouse comes here at every move: a write that changes nothing would wake the window.
@@ -143,7 +92,7 @@ void Panels::clickTab(MainElement name) {
     if (tab == nullptr || tab->panel == Panel::preferences) {
         return;
     }
-    std::string mask(kPanels, '0');
+    std::string mask(player::kPanels, '0');
     mask[static_cast<std::size_t>(tab->panel) - 1] = '1';
     Switch_Win(mask);
 }
@@ -156,6 +105,7 @@ void Panels::pressPreferences(const std::function<void()>& dialog) {
     const auto back = [&] {
         --state_.PanelLock;
         state_.CurrentPanel = before;
+        player::showLamps(elements_, state_);
     };
     try {
         dialog();
@@ -177,10 +127,13 @@ void Panels::ApplyQuickList() {
     list.top = layout.listTop;
     list.width = layout.listWidth;
     list.height = layout.listHeight;
-    elements_.touch(MainElement::lblPos, 3).visible = layout.fieldsVisible;
     elements_.touch(MainElement::lblPos, 4).top = layout.headingTop;
-    elements_.touch(MainElement::infoWin).visible = layout.fieldsVisible;
-    elements_.touch(MainElement::fxWin).visible = layout.fieldsVisible;
+    // The list may be folded from anywhere, and nothing of it may come up over another panel.
+    const bool visible =
+        layout.fieldsVisible && static_cast<Panel>(state_.CurrentPanel) == Panel::main;
+    elements_.touch(MainElement::lblPos, 3).visible = visible;
+    elements_.touch(MainElement::infoWin).visible = visible;
+    elements_.touch(MainElement::fxWin).visible = visible;
     const ui::Picture face = elements_.get(layout.face).picture;
     ui::Element& button = elements_.touch(MainElement::qpl_but);
     button.picture = face;

@@ -5,9 +5,9 @@
 
 #include "config/Errors.h"
 #include "host/Timer.h"
+#include "player/PanelTable.h"
 #include "player/PlayerState.h"
 #include "player/PlayerWindow.h"
-#include "skin/PanelTable.h"
 #include "ui/MainElements.h"
 
 #include <functional>
@@ -36,7 +36,7 @@ public:
     /// Each tab gets its up face, that of the current panel its down face.
     void RefreshTabs();
 
-    /// Lays out the main panel for an open or a closed quick list.
+    /// Lays out the main panel for an open or a closed quick list, also while another one shows.
     void ApplyQuickList();
 
     /// Opens or closes the quick list.
@@ -57,9 +57,7 @@ public:
     void releasePreferences();
 
 private:
-    void apply(std::size_t panel);
-    void showTab(const Tab& tab, std::size_t face, bool down);
-    [[nodiscard]] bool shown(Show when, bool before) const;
+    void showTab(const player::Tab& tab, std::size_t face, bool down);
 
     player::PlayerState& state_;
     ui::MainElements& elements_;

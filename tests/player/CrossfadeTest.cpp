@@ -43,6 +43,7 @@ protected:
 TEST_F(Crossfade, theOrderOfThings) {
     playFirst();
     state_.SilenceTicks = 5;
+    state_.RadioMode = true;
     fadeTo(second_, 3000);
     // The balance is the new channel's, and behind the volume, which centres it.
     EXPECT_THAT(sound_.calls, ElementsAre("BASS_StreamFree(0)", "BASS_MusicFree(0)",
@@ -58,6 +59,7 @@ TEST_F(Crossfade, theOrderOfThings) {
     EXPECT_EQ(state_.ActiveChannel, ChannelSlot::secondary);
     EXPECT_EQ(state_.TracksStarted, 2);
     EXPECT_EQ(state_.SilenceTicks, 0);
+    EXPECT_FALSE(state_.RadioMode);
     EXPECT_TRUE(state_.IsPlaying);
     EXPECT_TRUE(Timer3_->enabled());
     EXPECT_TRUE(CrossFade_->enabled());

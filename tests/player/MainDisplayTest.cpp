@@ -125,6 +125,14 @@ TEST_F(Display, fieldsAndTheirLabelsAreHiddenTogether) {
     }
 }
 
+TEST_F(Display, theFieldsTakeThePlaceOfAStationsLine) {
+    elements_.touch(MainElement::lblRDinfo).visible = true;
+    elements_.touch(MainElement::lblinfo, 2).visible = false;
+    display_.showFields(true);
+    EXPECT_FALSE(element(MainElement::lblRDinfo).visible);
+    EXPECT_TRUE(element(MainElement::lblinfo, 2).visible);
+}
+
 TEST_F(Display, theSignAndTheFieldsStayAwayFromOtherPanels) {
     for (std::size_t i = 0; i < elements_.count(MainElement::timed); ++i) {
         elements_.touch(MainElement::timed, i).visible = false;

@@ -47,6 +47,25 @@ TEST_P(ModeFaces, flipTogether) {
     EXPECT_TRUE(elements_.get(mode.off).visible);
 }
 
+TEST_P(ModeFaces, lightOnlyTheLampsOfTheCurrentPanel) {
+    const Switch& mode = GetParam();
+    const bool bright = mode.on != MainElement::Sld; // the playlist has no lamp of this mode
+    const bool dim = bright && mode.off != MainElement::ShuffleDown; // and this twin is missing
+    for (std::int16_t panel = 2; panel <= 5; ++panel) {
+        SCOPED_TRACE(panel);
+        elements_.touch(mode.on).visible = false;
+        elements_.touch(mode.off).visible = false;
+        state_.CurrentPanel = panel;
+        press();
+        EXPECT_EQ(elements_.get(mode.on).visible, panel == 3 && bright);
+        EXPECT_FALSE(elements_.get(mode.off).visible);
+        EXPECT_TRUE(elements_.get(mode.button).checked);
+        press();
+        EXPECT_FALSE(elements_.get(mode.on).visible);
+        EXPECT_EQ(elements_.get(mode.off).visible, panel == 3 && dim);
+    }
+}
+
 using State = player::PlayerState;
 using Advance = player::TrackAdvance;
 using Fade = player::Crossfade;

@@ -81,10 +81,12 @@ TEST_F(Facts, emptyFieldsAreUnknown) {
 }
 
 TEST_F(Facts, fieldsAreShownBeforeTheUnknownOnesAreNamed) {
+    state_.RadioMode = true; // a station is left
     play(track("a.mp3", {.seconds = 10}));
     ASSERT_EQ(view_.facts.size(), 2U);
     EXPECT_THAT(view_.facts[0], ElementsAre("", "", "", "", ""));
     EXPECT_THAT(view_.told, ElementsAre("fields shown", "facts", "titles", "facts"));
+    EXPECT_FALSE(state_.RadioMode);
 }
 
 TEST_F(Facts, theLengthGoesIntoTheRowFromTheSecondTrackOn) {

@@ -13,6 +13,7 @@ namespace tovik::skin {
 namespace {
 
 using N = ui::MainElement;
+using player::kPanels;
 
 /// One line of the table as users see it: 'Y' shown, 'n' hidden, '-' as before, a letter in lower
 /// case for a mode that shows it, the same in upper case for one that hides it.
@@ -27,7 +28,7 @@ struct Line {
 
 const std::vector<Line>& lines() {
     static const std::vector<Line> kLines = {
-        {{N::qpl_but}, "Ynnn-"},
+        {{N::qpl_but}, "Ynnnn"},
         {{N::ShuffleBT, N::LoopBT, N::CfdBT, N::sldBT}, "Ynnnn"},
         {{N::cancelrip}, "nnnpn"},
         {{N::shwchange, N::List1}, "Ynnnn"},
@@ -48,7 +49,7 @@ const std::vector<Line>& lines() {
           N::volbarIMG},
          "Ynnnn"},
         {{N::stopNote}, "annnn"},
-        {{N::Image3}, "nYn--"},
+        {{N::Image3}, "nYnnn"},
         {{N::stdSS}, "nnYnn"},
         {{N::lstTracks, N::slDRV, N::cmbCDDrives, N::ripperbt}, "nnnYn"},
         {{N::RadioLst}, "----Y"},
@@ -59,12 +60,11 @@ const std::vector<Line>& lines() {
         {{N::timed}, "tnnnn", 0, 0},
         {{N::timed}, "Ynnnn", 1},
         {{N::lbltag, N::lblinfo}, "Rnnnn"},
-        {{N::lblPos}, "rnnnn", 0, 2}, // the quick list decides about 3
-        {{N::lblPos}, "rnnnn", 4, 4},
+        {{N::lblPos}, "Ynnnn"},
         {{N::Image1}, "nnnnY", 0, 2},
         {{N::Image1}, "nnnnW", 3, 3},
         {{N::Image1}, "nnnnw", 4, 4},
-        {{N::lblRDinfo}, "r----"},
+        {{N::lblRDinfo}, "rnnnn"},
         // In no row: always there.
         {{N::mainIMG, N::iconIMG, N::backupIMG, N::playup, N::pauseup, N::stopup, N::nextup,
           N::fileup, N::minmodeUP, N::minon, N::closeup, N::mainbt, N::eqbt, N::plbt, N::ripbt,

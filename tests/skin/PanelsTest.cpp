@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "skin/Panels.h"
+
+#include "player/ModeFaces.h"
 #include "skin/PanelsRig.h"
 
 #include <gtest/gtest.h>
@@ -115,6 +117,39 @@ TEST_F(PanelsTest, theQuickListFlips) {
     EXPECT_EQ(face(N::qpl_but), PanelsRig::look(50));
     EXPECT_TRUE(rig_.elements.get(N::infoWin).visible);
     EXPECT_TRUE(rig_.elements.get(N::lblPos, 3).visible);
+}
+
+TEST_F(PanelsTest, theHeadingsShowWheneverTheMainPanelDoes) {
+    for (const char* mask : {"10000", "00100", "10000"}) {
+        rig_.panels.Switch_Win(mask);
+        for (std::size_t heading = 0; heading < 5; ++heading) {
+            EXPECT_EQ(rig_.elements.get(N::lblPos, heading).visible, mask[0] == '1') << heading;
+        }
+    }
+}
+
+TEST_F(PanelsTest, theQuickListFoldedElsewhereShowsNothingOverThatPanel) {
+    rig_.panels.FlipQuickList();
+    rig_.panels.Switch_Win("01000");
+    rig_.panels.FlipQuickList();
+    EXPECT_FALSE(rig_.elements.get(N::infoWin).visible);
+    EXPECT_FALSE(rig_.elements.get(N::fxWin).visible);
+    EXPECT_FALSE(rig_.elements.get(N::lblPos, 3).visible);
+    rig_.panels.Switch_Win("10000");
+    expectList(169, 161, 80);
+    EXPECT_TRUE(rig_.elements.get(N::infoWin).visible);
+    EXPECT_TRUE(rig_.elements.get(N::lblPos, 3).visible);
+}
+
+TEST_F(PanelsTest, lampsCatchUpWhenThePreferencesClose) {
+    rig_.panels.Switch_Win("10000");
+    rig_.panels.pressPreferences([this] {
+        rig_.state.RepeatOn = true;
+        player::showMode(rig_.elements, rig_.state, player::Mode::repeat);
+        EXPECT_FALSE(rig_.elements.get(N::loopImg).visible);
+    });
+    EXPECT_TRUE(rig_.elements.get(N::loopImg).visible);
+    EXPECT_FALSE(rig_.elements.get(N::LoopImg2).visible);
 }
 
 TEST_F(PanelsTest, aTabUnderThePointerShowsItWhetherItIsCurrentOrNot) {

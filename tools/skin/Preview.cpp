@@ -4,7 +4,7 @@
 #include "GlyphTable.h"
 #include "Palette.h"
 #include "PictureSet.h"
-#include "skin/PanelTable.h"
+#include "player/PanelTable.h"
 #include "ui/MainElements.h"
 
 #include <array>
@@ -19,7 +19,7 @@ namespace tovik::skinart {
 namespace {
 
 using N = ui::MainElement;
-using skin::Show;
+using player::Show;
 
 constexpr int kOpenList = 6;
 
@@ -69,7 +69,7 @@ bool showsOn(Show show) {
 /// Whether an element is visible on a panel; what is in no row keeps the layout's answer.
 bool visibleOn(N name, std::size_t index, bool normally, int panel) {
     bool visible = normally;
-    for (const skin::PanelRow& row : skin::panelTable()) {
+    for (const player::PanelRow& row : player::panelTable()) {
         const std::size_t end = row.count == 0 ? 1000 : row.first + row.count;
         if (row.name == name && index >= row.first && index < end) {
             visible = showsOn(row.on.at(static_cast<std::size_t>(panel - 1)));
@@ -142,10 +142,8 @@ void paintElement(Frame& frame, N name, std::size_t index, ui::Element element) 
         return;
     }
     const bool heading = name == N::lblPos;
-    if (!heading && !visibleOn(name, index, element.visible, open ? 1 : frame.panel)) {
-        return;
-    }
-    if (heading && (frame.panel != 1 && !(open && index != 3))) {
+    if ((open && heading && index == 3) ||
+        !visibleOn(name, index, element.visible, open ? 1 : frame.panel)) {
         return;
     }
     if (open && name == N::List1) {

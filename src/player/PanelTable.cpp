@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "skin/PanelTable.h"
+#include "player/PanelTable.h"
 
-namespace tovik::skin {
+namespace tovik::player {
 
 namespace {
 
@@ -26,7 +26,7 @@ constexpr Cells mainAndPlaylist(Show when) {
 }
 
 constexpr auto kRows = std::to_array<PanelRow>({
-    {N::qpl_but, {yes, no, no, no, kept}},
+    {N::qpl_but, onlyMain()},
     {N::ShuffleBT, onlyMain()},
     {N::LoopBT, onlyMain()},
     {N::CfdBT, onlyMain()},
@@ -69,7 +69,7 @@ constexpr auto kRows = std::to_array<PanelRow>({
     {N::track, onlyMain()},
     {N::volbar, onlyMain()},
     {N::volbarIMG, onlyMain()},
-    {N::Image3, {no, yes, no, kept, kept}},
+    {N::Image3, kEqualizerOnly},
     {N::stdSS, kPlaylistOnly},
     {N::lstTracks, kRipOnly},
     // No other panel hides it here: the tick of `Timer6` does.
@@ -90,14 +90,14 @@ constexpr auto kRows = std::to_array<PanelRow>({
     {N::timed, onlyMain(), 1},
     {N::songname, onlyMain()},
     {N::lbltag, onlyMain(withoutRadio)},
-    {N::lblPos, onlyMain(withRadio)},
+    {N::lblPos, onlyMain()}, // the quick list decides about number 3
     {N::balbar, onlyMain()},
     {N::lblinfo, onlyMain(withoutRadio)},
     {N::Image1, kRadioOnly, 0, 3},
     // The first of the two starts a recording, the second, which then takes its place, ends it.
     {N::Image1, {no, no, no, no, whileNotRecording}, 3, 1},
     {N::Image1, {no, no, no, no, whileRecording}, 4, 1},
-    {N::lblRDinfo, {withRadio, kept, kept, kept, kept}},
+    {N::lblRDinfo, onlyMain(withRadio)},
 });
 
 /// The looks under the pointer stand in reverse order.
@@ -110,7 +110,79 @@ constexpr auto kTabs = std::to_array<Tab>({
     {N::prebt, Panel::preferences, 5, 11, 12},
 });
 
+bool shown(Show when, const PlayerState& state, bool before) {
+    switch (when) {
+    case Show::yes:
+        return true;
+    case Show::no:
+        return false;
+    case Show::kept:
+        return before;
+    case Show::withCrossfade:
+        return state.CrossfadeOn;
+    case Show::withoutCrossfade:
+        return !state.CrossfadeOn;
+    case Show::withLoop:
+        return state.RepeatOn;
+    case Show::withoutLoop:
+        return !state.RepeatOn;
+    case Show::withShuffle:
+        return state.ShuffleOn;
+    case Show::withoutShuffle:
+        return !state.ShuffleOn;
+    case Show::withSkip:
+        return state.SilenceSkipOn;
+    case Show::withoutSkip:
+        return !state.SilenceSkipOn;
+    case Show::whileRipping:
+        return state.RipRunning;
+    case Show::withEqualizer:
+        return state.EqualizerOn;
+    case Show::withoutEqualizer:
+        return !state.EqualizerOn;
+    case Show::withRadio:
+        return state.RadioMode;
+    case Show::withoutRadio:
+        return !state.RadioMode;
+    case Show::countingDown:
+        return state.TimeDisplayMode != 0;
+    case Show::whileStopping:
+        return state.StopAfterCurrent;
+    case Show::whileRecording:
+        return state.StreamRecording;
+    case Show::whileNotRecording:
+        return !state.StreamRecording;
+    }
+    return before;
+}
+
+void applyRow(const PanelRow& row, ui::MainElements& elements, const PlayerState& state) {
+    const auto panel = static_cast<std::size_t>(state.CurrentPanel) - 1;
+    if (panel >= kPanels) {
+        return;
+    }
+    const std::size_t last = row.count == 0 ? elements.count(row.name) : row.first + row.count;
+    for (std::size_t i = row.first; i < last; ++i) {
+        ui::Element& element = elements.touch(row.name, i);
+        element.visible = shown(row.on.at(panel), state, element.visible);
+    }
+}
+
 } // namespace
+
+void applyPanel(ui::MainElements& elements, const PlayerState& state) {
+    for (const PanelRow& row : kRows) {
+        applyRow(row, elements, state);
+    }
+}
+
+void applyPanel(ui::MainElements& elements, const PlayerState& state, ui::MainElement name) {
+    for (const PanelRow& row : kRows) {
+        if (row.name == name) {
+            applyRow(row, elements, state);
+        }
+    }
+}
 
 std::span<const PanelRow> panelTable() noexcept {
     return kRows;
@@ -120,4 +192,4 @@ std::span<const Tab> tabs() noexcept {
     return kTabs;
 }
 
-} // namespace tovik::skin
+} // namespace tovik::player

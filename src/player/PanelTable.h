@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which element shows on which of the five panels. For `Panels` and its tests. Any thread.
+// Which element shows on which of the five panels of the main window. Tables: any thread; what
+// works on elements: interface thread.
 #pragma once
 
+#include "player/PlayerState.h"
 #include "ui/MainElements.h"
 
 #include <array>
@@ -9,7 +11,7 @@
 #include <cstdint>
 #include <span>
 
-namespace tovik::skin {
+namespace tovik::player {
 
 /// The panels as the state counts them; 6 is the preferences dialog, opened from its tab.
 enum class Panel : std::int16_t {
@@ -57,6 +59,13 @@ struct PanelRow {
 /// In the order in which they are applied. What is in no row is visible on all panels.
 [[nodiscard]] std::span<const PanelRow> panelTable() noexcept;
 
+/// Gives the elements of all rows the visibility that they have on the current panel. Nothing while
+/// the preferences are open.
+void applyPanel(ui::MainElements& elements, const PlayerState& state);
+
+/// The same for the elements of one name.
+void applyPanel(ui::MainElements& elements, const PlayerState& state, ui::MainElement name);
+
 /// A tab and the places of its three looks among the stored pictures.
 struct Tab {
     ui::MainElement name{};
@@ -68,4 +77,4 @@ struct Tab {
 
 [[nodiscard]] std::span<const Tab> tabs() noexcept;
 
-} // namespace tovik::skin
+} // namespace tovik::player
