@@ -97,6 +97,13 @@ void MainWindow::setTopmost(bool topmost) {
     skin_->windowHandle()->setFlag(Qt::WindowStaysOnTopHint, topmost);
 }
 
+bool MainWindow::fitsScreen(int width, int height) const {
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    return std::ranges::any_of(screens, [width, height](const QScreen* screen) {
+        return screen->size().width() >= width && screen->size().height() >= height;
+    });
+}
+
 std::uintptr_t MainWindow::handle() const {
     return static_cast<std::uintptr_t>(skin_->winId());
 }

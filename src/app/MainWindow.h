@@ -46,6 +46,7 @@ public:
     void setCaption(const std::string& caption) override;
     void setTaskbarButton(bool shown) override;
     void setTopmost(bool topmost) override;
+    [[nodiscard]] bool fitsScreen(int width, int height) const override;
     [[nodiscard]] std::uintptr_t handle() const override;
     void moveTo(int left, int top) override;
     [[nodiscard]] int left() const override;

@@ -279,8 +279,11 @@ private:
     player::Commands commands_;
     player::ClsShortcut shortcuts_{commands_};
     player::MainInput input_;
-    skin::MainSkin skin_{elements_, pictures_, host_.paths, [this] { panels_.RefreshTabs(); }};
-    skin::SkinInput skinInput_{skin_, panels_, errors_, input_};
+    skin::MainSkin skin_{
+        elements_, pictures_, host_.paths, [this] { panels_.RefreshTabs(); },
+        [this](int width, int height) { return window_.fitsScreen(width, height); }};
+    skin::FlatFaces flatFaces_{elements_};
+    skin::SkinInput skinInput_{skin_, flatFaces_, panels_, errors_, input_};
 };
 
 } // namespace tovik::app

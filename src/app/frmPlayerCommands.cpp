@@ -20,6 +20,7 @@ void frmPlayer::bindCommands() {
     bindEqualizer();
     commands_.bind(CommandId::exit, [this] { host_.closing.request(); });
     commands_.bind(CommandId::minimise, [this] { window_.minimise(); });
+    player::enableButtons(elements_, commands_);
 }
 
 void frmPlayer::bindPlaying() {

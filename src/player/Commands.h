@@ -26,6 +26,9 @@ public:
 
     void bind(CommandId id, std::function<void()> run) { bind(id, Target{std::move(run)}); }
 
+    /// Whether the command has a target. False for `none`.
+    [[nodiscard]] bool bound(CommandId id) const { return static_cast<bool>(target(id).run); }
+
     /// False for `none` and for a command without a target.
     [[nodiscard]] bool enabled(CommandId id) const;
 

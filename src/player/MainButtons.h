@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which command each button of the main window runs. Any thread.
+// Which command each button of the main window runs. Tables: any thread.
 #pragma once
 
-#include "player/CommandTable.h"
+#include "player/Commands.h"
 #include "ui/MainElements.h"
 
 #include <cstddef>
@@ -18,14 +18,17 @@ struct PressButton {
     CommandId command;
 };
 
-/// A button with one face: it acts when it is released with the pointer still on it.
+/// A button with one picture: it acts when it is released with the pointer still on it.
 struct ClickButton {
     ui::MainElement name;
     std::size_t index;
-    CommandId command;
+    CommandId command; ///< none: there is nothing yet that it could do
 };
 
 [[nodiscard]] std::span<const PressButton> pressButtons() noexcept;
 [[nodiscard]] std::span<const ClickButton> clickButtons() noexcept;
+
+/// Buttons and tabs whose command has a target are enabled, the others disabled. Interface thread.
+void enableButtons(ui::MainElements& elements, const Commands& commands);
 
 } // namespace tovik::player

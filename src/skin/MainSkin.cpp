@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "skin/MainSkin.h"
 
+#include "base/RuntimeError.h"
 #include "skin/Bitmap.h"
 
 #include <algorithm>
@@ -26,9 +27,9 @@ const ButtonFace* buttonOf(ui::ElementAddress element) {
 } // namespace
 
 MainSkin::MainSkin(ui::MainElements& elements, ui::PictureStore& pictures, const host::Paths& paths,
-                   std::function<void()> refreshTabs)
-    : elements_(elements), pictures_(pictures), paths_(paths),
-      refreshTabs_(std::move(refreshTabs)) {}
+                   std::function<void()> refreshTabs, std::function<bool(int, int)> fitsScreen)
+    : elements_(elements), pictures_(pictures), paths_(paths), refreshTabs_(std::move(refreshTabs)),
+      fitsScreen_(std::move(fitsScreen)) {}
 
 void MainSkin::LoadMainSkin() {
     for (const Binding& binding : mainBindings()) {
@@ -74,10 +75,19 @@ void MainSkin::give(Slot slot, ui::Picture picture) {
     }
 }
 
+bool MainSkin::tooLarge(const ui::PixelImage& image) const {
+    const ui::Element& ground = elements_.get(ui::MainElement::mainIMG);
+    return (image.width > ground.width || image.height > ground.height) &&
+           !fitsScreen_(image.width, image.height);
+}
+
 void MainSkin::load(const Binding& binding) {
     std::string name(kFolder);
     name.append(binding.file).append(kEnding);
     ui::PixelImage image = loadBitmap(paths_.inside(name));
+    if (binding.to.name == ui::MainElement::mainIMG && tooLarge(image)) {
+        throw base::RuntimeError(base::ErrorNumber::InvalidPicture);
+    }
     ui::Element& element = elements_.touch(binding.to.name, binding.to.index);
     if (binding.takesSize) {
         element.width = image.width;

@@ -52,7 +52,7 @@ public:
 
     /// Runs `dialog`, which returns when the preferences are closed. Meanwhile no panel can be
     /// switched. A deliberate oddity: the tab of the current panel shows up, not down, until the
-    /// mouse passes over a tab.
+    /// mouse leaves what it is over or passes over a tab.
     void pressPreferences(const std::function<void()>& dialog);
     void releasePreferences();
 

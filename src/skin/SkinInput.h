@@ -4,21 +4,23 @@
 #pragma once
 
 #include "config/Errors.h"
+#include "skin/FlatFaces.h"
 #include "skin/MainSkin.h"
 #include "skin/Panels.h"
 #include "ui/WindowInput.h"
 
 namespace tovik::skin {
 
-/// Over faces of buttons and tabs; the bare background ends them.
+/// Over faces of buttons and tabs, which end as the mouse leaves them, and the faces of buttons
+/// with a single picture.
 class SkinInput final : public ui::WindowInput {
 public:
-    /// All four outlive the object.
-    SkinInput(MainSkin& skin, Panels& panels, const config::Errors& errors, ui::WindowInput& next)
-        : skin_(skin), panels_(panels), errors_(errors), next_(next) {}
+    /// All of them outlive the object.
+    SkinInput(MainSkin& skin, FlatFaces& flat, Panels& panels, const config::Errors& errors,
+              ui::WindowInput& next)
+        : skin_(skin), flat_(flat), panels_(panels), errors_(errors), next_(next) {}
 
-    void mouseDown(const ui::PointerEvent& event) override { next_.mouseDown(event); }
-
+    void mouseDown(const ui::PointerEvent& event) override;
     void mouseMove(const ui::PointerEvent& event) override;
     void mouseUp(const ui::PointerEvent& event) override;
 
@@ -29,8 +31,7 @@ public:
     }
 
     void pointerEntered(ui::ElementAddress element) override;
-
-    void pointerLeft(ui::ElementAddress element) override { next_.pointerLeft(element); }
+    void pointerLeft(ui::ElementAddress element) override;
 
     bool keyDown(const ui::KeyEvent& event) override { return next_.keyDown(event); }
 
@@ -38,6 +39,7 @@ public:
 
 private:
     MainSkin& skin_;
+    FlatFaces& flat_;
     Panels& panels_;
     const config::Errors& errors_;
     ui::WindowInput& next_;

@@ -19,6 +19,13 @@ enum class ElementKind : std::uint8_t {
     Control, ///< a child widget of the window, placed by the record
 };
 
+/// How much light a picture gets beside its own: one picture gives a button three faces.
+enum class Shade : std::uint8_t {
+    None,
+    Lighter, ///< the pointer is over it
+    Darker,  ///< it is pressed
+};
+
 struct Colour {
     std::uint8_t red = 0;
     std::uint8_t green = 0;
@@ -69,7 +76,9 @@ struct Element {
     double width = 0;
     double height = 0;
     bool visible = true;
-    bool enabled = true;
+    bool enabled = true;    ///< otherwise it is drawn pale, and what the mouse does on it is lost
+    bool takesMouse = true; ///< otherwise the mouse goes to what lies below
+    Shade shade = Shade::None;
     bool checked = false; ///< pressed, on or filled, where no picture says so
     bool wraps = false;   ///< the caption may take several lines
     /// The height of the caption's font, in skin pixels.

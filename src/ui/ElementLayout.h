@@ -45,6 +45,7 @@ struct ElementPlace {
     double stepLeft = 0;
     double stepTop = 0;
     bool visible = true;
+    bool takesMouse = true;
     bool checked = false;
     bool wraps = false;
     double textHeight = 11;
@@ -65,6 +66,7 @@ template <typename Name>
     element.width = place.box.width;
     element.height = place.box.height;
     element.visible = place.visible;
+    element.takesMouse = place.takesMouse;
     element.checked = place.checked;
     element.wraps = place.wraps;
     element.textHeight = place.textHeight;

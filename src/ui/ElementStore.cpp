@@ -38,7 +38,7 @@ std::size_t ElementStore::slotOf(ElementAddress address) const {
 std::optional<std::size_t> ElementStore::topmostAt(double x, double y) const noexcept {
     for (std::size_t slot = size(); slot-- > 0;) {
         const Element& element = elements_[slot];
-        if (element.visible && element.enabled && element.box().contains(x, y)) {
+        if (element.visible && element.takesMouse && element.box().contains(x, y)) {
             return slot;
         }
     }

@@ -40,7 +40,8 @@ public:
     /// that serve every window.
     [[nodiscard]] Element& touchAt(ElementAddress address) { return touchSlot(slotOf(address)); }
 
-    /// The topmost element at a place, in skin pixels, that is visible and enabled.
+    /// The topmost element at a place, in skin pixels, that is visible and takes the mouse, whether
+    /// it is enabled or not.
     [[nodiscard]] std::optional<std::size_t> topmostAt(double x, double y) const noexcept;
 
     /// `touched` is called at the first write after changes were taken, and not again until they

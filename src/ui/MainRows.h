@@ -77,6 +77,7 @@ constexpr Place indicator(N name, double left, double top, std::string_view capt
     return {.name = name,
             .box = {left, top, 12, 9},
             .visible = !on,
+            .takesMouse = false,
             .textHeight = 9,
             .caption = caption,
             .textColour = on ? kAmber : kDim};

@@ -8,7 +8,7 @@ namespace tovik::ui {
 void PointerRouter::moved(const PointerState& pointer) {
     forgetLostPress(pointer);
     if (!pressed_) {
-        hover(elements_.topmostAt(pointer.x, pointer.y));
+        hover(enabledAt(pointer));
     }
     input_.mouseMove(eventAt(pointer, MouseButton::None));
 }
@@ -31,7 +31,7 @@ void PointerRouter::released(const PointerState& pointer, MouseButton button) {
     }
     input_.mouseUp(event);
     if (!pressed_) {
-        hover(elements_.topmostAt(pointer.x, pointer.y));
+        hover(enabledAt(pointer));
     }
 }
 
@@ -60,6 +60,11 @@ void PointerRouter::forgetLostPress(const PointerState& pointer) noexcept {
     }
 }
 
+std::optional<std::size_t> PointerRouter::enabledAt(const PointerState& pointer) const {
+    const auto slot = elements_.topmostAt(pointer.x, pointer.y);
+    return slot && elements_.at(*slot).enabled ? slot : std::nullopt;
+}
+
 PointerEvent PointerRouter::eventAt(const PointerState& pointer, MouseButton button) const {
     PointerEvent event{.element = std::nullopt,
                        .x = pointer.x,
@@ -71,7 +76,7 @@ PointerEvent PointerRouter::eventAt(const PointerState& pointer, MouseButton but
                        .rightHeld = pointer.rightHeld,
                        .modifiers = pointer.modifiers};
     const auto slot = pressed_ ? pressed_ : elements_.topmostAt(pointer.x, pointer.y);
-    if (slot) {
+    if (slot && elements_.at(*slot).enabled) {
         const Element& element = elements_.at(*slot);
         event.element = elements_.address(*slot);
         event.x -= element.left;

@@ -41,6 +41,8 @@ public:
 
 private:
     void forgetLostPress(const PointerState& pointer) noexcept;
+    /// The slot under the pointer, if it is enabled.
+    [[nodiscard]] std::optional<std::size_t> enabledAt(const PointerState& pointer) const;
     [[nodiscard]] PointerEvent eventAt(const PointerState& pointer, MouseButton button) const;
 
     const ElementStore& elements_;

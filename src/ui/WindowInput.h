@@ -20,8 +20,9 @@ struct Modifiers {
 };
 
 struct PointerEvent {
-    /// The topmost visible, enabled element under the pointer. From a press to the last release it
-    /// is the element that was pressed, wherever the pointer is and even when it is hidden since.
+    /// The topmost element under the pointer that is visible and takes the mouse; nothing when it
+    /// is disabled. From a press to the last release it is the element that was pressed, wherever
+    /// the pointer is and even when it is hidden since.
     std::optional<ElementAddress> element;
     double x = 0; ///< from the element's left edge as it stands now, in skin pixels
     double y = 0; ///< from its top edge

@@ -109,6 +109,26 @@ TEST(Commands, theLastTargetCountsAndErrorsGoToTheCaller) {
     EXPECT_THROW(commands.bind(CommandId::none, [] {}), base::RuntimeError);
 }
 
+TEST(MainButtons, lookDisabledWithoutATarget) {
+    ui::MainElements elements(ui::mainLayout());
+    Commands commands;
+    commands.bind(CommandId::play, [] {});
+    commands.bind(CommandId::resetEqualizer, [] {});
+    commands.bind(CommandId::clearList, {.run = [] {}, .enabled = [] { return false; }});
+    enableButtons(elements, commands);
+    using N = ui::MainElement;
+    for (const N name : {N::playup, N::playdown, N::resetbt, N::clrIMG}) {
+        EXPECT_TRUE(elements.get(name).enabled) << static_cast<int>(name);
+    }
+    for (const N name : {N::stopup, N::filedown, N::addlocIMG, N::eqbt, N::prebt, N::Image1}) {
+        EXPECT_FALSE(elements.get(name).enabled) << static_cast<int>(name);
+    }
+    commands.bind(CommandId::preferences, [] {});
+    enableButtons(elements, commands);
+    EXPECT_TRUE(elements.get(N::prebt).enabled);
+    EXPECT_TRUE(elements.get(N::mainIMG).enabled);
+}
+
 TEST(MainButtons, noElementStandsTwice) {
     std::set<std::pair<ui::MainElement, std::size_t>> seen;
     for (const PressButton& button : pressButtons()) {

@@ -261,6 +261,35 @@ TEST_F(MainSkinTest, theWindowAndPlainButtonsAreAsLargeAsTheirPictures) {
     }
 }
 
+TEST_F(MainSkinTest, aGroundThatNoScreenHasRoomForIsAnError) {
+    MainSkin small(
+        elements_, pictures_, host_.paths, [] {},
+        [](int width, int height) { return width <= 640 && height <= 480; });
+    host_.folder.write("skins/CurrentSkin/main.bmp", plainBitmap(640, 480, 0));
+    small.LoadMainSkin();
+    EXPECT_EQ(elements_.get(N::mainIMG).width, 640);
+    elements_.touch(N::mainIMG).width = 470;
+    elements_.touch(N::mainIMG).height = 312;
+    for (const auto& [width, height] : {std::pair(641, 100), std::pair(100, 481)}) {
+        host_.folder.write("skins/CurrentSkin/main.bmp", plainBitmap(width, height, 0));
+        try {
+            small.LoadMainSkin();
+            ADD_FAILURE() << width;
+        } catch (const base::RuntimeError& error) {
+            EXPECT_EQ(error.number(), 481);
+        }
+        EXPECT_EQ(elements_.get(N::mainIMG).width, 470);
+    }
+}
+
+TEST_F(MainSkinTest, aGroundAsLargeAsTheLayoutsFitsTheSmallestScreen) {
+    MainSkin small(
+        elements_, pictures_, host_.paths, [] {}, [](int, int) { return false; });
+    host_.folder.write("skins/CurrentSkin/main.bmp", plainBitmap(470, 312, 0));
+    small.LoadMainSkin();
+    EXPECT_TRUE(picture(N::mainIMG));
+}
+
 TEST_F(MainSkinTest, otherElementsKeepTheSizeOfTheLayout) {
     const ui::MainElements layout(ui::mainLayout());
     for (const Binding& binding : mainBindings()) {

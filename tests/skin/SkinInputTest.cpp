@@ -39,7 +39,8 @@ protected:
     MainSkin skin_{rig_.elements, pictures_, rig_.host.paths,
                    [this] { rig_.panels.RefreshTabs(); }};
     testing::StrictMock<NextInput> next_;
-    SkinInput input_{skin_, rig_.panels, rig_.errors, next_};
+    FlatFaces flat_{rig_.elements};
+    SkinInput input_{skin_, flat_, rig_.panels, rig_.errors, next_};
 };
 
 TEST_F(SkinInputTest, everythingGoesOnToTheNext) {
@@ -79,10 +80,41 @@ TEST_F(SkinInputTest, aButtonShowsItsOverFaceUntilTheMouseIsOnTheBackground) {
     EXPECT_CALL(next_, mouseMove(_)).Times(2);
     input_.pointerEntered(ui::addressOf(N::playup));
     EXPECT_EQ(picture(N::playup), PanelsRig::look(61));
-    input_.mouseMove(over(N::ScreenIMG)); // not the bare background
+    input_.mouseMove(over(N::playup));
     EXPECT_EQ(picture(N::playup), PanelsRig::look(61));
     input_.mouseMove(over(N::mainIMG));
     EXPECT_EQ(picture(N::playup), PanelsRig::look(60));
+}
+
+TEST_F(SkinInputTest, overFacesEndAsTheMouseLeaves) {
+    rig_.elements.touch(N::playup).picture = PanelsRig::look(60);
+    rig_.elements.touch(N::tmp, 7).picture = PanelsRig::look(61);
+    skin_.SaveUpPictures();
+    EXPECT_CALL(next_, pointerEntered(_));
+    EXPECT_CALL(next_, pointerLeft(_)).Times(2);
+    EXPECT_CALL(next_, mouseMove(_));
+    input_.pointerEntered(ui::addressOf(N::playup));
+    input_.pointerLeft(ui::addressOf(N::playup)); // out of the window, or over any area
+    EXPECT_EQ(picture(N::playup), PanelsRig::look(60));
+    input_.mouseMove(over(N::plbt));
+    EXPECT_EQ(picture(N::plbt), picture(N::Image2, 15));
+    input_.pointerLeft(ui::addressOf(N::plbt));
+    EXPECT_EQ(picture(N::plbt), picture(N::Image2, 2));
+}
+
+TEST_F(SkinInputTest, aFlatButtonIsUpAgainWhenItsClickActs) {
+    ui::PointerEvent event = over(N::resetbt);
+    const ui::Box box = rig_.elements.get(N::resetbt).box();
+    event.windowX = box.left + 1;
+    event.windowY = box.top + 1;
+    event.button = ui::MouseButton::Left;
+    EXPECT_CALL(next_, mouseDown(_));
+    input_.mouseDown(event);
+    EXPECT_EQ(rig_.elements.get(N::resetbt).shade, ui::Shade::Darker);
+    EXPECT_CALL(next_, mouseUp(_)).WillOnce([this](const ui::PointerEvent&) {
+        EXPECT_EQ(rig_.elements.get(N::resetbt).shade, ui::Shade::Lighter);
+    });
+    input_.mouseUp(event);
 }
 
 TEST_F(SkinInputTest, aReleaseGivesTheTabOfThePreferencesItsUpFace) {

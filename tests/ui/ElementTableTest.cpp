@@ -130,12 +130,14 @@ TEST_F(ElementTableTest, theOwnerHearsOfTheFirstWriteOnly) {
     EXPECT_THAT(table_.takeChanges(), IsEmpty());
 }
 
-TEST_F(ElementTableTest, aPlaceBelongsToTheTopmostVisibleEnabledElement) {
+TEST_F(ElementTableTest, aPlaceBelongsToTheTopmostVisibleElementThatTakesTheMouse) {
     const auto at = [&](double x, double y) { return table_.topmostAt(x, y); };
     EXPECT_THAT(at(41, 41), Optional(slot(Small::up)));
     table_.touch(Small::down).visible = true;
     EXPECT_THAT(at(41, 41), Optional(slot(Small::down)));
     table_.touch(Small::down).enabled = false;
+    EXPECT_THAT(at(41, 41), Optional(slot(Small::down)));
+    table_.touch(Small::down).takesMouse = false;
     EXPECT_THAT(at(41, 41), Optional(slot(Small::up)));
     table_.touch(Small::up).visible = false;
     EXPECT_THAT(at(41, 41), Optional(slot(Small::ground)));

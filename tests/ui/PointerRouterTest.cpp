@@ -86,6 +86,16 @@ TEST_F(PointerRouterTest, theSecondPressOfADoubleClickIsAPressToo) {
                 ElementsAre("down up(0) 5,5", "double up(0) 5,5", "up up(0) 5,5", "enter up(0)"));
 }
 
+TEST_F(PointerRouterTest, whatTheMouseDoesOnADisabledElementIsLost) {
+    table_.touch(Small::up).enabled = false;
+    router_.moved(at(45, 45));
+    router_.pressed(at(45, 45, true), MouseButton::Left, false);
+    router_.moved(at(5, 5, true)); // on the ground, which must not take it for its own
+    router_.released(at(45, 45), MouseButton::Left);
+    EXPECT_THAT(notes_.lines, ElementsAre("move nothing 45,45", "down nothing 45,45",
+                                          "move nothing 5,5", "up nothing 45,45"));
+}
+
 TEST_F(PointerRouterTest, theWheelGoesToWhatIsUnderThePointer) {
     router_.turned(at(31, 71), -0.5);
     router_.turned(at(900, 1), 2);

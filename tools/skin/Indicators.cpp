@@ -45,7 +45,8 @@ const PixelRows& skipPixels() {
 
 Drawing indicator(const char* name, N element, const PixelRows& rows, QRgb colour) {
     return drawingFor(name, {element}, [&rows, colour](QPainter& painter) {
-        painter.fillRect(QRectF(0, 0, 12, 9), QColor::fromRgb(kGlass));
+        // Nothing but the symbol: it also stands over the list.
+        painter.fillRect(QRectF(0, 0, 12, 9), QColor::fromRgb(keyPixel()));
         paintPixels(painter, {0, 1}, rows, colour);
     });
 }

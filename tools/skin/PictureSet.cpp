@@ -14,8 +14,7 @@ namespace {
 
 /// A pixel belongs to the window if its middle does: it is window or nothing, never a mixture.
 void cutOut(QImage& image, int scale) {
-    const ui::Colour key = ui::keyColour(ui::kWindowDepth);
-    const QRgb keyPixel = qRgb(key.red, key.green, key.blue);
+    const QRgb key = keyPixel();
     QImage inside(image.size(), QImage::Format_ARGB32);
     inside.fill(0);
     QPainter painter(&inside);
@@ -26,7 +25,7 @@ void cutOut(QImage& image, int scale) {
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
             if (qAlpha(inside.pixel(x, y)) == 0) {
-                image.setPixel(x, y, keyPixel);
+                image.setPixel(x, y, key);
             }
         }
     }
@@ -65,6 +64,11 @@ Drawing drawingFor(std::string name, Spot shown, Spot kept, std::function<void(Q
             .size = rectOf(shown).size().toSize(),
             .paint = std::move(paint),
             .spot = kept};
+}
+
+QRgb keyPixel() noexcept {
+    const ui::Colour key = ui::keyColour(ui::kWindowDepth);
+    return qRgb(key.red, key.green, key.blue);
 }
 
 QImage rendered(const Drawing& drawing, int scale) {

@@ -45,6 +45,9 @@ using Drawings = std::vector<Drawing>;
 [[nodiscard]] Drawing drawingFor(std::string name, Spot shown, Spot kept,
                                  std::function<void(QPainter&)> paint);
 
+/// The colour of what is no part of a picture.
+[[nodiscard]] QRgb keyPixel() noexcept;
+
 /// The picture at that many times its size, opaque.
 [[nodiscard]] QImage rendered(const Drawing& drawing, int scale);
 

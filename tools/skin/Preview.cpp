@@ -127,8 +127,21 @@ struct Frame {
     int panel;
 };
 
+/// As the window shows it: what has the key colour is transparent.
+QImage withoutKey(const QImage& picture) {
+    QImage image = picture.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixel(x, y) == keyPixel()) {
+                image.setPixel(x, y, kNothing);
+            }
+        }
+    }
+    return image;
+}
+
 void paintPicture(Frame& frame, const ui::Element& element, const Drawing& drawing) {
-    const QImage image = rendered(drawing, frame.scale);
+    const QImage image = withoutKey(rendered(drawing, frame.scale));
     const double height = std::min<double>(drawing.size.height(), element.height);
     frame.painter.drawImage(QRectF(std::round(element.left * frame.scale) / frame.scale,
                                    element.top, drawing.size.width(), height),

@@ -57,7 +57,7 @@ void HostedControls::cutOut(std::size_t slot, QWidget& widget, const SkinScale& 
     QRegion front;
     for (std::size_t other = slot + 1; other < elements_.size(); ++other) {
         const Element& element = elements_.at(other);
-        if (element.visible && element.kind != ElementKind::Control) {
+        if (element.visible && element.takesMouse && element.kind != ElementKind::Control) {
             front += scale.pixels(element.box()) & place;
         }
     }

@@ -16,7 +16,6 @@ constexpr double kPanelRadius = 5;
 constexpr double kButtonRadius = 4;
 constexpr double kSliderRadius = 2.5;
 constexpr double kThinnestPanel = 3; ///< what is thinner is a line
-constexpr double kDisabledOpacity = 0.45;
 constexpr int kLighter = 118;
 constexpr int kDarker = 118;
 constexpr int kMark = 190;
@@ -106,6 +105,9 @@ void drawButton(QPainter& painter, const Element& element, bool hovered) {
         QColor colour = qtColour(*element.backColour);
         if (element.checked || hovered) {
             colour = colour.lighter(kLighter);
+        }
+        if (element.shade == Shade::Darker) {
+            colour = colour.darker(kDarker);
         }
         const QRectF box = boxOf(element).adjusted(0.5, 0.5, -0.5, -0.5);
         // Light comes from above: a pressed button is lit from below.

@@ -18,6 +18,8 @@ struct PlainState {
     bool hovered = false; ///< the pointer is over it
 };
 
+inline constexpr double kDisabledOpacity = 0.45;
+
 /// Draws the record in skin pixels of the window, whatever its visibility says.
 void drawPlain(QPainter& painter, const Element& element, PlainState state);
 

@@ -31,7 +31,8 @@ QEvent::Type changesEvent() {
 SkinWindow::SkinWindow(ElementStore& elements, const PictureStore& pictures, WindowInput& input,
                        const host::Dispatcher& dispatcher)
     : elements_(elements), pictures_(pictures), input_(input), dispatcher_(dispatcher),
-      router_(elements, input), image_(elements, pictures), controls_(*this, elements) {
+      router_(elements, input), image_(elements, pictures), controls_(*this, elements),
+      front_(new FrontLayer(*this, elements, image_)) {
     setWindowFlag(Qt::FramelessWindowHint);
     setAttribute(Qt::WA_TranslucentBackground);
     setMouseTracking(true);
@@ -47,6 +48,7 @@ SkinWindow::~SkinWindow() {
 
 void SkinWindow::hostControl(ElementAddress address, QWidget* widget) {
     controls_.host(elements_.slotOf(address), widget, scale_);
+    front_->refresh(scale_);
 }
 
 void SkinWindow::setCaption(std::string_view bytes) {
@@ -59,11 +61,15 @@ void SkinWindow::setScale(double factor) {
     fitToGround();
     applyRegion();
     controls_.placeAll(scale_);
+    front_->refresh(scale_);
     update();
 }
 
 void SkinWindow::applyChanges() {
+    bool inFront = false;
     for (const ElementStore::Change& change : elements_.takeChanges()) {
+        const Element& element = elements_.at(change.slot);
+        inFront |= !element.takesMouse || element.kind == ElementKind::Control;
         for (const std::optional<Box>& box : {change.before, change.after}) {
             if (box) {
                 redraw(*box);
@@ -74,6 +80,9 @@ void SkinWindow::applyChanges() {
         if (change.slot == 0) {
             fitToGround();
         }
+    }
+    if (inFront) {
+        front_->refresh(scale_);
     }
 }
 

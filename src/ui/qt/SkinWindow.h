@@ -8,6 +8,7 @@
 #include "ui/ElementStore.h"
 #include "ui/PictureStore.h"
 #include "ui/PointerRouter.h"
+#include "ui/qt/FrontLayer.h"
 #include "ui/qt/HostedControls.h"
 #include "ui/qt/SkinScale.h"
 #include "ui/qt/WindowImage.h"
@@ -97,6 +98,7 @@ private:
     QPoint pressedAt_;                ///< where the pointer last went down, seen from the window
     std::optional<QPoint> draggedBy_; ///< likewise, while the window moves itself
     HostedControls controls_;
+    FrontLayer* front_; ///< a child, which the object tree owns
 };
 
 } // namespace tovik::ui

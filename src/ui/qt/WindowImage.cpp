@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/qt/WindowImage.h"
 
+#include "ui/qt/PictureShade.h"
 #include "ui/qt/PlainFace.h"
 #include "ui/qt/SkinScale.h"
 
@@ -63,12 +64,28 @@ const QImage& WindowImage::compose(std::optional<std::size_t> hovered) {
     return image_;
 }
 
+QImage WindowImage::alone(const std::vector<std::size_t>& which, const QRect& box) const {
+    QImage image(box.size() * factor_, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.translate(-box.topLeft() * factor_);
+    painter.scale(factor_, factor_);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (const std::size_t slot : which) {
+        drawElement(painter, slot, false);
+    }
+    return image;
+}
+
 void WindowImage::drawElement(QPainter& painter, std::size_t slot, bool hovered) const {
     const Element& element = elements_.at(slot);
     if (!element.smallText.empty()) {
         drawSmallText(painter, element);
     } else if (const PixelImage* const image = pictures_.find(element.picture); image != nullptr) {
-        drawPicture(painter, *image, element.box());
+        painter.save();
+        painter.setOpacity(element.enabled ? 1 : kDisabledOpacity);
+        drawPicture(painter, *image, element.box(), element.shade);
+        painter.restore();
     } else {
         drawPlain(painter, element, {.ground = slot == 0, .hovered = hovered});
     }
@@ -86,7 +103,8 @@ void WindowImage::drawSliderBar(QPainter& painter, const Element& element) const
     }
 }
 
-void WindowImage::drawPicture(QPainter& painter, const PixelImage& image, const Box& box) const {
+void WindowImage::drawPicture(QPainter& painter, const PixelImage& image, const Box& box,
+                              Shade shade) const {
     if (image.pixels.empty()) {
         return;
     }
@@ -98,8 +116,10 @@ void WindowImage::drawPicture(QPainter& painter, const PixelImage& image, const 
                      std::min(image.height, qRound(box.height)));
     const QPoint place(qRound(box.left * factor_), qRound(box.top * factor_));
     painter.save();
-    painter.resetTransform();
-    painter.drawImage(QRect(place, part * factor_), shown, QRect({0, 0}, part));
+    const QTransform whole = painter.worldTransform();
+    painter.setWorldTransform(QTransform::fromTranslate(whole.dx(), whole.dy()));
+    painter.drawImage(QRect(place, part * factor_),
+                      shade == Shade::None ? shown : shaded(shown, shade), QRect({0, 0}, part));
     painter.restore();
 }
 

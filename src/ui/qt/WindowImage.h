@@ -10,6 +10,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QRegion>
+#include <vector>
 
 namespace tovik::ui {
 
@@ -33,11 +34,16 @@ public:
     /// under the pointer. Where no element is, it is transparent.
     [[nodiscard]] const QImage& compose(std::optional<std::size_t> hovered);
 
+    /// These elements alone, as they are now, on nothing: an image of the part of the window in
+    /// `box`, whole skin pixels.
+    [[nodiscard]] QImage alone(const std::vector<std::size_t>& which, const QRect& box) const;
+
 private:
     void fitToGround();
     void drawElement(QPainter& painter, std::size_t slot, bool hovered) const;
     void drawSliderBar(QPainter& painter, const Element& element) const;
-    void drawPicture(QPainter& painter, const PixelImage& image, const Box& box) const;
+    void drawPicture(QPainter& painter, const PixelImage& image, const Box& box,
+                     Shade shade = Shade::None) const;
 
     const ElementStore& elements_;
     const PictureStore& pictures_;

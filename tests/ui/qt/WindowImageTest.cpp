@@ -153,6 +153,55 @@ TEST_F(WindowImageTest, onlyWhatLooksDifferentIsDrawnAnew) {
     EXPECT_EQ(composed().pixel(195, 95), 0xFF405060);
 }
 
+TEST_F(WindowImageTest, onePictureGivesThreeFaces) {
+    Element& lamp = table.touch(Small::lamp, 0);
+    lamp.picture = pictures.add({2, 1, {0xFF6080A0, 0}});
+    const QRgb below = composed().pixel(11, 70);
+    EXPECT_EQ(composed().pixel(10, 70), 0xFF6080A0);
+    table.touch(Small::lamp, 0).shade = Shade::Lighter;
+    const QRgb lighter = composed().pixel(10, 70);
+    table.touch(Small::lamp, 0).shade = Shade::Darker;
+    const QRgb darker = composed().pixel(10, 70);
+    const QColor own(0x60, 0x80, 0xA0);
+    EXPECT_GT(QColor(lighter).value(), own.value() + 20);
+    EXPECT_LT(QColor(darker).value(), own.value() - 20);
+    EXPECT_GT(qRed(lighter), own.red() + 10);
+    EXPECT_LT(qRed(darker), own.red() - 10);
+    EXPECT_EQ(composed().pixel(11, 70), below); // a hole stays one
+    table.touch(Small::lamp, 0).shade = Shade::None;
+    EXPECT_EQ(composed().pixel(10, 70), 0xFF6080A0);
+}
+
+TEST_F(WindowImageTest, theLightestColourStaysOne) {
+    table.touch(Small::lamp, 0).picture = pictures.add({1, 1, {0xFFF0F0F0}});
+    table.touch(Small::lamp, 0).shade = Shade::Lighter;
+    EXPECT_EQ(composed().pixel(10, 70), 0xFFFFFFFF);
+}
+
+TEST_F(WindowImageTest, aDisabledPictureIsPale) {
+    table.touch(Small::ground).picture =
+        pictures.add({200, 100, std::vector<std::uint32_t>(20000, 0xFF000000)});
+    table.touch(Small::lamp, 0).picture = pictures.add({1, 1, {0xFFFFFFFF}});
+    table.touch(Small::lamp, 0).enabled = false;
+    const int pale = qRed(composed().pixel(10, 70));
+    EXPECT_GT(pale, 60);
+    EXPECT_LT(pale, 160);
+}
+
+TEST_F(WindowImageTest, elementsAloneStandWhereTheyStandInTheWindow) {
+    table.touch(Small::lamp, 0).picture = corners(); // at 10, 70
+    for (const int factor : {1, 2}) {
+        image.setFactor(factor);
+        const QImage part =
+            image.alone({table.slotOf(addressOf(Small::lamp))}, QRect(8, 69, 20, 20));
+        EXPECT_EQ(part.size(), QSize(20, 20) * factor);
+        EXPECT_EQ(part.pixel(2 * factor, 1 * factor), 0xFFFF0000);
+        EXPECT_EQ(part.pixel(3 * factor, 2 * factor), 0xFFFFFFFF);
+        EXPECT_EQ(part.pixel(0, 0), 0U);
+        EXPECT_EQ(part.pixel(4 * factor, 3 * factor), 0U);
+    }
+}
+
 TEST_F(WindowImageTest, aRedrawnPlaceKeepsNothingOfBefore) {
     table.touch(Small::ground).picture =
         pictures.add({200, 100, std::vector<std::uint32_t>(20000, 0)});
