@@ -3,7 +3,7 @@
 #include "ui/GlyphText.h"
 #include "ui/MainElements.h"
 #include "ui/qt/WindowImage.h"
-#include "ui/TextFields.h"
+#include "window/TextFields.h"
 
 #include <benchmark/benchmark.h>
 

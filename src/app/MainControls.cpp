@@ -81,10 +81,10 @@ void MainControls::addQuickList() {
 }
 
 void MainControls::addList(MainElement element, const char* objectName, playlist::stdSS& list) {
-    player::ListRows& rows = *rows_.emplace_back(std::make_unique<player::ListRows>(list));
+    window::ListRows& rows = *rows_.emplace_back(std::make_unique<window::ListRows>(list));
     auto* widget = new ui::ListWidget(rows, rows, dispatcher_);
     widget->setObjectName(QString::fromLatin1(objectName));
-    widget->setColours(player::kListColours);
+    widget->setColours(window::kListColours);
     widget->showTimes();
     widget->setScrollerPicture([this] {
         return player_.pictures().find(player_.elements().get(MainElement::Picture3).picture);

@@ -3,10 +3,10 @@
 #pragma once
 
 #include "app/frmPlayer.h"
-#include "player/ListRows.h"
-#include "player/QuickListRows.h"
 #include "ui/qt/ListWidget.h"
 #include "ui/qt/SkinWindow.h"
+#include "window/ListRows.h"
+#include "window/QuickListRows.h"
 
 #include <memory>
 #include <QComboBox>
@@ -36,8 +36,8 @@ private:
     frmPlayer& player_;
     ui::SkinWindow& window_;
     const host::Dispatcher& dispatcher_;
-    player::QuickListRows quickList_;
-    std::vector<std::unique_ptr<player::ListRows>> rows_;
+    window::QuickListRows quickList_;
+    std::vector<std::unique_ptr<window::ListRows>> rows_;
     std::vector<std::unique_ptr<ListWatch>> watches_;
     QWidget* text4_;
 };

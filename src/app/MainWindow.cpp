@@ -64,7 +64,8 @@ void MainWindow::takeFocus() {
 
 void MainWindow::showLoadPreset(player::frmLoadPreset& dialog) {
     if (!loadPreset_) {
-        loadPreset_ = new LoadPresetDialog(dialog, *language_, host_.dispatcher, skin_.get());
+        loadPreset_ =
+            new dialogs::LoadPresetDialog(dialog, *language_, host_.dispatcher, skin_.get());
     }
     loadPreset_->open();
 }

@@ -4,8 +4,8 @@
 #pragma once
 
 #include "app/frmPlayer.h"
-#include "app/LoadPresetDialog.h"
 #include "app/MainControls.h"
+#include "dialogs/LoadPresetDialog.h"
 #include "player/PlayerWindow.h"
 #include "ui/qt/SkinWindow.h"
 #include "ui/qt/SplashWindow.h"
@@ -73,8 +73,8 @@ private:
     std::unique_ptr<MainControls> controls_; ///< outlives the widgets, which ask it
     std::unique_ptr<ui::SkinWindow> skin_;
     std::unique_ptr<ui::SplashWindow> splash_;
-    config::MultiLNG* language_ = nullptr;  ///< the player's, since `attach`
-    QPointer<LoadPresetDialog> loadPreset_; ///< the window's object tree owns it
+    config::MultiLNG* language_ = nullptr;           ///< the player's, since `attach`
+    QPointer<dialogs::LoadPresetDialog> loadPreset_; ///< the window's object tree owns it
 };
 
 } // namespace tovik::app

@@ -9,8 +9,8 @@
 #include "host/qt/RealHost.h"
 #include "host/virtual/UnattendedDialogs.h"
 #include "host/virtual/UnattendedPrograms.h"
-#include "skin/WindowPictures.h"
 #include "sound/engine/Engine.h"
+#include "window/WindowPictures.h"
 
 #include <array>
 #include <cstdlib>
@@ -111,7 +111,7 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
                      {.commandLine = line.player.text,
                       .checkInstance = !line.screenshotFile,
                       .keepsList = !line.screenshotFile});
-    skin::giveWindowPictures(player.elements(), player.pictures(), windowPicture);
+    window::giveWindowPictures(player.elements(), player.pictures(), windowPicture);
     window.attach(player);
     host.dispatcher.reportTo(
         [&](const base::RuntimeError& error) { player.errors().reportUnguarded(error); });

@@ -67,14 +67,14 @@ void frmPlayer::drawTitle(std::u32string_view characters) {
     if (window_.visible()) {
         // Without a strip of glyphs the caption stands still.
         static_cast<void>(
-            fields_.draw(ui::MainElement::songname, 0, characters, ui::Strip::Bright));
+            fields_.draw(ui::MainElement::songname, 0, characters, window::Strip::Bright));
     }
 }
 
 void frmPlayer::startTimers() {
     Timer4_->setInterval(kTimer4Ms);
-    Timer5_->setInterval(player::RotatingCaption::kTimer5Ms);
-    Timer6_->setInterval(skin::Panels::kTimer6Ms);
+    Timer5_->setInterval(window::RotatingCaption::kTimer5Ms);
+    Timer6_->setInterval(window::Panels::kTimer6Ms);
     // The others wait until a track plays, their mode is on or a panel is switched.
     for (host::Timer* const timer :
          {playback_.Timer1.get(), playback_.Timer2.get(), Timer4_.get(), Timer5_.get()}) {

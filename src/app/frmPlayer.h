@@ -3,6 +3,8 @@
 // end. Needs no window system. Interface thread.
 #pragma once
 
+#include "commands/ClsShortcut.h"
+#include "commands/Commands.h"
 #include "config/clsXML.h"
 #include "config/ErrHandler.h"
 #include "config/Errors.h"
@@ -12,38 +14,36 @@
 #include "config/StartSettings.h"
 #include "config/Version.h"
 #include "host/Host.h"
-#include "player/ClsShortcut.h"
-#include "player/Commands.h"
 #include "player/Equalizer.h"
 #include "player/EqualizerFiles.h"
-#include "player/EqualizerInput.h"
 #include "player/EqualizerStore.h"
 #include "player/frmLoadPreset.h"
-#include "player/MainBars.h"
-#include "player/MainDisplay.h"
-#include "player/MainInput.h"
-#include "player/MainTexts.h"
 #include "player/NowPlaying.h"
 #include "player/Playback.h"
 #include "player/PlayerState.h"
 #include "player/PlayerWindow.h"
-#include "player/RotatingCaption.h"
-#include "player/TimeDisplay.h"
 #include "player/TrackEvents.h"
 #include "playlist/ListKeeper.h"
 #include "playlist/ListMirror.h"
 #include "playlist/PlaylistFiles.h"
 #include "playlist/stdSS.h"
-#include "skin/MainSkin.h"
-#include "skin/Panels.h"
-#include "skin/SkinInput.h"
 #include "sound/SoundLibrary.h"
 #include "tags/cMP3ID3v1.h"
 #include "tags/TagWarning.h"
 #include "ui/cDIBSectionRegion.h"
 #include "ui/ImgScroller.h"
 #include "ui/MainElements.h"
-#include "ui/TextFields.h"
+#include "window/EqualizerInput.h"
+#include "window/MainBars.h"
+#include "window/MainDisplay.h"
+#include "window/MainInput.h"
+#include "window/MainSkin.h"
+#include "window/MainTexts.h"
+#include "window/Panels.h"
+#include "window/RotatingCaption.h"
+#include "window/SkinInput.h"
+#include "window/TextFields.h"
+#include "window/TimeDisplay.h"
 
 #include <memory>
 #include <span>
@@ -89,7 +89,7 @@ public:
 
     [[nodiscard]] ui::MainElements& elements() { return elements_; }
 
-    [[nodiscard]] player::Commands& commands() { return commands_; }
+    [[nodiscard]] commands::Commands& commands() { return commands_; }
 
     [[nodiscard]] ui::PictureStore& pictures() { return pictures_; }
 
@@ -107,7 +107,7 @@ public:
 
     [[nodiscard]] player::SilenceSkip& silenceSkip() { return playback_.silenceSkip; }
 
-    [[nodiscard]] skin::Panels& panels() { return panels_; }
+    [[nodiscard]] window::Panels& panels() { return panels_; }
 
     [[nodiscard]] const player::PlayerState& state() const { return state_; }
 
@@ -128,7 +128,7 @@ public:
 
     [[nodiscard]] const config::MenuTexts& menuTexts() const { return menuTexts_; }
 
-    [[nodiscard]] const player::MainTexts& texts() const { return texts_; }
+    [[nodiscard]] const window::MainTexts& texts() const { return texts_; }
 
     /// Reads which language is set and gives its words to all windows that are open. Raises what
     /// reading a setting raises.
@@ -248,7 +248,7 @@ private:
     config::clsXML settingsXml_;
     config::Settings settings_;
     config::Version version_;
-    player::MainTexts texts_{elements_};
+    window::MainTexts texts_{elements_};
     config::MenuTexts menuTexts_;
     config::MultiLNG language_;
     config::ErrHandler errHandler_;
@@ -258,9 +258,9 @@ private:
     playlist::PlaylistFiles files_;
     playlist::ListKeeper listKeeper_;
 
-    ui::TextFields fields_{elements_, pictures_};
+    window::TextFields fields_{elements_, pictures_};
     ui::ImgScroller scroller_;
-    player::MainDisplay display_;
+    window::MainDisplay display_;
     player::Equalizer equalizer_;
     player::EqualizerStore equalizerStore_{settings_, equalizer_};
     player::EqualizerFiles equalizerFiles_;
@@ -268,22 +268,22 @@ private:
     player::Playback playback_;
     std::unique_ptr<host::Timer> Timer4_;
     std::unique_ptr<host::Timer> Timer5_;
-    player::RotatingCaption caption_{state_, errors_, playing_, display_};
+    window::RotatingCaption caption_{state_, errors_, playing_, display_};
     std::unique_ptr<host::Timer> Timer6_ = host_.timers.makeTimer([this] { panels_.Timer6(); });
-    skin::Panels panels_{state_, elements_, window_, errors_, *Timer6_};
+    window::Panels panels_{state_, elements_, window_, errors_, *Timer6_};
 
-    player::TimeDisplay timeDisplay_{state_, playing_, display_};
-    player::MainBars bars_{elements_, playback_.positionBar, playback_.volumeBar,
+    window::TimeDisplay timeDisplay_{state_, playing_, display_};
+    window::MainBars bars_{elements_, playback_.positionBar, playback_.volumeBar,
                            playback_.balance};
-    player::EqualizerInput equalizerInput_{equalizer_};
-    player::Commands commands_;
-    player::ClsShortcut shortcuts_{commands_};
-    player::MainInput input_;
-    skin::MainSkin skin_{
+    window::EqualizerInput equalizerInput_{equalizer_};
+    commands::Commands commands_;
+    commands::ClsShortcut shortcuts_{commands_};
+    window::MainInput input_;
+    window::MainSkin skin_{
         elements_, pictures_, host_.paths, [this] { panels_.RefreshTabs(); },
         [this](int width, int height) { return window_.fitsScreen(width, height); }};
-    skin::FlatFaces flatFaces_{elements_};
-    skin::SkinInput skinInput_{skin_, flatFaces_, panels_, errors_, input_};
+    window::FlatFaces flatFaces_{elements_};
+    window::SkinInput skinInput_{skin_, flatFaces_, panels_, errors_, input_};
 };
 
 } // namespace tovik::app

@@ -9,8 +9,8 @@
 
 namespace tovik::app {
 
-using player::CommandId;
-using player::TimeDisplay;
+using commands::CommandId;
+using window::TimeDisplay;
 
 void frmPlayer::bindCommands() {
     bindPlaying();
@@ -20,7 +20,7 @@ void frmPlayer::bindCommands() {
     bindEqualizer();
     commands_.bind(CommandId::exit, [this] { host_.closing.request(); });
     commands_.bind(CommandId::minimise, [this] { window_.minimise(); });
-    player::enableButtons(elements_, commands_);
+    window::enableButtons(elements_, commands_);
 }
 
 void frmPlayer::bindPlaying() {

@@ -149,7 +149,7 @@ TEST_F(Advance, silenceSkipThatWasLeftOnWorksFromTheStart) {
 }
 
 TEST_F(Advance, theCommandsReachIt) {
-    using player::CommandId;
+    using commands::CommandId;
     startWithList(3);
     const auto run = [this](CommandId id) { return player().commands().run(id); };
     EXPECT_TRUE(run(CommandId::next));

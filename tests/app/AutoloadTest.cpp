@@ -41,7 +41,7 @@ TEST_F(Autoload, theListComesBackWithoutASelectionAndNothingPlays) {
 TEST_F(Autoload, playWithoutASelectionStartsTheFirstRow) {
     start();
     advance(100);
-    EXPECT_TRUE(player().commands().run(player::CommandId::play));
+    EXPECT_TRUE(player().commands().run(commands::CommandId::play));
     EXPECT_TRUE(player().state().IsPlaying);
     EXPECT_EQ(player().state().CurrentTitle, "One");
     EXPECT_TRUE(player().stdSS().isPlayed(1));

@@ -5,7 +5,7 @@
 namespace tovik::test {
 namespace {
 
-using player::CommandId;
+using commands::CommandId;
 using testing::Contains;
 using testing::IsEmpty;
 using ui::MainElement;
@@ -177,7 +177,7 @@ TEST_F(PlayerCommands, theCloseButtonLeaves) {
 TEST_F(PlayerCommands, whatHasNoTargetYetIsDisabledAndHarmless) {
     start();
     const std::size_t calls = sound_.calls.size();
-    for (const player::Command& command : player::commandTable()) {
+    for (const commands::Command& command : commands::commandTable()) {
         if (!player().commands().enabled(command.id)) {
             EXPECT_FALSE(player().commands().run(command.id));
         }

@@ -5,7 +5,7 @@
 namespace tovik::test {
 namespace {
 
-using player::CommandId;
+using commands::CommandId;
 using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The dialog with the presets on the screen.
-#include "app/LoadPresetDialog.h"
+#include "dialogs/LoadPresetDialog.h"
 
 #include "app/AppRig.h"
 
@@ -19,9 +19,9 @@ protected:
         host_.folder.write("Languages/English.lng",
                            "[FrmLoadPreset]\nitem0=Presets\nitem1=Take\nitem2=Leave\nitem3=Try\n");
         start();
-        player().commands().run(player::CommandId::loadPreset);
-        dialog_ = std::make_unique<app::LoadPresetDialog>(*window_.loadPreset, player().language(),
-                                                          host_.dispatcher, nullptr);
+        player().commands().run(commands::CommandId::loadPreset);
+        dialog_ = std::make_unique<dialogs::LoadPresetDialog>(
+            *window_.loadPreset, player().language(), host_.dispatcher, nullptr);
         list_ = dialog_->findChild<QListWidget*>("List1");
     }
 
@@ -29,7 +29,7 @@ protected:
 
     [[nodiscard]] std::int32_t firstSlider() { return player().equalizer().eq_sld(0).Value(); }
 
-    std::unique_ptr<app::LoadPresetDialog> dialog_;
+    std::unique_ptr<dialogs::LoadPresetDialog> dialog_;
     QListWidget* list_ = nullptr;
 };
 

@@ -24,7 +24,7 @@ protected:
         const TemporaryFolder folder;
         writeTestSkin(folder.path());
         std::vector<skin::SkinFile> files;
-        for (const skin::Binding& binding : skin::mainBindings()) {
+        for (const window::Binding& binding : window::mainBindings()) {
             if (!binding.file.empty()) {
                 const std::string name = std::string(binding.file) + ".bmp";
                 files.push_back({name, folder.read("skins/CurrentSkin/" + name)});

@@ -4,11 +4,11 @@
 #include "GlyphTable.h"
 #include "PictureSet.h"
 #include "skin/Bitmap.h"
-#include "skin/MainBindings.h"
-#include "skin/WindowPictures.h"
 #include "Stand.h"
 #include "ui/GlyphText.h"
 #include "ui/KeyColour.h"
+#include "window/MainBindings.h"
+#include "window/WindowPictures.h"
 
 #include <gtest/gtest.h>
 
@@ -68,7 +68,7 @@ TEST(SkinArt, drawsTheFileOfEveryBindingForItsElement) {
     }
     EXPECT_EQ(drawn.size(), 107U);
     std::size_t files = 0;
-    for (const skin::Binding& binding : skin::mainBindings()) {
+    for (const window::Binding& binding : window::mainBindings()) {
         if (binding.file.empty()) {
             continue;
         }
@@ -88,7 +88,7 @@ TEST(SkinArt, namesOfTheWindowsOwnPicturesAreNoFilesOfASkin) {
     }
     EXPECT_EQ(windowDrawings().size(), 12U);
     std::set<std::string> wanted;
-    for (const skin::WindowPicture& row : skin::windowPictures()) {
+    for (const window::WindowPicture& row : window::windowPictures()) {
         wanted.insert(std::string(row.name));
     }
     EXPECT_EQ(wanted.size(), windowDrawings().size());
@@ -118,7 +118,7 @@ TEST(SkinArt, everyPictureFillsTheBoxOfItsElement) {
 }
 
 TEST(SkinArt, storedFacesAreAsLargeAsTheFaceTheyReplace) {
-    for (const skin::ButtonFace& face : skin::buttonFaces()) {
+    for (const window::ButtonFace& face : window::buttonFaces()) {
         const QSizeF up = rectOf({face.up}).size();
         EXPECT_EQ(up, rectOf({face.down}).size());
         for (const Drawing& drawing : skinDrawings()) {

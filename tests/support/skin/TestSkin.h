@@ -3,8 +3,8 @@
 // of its own.
 #pragma once
 
-#include "skin/MainBindings.h"
 #include "support/skin/Bitmaps.h"
+#include "window/MainBindings.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -28,7 +28,7 @@ inline void writeTestSkin(const std::string& dataFolder) {
         return length < 1 ? 1 : static_cast<std::int32_t>(length);
     };
     std::size_t number = 0;
-    for (const skin::Binding& binding : skin::mainBindings()) {
+    for (const window::Binding& binding : window::mainBindings()) {
         if (!binding.file.empty()) {
             const ui::Box box = layout.get(binding.to.name, binding.to.index).box();
             std::ofstream(folder / (std::string(binding.file) + ".bmp"), std::ios::binary)
@@ -40,7 +40,7 @@ inline void writeTestSkin(const std::string& dataFolder) {
 
 /// The file (without ".bmp") that an opaque pixel of the test's skin comes from.
 inline std::string fileOfColour(std::uint32_t pixel) {
-    const auto bindings = skin::mainBindings();
+    const auto bindings = window::mainBindings();
     const std::size_t number = (pixel & 0xFFFFFF) - testSkinColour(0);
     return number < bindings.size() ? std::string(bindings[number].file) : "another";
 }

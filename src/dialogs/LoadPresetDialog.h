@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The dialog with the names of the presets on the screen. It stays open beside the player, so that
+// a curve can be heard before it is kept. Interface thread.
+#pragma once
+
+#include "config/MultiLNG.h"
+#include "host/Dispatcher.h"
+#include "player/frmLoadPreset.h"
+#include "ui/qt/DialogTexts.h"
+
+#include <QDialog>
+#include <QListWidget>
+
+namespace tovik::dialogs {
+
+/// Its controls bear the names by which languages and tests know them: "List1", "Command1_0" to
+/// "Command1_2".
+class LoadPresetDialog final : public QDialog {
+public:
+    /// Logic, language and dispatcher outlive the dialog.
+    LoadPresetDialog(player::frmLoadPreset& logic, config::MultiLNG& language,
+                     const host::Dispatcher& dispatcher, QWidget* parent);
+
+    /// Reads names and texts anew and shows the dialog, in front of the player's windows.
+    void open() override;
+
+private:
+    void press(player::frmLoadPreset::Button button);
+
+    player::frmLoadPreset& logic_;
+    config::MultiLNG& language_;
+    const host::Dispatcher& dispatcher_;
+    QListWidget* list_; ///< the dialog's object tree owns it
+    ui::DialogTexts texts_{*this};
+    config::AttachedTexts attached_{language_, config::TextWindow::frmLoadPreset, texts_};
+};
+
+} // namespace tovik::dialogs

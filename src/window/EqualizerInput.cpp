@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/EqualizerInput.h"
+
+namespace tovik::window {
+
+ui::PicVScroll* EqualizerInput::sliderUnder(const ui::PointerEvent& event) {
+    return event.over(ui::MainElement::eq_sld) ? &equalizer_.eq_sld(event.element->index) : nullptr;
+}
+
+bool EqualizerInput::mouseDown(const ui::PointerEvent& event) {
+    ui::PicVScroll* const slider = sliderUnder(event);
+    if (slider != nullptr) {
+        slider->mouseDown(event);
+    }
+    return slider != nullptr;
+}
+
+bool EqualizerInput::mouseMove(const ui::PointerEvent& event) {
+    ui::PicVScroll* const slider = sliderUnder(event);
+    if (slider != nullptr) {
+        slider->mouseMove(event);
+    }
+    return slider != nullptr;
+}
+
+bool EqualizerInput::mouseUp(const ui::PointerEvent& event) {
+    ui::PicVScroll* const slider = sliderUnder(event);
+    if (slider != nullptr) {
+        slider->mouseUp(event);
+    }
+    return slider != nullptr;
+}
+
+} // namespace tovik::window

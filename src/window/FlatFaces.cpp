@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/FlatFaces.h"
+
+#include "player/PanelTable.h"
+#include "window/MainButtons.h"
+
+#include <algorithm>
+
+namespace tovik::window {
+
+namespace {
+
+/// Buttons that act on a click, without the tabs, which have faces of their own.
+bool isFlat(ui::ElementAddress element) {
+    const auto name = element.as<ui::MainElement>();
+    return std::ranges::find(player::tabs(), name, &player::Tab::name) == player::tabs().end() &&
+           std::ranges::any_of(clickButtons(), [element](const auto& button) {
+               return element == ui::addressOf(button.name, button.index);
+           });
+}
+
+} // namespace
+
+void FlatFaces::show(ui::ElementAddress element, ui::Shade shade) {
+    const auto name = element.as<ui::MainElement>();
+    if (elements_.get(name, element.index).shade != shade) {
+        elements_.touch(name, element.index).shade = shade;
+    }
+}
+
+bool FlatFaces::isOn(const ui::PointerEvent& event, ui::ElementAddress element) const {
+    return elements_.get(element.as<ui::MainElement>(), element.index)
+        .box()
+        .contains(event.windowX, event.windowY);
+}
+
+void FlatFaces::pointerEntered(ui::ElementAddress element) {
+    if (isFlat(element)) {
+        show(element, ui::Shade::Lighter);
+    }
+}
+
+void FlatFaces::pointerLeft(ui::ElementAddress element) {
+    if (isFlat(element)) {
+        show(element, ui::Shade::None);
+    }
+}
+
+void FlatFaces::mouseDown(const ui::PointerEvent& event) {
+    if (event.button == ui::MouseButton::Left && event.element && isFlat(*event.element)) {
+        pressed_ = event.element;
+        show(*pressed_, ui::Shade::Darker);
+    }
+}
+
+void FlatFaces::mouseMove(const ui::PointerEvent& event) {
+    if (!pressed_) {
+        return;
+    }
+    const bool on = isOn(event, *pressed_);
+    if (event.leftHeld) {
+        show(*pressed_, on ? ui::Shade::Darker : ui::Shade::None);
+        return;
+    }
+    // The release went elsewhere, for example to a dialog that the press opened.
+    show(*pressed_, on ? ui::Shade::Lighter : ui::Shade::None);
+    pressed_.reset();
+}
+
+void FlatFaces::mouseUp(const ui::PointerEvent& event) {
+    if (event.button == ui::MouseButton::Left && pressed_) {
+        show(*pressed_, isOn(event, *pressed_) ? ui::Shade::Lighter : ui::Shade::None);
+        pressed_.reset();
+    }
+}
+
+} // namespace tovik::window

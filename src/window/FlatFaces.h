@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The faces of buttons with a single picture: lighter under the mouse, darker while pressed.
+// Interface thread.
+#pragma once
+
+#include "ui/MainElements.h"
+#include "ui/WindowInput.h"
+
+#include <optional>
+
+namespace tovik::window {
+
+/// Is told what the mouse does, and gives the records their shades. Other elements are none of its
+/// business.
+class FlatFaces {
+public:
+    /// `elements` outlives the object.
+    explicit FlatFaces(ui::MainElements& elements) : elements_(elements) {}
+
+    void pointerEntered(ui::ElementAddress element);
+    void pointerLeft(ui::ElementAddress element);
+    void mouseDown(const ui::PointerEvent& event);
+    /// A button is dark only while the pointer is on it: released elsewhere, it does nothing.
+    void mouseMove(const ui::PointerEvent& event);
+    void mouseUp(const ui::PointerEvent& event);
+
+private:
+    void show(ui::ElementAddress element, ui::Shade shade);
+    [[nodiscard]] bool isOn(const ui::PointerEvent& event, ui::ElementAddress element) const;
+
+    ui::MainElements& elements_;
+    std::optional<ui::ElementAddress> pressed_;
+};
+
+} // namespace tovik::window

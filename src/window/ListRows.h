@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A list of the player as a widget sees it: playlist, tracks of a disc, stations. Interface thread.
+#pragma once
+
+#include "playlist/stdSS.h"
+#include "ui/ListColours.h"
+#include "ui/ListModel.h"
+
+namespace tovik::window {
+
+/// The colours of all three lists. Words stand out from what is behind them by 4.5 at least.
+inline constexpr ui::ListColours kListColours{
+    .BackgroundColor = {255, 255, 255},
+    .BackgroundTimeColor = ui::Colour{102, 102, 153},
+    .TitleTextColor = {20, 50, 75},
+    .TimeTextColor = {255, 255, 255},
+    .SelectedTitleTextColor = {0, 0, 0},
+    .SelectedTimeTextColor = {0, 0, 0},
+    .PlayedTitleTextColor = {0, 0, 0},
+    .PlayedTimeTextColor = {0, 0, 0},
+    .SelectedTitleBackColor = ui::Colour{198, 207, 222},
+    .SelectedTimeBackColor = ui::Colour{198, 207, 222},
+    .PlayedTitleBackColor = ui::Colour{255, 214, 140},
+    .PlayedTimeBackColor = ui::Colour{255, 166, 31},
+    .SelectedBorderColor = ui::Colour{102, 102, 153},
+    .PlayedBorderColor = ui::Colour{184, 98, 0},
+};
+
+class ListRows final : public ui::ListModel, public ui::ListInput {
+public:
+    /// The list must outlive it.
+    explicit ListRows(playlist::stdSS& list) : list_(list) {}
+
+    [[nodiscard]] std::size_t rows() const override;
+    [[nodiscard]] std::string text(std::size_t row) const override;
+    [[nodiscard]] std::string numberText(std::size_t row) const override;
+    [[nodiscard]] std::string timeText(std::size_t row) const override;
+    [[nodiscard]] std::optional<std::size_t> current() const override;
+    [[nodiscard]] bool selected(std::size_t row) const override;
+    [[nodiscard]] bool marked(std::size_t row) const override;
+
+    /// With Shift a range, with Ctrl one row more or less, otherwise this row alone.
+    void selectRow(std::size_t row, ui::Modifiers modifiers) override;
+
+    void activateRow(std::size_t row) override;
+
+    /// Starts the selected row, and it alone stays selected.
+    void enterRow(std::size_t row) override;
+
+    void contextRow(std::size_t row) override;
+    bool removeRows() override;
+
+private:
+    playlist::stdSS& list_;
+};
+
+} // namespace tovik::window

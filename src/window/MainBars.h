@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The mouse on the bars of the main window: position, volume, the lamps of the balance. Interface
+// thread.
+#pragma once
+
+#include "player/Balance.h"
+#include "player/PositionBar.h"
+#include "player/VolumeBar.h"
+#include "ui/MainElements.h"
+#include "ui/WindowInput.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace tovik::window {
+
+/// Each call is about the left button; what is over no bar does nothing.
+class MainBars {
+public:
+    /// All of them outlive the object.
+    MainBars(const ui::MainElements& elements, player::PositionBar& position,
+             player::VolumeBar& volume, player::Balance& balance)
+        : elements_(elements), position_(position), volume_(volume), balance_(balance) {}
+
+    void mouseDown(const ui::PointerEvent& event);
+    void mouseMove(const ui::PointerEvent& event);
+    void mouseUp(const ui::PointerEvent& event);
+
+private:
+    enum class Bar : std::uint8_t { none, position, volume, balance };
+
+    [[nodiscard]] static Bar barUnder(const ui::PointerEvent& event);
+    [[nodiscard]] double alongPosition(const ui::PointerEvent& event) const;
+    [[nodiscard]] double alongVolume(const ui::PointerEvent& event) const;
+    /// A press that began on a lamp may end on another one, or beside them.
+    [[nodiscard]] std::optional<std::size_t> lampUnder(const ui::PointerEvent& event) const;
+
+    const ui::MainElements& elements_;
+    player::PositionBar& position_;
+    player::VolumeBar& volume_;
+    player::Balance& balance_;
+};
+
+} // namespace tovik::window

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/MainInput.h"
+
+#include <algorithm>
+
+namespace tovik::window {
+
+using ui::MainElement;
+
+namespace {
+
+bool isLeft(const ui::PointerEvent& event) {
+    return event.button == ui::MouseButton::Left;
+}
+
+const PressButton* pressedOf(const ui::PointerEvent& event) {
+    const auto found = std::ranges::find_if(pressButtons(), [&](const PressButton& button) {
+        return event.over(button.up) || event.over(button.down);
+    });
+    return found == pressButtons().end() ? nullptr : &*found;
+}
+
+int shiftState(const ui::Modifiers& modifiers) {
+    return (modifiers.shift ? commands::ClsShortcut::kShift : 0) |
+           (modifiers.control ? commands::ClsShortcut::kCtrl : 0) |
+           (modifiers.alt ? commands::ClsShortcut::kAlt : 0);
+}
+
+} // namespace
+
+void MainInput::press(const PressButton& button, bool pressed) {
+    p_.elements.touch(button.up).visible = !pressed;
+    p_.elements.touch(button.down).visible = pressed;
+}
+
+void MainInput::mouseDown(const ui::PointerEvent& event) {
+    if (p_.equalizer.mouseDown(event) || !isLeft(event)) {
+        return;
+    }
+    p_.bars.mouseDown(event);
+    if (const PressButton* const button = pressedOf(event); button != nullptr) {
+        press(*button, true);
+    } else if (event.over(MainElement::prebt)) {
+        p_.commands.run(commands::CommandId::preferences);
+    }
+}
+
+void MainInput::mouseMove(const ui::PointerEvent& event) {
+    // There is no title bar: the window is taken by its bare background.
+    if (event.leftHeld && event.over(MainElement::mainIMG)) {
+        p_.window.beginDrag();
+    }
+    if (!p_.equalizer.mouseMove(event)) {
+        p_.bars.mouseMove(event);
+    }
+}
+
+void MainInput::mouseUp(const ui::PointerEvent& event) {
+    if (p_.equalizer.mouseUp(event) || !isLeft(event)) {
+        return;
+    }
+    p_.bars.mouseUp(event);
+    if (const PressButton* const button = pressedOf(event); button != nullptr) {
+        press(*button, false);
+        p_.commands.run(button->command);
+    } else {
+        click(event);
+    }
+}
+
+void MainInput::click(const ui::PointerEvent& event) {
+    const auto found = std::ranges::find_if(clickButtons(), [&](const ClickButton& button) {
+        return event.element == ui::addressOf(button.name, button.index);
+    });
+    if (found != clickButtons().end() &&
+        p_.elements.get(found->name, found->index).box().contains(event.windowX, event.windowY)) {
+        p_.commands.run(found->command);
+    }
+}
+
+void MainInput::doubleClick(const ui::PointerEvent& event) {
+    // Number 0 is the minus sign.
+    if (isLeft(event) && event.over(MainElement::timed) && event.element->index > 0) {
+        p_.timeDisplay.flip();
+    }
+}
+
+void MainInput::wheel(const ui::PointerEvent& /*event*/, double notches) {
+    p_.volumeBar.turn(notches);
+}
+
+bool MainInput::keyDown(const ui::KeyEvent& event) {
+    bool used = true;
+    config::guard(p_.errors, config::player("Keydown"),
+                  [&] { used = p_.shortcuts.ShortCut(event.code, shiftState(event.modifiers)); });
+    return used;
+}
+
+void MainInput::closeRequested() {
+    p_.commands.run(commands::CommandId::exit);
+}
+
+} // namespace tovik::window

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the user's mouse and keys do on the main window. Interface thread.
+#pragma once
+
+#include "commands/ClsShortcut.h"
+#include "commands/Commands.h"
+#include "config/Errors.h"
+#include "player/PlayerWindow.h"
+#include "player/VolumeBar.h"
+#include "ui/MainElements.h"
+#include "ui/WindowInput.h"
+#include "window/EqualizerInput.h"
+#include "window/MainBars.h"
+#include "window/MainButtons.h"
+#include "window/TimeDisplay.h"
+
+namespace tovik::window {
+
+/// What the input works with; all of it outlives it.
+struct MainInputParts {
+    ui::MainElements& elements;
+    const config::Errors& errors;
+    const commands::Commands& commands;
+    const commands::ClsShortcut& shortcuts;
+    MainBars& bars;
+    EqualizerInput& equalizer;
+    player::VolumeBar& volumeBar;
+    TimeDisplay& timeDisplay;
+    player::PlayerWindow& window;
+};
+
+class MainInput final : public ui::WindowInput {
+public:
+    explicit MainInput(const MainInputParts& parts) : p_(parts) {}
+
+    void mouseDown(const ui::PointerEvent& event) override;
+    void mouseMove(const ui::PointerEvent& event) override;
+    void mouseUp(const ui::PointerEvent& event) override;
+
+    /// On a digit: played or left.
+    void doubleClick(const ui::PointerEvent& event) override;
+
+    /// Anywhere: the volume.
+    void wheel(const ui::PointerEvent& event, double notches) override;
+
+    bool keyDown(const ui::KeyEvent& event) override;
+    void closeRequested() override;
+
+private:
+    void press(const PressButton& button, bool pressed);
+    void click(const ui::PointerEvent& event);
+
+    MainInputParts p_;
+};
+
+} // namespace tovik::window

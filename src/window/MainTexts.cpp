@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/MainTexts.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tovik::window {
+
+namespace {
+
+using N = ui::MainElement;
+using config::TextKind;
+
+struct Named {
+    std::string_view name;
+    N element;
+};
+
+/// The elements that have words of a language.
+constexpr std::array kElements{
+    Named{"lbltag", N::lbltag},
+    Named{"lblPos", N::lblPos},
+    Named{"Picture1", N::Picture1},
+    Named{"backupIMG", N::backupIMG},
+    Named{"playup", N::playup},
+    Named{"pauseup", N::pauseup},
+    Named{"stopup", N::stopup},
+    Named{"nextup", N::nextup},
+    Named{"fileup", N::fileup},
+    Named{"minon", N::minon},
+    Named{"closeup", N::closeup},
+    Named{"Label2", N::Label2},
+    Named{"ShuffleBT", N::ShuffleBT},
+    Named{"LoopBT", N::LoopBT},
+    Named{"CfdBT", N::CfdBT},
+    Named{"sldBT", N::sldBT},
+    Named{"EQ_on", N::EQ_on},
+    Named{"presetbt", N::presetbt},
+    Named{"resetbt", N::resetbt},
+    Named{"addfileIMG", N::addfileIMG},
+    Named{"adddirIMG", N::adddirIMG},
+    Named{"addlocIMG", N::addlocIMG},
+    Named{"delIMG", N::delIMG},
+    Named{"clrIMG", N::clrIMG},
+    Named{"loadImg", N::loadImg},
+    Named{"SaveImg", N::SaveImg},
+    Named{"ripperbt", N::ripperbt},
+    Named{"Image1", N::Image1},
+    Named{"timed", N::timed},
+    Named{"Label3", N::Label3},
+    Named{"Label4", N::Label4},
+    Named{"slDRV", N::slDRV},
+    Named{"musicSearchTxt", N::musicSearchTxt},
+    Named{"mainbt", N::mainbt},
+    Named{"eqbt", N::eqbt},
+    Named{"plbt", N::plbt},
+    Named{"ripbt", N::ripbt},
+    Named{"irtbt", N::irtbt},
+    Named{"prebt", N::prebt},
+    Named{"stopNote", N::stopNote},
+    Named{"posbar", N::posbar},
+    Named{"track", N::track},
+    Named{"volbar", N::volbar},
+    Named{"volbarIMG", N::volbarIMG},
+    Named{"balbar", N::balbar},
+    Named{"qpl_but", N::qpl_but},
+    Named{"EQ_off", N::EQ_off},
+    Named{"minmodeUP", N::minmodeUP},
+    Named{"srchIMG", N::srchIMG},
+    Named{"cmbCDDrives", N::cmbCDDrives},
+};
+
+void put(ui::Element& element, TextKind kind, std::string_view text) {
+    (kind == TextKind::Tooltip ? element.tooltip : element.caption) = text;
+}
+
+} // namespace
+
+void MainTexts::setText(std::string_view element, int index, TextKind kind, std::string_view text) {
+    if (kind == TextKind::Kept) {
+        publicText_ = text;
+        return;
+    }
+    const auto* const row = std::ranges::find(kElements, element, &Named::name);
+    if (row == kElements.end()) {
+        return;
+    }
+    const std::size_t count = elements_.count(row->element);
+    if (index == config::kEveryElement) {
+        for (std::size_t i = 0; i < count; ++i) {
+            put(elements_.touch(row->element, i), kind, text);
+        }
+    } else if (index >= 0 && static_cast<std::size_t>(index) < count) {
+        put(elements_.touch(row->element, static_cast<std::size_t>(index)), kind, text);
+    }
+}
+
+} // namespace tovik::window

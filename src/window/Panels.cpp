@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/Panels.h"
+
+#include "player/ModeFaces.h"
+
+#include <algorithm>
+#include <string>
+
+namespace tovik::window {
+
+namespace {
+
+using player::Panel;
+using player::Tab;
+using player::tabs;
+using ui::MainElement;
+
+struct QuickListLayout {
+    double listTop;
+    double listWidth;
+    double listHeight;
+    double headingTop; ///< of lblPos(4)
+    double buttonTop;
+    bool fieldsVisible;
+    MainElement face; ///< store of the button's picture
+};
+
+constexpr QuickListLayout kOpen{60, 163, 202, 46, 46, false, MainElement::qpl_col};
+constexpr QuickListLayout kClosed{169, 161, 80, 154, 156, true, MainElement::qpl_exp};
+
+const Tab* tabNamed(MainElement name) {
+    const auto found = std::ranges::find(tabs(), name, &Tab::name);
+    return found == tabs().end() ? nullptr : &*found;
+}
+
+constexpr std::size_t kPreferencesTab = 5;
+
+} // namespace
+
+void Panels::Switch_Win(std::string_view mask) {
+    config::guard(errors_, config::player("Switch_Win"), [&] {
+        const std::size_t place = mask.find('1');
+        if (state_.PanelLock != 0 || place >= player::kPanels) {
+            return;
+        }
+        window_.takeFocus();
+        state_.CurrentPanel = static_cast<std::int16_t>(place + 1);
+        RefreshTabs();
+        player::applyPanel(elements_, state_);
+        state_.RadioPanelActive = static_cast<Panel>(state_.CurrentPanel) == Panel::radio;
+        Timer6_.setEnabled(true);
+        if (static_cast<Panel>(state_.CurrentPanel) == Panel::main) {
+            ApplyQuickList();
+        }
+    });
+}
+
+void Panels::Timer6() {
+    config::guard(errors_, config::player("timer6"), [this] {
+        Timer6_.setEnabled(false);
+        elements_.touch(MainElement::RadioLst).visible = state_.RadioPanelActive;
+    });
+}
+
+void Panels::showTab(const player::Tab& tab, std::size_t face, bool down) {
+    const ui::Picture picture = elements_.get(MainElement::Image2, face).picture;
+    const ui::Element& before = elements_.get(tab.name);
+    // The mouse comes here at every move: a write that changes nothing would wake the window.
+    if (before.picture != picture || before.checked != down) {
+        ui::Element& element = elements_.touch(tab.name);
+        element.picture = picture;
+        element.checked = down;
+    }
+}
+
+void Panels::RefreshTabs() {
+    for (const Tab& tab : tabs()) {
+        const bool down = static_cast<Panel>(state_.CurrentPanel) == tab.panel;
+        showTab(tab, down ? tab.down : tab.up, down);
+    }
+}
+
+void Panels::hoverTab(MainElement name) {
+    if (const Tab* const tab = tabNamed(name); tab != nullptr) {
+        RefreshTabs();
+        showTab(*tab, tab->over, elements_.get(name).checked);
+    }
+}
+
+void Panels::clickTab(MainElement name) {
+    const Tab* const tab = tabNamed(name);
+    if (tab == nullptr || tab->panel == Panel::preferences) {
+        return;
+    }
+    std::string mask(player::kPanels, '0');
+    mask[static_cast<std::size_t>(tab->panel) - 1] = '1';
+    Switch_Win(mask);
+}
+
+void Panels::pressPreferences(const std::function<void()>& dialog) {
+    const std::int16_t before = state_.CurrentPanel;
+    state_.CurrentPanel = static_cast<std::int16_t>(Panel::preferences);
+    RefreshTabs();
+    ++state_.PanelLock;
+    const auto back = [&] {
+        --state_.PanelLock;
+        state_.CurrentPanel = before;
+        player::showLamps(elements_, state_);
+    };
+    try {
+        dialog();
+    } catch (...) {
+        back();
+        throw;
+    }
+    back();
+}
+
+void Panels::releasePreferences() {
+    const Tab& tab = tabs()[kPreferencesTab];
+    showTab(tab, tab.up, false);
+}
+
+void Panels::ApplyQuickList() {
+    const QuickListLayout& layout = state_.QuickListOpen ? kOpen : kClosed;
+    ui::Element& list = elements_.touch(MainElement::List1);
+    list.top = layout.listTop;
+    list.width = layout.listWidth;
+    list.height = layout.listHeight;
+    elements_.touch(MainElement::lblPos, 4).top = layout.headingTop;
+    // The list may be folded from anywhere, and nothing of it may come up over another panel.
+    const bool visible =
+        layout.fieldsVisible && static_cast<Panel>(state_.CurrentPanel) == Panel::main;
+    elements_.touch(MainElement::lblPos, 3).visible = visible;
+    elements_.touch(MainElement::infoWin).visible = visible;
+    elements_.touch(MainElement::fxWin).visible = visible;
+    const ui::Picture face = elements_.get(layout.face).picture;
+    ui::Element& button = elements_.touch(MainElement::qpl_but);
+    button.picture = face;
+    button.checked = state_.QuickListOpen;
+    button.top = layout.buttonTop;
+}
+
+void Panels::FlipQuickList() {
+    state_.QuickListOpen = !state_.QuickListOpen;
+    ApplyQuickList();
+}
+
+} // namespace tovik::window

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/QuickListRows.h"
+
+namespace tovik::window {
+
+std::size_t QuickListRows::rows() const {
+    return static_cast<std::size_t>(mirror_.ListCount());
+}
+
+std::string QuickListRows::text(std::size_t row) const {
+    return std::string(mirror_.List(static_cast<std::int32_t>(row)));
+}
+
+std::optional<std::size_t> QuickListRows::current() const {
+    const std::int32_t item = mirror_.ListIndex();
+    return item >= 0 ? std::optional(static_cast<std::size_t>(item)) : std::nullopt;
+}
+
+bool QuickListRows::selected(std::size_t row) const {
+    return mirror_.ListIndex() == static_cast<std::int32_t>(row);
+}
+
+bool QuickListRows::marked(std::size_t row) const {
+    return list_.isPlayed(static_cast<playlist::Row>(row) + 1);
+}
+
+void QuickListRows::selectRow(std::size_t row, ui::Modifiers /*modifiers*/) {
+    mirror_.ListIndex(static_cast<std::int32_t>(row));
+    list_.SelectIndex(static_cast<playlist::Row>(row) + 1);
+}
+
+void QuickListRows::activateRow(std::size_t row) {
+    mirror_.ListIndex(static_cast<std::int32_t>(row));
+    transport_.List1_DblClick();
+}
+
+} // namespace tovik::window

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The quick list as a widget sees it. Interface thread.
+#pragma once
+
+#include "player/Transport.h"
+#include "playlist/ListMirror.h"
+#include "playlist/stdSS.h"
+#include "ui/ListModel.h"
+
+namespace tovik::window {
+
+/// Titles with the selection of `List1`.
+class QuickListRows final : public ui::ListModel, public ui::ListInput {
+public:
+    QuickListRows(playlist::ListMirror& mirror, playlist::stdSS& list, player::Transport& transport)
+        : mirror_(mirror), list_(list), transport_(transport) {}
+
+    [[nodiscard]] std::size_t rows() const override;
+    [[nodiscard]] std::string text(std::size_t row) const override;
+    [[nodiscard]] std::optional<std::size_t> current() const override;
+    [[nodiscard]] bool selected(std::size_t row) const override;
+    [[nodiscard]] bool marked(std::size_t row) const override;
+
+    /// Also selects the row of the playlist, which is the one that Play starts.
+    void selectRow(std::size_t row, ui::Modifiers modifiers) override;
+    void activateRow(std::size_t row) override;
+
+private:
+    playlist::ListMirror& mirror_;
+    playlist::stdSS& list_;
+    player::Transport& transport_;
+};
+
+} // namespace tovik::window

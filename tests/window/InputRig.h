@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The mouse and the keys of the main window over the player's parts.
+#pragma once
+
+#include "commands/ClsShortcut.h"
+#include "commands/Commands.h"
+#include "player/PlayerRig.h"
+#include "window/MainBars.h"
+#include "window/MainInput.h"
+#include "window/TimeDisplay.h"
+
+namespace tovik::test {
+
+/// Each command is bound and only written down.
+class InputRig : public PlayerRig {
+protected:
+    InputRig() {
+        for (const commands::Command& command : commands::commandTable()) {
+            commands_.bind(command.id, [this, id = command.id] { ran_.push_back(id); });
+        }
+    }
+
+    /// The pointer at a place from the window's corner, with the element that it is about.
+    static ui::PointerEvent event(ui::MainElement element, std::size_t index, double x, double y,
+                                  ui::MouseButton button = ui::MouseButton::Left) {
+        ui::PointerEvent event;
+        event.element = ui::addressOf(element, index);
+        event.windowX = x;
+        event.windowY = y;
+        event.button = button;
+        event.leftHeld = button == ui::MouseButton::Left;
+        return event;
+    }
+
+    /// The pointer on the middle of an element.
+    [[nodiscard]] ui::PointerEvent at(ui::MainElement element, std::size_t index = 0,
+                                      ui::MouseButton button = ui::MouseButton::Left) const {
+        const ui::Box box = elements_.get(element, index).box();
+        return event(element, index, box.left + box.width / 2, box.top + box.height / 2, button);
+    }
+
+    static ui::PointerEvent dragged(ui::PointerEvent event) {
+        event.button = ui::MouseButton::None;
+        event.leftHeld = true;
+        return event;
+    }
+
+    void click(ui::MainElement element, std::size_t index = 0) {
+        input_.mouseDown(at(element, index));
+        input_.mouseUp(at(element, index));
+    }
+
+    std::vector<commands::CommandId> ran_;
+    commands::Commands commands_;
+    commands::ClsShortcut shortcuts_{commands_};
+    window::TimeDisplay timeDisplay_{state_, playing_, view_};
+    window::MainBars bars_{elements_, positionBar_, volumeBar_, balance_};
+    player::Equalizer equalizer_{{.state = state_,
+                                  .sound = sound_,
+                                  .errors = errors_,
+                                  .elements = elements_,
+                                  .dialogs = host_.dialogs}};
+    window::EqualizerInput equalizerInput_{equalizer_};
+    window::MainInput input_{{.elements = elements_,
+                              .errors = errors_,
+                              .commands = commands_,
+                              .shortcuts = shortcuts_,
+                              .bars = bars_,
+                              .equalizer = equalizerInput_,
+                              .volumeBar = volumeBar_,
+                              .timeDisplay = timeDisplay_,
+                              .window = window_}};
+};
+
+} // namespace tovik::test

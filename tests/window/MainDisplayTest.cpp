@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/MainDisplay.h"
+
+#include "support/host/TestHost.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tovik::window {
+namespace {
+
+using ui::MainElement;
+
+class Display : public testing::Test {
+protected:
+    [[nodiscard]] const ui::Element& element(MainElement name, std::size_t index = 0) const {
+        return elements_.get(name, index);
+    }
+
+    ui::MainElements elements_{ui::mainLayout()};
+    std::vector<std::string> captions_;
+    ui::PictureStore pictures_;
+    TextFields fields_{elements_, pictures_};
+    test::TestHost host_;
+    std::u32string title_; ///< as it was drawn last
+    ui::ImgScroller scroller_{host_.clock, [this](std::u32string_view text) { title_ = text; }};
+    MainDisplay display_{elements_, fields_, scroller_,
+                         [this](const std::string& caption) { captions_.push_back(caption); }};
+    player::NowPlaying playing_;
+};
+
+TEST_F(Display, facts) {
+    playing_.infoText = "128 kbps  44 KHZ";
+    playing_.fields = {"Artist", "Title", "Album", "Year", "Genre"};
+    display_.showFacts(playing_);
+    EXPECT_EQ(element(MainElement::musicinfo_img).caption, "128 kbps  44 KHZ");
+    for (std::size_t i = 0; i < player::kTagFields; ++i) {
+        EXPECT_EQ(element(MainElement::lblinfo, i).caption, playing_.fields[i]);
+    }
+}
+
+TEST_F(Display, theWordThatAppliesIsBright) {
+    playing_.mode = "Mono";
+    display_.showFacts(playing_);
+    const ui::Colour bright = element(MainElement::mono_img).textColour;
+    const ui::Colour dim = element(MainElement::Stereo_img).textColour;
+    EXPECT_GT(bright.red, dim.red);
+    playing_.mode = "Stereo";
+    display_.showFacts(playing_);
+    EXPECT_EQ(element(MainElement::mono_img).textColour, dim);
+    EXPECT_EQ(element(MainElement::Stereo_img).textColour, bright);
+    playing_.mode = "";
+    display_.showFacts(playing_);
+    EXPECT_EQ(element(MainElement::mono_img).textColour, dim);
+    EXPECT_EQ(element(MainElement::Stereo_img).textColour, dim);
+}
+
+TEST_F(Display, wordsAreDrawnWithTheStripsOnceThereAreSome) {
+    for (const auto& [name, pixel] :
+         {std::pair{MainElement::textImg, 0xFF00FF00U}, {MainElement::textImg2, 0xFF0000FFU}}) {
+        elements_.touch(name).picture =
+            pictures_.add({155, 18, std::vector<std::uint32_t>(155U * 18U, pixel)});
+    }
+    playing_.infoText = "128 kbps";
+    playing_.mode = "Stereo";
+    playing_.volumeText = "Volume 80%";
+    playing_.balanceText = "Left 25%";
+    display_.showFacts(playing_);
+    display_.showVolume(playing_);
+    display_.showBalance(playing_);
+    const auto ink = [this](MainElement name, std::size_t index = 0) {
+        const ui::PixelImage* const image = pictures_.find(element(name, index).picture);
+        return image == nullptr ? 0
+                                : image->pixels.at(static_cast<std::size_t>(3 * image->width + 1));
+    };
+    EXPECT_EQ(ink(MainElement::musicinfo_img), 0xFF00FF00U);
+    EXPECT_EQ(ink(MainElement::Stereo_img), 0xFF00FF00U);
+    EXPECT_EQ(ink(MainElement::mono_img), 0xFF0000FFU);
+    EXPECT_EQ(ink(MainElement::shwchange, 0), 0xFF00FF00U);
+    EXPECT_EQ(ink(MainElement::shwchange, 1), 0xFF00FF00U);
+}
+
+TEST_F(Display, titles) {
+    playing_.scrollerText = " Song (01:00)";
+    playing_.caption = " Caption";
+    display_.showTitles(playing_);
+    EXPECT_EQ(element(MainElement::songname).caption, " Song (01:00)");
+    EXPECT_EQ(title_, U" Song (01:00)***");
+    host_.clock.advanceTo(200);
+    EXPECT_EQ(title_, U"Song (01:00)*** ");
+    EXPECT_THAT(captions_, testing::ElementsAre(" Caption"));
+}
+
+TEST_F(Display, digits) {
+    const std::string colon = element(MainElement::timed, 3).caption;
+    playing_.time = "12:34";
+    display_.showTime(playing_);
+    EXPECT_EQ(element(MainElement::timed, 1).caption, "1");
+    EXPECT_EQ(element(MainElement::timed, 2).caption, "2");
+    EXPECT_EQ(element(MainElement::timed, 3).caption, colon);
+    EXPECT_EQ(element(MainElement::timed, 4).caption, "3");
+    EXPECT_EQ(element(MainElement::timed, 5).caption, "4");
+    EXPECT_FALSE(element(MainElement::timed, 0).visible);
+    playing_.countsDown = true;
+    display_.showTime(playing_);
+    EXPECT_TRUE(element(MainElement::timed, 0).visible);
+}
+
+TEST_F(Display, theMarkGoesFromTheLeftEndOfTheBarToTheRight) {
+    const ui::Element& bar = element(MainElement::posbar);
+    for (const double percent : {0.0, 50.0, 100.0}) {
+        playing_.percent = percent;
+        display_.showPosition(playing_);
+        EXPECT_DOUBLE_EQ(element(MainElement::track).left, bar.left + bar.width * percent / 100);
+    }
+}
+
+TEST_F(Display, fieldsAndTheirLabelsAreHiddenTogether) {
+    for (const bool visible : {false, true}) {
+        display_.showFields(visible);
+        for (std::size_t i = 0; i < player::kTagFields; ++i) {
+            EXPECT_EQ(element(MainElement::lbltag, i).visible, visible);
+            EXPECT_EQ(element(MainElement::lblinfo, i).visible, visible);
+        }
+    }
+}
+
+TEST_F(Display, theFieldsTakeThePlaceOfAStationsLine) {
+    elements_.touch(MainElement::lblRDinfo).visible = true;
+    elements_.touch(MainElement::lblinfo, 2).visible = false;
+    display_.showFields(true);
+    EXPECT_FALSE(element(MainElement::lblRDinfo).visible);
+    EXPECT_TRUE(element(MainElement::lblinfo, 2).visible);
+}
+
+TEST_F(Display, theSignAndTheFieldsStayAwayFromOtherPanels) {
+    for (std::size_t i = 0; i < elements_.count(MainElement::timed); ++i) {
+        elements_.touch(MainElement::timed, i).visible = false;
+    }
+    display_.showFields(false);
+    playing_.countsDown = true;
+    display_.showTime(playing_); // the clock ticks on whatever panel is shown
+    display_.showFields(true);   // and a track starts there
+    EXPECT_FALSE(element(MainElement::timed, 0).visible);
+    EXPECT_FALSE(element(MainElement::lbltag, 0).visible);
+    EXPECT_FALSE(element(MainElement::lblinfo, 4).visible);
+}
+
+} // namespace
+} // namespace tovik::window

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/QuickListRows.h"
+
+#include "player/PlayerRig.h"
+
+namespace tovik::test {
+namespace {
+
+using testing::IsEmpty;
+
+class QuickList : public PlayerRig {
+protected:
+    window::QuickListRows rows_{mirror_, list_, transport_};
+};
+
+TEST_F(QuickList, rowsOfTheQuickList) {
+    EXPECT_EQ(rows_.rows(), 0U);
+    list_.AddItem("", track("a.mp3", {.seconds = 10}), "One", "00:10", 10);
+    list_.AddItem("", track("b.mp3", {.seconds = 10}), "Two", "00:10", 10);
+    EXPECT_EQ(rows_.rows(), 2U);
+    EXPECT_EQ(rows_.text(1), "Two");
+    rows_.selectRow(0, {});
+    EXPECT_TRUE(rows_.selected(0));
+    EXPECT_FALSE(rows_.selected(1));
+    EXPECT_THAT(sound_.calls, IsEmpty());
+}
+
+TEST_F(QuickList, aClickChoosesTheRowForPlay) {
+    addRows(3, {.seconds = 10});
+    rows_.selectRow(1, {});
+    EXPECT_FALSE(state_.IsPlaying);
+    EXPECT_TRUE(list_.isMarked(2)) << "the playlist shows the same";
+    transport_.button_play();
+    EXPECT_EQ(state_.CurrentTitle, "T2");
+}
+
+TEST_F(QuickList, theMarkIsOfTheRowThatSounds) {
+    addRows(3, {.seconds = 10});
+    rows_.activateRow(0);
+    rows_.selectRow(2, {});
+    EXPECT_TRUE(rows_.marked(0));
+    EXPECT_FALSE(rows_.marked(2));
+    list_.SelectIndex(1);
+    advance_.button_next();
+    EXPECT_TRUE(rows_.marked(1));
+    EXPECT_FALSE(rows_.marked(0));
+}
+
+TEST_F(QuickList, aDoubleClickOnARowPlaysIt) {
+    list_.AddItem("", track("a.mp3", {.seconds = 10}), "One", "00:10", 10);
+    list_.AddItem("", track("b.mp3", {.seconds = 10}), "Two", "00:10", 10);
+    rows_.activateRow(1);
+    EXPECT_TRUE(rows_.selected(1));
+    EXPECT_TRUE(rows_.marked(1));
+    EXPECT_FALSE(rows_.marked(0));
+    EXPECT_EQ(state_.CurrentTitle, "Two");
+    EXPECT_TRUE(state_.IsPlaying);
+}
+
+} // namespace
+} // namespace tovik::test

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/RotatingCaption.h"
+
+#include "player/PlayerRig.h"
+
+namespace tovik::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using window::rotatedLeft;
+
+class RotatingCaption : public PlayerRig {
+protected:
+    RotatingCaption() { state_.ShowInTaskbar = 1; }
+
+    window::RotatingCaption caption_{state_, errors_, playing_, view_};
+};
+
+TEST_F(RotatingCaption, goesRoundCharacterByCharacter) {
+    playing_.caption = " Söng";
+    std::vector<std::string> shown;
+    for (int tick = 0; tick < 5; ++tick) {
+        caption_.Timer5();
+        shown.push_back(view_.last.caption);
+    }
+    EXPECT_THAT(shown, ElementsAre("Söng ", "öng S", "ng Sö", "g Sön", " Söng"));
+}
+
+TEST_F(RotatingCaption, theMiniWindowsInMiniMode) {
+    playing_.caption = "main";
+    playing_.miniCaption = "mini";
+    state_.MiniModeOn = true;
+    caption_.Timer5();
+    EXPECT_EQ(view_.last.caption, "main");
+    EXPECT_EQ(view_.last.miniCaption, "inim");
+}
+
+TEST_F(RotatingCaption, withoutAButtonOnTheTaskBarThereIsNone) {
+    for (const bool mini : {false, true}) {
+        playing_.caption = "main";
+        playing_.miniCaption = "mini";
+        state_.ShowInTaskbar = 0;
+        state_.MiniModeOn = mini;
+        caption_.Timer5();
+        EXPECT_EQ(view_.last.caption, "");
+        EXPECT_EQ(view_.last.miniCaption, "mini");
+    }
+}
+
+TEST_F(RotatingCaption, theWindowIsToldOnlyOfChanges) {
+    for (const char* same : {"", "a", "aaa"}) {
+        playing_.caption = same;
+        caption_.Timer5();
+        EXPECT_EQ(playing_.caption, same);
+    }
+    state_.ShowInTaskbar = 0;
+    playing_.caption = "";
+    caption_.Timer5();
+    EXPECT_THAT(view_.told, IsEmpty());
+}
+
+TEST(RotatedLeft, bytesThatAreNoUtf8GoOneByOne) {
+    EXPECT_EQ(rotatedLeft("\xE4xy"), "xy\xE4");
+    EXPECT_EQ(rotatedLeft("€uro"), "uro€");
+    EXPECT_EQ(rotatedLeft(""), "");
+}
+
+} // namespace
+} // namespace tovik::test
