@@ -43,10 +43,10 @@ set(TOVIK_MEDIA_DIR ${PROJECT_SOURCE_DIR}/build/media)
 # All test programs, and nothing that no test needs.
 add_custom_target(tovik_test_programs)
 
-# tovik_tests(NAME SOURCES ... [USES target ...] [QT]): one test program for one folder. A test
+# tovik_tests(NAME SOURCES ... [USES target ...] [QT] [OPTIMISED]): one test program for one folder. A test
 # that needs media finds the folder of generated files in the environment variable TOVIK_MEDIA.
 function(tovik_tests name)
-    cmake_parse_arguments(ARG "QT" "" "SOURCES;USES" ${ARGN})
+    cmake_parse_arguments(ARG "QT;OPTIMISED" "" "SOURCES;USES" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src
                                                ${PROJECT_SOURCE_DIR}/tests)
@@ -57,8 +57,10 @@ function(tovik_tests name)
         # A fixture of a batched file stands in no header, as GCC would have it.
         target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
     endif()
-    # The code under test is optimised as everywhere; the tests themselves need not be.
-    target_compile_options(${name} PRIVATE -O0)
+    if(TOVIK_SANITIZE OR NOT ARG_OPTIMISED)
+        # The code under test is optimised as everywhere; the tests themselves need not be.
+        target_compile_options(${name} PRIVATE -O0)
+    endif()
     if(ARG_QT)
         set_target_properties(${name} PROPERTIES AUTOMOC ON)
     endif()

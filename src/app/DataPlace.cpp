@@ -2,6 +2,7 @@
 #include "app/DataPlace.h"
 
 #include "base/AtomicFile.h"
+#include "base/ErrorPlace.h"
 #include "base/ErrorStream.h"
 #include "base/FileErrors.h"
 #include "base/RuntimeError.h"
@@ -14,6 +15,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 namespace tovik::app {
 
@@ -79,31 +81,54 @@ std::error_code copyFiles(const fs::path& from, const fs::path& to) {
     return failure;
 }
 
+/// Gives the place a folder to work in, if that can be had, and the reason.
+void standIn(DataPlace& place, std::error_code failure, const std::string& locale) {
+    tell(place.folder, failure.message());
+    place.unkept = base::withPlace(base::RuntimeError(base::errorNumberOf(failure)), place.folder);
+    auto copy = std::make_unique<PrivateCopy>(place.folder, [&](const std::string& folder) {
+        return host::fillStandIn(folder, place.folder, place.shippedFolder, locale);
+    });
+    if (copy->complete()) {
+        place.folder = copy->folder();
+        place.standIn = std::move(copy);
+    }
+}
+
 } // namespace
 
-std::string prepareDataFolder(const host::CommandLine& line, const host::Environment& environment) {
-    std::string folder = host::chooseDataFolder(environment, line.dataFolder);
-    const std::string shipped = host::shippedDataFolder(environment);
+DataPlace prepareDataFolder(const host::CommandLine& line, const host::Environment& environment) {
+    DataPlace place{.folder = host::chooseDataFolder(environment, line.dataFolder),
+                    .shippedFolder = host::shippedDataFolder(environment)};
     std::error_code missing; // a folder that cannot be made is told by what follows
-    fs::create_directories(folder, missing);
-    const host::FolderLock alone(folder);
-    if (const auto failure = host::fillDataFolder(folder, shipped, environment.locale)) {
-        tell(folder, failure.message());
-        return folder;
+    fs::create_directories(place.folder, missing);
+    const host::FolderLock alone(place.folder);
+    std::error_code failure =
+        host::fillDataFolder(place.folder, place.shippedFolder, environment.locale);
+    if (!failure) {
+        failure = host::tryDataFolder(place.folder);
     }
-    const host::Paths paths(folder);
+    if (failure) {
+        standIn(place, failure, environment.locale);
+    }
+    const host::Paths paths(place.folder);
     base::sweepLeftovers(paths.inside("db"));
     try {
         config::firstFill(paths, config::musicFolder(environment.home, environment.configHome),
                           firstList(paths));
     } catch (const base::RuntimeError& error) {
-        tell(folder, error.description());
+        tell(place.folder, error.description());
     }
     layEmptyList(paths);
-    return folder;
+    return place;
 }
 
-PrivateCopy::PrivateCopy(const std::string& dataFolder) {
+PrivateCopy::PrivateCopy(const std::string& dataFolder)
+    : PrivateCopy(dataFolder, [&dataFolder](const std::string& folder) {
+          const host::FolderLock alone(dataFolder);
+          return copyFiles(dataFolder, folder);
+      }) {}
+
+PrivateCopy::PrivateCopy(const std::string& dataFolder, const Fill& fill) {
     std::error_code failure;
     std::string place = fs::temp_directory_path(failure).string() + "/tovik.XXXXXX";
     if (!failure && mkdtemp(place.data()) == nullptr) {
@@ -111,8 +136,7 @@ PrivateCopy::PrivateCopy(const std::string& dataFolder) {
     }
     if (!failure) {
         folder_ = place;
-        const host::FolderLock alone(dataFolder);
-        failure = copyFiles(dataFolder, folder_);
+        failure = fill(folder_);
     }
     if (failure) {
         tell("cannot make a temporary copy of " + dataFolder, failure.message());

@@ -91,15 +91,16 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/window/icon.png")));
 
-    const std::string folder = prepareDataFolder(line, environment);
+    DataPlace place = prepareDataFolder(line, environment);
     std::optional<PrivateCopy> copy;
     if (line.screenshotFile) {
-        copy.emplace(folder);
+        copy.emplace(place.folder);
         if (!copy->complete()) {
             return EXIT_FAILURE;
         }
     }
-    host::RealHost realHost(copy ? copy->folder() : folder, environment.searchPath);
+    host::RealHost realHost(copy ? copy->folder() : place.folder, environment.searchPath,
+                            [&place] { place.standIn.reset(); });
     host::UnattendedDialogs answers;
     host::UnattendedPrograms noHelpers(realHost.host().paths, environment.searchPath);
     const host::Host host =
@@ -110,7 +111,9 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
     frmPlayer player(host, engine, window, events,
                      {.commandLine = line.player.text,
                       .checkInstance = !line.screenshotFile,
-                      .keepsList = !line.screenshotFile});
+                      .keepsList = !line.screenshotFile,
+                      .shippedFolder = place.shippedFolder,
+                      .unkept = place.unkept});
     window::giveWindowPictures(player.elements(), player.pictures(), windowPicture);
     window.attach(player);
     host.dispatcher.reportTo(

@@ -55,7 +55,8 @@ int render(const host::CommandLine& line, const host::Environment& environment) 
         return fail("Cannot render \"" + *line.renderFile + "\" into itself");
     }
     const host::StopSignals stop; // the copy must not be left behind
-    const PrivateCopy copy(prepareDataFolder(line, environment));
+    const DataPlace place = prepareDataFolder(line, environment);
+    const PrivateCopy copy(place.folder);
     if (!copy.complete()) {
         return EXIT_FAILURE;
     }
@@ -69,7 +70,10 @@ int render(const host::CommandLine& line, const host::Environment& environment) 
     player::PlayerWindow noWindow;
     player::TrackEvents events;
     frmPlayer player(host, engine, noWindow, events,
-                     {.commandLine = line.player.text, .checkInstance = false, .keepsList = false});
+                     {.commandLine = line.player.text,
+                      .checkInstance = false,
+                      .keepsList = false,
+                      .shippedFolder = place.shippedFolder});
     host.dispatcher.reportTo(
         [&](const base::RuntimeError& error) { player.errors().reportUnguarded(error); });
     host.dispatcher.run([&] { player.Form_Initialize(); });

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/frmPlayer.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tovik::app {
@@ -15,11 +16,15 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                      player::PlayerWindow& window, player::TrackEvents& events,
                      StartOptions options)
     : host_(host), sound_(sound), window_(window), events_(events), options_(std::move(options)),
-      settings_(host.paths, settingsXml_), version_(settings_), language_(host.paths),
+      settings_(host.paths, settingsXml_), version_(settings_),
+      language_(host.paths, options_.shippedFolder),
       errHandler_(host.paths, host.clock, host.operatingSystem), errors_(errHandler_, host.dialogs),
       tagWarning_(host.dialogs), tag_(tagWarning_), files_(stdSS_, host.pump, host.paths),
       listKeeper_(stdSS_, host.clock, host.timers, host.paths,
-                  [this] { return options_.keepsList && files_.savesAtExit(state_.DirAddIdle); }),
+                  [this] {
+                      return options_.keepsList && !listLost_ &&
+                             files_.savesAtExit(state_.DirAddIdle);
+                  }),
       scroller_(host.timers, [this](std::u32string_view characters) { drawTitle(characters); }),
       display_(elements_, fields_, scroller_,
                [this](const std::string& caption) { window_.setCaption(caption); }),
@@ -55,6 +60,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
               .timeDisplay = timeDisplay_,
               .window = window}) {
     stdSS_.setEvents(this);
+    settings_.reportUnwritten([this](const base::RuntimeError& failure) { unkept_.note(failure); });
     language_.attach(config::TextWindow::frmPlayer, texts_);
     language_.attach(config::TextWindow::frmTSR, menuTexts_);
     startTimers();
@@ -87,10 +93,16 @@ void frmPlayer::take(std::span<const Step> steps) {
         if (ended_) {
             return;
         }
-        if (!passingBy_ || step.besideOther) {
+        if ((!passingBy_ || step.besideOther) &&
+            (step.reader == nullptr || wasTaken(step.reader))) {
             (this->*step.run)();
+            taken_.push_back(step.run);
         }
     }
+}
+
+bool frmPlayer::wasTaken(Action run) const {
+    return std::ranges::find(taken_, run) != taken_.end();
 }
 
 void frmPlayer::endProcess(int status) {
@@ -127,6 +139,14 @@ void frmPlayer::Play(const std::string& itemData) {
     playback_.transport.Stdss_Play(itemData);
 }
 
+void frmPlayer::changeLanguage() {
+    language_.Language_File(settings_.getSetting("CLNG"));
+    language_.loadAttached();
+    playback_.volumeBar.showText();
+    display_.showStopNote(state_.StopAfterCurrent);
+    unkept_.show();
+}
+
 void frmPlayer::Timer4() {
     config::guard(errors_, config::player("Timer4"), [this] {
         if (!state_.LoadFinished) {
@@ -144,7 +164,12 @@ void frmPlayer::autoload_playlist() {
     config::guard(errors_, config::player("Autoload_Playlist"), [this] {
         {
             const playlist::ListKeeper::Loading loading(listKeeper_);
-            files_.autoload_playlist();
+            try {
+                files_.autoload_playlist();
+            } catch (...) {
+                listLost_ = true; // already while the box tells it
+                throw;
+            }
         }
         if (state_.FirstRun) {
             // The very first start plays the piece that came with the program.

@@ -3,6 +3,8 @@
 // end. Needs no window system. Interface thread.
 #pragma once
 
+#include "app/StartOptions.h"
+#include "app/UnkeptNotice.h"
 #include "commands/ClsShortcut.h"
 #include "commands/Commands.h"
 #include "config/clsXML.h"
@@ -48,15 +50,9 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace tovik::app {
-
-/// How the program was started.
-struct StartOptions {
-    std::string commandLine;   ///< the player's part of it, as text
-    bool checkInstance = true; ///< false: no other instance is looked for or made known
-    bool keepsList = true;     ///< false: the list is not saved while the program runs
-};
 
 class frmPlayer final : private playlist::ListEvents {
 public:
@@ -135,11 +131,17 @@ public:
     void changeLanguage();
 
 private:
+    using Action = void (frmPlayer::*)();
+
     /// One thing that happens at the start or the end; its name says what.
     struct Step {
         const char* name;
-        void (frmPlayer::*run)();
+        Action run;
         bool besideOther = false; ///< also done by a second instance that only passes by
+
+        /// The step of the start that reads what this step of the end saves: it is not saved
+        /// unless that one came to its end.
+        Action reader = nullptr;
     };
 
     static const std::span<const Step> kInitializeSteps;
@@ -148,6 +150,12 @@ private:
 
     /// Takes the steps in their order until the process is told to end.
     void take(std::span<const Step> steps);
+
+    /// Whether a step came to its end.
+    [[nodiscard]] bool wasTaken(Action run) const;
+
+    /// Saves a setting that the start can do without.
+    void save(const char* key, const std::string& text);
 
     // Form_Initialize
     void takeFirstRun();
@@ -158,7 +166,6 @@ private:
     void loadSkin();
     void keepFaces();
     void loadSettings();
-    void keepSettings(const config::StartSettings& read);
     void lookForOtherInstance();
     void choosePanel();
     void showSplash();
@@ -189,6 +196,7 @@ private:
     void associateFileTypes();
     void checkForUpdates();
     void showCaptions();
+    void tellUnkept();
 
     /// Stands in the place of what is not built yet.
     void later() {}
@@ -232,8 +240,10 @@ private:
     player::TrackEvents& events_;
     StartOptions options_;
 
-    bool ended_ = false;     ///< the process was told to end
-    bool passingBy_ = false; ///< another instance runs, and only one is allowed
+    bool ended_ = false;        ///< the process was told to end
+    bool passingBy_ = false;    ///< another instance runs, and only one is allowed
+    bool listLost_ = false;     ///< the saved list could not be read
+    std::vector<Action> taken_; ///< the steps that came to their end
 
     player::PlayerState state_;
     ui::MainElements elements_{ui::mainLayout()};
@@ -259,6 +269,7 @@ private:
     playlist::ListKeeper listKeeper_;
 
     window::TextFields fields_{elements_, pictures_};
+    UnkeptNotice unkept_{errors_, language_, fields_, options_.unkept};
     ui::ImgScroller scroller_;
     window::MainDisplay display_;
     player::Equalizer equalizer_;

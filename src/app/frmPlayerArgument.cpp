@@ -3,6 +3,7 @@
 #include "app/frmPlayer.h"
 
 #include "base/CommandText.h"
+#include "base/ErrorPlace.h"
 #include "base/FileErrors.h"
 #include "base/RegularFile.h"
 #include "base/Text.h"
@@ -14,12 +15,6 @@
 #include <algorithm>
 
 namespace tovik::app {
-
-namespace {
-
-constexpr const char* kArgumentTitle = "Tovik";
-
-} // namespace
 
 void frmPlayer::readCommandLine() {
     state_.NoCommandLine = options_.commandLine.empty();
@@ -56,14 +51,8 @@ bool frmPlayer::canReadArgument(const std::string& path) {
     if (!failure) {
         return true;
     }
-    const base::ErrorNumber number = base::errorNumberOf(failure);
-    const base::RuntimeError error(number, base::RuntimeError(number).description() + ": " + path);
-    if (errors_.showsBoxes()) {
-        host_.dialogs.showMessage({.text = error.description(),
-                                   .title = kArgumentTitle,
-                                   .icon = host::MessageIcon::Exclamation});
-    }
-    errors_.report(error, config::player("Load"));
+    errors_.reportAndTell(base::withPlace(base::RuntimeError(base::errorNumberOf(failure)), path),
+                          config::player("Load"));
     return false;
 }
 

@@ -103,7 +103,7 @@ void frmPlayer::bindEqualizer() {
 }
 
 bool frmPlayer::staysOnTop() {
-    return config::settingToInt16(settings_.getSetting("ASOT")) == 1;
+    return settings_.getAs("ASOT", config::settingToInt16) == 1;
 }
 
 void frmPlayer::mnuTop() {

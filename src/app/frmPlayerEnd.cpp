@@ -22,7 +22,7 @@ void frmPlayer::kill_me() {
         // A save that fails ends the list of things to do, never the way out.
         config::guard(errors_, config::player("kill process"), [this] { take(kEndSteps); });
     } catch (...) {
-        // Not even the log could be written: the box alone tells it.
+        // Nothing that goes wrong in telling it may keep the process alive, either.
         errors_.reportUnguarded(config::currentError());
     }
     endProcess(EXIT_SUCCESS);
@@ -34,6 +34,9 @@ void frmPlayer::tellNothingPlays() {
 
 void frmPlayer::saveList() {
     listKeeper_.end();
+    if (listLost_) {
+        return; // what could not be read stays where it is
+    }
     const bool saves = files_.savesAtExit(state_.DirAddIdle);
     if (saves) {
         files_.autosave_playlist();
@@ -46,22 +49,32 @@ void frmPlayer::hideWindow() {
 }
 
 void frmPlayer::saveSettings() {
-    const std::array<std::pair<const char*, std::string>, 12> values = {{
-        {"CVL", std::to_string(state_.CurrentVolume)},
-        {"SHF", flag(state_.ShuffleOn)},
-        {"EQ", flag(state_.EqualizerOn)},
-        {"RPT", flag(state_.RepeatOn)},
-        {"CFD", flag(state_.CrossfadeOn)},
-        {"BLV", std::to_string(state_.BalanceValue)},
-        {"TMD", std::to_string(state_.TimeDisplayMode)},
-        {"SLD", flag(state_.SilenceSkipOn)},
-        {"CVP", std::to_string(state_.CurrentVisPlugin)},
-        {"X", std::to_string(window_.left() * ui::kTwipsPerPixel)},
-        {"Y", std::to_string(window_.top() * ui::kTwipsPerPixel)},
-        {"QPL", state_.QuickListOpen ? "1" : "2"},
+    struct Saved {
+        const char* key;
+        Action reader; ///< as in a step
+        std::string value;
+    };
+
+    constexpr Action kGroup = &frmPlayer::loadSettings;
+    constexpr Action kPlace = &frmPlayer::showWindow;
+    const std::array<Saved, 12> values = {{
+        {"CVL", kGroup, std::to_string(state_.CurrentVolume)},
+        {"SHF", kGroup, flag(state_.ShuffleOn)},
+        {"EQ", kGroup, flag(state_.EqualizerOn)},
+        {"RPT", kGroup, flag(state_.RepeatOn)},
+        {"CFD", kGroup, flag(state_.CrossfadeOn)},
+        {"BLV", kGroup, std::to_string(state_.BalanceValue)},
+        {"TMD", &frmPlayer::showModes, std::to_string(state_.TimeDisplayMode)},
+        {"SLD", kGroup, flag(state_.SilenceSkipOn)},
+        {"CVP", kGroup, std::to_string(state_.CurrentVisPlugin)},
+        {"X", kPlace, std::to_string(window_.left() * ui::kTwipsPerPixel)},
+        {"Y", kPlace, std::to_string(window_.top() * ui::kTwipsPerPixel)},
+        {"QPL", &frmPlayer::showQuickList, state_.QuickListOpen ? "1" : "2"},
     }};
-    for (const auto& [key, value] : values) {
-        settings_.saveSetting(key, value);
+    for (const Saved& saved : values) {
+        if (wasTaken(saved.reader)) {
+            settings_.saveSetting(saved.key, saved.value);
+        }
     }
 }
 

@@ -2,6 +2,7 @@
 // What each step of the start does.
 #include "app/frmPlayer.h"
 
+#include "base/ErrorPlace.h"
 #include "base/Numbers.h"
 #include "base/RegularFile.h"
 #include "base/RuntimeError.h"
@@ -31,7 +32,7 @@ constexpr const char* kSoundTitle = "BASS.DLL";
 constexpr std::uint32_t kInputOn = 131072;
 
 /// A window on the right of a wide desktop is further away than 16 bits can tell.
-std::int32_t twipsOf(const std::string& text) {
+std::int32_t twipsOf(std::string_view text) {
     return base::toInt32(base::textToNumber(text));
 }
 
@@ -42,7 +43,13 @@ void frmPlayer::Form_Initialize() {
 }
 
 void frmPlayer::Form_Load() {
-    config::guard(errors_, config::player("Load"), [this] { take(kLoadSteps); });
+    try {
+        take(kLoadSteps);
+    } catch (...) {
+        const base::RuntimeError error = config::currentError();
+        endSplash();
+        errors_.reportAndTell(error, config::player("Load"));
+    }
 }
 
 void frmPlayer::takeFirstRun() {
@@ -51,9 +58,17 @@ void frmPlayer::takeFirstRun() {
     if (base::readWholeFile(file, bytes)) {
         return;
     }
-    settings_.saveSetting("CLNG", config::profileValue(bytes, "Firstrun", "LNG"));
+    save("CLNG", config::profileValue(bytes, "Firstrun", "LNG"));
     static_cast<void>(std::remove(file.c_str()));
     state_.FirstRun = true;
+}
+
+void frmPlayer::save(const char* key, const std::string& text) {
+    try {
+        settings_.saveSetting(key, text);
+    } catch (const base::RuntimeError& error) {
+        unkept_.note(error);
+    }
 }
 
 void frmPlayer::refuseOldSystem() {
@@ -64,7 +79,7 @@ void frmPlayer::refuseOldSystem() {
 }
 
 void frmPlayer::meetOtherInstance() {
-    if (config::settingToInt16(settings_.getSetting("MI")) == 0 && AnotherInstance()) {
+    if (settings_.getAs("MI", config::settingToInt16) == 0 && AnotherInstance()) {
         window_.hide();
         endProcess(EXIT_SUCCESS);
     }
@@ -82,17 +97,7 @@ void frmPlayer::keepFaces() {
 
 void frmPlayer::loadSettings() {
     config::StartSettings read;
-    try {
-        settings_.getSettings(read);
-    } catch (...) {
-        // What was read so far counts; it is saved at the end.
-        keepSettings(read);
-        throw;
-    }
-    keepSettings(read);
-}
-
-void frmPlayer::keepSettings(const config::StartSettings& read) {
+    settings_.getSettings(read);
     state_.MultipleInstances = read.allowMultipleInstances;
     state_.ShowSplash = read.autoPlay;
     state_.ShowInTaskbar = read.showInTaskbar;
@@ -189,7 +194,7 @@ void frmPlayer::drawEqualizer() {
 }
 
 void frmPlayer::showVolume() {
-    state_.CurrentVolume = config::settingToInt16(settings_.getSetting("cvl"));
+    state_.CurrentVolume = settings_.getAs("cvl", config::settingToInt16);
     playback_.volumeBar.showHeight();
 }
 
@@ -198,11 +203,11 @@ void frmPlayer::showModes() {
     player::showMode(elements_, state_, player::Mode::silenceSkip);
     player::showMode(elements_, state_, player::Mode::shuffle);
     player::showMode(elements_, state_, player::Mode::repeat);
-    timeDisplay_.choose(config::settingToInt16(settings_.getSetting("TMD")));
+    timeDisplay_.choose(settings_.getAs("TMD", config::settingToInt16));
 }
 
 void frmPlayer::showQuickList() {
-    state_.QuickListOpen = config::settingToFlag(settings_.getSetting("qpl"));
+    state_.QuickListOpen = settings_.getAs("qpl", config::settingToFlag);
     panels_.ApplyQuickList();
 }
 
@@ -215,11 +220,14 @@ void frmPlayer::showBalanceText() {
 }
 
 void frmPlayer::readMessenger() {
-    state_.MessengerOn = config::settingToFlag(settings_.getSetting("MSN"));
+    state_.MessengerOn = settings_.getAs("MSN", config::settingToFlag);
 }
 
 void frmPlayer::restoreEqualizer() {
-    equalizerStore_.autoload_eq();
+    if (const auto damage = equalizerStore_.autoload_eq()) {
+        // The start goes on with the bands that could be read.
+        errors_.log(*damage, config::player("Load"));
+    }
     equalizerStore_.autoload_db();
 }
 
@@ -231,7 +239,7 @@ void frmPlayer::selectFirstRow() {
 
 void frmPlayer::showWindow() {
     const auto pixels = [this](const char* key) {
-        return twipsOf(settings_.getSetting(key)) / ui::kTwipsPerPixel;
+        return settings_.getAs(key, twipsOf) / ui::kTwipsPerPixel;
     };
     window_.moveTo(pixels("X"), pixels("Y"));
     window_.show();
@@ -246,16 +254,9 @@ void frmPlayer::loadLanguage() {
     display_.showStopNote(state_.StopAfterCurrent);
 }
 
-void frmPlayer::changeLanguage() {
-    language_.Language_File(settings_.getSetting("CLNG"));
-    language_.loadAttached();
-    playback_.volumeBar.showText();
-    display_.showStopNote(state_.StopAfterCurrent);
-}
-
 void frmPlayer::makeKnown() {
     if (options_.checkInstance && !AnotherInstance()) {
-        settings_.saveSetting("SHWND", std::to_string(window_.handle()));
+        save("SHWND", std::to_string(window_.handle()));
     }
 }
 
@@ -265,7 +266,7 @@ void frmPlayer::applyTopmost() {
 
 void frmPlayer::startHelper(const std::string& name, const std::string& argument) {
     if (!host_.programs.start(name, {argument})) {
-        throw base::RuntimeError(base::ErrorNumber::FileNotFound);
+        throw base::withPlace(base::RuntimeError(base::ErrorNumber::FileNotFound), name);
     }
 }
 
@@ -285,6 +286,10 @@ void frmPlayer::showCaptions() {
     playing_.caption = version_.get_Tovik_Version();
     playing_.miniCaption = playing_.caption;
     display_.showCaptions(playing_);
+}
+
+void frmPlayer::tellUnkept() {
+    unkept_.endStart();
 }
 
 } // namespace tovik::app

@@ -53,6 +53,7 @@ const std::span<const frmPlayer::Step> frmPlayer::kLoadSteps = [] {
         Step{"associate the file types", &frmPlayer::associateFileTypes, true},
         Step{"check for updates", &frmPlayer::checkForUpdates, true},
         Step{"set the captions", &frmPlayer::showCaptions, true},
+        Step{"tell that nothing is kept", &frmPlayer::tellUnkept},
     };
     return std::span<const Step>(kSteps);
 }();
@@ -60,10 +61,11 @@ const std::span<const frmPlayer::Step> frmPlayer::kLoadSteps = [] {
 const std::span<const frmPlayer::Step> frmPlayer::kEndSteps = [] {
     static constexpr std::array kSteps = {
         Step{"tell that nothing plays", &frmPlayer::tellNothingPlays},
-        Step{"save the list", &frmPlayer::saveList},
+        // The saved list is read once the window is shown.
+        Step{"save the list", &frmPlayer::saveList, false, &frmPlayer::showWindow},
         Step{"hide the window", &frmPlayer::hideWindow},
         Step{"save the settings", &frmPlayer::saveSettings},
-        Step{"save the equalizer", &frmPlayer::saveEqualizer},
+        Step{"save the equalizer", &frmPlayer::saveEqualizer, false, &frmPlayer::restoreEqualizer},
         Step{"save the stations", &frmPlayer::later},
         Step{"free the visualisation", &frmPlayer::later},
         Step{"free the sound library", &frmPlayer::freeSound},

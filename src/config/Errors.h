@@ -7,6 +7,8 @@
 #include "config/Procedures.h"
 #include "host/Dialogs.h"
 
+#include <string>
+
 namespace tovik::config {
 
 /// The log and the box, in this order.
@@ -16,12 +18,22 @@ public:
     Errors(const ErrHandler& log, host::Dialogs& dialogs);
 
     /// Logs the error and, if the procedure has a title for it, shows the description in a box.
-    /// Raises a new error if the log cannot be written; then no box is shown.
+    /// A log that cannot be written changes nothing about the box; the first error that it lost
+    /// is shown even where the procedure only logs.
     void report(const base::RuntimeError& error, const Procedure& procedure) const;
 
-    /// For an error that no procedure took: logs and shows it. A log that cannot be written
-    /// raises nothing here, and the box is shown all the same.
+    /// The same, but the user is told whatever the procedure does; not a second time, if the last
+    /// box told just this.
+    void reportAndTell(const base::RuntimeError& error, const Procedure& procedure) const;
+
+    /// For an error that no procedure took: logs and shows it.
     void reportUnguarded(const base::RuntimeError& error) const noexcept;
+
+    /// Only writes the line. Returns false if the log cannot be written.
+    bool log(const base::RuntimeError& error, const Procedure& procedure) const;
+
+    /// Only shows the description. Raises nothing.
+    void tell(const base::RuntimeError& error) const { show(error, {}); }
 
     /// From now on errors are only logged: the program ends because of a signal or because the
     /// session does, and nobody would answer a box.
@@ -35,6 +47,8 @@ private:
     const ErrHandler& log_;
     host::Dialogs& dialogs_;
     bool boxes_ = true;
+    mutable bool lostOne_ = false;    ///< an error went into no log
+    mutable std::string lastShown_{}; ///< the text of the last box
 };
 
 /// The exception in flight as a run-time error: lack of memory is number 7, any other exception
@@ -43,7 +57,6 @@ private:
 
 /// Runs the body of a procedure. On an error in it the procedure ends there, the error is reported
 /// under the procedure's words, and the program goes on. Returns whether the body ran to its end.
-/// Only a log that cannot be written raises, a new error.
 template <typename Body>
 bool guard(const Errors& errors, const Procedure& procedure, Body&& body) {
     try {

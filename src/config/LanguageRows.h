@@ -37,6 +37,7 @@ inline constexpr std::array<LanguageSectionRow, kLanguageSections> kSections{{
     {S::Prompt, "Prompt", 4, W::None},
     {S::Error, "Error", 2, W::None},
     {S::Shortcuts, "Shortcuts", 36, W::frmPreferences},
+    {S::Notice, "TovikNotice", 1, W::None},
 }};
 
 constexpr Row put(S section, int item, std::string_view element, K kind = K::Caption, int index = 0,

@@ -33,9 +33,10 @@ enum class LanguageSection : std::uint8_t {
     Prompt,
     Error,
     Shortcuts,
+    Notice, ///< our own: what the window says of the program's state
 };
 
-inline constexpr std::size_t kLanguageSections = 21;
+inline constexpr std::size_t kLanguageSections = 22;
 
 /// The windows that texts go to. The main menu's texts name tabs of the main window, too.
 enum class TextWindow : std::uint8_t {

@@ -6,7 +6,9 @@
 #include "config/INI.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <span>
+#include <system_error>
 
 namespace tovik::config {
 
@@ -16,6 +18,12 @@ using S = LanguageSection;
 
 constexpr std::string_view kFolder = "Languages";
 constexpr std::string_view kExtension = ".lng";
+
+bool isReadable(const host::Paths& paths) {
+    std::error_code failure;
+    const std::filesystem::directory_iterator entries(paths.of(host::DataItem::Languages), failure);
+    return !failure;
+}
 
 } // namespace
 
@@ -33,7 +41,9 @@ void MultiLNG::Language_File(std::string_view name) {
 
 std::string MultiLNG::path() const {
     // The separator of the name is that of the whole, so that either kind leads out of the folder.
-    return paths_.inside(std::string(kFolder) + base::separatorOf(file_) + file_);
+    const std::string name = std::string(kFolder) + base::separatorOf(file_) + file_;
+    const bool fromShipped = !shipped_.dataFolder().empty() && !isReadable(paths_);
+    return (fromShipped ? shipped_ : paths_).inside(name);
 }
 
 std::string MultiLNG::textOf(const std::string& path, LanguageSection section, int number) {
@@ -78,6 +88,10 @@ std::string MultiLNG::get_Prompt_String(int number) const {
 
 std::string MultiLNG::get_Error_String(int number) const {
     return textOf(path(), S::Error, number);
+}
+
+std::string MultiLNG::get_Notice_String(int number) const {
+    return textOf(path(), S::Notice, number);
 }
 
 void MultiLNG::Load_Menus_Lng() {

@@ -8,6 +8,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tovik::config {
 
@@ -18,8 +19,10 @@ namespace tovik::config {
 /// these replace what the window bore: what a language leaves out goes blank, and nothing is said.
 class MultiLNG {
 public:
-    /// Kept by reference.
-    explicit MultiLNG(const host::Paths& paths) : paths_(paths) {}
+    /// The paths are kept by reference. Where the data folder's "Languages" cannot be read, the
+    /// one in `shippedFolder` takes its place.
+    explicit MultiLNG(const host::Paths& paths, std::string shippedFolder = {})
+        : paths_(paths), shipped_(std::move(shippedFolder)) {}
 
     /// From now on the texts for this window go there. The targets must outlive this object or be
     /// detached before they go.
@@ -59,6 +62,9 @@ public:
     [[nodiscard]] std::string get_Prompt_String(int number) const;
     [[nodiscard]] std::string get_Error_String(int number) const;
 
+    /// What the window says of the program's own state.
+    [[nodiscard]] std::string get_Notice_String(int number) const;
+
 private:
     void load(LanguageSection section);
     [[nodiscard]] std::string path() const;
@@ -66,6 +72,7 @@ private:
                                             int number);
 
     const host::Paths& paths_;
+    host::Paths shipped_; ///< of an empty folder: there is none
     std::string file_;
     std::array<TextTargets*, kTextWindows> targets_{};
 };

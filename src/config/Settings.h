@@ -2,6 +2,7 @@
 // Settings by key, straight from the file: there is no copy in memory. Interface thread.
 #pragma once
 
+#include "base/RuntimeError.h"
 #include "config/clsXML.h"
 #include "config/StartSettings.h"
 #include "host/Paths.h"
@@ -9,6 +10,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tovik::config {
 
@@ -16,15 +18,32 @@ namespace tovik::config {
 /// into the shared document and writes it back whole. A key in any case names the element in upper
 /// case. The program has no defaults: a key that the file lacks raises 94 when it is read and is
 /// not created when it is written. So does every key of a missing or damaged file, which is left
-/// as it is.
+/// as it is. An error of a read names the file and the key, that of a conversion the text, too.
 class Settings {
 public:
+    /// Is told of a file that could not be written back after a read.
+    using Unwritten = std::function<void(const base::RuntimeError&)>;
+
     /// Both are kept by reference. The document is the one that the whole program shares.
     Settings(const host::Paths& paths, clsXML& settingsXml);
 
-    /// The text of a key. Raises 94 where there is none, before the file is written, and what
-    /// writing raises.
+    /// From now on `unwritten` is told of every read whose file could not be written back; the
+    /// read itself counts.
+    void reportUnwritten(Unwritten unwritten) { unwritten_ = std::move(unwritten); }
+
+    /// The text of a key. Raises 94 where there is none, before the file is written.
     [[nodiscard]] std::string getSetting(std::string_view key);
+
+    /// What `convert` makes of the text of a key. Raises what either raises.
+    template <typename Convert>
+    [[nodiscard]] auto getAs(std::string_view key, const Convert& convert) {
+        const std::string text = getSetting(key);
+        try {
+            return convert(text);
+        } catch (const base::RuntimeError& error) {
+            throw bad(error, key, text);
+        }
+    }
 
     /// Sets the text of a key that exists; the file has reached the disk on return. Raises what
     /// writing raises.
@@ -35,15 +54,27 @@ public:
     void getSettings(StartSettings& state);
 
     /// Opens the file in the shared document, does the work, and saves the file. An error in the
-    /// work goes to the caller, and nothing is saved.
+    /// work goes to the caller, and nothing is saved. Raises what saving raises.
     void withSettings(const std::function<void(clsXML&)>& work);
+
+    /// The same for work that only reads: what saving raises is told to `reportUnwritten`.
+    void readSettings(const std::function<void(const clsXML&)>& work);
+
+    /// The error with the file, the key and its text behind its description.
+    [[nodiscard]] base::RuntimeError bad(const base::RuntimeError& error, std::string_view key,
+                                         std::string_view text) const;
 
     /// The path of the element of a key.
     [[nodiscard]] static std::string pathOf(std::string_view key);
 
 private:
+    /// Raises 94 where there is none.
+    [[nodiscard]] std::string textOf(const clsXML& xml, std::string_view key) const;
+    [[nodiscard]] std::string placeOf(std::string_view key) const;
+
     const host::Paths& paths_;
     clsXML& xml_;
+    Unwritten unwritten_;
 };
 
 } // namespace tovik::config

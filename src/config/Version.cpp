@@ -36,12 +36,13 @@ std::string fullVersionText(std::string_view tkxv, std::string_view tkv2) {
 Version::Version(Settings& settings) : settings_(settings) {}
 
 std::string Version::getTovikversion() {
-    const std::string record = settings_.getSetting(kRecordKey);
-    return versionText(record, settings_.getSetting(kSecondPartKey));
+    const std::string second = settings_.getSetting(kSecondPartKey);
+    return settings_.getAs(kRecordKey,
+                           [&](std::string_view record) { return versionText(record, second); });
 }
 
 std::int16_t Version::getTovikbuildNm() {
-    return buildNumber(settings_.getSetting(kRecordKey));
+    return settings_.getAs(kRecordKey, buildNumber);
 }
 
 std::string Version::get_Tovik_Version() {

@@ -30,6 +30,13 @@ constexpr std::string_view kFillingMark = ".filling";
 /// version filled, or somebody tidied, may lack some.
 constexpr std::array<std::string_view, 2> kNeededFolders{"Languages", "skins"};
 
+/// What a stand-in takes over.
+constexpr std::array<std::string_view, 3> kTakenOver{"db", "Languages", "skins"};
+
+/// As many bytes as settings have: a full disk may still have room for an empty file.
+constexpr std::size_t kTrialBytes = 8192;
+constexpr std::string_view kTrialName = "db/.trial";
+
 /// What is shipped is never written to as it is; a copy must be.
 constexpr fs::perms kOwnerWrites = fs::perms::owner_write;
 
@@ -171,6 +178,34 @@ std::error_code fillDataFolder(const std::string& dataFolder, const std::string&
         fs::remove(mark, failure);
     }
     return failure;
+}
+
+std::error_code tryDataFolder(const std::string& dataFolder) {
+    const std::string trial = Paths(dataFolder).inside(kTrialName);
+    std::error_code failure =
+        base::replaceFile(trial, std::string(kTrialBytes, ' '), base::Flush::No);
+    if (!failure) {
+        fs::remove(trial, failure);
+    }
+    return failure;
+}
+
+std::error_code fillStandIn(const std::string& standIn, const std::string& dataFolder,
+                            const std::string& shipped, const std::string& locale) {
+    const Paths from(dataFolder);
+    const Paths paths(standIn);
+    for (const std::string_view name : kTakenOver) {
+        // What cannot be read is taken from what is shipped.
+        static_cast<void>(
+            copyMissing(dataFolder, fs::path(from.inside(name)).filename().native(), paths));
+    }
+    const bool isFirst = !hasSettings(paths);
+    std::error_code failure;
+    fs::create_directories(base::folderPart(paths.of(DataItem::Settings)), failure);
+    if (!failure && !shipped.empty()) {
+        failure = copyMissing(shipped, "", paths);
+    }
+    return failure || !isFirst ? failure : leaveFirstRun(paths, locale);
 }
 
 } // namespace tovik::host

@@ -35,4 +35,14 @@ namespace tovik::host {
 [[nodiscard]] std::error_code fillDataFolder(const std::string& dataFolder,
                                              const std::string& shipped, const std::string& locale);
 
+/// Whether what changes can be kept there: tries to write a file beside the settings. Answers with
+/// the failure.
+[[nodiscard]] std::error_code tryDataFolder(const std::string& dataFolder);
+
+/// Fills an empty folder so that it can stand in for a data folder that cannot be written: with
+/// settings, words and looks of that one as far as they can be read, else with those shipped. What
+/// was kept there is then as after a first start. Answers with the first failure.
+[[nodiscard]] std::error_code fillStandIn(const std::string& standIn, const std::string& dataFolder,
+                                          const std::string& shipped, const std::string& locale);
+
 } // namespace tovik::host

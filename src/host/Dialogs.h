@@ -13,6 +13,9 @@ enum class MessageIcon { None, Critical, Question, Exclamation, Information };
 enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel };
 enum class MessageAnswer { Ok, Cancel, Yes, No };
 
+/// The title of a box whose subject has no title of its own.
+inline constexpr const char* kProgramTitle = "Tovik";
+
 /// A box with a text and buttons. The default answer is the button that Enter presses.
 struct MessageBox {
     std::string text{};

@@ -15,7 +15,7 @@ namespace tovik::player {
 
 namespace {
 
-constexpr const char* kCurve = "/Settings/CEQ";
+constexpr const char* kCurveKey = "CEQ";
 constexpr const char* kMasterKey = "CDB";
 constexpr const char* kPresetCount = "/Settings/Presets/MAX_ID";
 constexpr const char* kValue = "Value";
@@ -50,23 +50,44 @@ std::string EqualizerStore::curve() const {
     return curveText(sliders);
 }
 
-void EqualizerStore::autoload_eq() {
-    try {
-        std::string stored;
-        settings_.withSettings(
-            [&](config::clsXML& xml) { stored = xml.ReadAttribute(kCurve, kValue); });
-        apply(stored);
-    } catch (const base::RuntimeError&) { // NOLINT(bugprone-empty-catch): a first start is silent
+std::optional<base::RuntimeError> EqualizerStore::autoload_eq() {
+    const std::string stored = storedCurve();
+    halfRead_.reset();
+    if (stored.empty()) {
+        return std::nullopt;
     }
+    try {
+        apply(stored);
+    } catch (const base::RuntimeError& error) {
+        halfRead_ = curve();
+        return settings_.bad(error, kCurveKey, stored);
+    }
+    return std::nullopt;
+}
+
+std::string EqualizerStore::storedCurve() {
+    std::string stored;
+    try {
+        settings_.readSettings([&](const config::clsXML& xml) {
+            stored = xml.ReadAttribute(config::Settings::pathOf(kCurveKey), kValue);
+        });
+    } catch (const base::RuntimeError&) { // NOLINT(bugprone-empty-catch): nothing is stored yet
+    }
+    return stored;
 }
 
 void EqualizerStore::autosave_eq() {
-    settings_.withSettings(
-        [&](config::clsXML& xml) { xml.WriteAttribute(kCurve, kValue, curve()); });
+    const std::string heard = curve();
+    if (heard == halfRead_) {
+        return;
+    }
+    settings_.withSettings([&](config::clsXML& xml) {
+        xml.WriteAttribute(config::Settings::pathOf(kCurveKey), kValue, heard);
+    });
 }
 
 void EqualizerStore::autoload_db() {
-    equalizer_.eq_sld(Equalizer::kMaster).Value(sliderOfGain(settings_.getSetting(kMasterKey)));
+    equalizer_.eq_sld(Equalizer::kMaster).Value(settings_.getAs(kMasterKey, sliderOfGain));
 }
 
 void EqualizerStore::autosave_db() {
@@ -88,7 +109,7 @@ void EqualizerStore::load_teq(const std::string& path) {
 }
 
 void EqualizerStore::presetNames(std::vector<std::string>& names) {
-    settings_.withSettings([&](config::clsXML& xml) {
+    settings_.readSettings([&](const config::clsXML& xml) {
         const std::int32_t count = config::settingToInt16(xml.ReadNode(kPresetCount));
         for (std::int32_t number = 1; number <= count; ++number) {
             names.push_back(xml.ReadAttribute(presetPath(number), "Name"));
@@ -98,8 +119,8 @@ void EqualizerStore::presetNames(std::vector<std::string>& names) {
 
 void EqualizerStore::loadPreset(std::int32_t number) {
     std::string stored;
-    settings_.withSettings(
-        [&](config::clsXML& xml) { stored = xml.ReadAttribute(presetPath(number), kValue); });
+    settings_.readSettings(
+        [&](const config::clsXML& xml) { stored = xml.ReadAttribute(presetPath(number), kValue); });
     apply(stored);
 }
 

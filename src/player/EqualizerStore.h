@@ -3,10 +3,12 @@
 // thread.
 #pragma once
 
+#include "base/RuntimeError.h"
 #include "config/Settings.h"
 #include "player/Equalizer.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,9 +22,11 @@ public:
         : settings_(settings), equalizer_(equalizer) {}
 
     /// Sets the bands from the setting "CEQ". Where it is empty, damaged or missing, the bands
-    /// from there on stay as they are, and nothing is said.
-    void autoload_eq();
+    /// from there on stay as they are. Answers with the damage, for who tells it; a curve that was
+    /// never stored is none.
+    std::optional<base::RuntimeError> autoload_eq();
 
+    /// Stores the bands. A damaged curve that `autoload_eq` met stays until a slider was moved.
     /// Raises what writing the settings raises.
     void autosave_eq();
 
@@ -54,8 +58,12 @@ private:
 
     [[nodiscard]] std::string curve() const;
 
+    /// Empty where there is none.
+    [[nodiscard]] std::string storedCurve();
+
     config::Settings& settings_;
     Equalizer& equalizer_;
+    std::optional<std::string> halfRead_; ///< the curve as a damaged setting left it
 };
 
 } // namespace tovik::player

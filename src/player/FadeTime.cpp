@@ -8,7 +8,8 @@
 namespace tovik::player {
 
 std::int32_t fadeSeconds(config::Settings& settings) {
-    return base::toInt32(base::textToNumber(settings.getSetting("CFDT")));
+    return settings.getAs(
+        "CFDT", [](std::string_view text) { return base::toInt32(base::textToNumber(text)); });
 }
 
 std::int32_t fadeMilliseconds(std::int32_t seconds) {

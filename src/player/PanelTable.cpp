@@ -34,6 +34,7 @@ constexpr auto kRows = std::to_array<PanelRow>({
     {N::cancelrip, {no, no, no, whileRipping, no}},
     {N::shwchange, onlyMain()},
     {N::stopNote, onlyMain(whileStopping)},
+    {N::notice_img, onlyMain()},
     {N::List1, onlyMain()},
     {N::resetbt, kEqualizerOnly},
     {N::adddirIMG, kPlaylistOnly},

@@ -63,7 +63,7 @@ void SilenceSkip::button_sld() {
     showMode(p_.elements, state, Mode::silenceSkip);
     watch();
     if (state.SilenceSkipOn) {
-        silenceThreshold_ = config::settingToInt16(p_.settings.getSetting("SLDT"));
+        silenceThreshold_ = p_.settings.getAs("SLDT", config::settingToInt16);
     }
 }
 

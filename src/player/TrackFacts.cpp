@@ -127,7 +127,7 @@ void TrackFacts::refreshRowTime(sound::Handle channel) {
 }
 
 void TrackFacts::showPopup(sound::Handle channel, const std::string& title) {
-    if (!config::settingToFlag(settings_.getSetting("OSD"))) {
+    if (!settings_.getAs("OSD", config::settingToFlag)) {
         return;
     }
     const std::string time = "(" + lastFive(channel) + ")";

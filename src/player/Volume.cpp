@@ -24,7 +24,7 @@ void Volume::Channel_Set_Volume(std::int16_t value) {
 }
 
 void Volume::readMode() {
-    state_.GlobalVolumeMode = config::settingToInt16(settings_.getSetting("EV2"));
+    state_.GlobalVolumeMode = settings_.getAs("EV2", config::settingToInt16);
 }
 
 void Volume::apply() {

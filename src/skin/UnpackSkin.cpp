@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "skin/UnpackSkin.h"
 
+#include "base/ErrorPlace.h"
 #include "base/FileErrors.h"
 #include "base/PathText.h"
 #include "base/RegularFile.h"
@@ -87,14 +88,16 @@ void UnpackSkin(const host::Paths& paths, host::Dialogs& dialogs) {
     const std::string folder = paths.of(host::DataItem::CurrentSkin);
     std::error_code failure;
     fs::create_directories(folder, failure);
-    base::raiseFailure(failure);
+    if (failure) {
+        throw base::withPlace(base::RuntimeError(base::errorNumberOf(failure)), folder);
+    }
     if (countsAsUnpacked(folder)) {
         return;
     }
     try {
         unpack(paths, folder);
     } catch (const std::exception&) {
-        dialogs.showMessage({.text = kFailureText});
+        dialogs.showMessage({.text = kFailureText, .title = host::kProgramTitle});
     }
 }
 

@@ -28,9 +28,10 @@ enum class MainElement : std::uint16_t {
     mono_img,
     Stereo_img,
     musicinfo_img,
-    shwchange, ///< 2: volume and balance as words
-    stopNote,  ///< shown while the player is to stop after the track
-    Shuffle,   ///< the four indicators, each with its dim twin
+    shwchange,  ///< 2: volume and balance as words
+    stopNote,   ///< shown while the player is to stop after the track
+    notice_img, ///< what the user is to know of the program's state
+    Shuffle,    ///< the four indicators, each with its dim twin
     ShuffleDown,
     loopImg,
     LoopImg2,

@@ -34,6 +34,22 @@ void MainInput::press(const PressButton& button, bool pressed) {
 }
 
 void MainInput::mouseDown(const ui::PointerEvent& event) {
+    config::guard(p_.errors, config::player("MouseDown"), [&] { pressAt(event); });
+}
+
+void MainInput::mouseMove(const ui::PointerEvent& event) {
+    config::guard(p_.errors, config::player("MouseMove"), [&] { moveTo(event); });
+}
+
+void MainInput::mouseUp(const ui::PointerEvent& event) {
+    const config::Procedure& procedure =
+        event.over(MainElement::closeup) || event.over(MainElement::closedown)
+            ? config::player("button_closeup")
+            : config::player("MouseUp");
+    config::guard(p_.errors, procedure, [&] { releaseAt(event); });
+}
+
+void MainInput::pressAt(const ui::PointerEvent& event) {
     if (p_.equalizer.mouseDown(event) || !isLeft(event)) {
         return;
     }
@@ -45,7 +61,7 @@ void MainInput::mouseDown(const ui::PointerEvent& event) {
     }
 }
 
-void MainInput::mouseMove(const ui::PointerEvent& event) {
+void MainInput::moveTo(const ui::PointerEvent& event) {
     // There is no title bar: the window is taken by its bare background.
     if (event.leftHeld && event.over(MainElement::mainIMG)) {
         p_.window.beginDrag();
@@ -55,7 +71,7 @@ void MainInput::mouseMove(const ui::PointerEvent& event) {
     }
 }
 
-void MainInput::mouseUp(const ui::PointerEvent& event) {
+void MainInput::releaseAt(const ui::PointerEvent& event) {
     if (p_.equalizer.mouseUp(event) || !isLeft(event)) {
         return;
     }

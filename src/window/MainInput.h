@@ -48,6 +48,9 @@ public:
 
 private:
     void press(const PressButton& button, bool pressed);
+    void pressAt(const ui::PointerEvent& event);
+    void moveTo(const ui::PointerEvent& event);
+    void releaseAt(const ui::PointerEvent& event);
     void click(const ui::PointerEvent& event);
 
     MainInputParts p_;

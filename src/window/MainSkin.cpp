@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/MainSkin.h"
 
+#include "base/ErrorPlace.h"
 #include "base/RuntimeError.h"
 #include "skin/Bitmap.h"
 
@@ -22,6 +23,15 @@ const ButtonFace* buttonOf(ui::ElementAddress element) {
     const auto found = std::ranges::find_if(
         faces, [name](const ButtonFace& face) { return face.up == name || face.down == name; });
     return found == faces.end() ? nullptr : &*found;
+}
+
+/// An error names the file.
+ui::PixelImage loadPicture(const std::string& path) {
+    try {
+        return skin::loadBitmap(path);
+    } catch (const base::RuntimeError& error) {
+        throw base::withPlace(error, path);
+    }
 }
 
 } // namespace
@@ -84,9 +94,10 @@ bool MainSkin::tooLarge(const ui::PixelImage& image) const {
 void MainSkin::load(const Binding& binding) {
     std::string name(kFolder);
     name.append(binding.file).append(kEnding);
-    ui::PixelImage image = skin::loadBitmap(paths_.inside(name));
+    const std::string path = paths_.inside(name);
+    ui::PixelImage image = loadPicture(path);
     if (binding.to.name == ui::MainElement::mainIMG && tooLarge(image)) {
-        throw base::RuntimeError(base::ErrorNumber::InvalidPicture);
+        throw base::withPlace(base::RuntimeError(base::ErrorNumber::InvalidPicture), path);
     }
     ui::Element& element = elements_.touch(binding.to.name, binding.to.index);
     if (binding.takesSize) {

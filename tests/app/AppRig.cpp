@@ -34,7 +34,11 @@ Place placeOf(const std::string& bytes, const std::string& key) {
 /// One skin serves all tests: none of them changes it.
 std::string skinFolder() {
     static const TemporaryFolder folder;
-    static const bool written = (writeTestSkin(folder.path()), true);
+    static const bool written = [] {
+        writeTestSkin(folder.path());
+        fs::permissions(folder.path(), fs::perms(0755)); // for tests without rights
+        return true;
+    }();
     static_cast<void>(written);
     return folder / "skins/CurrentSkin";
 }

@@ -2,6 +2,7 @@
 #include "app/DataPlace.h"
 
 #include "support/host/TemporaryFolder.h"
+#include "support/host/Unprivileged.h"
 
 #include <gtest/gtest.h>
 
@@ -105,7 +106,11 @@ protected:
 };
 
 TEST_F(DataPlace, aNewFolderIsFilledAndBeginsWithTheWelcome) {
-    EXPECT_EQ(app::prepareDataFolder(line_, environment_), home_ / "user");
+    const app::DataPlace place = app::prepareDataFolder(line_, environment_);
+    EXPECT_EQ(place.folder, home_ / "user");
+    EXPECT_EQ(place.shippedFolder, home_ / "bin/data");
+    EXPECT_FALSE(place.unkept);
+    EXPECT_EQ(place.standIn, nullptr);
     EXPECT_NE(home_.read("user/db/settings.xml").find(home_ / "Music"), std::string::npos);
     EXPECT_TRUE(fs::exists(home_ / "user/firstrun.ini"));
     const std::string list = home_.read("user/db/autosave.m3u");
@@ -115,7 +120,11 @@ TEST_F(DataPlace, aNewFolderIsFilledAndBeginsWithTheWelcome) {
 
 TEST_F(DataPlace, aFolderInUseStaysAsItIs) {
     home_.write("user/db/settings.xml", "<Settings/>");
-    EXPECT_EQ(app::prepareDataFolder(line_, environment_), home_ / "user");
+    const app::DataPlace place = app::prepareDataFolder(line_, environment_);
+    EXPECT_EQ(place.folder, home_ / "user");
+    EXPECT_EQ(place.shippedFolder, home_ / "bin/data");
+    EXPECT_FALSE(place.unkept);
+    EXPECT_EQ(place.standIn, nullptr);
     EXPECT_EQ(home_.read("user/db/settings.xml"), "<Settings/>");
     EXPECT_FALSE(fs::exists(home_ / "user/firstrun.ini"));
 }
@@ -124,12 +133,12 @@ TEST_F(DataPlace, whatAFolderInUseLacksIsLaidAnew) {
     home_.write("bin/data/Languages/English.lng", "[x]");
     home_.write("bin/data/music/welcome.ogg", "tune");
     home_.write("user/db/settings.xml", "<Settings/>");
-    EXPECT_EQ(app::prepareDataFolder(line_, environment_), home_ / "user");
+    EXPECT_EQ(app::prepareDataFolder(line_, environment_).folder, home_ / "user");
     EXPECT_EQ(home_.read("user/db/autosave.m3u"), "#EXTM3U\r\n");
     EXPECT_EQ(home_.read("user/Languages/English.lng"), "[x]");
     EXPECT_FALSE(fs::exists(home_ / "user/music"));
     home_.write("user/db/autosave.m3u", "mine");
-    EXPECT_EQ(app::prepareDataFolder(line_, environment_), home_ / "user");
+    EXPECT_EQ(app::prepareDataFolder(line_, environment_).folder, home_ / "user");
     EXPECT_EQ(home_.read("user/db/autosave.m3u"), "mine");
 }
 
@@ -143,7 +152,7 @@ TEST_F(DataPlace, manyFirstStartsAtOnceAreOne) {
         if (starts.back() == 0) {
             bool whole = false;
             {
-                const app::PrivateCopy copy(app::prepareDataFolder(line_, environment_));
+                const app::PrivateCopy copy(app::prepareDataFolder(line_, environment_).folder);
                 whole = copy.complete() && fs::exists(copy.folder() + "/db/autosave.m3u");
             }
             ::_exit(whole ? 0 : 1);
@@ -155,6 +164,45 @@ TEST_F(DataPlace, manyFirstStartsAtOnceAreOne) {
         EXPECT_EQ(status, 0);
     }
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(DataPlace, aFileInThePlaceOfTheFolderBringsAStandIn) {
+    home_.write("user", "a file");
+    std::string folder;
+    {
+        const app::DataPlace place = app::prepareDataFolder(line_, environment_);
+        folder = place.folder;
+        EXPECT_NE(folder, home_ / "user");
+        ASSERT_TRUE(place.unkept);
+        EXPECT_EQ(place.unkept->description(), "Path not found: " + (home_ / "user"));
+        EXPECT_TRUE(fs::exists(folder + "/db/settings.xml"));
+        EXPECT_TRUE(fs::exists(folder + "/db/autosave.m3u"));
+    }
+    EXPECT_FALSE(fs::exists(folder));
+    EXPECT_EQ(home_.read("user"), "a file");
+}
+
+TEST_F(DataPlace, aFolderThatCannotBeWrittenBringsAStandInWithItsSettings) {
+    home_.write("user/db/settings.xml", "<Settings><A>1</A></Settings>");
+    fs::permissions(home_.path(), fs::perms(0755));
+    fs::permissions(home_ / "user/db", fs::perms(0555));
+    const Unprivileged user;
+    const app::DataPlace place = app::prepareDataFolder(line_, environment_);
+    ASSERT_TRUE(place.unkept);
+    EXPECT_EQ(place.unkept->description(), "Permission denied: " + (home_ / "user"));
+    ASSERT_NE(place.standIn, nullptr);
+    std::ifstream settings(place.folder + "/db/settings.xml");
+    std::string text;
+    std::getline(settings, text);
+    EXPECT_EQ(text, "<Settings><A>1</A></Settings>");
+}
+
+TEST_F(DataPlace, withoutRoomForAStandInTheFolderItselfServes) {
+    home_.write("user", "a file");
+    const EnvironmentGuard noRoom("TMPDIR", home_ / "none");
+    const app::DataPlace place = app::prepareDataFolder(line_, environment_);
+    EXPECT_EQ(place.folder, home_ / "user");
+    EXPECT_TRUE(place.unkept);
 }
 
 } // namespace

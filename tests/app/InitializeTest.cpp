@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What happens before there is a window.
 #include "app/AppRig.h"
+#include "support/host/SettingPlace.h"
 
 namespace tovik::test {
 namespace {
@@ -80,15 +81,18 @@ TEST_F(Initialize, withoutSettingsTheInstallationIsConsumedAllTheSame) {
     EXPECT_FALSE(installed());
     EXPECT_TRUE(player().state().FirstRun);
     EXPECT_FALSE(std::filesystem::exists(host_.folder / kSettings));
-    EXPECT_THAT(logged(), ElementsAre("Invalid use of Null,94,Player,Initialize"));
+    EXPECT_THAT(logged(), ElementsAre("Invalid use of Null" + settingPlace(host_.folder, "MI") +
+                                      ",94,Player,Initialize"));
 }
 
 TEST_F(Initialize, aSettingThatIsNoNumber) {
     set("MI", "one");
     player().Form_Initialize();
-    EXPECT_THAT(logged(), ElementsAre("Type mismatch,13,Player,Initialize"));
+    EXPECT_THAT(logged(), ElementsAre("Type mismatch" + settingPlace(host_.folder, "MI", "one") +
+                                      ",13,Player,Initialize"));
     ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
-    EXPECT_EQ(host_.dialogs.boxes[0].text, "Type mismatch");
+    EXPECT_EQ(host_.dialogs.boxes[0].text,
+              "Type mismatch" + settingPlace(host_.folder, "MI", "one"));
     EXPECT_EQ(host_.dialogs.boxes[0].title, " in sub Form_Initialize");
     EXPECT_FALSE(host_.endStatus);
 }

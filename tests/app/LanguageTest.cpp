@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The words of a language in the windows.
 #include "app/AppRig.h"
+#include "support/host/SettingPlace.h"
 
 #include <array>
 
@@ -176,7 +177,8 @@ TEST_F(Language, withoutTheSettingTheStartEndsBeforeIt) {
     takeOut("CLNG");
     start();
     EXPECT_EQ(element(MainElement::playup).tooltip, "");
-    EXPECT_THAT(logged(), ElementsAre("Invalid use of Null,94,Player,Load"));
+    EXPECT_THAT(logged(), ElementsAre("Invalid use of Null" + settingPlace(host_.folder, "CLNG") +
+                                      ",94,Player,Load"));
 }
 
 TEST_F(Language, aSystemThatIsTooOldIsRefusedInTheLanguage) {

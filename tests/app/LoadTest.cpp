@@ -206,8 +206,9 @@ TEST_F(Load, theProgramThatLooksForUpdates) {
 TEST_F(Load, aHelperThatIsNotThereEndsTheLoad) {
     set("CHKU", "1");
     start();
-    EXPECT_THAT(logged(), ElementsAre("File not found,53,Player,Load"));
-    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+    EXPECT_THAT(logged(), ElementsAre("File not found: update.exe,53,Player,Load"));
+    ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
+    EXPECT_EQ(host_.dialogs.boxes[0].text, "File not found: update.exe");
 }
 
 TEST_F(Load, otherNumbersStartNoProgram) {

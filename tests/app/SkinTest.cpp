@@ -56,9 +56,14 @@ TEST_F(Skin, theFirstStartUnpacksAndBindsIt) {
 TEST_F(Skin, withoutAPackageTheStartIsAbandoned) {
     dropSkin();
     start();
-    ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
+    ASSERT_EQ(host_.dialogs.boxes.size(), 2U);
     EXPECT_EQ(host_.dialogs.boxes[0].text, "error!");
-    EXPECT_THAT(logged(), ElementsAre("File not found,53,Player,Load"));
+    EXPECT_EQ(host_.dialogs.boxes[0].title, "Tovik");
+    const std::string missing =
+        "File not found: " + (host_.folder / "skins/CurrentSkin/qpl_exp.bmp");
+    EXPECT_EQ(host_.dialogs.boxes[1].text, missing);
+    EXPECT_EQ(host_.dialogs.boxes[1].title, "Tovik");
+    EXPECT_THAT(logged(), ElementsAre(missing + ",53,Player,Load"));
     // It comes before the settings and everything else; who starts the player shows the window.
     EXPECT_THAT(sound_.calls, IsEmpty());
     EXPECT_FALSE(player().state().LoadFinished);
@@ -71,8 +76,10 @@ TEST_F(Skin, aPartialSkinShowsWhatWasLoaded) {
     std::erase_if(some, [](const skin::SkinFile& file) { return file.name == "9.bmp"; });
     host_.folder.write("skins/base.tsf", skin::skinPackage(some, ""));
     start();
-    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
-    EXPECT_THAT(logged(), ElementsAre("File not found,53,Player,Load"));
+    const std::string missing = "File not found: " + (host_.folder / "skins/CurrentSkin/9.bmp");
+    ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
+    EXPECT_EQ(host_.dialogs.boxes[0].text, missing);
+    EXPECT_THAT(logged(), ElementsAre(missing + ",53,Player,Load"));
     EXPECT_EQ(shown(MainElement::Digit, 8), "8");
     EXPECT_EQ(shown(MainElement::Picture2), "");
     EXPECT_EQ(shown(MainElement::sld2), "");
@@ -83,7 +90,9 @@ TEST_F(Skin, aPictureThatIsNoneIsLogged) {
     writeTestSkin(host_.folder.path());
     host_.folder.write("skins/CurrentSkin/main.bmp", "no picture");
     start();
-    EXPECT_THAT(logged(), ElementsAre("Invalid picture,481,Player,Load"));
+    EXPECT_THAT(logged(),
+                ElementsAre("Invalid picture: " + (host_.folder / "skins/CurrentSkin/main.bmp") +
+                            ",481,Player,Load"));
     EXPECT_THAT(sound_.calls, Not(Contains("window shown")));
 }
 

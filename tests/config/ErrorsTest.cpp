@@ -109,17 +109,35 @@ TEST_F(ErrorsTest, otherExceptionsBecomeNumbers) {
     EXPECT_NE(log.find(",Internal error,51,Player,Load,"), std::string::npos);
 }
 
-TEST_F(ErrorsTest, aLogThatCannotBeWrittenIsTheCallersError) {
+TEST_F(ErrorsTest, aLogThatCannotBeWrittenHidesNothing) {
     fs::remove_all(host_.folder / "db");
-    bool wentOn = false;
-    EXPECT_EQ(raisedNumber([&] {
-                  guard(errors_, player("Next_track"),
-                        [] { throw RuntimeError(ErrorNumber::Overflow); });
-                  wentOn = true;
-              }),
-              76);
-    EXPECT_FALSE(wentOn);
+    EXPECT_FALSE(
+        guard(errors_, player("Next_track"), [] { throw RuntimeError(ErrorNumber::Overflow); }));
+    ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
+    EXPECT_EQ(host_.dialogs.boxes.front().text, "Overflow");
+    EXPECT_EQ(host_.dialogs.boxes.front().title, " in sub Next_Track");
+}
+
+TEST_F(ErrorsTest, theFirstErrorThatALogLostIsShownWhereverItWas) {
+    guard(errors_, player("Keydown"), [] { throw RuntimeError(ErrorNumber::Overflow); });
     EXPECT_TRUE(host_.dialogs.boxes.empty());
+    fs::remove_all(host_.folder / "db");
+    guard(errors_, player("Keydown"), [] { throw RuntimeError(ErrorNumber::DiskFull); });
+    guard(errors_, player("MouseMove"), [] { throw RuntimeError(ErrorNumber::TypeMismatch); });
+    ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
+    EXPECT_EQ(host_.dialogs.boxes.front().text, "Disk full");
+    EXPECT_EQ(host_.dialogs.boxes.front().title, "Tovik");
+}
+
+TEST_F(ErrorsTest, whatMustBeToldIsToldOnce) {
+    const RuntimeError error(ErrorNumber::TypeMismatch);
+    errors_.reportAndTell(error, player("Load"));
+    errors_.reportAndTell(error, player("Load"));
+    EXPECT_EQ(logged().substr(0, 30), "Type mismatch,13,Player,Load,0");
+    ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
+    EXPECT_EQ(host_.dialogs.boxes.front().title, "Tovik");
+    errors_.reportAndTell(RuntimeError(ErrorNumber::Overflow), player("Load"));
+    EXPECT_EQ(host_.dialogs.boxes.size(), 2U);
 }
 
 TEST_F(ErrorsTest, anInnerProcedureKeepsItsErrorFromTheOuterOne) {
@@ -148,6 +166,7 @@ TEST_F(ErrorsTest, whatNoProcedureTookIsLoggedAndShown) {
     EXPECT_EQ(logged(), "Overflow,6,Player,dispatch,0.1,1,6.1\r\n");
     ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
     EXPECT_EQ(host_.dialogs.boxes.front().text, "Overflow");
+    EXPECT_EQ(host_.dialogs.boxes.front().title, "Tovik");
 }
 
 TEST_F(ErrorsTest, whatNoProcedureTookIsShownAlsoWithoutALog) {

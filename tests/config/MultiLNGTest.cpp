@@ -4,11 +4,13 @@
 #include "config/RecordingTargets.h"
 
 #include "support/host/TemporaryFolder.h"
+#include "support/host/Unprivileged.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
+#include <filesystem>
 
 namespace tovik::config {
 namespace {
@@ -45,6 +47,29 @@ protected:
     MultiLNG language_{paths_};
     std::array<RecordingTargets, kTextWindows> windows_;
 };
+
+TEST_F(MultiLNGTest, theShippedFolderServesWhereTheUsersCannotBeRead) {
+    const test::TemporaryFolder shipped;
+    shipped.write("Languages/Test.lng", "[Prompt]\r\nitem0=shipped\r\n");
+    MultiLNG language(paths_, shipped.path());
+    language.Language_File("Test");
+    EXPECT_EQ(language.get_Prompt_String(0), "shipped");
+    write("[Prompt]\r\nitem0=own\r\n");
+    EXPECT_EQ(language.get_Prompt_String(0), "own");
+    std::filesystem::permissions(folder_.path(), std::filesystem::perms(0755));
+    std::filesystem::permissions(folder_ / "Languages", std::filesystem::perms(0));
+    std::filesystem::permissions(shipped.path(), std::filesystem::perms(0755));
+    {
+        const test::Unprivileged user;
+        EXPECT_EQ(language.get_Prompt_String(0), "shipped");
+    }
+    std::filesystem::permissions(folder_ / "Languages", std::filesystem::perms(0755));
+}
+
+TEST_F(MultiLNGTest, aNoticeIsAskedForByNumber) {
+    write("[TovikNotice]\r\nitem0=not kept\r\n");
+    EXPECT_EQ(language_.get_Notice_String(0), "not kept");
+}
 
 TEST_F(MultiLNGTest, theMainMenuNamesEntriesAndTabs) {
     write(numbered("MainMenu", 37));

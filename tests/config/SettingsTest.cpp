@@ -68,8 +68,19 @@ TEST_F(SettingsTest, aMissingKeyRaisesNullAndDoesNotRewrite) {
     EXPECT_FALSE(rewrites([&] {
         EXPECT_EQ(raisedNumber([&] { std::ignore = settings_.getSetting("AP"); }), 94);
         EXPECT_EQ(raisedText([&] { std::ignore = settings_.getSetting("AP"); }),
-                  "Invalid use of Null");
+                  "Invalid use of Null: " + path() + ": AP");
     }));
+}
+
+TEST_F(SettingsTest, aTextThatDoesNotConvertIsToldWithFileAndKey) {
+    writeSettings("<TMD>oops</TMD><N>70000</N><L>" + std::string(500, 'x') + "</L>");
+    const auto number = [this](const char* key) {
+        return raisedText([&] { std::ignore = settings_.getAs(key, settingToInt16); });
+    };
+    EXPECT_EQ(number("tmd"), "Type mismatch: " + path() + ": TMD = \"oops\"");
+    EXPECT_EQ(number("N"), "Overflow: " + path() + ": N = \"70000\"");
+    EXPECT_EQ(number("Q"), "Invalid use of Null: " + path() + ": Q");
+    EXPECT_EQ(number("L"), "Type mismatch: " + path() + ": L = \"" + std::string(100, 'x') + "\"");
 }
 
 TEST_F(SettingsTest, anEmptyElementIsAnEmptyText) {
@@ -187,7 +198,13 @@ TEST_F(SettingsTest, aReadOnlyFolderIsToldClearlyAndLosesNothing) {
         const test::Unprivileged rights;
         const std::string text = "Permission denied: " + path();
         EXPECT_EQ(raisedText([&] { settings_.saveSetting("A", "2"); }), text);
-        EXPECT_EQ(raisedText([&] { std::ignore = settings_.getSetting("A"); }), text);
+        // What can be read counts, and who asked to be told is told.
+        EXPECT_EQ(settings_.getSetting("A"), "1");
+        std::vector<std::string> told;
+        settings_.reportUnwritten(
+            [&](const base::RuntimeError& error) { told.push_back(error.description()); });
+        EXPECT_EQ(settings_.getSetting("A"), "1");
+        EXPECT_EQ(told, std::vector{text});
     }
     EXPECT_EQ(file(), before);
 }

@@ -153,18 +153,77 @@ class Session(ProgramTest):
         self.assertGreaterEqual(int(values["Y"]), 0)
         self.end(player)
 
+    def plain_boxes(self):
+        """Boxes whose title is the program's name; the window's caption may be the same."""
+        players = self.player_windows()
+        return [box for box in self.boxes("Tovik$") if box not in players]
+
+    def plain_box(self):
+        return self.first(self.plain_boxes, "a box")
+
+    def answer(self, box):
+        self.tool("xdotool", "key", "--window", box, "Return")
+        self.wait_until(lambda: not self.plain_boxes(), "the end of the box")
+
+    def plays(self, player, path):
+        folder = f"/proc/{player.pid}/fd"
+        opened = set()
+        for entry in os.listdir(folder):
+            with contextlib.suppress(OSError):
+                opened.add(os.readlink(os.path.join(folder, entry)))
+        return path in opened
+
+    def unkept(self, *words, **options):
+        """A session whose data folder cannot be written, with a folder for temporary files of its
+        own."""
+        self.environment["TMPDIR"] = self.path("tmp")
+        os.mkdir(self.path("tmp"))
+        os.chmod(self.path("tmp"), 0o777)
+        return self.start_program("--device", "silent", *words, **options)
+
+    def end_unkept(self, player):
+        self.end(player)
+        left = [name for name in os.listdir(self.path("tmp")) if name.startswith("tovik")]
+        self.assertEqual(left, [])
+
     def test_nothing_is_lost_in_a_folder_that_cannot_be_written(self):
         self.installed()
         names = ("db/settings.xml", "db/autosave.m3u")
         before = [self.read(name) for name in names]
         self.make_read_only()
         who = {"user": NOBODY} if os.geteuid() == 0 else {}
-        player = self.start_program("--device", "silent", **who)
-        self.answer_boxes()
-        player.send_signal(signal.SIGTERM)
-        self.assertEqual(player.wait(LIMIT), 0)
+        player = self.unkept(**who)
+        box = self.plain_box()
+        # The window is there before it is told that nothing is kept.
+        self.assertTrue(self.player_windows())
+        self.keep_screenshot("read-only.png")
+        self.answer(box)
+        self.assertFalse(self.boxes(" in "))
+        self.end_unkept(player)
         self.assertEqual([self.read(name) for name in names], before)
         self.assertFalse(os.path.exists(self.data("db/err.log")))
+
+    def test_music_plays_without_a_data_folder(self):
+        with open(self.environment["XDG_DATA_HOME"], "w", encoding="ascii") as file:
+            file.write("no folder")
+        song = media("wav_s16_44100_stereo.wav")
+        player = self.unkept(song)
+        box = self.plain_box()
+        self.assertTrue(self.player_windows())
+        self.wait_until(lambda: self.plays(player, song), "the file that plays")
+        self.keep_screenshot("no-data-folder.png")
+        self.answer(box)
+        self.end_unkept(player)
+
+    def test_a_signal_while_a_box_of_the_start_stands_wipes_nothing(self):
+        self.installed()
+        self.setting(b"CVL", b"oops")
+        before = self.read("db/settings.xml")
+        player = self.start_program("--device", "silent")
+        self.plain_box()
+        self.end(player)
+        self.assertEqual(self.read("db/settings.xml"), before)
+        self.assertIn(b'CVL = "oops",13,Player,Load', self.read("db/err.log"))
 
     def make_read_only(self):
         os.chmod(self.folder, 0o755)
@@ -173,23 +232,6 @@ class Session(ProgramTest):
                 os.chmod(os.path.join(folder, name), 0o444)
             os.chmod(folder, 0o555)
             self.addCleanup(os.chmod, folder, 0o755)
-
-    def answer_boxes(self):
-        """Presses Return in every box until the player's own window is there."""
-        boxes = 0
-
-        def look():
-            nonlocal boxes
-            found = self.boxes(" in ")
-            if found:
-                if boxes == 0:
-                    self.keep_screenshot("read-only.png")
-                boxes += 1
-                self.tool("xdotool", "key", "--window", found[0], "Return")
-            return bool(self.player_windows())
-
-        self.wait_until(look, "the window behind the boxes")
-        self.assertGreater(boxes, 0)
 
     def test_a_screenshot_starts_no_helper(self):
         self.installed()

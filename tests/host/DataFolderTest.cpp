@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/DataFolder.h"
+#include "support/host/FullDisk.h"
 #include "support/host/TemporaryFolder.h"
 #include "support/host/Unprivileged.h"
 
@@ -162,6 +163,48 @@ TEST_F(DataFolderTest, aReadOnlyPlaceIsAFailure) {
     const test::Unprivileged rights;
     EXPECT_EQ(fill("home/tovik"), std::errc::permission_denied);
     EXPECT_EQ(fill("shipped/db/settings.xml/x"), std::errc::not_a_directory);
+}
+
+TEST_F(DataFolderTest, aFolderThatCanBeWrittenIsLeftAsItIs) {
+    folder_.write("user/db/settings.xml", "<Settings/>");
+    EXPECT_FALSE(tryDataFolder(folder_ / "user"));
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder_ / "user/db"), fs::directory_iterator()),
+              1);
+}
+
+TEST_F(DataFolderTest, aTrialTellsWhyNothingCanBeKept) {
+    folder_.write("user/db/settings.xml", "<Settings/>");
+    {
+        const test::FullDisk full(100);
+        EXPECT_EQ(tryDataFolder(folder_ / "user"), std::errc::file_too_large);
+    }
+    fs::permissions(folder_.path(), fs::perms(0755));
+    fs::permissions(folder_ / "user/db", fs::perms(0555));
+    const test::Unprivileged user;
+    EXPECT_EQ(tryDataFolder(folder_ / "user"), std::errc::permission_denied);
+}
+
+TEST_F(DataFolderTest, aStandInForAFolderInUseKeepsWhatItHolds) {
+    folder_.write("user/db/settings.xml", "<Settings><A>1</A></Settings>");
+    folder_.write("user/db/autosave.m3u", "#EXTM3U\r\n");
+    folder_.write("user/skins/CurrentSkin/main.bmp", "own");
+    folder_.write("user/huge/film", "not taken over");
+    fs::create_directory(folder_ / "in");
+    ASSERT_FALSE(fillStandIn(folder_ / "in", folder_ / "user", folder_ / "shipped", "C"));
+    EXPECT_EQ(folder_.read("in/db/settings.xml"), "<Settings><A>1</A></Settings>");
+    EXPECT_EQ(folder_.read("in/db/autosave.m3u"), "#EXTM3U\r\n");
+    EXPECT_EQ(folder_.read("in/skins/CurrentSkin/main.bmp"), "own");
+    EXPECT_TRUE(fs::exists(folder_ / "in/Languages/English.lng"));
+    EXPECT_FALSE(fs::exists(folder_ / "in/huge"));
+    EXPECT_FALSE(fs::exists(folder_ / "in/firstrun.ini"));
+}
+
+TEST_F(DataFolderTest, aStandInForNothingIsAFirstStart) {
+    const std::string file = folder_.write("user", "a file where the folder should be");
+    fs::create_directory(folder_ / "in");
+    ASSERT_FALSE(fillStandIn(folder_ / "in", file, folder_ / "shipped", "sl_SI"));
+    EXPECT_EQ(folder_.read("in/db/settings.xml"), "<Settings/>");
+    EXPECT_EQ(folder_.read("in/firstrun.ini"), "[Firstrun]\r\nLNG=Slovenian\r\n");
 }
 
 } // namespace

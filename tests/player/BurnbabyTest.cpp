@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the sound library is told when a track starts, for every kind of file.
 #include "player/PlayerRig.h"
+#include "support/host/SettingPlace.h"
 
 namespace tovik::test {
 namespace {
@@ -265,9 +266,11 @@ TEST_F(Burnbaby, theVolumeGoesToTheWholeOutputOnDemand) {
 TEST_F(Burnbaby, aSettingThatIsNoNumberGoesToTheGuard) {
     set("EV2", "loud");
     play(track("a.mp3", {.seconds = 10}));
-    EXPECT_THAT(logged(), ElementsAre("Type mismatch,13,Player,BurnBaby"));
+    EXPECT_THAT(logged(), ElementsAre("Type mismatch" + settingPlace(host_.folder, "EV2", "loud") +
+                                      ",13,Player,BurnBaby"));
     ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
-    EXPECT_EQ(host_.dialogs.boxes[0].text, "Type mismatch");
+    EXPECT_EQ(host_.dialogs.boxes[0].text,
+              "Type mismatch" + settingPlace(host_.folder, "EV2", "loud"));
     EXPECT_EQ(host_.dialogs.boxes[0].title, " in Function  function Burnbaby");
     EXPECT_EQ(sound_.calls.back(), "BASS_ChannelSetAttributes(1, -1, -1, -25)");
     EXPECT_FALSE(state_.IsPlaying);
@@ -278,7 +281,8 @@ TEST_F(Burnbaby, aSettingThatIsNoNumberGoesToTheGuard) {
 TEST_F(Burnbaby, aMissingSettingGoesToTheGuard) {
     takeOut("EV2");
     play(track("a.mp3", {.seconds = 10}));
-    EXPECT_THAT(logged(), ElementsAre("Invalid use of Null,94,Player,BurnBaby"));
+    EXPECT_THAT(logged(), ElementsAre("Invalid use of Null" + settingPlace(host_.folder, "EV2") +
+                                      ",94,Player,BurnBaby"));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A start beside the track that sounds.
 #include "player/PlayerRig.h"
+#include "support/host/SettingPlace.h"
 
 namespace tovik::test {
 namespace {
@@ -298,7 +299,8 @@ TEST_F(Crossfade, failuresGoToTheGuards) {
     playFirst();
     set("EV2", "loud");
     fadeTo(second_);
-    EXPECT_THAT(logged(), ElementsAre("Type mismatch,13,Player,Crossfade_BurnBaby"));
+    EXPECT_THAT(logged(), ElementsAre("Type mismatch" + settingPlace(host_.folder, "EV2", "loud") +
+                                      ",13,Player,Crossfade_BurnBaby"));
     ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
     EXPECT_EQ(host_.dialogs.boxes[0].title, " in function Crossfade_burnbaby");
     EXPECT_EQ(state_.TracksStarted, 1);

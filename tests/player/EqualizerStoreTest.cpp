@@ -2,6 +2,7 @@
 #include "player/EqualizerFiles.h"
 #include "player/EqualizerRig.h"
 #include "player/frmLoadPreset.h"
+#include "support/host/SettingPlace.h"
 
 namespace tovik::test {
 namespace {
@@ -108,6 +109,26 @@ TEST_F(EqualizerStore, aDamagedCurveIsTakenAsFarAsItGoes) {
     store_.autoload_eq();
     EXPECT_THAT(sliders(), ElementsAre(5, 5, 10, 10, 10, 10, 10, 10, 10, 10));
     EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+}
+
+TEST_F(EqualizerStore, aDamagedCurveIsAnsweredAndStaysUntilASliderMoves) {
+    for (const auto& [curve, number] : {std::pair{"6/6/loud/6/6/6/6/6/6/6", 13}, {"6/6", 9}}) {
+        writeCurve(curve);
+        const std::string before = host_.folder.read(kSettings);
+        const auto damage = store_.autoload_eq();
+        ASSERT_TRUE(damage);
+        EXPECT_EQ(damage->number(), number);
+        EXPECT_TRUE(damage->description().ends_with(settingPlace(host_.folder, "CEQ", curve)));
+        store_.autosave_eq();
+        EXPECT_EQ(host_.folder.read(kSettings), before);
+        equalizer_.eq_sld(9).Value(0);
+        store_.autosave_eq();
+        EXPECT_NE(host_.folder.read(kSettings), before);
+        EXPECT_FALSE(store_.autoload_eq());
+        putAll(10);
+        store_.autosave_eq();
+        EXPECT_THAT(host_.folder.read(kSettings), testing::HasSubstr("0/0/0/0/0/0/0/0/0/0"));
+    }
 }
 
 TEST_F(EqualizerStore, aGainBeyondTheSliderIsRefusedAndTheNextOnesCount) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Starting rows of the two lists.
 #include "player/PlayerRig.h"
+#include "support/host/SettingPlace.h"
 
 namespace tovik::test {
 namespace {
@@ -146,7 +147,8 @@ TEST_F(PlayListRow, aMissingFadeTimeGoesToTheGuardOfTheList) {
     takeOut("CFDT");
     list_.SelectedIndex = 2;
     transport_.Stdss_Play("");
-    EXPECT_THAT(logged(), ElementsAre("Invalid use of Null,94,Player,playlist_play"));
+    EXPECT_THAT(logged(), ElementsAre("Invalid use of Null" + settingPlace(host_.folder, "CFDT") +
+                                      ",94,Player,playlist_play"));
     ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
     EXPECT_EQ(host_.dialogs.boxes[0].title, " in sub  Stdss_Play");
     EXPECT_EQ(state_.TracksStarted, 0);

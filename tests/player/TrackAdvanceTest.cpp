@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Which row plays next.
 #include "player/PlayerRig.h"
+#include "support/host/SettingPlace.h"
 
 namespace tovik::test {
 namespace {
@@ -288,8 +289,10 @@ TEST_F(TrackAdvance, aMissingFadeTimeGoesToTheGuardEvenWithoutCrossfade) {
     advance_.Next_track();
     advance_.last_track();
     expectNothing();
-    EXPECT_THAT(logged(), ElementsAre("Invalid use of Null,94,Player,Next_track",
-                                      "Invalid use of Null,94,Player,Last_track"));
+    EXPECT_THAT(logged(), ElementsAre("Invalid use of Null" + settingPlace(host_.folder, "CFDT") +
+                                          ",94,Player,Next_track",
+                                      "Invalid use of Null" + settingPlace(host_.folder, "CFDT") +
+                                          ",94,Player,Last_track"));
     ASSERT_EQ(host_.dialogs.boxes.size(), 2U);
     EXPECT_EQ(host_.dialogs.boxes[0].title, " in sub Next_Track");
     EXPECT_EQ(host_.dialogs.boxes[1].title, " in sub Last_Track");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What is shown and told of a started track.
 #include "player/PlayerRig.h"
+#include "support/host/SettingPlace.h"
 
 namespace tovik::test {
 namespace {
@@ -148,7 +149,8 @@ TEST_F(Facts, aMissingPopupSettingGoesToTheGuardBehindTheFields) {
     takeOut("OSD");
     const TagTexts tag{.title = "T"};
     play(track("a.mp3", {.seconds = 75}, 1000, &tag));
-    EXPECT_THAT(logged(), ElementsAre("Invalid use of Null,94,Player,BurnBaby"));
+    EXPECT_THAT(logged(), ElementsAre("Invalid use of Null" + settingPlace(host_.folder, "OSD") +
+                                      ",94,Player,BurnBaby"));
     EXPECT_THAT(view_.told, ElementsAre("fields shown", "facts"));
     EXPECT_EQ(view_.last.fields[1], "T");
     EXPECT_FALSE(state_.IsPlaying);

@@ -3,6 +3,7 @@
 #include "player/VolumeBar.h"
 
 #include "player/PlayerRig.h"
+#include "support/host/SettingPlace.h"
 
 namespace tovik::test {
 namespace {
@@ -85,7 +86,8 @@ TEST_F(VolumeBar, withoutALegOnlyTheFigureChanges) {
 TEST_F(VolumeBar, aPressThatFailsIsLoggedAndTold) {
     set("EV2", "loud");
     volumeBar_.volbar_MouseDown(60);
-    EXPECT_THAT(logged(), ElementsAre("Type mismatch,13,Player,volbar_mousedown"));
+    EXPECT_THAT(logged(), ElementsAre("Type mismatch" + settingPlace(host_.folder, "EV2", "loud") +
+                                      ",13,Player,volbar_mousedown"));
     ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
     EXPECT_EQ(host_.dialogs.boxes[0].title, " in sub volbar_MouseDown");
     EXPECT_EQ(state_.CurrentVolume, 80);

@@ -70,6 +70,7 @@ protected:
     void expectFailure() const {
         ASSERT_THAT(host_.dialogs.boxes, SizeIs(1));
         EXPECT_EQ(host_.dialogs.boxes[0].text, "error!");
+        EXPECT_EQ(host_.dialogs.boxes[0].title, "Tovik");
     }
 
     test::TestHost host_;

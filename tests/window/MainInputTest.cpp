@@ -141,5 +141,19 @@ TEST_F(Input, theBareBackgroundTakesTheWindow) {
     EXPECT_EQ(window_.drags, 1);
 }
 
+TEST_F(Input, failuresOfTheMouseGoToTheirGuards) {
+    const auto fail = [] { throw base::RuntimeError(base::ErrorNumber::Overflow); };
+    for (const CommandId id : {CommandId::preferences, CommandId::play, CommandId::exit}) {
+        commands_.bind(id, fail);
+    }
+    input_.mouseDown(at(MainElement::prebt));
+    click(MainElement::playup);
+    click(MainElement::closeup);
+    EXPECT_THAT(logged(), ElementsAre("Overflow,6,Player,MouseDown", "Overflow,6,Player,MouseUp",
+                                      "Overflow,6,Player,button_closeup"));
+    ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
+    EXPECT_EQ(host_.dialogs.boxes[0].title, " in Sub Closeup_MouseUp");
+}
+
 } // namespace
 } // namespace tovik::test

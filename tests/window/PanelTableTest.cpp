@@ -31,7 +31,7 @@ const std::vector<Line>& lines() {
         {{N::qpl_but}, "Ynnnn"},
         {{N::ShuffleBT, N::LoopBT, N::CfdBT, N::sldBT}, "Ynnnn"},
         {{N::cancelrip}, "nnnpn"},
-        {{N::shwchange, N::List1}, "Ynnnn"},
+        {{N::shwchange, N::notice_img, N::List1}, "Ynnnn"},
         {{N::resetbt}, "nYnnn"},
         {{N::adddirIMG, N::addfileIMG, N::addlocIMG, N::delIMG, N::clrIMG, N::loadImg, N::SaveImg,
           N::srchIMG, N::musicSearchTxt},

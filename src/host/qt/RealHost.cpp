@@ -7,11 +7,17 @@
 
 namespace tovik::host {
 
-RealHost::RealHost(std::string dataFolder, std::string searchPath)
-    : paths_(std::move(dataFolder)), closing_([](int status) { std::_Exit(status); }),
+RealHost::RealHost(std::string dataFolder, std::string searchPath, std::function<void()> lastAct)
+    : paths_(std::move(dataFolder)), closing_([lastAct = std::move(lastAct)](int status) {
+          if (lastAct) {
+              lastAct();
+          }
+          std::_Exit(status);
+      }),
       timers_(clock_, dispatcher_), pump_(clock_, closing_),
       programs_(paths_, std::move(searchPath)), random_(std::random_device()()),
-      lock_(paths_.of(DataItem::InstanceLock)), signals_([this] { closing_.request(ClosedBy::System); }) {
+      lock_(paths_.of(DataItem::InstanceLock)),
+      signals_([this] { closing_.request(ClosedBy::System); }) {
     leaveSoon_.setSingleShot(true);
     QObject::connect(&leaveSoon_, &QTimer::timeout, &leaveSoon_,
                      [this] { dispatcher_.run([this] { closing_.leaveIfAsked(); }); });

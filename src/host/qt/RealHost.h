@@ -15,6 +15,7 @@
 
 #include <QTimer>
 
+#include <functional>
 #include <string>
 
 namespace tovik::host {
@@ -23,8 +24,8 @@ namespace tovik::host {
 /// ask for the end like the close box; the end of the process is immediate (`_Exit`).
 class RealHost {
 public:
-    /// `searchPath` is as in PATH.
-    RealHost(std::string dataFolder, std::string searchPath);
+    /// `searchPath` is as in PATH. `lastAct` runs right before the process ends.
+    RealHost(std::string dataFolder, std::string searchPath, std::function<void()> lastAct = {});
 
     [[nodiscard]] Host host();
 

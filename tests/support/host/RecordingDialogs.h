@@ -5,6 +5,7 @@
 #include "host/Dialogs.h"
 
 #include <deque>
+#include <functional>
 #include <utility>
 
 namespace tovik::test {
@@ -23,8 +24,13 @@ public:
     std::deque<std::string> filesToSave;
     std::deque<std::string> folders;
 
+    std::function<void()> onMessage; ///< runs while the next box stands
+
     host::MessageAnswer showMessage(const host::MessageBox& box) override {
         boxes.push_back(box);
+        if (const auto meanwhile = std::exchange(onMessage, nullptr)) {
+            meanwhile();
+        }
         return take(answers).value_or(box.defaultAnswer);
     }
 

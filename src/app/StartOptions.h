@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How the program was started.
+#pragma once
+
+#include "base/RuntimeError.h"
+
+#include <optional>
+#include <string>
+
+namespace tovik::app {
+
+struct StartOptions {
+    std::string commandLine;     ///< the player's part of it, as text
+    bool checkInstance = true;   ///< false: no other instance is looked for or made known
+    bool keepsList = true;       ///< false: the list is not saved while the program runs
+    std::string shippedFolder{}; ///< what came with the program; empty: nothing
+    std::optional<base::RuntimeError> unkept{}; ///< why nothing of this session is kept, if so
+};
+
+} // namespace tovik::app
