@@ -146,11 +146,12 @@ void frameRing(benchmark::State& state) {
 BENCHMARK(frameRing);
 
 void spectrumTapWatched(benchmark::State& state) {
+    std::size_t noted = 0;
     const auto tap = std::make_unique<SpectrumTap>();
     std::array<float, 1> newest{};
     onNoise(state, kBlockFrames, 0.3F, [&](std::span<float> block) {
-        tap->latest(newest);
-        tap->write(block);
+        tap->look(newest, tap->written());
+        noted = tap->write(noted, block);
     });
 }
 

@@ -19,10 +19,11 @@ constexpr std::int64_t kEstimateMarginDivisor = 20;
 
 } // namespace
 
-Channel::Channel(FormatFamily family, std::uint32_t flags, std::unique_ptr<Decoder> decoder)
-    : family_(family), flags_(flags), source_(std::make_shared<Source>(std::move(decoder))) {
+Channel::Channel(FormatFamily family, std::uint32_t flags, std::unique_ptr<Decoder> decoder,
+                 Remix remix)
+    : family_(family), flags_(flags), source_(std::make_shared<Source>(std::move(decoder), remix)) {
     if (!isDecoding()) {
-        voice_ = std::make_unique<Voice>(beginFeed(0));
+        voice_ = std::make_unique<Voice>(beginFeed(0), remix);
     }
 }
 
@@ -45,10 +46,6 @@ std::int64_t Channel::framesFromBytes(std::int64_t bytes) const noexcept {
     return bytes / (source_->channels() * kBytesPerSample);
 }
 
-bool Channel::ended() const noexcept {
-    return isDecoding() ? source_->atEnd() : current_->drained();
-}
-
 std::int64_t Channel::wrapped(std::int64_t frame) const noexcept {
     const std::int64_t length = std::max<std::int64_t>(source_->lengthFrames(), 0);
     if (source_->loops()) {
@@ -57,15 +54,32 @@ std::int64_t Channel::wrapped(std::int64_t frame) const noexcept {
     return source_->lengthIsEstimate() ? frame : std::min(frame, length);
 }
 
-std::int64_t Channel::heardFrame(std::int64_t heardClock, bool flowing) const noexcept {
+std::int64_t Channel::heardOfFeed(std::int64_t heardClock) const noexcept {
+    const auto block = voice_->heard(heardClock);
+    if (block && block->feed == current_->number()) {
+        const std::int64_t into =
+            std::clamp<std::int64_t>(heardClock - block->clock, 0, block->given);
+        heardFrames_ = std::max(heardFrames_, block->taken + into);
+    }
+    return heardFrames_;
+}
+
+bool Channel::ended(std::int64_t heardClock) const noexcept {
+    if (isDecoding()) {
+        return source_->atEnd();
+    }
+    return current_->isComplete() && heardOfFeed(heardClock) == current_->writtenFrames();
+}
+
+std::int64_t Channel::heardFrame(std::int64_t heardClock) const noexcept {
     if (isDecoding()) {
         return wrapped(source_->position());
     }
-    heardFrames_ = std::max(heardFrames_, current_->heardFrames(heardClock));
-    if (ended() && (heardFrames_ == current_->consumedFrames() || !flowing)) {
+    if (ended(heardClock)) {
         return source_->lengthFrames();
     }
-    return wrapped(current_->anchorFrame() + heardFrames_ * source_->sampleRate() / kMixRate);
+    return wrapped(current_->anchorFrame() +
+                   heardOfFeed(heardClock) * source_->sampleRate() / kMixRate);
 }
 
 std::int64_t Channel::lengthFrames(std::int64_t heard) const noexcept {

@@ -20,7 +20,8 @@ class Channel {
 public:
     static constexpr std::size_t kMaxEffects = 10;
 
-    Channel(FormatFamily family, std::uint32_t flags, std::unique_ptr<Decoder> decoder);
+    Channel(FormatFamily family, std::uint32_t flags, std::unique_ptr<Decoder> decoder,
+            Remix remix = Remix::never);
 
     [[nodiscard]] FormatFamily family() const noexcept { return family_; }
 
@@ -49,15 +50,13 @@ public:
     [[nodiscard]] std::int64_t framesFromBytes(std::int64_t bytes) const noexcept;
 
     /// What is heard when `heardClock` frames of the mix are heard; never goes back but by a seek.
-    /// `flowing` is false while no callback takes samples, so that an ended channel need not wait
-    /// for the device's buffer.
-    [[nodiscard]] std::int64_t heardFrame(std::int64_t heardClock, bool flowing) const noexcept;
+    [[nodiscard]] std::int64_t heardFrame(std::int64_t heardClock) const noexcept;
 
     /// Length in frames; while it is an estimate, kept ahead of `heard`.
     [[nodiscard]] std::int64_t lengthFrames(std::int64_t heard) const noexcept;
 
-    /// True once every sample was taken by the mixer or, for a decoding channel, by the caller.
-    [[nodiscard]] bool ended() const noexcept;
+    /// True once every sample was heard or, for a decoding channel, taken by the caller.
+    [[nodiscard]] bool ended(std::int64_t heardClock) const noexcept;
 
     bool started = false; ///< told to play and not stopped since
 
@@ -80,14 +79,15 @@ public:
 
 private:
     [[nodiscard]] std::int64_t wrapped(std::int64_t frame) const noexcept;
+    [[nodiscard]] std::int64_t heardOfFeed(std::int64_t heardClock) const noexcept;
 
     FormatFamily family_;
     std::uint32_t flags_;
     std::shared_ptr<Source> source_;
     std::vector<std::shared_ptr<Feed>> feeds_;
     Feed* current_ = nullptr;
-    /// Of the current feed. After a gap in the feed (a pause, a loss) the device first plays the
-    /// gap; what was heard before it stays heard meanwhile.
+    /// Frames of the mix of the current feed. What was once heard stays heard, also when a device
+    /// is opened anew.
     mutable std::int64_t heardFrames_ = 0;
     std::unique_ptr<Voice> voice_;
 };

@@ -83,8 +83,20 @@ bool ChannelCalls::BASS_ChannelGetAttributes(Handle handle, int& frequency, int&
         return false;
     }
     frequency = channel->source()->sampleRate();
-    volume = channel->volume.sliding ? percent(channel->voice()->volume()) : channel->volume.target;
-    pan = channel->pan.sliding ? percent(channel->voice()->pan()) : channel->pan.target;
+    volume = channel->volume.target;
+    pan = channel->pan.target;
+    if (channel->volume.sliding || channel->pan.sliding) {
+        const Voice& voice = *channel->voice();
+        const std::int64_t clock = core_.heardClock();
+        const auto block = voice.heard(clock);
+        const bool sounds = block && clock < block->clock + block->frames;
+        if (channel->volume.sliding) {
+            volume = percent(sounds ? block->volume : voice.volume());
+        }
+        if (channel->pan.sliding) {
+            pan = percent(sounds ? block->pan : voice.pan());
+        }
+    }
     return true;
 }
 
@@ -152,8 +164,12 @@ std::int32_t ChannelCalls::BASS_ChannelGetLevel(Handle handle) {
         core_.fail(ErrorCode::notPlaying);
         return -1;
     }
-    const bool silent = channel->ended() || !channel->started;
-    return silent ? 0 : static_cast<std::int32_t>(channel->voice()->level());
+    const std::int64_t clock = core_.heardClock();
+    if (channel->ended(clock) || !channel->started) {
+        return 0;
+    }
+    const auto block = channel->voice()->heard(clock);
+    return block ? static_cast<std::int32_t>(block->level) : 0;
 }
 
 std::int32_t ChannelCalls::readSamples(Channel& channel, std::span<std::int16_t> samples) {
@@ -170,9 +186,17 @@ std::int32_t ChannelCalls::readSpectrum(Channel& channel,
     if (!spectrum_) {
         spectrum_.emplace();
     }
-    const auto behind = static_cast<std::size_t>(core_.device().latencyFrames());
+    const std::int64_t clock = core_.heardClock();
+    SpectrumTap& tap = channel.voice()->spectrumTap();
+    std::size_t end = tap.written();
+    if (const auto block = channel.voice()->heard(clock)) {
+        end = static_cast<std::size_t>(
+            block->tapped + std::clamp<std::int64_t>(clock - block->clock, 0, block->frames));
+    }
     std::array<float, Spectrum::kSamples> samples{};
-    channel.voice()->spectrumTap().latest(samples, behind);
+    if (!tap.look(samples, end)) {
+        core_.post(command::LookAt{channel.voice()});
+    }
     spectrum_->measure(samples, magnitudes);
     return static_cast<std::int32_t>(magnitudes.size_bytes());
 }
@@ -200,7 +224,8 @@ std::int32_t ChannelCalls::BASS_ChannelGetData(Handle handle, void* buffer, std:
 
 Activity ChannelCalls::BASS_ChannelIsActive(Handle handle) {
     const Channel* channel = living(handle);
-    if (channel == nullptr || channel->ended()) {
+    const std::int64_t clock = core_.heardClock();
+    if (channel == nullptr || channel->ended(clock)) {
         return Activity::stopped;
     }
     if (channel->isDecoding()) {
@@ -212,7 +237,8 @@ Activity ChannelCalls::BASS_ChannelIsActive(Handle handle) {
     if (core_.paused()) {
         return Activity::paused;
     }
-    return channel->voice()->starved() ? Activity::stalled : Activity::playing;
+    const auto block = channel->voice()->heard(clock);
+    return block && block->starved ? Activity::stalled : Activity::playing;
 }
 
 bool ChannelCalls::BASS_ChannelStop(Handle handle) {

@@ -10,14 +10,26 @@ namespace tovik::sound {
 
 namespace {
 
+static_assert(MixSource::kAheadBlock == kAheadBlockFrames);
+
 /// A device that has taken nothing for this long stands still, whatever it says.
 constexpr std::chrono::milliseconds kStandstill(200);
 
 } // namespace
 
 EngineCore::EngineCore(std::unique_ptr<OutputDevice> device, const EngineOptions& options)
-    : observer_(options.observer), feeder_(options.feeder),
+    : remix_(device->mixesAhead() ? Remix::possible : Remix::never), observer_(options.observer),
+      feeder_(options.feeder,
+              [this] {
+                  if (mixer_.hungry()) {
+                      keeper_.wakeDevice();
+                  }
+              }),
       keeper_(std::move(device), *this, options.keeperTimes) {}
+
+EngineCore::~EngineCore() {
+    feeder_.stop(); // it may wake the device, which goes first
+}
 
 void EngineCore::deviceLost() {
     if (observer_ != nullptr) {
@@ -137,10 +149,15 @@ void EngineCore::bury(std::unique_ptr<Channel> channel) {
     post(command::RemoveVoice{voice});
 }
 
+std::int64_t EngineCore::heardClock() const {
+    if (const auto heard = keeper_.heardClock()) {
+        return *heard;
+    }
+    return mixer_.clock() - (keeper_.callbackRunning() ? keeper_.latencyFrames() : 0);
+}
+
 std::int64_t EngineCore::heardFrame(const Channel& channel) const {
-    const bool flowing = keeper_.callbackRunning();
-    const std::int64_t heardClock = mixer_.clock() - (flowing ? keeper_.latencyFrames() : 0);
-    return channel.heardFrame(heardClock, flowing);
+    return channel.heardFrame(heardClock());
 }
 
 template <typename Done>
@@ -148,17 +165,21 @@ void EngineCore::waitForMixer(Done done) {
     auto last = std::chrono::steady_clock::now();
     std::int64_t clock = mixer_.clock();
     while (!done()) {
-        // The callback answers with its next block, unless it stands still.
+        // The callback answers with its next block, unless it stands still; a device that mixes
+        // ahead when it is woken.
         const auto now = std::chrono::steady_clock::now();
         const bool offline = feeder_.mode() == FeederMode::inCaller;
+        const bool standsStill = now - last > kStandstill;
         if (mixer_.clock() != clock) {
             clock = mixer_.clock();
             last = now;
-        } else if (offline || !keeper_.callbackRunning() || now - last > kStandstill) {
-            mixer_.drain();
-            collect();
-            continue;
+        } else if (offline || !keeper_.callbackRunning() || standsStill) {
+            if (mixer_.drain(standsStill ? Mixer::Force::yes : Mixer::Force::no)) {
+                collect();
+                continue;
+            }
         }
+        keeper_.wakeDevice();
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
 }
@@ -166,8 +187,9 @@ void EngineCore::waitForMixer(Done done) {
 void EngineCore::post(const Command& command) {
     collect();
     waitForMixer([&] { return mixer_.post(command); });
-    if (!keeper_.callbackRunning()) {
-        mixer_.drain();
+    if (keeper_.callbackRunning() || !mixer_.drain()) {
+        keeper_.wakeDevice();
+    } else {
         collect();
     }
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the families of operations share: the mixer and the machinery around it, the living
 // channels, and the rules by which commands reach the mixer and freed things come back.
-// Interface thread only, except `mix` and `decodeAhead`, which the device calls.
+// Interface thread only, except what the device calls as its MixSource.
 #pragma once
 
 #include "sound/engine/Channel.h"
@@ -14,6 +14,8 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <span>
 #include <vector>
 
 namespace tovik::sound {
@@ -21,6 +23,7 @@ namespace tovik::sound {
 class EngineCore final : public MixSource, private DeviceObserver {
 public:
     EngineCore(std::unique_ptr<OutputDevice> device, const EngineOptions& options);
+    ~EngineCore() override;
     EngineCore(const EngineCore&) = delete;
     EngineCore& operator=(const EngineCore&) = delete;
 
@@ -76,6 +79,12 @@ public:
     /// What is heard of a channel, in its frames.
     [[nodiscard]] std::int64_t heardFrame(const Channel& channel) const;
 
+    /// How far the mix is heard, by the mixer's clock.
+    [[nodiscard]] std::int64_t heardClock() const;
+
+    /// What channels have to be made for.
+    [[nodiscard]] Remix remix() const noexcept { return remix_; }
+
     /// Hands a command to the mixer; carries it out at once when no callback runs.
     void post(const Command& command);
 
@@ -88,6 +97,21 @@ public:
     void mix(std::span<float> interleaved) noexcept override { mixer_.mix(interleaved); }
 
     void decodeAhead(std::size_t frames) override { feeder_.fillTo(frames); }
+
+    std::int64_t beginAhead() noexcept override {
+        mixer_.beginAhead();
+        return mixer_.clock();
+    }
+
+    void mixAhead(std::span<float> interleaved) noexcept override { mixer_.mixAhead(interleaved); }
+
+    void settle(std::int64_t heard) noexcept override { mixer_.settle(heard); }
+
+    std::optional<std::int64_t> takeBack(std::int64_t earliest) noexcept override {
+        return mixer_.takeBack(earliest);
+    }
+
+    void endAhead(std::int64_t heard) noexcept override { mixer_.endAhead(heard); }
 
 private:
     [[nodiscard]] bool full() const;
@@ -108,6 +132,7 @@ private:
     bool paused_ = false;
     ChannelTable channels_;
     std::vector<std::unique_ptr<Channel>> dying_; ///< freed, but still fading out in the mixer
+    const Remix remix_;
     Mixer mixer_;
     DeviceObserver* observer_;
     Feeder feeder_;

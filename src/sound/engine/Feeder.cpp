@@ -5,6 +5,8 @@
 // track plays and not at all while nothing does.
 #include "sound/engine/Feeder.h"
 
+#include <pthread.h>
+
 #include <algorithm>
 #include <chrono>
 #include <utility>
@@ -15,15 +17,23 @@ namespace {
 
 constexpr std::chrono::milliseconds kScanSlice(20);
 
+/// A feed that is short but has no room waits for the device.
+constexpr std::chrono::milliseconds kShortestSleep(10);
+
 } // namespace
 
-Feeder::Feeder(FeederMode mode) : mode_(mode) {
+Feeder::Feeder(FeederMode mode, std::function<void()> filled)
+    : mode_(mode), filled_(std::move(filled)) {
     if (mode_ == FeederMode::ownThread) {
         thread_ = std::thread([this] { run(); });
     }
 }
 
 Feeder::~Feeder() {
+    stop();
+}
+
+void Feeder::stop() {
     {
         const std::scoped_lock lock(mutex_);
         ending_ = true;
@@ -106,19 +116,24 @@ void Feeder::sleep(std::unique_lock<std::mutex>& lock, const Sources& sources) {
         }
     }
     if (soonest) {
-        wakeUp_.wait_for(lock, *soonest, stirred);
+        wakeUp_.wait_for(lock, std::max(*soonest, kShortestSleep), stirred);
     } else {
         wakeUp_.wait(lock, stirred);
     }
 }
 
 void Feeder::run() {
+    ::pthread_setname_np(::pthread_self(), "feeder");
     std::unique_lock lock(mutex_);
     while (!ending_) {
         changed_ = false;
         Sources sources = sources_;
         lock.unlock();
-        const bool busy = fillOnce(sources) || scanOnce(sources);
+        const bool filled = fillOnce(sources);
+        if (filled && filled_) {
+            filled_();
+        }
+        const bool busy = filled || scanOnce(sources);
         lock.lock();
         if (!busy && !changed_ && !ending_) {
             sleep(lock, sources);

@@ -7,6 +7,7 @@
 
 #include <condition_variable>
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -22,7 +23,10 @@ enum class FeederMode {
 
 class Feeder {
 public:
-    explicit Feeder(FeederMode mode);
+    /// `filled` is called on the feeder's thread after each round that has filled something.
+    explicit Feeder(FeederMode mode, std::function<void()> filled = {});
+
+    /// Calls `stop`.
     ~Feeder();
     Feeder(const Feeder&) = delete;
     Feeder& operator=(const Feeder&) = delete;
@@ -33,6 +37,9 @@ public:
 
     void add(std::shared_ptr<Source> source);
     void remove(const std::shared_ptr<Source>& source);
+
+    /// Ends the thread; nothing is filled or called any more.
+    void stop();
 
     /// A source has a new feed.
     void wake();
@@ -55,6 +62,7 @@ private:
     [[nodiscard]] static bool scanOnce(const Sources& sources);
 
     const FeederMode mode_;
+    const std::function<void()> filled_;
     std::mutex mutex_; ///< guards the members below
     std::condition_variable wakeUp_;
     Sources sources_;

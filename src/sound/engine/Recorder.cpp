@@ -5,6 +5,8 @@
 
 #include "sound/mix/ToPcm16.h"
 
+#include <pthread.h>
+
 #include <chrono>
 #include <utility>
 
@@ -12,7 +14,8 @@ namespace tovik::sound {
 
 namespace {
 
-constexpr std::size_t kRingFrames = 16384;
+/// What is mixed ahead, about a second, and what waits for delivery.
+constexpr std::size_t kRingFrames = 131072;
 constexpr std::size_t kDeliveryFrames = 2048;
 constexpr std::chrono::milliseconds kPeriod(20);
 
@@ -44,6 +47,7 @@ bool Recorder::deliver() {
 }
 
 void Recorder::run() {
+    ::pthread_setname_np(::pthread_self(), "recorder");
     std::unique_lock lock(mutex_);
     while (!wakeUp_.wait_for(lock, kPeriod, [this] { return ending_; })) {
         lock.unlock();

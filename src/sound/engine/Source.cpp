@@ -14,14 +14,25 @@ namespace {
 /// Frames of the mix decoded at a time; the lock is held that long: well under a millisecond.
 constexpr int kSliceFrames = 2048;
 
-/// About 1.5 s of the mix lie decoded ahead.
-constexpr std::size_t kFeedFrames = 65536;
+struct FeedSizes {
+    std::size_t capacity;
+    /// A new feed starts with this much, so that it can sound before the feeder has woken up.
+    std::size_t first;
+};
 
-/// A slice more always finds room behind these.
-constexpr std::size_t kMostReadyFrames = kFeedFrames / 2;
+/// About 1.5 s of the mix lie decoded ahead; a start has 93 ms.
+constexpr FeedSizes kSizes{65536, 4096};
 
-/// A new feed starts with this much, so that it can sound before the feeder has woken up: 93 ms.
-constexpr std::size_t kFirstFrames = 4096;
+/// As much, and what a device has queued and may want once more; a start lasts until what is
+/// queued can be changed again.
+constexpr FeedSizes kSizesForRemix{131072, 12288};
+
+constexpr FeedSizes sizesFor(Remix remix) {
+    return remix == Remix::possible ? kSizesForRemix : kSizes;
+}
+
+/// A slice more always finds room behind these; a feed that holds fewer is filled up.
+constexpr std::size_t kMostReadyFrames = kSizes.capacity / 2;
 
 /// What a feed must still hold when it is left, so that it can fade out: the block being mixed, and
 /// a ramp.
@@ -37,10 +48,10 @@ std::size_t sliceFrames(int rate) {
 
 } // namespace
 
-Source::Source(std::unique_ptr<Decoder> decoder)
+Source::Source(std::unique_ptr<Decoder> decoder, Remix remix)
     : rate_(decoder->sampleRate()), channels_(decoder->channels()), loops_(decoder->loops()),
-      orders_(decoder->orders()), scan_(decoder->lengthScan()), length_(decoder->lengthFrames()),
-      estimate_(scan_ != nullptr), decoder_(std::move(decoder)),
+      orders_(decoder->orders()), remix_(remix), scan_(decoder->lengthScan()),
+      length_(decoder->lengthFrames()), estimate_(scan_ != nullptr), decoder_(std::move(decoder)),
       decoded_(sliceFrames(rate_) * static_cast<std::size_t>(channels_)),
       converter_(rate_, channels_, sliceFrames(rate_)) {}
 
@@ -67,8 +78,8 @@ std::int64_t Source::goTo(std::int64_t frame) {
 std::shared_ptr<Feed> Source::beginFeed(std::int64_t frame) {
     const std::scoped_lock lock(mutex_);
     decodeTo(kFadeFrames);
-    feed_ = std::make_shared<Feed>(goTo(frame), kFeedFrames);
-    decodeTo(kFirstFrames);
+    feed_ = std::make_shared<Feed>(goTo(frame), sizesFor(remix_).capacity, ++feeds_);
+    decodeTo(sizesFor(remix_).first);
     return feed_;
 }
 
@@ -140,9 +151,9 @@ std::optional<std::chrono::milliseconds> Source::timeToRefill() const {
     if (feed_ == nullptr || feed_->isComplete()) {
         return std::nullopt;
     }
-    const std::size_t half = feed_->capacity() / 2;
     const std::size_t ahead = feed_->readableFrames();
-    return std::chrono::milliseconds(ahead > half ? (ahead - half) * 1000 / kMixRate : 0);
+    const std::size_t spare = ahead - std::min(ahead, kMostReadyFrames);
+    return std::chrono::milliseconds(spare * 1000 / kMixRate);
 }
 
 std::size_t Source::read(std::span<float> interleaved) {

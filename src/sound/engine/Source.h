@@ -7,6 +7,7 @@
 #include "sound/decode/Decoder.h"
 #include "sound/engine/MixConverter.h"
 #include "sound/mix/Feed.h"
+#include "sound/mix/Remix.h"
 
 #include <atomic>
 #include <chrono>
@@ -22,7 +23,7 @@ namespace tovik::sound {
 
 class Source {
 public:
-    explicit Source(std::unique_ptr<Decoder> decoder);
+    explicit Source(std::unique_ptr<Decoder> decoder, Remix remix = Remix::never);
 
     [[nodiscard]] int sampleRate() const noexcept { return rate_; }
 
@@ -88,6 +89,7 @@ private:
     const int channels_;
     const bool loops_;
     const int orders_;
+    const Remix remix_;
 
     std::mutex scanMutex_;
     std::unique_ptr<PacketScan> scan_; ///< guarded by scanMutex_
@@ -99,6 +101,7 @@ private:
     std::vector<float> decoded_; ///< one slice
     MixConverter converter_;
     std::shared_ptr<Feed> feed_;
+    std::uint32_t feeds_ = 0;                ///< begun so far
     std::atomic<std::int64_t> position_ = 0; ///< of the decoder
     std::atomic<bool> end_ = false;          ///< the decoder has met the end
 };

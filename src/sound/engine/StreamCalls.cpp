@@ -34,7 +34,8 @@ Handle StreamCalls::create(FormatFamily family, const Place& place, std::uint32_
         core_.fail(reason(opened.status));
         return kNoHandle;
     }
-    auto channel = std::make_unique<Channel>(family, flags, std::move(opened.decoder));
+    auto channel =
+        std::make_unique<Channel>(family, flags, std::move(opened.decoder), core_.remix());
     do {
         channel->source()->scan(kScanPatience);
     } while (core_.feederMode() == FeederMode::inCaller && channel->source()->lengthIsEstimate());
@@ -81,7 +82,7 @@ bool StreamCalls::play(Channel* channel, bool fromStart) {
     if (channel->isDecoding()) {
         return core_.fail(ErrorCode::decodingChannel);
     }
-    if (fromStart || channel->ended()) {
+    if (fromStart || channel->ended(core_.heardClock())) {
         core_.seek(*channel, 0);
     }
     core_.start(*channel);

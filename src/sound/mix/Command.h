@@ -76,12 +76,19 @@ struct SetCapture {
     FrameRing* ring;
 };
 
+/// Changes nothing. What is queued ahead is mixed once more, so that what is noted while somebody
+/// looks begins soon.
+struct LookAt {
+    Voice* voice;
+};
+
 } // namespace command
 
 using Command = std::variant<command::AddVoice, command::RemoveVoice, command::StartVoice,
                              command::StopVoice, command::SwitchFeed, command::SetVolume,
                              command::SetPan, command::SetBand, command::SetMaster,
-                             command::PauseOutput, command::ResumeOutput, command::SetCapture>;
+                             command::PauseOutput, command::ResumeOutput, command::SetCapture,
+                             command::LookAt>;
 
 static_assert(std::is_trivially_copyable_v<Command>);
 

@@ -2,32 +2,43 @@
 // The latest sound of a voice for whoever draws it: the mixer writes, the interface thread looks.
 #pragma once
 
-#include <array>
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <vector>
 
 namespace tovik::sound {
 
 class SpectrumTap {
 public:
-    /// Frames kept: enough to look back by the latency of a device.
+    /// Frames kept where the mix is heard within the latency of a device, or a second later.
     static constexpr std::size_t kCapacity = 8192;
+    static constexpr std::size_t kAheadCapacity = 65536;
 
-    /// Mixer: notes the mean of both sides of left, right, ...; does nothing while nobody looks.
-    void write(std::span<const float> interleaved) noexcept;
+    explicit SpectrumTap(std::size_t capacity = kCapacity) : frames_(capacity) {}
 
-    /// Interface thread: fills `mono` with the frames that end `behind` frames before the newest.
-    /// What was not noted (because nobody looked for half a second, or it lies too far back) is 0.
-    /// A look that the mixer overtakes may see newer frames at its beginning.
-    void latest(std::span<float> mono, std::size_t behind = 0) noexcept;
+    /// Mixer: notes the mean of both sides of left, right, ... behind the `at` frames noted before;
+    /// does nothing while nobody looks. Returns the count of frames noted then. Frames may be noted
+    /// anew from an earlier count on.
+    std::size_t write(std::size_t at, std::span<const float> interleaved) noexcept;
+
+    /// Interface thread: fills `mono` with the frames before the count `end`, and says whether
+    /// frames are being noted: not when nobody looked for half a second. What was not noted, or
+    /// lies too far back, is 0. A look that the mixer overtakes may see newer frames at its
+    /// beginning.
+    bool look(std::span<float> mono, std::size_t end) noexcept;
+
+    /// Interface thread: the count of frames noted.
+    [[nodiscard]] std::size_t written() const noexcept {
+        return written_.load(std::memory_order_acquire);
+    }
 
 private:
-    std::array<std::atomic<float>, kCapacity> frames_{};
+    std::vector<std::atomic<float>> frames_;
     std::atomic<std::size_t> written_ = 0; ///< count of all frames noted
     std::atomic<std::size_t> wokenAt_ = 0; ///< the count when noting began again
-    std::atomic<std::int32_t> wanted_ = 0; ///< frames still to be noted since the last look
+    std::atomic<std::int64_t> wanted_ = 0; ///< frames still to be noted since the last look
     bool asleep_ = true;                   ///< mixer only
 };
 

@@ -17,6 +17,7 @@ inline constexpr std::size_t kCacheLine = 64;
 template <typename T, std::size_t Capacity>
 class SpscQueue {
     static_assert(std::is_trivially_copyable_v<T>);
+    static_assert(std::atomic<std::size_t>::is_always_lock_free);
     static_assert(Capacity > 0 && (Capacity & (Capacity - 1)) == 0);
 
 public:

@@ -18,114 +18,128 @@ std::size_t framesOf(std::span<const float> block) noexcept {
 
 } // namespace
 
+Voice::Voice(Feed& feed, Remix remix)
+    : at_(feed),
+      tap_(remix == Remix::possible ? SpectrumTap::kAheadCapacity : SpectrumTap::kCapacity) {
+    if (remix == Remix::possible) {
+        checkpoints_.assign(kCheckpoints, at_);
+    }
+}
+
 void Voice::fadeIn() noexcept {
-    gain_.fadeTo(0.0F, 0);
-    gain_.fadeTo(1.0F, line_.atHead() ? 0 : kRampFrames);
+    at_.gain.fadeTo(0.0F, 0);
+    at_.gain.fadeTo(1.0F, at_.line.atHead() ? 0 : kRampFrames);
 }
 
 void Voice::start() noexcept {
-    if (state_ == State::idle) {
+    if (at_.state == State::idle) {
         fadeIn();
-    } else if (state_ == State::stopping) {
-        gain_.fadeTo(1.0F, kRampFrames);
-        line_.crossfade();
+    } else if (at_.state == State::stopping) {
+        at_.gain.fadeTo(1.0F, kRampFrames);
+        at_.line.crossfade();
     }
-    state_ = State::playing;
+    at_.state = State::playing;
 }
 
 void Voice::stop(bool audible) noexcept {
-    if (state_ != State::playing) {
+    if (at_.state != State::playing) {
         return;
     }
-    state_ = State::stopping;
-    gain_.fadeTo(0.0F, audible ? kRampFrames : 0);
+    at_.state = State::stopping;
+    at_.gain.fadeTo(0.0F, audible ? kRampFrames : 0);
     if (!audible) {
         finishFade();
     }
 }
 
 void Voice::leave(bool audible) noexcept {
-    const bool sounds = audible && (state_ == State::playing || state_ == State::stopping);
-    state_ = sounds ? State::leaving : State::left;
-    gain_.fadeTo(0.0F, sounds ? kRampFrames : 0);
+    const bool sounds = audible && (at_.state == State::playing || at_.state == State::stopping);
+    at_.state = sounds ? State::leaving : State::left;
+    at_.gain.fadeTo(0.0F, sounds ? kRampFrames : 0);
 }
 
 void Voice::switchFeed(Feed& feed, bool audible) noexcept {
-    line_.queue(feed);
-    if (audible && state_ == State::stopping) {
+    at_.line.queue(feed);
+    if (audible && at_.state == State::stopping) {
         return;
     }
-    const bool silent = line_.untouched() || ended();
-    if (audible && state_ == State::playing && !silent) {
-        line_.crossfade();
+    const bool silent = at_.line.untouched() || ended();
+    if (audible && at_.state == State::playing && !silent) {
+        at_.line.crossfade();
         return;
     }
-    line_.jump();
-    if (state_ == State::playing) {
+    at_.line.jump();
+    if (at_.state == State::playing) {
         fadeIn();
     }
 }
 
 void Voice::endFades() noexcept {
-    if (state_ == State::stopping || state_ == State::leaving) {
-        gain_.fadeTo(0.0F, 0);
+    if (at_.state == State::stopping || at_.state == State::leaving) {
+        at_.gain.fadeTo(0.0F, 0);
         finishFade();
     }
-    line_.jump();
+    at_.line.jump();
+}
+
+void Voice::report() noexcept {
+    volume_.store(at_.gain.volume(), std::memory_order_relaxed);
+    pan_.store(at_.gain.pan(), std::memory_order_relaxed);
 }
 
 void Voice::setVolume(float volume, std::int32_t frames) noexcept {
-    gain_.volumeTo(volume, state_ == State::idle ? 0 : frames);
-    volume_.store(gain_.volume(), std::memory_order_relaxed);
+    at_.gain.volumeTo(volume, at_.state == State::idle ? 0 : frames);
+    report();
 }
 
 void Voice::setPan(float pan, std::int32_t frames) noexcept {
-    gain_.panTo(pan, state_ == State::idle ? 0 : frames);
-    pan_.store(gain_.pan(), std::memory_order_relaxed);
+    at_.gain.panTo(pan, at_.state == State::idle ? 0 : frames);
+    report();
 }
 
 void Voice::setBand(int band, const BandCoefficients& coefficients) noexcept {
-    bands_.setBand(band, coefficients);
-    if (state_ == State::idle) {
-        bands_.reset();
+    at_.bands.setBand(band, coefficients);
+    if (at_.state == State::idle) {
+        at_.bands.reset();
     }
 }
 
 void Voice::finishFade() noexcept {
-    if (state_ == State::leaving) {
-        state_ = State::left;
-    } else if (state_ == State::stopping) {
-        state_ = State::idle;
-        line_.jump();
-        bands_.reset();
-        level_.store(0, std::memory_order_relaxed);
+    if (at_.state == State::leaving) {
+        at_.state = State::left;
+    } else if (at_.state == State::stopping) {
+        at_.state = State::idle;
+        at_.line.jump();
+        at_.bands.reset();
+        at_.level = 0;
     }
 }
 
-void Voice::readFeed(std::span<float> block, std::int64_t clock) noexcept {
+void Voice::readFeed(std::span<float> block, HeardBlock& facts) noexcept {
     // Asked before: what is written between the two belongs to the next block.
-    const bool complete = line_.complete();
-    const std::size_t frames = line_.read(block, clock);
+    const bool complete = at_.line.complete();
+    const std::size_t frames = at_.line.read(block);
+    facts.given = static_cast<std::int32_t>(frames);
     const bool starved = frames < framesOf(block) && !complete;
     if (starved) {
         bridgeGap(block, frames);
-    } else if (starved_.load(std::memory_order_relaxed) && state_ == State::playing) {
-        gain_.fadeTo(1.0F, kRampFrames);
+    } else if (at_.starved && at_.state == State::playing) {
+        at_.gain.fadeTo(1.0F, kRampFrames);
     }
-    starved_.store(starved, std::memory_order_relaxed);
-    std::copy_n(block.last(2).begin(), 2, lastFrame_.begin());
+    at_.starved = starved;
+    std::copy_n(block.last(2).begin(), 2, at_.lastFrame.begin());
 }
 
 /// The last frame is held while it fades away, and what comes later fades in.
 void Voice::bridgeGap(std::span<float> block, std::size_t frames) noexcept {
-    if (state_ == State::playing && !starved_.load(std::memory_order_relaxed)) {
-        gain_.fadeTo(0.0F, kRampFrames);
+    if (at_.state == State::playing && !at_.starved) {
+        at_.gain.fadeTo(0.0F, kRampFrames);
     }
-    if (gain_.faded() || line_.crossfading()) {
+    if (at_.gain.faded() || at_.line.crossfading()) {
         return;
     }
     const std::span<const float> held =
-        frames > 0 ? block.subspan((frames - 1) * 2, 2) : std::span<const float>(lastFrame_);
+        frames > 0 ? block.subspan((frames - 1) * 2, 2) : std::span<const float>(at_.lastFrame);
     for (std::size_t i = frames * 2; i + 1 < block.size(); i += 2) {
         block[i] = held[0];
         block[i + 1] = held[1];
@@ -133,40 +147,62 @@ void Voice::bridgeGap(std::span<float> block, std::size_t frames) noexcept {
 }
 
 bool Voice::renderTail(std::span<float> block) noexcept {
-    level_.store(0, std::memory_order_relaxed);
-    if (tailFrames_ == 0) {
+    at_.level = 0;
+    if (at_.tailFrames == 0) {
         finishFade();
         return false;
     }
     std::ranges::fill(block, 0.0F);
-    bands_.process(block);
-    gain_.process(block);
-    tailFrames_ -= std::min(tailFrames_, framesOf(block));
+    at_.bands.process(block);
+    at_.gain.process(block);
+    at_.tailFrames -= std::min(at_.tailFrames, framesOf(block));
+    return true;
+}
+
+bool Voice::play(std::span<float> block, HeardBlock& facts) noexcept {
+    if (at_.line.drained()) {
+        return renderTail(block);
+    }
+    readFeed(block, facts);
+    if (!at_.starved) {
+        // A gap that a slow disk leaves is no silence of the track: the level stays.
+        at_.level = packLevel(measureLevel(block));
+    }
+    at_.tapped = tap_.write(at_.tapped, block);
+    at_.bands.process(block);
+    at_.gain.process(block);
+    at_.tailFrames = at_.bands.neutral() ? 0 : kTailFrames;
+    report();
+    if (at_.gain.faded()) {
+        finishFade();
+    }
     return true;
 }
 
 bool Voice::render(std::span<float> block, std::int64_t clock) noexcept {
-    if (state_ == State::idle || state_ == State::left) {
+    if (at_.state == State::idle || left()) {
         return false;
     }
-    if (line_.drained()) {
-        return renderTail(block);
-    }
-    readFeed(block, clock);
-    if (!starved()) {
-        // A gap that a slow disk leaves is no silence of the track: the level stays.
-        level_.store(packLevel(measureLevel(block)), std::memory_order_relaxed);
-    }
-    tap_.write(block);
-    bands_.process(block);
-    gain_.process(block);
-    tailFrames_ = bands_.neutral() ? 0 : kTailFrames;
-    volume_.store(gain_.volume(), std::memory_order_relaxed);
-    pan_.store(gain_.pan(), std::memory_order_relaxed);
-    if (gain_.faded()) {
-        finishFade();
-    }
-    return true;
+    HeardBlock facts{.clock = clock,
+                     .taken = at_.line.takenFrames(),
+                     .tapped = static_cast<std::int64_t>(at_.tapped),
+                     .frames = static_cast<std::int32_t>(framesOf(block)),
+                     .feed = at_.line.feedNumber()};
+    const bool sounds = play(block, facts);
+    facts.level = at_.level;
+    facts.volume = at_.gain.volume();
+    facts.pan = at_.gain.pan();
+    facts.starved = at_.starved;
+    history_.note(facts);
+    ++at_.noted;
+    return sounds;
+}
+
+void Voice::goBack(std::size_t slot) noexcept {
+    at_ = checkpoints_[slot];
+    at_.line.goBack();
+    history_.goBack(at_.noted);
+    report();
 }
 
 } // namespace tovik::sound

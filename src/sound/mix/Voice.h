@@ -7,35 +7,36 @@
 #include "sound/mix/Feed.h"
 #include "sound/mix/FeedLine.h"
 #include "sound/mix/GainStage.h"
+#include "sound/mix/Remix.h"
 #include "sound/mix/SpectrumTap.h"
+#include "sound/mix/VoiceHistory.h"
 
 #include <array>
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <type_traits>
+#include <vector>
 
 namespace tovik::sound {
 
 class Voice {
 public:
     /// Starts with `feed`, which the maker keeps alive until the mixer gives it back.
-    explicit Voice(Feed& feed) noexcept : line_(feed) {}
+    explicit Voice(Feed& feed, Remix remix = Remix::never);
 
     // Any thread ----------------------------------------------------------------------------
 
-    /// Loudest samples of the last block, packed as BASS_ChannelGetLevel returns them.
-    [[nodiscard]] std::uint32_t level() const noexcept {
-        return level_.load(std::memory_order_relaxed);
+    /// What was mixed of it at the mixer's clock `clock`, for times that may still be heard.
+    [[nodiscard]] std::optional<HeardBlock> heard(std::int64_t clock) const noexcept {
+        return history_.at(clock);
     }
 
-    /// The current volume and pan, on their way when a slide runs.
+    /// Volume and pan as the mixer has them, on their way when a slide runs.
     [[nodiscard]] float volume() const noexcept { return volume_.load(std::memory_order_relaxed); }
 
     [[nodiscard]] float pan() const noexcept { return pan_.load(std::memory_order_relaxed); }
-
-    /// True while the mixer finds nothing to play although the end has not come.
-    [[nodiscard]] bool starved() const noexcept { return starved_.load(std::memory_order_relaxed); }
 
     [[nodiscard]] SpectrumTap& spectrumTap() noexcept { return tap_; }
 
@@ -56,7 +57,7 @@ public:
 
     /// Something of it was heard, and goes on.
     [[nodiscard]] bool sounding() const noexcept {
-        return state_ != State::idle && state_ != State::left && !line_.untouched() && !ended();
+        return at_.state != State::idle && !left() && !at_.line.untouched() && !ended();
     }
 
     void setVolume(float volume, std::int32_t frames) noexcept;
@@ -64,39 +65,81 @@ public:
     void setBand(int band, const BandCoefficients& coefficients) noexcept;
 
     /// True when it is to be given back.
-    [[nodiscard]] bool left() const noexcept { return state_ == State::left; }
+    [[nodiscard]] bool left() const noexcept { return at_.state == State::left; }
 
     /// Fills `block` (at most kMaxBlockFrames frames) with what it adds to the mix and returns
-    /// true; false, with `block` untouched, when it is silent. `clock` as for Feed::read.
+    /// true; false, with `block` untouched, when it is silent. `clock` is the mixer's.
     [[nodiscard]] bool render(std::span<float> block, std::int64_t clock) noexcept;
 
+    /// It plays and found too little in the last block.
+    [[nodiscard]] bool starved() const noexcept {
+        return at_.starved && at_.state == State::playing;
+    }
+
+    /// It was starved, and by now there is more to play, or it is known that nothing comes.
+    [[nodiscard]] bool fedAgain() const noexcept {
+        return starved() && (!at_.line.exhausted() || at_.line.complete());
+    }
+
     /// The next feed that is not used any more, or null.
-    [[nodiscard]] Feed* takeFreedFeed() noexcept { return line_.takeFreed(); }
+    [[nodiscard]] Feed* takeFreedFeed() noexcept { return at_.line.takeFreed(); }
+
+    // Going back: for voices made with Remix::possible ----------------------------------------
+
+    /// Keeps where it stands as checkpoint `slot`, below kCheckpoints.
+    void keep(std::size_t slot) noexcept { checkpoints_[slot] = at_; }
+
+    /// Stands where it stood at checkpoint `slot`.
+    void goBack(std::size_t slot) noexcept;
+
+    /// What was taken from the feeds before checkpoint `slot` is not needed any more.
+    void release(std::size_t slot) const noexcept { checkpoints_[slot].line.release(); }
+
+    [[nodiscard]] bool leftBy(std::size_t slot) const noexcept {
+        return checkpoints_[slot].state == State::left;
+    }
+
+    /// The same up to where it stands now.
+    void release() const noexcept { at_.line.release(); }
 
 private:
     enum class State { idle, playing, stopping, leaving, left };
 
-    void readFeed(std::span<float> block, std::int64_t clock) noexcept;
+    /// All that changes while it is mixed: copied whole to have a place to go back to.
+    struct Place {
+        explicit Place(Feed& feed) noexcept : line(feed) {}
+
+        State state = State::idle;
+        bool starved = false;
+        std::uint32_t level = 0;
+        FeedLine line;
+        std::array<float, 2> lastFrame{}; ///< what the feed gave last
+        EqualizerBank bands;
+        GainStage gain;
+        std::size_t tailFrames = 0; ///< how long the bands may ring on after the end
+        std::size_t noted = 0;      ///< blocks in the history
+        std::size_t tapped = 0;     ///< frames noted for the spectrum
+    };
+
+    static_assert(std::is_trivially_copyable_v<Place>);
+
+    [[nodiscard]] bool play(std::span<float> block, HeardBlock& facts) noexcept;
+    void readFeed(std::span<float> block, HeardBlock& facts) noexcept;
     void bridgeGap(std::span<float> block, std::size_t frames) noexcept;
     [[nodiscard]] bool renderTail(std::span<float> block) noexcept;
 
-    [[nodiscard]] bool ended() const noexcept { return line_.drained() && tailFrames_ == 0; }
+    [[nodiscard]] bool ended() const noexcept { return at_.line.drained() && at_.tailFrames == 0; }
 
     void fadeIn() noexcept;
     void finishFade() noexcept;
+    void report() noexcept;
 
-    State state_ = State::idle;
-    FeedLine line_;
-    std::array<float, 2> lastFrame_{}; ///< what the feed gave last
-    EqualizerBank bands_;
-    GainStage gain_;
-    std::size_t tailFrames_ = 0; ///< how long the bands may ring on after the end
+    Place at_;
+    std::vector<Place> checkpoints_;
     SpectrumTap tap_;
-
-    std::atomic<std::uint32_t> level_ = 0;
+    VoiceHistory history_;
     std::atomic<float> volume_ = 1.0F;
     std::atomic<float> pan_ = 0.0F;
-    std::atomic<bool> starved_ = false;
 };
 
 } // namespace tovik::sound

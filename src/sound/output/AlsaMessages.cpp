@@ -20,11 +20,16 @@ void ignore(const char* /*file*/, int /*line*/, const char* /*function*/, int /*
 } // namespace
 
 void silenceAlsaMessages() noexcept {
-    // Looked up at run time, because the library is here only if SDL was built with it.
-    void* const symbol = ::dlsym(RTLD_DEFAULT, "snd_lib_error_set_handler");
+    // Only if SDL has loaded it, which depends on how that was built.
+    void* const library = ::dlopen("libasound.so.2", RTLD_NOW | RTLD_NOLOAD);
+    if (library == nullptr) {
+        return;
+    }
+    void* const symbol = ::dlsym(library, "snd_lib_error_set_handler");
     if (symbol != nullptr) {
         static_cast<void>(reinterpret_cast<SetHandler>(symbol)(ignore));
     }
+    ::dlclose(library);
 }
 
 } // namespace tovik::sound

@@ -119,10 +119,12 @@ void DeviceKeeper::open(std::unique_lock<std::mutex>& lock) {
     const KeeperTime now = std::chrono::steady_clock::now();
     if (opened) {
         situation_.everOpened = true;
-        situation_.device = DeviceState::running;
+        const bool paused = device_->opensPaused();
+        situation_.device = paused ? DeviceState::paused : DeviceState::running;
         situation_.openedAt = now;
         latencyFrames_ = device_->latencyFrames();
-        callbackRunning_ = !situation_.lossReported;
+        situation_.reaction = std::chrono::milliseconds(latencyFrames_ * 1000LL / kMixRate);
+        callbackRunning_ = !paused && !situation_.lossReported;
     } else {
         situation_.device = first ? DeviceState::closed : DeviceState::lost;
         situation_.awaySince = now;

@@ -63,6 +63,14 @@ public:
     /// do needs a guard of its own.
     [[nodiscard]] bool callbackRunning() const noexcept { return callbackRunning_.load(); }
 
+    /// What of a device that mixes ahead is heard now; see OutputDevice. Any thread.
+    [[nodiscard]] std::optional<std::int64_t> heardClock() const noexcept {
+        return device_->heardClock();
+    }
+
+    /// See OutputDevice. Any thread.
+    void wakeDevice() noexcept { device_->wake(); }
+
     /// As the device said when it was opened last; 0 before.
     [[nodiscard]] int latencyFrames() const noexcept { return latencyFrames_.load(); }
 

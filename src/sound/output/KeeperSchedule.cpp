@@ -40,8 +40,10 @@ NextStep whileOpen(const KeeperSituation& situation, const KeeperTimes& times,
     case Demand::running:
         return {paused ? DeviceStep::resume : DeviceStep::wait, {}};
     case Demand::paused:
+        // The fade-out sounds once the change has come through to the ear.
         return paused ? NextStep{}
-                      : dueAt(DeviceStep::pause, situation.demandSince + times.pauseGrace, now);
+                      : dueAt(DeviceStep::pause,
+                              situation.demandSince + times.pauseGrace + situation.reaction, now);
     case Demand::idle:
         break;
     }

@@ -30,11 +30,12 @@ struct KeeperSituation {
     bool everOpened = false;
     Demand demand = Demand::idle;
     KeeperTime demandSince;
-    KeeperTime openedAt;        ///< the last success
-    KeeperTime awaySince;       ///< of a lost device: the loss or the last failure to reopen it
-    bool openRequested = false; ///< open even without a demand
-    bool lossReported = false;  ///< by a device that is still open
-    bool arrived = false;       ///< a device may have come since the loss
+    KeeperTime openedAt;  ///< the last success
+    KeeperTime awaySince; ///< of a lost device: the loss or the last failure to reopen it
+    std::chrono::milliseconds reaction{0}; ///< of the open device: from a change to its sounding
+    bool openRequested = false;            ///< open even without a demand
+    bool lossReported = false;             ///< by a device that is still open
+    bool arrived = false;                  ///< a device may have come since the loss
 };
 
 enum class DeviceStep { wait, open, close, pause, resume, takeLoss };

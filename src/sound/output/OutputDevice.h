@@ -5,7 +5,9 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 
 namespace tovik::sound {
@@ -13,7 +15,10 @@ namespace tovik::sound {
 inline constexpr int kMixRate = 44100; ///< frames a second inside the engine
 inline constexpr int kMixChannels = 2; ///< interleaved left, right
 
-/// What a device takes its samples from.
+/// What a device takes its samples from. Called by one thread of the device at a time. A device
+/// that plays what it takes within some ten milliseconds calls `mix` alone. One that queues about a
+/// second mixes ahead instead, in whole blocks, and takes back and mixes again what has changed;
+/// the source's clock counts what was taken and not taken back.
 class MixSource {
 public:
     virtual ~MixSource() = default;
@@ -24,6 +29,30 @@ public:
     /// For devices that are not bound to real time: waits until `frames` can be mixed without
     /// running dry. Not real-time safe.
     virtual void decodeAhead(std::size_t frames) = 0;
+
+    // Mixing ahead: between `beginAhead` and `endAhead`, `mix` is not called. No call fails or
+    // waits for anything but another thread's turn, which is short.
+
+    /// Frames of a block: `mixAhead` is asked for multiples of it.
+    static constexpr std::size_t kAheadBlock = 512;
+
+    /// Taking begins at the clock that this returns.
+    virtual std::int64_t beginAhead() noexcept { return 0; }
+
+    virtual void mixAhead(std::span<float> interleaved) noexcept { mix(interleaved); }
+
+    /// What lies before the clock `heard` was heard and is never taken back.
+    virtual void settle(std::int64_t /*heard*/) noexcept {}
+
+    /// If something has changed, takes back what lies behind `earliest`, as near to it as can be,
+    /// and returns the clock from which on all has to be taken again.
+    [[nodiscard]] virtual std::optional<std::int64_t> takeBack(std::int64_t /*earliest*/) noexcept {
+        return std::nullopt;
+    }
+
+    /// Takes back what lies behind `heard`, as near to it as can be; taking ends. It may be begun
+    /// again at the clock where this leaves off.
+    virtual void endAhead(std::int64_t /*heard*/) noexcept {}
 };
 
 class OutputDevice {
@@ -40,8 +69,25 @@ public:
     /// While paused nothing is taken from the source.
     virtual void setPaused(bool paused) = 0;
 
-    /// Frames between the taking of a sample and its sounding. Any thread.
+    /// Frames between a change of the mix and its sounding. Without a queue that can be changed, it
+    /// is the time between the taking of a sample and its sounding. Any thread.
     [[nodiscard]] virtual int latencyFrames() const noexcept = 0;
+
+    /// True for a device that may mix ahead: the source keeps what it needs to go back.
+    [[nodiscard]] virtual bool mixesAhead() const noexcept { return false; }
+
+    /// While mixing ahead, or paused in it: the source's clock that is heard now. Else nothing. Any
+    /// thread.
+    [[nodiscard]] virtual std::optional<std::int64_t> heardClock() const noexcept {
+        return std::nullopt;
+    }
+
+    /// Something has changed in the source: a device that mixes ahead looks soon whether it has to
+    /// take something back. Any thread, never waits.
+    virtual void wake() noexcept {}
+
+    /// True when `open` leaves the device paused.
+    [[nodiscard]] virtual bool opensPaused() const noexcept { return false; }
 
     /// False for devices that cost nothing while idle and are stepped by hand: they are neither
     /// paused nor closed when there is nothing to play.

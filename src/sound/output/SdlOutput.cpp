@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sound/output/SdlOutput.h"
 
+#include "sound/output/SdlLibrary.h"
 #include "sound/output/SourceGate.h"
-
-#include <SDL.h>
 
 #include <thread>
 #include <utility>
@@ -22,7 +21,7 @@ constexpr std::chrono::seconds kCloseLimit(3);
 struct ErrorTextOfThread {
     ErrorTextOfThread() = default;
 
-    ~ErrorTextOfThread() { SDL_TLSCleanup(); }
+    ~ErrorTextOfThread() { SdlLibrary::get().tlsCleanup(); }
 
     ErrorTextOfThread(const ErrorTextOfThread&) = delete;
     ErrorTextOfThread& operator=(const ErrorTextOfThread&) = delete;
@@ -30,8 +29,9 @@ struct ErrorTextOfThread {
 
 } // namespace
 
-SdlOutput::SdlOutput(std::string deviceName)
-    : deviceName_(std::move(deviceName)), gate_(std::make_shared<SourceGate>()) {}
+SdlOutput::SdlOutput(std::string deviceName, std::string driver)
+    : deviceName_(std::move(deviceName)), driver_(std::move(driver)),
+      gate_(std::make_shared<SourceGate>()) {}
 
 SdlOutput::~SdlOutput() {
     close();
@@ -41,12 +41,15 @@ SdlOutput::~SdlOutput() {
     }
 }
 
-std::vector<std::string> SdlOutput::listDevices() {
-    const auto subsystem = SdlSubsystem::start({}, nullptr);
+std::vector<std::string> SdlOutput::listDevices(const std::string& driver) {
+    const auto subsystem = SdlSubsystem::start(driver, nullptr);
     return subsystem == nullptr ? std::vector<std::string>() : SdlSubsystem::deviceNames();
 }
 
 bool SdlOutput::open(MixSource& source) {
+    if (SdlLibrary::load() == nullptr) {
+        return false;
+    }
     const ErrorTextOfThread errorText;
     close();
     if (stillClosing()) {
@@ -70,7 +73,7 @@ bool SdlOutput::open(MixSource& source) {
     wanted.callback = &SdlOutput::fill;
     wanted.userdata = gate_.get();
     SDL_AudioSpec obtained{};
-    const SDL_AudioDeviceID device = SDL_OpenAudioDevice(
+    const SDL_AudioDeviceID device = SdlLibrary::get().openAudioDevice(
         deviceName_.empty() ? nullptr : deviceName_.c_str(), 0, &wanted, &obtained, 0);
     if (device == 0) {
         if (driver_.empty()) {
@@ -82,8 +85,8 @@ bool SdlOutput::open(MixSource& source) {
     latencyFrames_ = 2 * obtained.samples;
     device_ = device;
     gate_->open(source);
-    SDL_PauseAudioDevice(device, 0);
-    if (SDL_GetAudioDeviceStatus(device) == SDL_AUDIO_STOPPED) {
+    SdlLibrary::get().pauseAudioDevice(device, 0);
+    if (SdlLibrary::get().getAudioDeviceStatus(device) == SDL_AUDIO_STOPPED) {
         lose(); // before its number was known here
     }
     return true;
@@ -97,7 +100,7 @@ void SdlOutput::close() {
     }
     std::packaged_task<void()> task([device, gate = gate_] {
         const ErrorTextOfThread errorText;
-        SDL_CloseAudioDevice(device);
+        SdlLibrary::get().closeAudioDevice(device);
     });
     closing_ = task.get_future();
     std::thread(std::move(task)).detach();
@@ -107,7 +110,7 @@ void SdlOutput::close() {
 void SdlOutput::setPaused(bool paused) {
     const SDL_AudioDeviceID device = device_;
     if (device != 0) {
-        SDL_PauseAudioDevice(device, paused ? 1 : 0);
+        SdlLibrary::get().pauseAudioDevice(device, paused ? 1 : 0);
     }
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The real device: PulseAudio, PipeWire or ALSA through SDL. Opened, paused and closed by one
-// thread, which need not be the main thread; the mix is taken on SDL's audio thread.
+// The real device where there is no sound server: ALSA, or whatever SDL finds. Opened, paused and
+// closed by one thread, which need not be the main thread; the mix is taken on SDL's audio thread.
 #pragma once
 
 #include "sound/output/OutputDevice.h"
@@ -20,14 +20,15 @@ class SdlOutput final : public OutputDevice, private SdlListener {
 public:
     /// The device with this name, one of `listDevices`; the system's default if it is empty.
     /// Nothing is asked of the system before `open`.
-    explicit SdlOutput(std::string deviceName = {});
+    /// `driver` is SDL's name of the sound system to use ("alsa"), empty for the first that works.
+    explicit SdlOutput(std::string deviceName = {}, std::string driver = {});
     ~SdlOutput() override;
 
     SdlOutput(const SdlOutput&) = delete;
     SdlOutput& operator=(const SdlOutput&) = delete;
 
     /// The names of the output devices of this machine. Takes some milliseconds.
-    [[nodiscard]] static std::vector<std::string> listDevices();
+    [[nodiscard]] static std::vector<std::string> listDevices(const std::string& driver = {});
 
     /// After the first success always the same sound system is used, so that a player whose sound
     /// server is started anew does not take the card away from it.
@@ -55,7 +56,7 @@ private:
     static void fill(void* gate, std::uint8_t* bytes, int count);
 
     const std::string deviceName_;
-    std::string driver_; // of the first success
+    std::string driver_; // that was asked for, or of the first success
     std::function<void()> lost_;
     std::function<void()> arrival_;
     std::unique_ptr<SdlSubsystem> subsystem_;

@@ -2,8 +2,7 @@
 #include "sound/output/SdlSubsystem.h"
 
 #include "sound/output/AlsaMessages.h"
-
-#include <SDL.h>
+#include "sound/output/SdlLibrary.h"
 
 #include <algorithm>
 #include <array>
@@ -34,14 +33,17 @@ constexpr std::array<std::string_view, 2> kPretenders = {"dummy", "disk"};
 
 std::unique_ptr<SdlSubsystem> SdlSubsystem::start(const std::string& driver,
                                                   SdlListener* listener) {
+    if (SdlLibrary::load() == nullptr) {
+        return nullptr;
+    }
     for (const Hint& hint : kHints) {
-        SDL_SetHint(hint.name, hint.value);
+        SdlLibrary::get().setHint(hint.name, hint.value);
     }
     silenceAlsaMessages();
-    SDL_SetMainReady();
-    SDL_SetHint(SDL_HINT_AUDIODRIVER, driver.empty() ? nullptr : driver.c_str());
-    const int failed = SDL_InitSubSystem(SDL_INIT_AUDIO);
-    SDL_SetHint(SDL_HINT_AUDIODRIVER, nullptr);
+    SdlLibrary::get().setMainReady();
+    SdlLibrary::get().setHint(SDL_HINT_AUDIODRIVER, driver.empty() ? nullptr : driver.c_str());
+    const int failed = SdlLibrary::get().initSubSystem(SDL_INIT_AUDIO);
+    SdlLibrary::get().setHint(SDL_HINT_AUDIODRIVER, nullptr);
     if (failed != 0) {
         return nullptr;
     }
@@ -57,27 +59,27 @@ SdlSubsystem::SdlSubsystem(SdlListener* listener) : listener_(listener) {
     // Only now: the devices found at the start would be news otherwise. And anew at each start:
     // with its last user SDL forgets who watches.
     if (listener_ != nullptr) {
-        SDL_AddEventWatch(&SdlSubsystem::watch, listener_);
+        SdlLibrary::get().addEventWatch(&SdlSubsystem::watch, listener_);
     }
 }
 
 SdlSubsystem::~SdlSubsystem() {
     if (listener_ != nullptr) {
-        SDL_DelEventWatch(&SdlSubsystem::watch, listener_);
+        SdlLibrary::get().delEventWatch(&SdlSubsystem::watch, listener_);
     }
-    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    SdlLibrary::get().quitSubSystem(SDL_INIT_AUDIO);
 }
 
 std::string SdlSubsystem::driver() {
-    const char* const name = SDL_GetCurrentAudioDriver();
+    const char* const name = SdlLibrary::get().getCurrentAudioDriver();
     return name == nullptr ? std::string() : name;
 }
 
 std::vector<std::string> SdlSubsystem::deviceNames() {
     std::vector<std::string> names;
-    const int count = SDL_GetNumAudioDevices(0);
+    const int count = SdlLibrary::get().getNumAudioDevices(0);
     for (int i = 0; i < count; ++i) {
-        const char* const name = SDL_GetAudioDeviceName(i, 0);
+        const char* const name = SdlLibrary::get().getAudioDeviceName(i, 0);
         if (name != nullptr) {
             names.emplace_back(name);
         }

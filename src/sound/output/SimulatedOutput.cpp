@@ -18,6 +18,10 @@ std::size_t SimulatedOutput::advance(std::size_t frames) {
         if (!takingLocked()) {
             break;
         }
+        if (queue_ != nullptr) {
+            taken += hearLocked(frames - taken);
+            continue;
+        }
         const std::size_t now = std::min(frames - taken, block_.size() / kMixChannels);
         const std::span<float> samples(block_.data(), now * kMixChannels);
         if (settings_.decodesAhead) {
@@ -32,6 +36,29 @@ std::size_t SimulatedOutput::advance(std::size_t frames) {
     return taken;
 }
 
+std::size_t SimulatedOutput::hearLocked(std::size_t frames) {
+    if (woken_.exchange(false)) {
+        queue_->change();
+    }
+    const auto heard = queue_->hear(std::min(frames, block_.size() / kMixChannels));
+    if (settings_.sink) {
+        settings_.sink(heard);
+    }
+    return heard.size() / kMixChannels;
+}
+
+void SimulatedOutput::endQueueLocked() {
+    if (queue_ != nullptr) {
+        queue_->end();
+        queue_.reset();
+    }
+}
+
+std::optional<std::int64_t> SimulatedOutput::heardClock() const noexcept {
+    const std::lock_guard lock(mutex_);
+    return queue_ != nullptr ? std::optional(queue_->heardClock()) : std::nullopt;
+}
+
 void SimulatedOutput::refuseOpen(bool refuse) {
     const std::lock_guard lock(mutex_);
     refusing_ = refuse;
@@ -44,6 +71,7 @@ void SimulatedOutput::vanish() {
         present_ = false;
         if (source_ != nullptr && !lostSinceOpen_) {
             lostSinceOpen_ = true;
+            endQueueLocked();
             routine = lost_;
         }
     }
@@ -94,18 +122,30 @@ bool SimulatedOutput::open(MixSource& source) {
     source_ = &source;
     paused_ = false;
     lostSinceOpen_ = false;
+    if (mixesAhead()) {
+        queue_ = std::make_unique<SimulatedQueue>(settings_.queue, source, settings_.decodesAhead);
+        queue_->begin();
+    }
     recordLocked(DeviceCall::opened);
     return true;
 }
 
 void SimulatedOutput::close() {
     const std::lock_guard lock(mutex_);
+    endQueueLocked();
     source_ = nullptr;
     recordLocked(DeviceCall::closed);
 }
 
 void SimulatedOutput::setPaused(bool paused) {
     const std::lock_guard lock(mutex_);
+    if (queue_ != nullptr && paused != paused_) {
+        if (paused) {
+            queue_->end();
+        } else {
+            queue_->begin();
+        }
+    }
     paused_ = paused;
     recordLocked(paused ? DeviceCall::paused : DeviceCall::resumed);
 }

@@ -5,9 +5,12 @@
 #pragma once
 
 #include "sound/output/OutputDevice.h"
+#include "sound/output/SimulatedQueue.h"
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <memory>
 #include <mutex>
 #include <vector>
 
@@ -32,6 +35,7 @@ public:
         bool restsWhenIdle = true;
         bool decodesAhead = false; ///< calls decodeAhead before each block
         Sink sink = {};            ///< gets every block; called with the device locked
+        QueueSettings queue = {};  ///< for a device that mixes ahead; the sink gets what is heard
     };
 
     SimulatedOutput() : SimulatedOutput(Settings()) {}
@@ -40,6 +44,7 @@ public:
 
     /// Takes `frames` from the source, the last block as short as needed, and returns how many were
     /// taken: fewer when the device is closed, paused, stalled or lost, or becomes so meanwhile.
+    /// A device that mixes ahead hears them, and takes what its queue asks for.
     std::size_t advance(std::size_t frames);
 
     /// While true, `open` fails.
@@ -70,6 +75,13 @@ public:
 
     [[nodiscard]] int latencyFrames() const noexcept override { return settings_.latencyFrames; }
 
+    [[nodiscard]] bool mixesAhead() const noexcept override { return settings_.queue.length > 0; }
+
+    [[nodiscard]] std::optional<std::int64_t> heardClock() const noexcept override;
+
+    /// Looked at before the next block.
+    void wake() noexcept override { woken_ = true; }
+
     [[nodiscard]] bool restsWhenIdle() const noexcept override { return settings_.restsWhenIdle; }
 
     void onLost(std::function<void()> routine) override;
@@ -82,13 +94,17 @@ protected:
 
 private:
     [[nodiscard]] bool takingLocked() const;
+    std::size_t hearLocked(std::size_t frames);
+    void endQueueLocked();
     [[nodiscard]] int countLocked(DeviceCall call) const;
     void recordLocked(DeviceCall call);
 
     const Settings settings_;
+    std::atomic<bool> woken_ = false;
     mutable std::mutex mutex_; // guards everything below
     mutable std::condition_variable changed_;
     std::vector<float> block_;
+    std::unique_ptr<SimulatedQueue> queue_; // while open, of a device that mixes ahead
     std::vector<DeviceCallRecord> calls_;
     std::function<void()> lost_;
     std::function<void()> arrival_;

@@ -25,6 +25,9 @@ public:
     void take(std::span<float> interleaved) noexcept;
 
 private:
+    static_assert(std::atomic<MixSource*>::is_always_lock_free);
+    static_assert(std::atomic<bool>::is_always_lock_free);
+
     std::atomic<MixSource*> source_ = nullptr;
     std::atomic<bool> taking_ = false;
 };

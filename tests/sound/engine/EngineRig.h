@@ -21,6 +21,7 @@ using Stereo = std::vector<float>;
 struct RigSetup {
     std::size_t blockFrames = 512;
     int latencyFrames = 0;
+    QueueSettings queue = {}; ///< of a device that mixes ahead
     FeederMode feeder = FeederMode::inCaller;
     bool initialize = true;
     bool keepSamples = true; ///< for `render`; costs memory in the callback

@@ -14,14 +14,15 @@ namespace {
 constexpr std::array kFiles = {"mp3_vbr.mp3",   "ogg_48000.ogg", "flac_16_44100.flac",
                                "wma_44100.wma", "song.xm",       "wav_s16_22050_mono.wav"};
 
-/// An engine over a device with a thread of its own.
-class Busy : public testing::Test {
+/// An engine over a device with a thread of its own, which mixes ahead or not.
+class Busy : public testing::TestWithParam<QueueSettings> {
 protected:
     Busy()
         : Busy(std::make_unique<FreeRunningOutput>(SimulatedOutput::Settings{
               .blockFrames = 256,
               .latencyFrames = 512,
-              .sink = [this](std::span<const float> block) { taken_ += block.size() / 2; }})) {}
+              .sink = [this](std::span<const float> block) { taken_ += block.size() / 2; },
+              .queue = GetParam()})) {}
 
     Handle play(std::size_t number) {
         const std::string name = kFiles.at(number % kFiles.size());
@@ -90,7 +91,7 @@ protected:
 
 } // namespace
 
-TEST_F(Busy, AHundredStartsAndStops) {
+TEST_P(Busy, AHundredStartsAndStops) {
     ASSERT_TRUE(init());
     for (std::size_t round = 0; round < 100; ++round) {
         const Handle channel = play(round);
@@ -116,7 +117,7 @@ TEST_F(Busy, AHundredStartsAndStops) {
     waitForBlocks(0);
 }
 
-TEST_F(Busy, CrossfadesWithoutReset) {
+TEST_P(Busy, CrossfadesWithoutReset) {
     ASSERT_TRUE(init());
     Handle old = play(0);
     for (std::size_t round = 1; round < 60; ++round) {
@@ -132,7 +133,7 @@ TEST_F(Busy, CrossfadesWithoutReset) {
     }
 }
 
-TEST_F(Busy, RecordingsComeAndGo) {
+TEST_P(Busy, RecordingsComeAndGo) {
     ASSERT_TRUE(init());
     const Handle channel = play(0);
     std::atomic<std::size_t> delivered = 0;
@@ -153,7 +154,7 @@ TEST_F(Busy, RecordingsComeAndGo) {
     EXPECT_GT(delivered, 0U);
 }
 
-TEST_F(Busy, TheDeviceComesAndGoesMeanwhile) {
+TEST_P(Busy, TheDeviceComesAndGoesMeanwhile) {
     ASSERT_TRUE(init());
     for (std::size_t round = 0; round < 30; ++round) {
         const Handle channel = play(round);
@@ -173,7 +174,7 @@ TEST_F(Busy, TheDeviceComesAndGoesMeanwhile) {
     waitForBlocks(1024);
 }
 
-TEST_F(Busy, AnEngineEndsInTheMiddleOfEverything) {
+TEST_P(Busy, AnEngineEndsInTheMiddleOfEverything) {
     ASSERT_TRUE(init());
     ASSERT_TRUE(engine_.BASS_RecordInit(0));
     const auto routine = [](Handle, std::span<const std::int16_t>, std::uintptr_t) { return true; };
@@ -183,5 +184,10 @@ TEST_F(Busy, AnEngineEndsInTheMiddleOfEverything) {
     }
     waitForBlocks(256);
 }
+
+INSTANTIATE_TEST_SUITE_P(Devices, Busy,
+                         testing::Values(QueueSettings{}, QueueSettings{.length = 44100,
+                                                                        .request = 17640,
+                                                                        .margin = 4851}));
 
 } // namespace tovik::sound

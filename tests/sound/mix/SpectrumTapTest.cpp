@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <memory>
@@ -24,17 +25,18 @@ public:
             block.push_back(static_cast<float>(count_ + 5));
             block.push_back(static_cast<float>(count_ - 5));
         }
-        tap_.write(block);
+        noted_ = tap_.write(noted_, block);
     }
 
 private:
     SpectrumTap& tap_;
     int count_ = 0;
+    std::size_t noted_ = 0;
 };
 
 std::array<float, 4> look(SpectrumTap& tap, std::size_t behind = 0) {
     std::array<float, 4> latest{-1, -1, -1, -1};
-    tap.latest(latest, behind);
+    tap.look(latest, tap.written() - std::min(tap.written(), behind));
     return latest;
 }
 
@@ -64,6 +66,18 @@ TEST(SpectrumTap, DoesNotLookFartherBackThanItKnows) {
     EXPECT_EQ(look(*tap, std::size_t{1} << 40U), (Four{0, 0, 0, 0}));
 }
 
+TEST(SpectrumTap, KnowsOnlyTheLastWritingOfAFrame) {
+    SpectrumTap tap;
+    std::array<float, 4> mono{};
+    EXPECT_FALSE(tap.look(mono, 0));
+    std::vector<float> block(20, 1.0F);
+    EXPECT_EQ(tap.write(0, block), 10U);
+    std::ranges::fill(block, 2.0F);
+    EXPECT_EQ(tap.write(7, block), 17U);
+    EXPECT_TRUE(tap.look(mono, 9));
+    EXPECT_EQ(mono, (Four{1, 1, 2, 2}));
+}
+
 TEST(SpectrumTap, StopsHalfASecondAfterTheLastLook) {
     const auto tap = std::make_unique<SpectrumTap>();
     Writer writer(*tap);
@@ -86,15 +100,16 @@ TEST(SpectrumTap, MayBeLookedAtWhileItIsWritten) {
     std::atomic<bool> done{false};
     std::thread mixer([&] {
         const std::vector<float> block(512, 0.5F);
+        std::size_t noted = 0;
         for (int i = 0; i < 2000; ++i) {
-            tap->write(block);
+            noted = tap->write(noted, block);
         }
         done = true;
     });
     int wrong = 0;
     std::array<float, 512> latest{};
     while (!done) {
-        tap->latest(latest);
+        tap->look(latest, tap->written());
         for (const float frame : latest) {
             wrong += frame == 0.0F || frame == 0.5F ? 0 : 1;
         }

@@ -54,6 +54,12 @@ TEST(KeeperSchedule, AClosedDeviceOpensForEveryDemandButIdle) {
     expectSleepsForEver(situationOf(DeviceState::closed, Demand::idle));
 }
 
+TEST(KeeperSchedule, APauseWaitsUntilAChangeIsHeard) {
+    KeeperSituation situation = situationOf(DeviceState::running, Demand::paused);
+    situation.reaction = milliseconds(140);
+    expectDue(situation, DeviceStep::pause, kTimes.pauseGrace + milliseconds(140));
+}
+
 TEST(KeeperSchedule, ARunningDeviceThatIsNeededSleeps) {
     expectSleepsForEver(situationOf(DeviceState::running, Demand::running));
     expectSleepsForEver(situationOf(DeviceState::paused, Demand::paused));
