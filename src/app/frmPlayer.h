@@ -16,6 +16,7 @@
 #include "host/Host.h"
 #include "player/ClsShortcut.h"
 #include "player/Commands.h"
+#include "player/ElementActions.h"
 #include "player/Equalizer.h"
 #include "player/EqualizerFiles.h"
 #include "player/EqualizerInput.h"
@@ -90,6 +91,8 @@ public:
     [[nodiscard]] ui::PictureStore& pictures() { return pictures_; }
 
     [[nodiscard]] ui::WindowInput& input() { return skinInput_; }
+
+    [[nodiscard]] ui::AccessInput& access() { return access_; }
 
     [[nodiscard]] player::Equalizer& equalizer() { return equalizer_; }
 
@@ -290,6 +293,15 @@ private:
     player::Commands commands_;
     player::ClsShortcut shortcuts_{commands_};
     player::MainInput input_;
+    player::ElementActions access_{{.state = state_,
+                                    .playing = playing_,
+                                    .elements = elements_,
+                                    .commands = commands_,
+                                    .position = playback_.positionBar,
+                                    .volume = playback_.volumeBar,
+                                    .balance = playback_.balance,
+                                    .equalizer = equalizer_,
+                                    .timeDisplay = timeDisplay_}};
     skin::MainSkin skin_{
         elements_, pictures_, host_.paths, [this] { panels_.RefreshTabs(); },
         [this](int width, int height) { return window_.fitsScreen(width, height); }};

@@ -84,6 +84,7 @@ void SkinWindow::applyChanges() {
     if (inFront) {
         front_->refresh(scale_);
     }
+    showRing();
 }
 
 bool SkinWindow::event(QEvent* event) {
@@ -105,6 +106,7 @@ bool SkinWindow::eventFilter(QObject* watched, QEvent* event) {
             route([&] { router_.hover(slot); });
         }
     }
+    followFocus(watched, event->type());
     return QWidget::eventFilter(watched, event);
 }
 
@@ -183,6 +185,9 @@ void SkinWindow::press(QMouseEvent& event, bool twice) {
         dragging_ = false;
     }
     pressedAt_ = event.position().toPoint();
+    if (const auto slot = elements_.topmostAt(pointer.x, pointer.y); slot && focus_) {
+        focus_->pressed(*slot);
+    }
     route([&] { router_.pressed(pointer, mouseButtonOf(event.button()), twice); });
 }
 
@@ -215,19 +220,9 @@ void SkinWindow::wheelEvent(QWheelEvent* event) {
     event->accept();
 }
 
-void SkinWindow::keyPressEvent(QKeyEvent* event) {
-    bool used = false;
-    dispatcher_.run([&] { used = input_.keyDown(keyEventOf(*event)); });
-    event->setAccepted(used);
-}
-
 void SkinWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     dispatcher_.run([&] { input_.closeRequested(); });
-}
-
-bool SkinWindow::focusNextPrevChild(bool /*next*/) {
-    return false;
 }
 
 void SkinWindow::fitToGround() {
