@@ -46,6 +46,7 @@ constexpr auto kRows = std::to_array<Row>({
     two(N::mono_img, Field, N::Stereo_img),
     {N::musicinfo_img, Field},
     several(N::shwchange, Field, 2),
+    {N::stopNote, Label},
     two(N::Shuffle, Lamp, N::ShuffleDown),
     two(N::loopImg, Lamp, N::LoopImg2),
     two(N::CFD, Lamp, N::CFD2),

@@ -84,6 +84,7 @@ TEST_F(ElementActions, theVolumeByKeys) {
 }
 
 TEST_F(ElementActions, theBalanceByKeys) {
+    state_.BalanceValue = 0;
     const std::vector<std::pair<Adjustment, std::int16_t>> moves = {
         {Adjustment::Up, 25},       {Adjustment::PageUp, 75},  {Adjustment::PageUp, 100},
         {Adjustment::PageDown, 50}, {Adjustment::Least, -100}, {Adjustment::Down, -100},

@@ -106,6 +106,23 @@ void ElementFocus::set(std::optional<std::size_t> place) {
     }
 }
 
+bool ElementFocus::isWidget(std::size_t place) const {
+    const ElementRole role = places_.at(place).role;
+    return role == ElementRole::Control || role == ElementRole::KeyHolder;
+}
+
+void ElementFocus::activate(std::size_t place) {
+    dispatcher_.run([&] { input_.activate(places_.at(place).element); });
+}
+
+void ElementFocus::adjust(std::size_t place, Adjustment adjustment) {
+    dispatcher_.run([&] { input_.adjust(places_.at(place).element, adjustment); });
+}
+
+void ElementFocus::setValue(std::size_t place, double value) {
+    dispatcher_.run([&] { input_.setValue(places_.at(place).element, value); });
+}
+
 bool ElementFocus::key(const QKeyEvent& event) {
     const auto place = focused();
     if (!place || places_.at(*place).role == ElementRole::Control ||
@@ -115,13 +132,13 @@ bool ElementFocus::key(const QKeyEvent& event) {
     const AccessPlace& at = places_.at(*place);
     if (at.role != ElementRole::Slider) {
         if (acts(event.key()) && !event.isAutoRepeat()) {
-            dispatcher_.run([&] { input_.activate(at.element); });
+            activate(*place);
         }
         return acts(event.key());
     }
     const auto* const found = std::ranges::find(kKeys, event.key(), &Key::qtKey);
     if (found != kKeys.end()) {
-        dispatcher_.run([&] { input_.adjust(at.element, found->adjustment); });
+        adjust(*place, found->adjustment);
     }
     return found != kKeys.end();
 }

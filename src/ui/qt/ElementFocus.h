@@ -47,12 +47,23 @@ public:
     /// The mouse went down on an element.
     void pressed(std::size_t slot);
 
+    // What is done to an element, through the dispatcher ------------------------------------------
+
+    void activate(std::size_t place);
+    void adjust(std::size_t place, Adjustment adjustment);
+    void setValue(std::size_t place, double value);
+
     /// Enter, Space and what moves sliders, with no other key held. Whether the key was used.
     bool key(const QKeyEvent& event);
 
+    /// Whether a widget stands there.
+    [[nodiscard]] bool isWidget(std::size_t place) const;
+
+    /// That widget; null when it is not there.
+    [[nodiscard]] QWidget* widgetOf(std::size_t place) const;
+
 private:
     void set(std::optional<std::size_t> place);
-    [[nodiscard]] QWidget* widgetOf(std::size_t place) const;
     [[nodiscard]] bool willing(std::size_t place) const;
 
     QWidget& window_;

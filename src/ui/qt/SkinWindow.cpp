@@ -3,6 +3,7 @@
 
 #include "ui/qt/DisplayText.h"
 #include "ui/qt/KeyCodes.h"
+#include "ui/qt/WindowAccess.h"
 
 #include <algorithm>
 #include <cmath>
@@ -37,6 +38,7 @@ SkinWindow::SkinWindow(ElementStore& elements, const PictureStore& pictures, Win
     setAttribute(Qt::WA_TranslucentBackground);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
+    WindowAccess::install();
     fitToGround();
     elements_.forgetChanges();
     elements_.onTouched([this] { QCoreApplication::postEvent(this, new QEvent(changesEvent())); });
@@ -53,7 +55,14 @@ void SkinWindow::hostControl(ElementAddress address, QWidget* widget) {
 
 void SkinWindow::setCaption(std::string_view bytes) {
     // Qt takes "[*]" for the place of its mark of changed documents, unless it stands twice.
-    setWindowTitle(displayString(bytes).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+    QString title = displayString(bytes);
+    if (windowHandle() != nullptr && titled_ == windowHandle()) {
+        // Past the widget, which would tell screen readers each time that its name is another.
+        windowHandle()->setTitle(title);
+        return;
+    }
+    setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+    titled_ = windowHandle();
 }
 
 void SkinWindow::setScale(double factor) {
@@ -85,6 +94,7 @@ void SkinWindow::applyChanges() {
         front_->refresh(scale_);
     }
     showRing();
+    announce(false);
 }
 
 bool SkinWindow::event(QEvent* event) {

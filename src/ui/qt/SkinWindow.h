@@ -54,6 +54,12 @@ public:
     /// window.
     void setAccess(std::vector<AccessPlace> places, AccessInput& input, Colour ring);
 
+    /// Null before `setAccess`.
+    [[nodiscard]] ElementFocus* elementFocus() const { return focus_.get(); }
+
+    /// Where a box in skin pixels is on the screen.
+    [[nodiscard]] QRect onScreen(const Box& box) const;
+
     /// Widget pixels for one skin pixel. What the screen's density adds comes on top.
     void setScale(double factor);
 
@@ -88,6 +94,8 @@ private:
     void fitToGround();
     void redraw(const Box& box);
     void showRing();
+    /// Tells screen readers, if there are any, what changed.
+    void announce(bool focusMoved);
     void followFocus(const QObject* control, QEvent::Type change);
     void press(QMouseEvent& event, bool twice);
     void applyRegion();
@@ -106,6 +114,7 @@ private:
     WindowImage image_;
     std::optional<Region> region_;
     bool dragging_ = false;           ///< a drag was begun since the press
+    const QWindow* titled_ = nullptr; ///< which got its title through the widget
     QPoint pressedAt_;                ///< where the pointer last went down, seen from the window
     std::optional<QPoint> draggedBy_; ///< likewise, while the window moves itself
     HostedControls controls_;

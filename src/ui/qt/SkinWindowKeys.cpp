@@ -2,6 +2,7 @@
 // The keyboard on a window: which element has it, and who gets a key.
 #include "ui/qt/KeyCodes.h"
 #include "ui/qt/SkinWindow.h"
+#include "ui/qt/WindowAccess.h"
 
 #include <utility>
 
@@ -9,9 +10,31 @@ namespace tovik::ui {
 
 void SkinWindow::setAccess(std::vector<AccessPlace> places, AccessInput& input, Colour ring) {
     ringColour_ = ring;
-    focus_ =
-        std::make_unique<ElementFocus>(*this, controls_, AccessList(elements_, std::move(places)),
-                                       input, dispatcher_, [this] { showRing(); });
+    focus_ = std::make_unique<ElementFocus>(
+        *this, controls_, AccessList(elements_, std::move(places)), input, dispatcher_, [this] {
+            showRing();
+            announce(true);
+        });
+}
+
+QRect SkinWindow::onScreen(const Box& box) const {
+    const QRect place = scale_.pixels(box);
+    return {mapToGlobal(place.topLeft()), place.size()};
+}
+
+void SkinWindow::announce(bool focusMoved) {
+    if (!QAccessible::isActive() || !focus_) {
+        return;
+    }
+    auto* const access = dynamic_cast<WindowAccess*>(QAccessible::queryAccessibleInterface(this));
+    if (access == nullptr) {
+        return;
+    }
+    if (focusMoved) {
+        access->announceFocus();
+    } else {
+        access->announceChanges();
+    }
 }
 
 void SkinWindow::showRing() {

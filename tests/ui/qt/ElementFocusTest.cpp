@@ -70,7 +70,7 @@ protected:
     /// Whether the ring is drawn round that box.
     [[nodiscard]] bool ringed(const QRect& box) {
         const QImage picture = window.grab().toImage();
-        const QRect ring = box.adjusted(-1, -1, 0, 0);
+        const QRect ring = box.adjusted(-1, -1, 1, 1);
         return picture.pixelColor(ring.topLeft()) == QColor(255, 156, 0) &&
                picture.pixelColor(ring.bottomRight()) == QColor(255, 156, 0);
     }
