@@ -47,6 +47,7 @@ constexpr auto kRows = std::to_array<Row>({
     {N::musicinfo_img, Field},
     several(N::shwchange, Field, 2),
     {N::stopNote, Label},
+    {N::notice_img, Label},
     two(N::Shuffle, Lamp, N::ShuffleDown),
     two(N::loopImg, Lamp, N::LoopImg2),
     two(N::CFD, Lamp, N::CFD2),
