@@ -174,6 +174,20 @@ TEST(ShippedLanguages, englishHasTheWordsThatUsersKnow) {
     EXPECT_EQ(profileValue(bytes, "frmAddStation", "item1"), "Station name");
 }
 
+TEST(ShippedLanguages, englishHasTheWordsThatAreBuiltIn) {
+    const std::string bytes = bytesOf("English");
+    int compared = 0;
+    for (const LanguageSectionRow& section : languageSections()) {
+        EXPECT_EQ(section.english.empty(), !section.name.starts_with("Tovik")) << section.name;
+        for (std::size_t number = 0; number < section.english.size(); ++number) {
+            EXPECT_EQ(profileValue(bytes, section.name, keyOf(static_cast<int>(number))),
+                      section.english[number]);
+            ++compared;
+        }
+    }
+    EXPECT_GE(compared, 20);
+}
+
 TEST(LanguageTable, eachItemOfASectionWithAWindowHasAPlace) {
     for (const LanguageSectionRow& section : languageSections()) {
         std::set<int> placed;

@@ -35,6 +35,9 @@ public:
     /// The element that a widget stands for.
     [[nodiscard]] std::optional<std::size_t> slotOf(const QObject* widget) const;
 
+    /// The widget that stands for an element; null for one without.
+    [[nodiscard]] QWidget* widgetOf(ElementAddress element) const;
+
 private:
     void cutOut(std::size_t slot, QWidget& widget, const SkinScale& scale) const;
 
