@@ -8,6 +8,9 @@
 
 namespace tovik::sound::flac {
 
+/// True for files that begin as FLAC, native or in Ogg.
+[[nodiscard]] bool isFlac(const ByteStore& store);
+
 /// Any thread. "Mine" are files that begin as native FLAC, behind leading tags or not, and Ogg
 /// files whose first stream is FLAC.
 [[nodiscard]] OpenResult openFlac(const std::shared_ptr<const ByteStore>& store);

@@ -9,6 +9,9 @@
 
 namespace tovik::sound::module {
 
+/// True when the head of `store` looks like one of the formats that libopenmpt knows.
+[[nodiscard]] bool mayBeModule(const ByteStore& store);
+
 /// Any thread. "Mine" are the formats named above, by content.
 [[nodiscard]] OpenResult openModule(const ByteStore& store, OpenOptions options);
 

@@ -11,6 +11,9 @@
 
 namespace tovik::sound::vorbis {
 
+/// True for Ogg files whose first stream is Vorbis.
+[[nodiscard]] bool isVorbis(const ByteStore& store);
+
 /// Any thread. "Mine" are Ogg files whose first stream is Vorbis.
 [[nodiscard]] OpenResult openVorbis(const std::shared_ptr<const ByteStore>& store);
 
