@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Takes the input for a sound file: it is opened in every family, decoded for a while, sought in
-// and scanned. What a decoder says of itself must hold whatever the bytes are.
+// Takes the input for a sound file: it is opened in every family, and by FFmpeg even where another
+// decoder would take it, decoded for a while, sought in and scanned. What a decoder says of itself
+// must hold whatever the bytes are.
 #include "sound/decode/Decoder.h"
+#include "sound/decode/FallbackModule.h"
 
 #include <array>
 #include <cstdlib>
@@ -69,6 +71,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             }
             if (family != FormatFamily::music) {
                 break;
+            }
+        }
+        if (family != FormatFamily::music) {
+            const OpenResult fallback = openByFallback(family, keepBytes(bytes));
+            if (fallback.decoder) {
+                exercise(*fallback.decoder);
             }
         }
     }

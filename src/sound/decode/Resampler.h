@@ -8,7 +8,7 @@
 #include <memory>
 #include <span>
 
-struct SwrContext;
+struct soxr;
 
 namespace tovik::sound {
 
@@ -47,14 +47,13 @@ public:
 
 private:
     struct Free {
-        void operator()(SwrContext* context) const noexcept;
+        void operator()(soxr* context) const noexcept;
     };
 
     Resampler(int rate, int channels);
-    [[nodiscard]] bool start() noexcept;
     std::size_t convert(std::span<const float> in, std::span<float> out) noexcept;
 
-    std::unique_ptr<SwrContext, Free> context_;
+    std::unique_ptr<soxr, Free> context_;
     int rate_;
     std::size_t channels_;
     std::int64_t taken_ = 0;

@@ -3,11 +3,9 @@
 #pragma once
 
 #include <array>
+#include <complex>
 #include <cstddef>
-#include <memory>
 #include <span>
-
-struct AVTXContext;
 
 namespace tovik::sound {
 
@@ -19,22 +17,19 @@ public:
     Spectrum();
 
     /// From mono samples to sizes 0 to 1: bin n stands for n * rate / 512 Hz, and a sine of full
-    /// scale in the middle of a bin reads 1. Hann window. All 0 if the transform is not to be had.
+    /// scale in the middle of a bin reads 1. Hann window.
     void measure(std::span<const float, kSamples> mono, std::span<float, kBins> bins) noexcept;
 
 private:
-    struct Free {
-        void operator()(AVTXContext* context) const noexcept;
-    };
+    /// Two samples in a row are one complex number: half the work of a transform of 512.
+    static constexpr std::size_t kPoints = kSamples / 2;
 
-    using Transform = void (*)(AVTXContext*, void* out, void* in, std::ptrdiff_t stride);
+    void transform() noexcept;
 
-    // Aligned as the transform asks; real and imaginary parts of one bin more than half.
-    alignas(64) std::array<float, kSamples> windowed_{};
-    alignas(64) std::array<float, kSamples + 2> complex_{};
     std::array<float, kSamples> window_{};
-    std::unique_ptr<AVTXContext, Free> context_;
-    Transform transform_ = nullptr;
+    std::array<std::complex<float>, kPoints> turns_{}; ///< exp(-2 pi i n / kSamples)
+    std::array<std::size_t, kPoints> order_{};         ///< indices with their bits reversed
+    std::array<std::complex<float>, kPoints> points_{};
 };
 
 } // namespace tovik::sound

@@ -109,6 +109,20 @@ TEST(ResamplerTest, ASineStaysPure) {
     }
 }
 
+// What is held back grows with the ratio, and all of it must have found room.
+TEST(ResamplerTest, ASineOfAVeryLowRateStaysPure) {
+    for (const int rate : {1000, 1500, 3000, 6000}) {
+        for (const std::size_t block : {64U, 1000U}) {
+            const auto resampler = Resampler::create(rate, 1);
+            const auto frames = 4 * static_cast<std::size_t>(rate);
+            std::vector<double> out =
+                middle(convert(*resampler, sine(100.0, rate, frames, 1), 1, block), 44'100);
+            out.resize(44'100);
+            EXPECT_LT(residualDecibels(out, 100.0), -100.0) << rate << " by " << block;
+        }
+    }
+}
+
 TEST(ResamplerTest, WhatLiesAboveTheOutputIsRemoved) {
     for (const auto& [rate, hz] :
          {std::pair{48000, 23000.0}, {96000, 30000.0}, {192000, 60000.0}}) {

@@ -63,6 +63,17 @@ TEST(Position, CountsEveryFrame) {
     EXPECT_EQ(rig.engine.BASS_ChannelGetPosition(other), 1000);
 }
 
+TEST(Position, OfAFileOfTheLowestRateReachesItsEnd) {
+    constexpr std::size_t kSourceFrames = 5000; // five seconds of it
+    const test::TemporaryFolder folder;
+    test::writeWav(folder / "low.wav", test::sine(50.0, 0.5F, kSourceFrames, 1000), 1000);
+    EngineRig rig;
+    const Handle channel = rig.playStream(folder / "low.wav");
+    const test::Stereo mix = rig.renderToEnd(channel);
+    EXPECT_EQ(rig.engine.BASS_ChannelGetPosition(channel), kSourceFrames * 4);
+    EXPECT_NEAR(test::effectiveSize(test::cut(mix, 44'100, 4 * 44'100)), 0.354, 0.002);
+}
+
 TEST(Position, IsWhatIsHeardNotWhatIsMixed) {
     EngineRig rig({.latencyFrames = 3000});
     const Handle channel = rig.play("wav_s16_44100_stereo.wav");

@@ -24,6 +24,10 @@ bool isNative(const ByteStore& store) {
 
 } // namespace
 
+bool isFlac(const ByteStore& store) {
+    return oggContent(store) == OggContent::flac || isNative(store);
+}
+
 OpenResult openFlac(const std::shared_ptr<const ByteStore>& store) {
     const bool inOgg = oggContent(*store) == OggContent::flac;
     if (!inOgg && !isNative(*store)) {

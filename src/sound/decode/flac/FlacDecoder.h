@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The decoder of FLAC, native or in Ogg, by libFLAC: bit for bit and exact to the frame.
+// The decoder of FLAC, native or in Ogg, by libFLAC: bit for bit and exact to the frame. One thread
+// at a time.
 #pragma once
 
 #include "sound/decode/Decoder.h"
@@ -7,6 +8,9 @@
 #include "sound/decode/PlacedBlocks.h"
 
 namespace tovik::sound::flac {
+
+/// True for files that begin as FLAC, native or in Ogg.
+[[nodiscard]] bool isFlac(const ByteStore& store);
 
 /// Any thread. "Mine" are files that begin as native FLAC, behind leading tags or not, and Ogg
 /// files whose first stream is FLAC.

@@ -21,6 +21,17 @@ constexpr std::array<std::int64_t, 4> kPrerollFrames = {2'205, 8'820, 44'100, 44
 constexpr std::array<std::string_view, 5> kTypes = {"mod", "s3m", "xm", "it", "mtm"};
 constexpr std::array<std::string_view, 3> kContainers = {"", "mo3", "umx"};
 
+bool isListed(const openmpt::module& song) {
+    return std::ranges::count(kTypes, song.get_metadata("type")) > 0 &&
+           std::ranges::count(kContainers, song.get_metadata("container")) > 0;
+}
+
+std::int64_t framesOf(double seconds) {
+    return std::llround(std::clamp(seconds, 0.0, kLongestSeconds) * kRate);
+}
+
+} // namespace
+
 bool mayBeModule(const ByteStore& store) {
     const std::vector<std::byte> head =
         readBytes(store, 0, openmpt::probe_file_header_get_recommended_size());
@@ -33,17 +44,6 @@ bool mayBeModule(const ByteStore& store) {
                                    head.size(), static_cast<std::uint64_t>(size));
     return answer == openmpt::probe_file_header_result_success;
 }
-
-bool isListed(const openmpt::module& song) {
-    return std::ranges::count(kTypes, song.get_metadata("type")) > 0 &&
-           std::ranges::count(kContainers, song.get_metadata("container")) > 0;
-}
-
-std::int64_t framesOf(double seconds) {
-    return std::llround(std::clamp(seconds, 0.0, kLongestSeconds) * kRate);
-}
-
-} // namespace
 
 OpenResult openModule(const ByteStore& store, OpenOptions options) {
     // The library tells of anything it cannot read by an exception.

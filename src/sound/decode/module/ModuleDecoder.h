@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The decoder of tracker modules: MO3, XM, MOD, S3M, IT, MTM and UMX, rendered by libopenmpt.
+// The decoder of tracker modules: MO3, XM, MOD, S3M, IT, MTM and UMX, rendered by libopenmpt. One
+// thread at a time.
 #pragma once
 
 #include "sound/decode/ByteStore.h"
@@ -8,6 +9,9 @@
 #include <libopenmpt/libopenmpt.hpp>
 
 namespace tovik::sound::module {
+
+/// True when the head of `store` looks like one of the formats that libopenmpt knows.
+[[nodiscard]] bool mayBeModule(const ByteStore& store);
 
 /// Any thread. "Mine" are the formats named above, by content.
 [[nodiscard]] OpenResult openModule(const ByteStore& store, OpenOptions options);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Little-endian numbers and names at fixed places of a few bytes. Any thread.
+// Numbers and names at fixed places of a few bytes. Any thread.
 #pragma once
 
 #include <algorithm>
@@ -10,7 +10,8 @@
 
 namespace tovik::sound::riff {
 
-/// A view; the caller sees to it that what is asked for lies within.
+/// A view, little-endian but where a name says "big"; the caller sees to it that what is asked for
+/// lies within.
 class Fields {
 public:
     explicit Fields(std::span<const std::byte> bytes) noexcept : bytes_(bytes) {}
@@ -34,6 +35,14 @@ public:
     }
 
     [[nodiscard]] std::uint32_t longWord(std::size_t at) const noexcept { return number(at, 4); }
+
+    [[nodiscard]] std::uint16_t bigWord(std::size_t at) const noexcept {
+        return static_cast<std::uint16_t>(byte(at) << 8U | byte(at + 1));
+    }
+
+    [[nodiscard]] std::uint32_t bigLongWord(std::size_t at) const noexcept {
+        return static_cast<std::uint32_t>(bigWord(at)) << 16U | bigWord(at + 2);
+    }
 
 private:
     [[nodiscard]] std::uint32_t number(std::size_t at, std::size_t size) const noexcept {

@@ -34,10 +34,14 @@ void readForm(std::span<const std::byte> body, RiffHead& head) {
 
 } // namespace
 
-std::optional<RiffHead> readRiffHead(const ByteStore& store) {
+bool isRiff(const ByteStore& store) {
     const auto start = readBytes(store, 0, kFileHeadBytes);
-    if (start.size() < kFileHeadBytes || !Fields(start).isName(0, "RIFF") ||
-        !Fields(start).isName(8, "WAVE")) {
+    return start.size() == kFileHeadBytes && Fields(start).isName(0, "RIFF") &&
+           Fields(start).isName(8, "WAVE");
+}
+
+std::optional<RiffHead> readRiffHead(const ByteStore& store) {
+    if (!isRiff(store)) {
         return std::nullopt;
     }
     RiffHead head;

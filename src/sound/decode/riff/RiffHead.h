@@ -35,6 +35,8 @@ struct RiffHead {
     std::int64_t dataBytes = 0; ///< that the store holds now, whatever the head says
 };
 
+[[nodiscard]] bool isRiff(const ByteStore& store);
+
 /// Nothing when `store` is no such file, or has no samples.
 [[nodiscard]] std::optional<RiffHead> readRiffHead(const ByteStore& store);
 

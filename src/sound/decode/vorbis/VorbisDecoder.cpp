@@ -92,8 +92,12 @@ std::unique_ptr<VorbisFile> openWhole(const std::shared_ptr<const ByteStore>& st
 
 } // namespace
 
+bool isVorbis(const ByteStore& store) {
+    return oggContent(store) == OggContent::vorbis;
+}
+
 OpenResult openVorbis(const std::shared_ptr<const ByteStore>& store) {
-    if (oggContent(*store) != OggContent::vorbis) {
+    if (!isVorbis(*store)) {
         return {OpenStatus::notMine, nullptr};
     }
     std::unique_ptr<VorbisFile> file = openWhole(store);

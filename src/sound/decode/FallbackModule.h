@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The decoders behind all others, FFmpeg's, which live in a module of ours beside the program. With
+// their hundred libraries they take longer to load than all the rest of a start, and most files do
+// without them: the module is loaded when a file first needs it. Any thread.
+#pragma once
+
+#include "sound/decode/ByteStore.h"
+#include "sound/decode/Decoder.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace tovik::sound {
+
+/// What the module hands over, under the name `kFallbackSymbol`.
+struct FallbackDecoders {
+    std::uint32_t version; ///< kFallbackVersion of when it was built
+    OpenResult (*open)(FormatFamily family, std::shared_ptr<const ByteStore> store);
+};
+
+inline constexpr std::uint32_t kFallbackVersion = 1;
+inline constexpr const char* kFallbackSymbol = "tovikFallbackDecoders";
+
+/// Opens by the module, which the first call loads (tens of milliseconds). `notMine` where there is
+/// no module. `family` is any but music.
+[[nodiscard]] OpenResult openByFallback(FormatFamily family,
+                                        const std::shared_ptr<const ByteStore>& store);
+
+} // namespace tovik::sound
