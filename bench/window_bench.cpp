@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What a window costs to draw: all of it, and what the ticks of a playing track change.
 #include "ui/GlyphText.h"
-#include "ui/MainElements.h"
 #include "ui/qt/WindowImage.h"
+#include "window/MainElements.h"
 #include "window/TextFields.h"
 
 #include <benchmark/benchmark.h>

@@ -5,7 +5,7 @@
 
 namespace tovik::app {
 
-using ui::MainElement;
+using window::MainElement;
 
 /// Tells a list widget what changed in its list.
 class MainControls::ListWatch final : public playlist::ListObserver {
@@ -50,7 +50,7 @@ private:
 MainControls::MainControls(frmPlayer& player, ui::SkinWindow& window,
                            const host::Dispatcher& dispatcher)
     : player_(player), window_(window), dispatcher_(dispatcher),
-      quickList_(player.List1(), player.stdSS(), player.transport()), text4_(new QWidget) {
+      quickList_(player.List1(), player.stdSS(), player.rows()), text4_(new QWidget) {
     text4_->setFocusPolicy(Qt::StrongFocus);
     text4_->setAttribute(Qt::WA_NoSystemBackground);
     text4_->setObjectName(QStringLiteral("Text4"));

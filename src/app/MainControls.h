@@ -29,7 +29,7 @@ public:
 private:
     class ListWatch;
 
-    void addList(ui::MainElement element, const char* objectName, playlist::stdSS& list);
+    void addList(window::MainElement element, const char* objectName, playlist::stdSS& list);
     void addQuickList();
     void addSearchField();
 

@@ -6,9 +6,9 @@
 #include "app/frmPlayer.h"
 #include "app/MainControls.h"
 #include "dialogs/LoadPresetDialog.h"
-#include "player/PlayerWindow.h"
 #include "ui/qt/SkinWindow.h"
 #include "ui/qt/SplashWindow.h"
+#include "window/PlayerWindow.h"
 
 #include <memory>
 #include <QPointer>
@@ -16,7 +16,7 @@
 namespace tovik::app {
 
 /// The window as the logic knows it; the widget comes later, with `attach`.
-class MainWindow final : public player::PlayerWindow {
+class MainWindow final : public window::PlayerWindow {
 public:
     explicit MainWindow(const host::Host& host);
     ~MainWindow() override;

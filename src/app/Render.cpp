@@ -67,7 +67,7 @@ int render(const host::CommandLine& line, const host::Environment& environment) 
     auto wav = std::make_unique<sound::WavOutput>(*line.renderFile);
     sound::WavOutput& output = *wav;
     sound::Engine engine(std::move(wav), {.feeder = sound::FeederMode::inCaller});
-    player::PlayerWindow noWindow;
+    window::PlayerWindow noWindow;
     player::TrackEvents events;
     frmPlayer player(host, engine, noWindow, events,
                      {.commandLine = line.player.text,

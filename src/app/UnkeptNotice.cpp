@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/UnkeptNotice.h"
 
-#include "ui/MainElements.h"
+#include "window/MainElements.h"
 
 #include <utility>
 
@@ -36,7 +36,7 @@ void UnkeptNotice::tell() {
 
 void UnkeptNotice::show() {
     if (told_) {
-        fields_.show(ui::MainElement::notice_img, 0, language_.get_Notice_String(0),
+        fields_.show(window::MainElement::notice_img, 0, language_.get_Notice_String(0),
                      window::Strip::Bright);
     }
 }

@@ -13,9 +13,9 @@ constexpr int kTimer4Ms = 100;
 } // namespace
 
 frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
-                     player::PlayerWindow& window, player::TrackEvents& events,
+                     window::PlayerWindow& window, player::TrackEvents& events,
                      StartOptions options)
-    : host_(host), sound_(sound), window_(window), events_(events), options_(std::move(options)),
+    : host_(host), sound_(sound), window_(window), options_(std::move(options)),
       settings_(host.paths, settingsXml_), version_(settings_),
       language_(host.paths, options_.shippedFolder),
       errHandler_(host.paths, host.clock, host.operatingSystem), errors_(errHandler_, host.dialogs),
@@ -25,43 +25,27 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                       return options_.keepsList && !listLost_ &&
                              files_.savesAtExit(state_.DirAddIdle);
                   }),
-      scroller_(host.timers, [this](std::u32string_view characters) { drawTitle(characters); }),
-      display_(elements_, fields_, scroller_,
-               [this](const std::string& caption) { window_.setCaption(caption); }),
-      equalizer_({.state = state_,
-                  .sound = sound,
-                  .errors = errors_,
-                  .elements = elements_,
-                  .dialogs = host.dialogs}),
-      equalizerFiles_(host.dialogs, equalizerStore_), playback_({.state = state_,
-                                                                 .sound = sound,
-                                                                 .settings = settings_,
-                                                                 .errors = errors_,
-                                                                 .tag = tag_,
-                                                                 .list = stdSS_,
-                                                                 .mirror = List1_,
-                                                                 .elements = elements_,
-                                                                 .playing = playing_,
-                                                                 .view = display_,
-                                                                 .events = events,
-                                                                 .window = window,
-                                                                 .equalizer = equalizer_,
-                                                                 .timers = host.timers,
-                                                                 .random = host.random}),
-      Timer4_(host.timers.makeTimer([this] { Timer4(); })),
-      Timer5_(host.timers.makeTimer([this] { caption_.Timer5(); })),
-      input_({.elements = elements_,
-              .errors = errors_,
-              .commands = commands_,
-              .shortcuts = shortcuts_,
-              .bars = bars_,
-              .equalizer = equalizerInput_,
-              .volumeBar = playback_.volumeBar,
-              .timeDisplay = timeDisplay_,
-              .window = window}) {
+      core_{.state = state_,
+            .sound = sound,
+            .settings = settings_,
+            .errors = errors_,
+            .lists = {.stdSS = stdSS_, .List1 = List1_},
+            .timers = host.timers,
+            .screen = screen_,
+            .news = news_},
+      equalizer_(core_, host.dialogs), equalizerFiles_(host.dialogs, equalizerStore_),
+      playback_(core_, tag_, equalizer_, window, host.random),
+      Timer4_(host.timers.makeTimer([this] { Timer4(); })), view_({.core = core_,
+                                                                   .playback = playback_,
+                                                                   .equalizer = equalizer_,
+                                                                   .commands = commands_,
+                                                                   .window = window,
+                                                                   .dialogs = host.dialogs,
+                                                                   .paths = host.paths}) {
+    news_.add(events);
     stdSS_.setEvents(this);
     settings_.reportUnwritten([this](const base::RuntimeError& failure) { unkept_.note(failure); });
-    language_.attach(config::TextWindow::frmPlayer, texts_);
+    language_.attach(config::TextWindow::frmPlayer, view_.texts);
     language_.attach(config::TextWindow::frmTSR, menuTexts_);
     startTimers();
     bindCommands();
@@ -69,23 +53,11 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
 
 frmPlayer::~frmPlayer() = default;
 
-void frmPlayer::drawTitle(std::u32string_view characters) {
-    if (window_.visible()) {
-        // Without a strip of glyphs the caption stands still.
-        static_cast<void>(
-            fields_.draw(ui::MainElement::songname, 0, characters, window::Strip::Bright));
-    }
-}
-
 void frmPlayer::startTimers() {
-    Timer4_->setInterval(kTimer4Ms);
-    Timer5_->setInterval(window::RotatingCaption::kTimer5Ms);
-    Timer6_->setInterval(window::Panels::kTimer6Ms);
     // The others wait until a track plays, their mode is on or a panel is switched.
-    for (host::Timer* const timer :
-         {playback_.Timer1.get(), playback_.Timer2.get(), Timer4_.get(), Timer5_.get()}) {
-        timer->setEnabled(true);
-    }
+    playback_.clock.begin();
+    Timer4_->setInterval(kTimer4Ms);
+    Timer4_->setEnabled(true);
 }
 
 void frmPlayer::take(std::span<const Step> steps) {
@@ -124,7 +96,7 @@ bool frmPlayer::sounds() const {
         return sound_.BASS_ChannelIsActive(channel) != sound::Activity::stopped;
     };
     const bool movesOn =
-        playback_.Timer3->enabled() && !state_.StopAfterCurrent && playback_.advance.hasNext();
+        playback_.clock.watchesTrack() && !state_.StopAfterCurrent && playback_.advance.hasNext();
     return state_.IsPlaying &&
            (active(state_.PrimaryChannel) || active(state_.SecondaryChannel) || movesOn);
 }
@@ -132,18 +104,17 @@ bool frmPlayer::sounds() const {
 bool frmPlayer::playsForEver() const {
     // Modules are told to repeat.
     return state_.IsPlaying && (sound_.BASS_MusicGetLength(state_.active(), true) > 0 ||
-                                (playback_.Timer3->enabled() && playback_.advance.neverEnds()));
+                                (playback_.clock.watchesTrack() && playback_.advance.neverEnds()));
 }
 
 void frmPlayer::Play(const std::string& itemData) {
-    playback_.transport.Stdss_Play(itemData);
+    playback_.rows.Stdss_Play(itemData);
 }
 
 void frmPlayer::changeLanguage() {
     language_.Language_File(settings_.getSetting("CLNG"));
     language_.loadAttached();
-    playback_.volumeBar.showText();
-    display_.showStopNote(state_.StopAfterCurrent);
+    view_.showWords();
     unkept_.show();
 }
 

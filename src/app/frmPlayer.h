@@ -5,14 +5,11 @@
 
 #include "app/StartOptions.h"
 #include "app/UnkeptNotice.h"
-#include "commands/ClsShortcut.h"
 #include "commands/Commands.h"
 #include "config/clsXML.h"
-#include "config/ErrHandler.h"
 #include "config/Errors.h"
 #include "config/MenuTexts.h"
 #include "config/MultiLNG.h"
-#include "config/Settings.h"
 #include "config/StartSettings.h"
 #include "config/Version.h"
 #include "host/Host.h"
@@ -20,33 +17,11 @@
 #include "player/EqualizerFiles.h"
 #include "player/EqualizerStore.h"
 #include "player/frmLoadPreset.h"
-#include "player/NowPlaying.h"
-#include "player/Playback.h"
-#include "player/PlayerState.h"
-#include "player/PlayerWindow.h"
-#include "player/TrackEvents.h"
 #include "playlist/ListKeeper.h"
-#include "playlist/ListMirror.h"
 #include "playlist/PlaylistFiles.h"
-#include "playlist/stdSS.h"
-#include "sound/SoundLibrary.h"
 #include "tags/cMP3ID3v1.h"
 #include "tags/TagWarning.h"
-#include "ui/cDIBSectionRegion.h"
-#include "ui/ImgScroller.h"
-#include "ui/MainElements.h"
-#include "window/ElementActions.h"
-#include "window/EqualizerInput.h"
-#include "window/MainBars.h"
-#include "window/MainDisplay.h"
-#include "window/MainInput.h"
-#include "window/MainSkin.h"
-#include "window/MainTexts.h"
-#include "window/Panels.h"
-#include "window/RotatingCaption.h"
-#include "window/SkinInput.h"
-#include "window/TextFields.h"
-#include "window/TimeDisplay.h"
+#include "window/MainView.h"
 
 #include <memory>
 #include <span>
@@ -58,7 +33,7 @@ namespace tovik::app {
 class frmPlayer final : private playlist::ListEvents {
 public:
     /// All of them outlive the player.
-    frmPlayer(const host::Host& host, sound::SoundLibrary& sound, player::PlayerWindow& window,
+    frmPlayer(const host::Host& host, sound::SoundLibrary& sound, window::PlayerWindow& window,
               player::TrackEvents& events, StartOptions options);
     ~frmPlayer() override;
     frmPlayer(const frmPlayer&) = delete;
@@ -84,19 +59,21 @@ public:
 
     // For who shows it or drives it -------------------------------------------------------------
 
-    [[nodiscard]] ui::MainElements& elements() { return elements_; }
+    [[nodiscard]] window::MainElements& elements() { return view_.elements; }
 
     [[nodiscard]] commands::Commands& commands() { return commands_; }
 
-    [[nodiscard]] ui::PictureStore& pictures() { return pictures_; }
+    [[nodiscard]] ui::PictureStore& pictures() { return view_.pictures; }
 
-    [[nodiscard]] ui::WindowInput& input() { return skinInput_; }
+    [[nodiscard]] ui::WindowInput& input() { return view_.skinInput; }
 
-    [[nodiscard]] ui::AccessInput& access() { return access_; }
+    [[nodiscard]] ui::AccessInput& access() { return view_.access; }
 
     [[nodiscard]] player::Equalizer& equalizer() { return equalizer_; }
 
     [[nodiscard]] player::Transport& transport() { return playback_.transport; }
+
+    [[nodiscard]] player::RowPlayer& rows() { return playback_.rows; }
 
     [[nodiscard]] player::TrackAdvance& advance() { return playback_.advance; }
 
@@ -106,7 +83,7 @@ public:
 
     [[nodiscard]] player::SilenceSkip& silenceSkip() { return playback_.silenceSkip; }
 
-    [[nodiscard]] window::Panels& panels() { return panels_; }
+    [[nodiscard]] window::Panels& panels() { return view_.panels; }
 
     [[nodiscard]] const player::PlayerState& state() const { return state_; }
 
@@ -127,7 +104,7 @@ public:
 
     [[nodiscard]] const config::MenuTexts& menuTexts() const { return menuTexts_; }
 
-    [[nodiscard]] const window::MainTexts& texts() const { return texts_; }
+    [[nodiscard]] const window::MainTexts& texts() const { return view_.texts; }
 
     /// Reads which language is set and gives its words to all windows that are open. Raises what
     /// reading a setting raises.
@@ -223,9 +200,6 @@ private:
     void mnuTop();
     [[nodiscard]] bool staysOnTop();
 
-    /// Draws the title as far as it has moved.
-    void drawTitle(std::u32string_view characters);
-
     void Timer4();
     void autoload_playlist();
     void playList();
@@ -239,8 +213,7 @@ private:
 
     host::Host host_;
     sound::SoundLibrary& sound_;
-    player::PlayerWindow& window_;
-    player::TrackEvents& events_;
+    window::PlayerWindow& window_;
     StartOptions options_;
 
     bool ended_ = false;        ///< the process was told to end
@@ -249,10 +222,8 @@ private:
     std::vector<Action> taken_; ///< the steps that came to their end
 
     player::PlayerState state_;
-    ui::MainElements elements_{ui::mainLayout()};
-    ui::PictureStore pictures_;
-    ui::cDIBSectionRegion shape_;
-    player::NowPlaying playing_;
+    player::Screen screen_;
+    player::TrackNews news_;
     playlist::stdSS stdSS_;
     playlist::stdSS lstTracks_;
     playlist::stdSS RadioLst_;
@@ -261,7 +232,6 @@ private:
     config::clsXML settingsXml_;
     config::Settings settings_;
     config::Version version_;
-    window::MainTexts texts_{elements_};
     config::MenuTexts menuTexts_;
     config::MultiLNG language_;
     config::ErrHandler errHandler_;
@@ -271,42 +241,16 @@ private:
     playlist::PlaylistFiles files_;
     playlist::ListKeeper listKeeper_;
 
-    window::TextFields fields_{elements_, pictures_};
-    UnkeptNotice unkept_{errors_, language_, fields_, options_.unkept};
-    ui::ImgScroller scroller_;
-    window::MainDisplay display_;
+    player::Core core_;
     player::Equalizer equalizer_;
     player::EqualizerStore equalizerStore_{settings_, equalizer_};
     player::EqualizerFiles equalizerFiles_;
     player::frmLoadPreset loadPreset_{equalizerStore_};
     player::Playback playback_;
     std::unique_ptr<host::Timer> Timer4_;
-    std::unique_ptr<host::Timer> Timer5_;
-    window::RotatingCaption caption_{state_, errors_, playing_, display_};
-    std::unique_ptr<host::Timer> Timer6_ = host_.timers.makeTimer([this] { panels_.Timer6(); });
-    window::Panels panels_{state_, elements_, window_, errors_, *Timer6_};
-
-    window::TimeDisplay timeDisplay_{state_, playing_, display_};
-    window::MainBars bars_{elements_, playback_.positionBar, playback_.volumeBar,
-                           playback_.balance};
-    window::EqualizerInput equalizerInput_{equalizer_};
     commands::Commands commands_;
-    commands::ClsShortcut shortcuts_{commands_};
-    window::MainInput input_;
-    window::ElementActions access_{{.state = state_,
-                                    .playing = playing_,
-                                    .elements = elements_,
-                                    .commands = commands_,
-                                    .position = playback_.positionBar,
-                                    .volume = playback_.volumeBar,
-                                    .balance = playback_.balance,
-                                    .equalizer = equalizer_,
-                                    .timeDisplay = timeDisplay_}};
-    window::MainSkin skin_{
-        elements_, pictures_, host_.paths, [this] { panels_.RefreshTabs(); },
-        [this](int width, int height) { return window_.fitsScreen(width, height); }};
-    window::FlatFaces flatFaces_{elements_};
-    window::SkinInput skinInput_{skin_, flatFaces_, panels_, errors_, input_};
+    window::MainView view_;
+    UnkeptNotice unkept_{errors_, language_, view_.fields, options_.unkept};
 };
 
 } // namespace tovik::app

@@ -61,7 +61,7 @@ void frmPlayer::playList() {
     const playlist::Row picked =
         state_.ShuffleOn ? playback_.advance.gen_shuffle(stdSS_.ListCount()) : 0;
     playback_.advance.selectItem(std::max(picked, 1) - 1);
-    playback_.transport.List1_DblClick();
+    playback_.rows.List1_DblClick();
 }
 
 void frmPlayer::openFileArgument(const std::string& path) {

@@ -20,11 +20,11 @@ void frmPlayer::bindCommands() {
     bindEqualizer();
     commands_.bind(CommandId::exit, [this] { host_.closing.request(); });
     commands_.bind(CommandId::minimise, [this] { window_.minimise(); });
-    window::enableButtons(elements_, commands_);
+    window::enableButtons(view_.elements, commands_);
 }
 
 void frmPlayer::bindPlaying() {
-    commands_.bind(CommandId::play, [this] { playback_.transport.button_play(); });
+    commands_.bind(CommandId::play, [this] { playback_.rows.button_play(); });
     commands_.bind(CommandId::pause, [this] { playback_.transport.button_pause(); });
     commands_.bind(CommandId::stop, [this] { playback_.transport.button_stop(); });
     commands_.bind(CommandId::backFiveSeconds, [this] { playback_.transport.five_seconds_bck(); });
@@ -36,7 +36,7 @@ void frmPlayer::bindPlaying() {
                    {.run =
                         [this] {
                             state_.StopAfterCurrent = !state_.StopAfterCurrent;
-                            display_.showStopNote(state_.StopAfterCurrent);
+                            screen_.showStopNote();
                         },
                     .checked = [this] { return state_.StopAfterCurrent; }});
 }
@@ -61,7 +61,7 @@ void frmPlayer::bindAdvance() {
 
 void frmPlayer::playItem(std::int32_t item) {
     List1_.ListIndex(item);
-    playback_.transport.List1_DblClick();
+    playback_.rows.List1_DblClick();
 }
 
 void frmPlayer::bindPanels() {
@@ -73,9 +73,9 @@ void frmPlayer::bindPanels() {
         {CommandId::radioPanel, "00001"},
     }};
     for (const auto& [id, mask] : kPanels) {
-        commands_.bind(id, [this, mask = mask] { panels_.Switch_Win(mask); });
+        commands_.bind(id, [this, mask = mask] { view_.panels.Switch_Win(mask); });
     }
-    commands_.bind(CommandId::foldQuickList, {.run = [this] { panels_.FlipQuickList(); },
+    commands_.bind(CommandId::foldQuickList, {.run = [this] { view_.panels.FlipQuickList(); },
                                               .checked = [this] { return state_.QuickListOpen; }});
 }
 
@@ -85,7 +85,7 @@ void frmPlayer::bindModes() {
     for (const auto& [id, mode] : {std::pair(CommandId::timeElapsed, TimeDisplay::kElapsed),
                                    std::pair(CommandId::timeRemaining, TimeDisplay::kRemaining)}) {
         commands_.bind(id,
-                       {.run = [this, mode = mode] { timeDisplay_.choose(mode); },
+                       {.run = [this, mode = mode] { view_.timeDisplay.choose(mode); },
                         .checked = [this, mode = mode] { return state_.TimeDisplayMode == mode; }});
     }
 }

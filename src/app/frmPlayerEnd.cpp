@@ -29,7 +29,7 @@ void frmPlayer::kill_me() {
 }
 
 void frmPlayer::tellNothingPlays() {
-    events_.reportNothing(player::kNothingFormat, player::kNothingWord);
+    news_.reportNothing(player::kNothingFormat, player::kNothingWord);
 }
 
 void frmPlayer::saveList() {

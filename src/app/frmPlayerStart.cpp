@@ -9,7 +9,6 @@
 #include "base/Text.h"
 #include "config/Profile.h"
 #include "config/SettingText.h"
-#include "player/ModeFaces.h"
 #include "player/SoundDevice.h"
 #include "skin/UnpackSkin.h"
 #include "ui/Twips.h"
@@ -23,8 +22,6 @@
 namespace tovik::app {
 
 namespace {
-
-using ui::MainElement;
 
 constexpr int kOldestSystem = 5;
 constexpr std::uint32_t kSoundVersion = 0x00000002;
@@ -87,12 +84,12 @@ void frmPlayer::meetOtherInstance() {
 
 void frmPlayer::loadSkin() {
     skin::UnpackSkin(host_.paths, host_.dialogs);
-    skin_.LoadMainSkin();
+    view_.skin.LoadMainSkin();
 }
 
 void frmPlayer::keepFaces() {
-    skin_.SaveUpPictures();
-    panels_.RefreshTabs();
+    view_.skin.SaveUpPictures();
+    view_.panels.RefreshTabs();
 }
 
 void frmPlayer::loadSettings() {
@@ -137,16 +134,7 @@ void frmPlayer::endSplash() {
 }
 
 void frmPlayer::shapeWindow() {
-    const ui::PixelImage* const ground =
-        pictures_.find(elements_.get(MainElement::mainIMG).picture);
-    ui::cDIBSection dib;
-    if (ground == nullptr || !dib.CreateFromPicture(*ground)) {
-        return;
-    }
-    shape_.Create(dib);
-    if (ui::RegionWindow* const window = window_.shape(); window != nullptr) {
-        shape_.Applied(*window, true);
-    }
+    view_.shapeWindow();
 }
 
 void frmPlayer::applyTaskbar() {
@@ -190,25 +178,21 @@ void frmPlayer::openRecording() {
 }
 
 void frmPlayer::drawEqualizer() {
-    equalizer_.draw();
+    view_.sliders.draw();
 }
 
 void frmPlayer::showVolume() {
     state_.CurrentVolume = settings_.getAs("cvl", config::settingToInt16);
-    playback_.volumeBar.showHeight();
+    view_.volumeBar.showHeight();
 }
 
 void frmPlayer::showModes() {
-    player::showMode(elements_, state_, player::Mode::crossfade);
-    player::showMode(elements_, state_, player::Mode::silenceSkip);
-    player::showMode(elements_, state_, player::Mode::shuffle);
-    player::showMode(elements_, state_, player::Mode::repeat);
-    timeDisplay_.choose(settings_.getAs("TMD", config::settingToInt16));
+    view_.showModes(settings_.getAs("TMD", config::settingToInt16));
 }
 
 void frmPlayer::showQuickList() {
     state_.QuickListOpen = settings_.getAs("qpl", config::settingToFlag);
-    panels_.ApplyQuickList();
+    view_.panels.ApplyQuickList();
 }
 
 void frmPlayer::applyBalance() {
@@ -216,7 +200,7 @@ void frmPlayer::applyBalance() {
 }
 
 void frmPlayer::showBalanceText() {
-    playback_.balance.showStartText();
+    view_.balanceBar.showStartText();
 }
 
 void frmPlayer::readMessenger() {
@@ -251,8 +235,7 @@ void frmPlayer::loadLanguage() {
     language_.Load_Main_Win_LNG();
     language_.Load_Menus_Lng();
     language_.loadNames();
-    playback_.volumeBar.showText();
-    display_.showStopNote(state_.StopAfterCurrent);
+    view_.showWords();
 }
 
 void frmPlayer::makeKnown() {
@@ -284,9 +267,9 @@ void frmPlayer::checkForUpdates() {
 }
 
 void frmPlayer::showCaptions() {
-    playing_.caption = version_.get_Tovik_Version();
-    playing_.miniCaption = playing_.caption;
-    display_.showCaptions(playing_);
+    screen_.playing.caption = version_.get_Tovik_Version();
+    screen_.playing.miniCaption = screen_.playing.caption;
+    screen_.showCaptions();
 }
 
 void frmPlayer::tellUnkept() {

@@ -1,53 +1,32 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The balance: nine lamps, words, and the pan of the channels. Interface thread.
+// The balance: its nine steps, and the pan of the channels. Interface thread.
 #pragma once
 
-#include "config/Errors.h"
-#include "player/NowPlaying.h"
-#include "player/PlayerState.h"
-#include "sound/SoundLibrary.h"
-#include "ui/MainElements.h"
+#include "player/Core.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <string>
 
 namespace tovik::player {
 
+/// The steps that a user can choose, from left to right.
+inline constexpr std::array<std::int16_t, 9> kBalanceSteps = {-100, -75, -50, -25, 0,
+                                                              25,   50,  75,  100};
+
 class Balance {
 public:
-    /// All of them outlive the object.
-    Balance(PlayerState& state, sound::SoundLibrary& sound, const config::Errors& errors,
-            ui::MainElements& elements, NowPlaying& playing, NowPlayingView& view)
-        : state_(state), sound_(sound), errors_(errors), elements_(elements), playing_(playing),
-          view_(view) {}
+    /// Kept by reference.
+    explicit Balance(const Core& core) : core_(core) {}
 
-    /// Shows a balance, -100 to 100, on the lamps and sets the pan of the active channel. A value
-    /// between the steps gets the lamps of the leftmost one and its own pan.
+    /// A balance, -100 to 100, becomes the pan of the active channel and is shown.
     void ApplyBalance(std::int16_t pan);
 
-    /// A click on lamp 0 to 8: its step becomes the balance of both channels.
-    void Balbar_Click(std::int16_t index);
-
-    /// Words for the balance that the settings brought.
-    void showStartText();
-
-    /// While the pointer is held over a lamp, the words of its step are shown.
-    void hover(std::size_t index);
-
-    /// The words of the balance come back.
-    void endHover();
+    /// Step 0 to 8 becomes the balance of both channels. Whether there is such a step.
+    bool Balbar_Click(std::int16_t index);
 
 private:
-    [[nodiscard]] std::string text(std::size_t step, std::size_t percentStep) const;
-    void showLamps(std::size_t step);
-
-    PlayerState& state_;
-    sound::SoundLibrary& sound_;
-    const config::Errors& errors_;
-    ui::MainElements& elements_;
-    NowPlaying& playing_;
-    NowPlayingView& view_;
+    const Core& core_;
 };
 
 } // namespace tovik::player

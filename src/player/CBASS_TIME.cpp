@@ -23,16 +23,16 @@ std::int32_t CBASS_TIME::GetSeconds(std::string_view time) {
     return base::GetSeconds(time);
 }
 
-std::int32_t CBASS_TIME::wholeSeconds(sound::Handle channel, std::int64_t bytes) {
+std::int32_t CBASS_TIME::wholeSeconds(sound::Handle channel, std::int64_t bytes) const {
     return base::toInt32(sound_.BASS_ChannelBytes2Seconds(channel, bytes));
 }
 
-std::int16_t CBASS_TIME::GetPlayingPos(sound::Handle channel) {
+std::int16_t CBASS_TIME::GetPlayingPos(sound::Handle channel) const {
     const std::int64_t position = sound_.BASS_ChannelGetPosition(channel);
     return base::toInt16(sound_.BASS_ChannelBytes2Seconds(channel, position));
 }
 
-std::int32_t CBASS_TIME::GetDuration(sound::Handle channel) {
+std::int32_t CBASS_TIME::GetDuration(sound::Handle channel) const {
     std::int64_t length = sound_.BASS_StreamGetLength(channel);
     if (length == -1) {
         length = sound_.BASS_MusicGetLength(channel, true);
@@ -40,19 +40,19 @@ std::int32_t CBASS_TIME::GetDuration(sound::Handle channel) {
     return wholeSeconds(channel, length);
 }
 
-sound::BASS_CHANNELINFO CBASS_TIME::info(sound::Handle channel) {
+sound::BASS_CHANNELINFO CBASS_TIME::info(sound::Handle channel) const {
     sound::BASS_CHANNELINFO info;
     sound_.BASS_ChannelGetInfo(channel, info);
     return info;
 }
 
-std::int32_t CBASS_TIME::GetBytesPerSecond(sound::Handle channel) {
+std::int32_t CBASS_TIME::GetBytesPerSecond(sound::Handle channel) const {
     const std::uint32_t channels = std::min(info(channel).chans, kMostChannels);
     // The doubling is meant for 16-bit samples only, but happens for 8-bit ones as well.
     return GetFrequency(channel) * static_cast<std::int32_t>(channels) * kBytesPerSample;
 }
 
-std::int16_t CBASS_TIME::GetBitsPerSecond(sound::Handle channel, std::int64_t fileLength) {
+std::int16_t CBASS_TIME::GetBitsPerSecond(sound::Handle channel, std::int64_t fileLength) const {
     const std::int32_t duration = GetDuration(channel);
     if (duration == 0) {
         return 0;
@@ -60,15 +60,15 @@ std::int16_t CBASS_TIME::GetBitsPerSecond(sound::Handle channel, std::int64_t fi
     return base::toInt16(static_cast<double>(fileLength) * 8 / duration / 1000);
 }
 
-std::string CBASS_TIME::GetMode(sound::Handle channel) {
+std::string CBASS_TIME::GetMode(sound::Handle channel) const {
     return info(channel).chans == 1 ? "Mono" : "Stereo";
 }
 
-std::uint8_t CBASS_TIME::GetBits(sound::Handle channel) {
+std::uint8_t CBASS_TIME::GetBits(sound::Handle channel) const {
     return (info(channel).flags & sound::BASS_SAMPLE_8BITS) != 0 ? 8 : 16;
 }
 
-std::int32_t CBASS_TIME::GetFrequency(sound::Handle channel) {
+std::int32_t CBASS_TIME::GetFrequency(sound::Handle channel) const {
     int frequency = 0;
     int volume = 0;
     int pan = 0;
@@ -76,13 +76,13 @@ std::int32_t CBASS_TIME::GetFrequency(sound::Handle channel) {
     return frequency;
 }
 
-std::uint8_t CBASS_TIME::GetDXver() {
+std::uint8_t CBASS_TIME::GetDXver() const {
     sound::BASS_INFO record;
     sound_.BASS_GetInfo(record);
     return static_cast<std::uint8_t>(record.dsver);
 }
 
-void CBASS_TIME::SetPlayingPos(sound::Handle channel, std::int32_t seconds, bool /*unused*/) {
+void CBASS_TIME::SetPlayingPos(sound::Handle channel, std::int32_t seconds, bool /*unused*/) const {
     const std::int64_t bytes = sound_.BASS_ChannelSeconds2Bytes(channel, seconds);
     sound_.BASS_ChannelSetPosition(channel, bytes);
 }

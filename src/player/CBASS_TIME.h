@@ -22,36 +22,37 @@ public:
     [[nodiscard]] static std::int32_t GetSeconds(std::string_view time);
 
     /// Rounded, halves to even. Raises 6 beyond 32767 seconds.
-    [[nodiscard]] std::int16_t GetPlayingPos(sound::Handle channel);
+    [[nodiscard]] std::int16_t GetPlayingPos(sound::Handle channel) const;
 
     /// Rounded, halves to even; 0 for a dead handle.
-    [[nodiscard]] std::int32_t GetDuration(sound::Handle channel);
+    [[nodiscard]] std::int32_t GetDuration(sound::Handle channel) const;
 
     /// Of the 16-bit form, also for channels with 8 bits.
-    [[nodiscard]] std::int32_t GetBytesPerSecond(sound::Handle channel);
+    [[nodiscard]] std::int32_t GetBytesPerSecond(sound::Handle channel) const;
 
     /// The average over the whole file in kilobits a second; 0 where there is no duration. Raises 6
     /// beyond 32767.
-    [[nodiscard]] std::int16_t GetBitsPerSecond(sound::Handle channel, std::int64_t fileLength);
+    [[nodiscard]] std::int16_t GetBitsPerSecond(sound::Handle channel,
+                                                std::int64_t fileLength) const;
 
     /// "Mono" or "Stereo".
-    [[nodiscard]] std::string GetMode(sound::Handle channel);
+    [[nodiscard]] std::string GetMode(sound::Handle channel) const;
 
     /// 8 or 16.
-    [[nodiscard]] std::uint8_t GetBits(sound::Handle channel);
+    [[nodiscard]] std::uint8_t GetBits(sound::Handle channel) const;
 
     /// In Hz; 0 for a dead handle.
-    [[nodiscard]] std::int32_t GetFrequency(sound::Handle channel);
+    [[nodiscard]] std::int32_t GetFrequency(sound::Handle channel) const;
 
     /// The version of the sound interface that the library reports.
-    [[nodiscard]] std::uint8_t GetDXver();
+    [[nodiscard]] std::uint8_t GetDXver() const;
 
     /// A place that the library refuses is left unvisited, without a word.
-    void SetPlayingPos(sound::Handle channel, std::int32_t seconds, bool unused);
+    void SetPlayingPos(sound::Handle channel, std::int32_t seconds, bool unused) const;
 
 private:
-    [[nodiscard]] sound::BASS_CHANNELINFO info(sound::Handle channel);
-    [[nodiscard]] std::int32_t wholeSeconds(sound::Handle channel, std::int64_t bytes);
+    [[nodiscard]] sound::BASS_CHANNELINFO info(sound::Handle channel) const;
+    [[nodiscard]] std::int32_t wholeSeconds(sound::Handle channel, std::int64_t bytes) const;
 
     sound::SoundLibrary& sound_;
 };

@@ -2,7 +2,6 @@
 #include "player/Crossfade.h"
 
 #include "player/FadeTime.h"
-#include "player/ModeFaces.h"
 
 namespace tovik::player {
 
@@ -17,124 +16,129 @@ constexpr int kKeepPan = -101;
 
 } // namespace
 
+Crossfade::Crossfade(const Core& core, TrackStarter& starter, TrackFacts& facts,
+                     PlaybackClock& clock, FadeOut& fadeOut)
+    : core_(core), starter_(starter), facts_(facts), clock_(clock), fadeOut_(fadeOut),
+      CrossFade_(core.timers.makeTimer([this] { crossfade_Timer(); })) {}
+
 sound::Handle& Crossfade::newChannel() {
-    return p_.state.CrossfadeLeg == kOntoSecondary ? p_.state.SecondaryChannel
-                                                   : p_.state.PrimaryChannel;
+    PlayerState& state = core_.state;
+    return state.CrossfadeLeg == kOntoSecondary ? state.SecondaryChannel : state.PrimaryChannel;
 }
 
 sound::Handle& Crossfade::oldChannel() {
-    return p_.state.CrossfadeLeg == kOntoSecondary ? p_.state.PrimaryChannel
-                                                   : p_.state.SecondaryChannel;
+    PlayerState& state = core_.state;
+    return state.CrossfadeLeg == kOntoSecondary ? state.PrimaryChannel : state.SecondaryChannel;
 }
 
 void Crossfade::makeNewActive() {
-    p_.state.ActiveChannel =
-        p_.state.CrossfadeLeg == kOntoSecondary ? ChannelSlot::secondary : ChannelSlot::primary;
+    core_.state.ActiveChannel =
+        core_.state.CrossfadeLeg == kOntoSecondary ? ChannelSlot::secondary : ChannelSlot::primary;
 }
 
-bool Crossfade::CrossFade_BurnBaby(const std::string& path, std::int32_t fadeMilliseconds,
-                                   const std::string& title) {
+bool Crossfade::CrossFade_BurnBaby(const TrackRef& track, std::int32_t fadeMilliseconds,
+                                   const std::string& popup) {
     bool started = false;
-    config::guard(p_.errors, config::player("Crossfade_BurnBaby"),
-                  [&] { started = start(path, fadeMilliseconds, title); });
+    config::guard(core_.errors, config::player("Crossfade_BurnBaby"),
+                  [&] { started = start(track, fadeMilliseconds, popup); });
     return started;
 }
 
-bool Crossfade::start(const std::string& path, std::int32_t fade, const std::string& title) {
-    PlayerState& state = p_.state;
-    p_.volume.readMode();
+bool Crossfade::start(const TrackRef& track, std::int32_t fade, const std::string& popup) {
+    PlayerState& state = core_.state;
+    starter_.readVolumeMode();
     state.SilenceTicks = 0;
-    p_.facts.takeOverFields();
+    facts_.takeOverFields();
     ++state.TracksStarted;
     ++state.CrossfadeLeg;
     if (state.CrossfadeLeg > kOntoPrimary) {
         state.CrossfadeLeg = kOntoSecondary;
     }
     state.IsPlaying = true;
-    p_.CrossFade.setInterval(fadeMilliseconds(fadeSeconds(p_.settings)));
-    p_.CrossFade.setEnabled(false);
+    CrossFade_->setInterval(fadeMilliseconds(fadeSeconds(core_.settings)));
+    CrossFade_->setEnabled(false);
     if (state.CrossfadeLeg == kOntoSecondary) {
-        p_.events.restartVisualisation();
+        core_.news.restartVisualisation();
     }
     sound::Handle& channel = newChannel();
-    p_.opener.free(channel);
-    channel = p_.opener.open(path);
+    opener_.free(channel);
+    channel = opener_.open(track.path);
     if (channel == sound::kNoHandle) {
-        if (const auto track = cdTrackOf(path); track && startCdTrack(*track, channel)) {
+        if (const auto number = cdTrackOf(track.path); number && startCdTrack(*number, channel)) {
             beginSlides(fade);
-            p_.facts.showNothingKnown();
-            p_.events.restartVisualisation();
+            facts_.showNothingKnown(track);
+            core_.news.restartVisualisation();
             return true;
         }
-        showUnopened();
+        showUnopened(track);
         return false;
     }
     // The output may be paused, whatever `IsPaused` says: the buttons clear the flag beforehand.
-    p_.sound.BASS_Start();
+    core_.sound.BASS_Start();
     makeNewActive();
-    p_.starter.startBeside(channel, path);
-    p_.Timer3.setEnabled(true);
-    p_.events.restartVisualisation();
+    starter_.startBeside(channel, track.path);
+    clock_.watchTrack(true);
+    core_.news.restartVisualisation();
     beginSlides(fade);
-    p_.facts.show(channel, path, title);
+    facts_.show(channel, track, popup);
     return true;
 }
 
-void Crossfade::showUnopened() {
-    if (p_.sound.BASS_ChannelIsActive(oldChannel()) == sound::Activity::stopped) {
-        p_.facts.showSilence();
+void Crossfade::showUnopened(const TrackRef& track) {
+    if (core_.sound.BASS_ChannelIsActive(oldChannel()) == sound::Activity::stopped) {
+        facts_.showSilence();
     }
-    p_.facts.showUnopened();
+    facts_.showUnopened(track);
 }
 
 bool Crossfade::startCdTrack(std::uint32_t track, sound::Handle& channel) {
-    p_.list.GetData(p_.list.SelectedIndex);
-    channel = p_.opener.openCdTrack(track);
+    channel = opener_.openCdTrack(track);
     makeNewActive();
     if (channel != sound::kNoHandle) {
         // A paused output stays so where nothing starts.
-        p_.sound.BASS_Start();
+        core_.sound.BASS_Start();
     }
-    p_.starter.startDiscBeside(channel);
+    starter_.startDiscBeside(channel);
     if (channel == sound::kNoHandle) {
         return false;
     }
-    p_.Timer3.setEnabled(true);
-    p_.state.IsPlaying = true;
-    p_.state.IsPaused = false;
-    p_.state.IsWmaStream = false;
+    clock_.watchTrack(true);
+    core_.state.IsPlaying = true;
+    core_.state.IsPaused = false;
+    core_.state.IsWmaStream = false;
     return true;
 }
 
 void Crossfade::beginSlides(std::int32_t milliseconds) {
     const auto time = static_cast<std::uint32_t>(milliseconds);
     // What starts calls a fade-out off: it was meant for the track before.
-    p_.FadeOut.setEnabled(false);
-    if (milliseconds > 0 && p_.CrossFade.interval() > 0) {
-        p_.CrossFade.setEnabled(true);
-        p_.sound.BASS_ChannelSlideAttributes(oldChannel(), kKeepFrequency, 0, kKeepPan, time);
+    fadeOut_.callOff();
+    if (milliseconds > 0 && CrossFade_->interval() > 0) {
+        CrossFade_->setEnabled(true);
+        core_.sound.BASS_ChannelSlideAttributes(oldChannel(), kKeepFrequency, 0, kKeepPan, time);
     } else {
         // No tick would come to free it.
-        p_.opener.free(oldChannel());
+        opener_.free(oldChannel());
     }
     // The new track stands at this volume already: only the old one fades. Where volume goes to
     // the whole output, a channel begins at its full level and this brings it down.
-    p_.sound.BASS_ChannelSlideAttributes(newChannel(), kKeepFrequency, p_.state.CurrentVolume,
-                                         kKeepPan, time);
+    core_.sound.BASS_ChannelSlideAttributes(newChannel(), kKeepFrequency, core_.state.CurrentVolume,
+                                            kKeepPan, time);
 }
 
 void Crossfade::crossfade_Timer() {
-    config::guard(p_.errors, config::player("CrossFade"), [this] {
-        if (p_.state.CrossfadeLeg == kOntoSecondary || p_.state.CrossfadeLeg == kOntoPrimary) {
-            p_.opener.free(oldChannel());
+    config::guard(core_.errors, config::player("CrossFade"), [this] {
+        if (core_.state.CrossfadeLeg == kOntoSecondary ||
+            core_.state.CrossfadeLeg == kOntoPrimary) {
+            opener_.free(oldChannel());
         }
-        p_.CrossFade.setEnabled(false);
+        CrossFade_->setEnabled(false);
     });
 }
 
 void Crossfade::button_cfd() {
-    p_.state.CrossfadeOn = !p_.state.CrossfadeOn;
-    showMode(p_.elements, p_.state, Mode::crossfade);
+    core_.state.CrossfadeOn = !core_.state.CrossfadeOn;
+    core_.screen.showMode(Mode::crossfade);
 }
 
 } // namespace tovik::player

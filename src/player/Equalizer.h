@@ -1,43 +1,36 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The ten bands and the master: what the sliders say reaches the filters of the track that started
+// The ten bands and the master: the curve, and how it reaches the filters of the track that started
 // last. Interface thread.
 #pragma once
 
-#include "config/Errors.h"
 #include "host/Dialogs.h"
-#include "player/PlayerState.h"
+#include "player/Core.h"
+#include "player/EqualizerGains.h"
 #include "player/StartEqualizer.h"
-#include "sound/SoundLibrary.h"
-#include "ui/MainElements.h"
-#include "ui/PicVScroll.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <vector>
 
 namespace tovik::player {
 
-/// The sliders hold the only copy of the curve. A step is one decibel; band and master add up, so
-/// that a band gets from -20 to 20 dB.
+/// Holds the only copy of the curve: the values of its sliders, `kSliderTop` to `kSliderBottom`. A
+/// step is one decibel; band and master add up, so that a band gets from -20 to 20 dB.
 class Equalizer final : public StartEqualizer {
 public:
     static constexpr std::size_t kBands = 10;
     static constexpr std::size_t kMaster = kBands; ///< the index of the master's slider
+    static constexpr std::size_t kSliders = kBands + 1;
 
-    /// What the equalizer works with; all of it outlives it.
-    struct Parts {
-        PlayerState& state;
-        sound::SoundLibrary& sound;
-        config::Errors& errors;
-        ui::MainElements& elements;
-        host::Dialogs& dialogs;
-    };
+    /// Both outlive the equalizer. All sliders stand in the middle.
+    Equalizer(const Core& core, host::Dialogs& dialogs);
 
-    explicit Equalizer(const Parts& parts);
-    ~Equalizer() override = default;
-    Equalizer(const Equalizer&) = delete;
-    Equalizer& operator=(const Equalizer&) = delete;
+    /// The value of a slider: bands 0 to 9, then the master. Raises 9 for any other.
+    [[nodiscard]] std::int32_t eq_sld(std::size_t index) const;
+
+    /// Moves a slider, which is heard at once, also when it stood there. A value outside its limits
+    /// is refused with a box. Raises 9 for a slider that is none.
+    void eq_sld(std::size_t index, std::int32_t value);
 
     /// Makes ten filters on the channel of the current leg and applies the sliders. Without a leg
     /// the filters of before are set anew.
@@ -73,20 +66,14 @@ public:
     /// Puts the bands to the middle; the master stays.
     void resetbt_Click();
 
-    /// Draws all sliders where their values put them, with the skin's bar if there is one.
-    void draw();
-
-    /// Bands 0 to 9, then the master. Raises 9 for any other.
-    [[nodiscard]] ui::PicVScroll& eq_sld(std::size_t index);
-
 private:
     [[nodiscard]] std::array<sound::Handle, kBands> makeFilters(sound::Handle channel);
     void setGain(std::size_t band, std::int32_t gain);
     void copySlider(std::size_t band);
-    void showSwitch();
 
-    Parts p_;
-    std::vector<ui::PicVScroll> sliders_;
+    const Core& core_;
+    host::Dialogs& dialogs_;
+    std::array<std::int32_t, kSliders> sliders_{};
     std::array<sound::Handle, kBands> BandEffects_{}; ///< of the track that started last
 };
 

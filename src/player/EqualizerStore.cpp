@@ -38,14 +38,14 @@ std::string presetPath(std::int32_t number) {
 void EqualizerStore::apply(std::string_view curve) {
     const config::Fields gains(curve, kSeparator);
     for (std::size_t band = 0; band < Equalizer::kBands; ++band) {
-        equalizer_.eq_sld(band).Value(sliderOfGain(gains.at(band)));
+        equalizer_.eq_sld(band, sliderOfGain(gains.at(band)));
     }
 }
 
 std::string EqualizerStore::curve() const {
     std::array<std::int32_t, Equalizer::kBands> sliders{};
     for (std::size_t band = 0; band < sliders.size(); ++band) {
-        sliders.at(band) = equalizer_.eq_sld(band).Value();
+        sliders.at(band) = equalizer_.eq_sld(band);
     }
     return curveText(sliders);
 }
@@ -87,11 +87,11 @@ void EqualizerStore::autosave_eq() {
 }
 
 void EqualizerStore::autoload_db() {
-    equalizer_.eq_sld(Equalizer::kMaster).Value(settings_.getAs(kMasterKey, sliderOfGain));
+    equalizer_.eq_sld(Equalizer::kMaster, settings_.getAs(kMasterKey, sliderOfGain));
 }
 
 void EqualizerStore::autosave_db() {
-    settings_.saveSetting(kMasterKey, gainText(equalizer_.eq_sld(Equalizer::kMaster).Value()));
+    settings_.saveSetting(kMasterKey, gainText(equalizer_.eq_sld(Equalizer::kMaster)));
 }
 
 void EqualizerStore::save_teq(const std::string& path) const {

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What is shown of the playing track, as one record: each window maps it onto its own elements.
-// Interface thread.
+// What is shown of the playing track, as one record, and those who show it. Interface thread.
 #pragma once
 
+#include "player/Mode.h"
+
 #include <array>
+#include <cstddef>
+#include <cstdint>
 #include <string>
 
 namespace tovik::player {
@@ -34,33 +37,52 @@ struct NowPlaying {
     bool balanceHover = false; ///< the pointer is held over the lamps: `hoverText` is shown
 };
 
-/// A window that shows the record. It is told which part changed.
+/// Somebody who shows the record. It is told which part changed, and says what of it it shows.
 class NowPlayingView {
 public:
     virtual ~NowPlayingView() = default;
 
     /// The facts of the track: info text, mode, fields.
-    virtual void showFacts(const NowPlaying& playing) = 0;
+    virtual void showFacts(const NowPlaying& /*playing*/) {}
 
     /// Of these, the info text and the mode.
-    virtual void showFormat(const NowPlaying& playing) = 0;
+    virtual void showFormat(const NowPlaying& /*playing*/) {}
 
     /// Scroller and captions.
-    virtual void showTitles(const NowPlaying& playing) = 0;
+    virtual void showTitles(const NowPlaying& /*playing*/) {}
 
     /// Only the captions.
-    virtual void showCaptions(const NowPlaying& playing) = 0;
+    virtual void showCaptions(const NowPlaying& /*playing*/) {}
 
-    virtual void showTime(const NowPlaying& playing) = 0;
-    virtual void showPosition(const NowPlaying& playing) = 0;
+    virtual void showTime(const NowPlaying& /*playing*/) {}
+
+    virtual void showPosition(const NowPlaying& /*playing*/) {}
 
     /// The words for volume and balance.
-    virtual void showVolume(const NowPlaying& playing) = 0;
-    virtual void showBalance(const NowPlaying& playing) = 0;
+    virtual void showVolume(const NowPlaying& /*playing*/) {}
 
-    /// A file is the current source: its labels and fields show, in place of a station's line, and
-    /// are hidden on the other panels.
-    virtual void showFields(bool visible) = 0;
+    virtual void showBalance(const NowPlaying& /*playing*/) {}
+
+    /// The volume became that of the state, other than by a hand on this view's own bar.
+    virtual void showVolumeLevel() {}
+
+    /// A balance from -100 to 100 is heard.
+    virtual void showBalanceLevel(std::int16_t /*pan*/) {}
+
+    /// A file or a station, as the state has it, is the current source.
+    virtual void showSource() {}
+
+    /// A mode was switched; the state says how.
+    virtual void showMode(Mode /*mode*/) {}
+
+    /// Whether the player stops after this track, as the state has it.
+    virtual void showStopNote() {}
+
+    /// The equalizer was switched; the state says how.
+    virtual void showEqualizer() {}
+
+    /// A slider of the equalizer, a band or the master, has that value.
+    virtual void showSlider(std::size_t /*slider*/, std::int32_t /*value*/) {}
 };
 
 } // namespace tovik::player

@@ -3,69 +3,43 @@
 #pragma once
 
 #include "host/RandomNumbers.h"
-#include "host/TimerFactory.h"
 #include "player/Balance.h"
 #include "player/CBASS_TIME.h"
+#include "player/Core.h"
 #include "player/Crossfade.h"
 #include "player/FadeOut.h"
 #include "player/PlaybackClock.h"
-#include "player/PositionBar.h"
+#include "player/PlayerHandle.h"
+#include "player/RowPlayer.h"
 #include "player/SilenceSkip.h"
 #include "player/TrackAdvance.h"
 #include "player/TrackFacts.h"
-#include "player/TrackOpener.h"
+#include "player/TrackSeek.h"
 #include "player/TrackStarter.h"
 #include "player/Transport.h"
 #include "player/Volume.h"
-#include "player/VolumeBar.h"
-
-#include <memory>
 
 namespace tovik::player {
 
-/// What the parts work with; all of it outlives them.
-struct PlaybackNeeds {
-    PlayerState& state;
-    sound::SoundLibrary& sound;
-    config::Settings& settings;
-    config::Errors& errors;
-    tags::cMP3ID3v1& tag;
-    playlist::stdSS& list;
-    playlist::ListMirror& mirror;
-    ui::MainElements& elements;
-    NowPlaying& playing;
-    NowPlayingView& view;
-    TrackEvents& events;
-    PlayerWindow& window;
-    StartEqualizer& equalizer;
-    host::TimerFactory& timers;
-    host::RandomNumbers& random;
-};
-
-/// The parts are used as they are; the timers have their intervals and are not enabled yet.
+/// The parts are used as they are; no timer ticks yet.
 struct Playback {
-    explicit Playback(const PlaybackNeeds& needs);
+    /// All of them outlive the parts.
+    Playback(const Core& core, tags::cMP3ID3v1& tag, StartEqualizer& equalizer,
+             const PlayerHandle& window, host::RandomNumbers& random);
 
     CBASS_TIME time;
-    TrackOpener opener;
     Volume volume;
-    VolumeBar volumeBar;
     Balance balance;
     TrackStarter starter;
     TrackFacts facts;
-    std::unique_ptr<host::Timer> Timer1;
-    std::unique_ptr<host::Timer> Timer2;
-    std::unique_ptr<host::Timer> Timer3;
-    std::unique_ptr<host::Timer> sldTimer;
-    std::unique_ptr<host::Timer> CrossFadeTimer;
-    std::unique_ptr<host::Timer> FadeOutTimer;
-    Crossfade crossfade;
-    Transport transport;
-    TrackAdvance advance;
-    SilenceSkip silenceSkip;
-    FadeOut fadeOut;
     PlaybackClock clock;
-    PositionBar positionBar;
+    SilenceSkip silenceSkip; ///< ticks in front of a crossfade's end that is due at the same time
+    Crossfade crossfade;
+    FadeOut fadeOut;
+    Transport transport;
+    RowPlayer rows;
+    TrackAdvance advance;
+    TrackSeek seek;
 };
 
 } // namespace tovik::player

@@ -16,6 +16,20 @@ std::int16_t percentPlayed(std::int32_t position, std::int32_t duration) {
     return base::toInt16(base::divide(position, duration) * 100.0);
 }
 
+PlaybackClock::PlaybackClock(const Core& core)
+    : core_(core), Timer1_(core.timers.makeTimer([this] { Timer1(); })),
+      Timer2_(core.timers.makeTimer([this] { Timer2(); })),
+      Timer3_(core.timers.makeTimer([this] { Timer3(); })) {
+    Timer1_->setInterval(kTimer1Ms);
+    Timer2_->setInterval(kTimer2Ms);
+    Timer3_->setInterval(kTimer3Ms);
+}
+
+void PlaybackClock::begin() {
+    Timer1_->setEnabled(true);
+    Timer2_->setEnabled(true);
+}
+
 /// A position that no 16 bits hold and a channel that is dead both raise 6, and both count as the
 /// end of a track.
 template <typename Body>
@@ -26,58 +40,61 @@ void PlaybackClock::endTrackOnOverflow(Body&& body) {
         if (error.number() != static_cast<int>(base::ErrorNumber::Overflow)) {
             throw;
         }
-        advance_.Next_track();
+        end_->Next_track();
     }
 }
 
 void PlaybackClock::Timer1() {
-    config::guard(errors_, config::player("timer1"), [this] {
-        if (state_.IsPlaying && state_.ActiveChannel != ChannelSlot::none) {
+    config::guard(core_.errors, config::player("timer1"), [this] {
+        if (core_.state.IsPlaying && core_.state.ActiveChannel != ChannelSlot::none) {
             endTrackOnOverflow([this] { showTime(); });
         }
     });
 }
 
 void PlaybackClock::showTime() {
-    const std::int32_t position = time_.GetPlayingPos(state_.active());
-    const std::int32_t shown = state_.TimeDisplayMode == kRemaining
-                                   ? time_.GetDuration(state_.active()) - position
+    const PlayerState& state = core_.state;
+    const std::int32_t position = time_.GetPlayingPos(state.active());
+    const std::int32_t shown = state.TimeDisplayMode == kRemaining
+                                   ? time_.GetDuration(state.active()) - position
                                    : position;
-    playing_.time = base::lastFive(shown);
-    playing_.countsDown = state_.TimeDisplayMode != 0;
-    view_.showTime(playing_);
+    core_.screen.playing.time = base::lastFive(shown);
+    core_.screen.playing.countsDown = state.TimeDisplayMode != 0;
+    core_.screen.showTime();
 }
 
 void PlaybackClock::Timer2() {
-    config::guard(errors_, config::player("timer2"), [this] {
-        playing_.mode = state_.TrackInfoMode;
-        playing_.infoText = state_.TrackInfoText;
-        view_.showFormat(playing_);
-        view_.showVolume(playing_);
-        if (!playing_.balanceHover) {
-            view_.showBalance(playing_);
+    config::guard(core_.errors, config::player("timer2"), [this] {
+        Screen& screen = core_.screen;
+        screen.playing.mode = core_.state.TrackInfoMode;
+        screen.playing.infoText = core_.state.TrackInfoText;
+        screen.showFormat();
+        screen.showVolume();
+        if (!screen.playing.balanceHover) {
+            screen.showBalance();
         }
     });
 }
 
 void PlaybackClock::Timer3() {
-    config::guard(errors_, config::player("timer3"), [this] {
-        if (state_.IsPlaying) {
+    config::guard(core_.errors, config::player("timer3"), [this] {
+        if (core_.state.IsPlaying) {
             endTrackOnOverflow([this] { movePosition(); });
         }
     });
 }
 
 void PlaybackClock::movePosition() {
+    const PlayerState& state = core_.state;
     std::int16_t percent = 0;
-    if (state_.ActiveChannel != ChannelSlot::none) {
-        const std::int32_t position = time_.GetPlayingPos(state_.active());
-        percent = percentPlayed(position, time_.GetDuration(state_.active()));
+    if (state.ActiveChannel != ChannelSlot::none) {
+        const std::int32_t position = time_.GetPlayingPos(state.active());
+        percent = percentPlayed(position, time_.GetDuration(state.active()));
     }
-    playing_.percent = percent;
-    view_.showPosition(playing_);
+    core_.screen.playing.percent = percent;
+    core_.screen.showPosition();
     if (isEndOfTrack(percent)) {
-        advance_.endTrack();
+        end_->endTrack();
     }
 }
 

@@ -2,27 +2,39 @@
 // What moves while a track plays, and the decision that it is over. Interface thread.
 #pragma once
 
-#include "config/Errors.h"
 #include "player/CBASS_TIME.h"
-#include "player/NowPlaying.h"
-#include "player/PlayerState.h"
-#include "player/TrackAdvance.h"
+#include "player/Core.h"
+#include "player/TrackEnd.h"
 
 #include <cstdint>
+#include <memory>
 
 namespace tovik::player {
 
 class PlaybackClock {
 public:
-    /// All of them outlive the clock.
-    PlaybackClock(PlayerState& state, CBASS_TIME& time, config::Errors& errors, NowPlaying& playing,
-                  NowPlayingView& view, TrackAdvance& advance)
-        : state_(state), time_(time), errors_(errors), playing_(playing), view_(view),
-          advance_(advance) {}
+    /// `core` outlives the clock. Its timers do not tick yet.
+    explicit PlaybackClock(const Core& core);
+
+    /// Who is told that a track is over; before anything ticks. Outlives the clock.
+    void setEnd(TrackEnd& end) { end_ = &end; }
 
     static constexpr int kTimer1Ms = 500;
     static constexpr int kTimer2Ms = 250;
     static constexpr int kTimer3Ms = 1000;
+
+    /// Lets digits and words tick, from the start of the program on.
+    void begin();
+
+    /// Whether `Timer1` moves the digits: not while a hand is on the position bar.
+    void moveDigits(bool moving) { Timer1_->setEnabled(moving); }
+
+    [[nodiscard]] bool movesDigits() const { return Timer1_->enabled(); }
+
+    /// Whether `Timer3` moves the position mark and looks for the end of the track.
+    void watchTrack(bool watching) { Timer3_->setEnabled(watching); }
+
+    [[nodiscard]] bool watchesTrack() const { return Timer3_->enabled(); }
 
     /// The digits: time played, or time left with `TimeDisplayMode` 1.
     void Timer1();
@@ -39,12 +51,12 @@ private:
     template <typename Body>
     void endTrackOnOverflow(Body&& body);
 
-    PlayerState& state_;
-    CBASS_TIME& time_;
-    config::Errors& errors_;
-    NowPlaying& playing_;
-    NowPlayingView& view_;
-    TrackAdvance& advance_;
+    const Core& core_;
+    TrackEnd* end_ = nullptr;
+    CBASS_TIME time_{core_.sound};
+    std::unique_ptr<host::Timer> Timer1_;
+    std::unique_ptr<host::Timer> Timer2_;
+    std::unique_ptr<host::Timer> Timer3_;
 };
 
 /// How much of a track was played, in percent, from whole seconds. Raises 6 for 0 of 0, which is

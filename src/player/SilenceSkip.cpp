@@ -4,7 +4,6 @@
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
 #include "config/SettingText.h"
-#include "player/ModeFaces.h"
 
 #include <limits>
 
@@ -22,16 +21,22 @@ std::int16_t silenceCountsFrom(std::int16_t percent) {
     return base::toInt16(percent / 100.0);
 }
 
+SilenceSkip::SilenceSkip(const Core& core, const Crossfade& crossfade)
+    : core_(core), crossfade_(crossfade),
+      sldTimer_(core.timers.makeTimer([this] { SLD_Timer(); })) {
+    sldTimer_->setInterval(kSldTimerMs);
+}
+
 void SilenceSkip::watch() {
-    p_.sldTimer.setEnabled(p_.state.SilenceSkipOn);
+    sldTimer_->setEnabled(core_.state.SilenceSkipOn);
 }
 
 bool SilenceSkip::opened() const {
     double progress = 0;
-    if (p_.state.ActiveChannel != ChannelSlot::none) {
+    if (core_.state.ActiveChannel != ChannelSlot::none) {
         try {
-            const std::int32_t position = p_.time.GetPlayingPos(p_.state.active());
-            progress = base::divide(position, p_.time.GetDuration(p_.state.active()));
+            const std::int32_t position = time_.GetPlayingPos(core_.state.active());
+            progress = base::divide(position, time_.GetDuration(core_.state.active()));
         } catch (const base::RuntimeError&) {
             // The tick carries on behind a statement that failed, ten times a second: it says
             // nothing, and the track counts as at its start.
@@ -42,28 +47,28 @@ bool SilenceSkip::opened() const {
 }
 
 void SilenceSkip::SLD_Timer() {
-    PlayerState& state = p_.state;
-    if (p_.CrossFade.enabled() || !state.SilenceSkipOn || !state.IsPlaying || !opened()) {
+    PlayerState& state = core_.state;
+    if (crossfade_.runs() || !state.SilenceSkipOn || !state.IsPlaying || !opened()) {
         return;
     }
-    if (p_.sound.BASS_ChannelGetLevel(state.active()) == 0 &&
+    if (core_.sound.BASS_ChannelGetLevel(state.active()) == 0 &&
         state.SilenceTicks < std::numeric_limits<std::int16_t>::max()) {
         ++state.SilenceTicks;
     }
-    if (state.SilenceTicks < kTicksOfSilence || p_.list.ListCount() < 1) {
+    if (state.SilenceTicks < kTicksOfSilence || core_.lists.stdSS.ListCount() < 1) {
         return;
     }
     state.SilenceTicks = 0;
-    config::guard(p_.errors, config::player("sldTimer"), [this] { p_.advance.endTrack(); });
+    config::guard(core_.errors, config::player("sldTimer"), [this] { end_->endTrack(); });
 }
 
 void SilenceSkip::button_sld() {
-    PlayerState& state = p_.state;
+    PlayerState& state = core_.state;
     state.SilenceSkipOn = !state.SilenceSkipOn;
-    showMode(p_.elements, state, Mode::silenceSkip);
+    core_.screen.showMode(Mode::silenceSkip);
     watch();
     if (state.SilenceSkipOn) {
-        silenceThreshold_ = p_.settings.getAs("SLDT", config::settingToInt16);
+        silenceThreshold_ = core_.settings.getAs("SLDT", config::settingToInt16);
     }
 }
 

@@ -2,42 +2,30 @@
 // Moves on when a track is mute. Interface thread.
 #pragma once
 
-#include "config/Errors.h"
-#include "config/Settings.h"
-#include "host/Timer.h"
 #include "player/CBASS_TIME.h"
-#include "player/PlayerState.h"
-#include "player/TrackAdvance.h"
-#include "playlist/stdSS.h"
-#include "sound/SoundLibrary.h"
-#include "ui/MainElements.h"
+#include "player/Core.h"
+#include "player/Crossfade.h"
+#include "player/TrackEnd.h"
 
 #include <cstdint>
+#include <memory>
 
 namespace tovik::player {
 
-/// What silence skip works with; all of it outlives it.
-struct SilenceSkipParts {
-    PlayerState& state;
-    sound::SoundLibrary& sound;
-    CBASS_TIME& time;
-    config::Settings& settings;
-    config::Errors& errors;
-    playlist::stdSS& list;
-    TrackAdvance& advance;
-    ui::MainElements& elements;
-    host::Timer& sldTimer;
-    host::Timer& CrossFade; ///< while it runs, nothing is taken for silence
-};
-
 class SilenceSkip {
 public:
-    explicit SilenceSkip(const SilenceSkipParts& parts) : p_(parts) {}
+    /// All of them outlive the object. While `crossfade` runs, nothing is taken for silence.
+    SilenceSkip(const Core& core, const Crossfade& crossfade);
+
+    /// Who is told that a track is over; before anything ticks. Outlives the object.
+    void setEnd(TrackEnd& end) { end_ = &end; }
 
     static constexpr int kSldTimerMs = 100;
 
     /// Lets `sldTimer` tick while the mode is on; its tick would do nothing otherwise.
     void watch();
+
+    [[nodiscard]] bool watches() const { return sldTimer_->enabled(); }
 
     /// The tick of `sldTimer`. It carries on behind a figure that cannot be had.
     void SLD_Timer();
@@ -49,7 +37,11 @@ public:
 private:
     [[nodiscard]] bool opened() const;
 
-    SilenceSkipParts p_;
+    const Core& core_;
+    TrackEnd* end_ = nullptr;
+    const Crossfade& crossfade_;
+    CBASS_TIME time_{core_.sound};
+    std::unique_ptr<host::Timer> sldTimer_;
 
     /// "SLDT" as the button read it last. A deliberate oddity: it is not read at the start, so a
     /// mode that was left on at the last exit works with 0 until the button is used.

@@ -3,7 +3,6 @@
 
 #include "base/Numbers.h"
 #include "player/FadeTime.h"
-#include "player/ModeFaces.h"
 
 #include <array>
 #include <cmath>
@@ -16,114 +15,95 @@ constexpr playlist::Row kTenRows = 10;
 
 } // namespace
 
-void TrackAdvance::PlayRow(playlist::Row row, std::int32_t fadeSeconds) {
-    p_.list.SelectIndex(row);
-    p_.list.GetData(row);
-    const std::string path = p_.list.OutFileName;
-    if (p_.state.CrossfadeOn && p_.state.TracksStarted != 0) {
-        p_.crossfade.CrossFade_BurnBaby(path, fadeMilliseconds(fadeSeconds), "");
-    } else {
-        p_.transport.Burnbaby(path, 0, "");
-    }
-    p_.state.CurrentTitle = p_.list.OutTitle;
-    const std::string shown = " " + p_.list.OutTitle;
-    p_.playing.scrollerText = shown;
-    p_.playing.caption = shown;
-    if (p_.state.MiniModeOn) {
-        p_.playing.miniCaption = shown;
-    }
-    p_.view.showTitles(p_.playing);
-}
-
 playlist::Row TrackAdvance::gen_shuffle(playlist::Row count) {
     // Cell 0 stays empty and cell 9 is never taken.
     static constexpr std::size_t kCells = 10;
     static constexpr double kTaken = 9;
     static constexpr playlist::Row kFewRows = 10;
     playlist::Row picked = 0;
-    config::guard(p_.errors, config::player("GenShuffle"), [&] {
+    config::guard(core_.errors, config::player("GenShuffle"), [&] {
         std::array<playlist::Row, kCells> cells{};
         for (std::size_t i = 1; i < kCells; ++i) {
             do {
-                cells[i] = base::toInt32(std::floor(count * p_.random.next() + 1));
+                cells[i] = base::toInt32(std::floor(count * random_.next() + 1));
             } while (count > kFewRows && cells[i] == cells[i - 1]);
         }
-        picked = cells.at(static_cast<std::size_t>(p_.random.next() * kTaken));
+        picked = cells.at(static_cast<std::size_t>(random_.next() * kTaken));
     });
     return picked;
 }
 
 playlist::Row TrackAdvance::pick() {
-    return gen_shuffle(p_.list.ListCount());
+    return gen_shuffle(core_.lists.stdSS.ListCount());
 }
 
 void TrackAdvance::Next_track() {
-    config::guard(p_.errors, config::player("Next_track"), [this] {
-        const std::int32_t seconds = fadeSeconds(p_.settings);
-        if (p_.state.ShuffleOn) {
-            PlayRow(pick(), seconds);
+    config::guard(core_.errors, config::player("Next_track"), [this] {
+        const std::int32_t seconds = fadeSeconds(core_.settings);
+        if (core_.state.ShuffleOn) {
+            rows_.PlayRow(pick(), seconds);
         } else if (hasNext()) {
-            const playlist::Row row = p_.list.SelectedIndex;
-            PlayRow(row == p_.list.ListCount() ? 1 : row + 1, seconds);
+            const playlist::Row row = core_.lists.stdSS.SelectedIndex;
+            rows_.PlayRow(row == core_.lists.stdSS.ListCount() ? 1 : row + 1, seconds);
         }
     });
 }
 
 void TrackAdvance::last_track() {
-    config::guard(p_.errors, config::player("Last_track"), [this] {
-        const std::int32_t seconds = fadeSeconds(p_.settings);
-        const playlist::Row count = p_.list.ListCount();
-        if (p_.list.SelectedIndex == 0) {
-            p_.list.SelectedIndex = 1;
+    config::guard(core_.errors, config::player("Last_track"), [this] {
+        const std::int32_t seconds = fadeSeconds(core_.settings);
+        const playlist::Row count = core_.lists.stdSS.ListCount();
+        if (core_.lists.stdSS.SelectedIndex == 0) {
+            core_.lists.stdSS.SelectedIndex = 1;
         }
-        const playlist::Row row = p_.list.SelectedIndex;
-        if (p_.state.ShuffleOn) {
-            if (count != 0 && p_.state.RepeatOn) {
-                PlayRow(pick(), seconds);
+        const playlist::Row row = core_.lists.stdSS.SelectedIndex;
+        if (core_.state.ShuffleOn) {
+            if (count != 0 && core_.state.RepeatOn) {
+                rows_.PlayRow(pick(), seconds);
             }
         } else if (row != 1) {
-            PlayRow(row - 1, seconds);
-        } else if (p_.state.RepeatOn && count != 0) {
+            rows_.PlayRow(row - 1, seconds);
+        } else if (core_.state.RepeatOn && count != 0) {
             // A deliberate oddity: with a single row this is row 0, which plays nothing.
-            PlayRow(count == 1 ? 0 : count, seconds);
+            rows_.PlayRow(count == 1 ? 0 : count, seconds);
         }
     });
 }
 
 bool TrackAdvance::hasNext() const {
-    const playlist::Row count = p_.list.ListCount();
-    return count != 0 &&
-           (p_.state.ShuffleOn || p_.state.RepeatOn || p_.list.SelectedIndex != count);
+    const playlist::Row count = core_.lists.stdSS.ListCount();
+    return count != 0 && (core_.state.ShuffleOn || core_.state.RepeatOn ||
+                          core_.lists.stdSS.SelectedIndex != count);
 }
 
 bool TrackAdvance::neverEnds() const {
-    return p_.list.ListCount() != 0 && (p_.state.ShuffleOn || p_.state.RepeatOn) &&
-           !p_.state.StopAfterCurrent;
+    return core_.lists.stdSS.ListCount() != 0 && (core_.state.ShuffleOn || core_.state.RepeatOn) &&
+           !core_.state.StopAfterCurrent;
 }
 
 void TrackAdvance::endTrack() {
-    if (p_.state.StopAfterCurrent || p_.FadeOut.enabled()) {
-        p_.transport.button_stop();
+    if (core_.state.StopAfterCurrent || fadeOut_.runs()) {
+        transport_.button_stop();
     } else {
         Next_track();
     }
 }
 
 void TrackAdvance::selectItem(std::int32_t item) {
-    if (item >= 0 && item < p_.mirror.ListCount()) {
-        p_.mirror.ListIndex(item);
+    if (item >= 0 && item < core_.lists.List1.ListCount()) {
+        core_.lists.List1.ListIndex(item);
     }
 }
 
 void TrackAdvance::playItem(playlist::Row row) {
     selectItem(row - 1);
-    p_.list.SelectedIndex = row;
-    p_.transport.List1_DblClick();
+    core_.lists.stdSS.SelectedIndex = row;
+    rows_.List1_DblClick();
 }
 
 void TrackAdvance::ten_tracks_fwd() {
-    const playlist::Row count = p_.list.ListCount();
-    const playlist::Row row = p_.list.SelectedIndex;
+    const playlist::Row count = core_.lists.stdSS.ListCount();
+    const playlist::Row row = core_.lists.stdSS.SelectedIndex;
     if (count == 0 || row < 1) {
         playItem(kTenRows);
     } else if (count - row < kTenRows) {
@@ -134,8 +114,8 @@ void TrackAdvance::ten_tracks_fwd() {
 }
 
 void TrackAdvance::ten_track_bck() {
-    const playlist::Row row = p_.list.SelectedIndex;
-    if (p_.list.ListCount() != 0 && row > kTenRows) {
+    const playlist::Row row = core_.lists.stdSS.SelectedIndex;
+    if (core_.lists.stdSS.ListCount() != 0 && row > kTenRows) {
         playItem(row - kTenRows);
     } else {
         last_track();
@@ -143,27 +123,27 @@ void TrackAdvance::ten_track_bck() {
 }
 
 void TrackAdvance::button_next() {
-    if (p_.list.ListCount() > 0) {
-        p_.state.IsPaused = false;
+    if (core_.lists.stdSS.ListCount() > 0) {
+        core_.state.IsPaused = false;
         Next_track();
     }
 }
 
 void TrackAdvance::button_previous() {
-    if (p_.list.ListCount() > 0) {
-        p_.state.IsPaused = false;
+    if (core_.lists.stdSS.ListCount() > 0) {
+        core_.state.IsPaused = false;
         last_track();
     }
 }
 
 void TrackAdvance::button_shuffle() {
-    p_.state.ShuffleOn = !p_.state.ShuffleOn;
-    showMode(p_.elements, p_.state, Mode::shuffle);
+    core_.state.ShuffleOn = !core_.state.ShuffleOn;
+    core_.screen.showMode(Mode::shuffle);
 }
 
 void TrackAdvance::button_loop() {
-    p_.state.RepeatOn = !p_.state.RepeatOn;
-    showMode(p_.elements, p_.state, Mode::repeat);
+    core_.state.RepeatOn = !core_.state.RepeatOn;
+    core_.screen.showMode(Mode::repeat);
 }
 
 } // namespace tovik::player

@@ -2,45 +2,25 @@
 // Decides which row plays next. Interface thread.
 #pragma once
 
-#include "config/Errors.h"
-#include "config/Settings.h"
 #include "host/RandomNumbers.h"
-#include "host/Timer.h"
-#include "player/Crossfade.h"
-#include "player/NowPlaying.h"
-#include "player/PlayerState.h"
+#include "player/Core.h"
+#include "player/FadeOut.h"
+#include "player/RowPlayer.h"
+#include "player/TrackEnd.h"
 #include "player/Transport.h"
-#include "playlist/ListMirror.h"
-#include "playlist/stdSS.h"
-#include "ui/MainElements.h"
 
 #include <cstdint>
 
 namespace tovik::player {
 
-/// What the advance works with; all of it outlives it.
-struct TrackAdvanceParts {
-    PlayerState& state;
-    config::Settings& settings;
-    config::Errors& errors;
-    Transport& transport;
-    Crossfade& crossfade;
-    playlist::stdSS& list;
-    playlist::ListMirror& mirror;
-    ui::MainElements& elements;
-    NowPlaying& playing;
-    NowPlayingView& view;
-    host::RandomNumbers& random;
-    const host::Timer& FadeOut; ///< runs while the track is to stop when it is mute
-};
-
-class TrackAdvance {
+class TrackAdvance final : public TrackEnd {
 public:
-    explicit TrackAdvance(const TrackAdvanceParts& parts) : p_(parts) {}
+    /// All of them outlive the object.
+    TrackAdvance(const Core& core, Transport& transport, RowPlayer& rows, FadeOut& fadeOut,
+                 host::RandomNumbers& random)
+        : core_(core), transport_(transport), rows_(rows), fadeOut_(fadeOut), random_(random) {}
 
-    /// The row after the current one, or a pick. At the end of the list without repeat nothing
-    /// happens: the finished track stays the selected one.
-    void Next_track();
+    void Next_track() override;
 
     /// The row before, or with shuffle and repeat a new pick.
     void last_track();
@@ -62,9 +42,7 @@ public:
     /// its seed from the clock when the program starts.
     [[nodiscard]] playlist::Row gen_shuffle(playlist::Row count);
 
-    /// A track is over: stops if that was asked for, also by a fade-out that is not through, else
-    /// moves on.
-    void endTrack();
+    void endTrack() override;
 
     /// Whether `Next_track` would play something.
     [[nodiscard]] bool hasNext() const;
@@ -77,11 +55,14 @@ public:
     void selectItem(std::int32_t item);
 
 private:
-    void PlayRow(playlist::Row row, std::int32_t fadeSeconds);
     void playItem(playlist::Row row);
     [[nodiscard]] playlist::Row pick();
 
-    TrackAdvanceParts p_;
+    const Core& core_;
+    Transport& transport_;
+    RowPlayer& rows_;
+    FadeOut& fadeOut_;
+    host::RandomNumbers& random_;
 };
 
 } // namespace tovik::player

@@ -27,86 +27,69 @@ std::int64_t fileLength(const std::string& path) {
 
 } // namespace
 
-TrackFacts::TrackFacts(PlayerState& state, CBASS_TIME& time, config::Settings& settings,
-                       tags::cMP3ID3v1& tag, playlist::stdSS& list, NowPlaying& playing,
-                       NowPlayingView& view, TrackEvents& events)
-    : state_(state), time_(time), settings_(settings), tag_(tag), list_(list), playing_(playing),
-      view_(view), events_(events) {}
-
 std::string TrackFacts::lastFive(sound::Handle channel) {
     return base::lastFive(time_.GetDuration(channel));
 }
 
 void TrackFacts::takeOverFields() {
-    state_.RadioMode = false;
-    view_.showFields(true);
+    core_.state.RadioMode = false;
+    core_.screen.showSource();
 }
 
-void TrackFacts::show(sound::Handle channel, const std::string& path, const std::string& title) {
-    showSoundingRow();
-    showFormat(channel, path);
-    readFields(path);
-    view_.showFacts(playing_);
-    if (state_.TracksStarted > 1) {
-        refreshRowTime(channel);
+void TrackFacts::show(sound::Handle channel, const TrackRef& track, const std::string& popup) {
+    core_.lists.stdSS.showSounding(track.row);
+    showFormat(channel, track.path);
+    readFields(track.path);
+    core_.screen.showFacts();
+    if (core_.state.TracksStarted > 1) {
+        refreshRowTime(channel, track.row);
     }
-    showPopup(channel, title);
-    showTitles(channel);
-    state_.IsPlaying = true;
-    state_.IsPaused = false;
-    std::ranges::replace(playing_.fields, std::string(), std::string(kUnknown));
-    view_.showFacts(playing_);
-    events_.restartVisualisation();
-    if (state_.CurrentPanel > 1) {
-        view_.showFields(false);
-    }
-    events_.reportTrack({.path = path,
-                         .artist = std::string(tags::shownField(tag_.Artist())),
-                         .title = std::string(tags::shownField(tag_.Title())),
-                         .album = std::string(tags::shownField(tag_.Album())),
-                         .listTitle = list_.OutTitle,
-                         .seconds = time_.GetDuration(channel)});
+    showPopup(channel, popup.empty() ? track.title + " " : popup);
+    showTitles(channel, track);
+    core_.state.IsPlaying = true;
+    core_.state.IsPaused = false;
+    std::ranges::replace(core_.screen.playing.fields, std::string(), std::string(kUnknown));
+    core_.screen.showFacts();
+    core_.news.restartVisualisation();
+    core_.news.reportTrack({.path = track.path,
+                            .artist = std::string(tags::shownField(tag_.Artist())),
+                            .title = std::string(tags::shownField(tag_.Title())),
+                            .album = std::string(tags::shownField(tag_.Album())),
+                            .listTitle = track.title,
+                            .seconds = time_.GetDuration(channel)});
 }
 
-void TrackFacts::showNothingKnown() {
-    showSoundingRow();
-    playing_.fields.fill(kUnknown);
-    view_.showFacts(playing_);
+void TrackFacts::showNothingKnown(const TrackRef& track) {
+    core_.lists.stdSS.showSounding(track.row);
+    core_.screen.playing.fields.fill(kUnknown);
+    core_.screen.showFacts();
 }
 
-void TrackFacts::showSoundingRow() {
-    // Whoever starts a row has made it the selected one.
-    list_.showSounding(list_.SelectedIndex);
-}
-
-void TrackFacts::showUnopened() {
-    state_.CurrentTitle = list_.OutTitle;
-    playing_.miniCaption = " " + state_.CurrentTitle;
-    playing_.scrollerText = playing_.miniCaption;
-    playing_.caption = playing_.miniCaption;
-    view_.showTitles(playing_);
-    if (state_.CurrentPanel > 1) {
-        view_.showFields(false);
-    }
+void TrackFacts::showUnopened(const TrackRef& track) {
+    core_.state.CurrentTitle = track.title;
+    core_.screen.playing.miniCaption = " " + core_.state.CurrentTitle;
+    core_.screen.playing.scrollerText = core_.screen.playing.miniCaption;
+    core_.screen.playing.caption = core_.screen.playing.miniCaption;
+    core_.screen.showTitles();
 }
 
 void TrackFacts::showSilence() {
-    list_.showSounding(0);
-    playing_.time = kNoTime;
-    view_.showTime(playing_);
-    playing_.percent = 0;
-    view_.showPosition(playing_);
-    playing_.fields.fill(kUnknown);
-    view_.showFacts(playing_);
+    core_.lists.stdSS.showSounding(0);
+    core_.screen.playing.time = kNoTime;
+    core_.screen.showTime();
+    core_.screen.playing.percent = 0;
+    core_.screen.showPosition();
+    core_.screen.playing.fields.fill(kUnknown);
+    core_.screen.showFacts();
 }
 
 void TrackFacts::showFormat(sound::Handle channel, const std::string& path) {
     const std::int16_t rate = time_.GetBitsPerSecond(channel, fileLength(path));
     const std::string frequency = std::to_string(time_.GetFrequency(channel)).substr(0, 2);
-    state_.TrackInfoText = std::to_string(rate) + " kbps  " + frequency + " KHZ";
-    state_.TrackInfoMode = time_.GetMode(channel);
-    playing_.infoText = state_.TrackInfoText;
-    playing_.mode = state_.TrackInfoMode;
+    core_.state.TrackInfoText = std::to_string(rate) + " kbps  " + frequency + " KHZ";
+    core_.state.TrackInfoMode = time_.GetMode(channel);
+    core_.screen.playing.infoText = core_.state.TrackInfoText;
+    core_.screen.playing.mode = core_.state.TrackInfoMode;
 }
 
 void TrackFacts::readFields(const std::string& path) {
@@ -117,29 +100,29 @@ void TrackFacts::readFields(const std::string& path) {
     // Without a tag the number is 0, which would be the name of a genre.
     const std::string_view genre =
         tag_.HasID3v1Tag() ? tags::cMP3ID3v1::GenreName(tag_.genre()) : std::string_view();
-    playing_.fields = {shown(tag_.Artist()), shown(tag_.Title()), shown(tag_.Album()),
-                       shown(tag_.Year()), shown(genre)};
+    core_.screen.playing.fields = {shown(tag_.Artist()), shown(tag_.Title()), shown(tag_.Album()),
+                                   shown(tag_.Year()), shown(genre)};
 }
 
-void TrackFacts::refreshRowTime(sound::Handle channel) {
+void TrackFacts::refreshRowTime(sound::Handle channel, playlist::Row row) {
     const std::int32_t duration = time_.GetDuration(channel);
-    list_.RefreshTime(list_.SelectedIndex, duration, CBASS_TIME::GetTime(duration));
+    core_.lists.stdSS.RefreshTime(row, duration, CBASS_TIME::GetTime(duration));
 }
 
-void TrackFacts::showPopup(sound::Handle channel, const std::string& title) {
-    if (!settings_.getAs("OSD", config::settingToFlag)) {
+void TrackFacts::showPopup(sound::Handle channel, const std::string& text) {
+    if (!core_.settings.getAs("OSD", config::settingToFlag)) {
         return;
     }
-    const std::string time = "(" + lastFive(channel) + ")";
-    events_.showTitlePopup(title.empty() ? list_.OutTitle + " " + time : title + time);
+    core_.news.showTitlePopup(text + "(" + lastFive(channel) + ")");
 }
 
-void TrackFacts::showTitles(sound::Handle channel) {
-    state_.CurrentTitle = list_.OutTitle;
-    playing_.scrollerText = " " + state_.CurrentTitle + " (" + lastFive(channel) + ")";
-    playing_.caption = playing_.scrollerText;
-    playing_.miniCaption = " " + state_.CurrentTitle;
-    view_.showTitles(playing_);
+void TrackFacts::showTitles(sound::Handle channel, const TrackRef& track) {
+    core_.state.CurrentTitle = track.title;
+    core_.screen.playing.scrollerText =
+        " " + core_.state.CurrentTitle + " (" + lastFive(channel) + ")";
+    core_.screen.playing.caption = core_.screen.playing.scrollerText;
+    core_.screen.playing.miniCaption = " " + core_.state.CurrentTitle;
+    core_.screen.showTitles();
 }
 
 } // namespace tovik::player

@@ -3,12 +3,9 @@
 // Interface thread.
 #pragma once
 
-#include "config/Settings.h"
 #include "player/CBASS_TIME.h"
-#include "player/NowPlaying.h"
-#include "player/PlayerState.h"
-#include "player/TrackEvents.h"
-#include "playlist/stdSS.h"
+#include "player/Core.h"
+#include "player/TrackRef.h"
 #include "tags/cMP3ID3v1.h"
 
 #include <string>
@@ -17,51 +14,43 @@ namespace tovik::player {
 
 class TrackFacts {
 public:
-    /// All of them outlive the object.
-    TrackFacts(PlayerState& state, CBASS_TIME& time, config::Settings& settings,
-               tags::cMP3ID3v1& tag, playlist::stdSS& list, NowPlaying& playing,
-               NowPlayingView& view, TrackEvents& events);
+    /// Both outlive the object.
+    TrackFacts(const Core& core, tags::cMP3ID3v1& tag) : core_(core), tag_(tag) {}
 
     /// A file or a disc's track becomes the current source: the fields of the tag take the place of
     /// what a station showed.
     void takeOverFields();
 
-    /// From the rate to the report: everything that follows the start of the sound of `path` on
-    /// `channel`. `title` is for the popup; empty takes the title of the row fetched last.
-    void show(sound::Handle channel, const std::string& path, const std::string& title);
+    /// From the rate to the report: everything that follows the start of the sound of a track on
+    /// `channel`. `popup` is the text of the title popup; empty takes the row's title.
+    void show(sound::Handle channel, const TrackRef& track, const std::string& popup);
 
     /// A CD track tells nothing of itself but its row.
-    void showNothingKnown();
+    void showNothingKnown(const TrackRef& track);
 
     /// A file did not open: title and captions are those of its row. What sounds besides goes on,
     /// and so does the clock.
-    void showUnopened();
+    void showUnopened(const TrackRef& track);
 
     /// Nothing sounds any more: clock and position mark stand at the start, nothing is known of a
     /// track, and no row has the played look.
     void showSilence();
 
-    /// Current title, scroller and captions from the row fetched last and the length of `channel`.
-    void showTitles(sound::Handle channel);
+    /// Current title, scroller and captions from the row and the length of `channel`.
+    void showTitles(sound::Handle channel, const TrackRef& track);
 
-    /// Writes the length of `channel` into the selected row.
-    void refreshRowTime(sound::Handle channel);
+    /// Writes the length of `channel` into a row.
+    void refreshRowTime(sound::Handle channel, playlist::Row row);
 
 private:
-    void showSoundingRow();
     void showFormat(sound::Handle channel, const std::string& path);
     void readFields(const std::string& path);
-    void showPopup(sound::Handle channel, const std::string& title);
+    void showPopup(sound::Handle channel, const std::string& text);
     [[nodiscard]] std::string lastFive(sound::Handle channel);
 
-    PlayerState& state_;
-    CBASS_TIME& time_;
-    config::Settings& settings_;
+    const Core& core_;
     tags::cMP3ID3v1& tag_;
-    playlist::stdSS& list_;
-    NowPlaying& playing_;
-    NowPlayingView& view_;
-    TrackEvents& events_;
+    CBASS_TIME time_{core_.sound};
 };
 
 } // namespace tovik::player

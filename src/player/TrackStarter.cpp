@@ -1,9 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/TrackStarter.h"
 
+#include "player/SoundDevice.h"
+#include "player/TrackOpener.h"
+
 #include <array>
 
 namespace tovik::player {
+
+void TrackStarter::resetDevice() {
+    core_.sound.BASS_Free();
+    static_cast<void>(openSoundDevice(core_.sound, window_.handle()));
+    TrackOpener opener(core_.sound);
+    opener.free(core_.state.PrimaryChannel);
+    opener.free(core_.state.SecondaryChannel);
+}
 
 void TrackStarter::startPlainly(sound::Handle channel, const std::string& path) {
     static constexpr std::array kWma = {Act::equalizer, Act::balance, Act::readMode, Act::volume,
@@ -24,17 +35,17 @@ void TrackStarter::startBeside(sound::Handle channel, const std::string& path) {
 void TrackStarter::startDiscBeside(sound::Handle channel) {
     equalizer_.Set_EQ();
     volume_.apply();
-    balance_.ApplyBalance(state_.BalanceValue);
-    sound_.BASS_StreamPlay(channel, true, 0);
+    balance_.ApplyBalance(core_.state.BalanceValue);
+    core_.sound.BASS_StreamPlay(channel, true, 0);
 }
 
 void TrackStarter::start(sound::Handle channel, const std::string& path, const Ways& ways) {
-    if (sound_.BASS_WMA_GetIWMReader(channel) > 0) {
+    if (core_.sound.BASS_WMA_GetIWMReader(channel) > 0) {
         openForNothing(path);
         run(channel, ways.wma);
-        state_.IsWmaStream = true;
+        core_.state.IsWmaStream = true;
     } else {
-        state_.IsWmaStream = false;
+        core_.state.IsWmaStream = false;
         run(channel, ways.others);
     }
 }
@@ -42,8 +53,8 @@ void TrackStarter::start(sound::Handle channel, const std::string& path, const W
 void TrackStarter::openForNothing(const std::string& path) {
     // A file of this kind is opened once more and nothing is done with it. It is freed at once:
     // crossfades never reset the device, and there such streams would pile up.
-    sound_.BASS_StreamFree(
-        sound_.BASS_WMA_StreamCreateFile(false, path, 0, 0, sound::BASS_SAMPLE_FX));
+    core_.sound.BASS_StreamFree(
+        core_.sound.BASS_WMA_StreamCreateFile(false, path, 0, 0, sound::BASS_SAMPLE_FX));
 }
 
 void TrackStarter::run(sound::Handle channel, std::span<const Act> acts) {
@@ -56,17 +67,17 @@ void TrackStarter::run(sound::Handle channel, std::span<const Act> acts) {
             equalizer_.Set_EQ();
             break;
         case Act::balance:
-            balance_.ApplyBalance(state_.BalanceValue);
+            balance_.ApplyBalance(core_.state.BalanceValue);
             break;
         case Act::volume:
             volume_.apply();
             break;
         case Act::playModule:
             // One of the two play calls is meant for the handle; the other fails without effect.
-            sound_.BASS_MusicPlay(channel);
+            core_.sound.BASS_MusicPlay(channel);
             break;
         case Act::playStream:
-            sound_.BASS_StreamPlay(channel, false, 0);
+            core_.sound.BASS_StreamPlay(channel, false, 0);
             break;
         }
     }

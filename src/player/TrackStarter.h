@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Makes an opened channel sound: equalizer, balance, volume and the play calls, in the order of
-// each way to start. Plain starts and crossfades share it. Interface thread.
+// Makes an opened channel sound: device, equalizer, balance, volume and the play calls, in the
+// order of each way to start. Plain starts and crossfades share it. Interface thread.
 #pragma once
 
 #include "player/Balance.h"
-#include "player/PlayerState.h"
+#include "player/Core.h"
+#include "player/PlayerHandle.h"
 #include "player/StartEqualizer.h"
 #include "player/Volume.h"
-#include "sound/SoundLibrary.h"
 
 #include <cstdint>
 #include <span>
@@ -18,9 +18,12 @@ namespace tovik::player {
 class TrackStarter {
 public:
     /// All of them outlive the object.
-    TrackStarter(PlayerState& state, sound::SoundLibrary& sound, Volume& volume, Balance& balance,
-                 StartEqualizer& equalizer)
-        : state_(state), sound_(sound), volume_(volume), balance_(balance), equalizer_(equalizer) {}
+    TrackStarter(const Core& core, Volume& volume, Balance& balance, StartEqualizer& equalizer,
+                 const PlayerHandle& window)
+        : core_(core), volume_(volume), balance_(balance), equalizer_(equalizer), window_(window) {}
+
+    /// Silences what sounds and frees both channels; the device itself stays open behind it.
+    void resetDevice();
 
     /// For a device that was just reset: also reads where the volume goes.
     void startPlainly(sound::Handle channel, const std::string& path);
@@ -31,6 +34,9 @@ public:
 
     /// The same for a CD track.
     void startDiscBeside(sound::Handle channel);
+
+    /// Reads where the volume goes. Raises like `Volume::readMode`.
+    void readVolumeMode() { volume_.readMode(); }
 
 private:
     enum class Act : std::uint8_t { readMode, equalizer, balance, volume, playModule, playStream };
@@ -45,11 +51,11 @@ private:
     void run(sound::Handle channel, std::span<const Act> acts);
     void openForNothing(const std::string& path);
 
-    PlayerState& state_;
-    sound::SoundLibrary& sound_;
+    const Core& core_;
     Volume& volume_;
     Balance& balance_;
     StartEqualizer& equalizer_;
+    const PlayerHandle& window_;
 };
 
 } // namespace tovik::player

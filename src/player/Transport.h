@@ -2,59 +2,31 @@
 // Starts, pauses and stops tracks. Interface thread.
 #pragma once
 
-#include "config/Errors.h"
-#include "config/Settings.h"
-#include "host/Clock.h"
-#include "host/Timer.h"
 #include "player/CBASS_TIME.h"
-#include "player/Crossfade.h"
-#include "player/NowPlaying.h"
-#include "player/PlayerState.h"
-#include "player/PlayerWindow.h"
-#include "player/StartEqualizer.h"
-#include "player/TrackEvents.h"
+#include "player/Core.h"
+#include "player/FadeOut.h"
+#include "player/PlaybackClock.h"
 #include "player/TrackFacts.h"
 #include "player/TrackOpener.h"
+#include "player/TrackRef.h"
 #include "player/TrackStarter.h"
-#include "playlist/ListMirror.h"
-#include "playlist/stdSS.h"
-#include "ui/MainElements.h"
 
 #include <string>
 
 namespace tovik::player {
 
-/// What a transport works with; all of it outlives it.
-struct TransportParts {
-    PlayerState& state;
-    sound::SoundLibrary& sound;
-    config::Errors& errors;
-    CBASS_TIME& time;
-    TrackOpener& opener;
-    TrackFacts& facts;
-    TrackStarter& starter;
-    Crossfade& crossfade;
-    config::Settings& settings;
-    playlist::stdSS& list;
-    playlist::ListMirror& mirror;
-    ui::MainElements& elements;
-    NowPlaying& playing;
-    NowPlayingView& view;
-    TrackEvents& events;
-    PlayerWindow& window;
-    host::Timer& Timer3;  ///< position mark and end of track
-    host::Timer& FadeOut; ///< stops the track when it is mute
-};
-
 class Transport {
 public:
-    explicit Transport(const TransportParts& parts) : p_(parts) {}
+    /// All of them outlive the object.
+    Transport(const Core& core, TrackStarter& starter, TrackFacts& facts, PlaybackClock& clock,
+              FadeOut& fadeOut)
+        : core_(core), starter_(starter), facts_(facts), clock_(clock), fadeOut_(fadeOut) {}
 
-    /// Loads and starts `path` on the primary channel, after the device was reset, which silences
+    /// Loads and starts a track on the primary channel, after the device was reset, which silences
     /// what sounded and calls a fade-out off. A file that no decoder takes is left without a word,
-    /// with its title and a clock at the start. `title` is for the popup; all callers leave it
-    /// empty. Whether it started.
-    bool Burnbaby(const std::string& path, std::int32_t reserved, const std::string& title);
+    /// with its title and a clock at the start. `popup` is the text of the title popup; empty takes
+    /// the row's. Whether it started.
+    bool Burnbaby(const TrackRef& track, const std::string& popup = {});
 
     /// Silences streams, which are freed, and modules, which the next start frees.
     void Stop_play();
@@ -62,8 +34,6 @@ public:
     /// Pauses the whole output, or lets it sound again.
     void pause();
 
-    /// Plays the selected row from its beginning, also while paused; without one the first row.
-    void button_play();
     void button_pause();
     void button_stop();
 
@@ -73,23 +43,19 @@ public:
     void five_seconds_fwd();
     void five_seconds_bck();
 
-    /// A row of the list is to be played: the selected one, whatever `row` says. A crossfade, if
-    /// that mode is on.
-    void Stdss_Play(const std::string& row);
-
-    /// Plays the selected item of the plain list; the Enter key does the same. A crossfade, if that
-    /// mode is on and a track was started before. Raises like a missing setting.
-    void List1_DblClick();
-
 private:
-    [[nodiscard]] bool start(const std::string& path, const std::string& title);
-    [[nodiscard]] bool startAlone(const std::string& path);
-    [[nodiscard]] bool startCdTrack(std::uint32_t track);
-    void resetDevice();
+    [[nodiscard]] bool start(const TrackRef& track, const std::string& popup);
+    [[nodiscard]] bool startCdTrack(const TrackRef& track, std::uint32_t number);
     void setIdleSync(sound::Handle channel, std::uint32_t type);
     void skip(std::int32_t seconds);
 
-    TransportParts p_;
+    const Core& core_;
+    TrackStarter& starter_;
+    TrackFacts& facts_;
+    PlaybackClock& clock_;
+    FadeOut& fadeOut_;
+    TrackOpener opener_{core_.sound};
+    CBASS_TIME time_{core_.sound};
 };
 
 } // namespace tovik::player

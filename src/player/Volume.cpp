@@ -3,6 +3,8 @@
 
 #include "config/SettingText.h"
 
+#include <algorithm>
+
 namespace tovik::player {
 
 namespace {
@@ -15,23 +17,31 @@ constexpr int kCentredPan = 0;
 
 } // namespace
 
+void Volume::change_volume(std::int16_t value, std::int16_t /*absolute*/) {
+    readMode();
+    core_.state.CurrentVolume = std::clamp<std::int16_t>(value, 0, 100);
+    core_.screen.showVolumeLevel();
+    apply();
+}
+
 void Volume::Channel_Set_Volume(std::int16_t value) {
-    if (state_.CrossfadeLeg == 2) {
-        sound_.BASS_ChannelSetAttributes(state_.PrimaryChannel, kKeep, value, kCentredPan);
-    } else if (state_.CrossfadeLeg == 1) {
-        sound_.BASS_ChannelSetAttributes(state_.SecondaryChannel, kKeep, value, kCentredPan);
+    const PlayerState& state = core_.state;
+    if (state.CrossfadeLeg == 2) {
+        core_.sound.BASS_ChannelSetAttributes(state.PrimaryChannel, kKeep, value, kCentredPan);
+    } else if (state.CrossfadeLeg == 1) {
+        core_.sound.BASS_ChannelSetAttributes(state.SecondaryChannel, kKeep, value, kCentredPan);
     }
 }
 
 void Volume::readMode() {
-    state_.GlobalVolumeMode = settings_.getAs("EV2", config::settingToInt16);
+    core_.state.GlobalVolumeMode = core_.settings.getAs("EV2", config::settingToInt16);
 }
 
 void Volume::apply() {
-    if (state_.GlobalVolumeMode == 0) {
-        Channel_Set_Volume(state_.CurrentVolume);
+    if (core_.state.GlobalVolumeMode == 0) {
+        Channel_Set_Volume(core_.state.CurrentVolume);
     } else {
-        sound_.BASS_SetVolume(state_.CurrentVolume);
+        core_.sound.BASS_SetVolume(core_.state.CurrentVolume);
     }
 }
 

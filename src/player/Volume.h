@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What of the volume reaches the sound library. Interface thread.
+// The volume, and what of it reaches the sound library. Interface thread.
 #pragma once
 
-#include "config/Settings.h"
-#include "player/PlayerState.h"
-#include "sound/SoundLibrary.h"
+#include "player/Core.h"
 
 #include <cstdint>
 
@@ -12,8 +10,12 @@ namespace tovik::player {
 
 class Volume {
 public:
-    Volume(PlayerState& state, sound::SoundLibrary& sound, config::Settings& settings)
-        : state_(state), sound_(sound), settings_(settings) {}
+    /// Kept by reference.
+    explicit Volume(const Core& core) : core_(core) {}
+
+    /// Sets the volume, held to 0 to 100. `absolute` -1 says that it goes up, anything else that
+    /// it goes down; both do the same. Raises what reading the settings raises.
+    void change_volume(std::int16_t value, std::int16_t absolute);
 
     /// Sets the volume, 0 to 100, of the channel of the current leg of a crossfade.
     void Channel_Set_Volume(std::int16_t value);
@@ -26,9 +28,7 @@ public:
     void apply();
 
 private:
-    PlayerState& state_;
-    sound::SoundLibrary& sound_;
-    config::Settings& settings_;
+    const Core& core_;
 };
 
 } // namespace tovik::player

@@ -66,6 +66,11 @@ void PicVScroll::Value(std::int32_t value) {
     changed();
 }
 
+void PicVScroll::ShowValue(std::int32_t value) {
+    range_.Value = value;
+    DrawBar(true);
+}
+
 void PicVScroll::refuse(const char* text) {
     dialogs_.showMessage(
         {.text = text, .title = kErrorTitle, .icon = host::MessageIcon::Exclamation});

@@ -65,6 +65,9 @@ public:
     /// refused with a box.
     void Value(std::int32_t value);
 
+    /// Puts the bar where a value that is known elsewhere puts it, and tells nobody.
+    void ShowValue(std::int32_t value);
+
     // State --------------------------------------------------------------------------------------
 
     [[nodiscard]] std::int32_t BarTop() const noexcept { return BarTop_; }

@@ -15,7 +15,6 @@ namespace {
 
 using ui::Adjustment;
 using ui::ElementRange;
-using ui::MainElement;
 
 constexpr double kVolumeMost = 100;
 constexpr double kBalanceMost = 100;
@@ -133,9 +132,9 @@ std::optional<ElementRange> ElementActions::rangeOf(ui::ElementAddress element) 
                             .step = kBalanceStep};
     case MainElement::eq_sld: {
         // The top of a slider is its least value and the most that one hears.
-        const ui::PicVScroll& slider = p_.equalizer.eq_sld(element.index);
+        const std::int32_t slider = p_.equalizer.eq_sld(element.index);
         return ElementRange{
-            .value = static_cast<double>(player::kSliderMiddle) - slider.Value(),
+            .value = static_cast<double>(player::kSliderMiddle) - slider,
             .least = static_cast<double>(player::kSliderMiddle) - player::kSliderBottom,
             .most = static_cast<double>(player::kSliderMiddle) - player::kSliderTop};
     }
@@ -196,16 +195,15 @@ void ElementActions::setValue(ui::ElementAddress element, double value) {
         p_.position.goTo(held);
         break;
     case MainElement::volbar:
-        p_.volume.change_volume(static_cast<std::int16_t>(held),
-                                held > p_.state.CurrentVolume ? -1 : 1);
+        p_.volume.change(held);
         break;
     case MainElement::balbar:
         // The lamps count from the left.
-        p_.balance.Balbar_Click(
-            static_cast<std::int16_t>(std::lround((held - range->least) / range->step)));
+        p_.balance.click(
+            static_cast<std::size_t>(std::lround((held - range->least) / range->step)));
         break;
     default:
-        p_.equalizer.eq_sld(element.index).Value(player::kSliderMiddle - held);
+        p_.equalizer.eq_sld(element.index, player::kSliderMiddle - held);
         break;
     }
 }

@@ -4,16 +4,15 @@
 #pragma once
 
 #include "commands/Commands.h"
-#include "player/Balance.h"
-#include "player/CBASS_TIME.h"
 #include "player/Equalizer.h"
 #include "player/NowPlaying.h"
 #include "player/PlayerState.h"
-#include "player/PositionBar.h"
-#include "player/VolumeBar.h"
+#include "player/TrackSeek.h"
 #include "ui/AccessInput.h"
-#include "ui/MainElements.h"
+#include "window/BalanceBar.h"
+#include "window/MainElements.h"
 #include "window/TimeDisplay.h"
+#include "window/VolumeBar.h"
 
 #include <cstdint>
 
@@ -25,11 +24,11 @@ public:
     struct Parts {
         const player::PlayerState& state;
         const player::NowPlaying& playing;
-        const ui::MainElements& elements;
+        const MainElements& elements;
         const commands::Commands& commands;
-        player::PositionBar& position;
-        player::VolumeBar& volume;
-        player::Balance& balance;
+        player::TrackSeek& position;
+        VolumeBar& volume;
+        BalanceBar& balance;
         player::Equalizer& equalizer;
         TimeDisplay& timeDisplay;
     };

@@ -4,7 +4,7 @@
 namespace tovik::window {
 
 ui::PicVScroll* EqualizerInput::sliderUnder(const ui::PointerEvent& event) {
-    return event.over(ui::MainElement::eq_sld) ? &equalizer_.eq_sld(event.element->index) : nullptr;
+    return event.over(MainElement::eq_sld) ? &sliders_.eq_sld(event.element->index) : nullptr;
 }
 
 bool EqualizerInput::mouseDown(const ui::PointerEvent& event) {

@@ -2,8 +2,8 @@
 // The user's mouse on the sliders of the equalizer. Interface thread.
 #pragma once
 
-#include "player/Equalizer.h"
 #include "ui/WindowInput.h"
+#include "window/EqualizerSliders.h"
 
 namespace tovik::window {
 
@@ -11,7 +11,7 @@ namespace tovik::window {
 class EqualizerInput {
 public:
     /// Kept by reference.
-    explicit EqualizerInput(player::Equalizer& equalizer) : equalizer_(equalizer) {}
+    explicit EqualizerInput(EqualizerSliders& sliders) : sliders_(sliders) {}
 
     bool mouseDown(const ui::PointerEvent& event);
     bool mouseMove(const ui::PointerEvent& event);
@@ -22,7 +22,7 @@ public:
 private:
     [[nodiscard]] ui::PicVScroll* sliderUnder(const ui::PointerEvent& event);
 
-    player::Equalizer& equalizer_;
+    EqualizerSliders& sliders_;
 };
 
 } // namespace tovik::window

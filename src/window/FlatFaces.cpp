@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/FlatFaces.h"
 
-#include "player/PanelTable.h"
 #include "window/MainButtons.h"
+#include "window/PanelTable.h"
 
 #include <algorithm>
 
@@ -12,8 +12,8 @@ namespace {
 
 /// Buttons that act on a click, without the tabs, which have faces of their own.
 bool isFlat(ui::ElementAddress element) {
-    const auto name = element.as<ui::MainElement>();
-    return std::ranges::find(player::tabs(), name, &player::Tab::name) == player::tabs().end() &&
+    const auto name = element.as<MainElement>();
+    return std::ranges::find(tabs(), name, &Tab::name) == tabs().end() &&
            std::ranges::any_of(clickButtons(), [element](const auto& button) {
                return element == ui::addressOf(button.name, button.index);
            });
@@ -22,14 +22,14 @@ bool isFlat(ui::ElementAddress element) {
 } // namespace
 
 void FlatFaces::show(ui::ElementAddress element, ui::Shade shade) {
-    const auto name = element.as<ui::MainElement>();
+    const auto name = element.as<MainElement>();
     if (elements_.get(name, element.index).shade != shade) {
         elements_.touch(name, element.index).shade = shade;
     }
 }
 
 bool FlatFaces::isOn(const ui::PointerEvent& event, ui::ElementAddress element) const {
-    return elements_.get(element.as<ui::MainElement>(), element.index)
+    return elements_.get(element.as<MainElement>(), element.index)
         .box()
         .contains(event.windowX, event.windowY);
 }

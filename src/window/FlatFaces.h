@@ -3,8 +3,8 @@
 // Interface thread.
 #pragma once
 
-#include "ui/MainElements.h"
 #include "ui/WindowInput.h"
+#include "window/MainElements.h"
 
 #include <optional>
 
@@ -15,7 +15,7 @@ namespace tovik::window {
 class FlatFaces {
 public:
     /// `elements` outlives the object.
-    explicit FlatFaces(ui::MainElements& elements) : elements_(elements) {}
+    explicit FlatFaces(MainElements& elements) : elements_(elements) {}
 
     void pointerEntered(ui::ElementAddress element);
     void pointerLeft(ui::ElementAddress element);
@@ -28,7 +28,7 @@ private:
     void show(ui::ElementAddress element, ui::Shade shade);
     [[nodiscard]] bool isOn(const ui::PointerEvent& event, ui::ElementAddress element) const;
 
-    ui::MainElements& elements_;
+    MainElements& elements_;
     std::optional<ui::ElementAddress> pressed_;
 };
 

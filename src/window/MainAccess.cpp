@@ -7,7 +7,7 @@ namespace tovik::window {
 
 namespace {
 
-using N = ui::MainElement;
+using N = MainElement;
 using enum ui::ElementRole;
 
 /// `count` places of one name, from index `first` on, each of `parts` elements.

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "ui/AccessList.h"
-#include "ui/MainElements.h"
+#include "window/MainElements.h"
 
 #include <vector>
 

@@ -6,8 +6,6 @@
 
 namespace tovik::window {
 
-using ui::MainElement;
-
 MainBars::Bar MainBars::barUnder(const ui::PointerEvent& event) {
     struct Part {
         MainElement name;
@@ -72,7 +70,7 @@ void MainBars::mouseUp(const ui::PointerEvent& event) {
     } else if (bar == Bar::balance) {
         balance_.endHover();
         if (const auto lamp = lampUnder(event)) {
-            balance_.Balbar_Click(static_cast<std::int16_t>(*lamp));
+            balance_.click(*lamp);
         }
     }
 }

@@ -3,11 +3,11 @@
 // thread.
 #pragma once
 
-#include "player/Balance.h"
-#include "player/PositionBar.h"
-#include "player/VolumeBar.h"
-#include "ui/MainElements.h"
 #include "ui/WindowInput.h"
+#include "window/BalanceBar.h"
+#include "window/MainElements.h"
+#include "window/PositionBar.h"
+#include "window/VolumeBar.h"
 
 #include <cstdint>
 #include <optional>
@@ -18,8 +18,8 @@ namespace tovik::window {
 class MainBars {
 public:
     /// All of them outlive the object.
-    MainBars(const ui::MainElements& elements, player::PositionBar& position,
-             player::VolumeBar& volume, player::Balance& balance)
+    MainBars(const MainElements& elements, PositionBar& position, VolumeBar& volume,
+             BalanceBar& balance)
         : elements_(elements), position_(position), volume_(volume), balance_(balance) {}
 
     void mouseDown(const ui::PointerEvent& event);
@@ -35,10 +35,10 @@ private:
     /// A press that began on a lamp may end on another one, or beside them.
     [[nodiscard]] std::optional<std::size_t> lampUnder(const ui::PointerEvent& event) const;
 
-    const ui::MainElements& elements_;
-    player::PositionBar& position_;
-    player::VolumeBar& volume_;
-    player::Balance& balance_;
+    const MainElements& elements_;
+    PositionBar& position_;
+    VolumeBar& volume_;
+    BalanceBar& balance_;
 };
 
 } // namespace tovik::window

@@ -7,7 +7,7 @@ namespace tovik::window {
 
 namespace {
 
-using N = ui::MainElement;
+using N = MainElement;
 
 /// A picture for an element whose size the layout tells.
 constexpr Binding placed(std::string_view file, N name, std::size_t index = 0) {

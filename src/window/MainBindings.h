@@ -3,7 +3,7 @@
 // Any thread.
 #pragma once
 
-#include "ui/MainElements.h"
+#include "window/MainElements.h"
 
 #include <cstddef>
 #include <span>
@@ -13,7 +13,7 @@ namespace tovik::window {
 
 /// An element, one of those of its name.
 struct Slot {
-    ui::MainElement name{};
+    MainElement name{};
     std::size_t index = 0;
 
     friend constexpr bool operator==(const Slot&, const Slot&) = default;
@@ -33,8 +33,8 @@ struct Binding {
 /// A button of the transport or the window: up and down are two elements on one spot, its other
 /// looks lie in stores.
 struct ButtonFace {
-    ui::MainElement up;
-    ui::MainElement down;
+    MainElement up;
+    MainElement down;
     Slot over;
     Slot saved; ///< the up face
 };
@@ -43,7 +43,7 @@ struct ButtonFace {
 
 /// A further picture that is kept once the skin is bound.
 struct KeptFace {
-    ui::MainElement element;
+    MainElement element;
     Slot saved;
 };
 

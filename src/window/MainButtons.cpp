@@ -7,7 +7,7 @@ namespace tovik::window {
 
 namespace {
 
-using N = ui::MainElement;
+using N = MainElement;
 using Id = commands::CommandId;
 
 constexpr auto kPress = std::to_array<PressButton>({
@@ -63,7 +63,7 @@ std::span<const ClickButton> clickButtons() noexcept {
     return kClick;
 }
 
-void enableButtons(ui::MainElements& elements, const commands::Commands& commands) {
+void enableButtons(MainElements& elements, const commands::Commands& commands) {
     for (const PressButton& button : kPress) {
         const bool bound = commands.bound(button.command);
         elements.touch(button.up).enabled = bound;

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "commands/Commands.h"
-#include "ui/MainElements.h"
+#include "window/MainElements.h"
 
 #include <cstddef>
 #include <span>
@@ -13,14 +13,14 @@ namespace tovik::window {
 /// A button with two faces: the down face shows while it is pressed, and the release acts
 /// wherever the pointer is then.
 struct PressButton {
-    ui::MainElement up;
-    ui::MainElement down;
+    MainElement up;
+    MainElement down;
     commands::CommandId command;
 };
 
 /// A button with one picture: it acts when it is released with the pointer still on it.
 struct ClickButton {
-    ui::MainElement name;
+    MainElement name;
     std::size_t index;
     commands::CommandId command; ///< none: there is nothing yet that it could do
 };
@@ -29,6 +29,6 @@ struct ClickButton {
 [[nodiscard]] std::span<const ClickButton> clickButtons() noexcept;
 
 /// Buttons and tabs whose command has a target are enabled, the others disabled. Interface thread.
-void enableButtons(ui::MainElements& elements, const commands::Commands& commands);
+void enableButtons(MainElements& elements, const commands::Commands& commands);
 
 } // namespace tovik::window

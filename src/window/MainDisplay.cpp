@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/MainDisplay.h"
 
+#include "window/PanelTable.h"
+
 #include <array>
 #include <cstddef>
 #include <utility>
@@ -8,8 +10,6 @@
 namespace tovik::window {
 
 namespace {
-
-using ui::MainElement;
 
 /// The digit elements and the places of their characters in "mm:ss"; the colon between them stays.
 constexpr std::array<std::size_t, 4> kDigits = {1, 2, 4, 5};
@@ -23,9 +23,9 @@ Strip brightIf(bool bright) {
 
 } // namespace
 
-MainDisplay::MainDisplay(ui::MainElements& elements, TextFields& fields, ui::ImgScroller& scroller,
-                         SetCaption setCaption)
-    : elements_(elements), fields_(fields), scroller_(scroller),
+MainDisplay::MainDisplay(const player::PlayerState& state, MainElements& elements,
+                         TextFields& fields, ui::ImgScroller& scroller, SetCaption setCaption)
+    : state_(state), elements_(elements), fields_(fields), scroller_(scroller),
       setCaption_(std::move(setCaption)) {}
 
 void MainDisplay::showFacts(const player::NowPlaying& playing) {
@@ -55,11 +55,8 @@ void MainDisplay::showTime(const player::NowPlaying& playing) {
     for (const std::size_t digit : kDigits) {
         showDigit(digit, playing.time.at(digit - 1));
     }
-    elements_.touch(MainElement::timed, 0).visible = playing.countsDown && onMainPanel();
-}
-
-bool MainDisplay::onMainPanel() const {
-    return elements_.get(MainElement::timed, kDigits.front()).visible;
+    // The minus sign goes with the mode, on the panel that has a clock.
+    applyPanel(elements_, state_, MainElement::timed);
 }
 
 void MainDisplay::showDigit(std::size_t place, char digit) {
@@ -86,19 +83,16 @@ void MainDisplay::showBalance(const player::NowPlaying& playing) {
                  playing.balanceHover ? playing.hoverText : playing.balanceText, Strip::Bright);
 }
 
-void MainDisplay::showStopNote(bool stops) {
+void MainDisplay::showStopNote() {
     const std::string words = elements_.get(MainElement::stopNote).caption;
     fields_.show(MainElement::stopNote, 0, words, Strip::Bright);
-    elements_.touch(MainElement::stopNote).visible = stops && onMainPanel();
+    applyPanel(elements_, state_, MainElement::stopNote);
 }
 
-void MainDisplay::showFields(bool visible) {
-    const bool shown = visible && onMainPanel();
-    for (std::size_t i = 0; i < player::kTagFields; ++i) {
-        elements_.touch(MainElement::lbltag, i).visible = shown;
-        elements_.touch(MainElement::lblinfo, i).visible = shown;
-    }
-    elements_.touch(MainElement::lblRDinfo).visible = false;
+void MainDisplay::showSource() {
+    applyPanel(elements_, state_, MainElement::lbltag);
+    applyPanel(elements_, state_, MainElement::lblinfo);
+    applyPanel(elements_, state_, MainElement::lblRDinfo);
 }
 
 } // namespace tovik::window

@@ -3,8 +3,9 @@
 #pragma once
 
 #include "player/NowPlaying.h"
+#include "player/PlayerState.h"
 #include "ui/ImgScroller.h"
-#include "ui/MainElements.h"
+#include "window/MainElements.h"
 #include "window/TextFields.h"
 
 #include <functional>
@@ -17,8 +18,8 @@ public:
     using SetCaption = std::function<void(const std::string&)>;
 
     /// `setCaption` takes the caption of the window; the others outlive the object.
-    MainDisplay(ui::MainElements& elements, TextFields& fields, ui::ImgScroller& scroller,
-                SetCaption setCaption);
+    MainDisplay(const player::PlayerState& state, MainElements& elements, TextFields& fields,
+                ui::ImgScroller& scroller, SetCaption setCaption);
 
     void showFacts(const player::NowPlaying& playing) override;
     void showFormat(const player::NowPlaying& playing) override;
@@ -28,19 +29,16 @@ public:
     void showPosition(const player::NowPlaying& playing) override;
     void showVolume(const player::NowPlaying& playing) override;
     void showBalance(const player::NowPlaying& playing) override;
-    void showFields(bool visible) override;
+    void showSource() override;
 
-    /// Says in the language's words, or no longer, that the player stops after this track.
-    void showStopNote(bool stops);
+    /// In the language's words.
+    void showStopNote() override;
 
 private:
     void showDigit(std::size_t place, char digit);
 
-    /// Whether the panel with the display is shown. Tracks start and the clock ticks on every
-    /// panel, and nothing of the display may come up over the others.
-    [[nodiscard]] bool onMainPanel() const;
-
-    ui::MainElements& elements_;
+    const player::PlayerState& state_;
+    MainElements& elements_;
     TextFields& fields_;
     ui::ImgScroller& scroller_;
     SetCaption setCaption_;

@@ -5,8 +5,6 @@
 
 namespace tovik::window {
 
-using ui::MainElement;
-
 namespace {
 
 constexpr int kEscape = 27;

@@ -5,28 +5,28 @@
 #include "commands/ClsShortcut.h"
 #include "commands/Commands.h"
 #include "config/Errors.h"
-#include "player/PlayerWindow.h"
-#include "player/VolumeBar.h"
-#include "ui/MainElements.h"
 #include "ui/WindowInput.h"
 #include "window/EqualizerInput.h"
 #include "window/MainBars.h"
 #include "window/MainButtons.h"
+#include "window/MainElements.h"
+#include "window/PlayerWindow.h"
 #include "window/TimeDisplay.h"
+#include "window/VolumeBar.h"
 
 namespace tovik::window {
 
 /// What the input works with; all of it outlives it.
 struct MainInputParts {
-    ui::MainElements& elements;
+    MainElements& elements;
     const config::Errors& errors;
     const commands::Commands& commands;
     const commands::ClsShortcut& shortcuts;
     MainBars& bars;
     EqualizerInput& equalizer;
-    player::VolumeBar& volumeBar;
+    VolumeBar& volumeBar;
     TimeDisplay& timeDisplay;
-    player::PlayerWindow& window;
+    PlayerWindow& window;
 };
 
 class MainInput final : public ui::WindowInput {

@@ -18,7 +18,7 @@ constexpr std::string_view kEnding = ".bmp";
 
 /// The button that the element is one of the two faces of; null for none.
 const ButtonFace* buttonOf(ui::ElementAddress element) {
-    const auto name = element.as<ui::MainElement>();
+    const auto name = element.as<MainElement>();
     const auto faces = buttonFaces();
     const auto found = std::ranges::find_if(
         faces, [name](const ButtonFace& face) { return face.up == name || face.down == name; });
@@ -36,7 +36,7 @@ ui::PixelImage loadPicture(const std::string& path) {
 
 } // namespace
 
-MainSkin::MainSkin(ui::MainElements& elements, ui::PictureStore& pictures, const host::Paths& paths,
+MainSkin::MainSkin(MainElements& elements, ui::PictureStore& pictures, const host::Paths& paths,
                    std::function<void()> refreshTabs, std::function<bool(int, int)> fitsScreen)
     : elements_(elements), pictures_(pictures), paths_(paths), refreshTabs_(std::move(refreshTabs)),
       fitsScreen_(std::move(fitsScreen)) {}
@@ -86,7 +86,7 @@ void MainSkin::give(Slot slot, ui::Picture picture) {
 }
 
 bool MainSkin::tooLarge(const ui::PixelImage& image) const {
-    const ui::Element& ground = elements_.get(ui::MainElement::mainIMG);
+    const ui::Element& ground = elements_.get(MainElement::mainIMG);
     return (image.width > ground.width || image.height > ground.height) &&
            !fitsScreen_(image.width, image.height);
 }
@@ -96,7 +96,7 @@ void MainSkin::load(const Binding& binding) {
     name.append(binding.file).append(kEnding);
     const std::string path = paths_.inside(name);
     ui::PixelImage image = loadPicture(path);
-    if (binding.to.name == ui::MainElement::mainIMG && tooLarge(image)) {
+    if (binding.to.name == MainElement::mainIMG && tooLarge(image)) {
         throw base::withPlace(base::RuntimeError(base::ErrorNumber::InvalidPicture), path);
     }
     ui::Element& element = elements_.touch(binding.to.name, binding.to.index);

@@ -16,7 +16,7 @@ public:
     /// All of them outlive the object. `refreshTabs` gives the tabs the faces they have without
     /// the mouse. `fitsScreen` tells whether a window of that width and height has room.
     MainSkin(
-        ui::MainElements& elements, ui::PictureStore& pictures, const host::Paths& paths,
+        MainElements& elements, ui::PictureStore& pictures, const host::Paths& paths,
         std::function<void()> refreshTabs,
         std::function<bool(int, int)> fitsScreen = [](int, int) { return true; });
 
@@ -50,7 +50,7 @@ private:
     void load(const Binding& binding);
     [[nodiscard]] bool tooLarge(const ui::PixelImage& image) const;
 
-    ui::MainElements& elements_;
+    MainElements& elements_;
     ui::PictureStore& pictures_;
     const host::Paths& paths_;
     std::function<void()> refreshTabs_;

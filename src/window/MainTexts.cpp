@@ -8,7 +8,7 @@ namespace tovik::window {
 
 namespace {
 
-using N = ui::MainElement;
+using N = MainElement;
 using config::TextKind;
 
 struct Named {

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/TextTargets.h"
-#include "ui/MainElements.h"
+#include "window/MainElements.h"
 
 #include <string>
 #include <string_view>
@@ -14,7 +14,7 @@ namespace tovik::window {
 class MainTexts final : public config::TextTargets {
 public:
     /// Kept by reference.
-    explicit MainTexts(ui::MainElements& elements) : elements_(elements) {}
+    explicit MainTexts(MainElements& elements) : elements_(elements) {}
 
     void setText(std::string_view element, int index, config::TextKind kind,
                  std::string_view text) override;
@@ -23,7 +23,7 @@ public:
     [[nodiscard]] const std::string& publicText() const { return publicText_; }
 
 private:
-    ui::MainElements& elements_;
+    MainElements& elements_;
     std::string publicText_;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/Panels.h"
 
-#include "player/ModeFaces.h"
+#include "window/ModeFaces.h"
 
 #include <algorithm>
 #include <string>
@@ -9,11 +9,6 @@
 namespace tovik::window {
 
 namespace {
-
-using player::Panel;
-using player::Tab;
-using player::tabs;
-using ui::MainElement;
 
 struct QuickListLayout {
     double listTop;
@@ -37,18 +32,24 @@ constexpr std::size_t kPreferencesTab = 5;
 
 } // namespace
 
+Panels::Panels(const player::Core& core, MainElements& elements, PlayerWindow& window)
+    : core_(core), state_(core.state), elements_(elements), window_(window),
+      Timer6_(core.timers.makeTimer([this] { Timer6(); })) {
+    Timer6_->setInterval(kTimer6Ms);
+}
+
 void Panels::Switch_Win(std::string_view mask) {
-    config::guard(errors_, config::player("Switch_Win"), [&] {
+    config::guard(core_.errors, config::player("Switch_Win"), [&] {
         const std::size_t place = mask.find('1');
-        if (state_.PanelLock != 0 || place >= player::kPanels) {
+        if (state_.PanelLock != 0 || place >= kPanels) {
             return;
         }
         window_.takeFocus();
         state_.CurrentPanel = static_cast<std::int16_t>(place + 1);
         RefreshTabs();
-        player::applyPanel(elements_, state_);
+        applyPanel(elements_, state_);
         state_.RadioPanelActive = static_cast<Panel>(state_.CurrentPanel) == Panel::radio;
-        Timer6_.setEnabled(true);
+        Timer6_->setEnabled(true);
         if (static_cast<Panel>(state_.CurrentPanel) == Panel::main) {
             ApplyQuickList();
         }
@@ -56,13 +57,13 @@ void Panels::Switch_Win(std::string_view mask) {
 }
 
 void Panels::Timer6() {
-    config::guard(errors_, config::player("timer6"), [this] {
-        Timer6_.setEnabled(false);
+    config::guard(core_.errors, config::player("timer6"), [this] {
+        Timer6_->setEnabled(false);
         elements_.touch(MainElement::RadioLst).visible = state_.RadioPanelActive;
     });
 }
 
-void Panels::showTab(const player::Tab& tab, std::size_t face, bool down) {
+void Panels::showTab(const Tab& tab, std::size_t face, bool down) {
     const ui::Picture picture = elements_.get(MainElement::Image2, face).picture;
     const ui::Element& before = elements_.get(tab.name);
     // The mouse comes here at every move: a write that changes nothing would wake the window.
@@ -92,7 +93,7 @@ void Panels::clickTab(MainElement name) {
     if (tab == nullptr || tab->panel == Panel::preferences) {
         return;
     }
-    std::string mask(player::kPanels, '0');
+    std::string mask(kPanels, '0');
     mask[static_cast<std::size_t>(tab->panel) - 1] = '1';
     Switch_Win(mask);
 }
@@ -105,7 +106,10 @@ void Panels::pressPreferences(const std::function<void()>& dialog) {
     const auto back = [&] {
         --state_.PanelLock;
         state_.CurrentPanel = before;
-        player::showLamps(elements_, state_);
+        applyPanel(elements_, state_);
+        if (static_cast<Panel>(before) == Panel::main) {
+            ApplyQuickList();
+        }
     };
     try {
         dialog();

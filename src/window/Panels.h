@@ -3,14 +3,13 @@
 // Interface thread.
 #pragma once
 
-#include "config/Errors.h"
-#include "host/Timer.h"
-#include "player/PanelTable.h"
-#include "player/PlayerState.h"
-#include "player/PlayerWindow.h"
-#include "ui/MainElements.h"
+#include "player/Core.h"
+#include "window/MainElements.h"
+#include "window/PanelTable.h"
+#include "window/PlayerWindow.h"
 
 #include <functional>
+#include <memory>
 #include <string_view>
 
 namespace tovik::window {
@@ -18,9 +17,7 @@ namespace tovik::window {
 class Panels {
 public:
     /// All of them outlive the object.
-    Panels(player::PlayerState& state, ui::MainElements& elements, player::PlayerWindow& window,
-           const config::Errors& errors, host::Timer& Timer6)
-        : state_(state), elements_(elements), window_(window), errors_(errors), Timer6_(Timer6) {}
+    Panels(const player::Core& core, MainElements& elements, PlayerWindow& window);
 
     static constexpr int kTimer6Ms = 1;
 
@@ -45,10 +42,10 @@ public:
     // The mouse over a tab ------------------------------------------------------------------------
 
     /// Gives the tab its over face, whether it is the current one or not. Not a tab: nothing.
-    void hoverTab(ui::MainElement name);
+    void hoverTab(MainElement name);
 
     /// A panel's tab was clicked; the preferences' tab has calls of its own.
-    void clickTab(ui::MainElement name);
+    void clickTab(MainElement name);
 
     /// Runs `dialog`, which returns when the preferences are closed. Meanwhile no panel can be
     /// switched. A deliberate oddity: the tab of the current panel shows up, not down, until the
@@ -57,13 +54,13 @@ public:
     void releasePreferences();
 
 private:
-    void showTab(const player::Tab& tab, std::size_t face, bool down);
+    void showTab(const Tab& tab, std::size_t face, bool down);
 
+    const player::Core& core_;
     player::PlayerState& state_;
-    ui::MainElements& elements_;
-    player::PlayerWindow& window_;
-    const config::Errors& errors_;
-    host::Timer& Timer6_;
+    MainElements& elements_;
+    PlayerWindow& window_;
+    std::unique_ptr<host::Timer> Timer6_;
 };
 
 } // namespace tovik::window

@@ -31,7 +31,7 @@ void QuickListRows::selectRow(std::size_t row, ui::Modifiers /*modifiers*/) {
 
 void QuickListRows::activateRow(std::size_t row) {
     mirror_.ListIndex(static_cast<std::int32_t>(row));
-    transport_.List1_DblClick();
+    player_.List1_DblClick();
 }
 
 } // namespace tovik::window

@@ -2,7 +2,7 @@
 // The quick list as a widget sees it. Interface thread.
 #pragma once
 
-#include "player/Transport.h"
+#include "player/RowPlayer.h"
 #include "playlist/ListMirror.h"
 #include "playlist/stdSS.h"
 #include "ui/ListModel.h"
@@ -12,8 +12,8 @@ namespace tovik::window {
 /// Titles with the selection of `List1`.
 class QuickListRows final : public ui::ListModel, public ui::ListInput {
 public:
-    QuickListRows(playlist::ListMirror& mirror, playlist::stdSS& list, player::Transport& transport)
-        : mirror_(mirror), list_(list), transport_(transport) {}
+    QuickListRows(playlist::ListMirror& mirror, playlist::stdSS& list, player::RowPlayer& player)
+        : mirror_(mirror), list_(list), player_(player) {}
 
     [[nodiscard]] std::size_t rows() const override;
     [[nodiscard]] std::string text(std::size_t row) const override;
@@ -28,7 +28,7 @@ public:
 private:
     playlist::ListMirror& mirror_;
     playlist::stdSS& list_;
-    player::Transport& transport_;
+    player::RowPlayer& player_;
 };
 
 } // namespace tovik::window

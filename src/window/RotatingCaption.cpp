@@ -12,15 +12,21 @@ std::string rotatedLeft(const std::string& text) {
     return text.substr(first) + text.substr(0, first);
 }
 
+RotatingCaption::RotatingCaption(const player::Core& core)
+    : core_(core), Timer5_(core.timers.makeTimer([this] { Timer5(); })) {
+    Timer5_->setInterval(kTimer5Ms);
+    Timer5_->setEnabled(true);
+}
+
 void RotatingCaption::Timer5() {
-    config::guard(errors_, config::player("timer5"), [this] {
-        const bool rotates = state_.ShowInTaskbar == 1;
-        std::string& caption =
-            rotates && state_.MiniModeOn ? playing_.miniCaption : playing_.caption;
+    config::guard(core_.errors, config::player("timer5"), [this] {
+        const bool rotates = core_.state.ShowInTaskbar == 1;
+        std::string& caption = rotates && core_.state.MiniModeOn ? core_.screen.playing.miniCaption
+                                                                 : core_.screen.playing.caption;
         const std::string before =
             std::exchange(caption, rotates ? rotatedLeft(caption) : std::string());
         if (caption != before) {
-            view_.showCaptions(playing_);
+            core_.screen.showCaptions();
         }
     });
 }

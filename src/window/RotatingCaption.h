@@ -2,20 +2,17 @@
 // The caption of the window runs round on the task bar. Interface thread.
 #pragma once
 
-#include "config/Errors.h"
-#include "player/NowPlaying.h"
-#include "player/PlayerState.h"
+#include "player/Core.h"
 
+#include <memory>
 #include <string>
 
 namespace tovik::window {
 
 class RotatingCaption {
 public:
-    /// All of them outlive the object.
-    RotatingCaption(player::PlayerState& state, config::Errors& errors, player::NowPlaying& playing,
-                    player::NowPlayingView& view)
-        : state_(state), errors_(errors), playing_(playing), view_(view) {}
+    /// `core` outlives the object. `Timer5` ticks at once.
+    explicit RotatingCaption(const player::Core& core);
 
     static constexpr int kTimer5Ms = 180;
 
@@ -25,10 +22,8 @@ public:
     void Timer5();
 
 private:
-    player::PlayerState& state_;
-    config::Errors& errors_;
-    player::NowPlaying& playing_;
-    player::NowPlayingView& view_;
+    const player::Core& core_;
+    std::unique_ptr<host::Timer> Timer5_;
 };
 
 /// The text with its first character behind the last one; a text of one character or none stays.

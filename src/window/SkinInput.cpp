@@ -3,8 +3,6 @@
 
 namespace tovik::window {
 
-using ui::MainElement;
-
 void SkinInput::mouseDown(const ui::PointerEvent& event) {
     flat_.mouseDown(event);
     next_.mouseDown(event);

@@ -3,7 +3,7 @@
 
 #include "ui/BaseLetters.h"
 #include "ui/GlyphText.h"
-#include "ui/MainRows.h"
+#include "window/MainRows.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,26 +13,25 @@ namespace tovik::window {
 namespace {
 
 /// The source that text is drawn from holds the strip that was used last.
-void becomeSource(ui::MainElements& elements, ui::Picture strip) {
-    if (elements.get(ui::MainElement::songname2).picture != strip) {
-        elements.touch(ui::MainElement::songname2).picture = strip;
+void becomeSource(MainElements& elements, ui::Picture strip) {
+    if (elements.get(MainElement::songname2).picture != strip) {
+        elements.touch(MainElement::songname2).picture = strip;
     }
 }
 
 } // namespace
 
-void TextFields::show(ui::MainElement name, std::size_t index, std::string_view words,
-                      Strip strip) {
+void TextFields::show(MainElement name, std::size_t index, std::string_view words, Strip strip) {
     ui::Element& element = elements_.touch(name, index);
     element.caption = words;
-    element.textColour = strip == Strip::Bright ? ui::rows::kWhite : ui::rows::kDim;
+    element.textColour = strip == Strip::Bright ? rows::kWhite : rows::kDim;
     static_cast<void>(draw(name, index, ui::drawableCharacters(words), strip));
 }
 
-bool TextFields::draw(ui::MainElement name, std::size_t index, std::u32string_view characters,
+bool TextFields::draw(MainElement name, std::size_t index, std::u32string_view characters,
                       Strip strip) {
     const ui::Picture source =
-        elements_.get(strip == Strip::Bright ? ui::MainElement::textImg : ui::MainElement::textImg2)
+        elements_.get(strip == Strip::Bright ? MainElement::textImg : MainElement::textImg2)
             .picture;
     const ui::PixelImage* const glyphs = pictures_.find(source);
     if (glyphs == nullptr) {
@@ -68,7 +67,7 @@ bool TextFields::draw(ui::MainElement name, std::size_t index, std::u32string_vi
     return true;
 }
 
-void TextFields::writeSmall(ui::MainElement name, std::size_t index, std::u32string_view characters,
+void TextFields::writeSmall(MainElement name, std::size_t index, std::u32string_view characters,
                             const ui::PixelImage& strip) {
     const ui::Element& before = elements_.get(name, index);
     // No character is narrower than a pixel.

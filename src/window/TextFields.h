@@ -3,8 +3,8 @@
 // plain captions as long as there are none. Interface thread.
 #pragma once
 
-#include "ui/MainElements.h"
 #include "ui/PictureStore.h"
+#include "window/MainElements.h"
 
 #include <map>
 #include <string>
@@ -19,23 +19,23 @@ enum class Strip { Bright, Dim };
 class TextFields {
 public:
     /// Both outlive the object.
-    TextFields(ui::MainElements& elements, ui::PictureStore& pictures)
+    TextFields(MainElements& elements, ui::PictureStore& pictures)
         : elements_(elements), pictures_(pictures) {}
 
     /// Shows words on an element: bytes, valid UTF-8 or else Windows-1252. Nothing is drawn anew
     /// for words that it shows already. Letters that the strips lack become base letters; words
     /// that they cannot draw then either are drawn with a small font.
-    void show(ui::MainElement name, std::size_t index, std::string_view words, Strip strip);
+    void show(MainElement name, std::size_t index, std::string_view words, Strip strip);
 
     /// The same with characters as they are to be drawn (see `drawableCharacters`), of which only
     /// the first ones fit, as a title that scrolls has them; its caption stays. Whether there is a
     /// strip to draw with.
-    [[nodiscard]] bool draw(ui::MainElement name, std::size_t index, std::u32string_view characters,
+    [[nodiscard]] bool draw(MainElement name, std::size_t index, std::u32string_view characters,
                             Strip strip);
 
 private:
     /// Leaves the words to a small font, in the colours of the strip.
-    void writeSmall(ui::MainElement name, std::size_t index, std::u32string_view characters,
+    void writeSmall(MainElement name, std::size_t index, std::u32string_view characters,
                     const ui::PixelImage& strip);
 
     /// What an element's picture was drawn from.
@@ -52,9 +52,9 @@ private:
         }
     };
 
-    ui::MainElements& elements_;
+    MainElements& elements_;
     ui::PictureStore& pictures_;
-    std::map<std::pair<ui::MainElement, std::size_t>, Drawn> drawn_;
+    std::map<std::pair<MainElement, std::size_t>, Drawn> drawn_;
 };
 
 } // namespace tovik::window

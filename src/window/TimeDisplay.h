@@ -2,8 +2,7 @@
 // Whether the digits tell the time played or the time left. Interface thread.
 #pragma once
 
-#include "player/NowPlaying.h"
-#include "player/PlayerState.h"
+#include "player/Core.h"
 
 #include <cstdint>
 
@@ -14,26 +13,22 @@ public:
     static constexpr std::int16_t kElapsed = 0;
     static constexpr std::int16_t kRemaining = 1;
 
-    /// All of them outlive the object.
-    TimeDisplay(player::PlayerState& state, player::NowPlaying& playing,
-                player::NowPlayingView& view)
-        : state_(state), playing_(playing), view_(view) {}
+    /// Kept by reference.
+    explicit TimeDisplay(const player::Core& core) : core_(core) {}
 
     /// Sets the mode. The minus sign stands before the digits unless it is `kElapsed`; the digits
     /// follow at the clock's next tick.
     void choose(std::int16_t mode) {
-        state_.TimeDisplayMode = mode;
-        playing_.countsDown = mode != kElapsed;
-        view_.showTime(playing_);
+        core_.state.TimeDisplayMode = mode;
+        core_.screen.playing.countsDown = mode != kElapsed;
+        core_.screen.showTime();
     }
 
     /// A double click on the digits: the other of the two modes.
-    void flip() { choose(state_.TimeDisplayMode == kElapsed ? kRemaining : kElapsed); }
+    void flip() { choose(core_.state.TimeDisplayMode == kElapsed ? kRemaining : kElapsed); }
 
 private:
-    player::PlayerState& state_;
-    player::NowPlaying& playing_;
-    player::NowPlayingView& view_;
+    const player::Core& core_;
 };
 
 } // namespace tovik::window

@@ -10,7 +10,7 @@ namespace tovik::window {
 
 namespace {
 
-using N = ui::MainElement;
+using N = MainElement;
 
 constexpr auto kPictures = std::to_array<WindowPicture>({
     {"posbar", N::posbar},
@@ -40,7 +40,7 @@ std::span<const WindowPicture> windowPictures() noexcept {
     return kPictures;
 }
 
-void giveWindowPictures(ui::MainElements& elements, ui::PictureStore& pictures,
+void giveWindowPictures(MainElements& elements, ui::PictureStore& pictures,
                         const std::function<std::string(std::string_view)>& bytesOf) {
     std::map<std::string_view, ui::Picture> known;
     for (const WindowPicture& row : kPictures) {

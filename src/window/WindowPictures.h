@@ -3,8 +3,8 @@
 // ground. They belong to the window. Interface thread.
 #pragma once
 
-#include "ui/MainElements.h"
 #include "ui/PictureStore.h"
+#include "window/MainElements.h"
 
 #include <cstddef>
 #include <functional>
@@ -17,7 +17,7 @@ namespace tovik::window {
 /// Elements of one name, from index `first` on, that show the same picture.
 struct WindowPicture {
     std::string_view name; ///< of the picture
-    ui::MainElement element{};
+    MainElement element{};
     std::size_t first = 0;
     std::size_t count = 1;
 };
@@ -26,7 +26,7 @@ struct WindowPicture {
 
 /// Gives these elements their pictures. `bytesOf` answers with the bitmap of a name; an element
 /// whose bitmap is empty keeps its plain look. Raises 481 for bytes that are no bitmap.
-void giveWindowPictures(ui::MainElements& elements, ui::PictureStore& pictures,
+void giveWindowPictures(MainElements& elements, ui::PictureStore& pictures,
                         const std::function<std::string(std::string_view)>& bytesOf);
 
 } // namespace tovik::window

@@ -7,7 +7,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using ui::MainElement;
+using window::MainElement;
 
 class Advance : public AppRig {
 protected:

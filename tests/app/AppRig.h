@@ -19,7 +19,7 @@ namespace tovik::test {
 
 /// Writes what it is asked for among the calls of the sound library, so that one list tells the
 /// whole order.
-class RecordingWindow final : public player::PlayerWindow {
+class RecordingWindow final : public window::PlayerWindow {
 public:
     explicit RecordingWindow(std::vector<std::string>& calls) : calls_(calls) {}
 

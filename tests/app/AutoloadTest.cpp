@@ -151,14 +151,14 @@ TEST_F(Autoload, theDigitsFollowThePlayingTrack) {
     start();
     advance(100);
     player().List1().ListIndex(0);
-    player().transport().List1_DblClick();
+    player().rows().List1_DblClick();
     sound_.setSeconds(player().state().PrimaryChannel, 12);
     advance(500);
-    EXPECT_EQ(player().elements().get(ui::MainElement::timed, 4).caption, "1");
-    EXPECT_EQ(player().elements().get(ui::MainElement::timed, 5).caption, "2");
-    const double left = player().elements().get(ui::MainElement::track).left;
+    EXPECT_EQ(player().elements().get(window::MainElement::timed, 4).caption, "1");
+    EXPECT_EQ(player().elements().get(window::MainElement::timed, 5).caption, "2");
+    const double left = player().elements().get(window::MainElement::track).left;
     advance(500);
-    EXPECT_GT(player().elements().get(ui::MainElement::track).left, left);
+    EXPECT_GT(player().elements().get(window::MainElement::track).left, left);
 }
 
 } // namespace

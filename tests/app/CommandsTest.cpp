@@ -8,7 +8,7 @@ namespace {
 using commands::CommandId;
 using testing::Contains;
 using testing::IsEmpty;
-using ui::MainElement;
+using window::MainElement;
 
 class PlayerCommands : public AppRig {
 protected:
@@ -190,7 +190,7 @@ TEST_F(PlayerCommands, theStartShowsVolumeAndBalance) {
     set("CVL", "25");
     set("BLV", "50");
     start();
-    const ui::MainElements& elements = player().elements();
+    const window::MainElements& elements = player().elements();
     EXPECT_DOUBLE_EQ(elements.get(MainElement::volbarIMG).height,
                      elements.get(MainElement::volbar).height / 4);
     EXPECT_EQ(elements.get(MainElement::shwchange, 0).caption, "Volume 25%");

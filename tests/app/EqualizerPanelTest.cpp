@@ -10,7 +10,7 @@ using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-using ui::MainElement;
+using window::MainElement;
 
 class EqualizerPanel : public AppRig {
 protected:
@@ -33,7 +33,7 @@ protected:
     [[nodiscard]] std::vector<std::int32_t> sliders() {
         std::vector<std::int32_t> values;
         for (std::size_t index = 0; index < 11; ++index) {
-            values.push_back(player().equalizer().eq_sld(index).Value());
+            values.push_back(player().equalizer().eq_sld(index));
         }
         return values;
     }
@@ -41,7 +41,7 @@ protected:
     void play(const std::string& name) {
         player().stdSS().AddItem("", track(name), name, "01:05", 65);
         player().List1().ListIndex(player().List1().ListCount() - 1);
-        player().transport().List1_DblClick();
+        player().rows().List1_DblClick();
     }
 
     [[nodiscard]] std::vector<float> gains() {
@@ -87,9 +87,9 @@ TEST_F(EqualizerPanel, aFirstStartWithAnEmptyCurveGoesOn) {
 
 TEST_F(EqualizerPanel, theEndSavesWhatTheNextStartRestores) {
     start();
-    player().equalizer().eq_sld(0).Value(3);
-    player().equalizer().eq_sld(9).Value(19);
-    player().equalizer().eq_sld(10).Value(7);
+    player().equalizer().eq_sld(0, 3);
+    player().equalizer().eq_sld(9, 19);
+    player().equalizer().eq_sld(10, 7);
     player().kill_me();
     EXPECT_TRUE(holds(R"(<CEQ Value="8.4/0/0/0/0/0/0/0/0/-10.8"/>)"));
     EXPECT_EQ(setting("CDB"), "3.6");
@@ -137,7 +137,7 @@ TEST_F(EqualizerPanel, thePresetCommandsAskTheirWindows) {
     EXPECT_EQ(window_.loadPreset->List1()[13], "Bass boost");
 
     host_.dialogs.filesToSave = {host_.folder / "my.teq"};
-    player().equalizer().eq_sld(5).Value(1);
+    player().equalizer().eq_sld(5, 1);
     player().commands().run(CommandId::savePresetFile);
     player().equalizer().resetbt_Click();
     host_.dialogs.filesToOpen = {{host_.folder / "my.teq"}};

@@ -57,13 +57,22 @@ protected:
     config::ErrHandler log_{host_.paths, host_.clock, host_.operatingSystem};
     config::Errors errors_{log_, host_.dialogs};
     player::PlayerState state_;
-    ui::MainElements elements_{ui::mainLayout()};
     test::EngineRig rig_;
-    player::Equalizer equalizer_{{.state = state_,
-                                  .sound = rig_.engine,
-                                  .errors = errors_,
-                                  .elements = elements_,
-                                  .dialogs = host_.dialogs}};
+    config::clsXML xml_;
+    config::Settings settings_{host_.paths, xml_};
+    playlist::stdSS list_;
+    playlist::ListMirror mirror_{list_};
+    player::Screen screen_;
+    player::TrackNews news_;
+    player::Core core_{.state = state_,
+                       .sound = rig_.engine,
+                       .settings = settings_,
+                       .errors = errors_,
+                       .lists = {.stdSS = list_, .List1 = mirror_},
+                       .timers = host_.clock,
+                       .screen = screen_,
+                       .news = news_};
+    player::Equalizer equalizer_{core_, host_.dialogs};
     const std::string path_ = host_.folder / "sine.wav";
 };
 
@@ -73,17 +82,17 @@ TEST_F(EqualizerSound, EachSliderAloneGivesADecibelAStep) {
     for (std::size_t band = 0; band < kCentres.size(); ++band) {
         start(kCentres.at(band));
         for (const std::int32_t value : {0, 7, 20}) {
-            equalizer_.eq_sld(band).Value(value);
+            equalizer_.eq_sld(band, value);
             EXPECT_NEAR(measured(), 10 - value, 0.2) << kCentres.at(band) << " Hz";
         }
-        equalizer_.eq_sld(band).Value(10);
+        equalizer_.eq_sld(band, 10);
         stop();
     }
 }
 
 TEST_F(EqualizerSound, TheMasterLiftsAllBands) {
     start(1000.0);
-    equalizer_.eq_sld(player::Equalizer::kMaster).Value(7);
+    equalizer_.eq_sld(player::Equalizer::kMaster, 7);
     EXPECT_NEAR(measured(), allBands(3.0, 1000.0), 0.2);
 }
 
@@ -97,7 +106,7 @@ TEST_F(EqualizerSound, SwitchedOffEveryBandIsLiftedByFive) {
 }
 
 TEST_F(EqualizerSound, ANewTrackIsHeardWithTheCurveAlsoWhenSwitchedOff) {
-    equalizer_.eq_sld(4).Value(4);
+    equalizer_.eq_sld(4, 4);
     equalizer_.EQ_on_Click();
     start(1000.0);
     EXPECT_NEAR(measured(), 6.0, 0.2);
@@ -127,7 +136,7 @@ TEST_F(EqualizerSound, SwitchingWhileItPlaysMakesNoClick) {
 
 TEST_F(EqualizerSound, WhatIsLiftedAboveFullScaleIsHeldBelowIt) {
     start(1000.0, 0.9F);
-    equalizer_.eq_sld(4).Value(0);
+    equalizer_.eq_sld(4, 0);
     rig_.render(20000);
     for (const float sample : rig_.render(20000)) {
         ASSERT_LE(std::abs(sample), 1.0F);

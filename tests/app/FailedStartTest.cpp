@@ -33,7 +33,7 @@ protected:
     }
 
     [[nodiscard]] std::string notice() {
-        return player().elements().get(ui::MainElement::notice_img).caption;
+        return player().elements().get(window::MainElement::notice_img).caption;
     }
 
     /// The file with settings that a default would not bear.

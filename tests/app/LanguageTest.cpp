@@ -10,7 +10,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using ui::MainElement;
+using window::MainElement;
 
 class Language : public AppRig {
 protected:
@@ -94,7 +94,7 @@ TEST_F(Language, whatHasWordsAndShowsNoneTellsThemUnderThePointer) {
         {"00001", MainElement::Image1, "Play station"},
     });
     start();
-    ui::MainElements& elements = player().elements();
+    window::MainElements& elements = player().elements();
     for (const Place& place : kPlaces) {
         player().panels().Switch_Win(place.panel);
         for (std::size_t i = 0; i < elements.count(place.element); ++i) {

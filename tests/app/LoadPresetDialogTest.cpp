@@ -27,7 +27,7 @@ protected:
 
     void press(const char* button) { dialog_->findChild<QPushButton*>(button)->click(); }
 
-    [[nodiscard]] std::int32_t firstSlider() { return player().equalizer().eq_sld(0).Value(); }
+    [[nodiscard]] std::int32_t firstSlider() { return player().equalizer().eq_sld(0); }
 
     std::unique_ptr<dialogs::LoadPresetDialog> dialog_;
     QListWidget* list_ = nullptr;

@@ -8,7 +8,7 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using ui::MainElement;
+using window::MainElement;
 
 class Load : public AppRig {
 protected:

@@ -13,7 +13,7 @@
 namespace tovik::test {
 namespace {
 
-using ui::MainElement;
+using window::MainElement;
 
 class MainControlsTest : public AppRig {
 protected:

@@ -70,7 +70,7 @@ private:
     std::unique_ptr<host::RenderHost> host_;
     sound::WavOutput* output_ = nullptr;
     std::unique_ptr<sound::Engine> engine_;
-    player::PlayerWindow window_;
+    window::PlayerWindow window_;
     player::TrackEvents events_;
     std::unique_ptr<app::frmPlayer> player_;
     std::unique_ptr<app::RenderLoop> loop_;

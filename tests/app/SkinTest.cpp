@@ -12,7 +12,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
-using ui::MainElement;
+using window::MainElement;
 
 class Skin : public AppRig {
 protected:
@@ -141,7 +141,7 @@ TEST_F(Skin, theTitleMovesOnlyWhileSomebodyCanSeeIt) {
     start();
     advance(200);
     player().List1().ListIndex(0);
-    player().transport().List1_DblClick();
+    player().rows().List1_DblClick();
     const auto title = [this] { return player().elements().get(MainElement::songname).picture; };
     ui::Picture before = title();
     EXPECT_TRUE(before);

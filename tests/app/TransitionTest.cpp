@@ -269,7 +269,7 @@ TEST_F(Transition, movesOfVolumeAndBalanceMakeNoClick) {
     renderTo(now);
     for (const std::size_t lamp : {0U, 8U, 2U}) {
         ui::PointerEvent event;
-        event.element = ui::addressOf(ui::MainElement::balbar, lamp);
+        event.element = ui::addressOf(window::MainElement::balbar, lamp);
         event.button = ui::MouseButton::Left;
         input.mouseDown(event);
         input.mouseUp(event);

@@ -23,7 +23,7 @@ protected:
 
     /// A plain start, from which fades begin.
     void playFirst() {
-        transport_.Burnbaby(first_, 0, "");
+        burn(first_);
         forget();
     }
 
@@ -34,7 +34,7 @@ protected:
     }
 
     void fadeTo(const std::string& path, std::int32_t milliseconds = 5000) {
-        crossfade_.CrossFade_BurnBaby(path, milliseconds, "");
+        fade(path, milliseconds);
     }
 
     std::string first_;
@@ -62,12 +62,12 @@ TEST_F(Crossfade, theOrderOfThings) {
     EXPECT_EQ(state_.SilenceTicks, 0);
     EXPECT_FALSE(state_.RadioMode);
     EXPECT_TRUE(state_.IsPlaying);
-    EXPECT_TRUE(Timer3_->enabled());
+    EXPECT_TRUE(clock_.watchesTrack());
     EXPECT_TRUE(CrossFade_->enabled());
     EXPECT_EQ(CrossFade_->interval(), 5000); // the setting, read anew
     EXPECT_EQ(sound_.BASS_ChannelIsActive(1), sound::Activity::playing);
     EXPECT_EQ(sound_.BASS_ChannelIsActive(3), sound::Activity::playing);
-    EXPECT_THAT(view_.told, ElementsAre("fields shown", "facts", "titles", "facts"));
+    EXPECT_THAT(view_.told, ElementsAre("source", "facts", "titles", "facts"));
     EXPECT_EQ(state_.CurrentTitle, "Second");
     EXPECT_EQ(list_.seconds(1), 60);
     EXPECT_EQ(events_.report.path, second_);
@@ -201,7 +201,7 @@ TEST_F(Crossfade, aWmaIsOpenedTwiceAndTheSecondStreamIsFreedAtOnce) {
                             "BASS_ChannelSlideAttributes(3, -1, 80, -101, 5000)"));
     EXPECT_TRUE(state_.IsWmaStream);
     EXPECT_EQ(state_.ActiveChannel, ChannelSlot::secondary);
-    EXPECT_TRUE(Timer3_->enabled());
+    EXPECT_TRUE(clock_.watchesTrack());
     fadeTo(first_);
     EXPECT_FALSE(state_.IsWmaStream);
 }
@@ -209,9 +209,8 @@ TEST_F(Crossfade, aWmaIsOpenedTwiceAndTheSecondStreamIsFreedAtOnce) {
 TEST_F(Crossfade, aTrackOfACd) {
     sound_.discTracks[6] = {.kind = FakeKind::disc, .seconds = 100};
     playFirst();
-    Timer3_->setEnabled(false);
+    clock_.watchTrack(false);
     state_.IsWmaStream = true;
-    list_.OutTitle.clear();
     list_.SelectedIndex = 1;
     fadeTo("D:\\Track07.cda");
     const auto disc = std::ranges::find(sound_.calls, "BASS_CD_StreamCreate(0, 6, 327680)");
@@ -222,13 +221,12 @@ TEST_F(Crossfade, aTrackOfACd) {
                             "BASS_ChannelSlideAttributes(1, -1, 0, -101, 5000)",
                             "BASS_ChannelSlideAttributes(3, -1, 80, -101, 5000)"));
     EXPECT_EQ(state_.ActiveChannel, ChannelSlot::secondary);
-    EXPECT_TRUE(Timer3_->enabled());
+    EXPECT_TRUE(clock_.watchesTrack());
     EXPECT_TRUE(CrossFade_->enabled());
     EXPECT_TRUE(state_.IsPlaying);
     EXPECT_FALSE(state_.IsWmaStream);
-    EXPECT_EQ(list_.OutTitle, "Second");
     EXPECT_THAT(view_.last.fields, ElementsAre("N/A", "N/A", "N/A", "N/A", "N/A"));
-    EXPECT_THAT(view_.told, ElementsAre("fields shown", "facts"));
+    EXPECT_THAT(view_.told, ElementsAre("source", "facts"));
 }
 
 TEST_F(Crossfade, aTrackThatTheCdDoesNotHaveStartsNoFade) {

@@ -14,7 +14,7 @@ protected:
         addRows(2, file);
         list_.SelectedIndex = 1;
         list_.GetData(1);
-        transport_.Burnbaby(list_.OutFileName, 0, "");
+        burn(list_.OutFileName);
     }
 
     /// The milliseconds until the second row plays, up to `most`.
@@ -65,7 +65,7 @@ TEST_F(EndOfTrack, thePercentIsRoundedToEven) {
 
 TEST_F(EndOfTrack, beyond32767SecondsTheDigitsEndIt) {
     play({.seconds = 40000});
-    Timer1_->setEnabled(true);
+    clock_.moveDigits(true);
     sound_.setSeconds(1, 32767);
     advance(400);
     EXPECT_EQ(list_.SelectedIndex, 1);
@@ -103,7 +103,7 @@ TEST_F(EndOfTrack, theLastRowIsPolledOnWithoutEffect) {
     advance(15000);
     EXPECT_EQ(state_.TracksStarted, 1);
     EXPECT_TRUE(state_.IsPlaying);
-    EXPECT_TRUE(Timer3_->enabled());
+    EXPECT_TRUE(clock_.watchesTrack());
     EXPECT_TRUE(sound_.lives(1));
     EXPECT_EQ(view_.last.percent, 100);
 }

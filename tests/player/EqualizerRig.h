@@ -28,7 +28,7 @@ protected:
 
     void put(const Sliders& values) {
         for (std::size_t band = 0; band < values.size(); ++band) {
-            equalizer_.eq_sld(band).Value(values.at(band));
+            equalizer_.eq_sld(band, values.at(band));
         }
     }
 
@@ -41,20 +41,20 @@ protected:
     [[nodiscard]] Sliders sliders() {
         Sliders values{};
         for (std::size_t band = 0; band < values.size(); ++band) {
-            values.at(band) = equalizer_.eq_sld(band).Value();
+            values.at(band) = equalizer_.eq_sld(band);
         }
         return values;
     }
 
-    ui::PicVScroll& master() { return equalizer_.eq_sld(player::Equalizer::kMaster); }
+    [[nodiscard]] std::int32_t master() const {
+        return equalizer_.eq_sld(player::Equalizer::kMaster);
+    }
+
+    void master(std::int32_t value) { equalizer_.eq_sld(player::Equalizer::kMaster, value); }
 
     [[nodiscard]] std::vector<float> gains() const { return sound_.gains(state_.PrimaryChannel); }
 
-    player::Equalizer equalizer_{{.state = state_,
-                                  .sound = sound_,
-                                  .errors = errors_,
-                                  .elements = elements_,
-                                  .dialogs = host_.dialogs}};
+    player::Equalizer equalizer_{core_, host_.dialogs};
     player::EqualizerStore store_{settings_, equalizer_};
 };
 

@@ -58,22 +58,22 @@ TEST_F(EqualizerStore, everyValueOfEverySliderSurvivesSaveAndLoad) {
             values.at(band) = (first + 2 * static_cast<std::int32_t>(band)) % 21;
         }
         put(values);
-        master().Value(20 - first);
+        master(20 - first);
         store_.autosave_eq();
         store_.autosave_db();
         putAll(10);
-        master().Value(10);
+        master(10);
         store_.autoload_eq();
         store_.autoload_db();
         EXPECT_EQ(sliders(), values);
-        EXPECT_EQ(master().Value(), 20 - first);
+        EXPECT_EQ(master(), 20 - first);
     }
 }
 
 TEST_F(EqualizerStore, gainsAreWrittenAsDecibels) {
     writeCurve("");
     put({0, 3, 9, 10, 11, 13, 17, 18, 19, 20});
-    master().Value(3);
+    master(3);
     store_.autosave_eq();
     store_.autosave_db();
     EXPECT_EQ(host_.folder.read(kSettings),
@@ -121,7 +121,7 @@ TEST_F(EqualizerStore, aDamagedCurveIsAnsweredAndStaysUntilASliderMoves) {
         EXPECT_TRUE(damage->description().ends_with(settingPlace(host_.folder, "CEQ", curve)));
         store_.autosave_eq();
         EXPECT_EQ(host_.folder.read(kSettings), before);
-        equalizer_.eq_sld(9).Value(0);
+        equalizer_.eq_sld(9, 0);
         store_.autosave_eq();
         EXPECT_NE(host_.folder.read(kSettings), before);
         EXPECT_FALSE(store_.autoload_eq());
@@ -140,12 +140,12 @@ TEST_F(EqualizerStore, aGainBeyondTheSliderIsRefusedAndTheNextOnesCount) {
 }
 
 TEST_F(EqualizerStore, theMasterOfAMissingOrBadSettingIsAnError) {
-    master().Value(4);
+    master(4);
     write("");
     EXPECT_EQ(numberOf([this] { store_.autoload_db(); }), 94);
     write("<CDB>loud</CDB>");
     EXPECT_EQ(numberOf([this] { store_.autoload_db(); }), 13);
-    EXPECT_EQ(master().Value(), 4);
+    EXPECT_EQ(master(), 4);
 }
 
 TEST_F(EqualizerStore, aKeyThatTheFileLacksIsNotMade) {
@@ -174,12 +174,12 @@ TEST_F(EqualizerStore, theFourLinesOfAFile) {
 TEST_F(EqualizerStore, everyValueSurvivesAFile) {
     for (std::int32_t value = 0; value <= 20; ++value) {
         putAll(value);
-        master().Value(3);
+        master(3);
         store_.save_teq(host_.folder / "my.teq");
         putAll(10);
         store_.load_teq(host_.folder / "my.teq");
         EXPECT_THAT(sliders(), Each(value));
-        EXPECT_EQ(master().Value(), 3) << "no file holds the master";
+        EXPECT_EQ(master(), 3) << "no file holds the master";
     }
 }
 

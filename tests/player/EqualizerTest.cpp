@@ -10,7 +10,6 @@ using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-using ui::MainElement;
 
 class Equalizer : public EqualizerRig {};
 
@@ -39,29 +38,29 @@ TEST_F(Equalizer, tenFiltersWithTheirCentresAndThenTheSliders) {
 TEST_F(Equalizer, aBandAndTheMasterAddUpToTwentyDecibels) {
     equalizer_.Set_EQ();
     EXPECT_THAT(gains(), Each(0));
-    master().Value(0);
+    master(0);
     EXPECT_THAT(gains(), Each(10));
     putAll(0);
     EXPECT_THAT(gains(), Each(20));
-    master().Value(20);
+    master(20);
     EXPECT_THAT(gains(), Each(0));
     putAll(20);
     EXPECT_THAT(gains(), Each(-20));
-    master().Value(13);
-    equalizer_.eq_sld(4).Value(8);
+    master(13);
+    equalizer_.eq_sld(4, 8);
     EXPECT_EQ(gains()[4], -1.0F);
 }
 
 TEST_F(Equalizer, aSliderTellsItsBandFirstAndThenAll) {
     equalizer_.Set_EQ();
     sound_.effectCalls.clear();
-    equalizer_.eq_sld(3).Value(7);
+    equalizer_.eq_sld(3, 7);
     ASSERT_THAT(sound_.effectCalls, SizeIs(11));
     EXPECT_EQ(sound_.effectCalls[0], "BASS_FXSetParameters(1004, 600, 15, 3)");
     EXPECT_EQ(sound_.effectCalls[1], "BASS_FXSetParameters(1001, 60, 15, 0)");
     EXPECT_EQ(sound_.effectCalls[10], "BASS_FXSetParameters(1010, 16000, 15, 0)");
     sound_.effectCalls.clear();
-    master().Value(9);
+    master(9);
     EXPECT_THAT(sound_.effectCalls, SizeIs(10)) << "the master has no filter";
     EXPECT_THAT(logged(), IsEmpty());
 }
@@ -75,10 +74,10 @@ TEST_F(Equalizer, theLegSaysWhichChannelGetsTheFilters) {
 
 TEST_F(Equalizer, duringACrossfadeTheOldFiltersKeepTheirCurveOutOfReach) {
     equalizer_.Set_EQ();
-    equalizer_.eq_sld(0).Value(4);
+    equalizer_.eq_sld(0, 4);
     state_.CrossfadeLeg = 1;
     equalizer_.Set_EQ();
-    equalizer_.eq_sld(0).Value(20);
+    equalizer_.eq_sld(0, 20);
     EXPECT_EQ(sound_.gains(state_.PrimaryChannel)[0], 6.0F);
     EXPECT_EQ(sound_.gains(state_.SecondaryChannel)[0], -10.0F);
 }
@@ -96,7 +95,7 @@ TEST_F(Equalizer, withoutALegTheFiltersOfBeforeAreSetAnew) {
 }
 
 TEST_F(Equalizer, aSliderBeforeTheFirstTrackHasNoEffect) {
-    equalizer_.eq_sld(2).Value(0);
+    equalizer_.eq_sld(2, 0);
     equalizer_.Reset_EQ();
     EXPECT_THAT(sound_.effectCalls, IsEmpty());
     EXPECT_THAT(logged(), IsEmpty());
@@ -107,21 +106,21 @@ TEST_F(Equalizer, filtersOfADeadChannelAreNotSet) {
     equalizer_.Set_EQ();
     sound_.BASS_StreamFree(state_.PrimaryChannel);
     sound_.effectCalls.clear();
-    equalizer_.eq_sld(2).Value(0);
+    equalizer_.eq_sld(2, 0);
     EXPECT_THAT(sound_.effectCalls, IsEmpty());
     EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
 }
 
 TEST_F(Equalizer, switchedOffIsFiveDecibelsUpAndKeepsTheSliders) {
     equalizer_.Set_EQ();
-    equalizer_.eq_sld(0).Value(0);
+    equalizer_.eq_sld(0, 0);
     state_.EqualizerOn = true;
     equalizer_.EQ_on_Click();
     EXPECT_FALSE(state_.EqualizerOn);
     EXPECT_THAT(gains(), Each(5));
     EXPECT_EQ(sound_.effects.at(1001).parameters.fCenter, 60.0F);
     EXPECT_EQ(sound_.effects.at(1001).parameters.fBandwidth, 15.0F);
-    EXPECT_EQ(equalizer_.eq_sld(0).Value(), 0);
+    EXPECT_EQ(equalizer_.eq_sld(0), 0);
     equalizer_.EQ_off_Click();
     EXPECT_TRUE(state_.EqualizerOn);
     EXPECT_EQ(gains()[0], 10.0F);
@@ -140,37 +139,18 @@ TEST_F(Equalizer, aNewTrackGetsTheCurveAlsoWhenSwitchedOff) {
 TEST_F(Equalizer, aSliderIsHeardAlsoWhenSwitchedOff) {
     equalizer_.Set_EQ();
     equalizer_.EQ_on_Click();
-    equalizer_.eq_sld(0).Value(8);
+    equalizer_.eq_sld(0, 8);
     EXPECT_EQ(gains()[0], 2.0F);
     EXPECT_EQ(gains()[1], 0.0F);
-}
-
-TEST_F(Equalizer, theButtonsTakeTurnsWhereTheyAreShown) {
-    elements_.touch(MainElement::EQ_off).visible = true;
-    equalizer_.flip();
-    EXPECT_TRUE(elements_.get(MainElement::EQ_on).visible);
-    EXPECT_FALSE(elements_.get(MainElement::EQ_off).visible);
-    EXPECT_TRUE(state_.EqualizerOn);
-    equalizer_.flip();
-    EXPECT_FALSE(elements_.get(MainElement::EQ_on).visible);
-    EXPECT_TRUE(elements_.get(MainElement::EQ_off).visible);
-    EXPECT_FALSE(state_.EqualizerOn);
-}
-
-TEST_F(Equalizer, onOtherPanelsTheButtonsStayHidden) {
-    equalizer_.flip();
-    EXPECT_TRUE(state_.EqualizerOn);
-    EXPECT_FALSE(elements_.get(MainElement::EQ_on).visible);
-    EXPECT_FALSE(elements_.get(MainElement::EQ_off).visible);
 }
 
 TEST_F(Equalizer, resetPutsTheBandsToTheMiddleAndLeavesTheMaster) {
     equalizer_.Set_EQ();
     put({0, 1, 2, 3, 4, 16, 17, 18, 19, 20});
-    master().Value(6);
+    master(6);
     equalizer_.resetbt_Click();
     EXPECT_THAT(sliders(), Each(10));
-    EXPECT_EQ(master().Value(), 6);
+    EXPECT_EQ(master(), 6);
     EXPECT_THAT(gains(), Each(4));
 }
 
@@ -196,27 +176,11 @@ TEST_F(Equalizer, aBandThatIsNoneIsReported) {
     EXPECT_THROW(static_cast<void>(equalizer_.eq_sld(11)), base::RuntimeError);
 }
 
-TEST_F(Equalizer, theSlidersAreDrawnWhereTheyStand) {
-    equalizer_.draw();
-    for (std::size_t index = 0; index < 11; ++index) {
-        EXPECT_EQ(elements_.get(MainElement::eq_sld, index).bar.top, 60) << index;
-    }
-}
-
-TEST_F(Equalizer, theSkinsBarIsTakenOver) {
-    ui::Element& store = elements_.touch(MainElement::Picture7);
-    store.picture = {.number = 8, .version = 1};
-    store.height = 29;
-    equalizer_.draw();
-    EXPECT_EQ(elements_.get(MainElement::eq_sld, 10).bar,
-              (ui::SliderBar{.top = 50, .height = 29, .picture = {.number = 8, .version = 1}}));
-}
-
 TEST_F(Equalizer, aStartAsksForTheFiltersBeforeBalanceAndVolume) {
     const std::string path = track("a.mp3", {.seconds = 10});
     fetchRow(path, "Song");
     sound_.calls.clear();
-    transport_.Burnbaby(path, 0, "");
+    burn(path);
     EXPECT_EQ(std::ranges::count(sound_.calls, "Set_EQ"), 1);
     const auto asked = std::ranges::find(sound_.calls, "Set_EQ");
     ASSERT_LT(asked + 1, sound_.calls.end());
@@ -227,7 +191,7 @@ TEST_F(Equalizer, aWmaStreamIsAskedForToo) {
     const std::string path = track("a.wma", {.kind = FakeKind::wma, .seconds = 10});
     fetchRow(path, "Song");
     sound_.calls.clear();
-    transport_.Burnbaby(path, 0, "");
+    burn(path);
     EXPECT_EQ(std::ranges::count(sound_.calls, "Set_EQ"), 1);
     const auto asked = std::ranges::find(sound_.calls, "Set_EQ");
     ASSERT_LT(asked + 1, sound_.calls.end());

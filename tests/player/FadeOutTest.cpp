@@ -13,7 +13,7 @@ protected:
     void play(double seconds) {
         const std::string path = track("a", {.seconds = seconds});
         fetchRow(path, "Song");
-        transport_.Burnbaby(path, 0, "");
+        burn(path);
         sound_.calls.clear();
     }
 };
@@ -29,7 +29,7 @@ TEST_F(FadeOut, slidesToSilenceAndStops) {
     EXPECT_FALSE(state_.IsPlaying);
     EXPECT_EQ(view_.last.percent, 0);
     EXPECT_EQ(view_.last.time, "00:00");
-    EXPECT_FALSE(FadeOut_->enabled());
+    EXPECT_FALSE(fadeOut_.runs());
     EXPECT_FALSE(sound_.lives(1));
 }
 
@@ -50,7 +50,7 @@ TEST_F(FadeOut, withATimeOfZeroTheTrackStopsAtOnce) {
         fadeOut_.FadeOutTrack();
         EXPECT_FALSE(state_.IsPlaying);
         EXPECT_FALSE(sound_.lives(channel));
-        EXPECT_FALSE(FadeOut_->enabled());
+        EXPECT_FALSE(fadeOut_.runs());
         EXPECT_EQ(view_.last.time, "00:00");
         EXPECT_THAT(sound_.calls, Not(Contains(testing::HasSubstr("Slide"))));
     }
@@ -61,7 +61,7 @@ TEST_F(FadeOut, aStartCallsItOff) {
     fadeOut_.FadeOutTrack();
     advance(1000);
     play(60);
-    EXPECT_FALSE(FadeOut_->enabled());
+    EXPECT_FALSE(fadeOut_.runs());
     advance(10000);
     EXPECT_TRUE(state_.IsPlaying);
 }
@@ -70,7 +70,7 @@ TEST_F(FadeOut, soDoesACrossfade) {
     play(60);
     fadeOut_.FadeOutTrack();
     advance(1000);
-    crossfade_.CrossFade_BurnBaby(track("b", {.seconds = 60}), 5000, "");
+    fade(track("b", {.seconds = 60}), 5000);
     advance(10000);
     EXPECT_TRUE(state_.IsPlaying);
     EXPECT_EQ(sound_.BASS_ChannelIsActive(state_.active()), sound::Activity::playing);
@@ -80,7 +80,7 @@ TEST_F(FadeOut, aCrossfadeThatFailsLetsItGoOn) {
     play(60);
     fadeOut_.FadeOutTrack();
     advance(1000);
-    crossfade_.CrossFade_BurnBaby(host_.folder.write("none", "text"), 5000, "");
+    fade(host_.folder.write("none", "text"), 5000);
     advance(4000);
     EXPECT_FALSE(state_.IsPlaying);
 }
@@ -89,13 +89,13 @@ TEST_F(FadeOut, stopCallsItOff) {
     play(60);
     fadeOut_.FadeOutTrack();
     transport_.button_stop();
-    EXPECT_FALSE(FadeOut_->enabled());
+    EXPECT_FALSE(fadeOut_.runs());
 }
 
 TEST_F(FadeOut, aTrackThatEndsMeanwhileIsNotFollowed) {
     addRows(2, {.seconds = 4});
     mirror_.ListIndex(0);
-    transport_.List1_DblClick();
+    rowPlayer_.List1_DblClick();
     fadeOut_.FadeOutTrack(); // 5 s
     advance(4500);
     EXPECT_FALSE(state_.IsPlaying);
@@ -107,7 +107,7 @@ TEST_F(FadeOut, aTimeThatIsNoNumberStartsNothing) {
     play(60);
     set("CFDT", "long");
     EXPECT_THROW(fadeOut_.FadeOutTrack(), base::RuntimeError);
-    EXPECT_FALSE(FadeOut_->enabled());
+    EXPECT_FALSE(fadeOut_.runs());
     EXPECT_THAT(sound_.calls, Not(Contains(testing::HasSubstr("Slide"))));
 }
 

@@ -23,7 +23,7 @@ TEST_F(PlayListRow, theSelectedRowIsPlayedWhateverTheTextSays) {
     state_.SecondaryChannel = 40;
     state_.SpareChannelC = 41;
     state_.SpareChannelD = 42;
-    transport_.Stdss_Play("3");
+    rowPlayer_.Stdss_Play("3");
     EXPECT_THAT(std::vector(sound_.calls.begin(), sound_.calls.begin() + 7),
                 ElementsAre("BASS_StreamFree(40)", "BASS_MusicFree(40)", "BASS_StreamFree(41)",
                             "BASS_MusicFree(41)", "BASS_StreamFree(42)", "BASS_MusicFree(42)",
@@ -37,7 +37,7 @@ TEST_F(PlayListRow, theSelectedRowIsPlayedWhateverTheTextSays) {
 
 TEST_F(PlayListRow, theLengthGoesIntoTheRowAlsoOfTheFirstTrack) {
     list_.SelectedIndex = 2;
-    transport_.Stdss_Play("");
+    rowPlayer_.Stdss_Play("");
     EXPECT_EQ(list_.seconds(2), 65);
     EXPECT_EQ(list_.text(2, playlist::RowText::TimeText), "00:01:05");
     EXPECT_EQ(list_.seconds(1), 0);
@@ -46,15 +46,15 @@ TEST_F(PlayListRow, theLengthGoesIntoTheRowAlsoOfTheFirstTrack) {
 
 TEST_F(PlayListRow, titlesAreShownOnceMore) {
     list_.SelectedIndex = 3;
-    transport_.Stdss_Play("");
-    EXPECT_THAT(view_.told, ElementsAre("fields shown", "facts", "titles", "facts", "titles"));
+    rowPlayer_.Stdss_Play("");
+    EXPECT_THAT(view_.told, ElementsAre("source", "facts", "titles", "facts", "titles"));
     EXPECT_EQ(view_.last.caption, " three (01:05)");
 }
 
 TEST_F(PlayListRow, aRowThatCannotBePlayedStaysSelectedAndIsNamed) {
     sound_.files.clear();
     list_.SelectedIndex = 1;
-    transport_.Stdss_Play("");
+    rowPlayer_.Stdss_Play("");
     EXPECT_FALSE(state_.IsPlaying);
     EXPECT_EQ(list_.SelectedIndex, 1);
     EXPECT_EQ(list_.seconds(1), 0);
@@ -65,11 +65,11 @@ TEST_F(PlayListRow, aRowThatCannotBePlayedStaysSelectedAndIsNamed) {
 TEST_F(PlayListRow, aRowThatCannotBePlayedKeepsItsLength) {
     list_.AddItem("", "gone", "Gone", "03:20", 200);
     list_.SelectedIndex = 1;
-    transport_.Stdss_Play("");
+    rowPlayer_.Stdss_Play("");
     for (const bool crossfade : {true, false}) {
         state_.CrossfadeOn = crossfade;
         list_.SelectedIndex = 4;
-        transport_.Stdss_Play("");
+        rowPlayer_.Stdss_Play("");
         EXPECT_EQ(list_.seconds(4), 200) << crossfade;
         EXPECT_EQ(view_.last.caption, " Gone") << crossfade;
     }
@@ -86,10 +86,10 @@ TEST_F(PlayListRow, theLookFollowsTheSoundHoweverItCame) {
         return rows;
     };
     list_.SelectIndex(2);
-    transport_.button_play();
+    rowPlayer_.button_play();
     EXPECT_THAT(look(), ElementsAre(2));
     mirror_.ListIndex(0);
-    transport_.List1_DblClick();
+    rowPlayer_.List1_DblClick();
     EXPECT_THAT(look(), ElementsAre(1));
     advance_.button_next();
     EXPECT_THAT(look(), ElementsAre(2));
@@ -103,7 +103,7 @@ TEST_F(PlayListRow, theLookFollowsTheSoundHoweverItCame) {
 
 TEST_F(PlayListRow, theItemOfThePlainListBecomesTheSelectedRow) {
     mirror_.ListIndex(2);
-    transport_.List1_DblClick();
+    rowPlayer_.List1_DblClick();
     EXPECT_EQ(list_.SelectedIndex, 3);
     EXPECT_EQ(state_.CurrentTitle, "three");
     EXPECT_TRUE(state_.IsPlaying);
@@ -112,7 +112,7 @@ TEST_F(PlayListRow, theItemOfThePlainListBecomesTheSelectedRow) {
 
 TEST_F(PlayListRow, thePlainListWithoutASelectionSoundsNothing) {
     list_.SelectedIndex = 2;
-    transport_.List1_DblClick();
+    rowPlayer_.List1_DblClick();
     EXPECT_EQ(list_.SelectedIndex, 0);
     EXPECT_FALSE(state_.IsPlaying);
     EXPECT_EQ(state_.TracksStarted, 1);
@@ -121,7 +121,7 @@ TEST_F(PlayListRow, thePlainListWithoutASelectionSoundsNothing) {
 TEST_F(PlayListRow, rowsOneAfterTheOther) {
     for (std::int32_t item = 0; item < 3; ++item) {
         mirror_.ListIndex(item);
-        transport_.List1_DblClick();
+        rowPlayer_.List1_DblClick();
     }
     EXPECT_EQ(state_.TracksStarted, 3);
     EXPECT_EQ(list_.seconds(1), 0); // the first track of a session does not tell its length
@@ -134,7 +134,7 @@ TEST_F(PlayListRow, withCrossfadeARowOfTheListFadesEvenIfItIsTheFirst) {
     static_cast<void>(sound_.BASS_Init(1, 44100, 0, 0, 0));
     set("CFDT", "4");
     list_.SelectedIndex = 2;
-    transport_.Stdss_Play("");
+    rowPlayer_.Stdss_Play("");
     EXPECT_EQ(state_.CrossfadeLeg, 1);
     EXPECT_EQ(state_.ActiveChannel, player::ChannelSlot::secondary);
     EXPECT_THAT(sound_.calls, testing::Not(testing::Contains("BASS_Free()")));
@@ -146,7 +146,7 @@ TEST_F(PlayListRow, withCrossfadeARowOfTheListFadesEvenIfItIsTheFirst) {
 TEST_F(PlayListRow, aMissingFadeTimeGoesToTheGuardOfTheList) {
     takeOut("CFDT");
     list_.SelectedIndex = 2;
-    transport_.Stdss_Play("");
+    rowPlayer_.Stdss_Play("");
     EXPECT_THAT(logged(), ElementsAre("Invalid use of Null" + settingPlace(host_.folder, "CFDT") +
                                       ",94,Player,playlist_play"));
     ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
@@ -157,11 +157,11 @@ TEST_F(PlayListRow, aMissingFadeTimeGoesToTheGuardOfTheList) {
 TEST_F(PlayListRow, withCrossfadeThePlainListFadesFromTheSecondTrackOn) {
     state_.CrossfadeOn = true;
     mirror_.ListIndex(0);
-    transport_.List1_DblClick();
+    rowPlayer_.List1_DblClick();
     EXPECT_EQ(state_.CrossfadeLeg, 2);
     sound_.calls.clear();
     mirror_.ListIndex(1);
-    transport_.List1_DblClick();
+    rowPlayer_.List1_DblClick();
     EXPECT_EQ(state_.CrossfadeLeg, 1);
     EXPECT_THAT(sound_.calls,
                 testing::Contains("BASS_ChannelSlideAttributes(1, -1, 0, -101, 5000)"));
@@ -173,7 +173,7 @@ TEST_F(PlayListRow, aClearedCountMakesTheNextStartAPlainOne) {
     state_.ClearCounterOnPlay = true;
     state_.TracksStarted = 3;
     mirror_.ListIndex(1);
-    transport_.List1_DblClick();
+    rowPlayer_.List1_DblClick();
     EXPECT_FALSE(state_.ClearCounterOnPlay);
     EXPECT_EQ(state_.TracksStarted, 1);
     EXPECT_EQ(state_.CrossfadeLeg, 2);
@@ -184,7 +184,7 @@ TEST_F(PlayListRow, withoutCrossfadeTheRequestStays) {
     state_.ClearCounterOnPlay = true;
     state_.TracksStarted = 3;
     mirror_.ListIndex(1);
-    transport_.List1_DblClick();
+    rowPlayer_.List1_DblClick();
     EXPECT_TRUE(state_.ClearCounterOnPlay);
     EXPECT_EQ(state_.TracksStarted, 4);
 }

@@ -21,22 +21,9 @@ std::string tagBytes(const TagTexts& tag) {
 
 } // namespace
 
-PlayerRig::PlayerRig()
-    : playback_({.state = state_,
-                 .sound = sound_,
-                 .settings = settings_,
-                 .errors = errors_,
-                 .tag = tag_,
-                 .list = list_,
-                 .mirror = mirror_,
-                 .elements = elements_,
-                 .playing = playing_,
-                 .view = view_,
-                 .events = events_,
-                 .window = window_,
-                 .equalizer = startEqualizer_,
-                 .timers = host_.clock,
-                 .random = host_.random}) {
+PlayerRig::PlayerRig() {
+    screen_.add(view_);
+    news_.add(events_);
     values_ = {{"CFDT", "5"}, {"SLDT", "50"},  {"EV2", "0"},
                {"OSD", "0"},  {"TKXV", "0,1"}, {"TKV2", "1"}};
     writeSettings();

@@ -44,9 +44,7 @@ public:
 
     void showBalance(const player::NowPlaying& playing) override { note("balance", playing); }
 
-    void showFields(bool visible) override {
-        told.emplace_back(visible ? "fields shown" : "fields hidden");
-    }
+    void showSource() override { told.emplace_back("source"); }
 
 private:
     void note(const char* what, const player::NowPlaying& playing) {
@@ -78,15 +76,8 @@ public:
 };
 
 /// A window that only has a number.
-class NumberedWindow final : public player::PlayerWindow {
+class NumberedWindow final : public player::PlayerHandle {
 public:
-    int drags = 0;
-    int focusTaken = 0;
-
-    void beginDrag() override { ++drags; }
-
-    void takeFocus() override { ++focusTaken; }
-
     static constexpr std::uintptr_t kNumber = 77;
 
     [[nodiscard]] std::uintptr_t handle() const override { return kNumber; }
@@ -137,6 +128,16 @@ protected:
     /// Puts a row into the list and fetches it, as callers of `Burnbaby` do.
     void fetchRow(const std::string& path, const std::string& title);
 
+    /// Starts a file plainly, as the row that was fetched last.
+    bool burn(const std::string& path, const std::string& popup = {}) {
+        return transport_.Burnbaby(fetched(path), popup);
+    }
+
+    /// The same by a crossfade.
+    bool fade(const std::string& path, std::int32_t milliseconds) {
+        return crossfade_.CrossFade_BurnBaby(fetched(path), milliseconds);
+    }
+
     /// Date, version and system apart, the lines of the log: "description,number,module,word".
     [[nodiscard]] std::vector<std::string> logged() const;
 
@@ -151,36 +152,45 @@ protected:
     tags::cMP3ID3v1 tag_{tagWarning_};
     playlist::stdSS list_;
     playlist::ListMirror mirror_{list_};
-    player::NowPlaying playing_;
+    player::Screen screen_;
+    player::NowPlaying& playing_ = screen_.playing;
     RecordingView view_;
+    player::TrackNews news_;
     RecordingEvents events_;
-    NumberedWindow window_;
-    ui::MainElements elements_{ui::mainLayout()};
+    NumberedWindow handle_;
     NotedEqualizer startEqualizer_{sound_.calls};
-    player::Playback playback_;
+    player::Core core_{.state = state_,
+                       .sound = sound_,
+                       .settings = settings_,
+                       .errors = errors_,
+                       .lists = {.stdSS = list_, .List1 = mirror_},
+                       .timers = host_.clock,
+                       .screen = screen_,
+                       .news = news_};
+    player::Playback playback_{core_, tag_, startEqualizer_, handle_, host_.random};
 
     // The parts by the names that tests use.
     player::CBASS_TIME& time_ = playback_.time;
-    player::TrackOpener& opener_ = playback_.opener;
+    player::TrackOpener opener_{sound_};
     player::Volume& volume_ = playback_.volume;
-    player::VolumeBar& volumeBar_ = playback_.volumeBar;
     player::Balance& balance_ = playback_.balance;
     player::TrackFacts& facts_ = playback_.facts;
     player::TrackStarter& starter_ = playback_.starter;
-    std::unique_ptr<host::Timer>& Timer1_ = playback_.Timer1;
-    std::unique_ptr<host::Timer>& Timer3_ = playback_.Timer3;
-    std::unique_ptr<host::Timer>& sldTimer_ = playback_.sldTimer;
-    std::unique_ptr<host::Timer>& CrossFade_ = playback_.CrossFadeTimer;
-    std::unique_ptr<host::Timer>& FadeOut_ = playback_.FadeOutTimer;
+    host::Timer* CrossFade_ = &playback_.crossfade.CrossFade();
     player::Crossfade& crossfade_ = playback_.crossfade;
     player::Transport& transport_ = playback_.transport;
+    player::RowPlayer& rowPlayer_ = playback_.rows;
     player::TrackAdvance& advance_ = playback_.advance;
     player::SilenceSkip& silenceSkip_ = playback_.silenceSkip;
     player::FadeOut& fadeOut_ = playback_.fadeOut;
     player::PlaybackClock& clock_ = playback_.clock;
-    player::PositionBar& positionBar_ = playback_.positionBar;
+    player::TrackSeek& seek_ = playback_.seek;
 
 private:
+    [[nodiscard]] player::TrackRef fetched(const std::string& path) const {
+        return {.path = path, .title = list_.OutTitle, .row = list_.SelectedIndex};
+    }
+
     void writeSettings() const;
 
     std::map<std::string, std::string> values_;

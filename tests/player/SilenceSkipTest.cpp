@@ -13,12 +13,12 @@ protected:
         addRows(2, {.seconds = seconds});
         list_.SelectedIndex = 1;
         list_.GetData(1);
-        transport_.Burnbaby(list_.OutFileName, 0, "");
+        burn(list_.OutFileName);
         if (threshold != nullptr) {
             set("SLDT", threshold);
             silenceSkip_.button_sld();
         }
-        Timer3_->setEnabled(false); // only silence ends a track here
+        clock_.watchTrack(false); // only silence ends a track here
     }
 
     void level(std::int32_t level) { sound_.channel(state_.active()).level = level; }
@@ -100,9 +100,9 @@ TEST_F(SilenceSkip, theThresholdIsReadWhenTheModeIsSwitchedOn) {
 
 TEST_F(SilenceSkip, theTimerRestsWhileTheModeIsOff) {
     play(60, "50");
-    EXPECT_TRUE(sldTimer_->enabled());
+    EXPECT_TRUE(silenceSkip_.watches());
     silenceSkip_.button_sld();
-    EXPECT_FALSE(sldTimer_->enabled());
+    EXPECT_FALSE(silenceSkip_.watches());
     EXPECT_FALSE(state_.SilenceSkipOn);
 }
 
@@ -145,10 +145,10 @@ TEST_F(SilenceSkip, aPausedOutputIsNoSilence) {
 TEST_F(SilenceSkip, everyStartClearsTheCount) {
     play(60, "50");
     state_.SilenceTicks = 9;
-    transport_.Burnbaby(list_.OutFileName, 0, "");
+    burn(list_.OutFileName);
     EXPECT_EQ(state_.SilenceTicks, 0);
     state_.SilenceTicks = 9;
-    crossfade_.CrossFade_BurnBaby(list_.OutFileName, 0, "");
+    fade(list_.OutFileName, 0);
     EXPECT_EQ(state_.SilenceTicks, 0);
 }
 

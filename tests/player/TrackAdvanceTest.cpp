@@ -232,7 +232,7 @@ TEST_F(TrackAdvance, tenRowsBack) {
 TEST_F(TrackAdvance, theButtonsClearThePauseAndMoveOn) {
     addRows(3, {.seconds = 65});
     select(2);
-    transport_.Burnbaby(list_.OutFileName, 0, "");
+    burn(list_.OutFileName);
     transport_.pause();
     state_.IsPaused = true;
     advance_.button_next();
@@ -249,7 +249,7 @@ TEST_F(TrackAdvance, nextAtTheEndLeavesAPausedOutputThatSaysItIsNot) {
     addRows(1, {.seconds = 65});
     select(1);
     list_.GetData(1);
-    transport_.Burnbaby(list_.OutFileName, 0, "");
+    burn(list_.OutFileName);
     transport_.pause();
     advance_.button_next();
     EXPECT_FALSE(state_.IsPaused);

@@ -11,9 +11,7 @@ using testing::IsEmpty;
 
 class Facts : public PlayerRig {
 protected:
-    void play(const std::string& path, const std::string& title = "") {
-        transport_.Burnbaby(path, 0, title);
-    }
+    void play(const std::string& path, const std::string& title = "") { burn(path, title); }
 };
 
 TEST_F(Facts, rateAndFrequency) {
@@ -86,7 +84,7 @@ TEST_F(Facts, fieldsAreShownBeforeTheUnknownOnesAreNamed) {
     play(track("a.mp3", {.seconds = 10}));
     ASSERT_EQ(view_.facts.size(), 2U);
     EXPECT_THAT(view_.facts[0], ElementsAre("", "", "", "", ""));
-    EXPECT_THAT(view_.told, ElementsAre("fields shown", "facts", "titles", "facts"));
+    EXPECT_THAT(view_.told, ElementsAre("source", "facts", "titles", "facts"));
     EXPECT_FALSE(state_.RadioMode);
 }
 
@@ -151,10 +149,10 @@ TEST_F(Facts, aMissingPopupSettingGoesToTheGuardBehindTheFields) {
     play(track("a.mp3", {.seconds = 75}, 1000, &tag));
     EXPECT_THAT(logged(), ElementsAre("Invalid use of Null" + settingPlace(host_.folder, "OSD") +
                                       ",94,Player,BurnBaby"));
-    EXPECT_THAT(view_.told, ElementsAre("fields shown", "facts"));
+    EXPECT_THAT(view_.told, ElementsAre("source", "facts"));
     EXPECT_EQ(view_.last.fields[1], "T");
     EXPECT_FALSE(state_.IsPlaying);
-    EXPECT_TRUE(Timer3_->enabled());
+    EXPECT_TRUE(clock_.watchesTrack());
 }
 
 TEST_F(Facts, theReport) {
@@ -168,15 +166,6 @@ TEST_F(Facts, theReport) {
     EXPECT_EQ(events_.report.album, "B");
     EXPECT_EQ(events_.report.listTitle, "Song");
     EXPECT_EQ(events_.report.seconds, 75);
-}
-
-TEST_F(Facts, onAnotherPanelTheFieldsAreHiddenAgain) {
-    const std::string path = track("a.mp3", {.seconds = 75});
-    state_.CurrentPanel = 2;
-    play(path);
-    EXPECT_THAT(view_.told,
-                ElementsAre("fields shown", "facts", "titles", "facts", "fields hidden"));
-    EXPECT_TRUE(state_.IsPlaying);
 }
 
 TEST_F(Facts, aFileOnlyReadableIsNoReasonForABox) {

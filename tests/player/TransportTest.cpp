@@ -7,14 +7,13 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using ui::MainElement;
 
 class Transport : public PlayerRig {
 protected:
     std::string startRow(const FakeFile& file) {
         std::string path = track("a", file);
         fetchRow(path, "Song");
-        transport_.Burnbaby(path, 0, "");
+        burn(path);
         sound_.calls.clear();
         events_.told.clear();
         view_.told.clear();
@@ -30,7 +29,7 @@ TEST_F(Transport, stopFreesBothStreams) {
                                           "BASS_StreamFree(40)", "BASS_ChannelStop(40)"));
     EXPECT_THAT(events_.told, ElementsAre("no visualisation", "nothing {0} - {1} Music"));
     EXPECT_FALSE(state_.IsPlaying);
-    EXPECT_FALSE(Timer3_->enabled());
+    EXPECT_FALSE(clock_.watchesTrack());
     EXPECT_FALSE(sound_.lives(1));
     EXPECT_TRUE(sound_.initialized);
 }
@@ -41,16 +40,16 @@ TEST_F(Transport, stopSilencesAModuleAndLeavesItToTheNextStart) {
     EXPECT_EQ(sound_.BASS_ChannelIsActive(1), sound::Activity::stopped);
     EXPECT_TRUE(sound_.lives(1));
     EXPECT_FALSE(state_.IsPlaying);
-    transport_.Burnbaby("", 0, "");
+    burn("");
     EXPECT_FALSE(sound_.lives(1));
 }
 
 TEST_F(Transport, stopOfNothingOnlyTellsIt) {
-    Timer3_->setEnabled(true);
+    clock_.watchTrack(true);
     transport_.Stop_play();
     EXPECT_THAT(sound_.calls, IsEmpty());
     EXPECT_THAT(events_.told, ElementsAre("nothing {0} - {1} Music"));
-    EXPECT_TRUE(Timer3_->enabled());
+    EXPECT_TRUE(clock_.watchesTrack());
 }
 
 TEST_F(Transport, pauseActsOnTheWholeOutput) {
@@ -78,7 +77,7 @@ TEST_F(Transport, stopWhilePausedKeepsTheFlagUntilTheNextStart) {
     transport_.Stop_play();
     EXPECT_FALSE(state_.IsPlaying);
     EXPECT_TRUE(state_.IsPaused);
-    transport_.Burnbaby(path, 0, "");
+    burn(path);
     EXPECT_TRUE(state_.IsPlaying);
     EXPECT_FALSE(state_.IsPaused);
     EXPECT_FALSE(sound_.paused);
@@ -88,11 +87,7 @@ TEST_F(Transport, playWhilePausedStartsTheRowAnew) {
     startRow({.seconds = 10});
     sound_.setSeconds(1, 5);
     transport_.pause();
-    elements_.touch(MainElement::playup).visible = false;
-    elements_.touch(MainElement::playdown).visible = true;
-    transport_.button_play();
-    EXPECT_TRUE(elements_.get(MainElement::playup).visible);
-    EXPECT_FALSE(elements_.get(MainElement::playdown).visible);
+    rowPlayer_.button_play();
     EXPECT_FALSE(state_.IsPaused);
     EXPECT_TRUE(state_.IsPlaying);
     EXPECT_FALSE(sound_.paused);
@@ -101,11 +96,9 @@ TEST_F(Transport, playWhilePausedStartsTheRowAnew) {
     EXPECT_FALSE(sound_.lives(1));
 }
 
-TEST_F(Transport, playOfAnEmptyListOnlyShowsTheButton) {
-    elements_.touch(MainElement::playup).visible = false;
+TEST_F(Transport, playOfAnEmptyListDoesNothing) {
     state_.IsPaused = true;
-    transport_.button_play();
-    EXPECT_TRUE(elements_.get(MainElement::playup).visible);
+    rowPlayer_.button_play();
     EXPECT_TRUE(state_.IsPaused);
     EXPECT_THAT(sound_.calls, IsEmpty());
     EXPECT_EQ(state_.TracksStarted, 0);
@@ -113,7 +106,7 @@ TEST_F(Transport, playOfAnEmptyListOnlyShowsTheButton) {
 
 TEST_F(Transport, playWithoutASelectionStartsTheFirstRow) {
     addRows(2, {.seconds = 10});
-    transport_.button_play();
+    rowPlayer_.button_play();
     EXPECT_TRUE(state_.IsPlaying);
     EXPECT_EQ(state_.TracksStarted, 1);
     EXPECT_EQ(state_.CurrentTitle, "T1");
@@ -123,11 +116,7 @@ TEST_F(Transport, playWithoutASelectionStartsTheFirstRow) {
 
 TEST_F(Transport, theButtonOfPause) {
     startRow({.seconds = 10});
-    elements_.touch(MainElement::pauseup).visible = false;
-    elements_.touch(MainElement::pausedown).visible = true;
     transport_.button_pause();
-    EXPECT_TRUE(elements_.get(MainElement::pauseup).visible);
-    EXPECT_FALSE(elements_.get(MainElement::pausedown).visible);
     EXPECT_TRUE(state_.IsPaused);
 }
 

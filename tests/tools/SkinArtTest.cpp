@@ -20,7 +20,7 @@
 namespace tovik::skinart {
 namespace {
 
-using N = ui::MainElement;
+using N = window::MainElement;
 
 constexpr std::array kScales{1, 2};
 
@@ -247,7 +247,7 @@ TEST(SkinArt, theKeyColourIsWhatLiesOutsideTheOutline) {
 
 TEST(SkinArt, everyShownElementLiesInsideTheOutline) {
     const QImage& body = picture("main");
-    for (const auto& place : ui::mainLayout()) {
+    for (const auto& place : window::mainLayout()) {
         if (place.name == N::mainIMG || place.kind == ui::ElementKind::Label) {
             continue;
         }

@@ -13,7 +13,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using ui::Adjustment;
 using ui::ElementRange;
-using ui::MainElement;
+using window::MainElement;
 
 class ElementActions : public InputRig {
 protected:
@@ -21,9 +21,9 @@ protected:
                                      .playing = playing_,
                                      .elements = elements_,
                                      .commands = commands_,
-                                     .position = positionBar_,
+                                     .position = seek_,
                                      .volume = volumeBar_,
-                                     .balance = balance_,
+                                     .balance = balanceBar_,
                                      .equalizer = equalizer_,
                                      .timeDisplay = timeDisplay_}};
 
@@ -101,21 +101,21 @@ TEST_F(ElementActions, aSliderOfTheEqualizerByKeys) {
     EXPECT_EQ(facts(MainElement::eq_sld, 4).range,
               (ElementRange{.value = 0, .least = -10, .most = 10, .step = 1}));
     move(MainElement::eq_sld, Adjustment::Up, 4);
-    EXPECT_EQ(equalizer_.eq_sld(4).Value(), 9) << "the top is the least value";
+    EXPECT_EQ(equalizer_.eq_sld(4), 9) << "the top is the least value";
     EXPECT_EQ(facts(MainElement::eq_sld, 4).text, "+1 dB");
     move(MainElement::eq_sld, Adjustment::PageUp, 4);
-    EXPECT_EQ(equalizer_.eq_sld(4).Value(), 4);
+    EXPECT_EQ(equalizer_.eq_sld(4), 4);
     move(MainElement::eq_sld, Adjustment::Least, 4);
-    EXPECT_EQ(equalizer_.eq_sld(4).Value(), 20);
+    EXPECT_EQ(equalizer_.eq_sld(4), 20);
     EXPECT_EQ(facts(MainElement::eq_sld, 4).text, "-10 dB");
-    EXPECT_EQ(equalizer_.eq_sld(3).Value(), 10);
+    EXPECT_EQ(equalizer_.eq_sld(3), 10);
 }
 
 TEST_F(ElementActions, thePositionByKeys) {
     EXPECT_EQ(facts(MainElement::posbar).range->most, 0);
     move(MainElement::posbar, Adjustment::Up);
     EXPECT_THAT(sound_.calls, IsEmpty()) << "nothing plays";
-    transport_.Burnbaby(track("a.mp3", {.seconds = 100}), 0, "");
+    burn(track("a.mp3", {.seconds = 100}));
     const std::vector<std::pair<Adjustment, std::int32_t>> moves = {
         {Adjustment::Up, 5},       {Adjustment::PageUp, 35}, {Adjustment::Down, 30},
         {Adjustment::PageDown, 0}, {Adjustment::Down, 0},    {Adjustment::PageUp, 30},
@@ -136,7 +136,7 @@ TEST_F(ElementActions, aValueIsHeldToItsRange) {
     actions_.setValue(ui::addressOf(MainElement::volbar), 1000);
     EXPECT_EQ(state_.CurrentVolume, 100);
     actions_.setValue(ui::addressOf(MainElement::eq_sld, 0), -99);
-    EXPECT_EQ(equalizer_.eq_sld(0).Value(), 20);
+    EXPECT_EQ(equalizer_.eq_sld(0), 20);
     actions_.setValue(ui::addressOf(MainElement::songname), 1);
     EXPECT_THAT(ran_, IsEmpty());
 }
@@ -165,11 +165,11 @@ TEST_F(ElementActions, fieldsReadWhatTheyShow) {
 TEST_F(ElementActions, aSliderTakesTheWheelAndNothingElseDoes) {
     input_.wheel(at(MainElement::eq_sld, 2, ui::MouseButton::None), 1);
     input_.wheel(at(MainElement::eq_sld, 2, ui::MouseButton::None), 1.5);
-    EXPECT_EQ(equalizer_.eq_sld(2).Value(), 8);
+    EXPECT_EQ(equalizer_.eq_sld(2), 8);
     input_.wheel(at(MainElement::eq_sld, 2, ui::MouseButton::None), 0.5);
-    EXPECT_EQ(equalizer_.eq_sld(2).Value(), 7);
+    EXPECT_EQ(equalizer_.eq_sld(2), 7);
     input_.wheel(at(MainElement::eq_sld, 2, ui::MouseButton::None), -100);
-    EXPECT_EQ(equalizer_.eq_sld(2).Value(), 20);
+    EXPECT_EQ(equalizer_.eq_sld(2), 20);
     input_.wheel(at(MainElement::eq_sld, 2, ui::MouseButton::None), -1);
     EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
     EXPECT_EQ(state_.CurrentVolume, 80);
@@ -179,15 +179,15 @@ TEST_F(ElementActions, aDoubleClickPutsASliderToTheMiddle) {
     ui::PointerEvent pointer = at(MainElement::eq_sld, 2);
     pointer.y = 10;
     input_.mouseDown(pointer);
-    EXPECT_NE(equalizer_.eq_sld(2).Value(), 10);
+    EXPECT_NE(equalizer_.eq_sld(2), 10);
     input_.doubleClick(pointer);
-    EXPECT_EQ(equalizer_.eq_sld(2).Value(), 10);
+    EXPECT_EQ(equalizer_.eq_sld(2), 10);
     input_.mouseMove(dragged(pointer));
-    EXPECT_EQ(equalizer_.eq_sld(2).Value(), 10) << "it is not dragged away again";
+    EXPECT_EQ(equalizer_.eq_sld(2), 10) << "it is not dragged away again";
     pointer.button = ui::MouseButton::Right;
-    equalizer_.eq_sld(2).Value(3);
+    equalizer_.eq_sld(2, 3);
     input_.doubleClick(pointer);
-    EXPECT_EQ(equalizer_.eq_sld(2).Value(), 3);
+    EXPECT_EQ(equalizer_.eq_sld(2), 3);
 }
 
 TEST_F(ElementActions, escapeHandsTheKeyboardBack) {

@@ -7,8 +7,8 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using ui::MainElement;
 using ui::MouseButton;
+using window::MainElement;
 
 class EqualizerInput : public InputRig {
 protected:
@@ -19,7 +19,7 @@ protected:
         return pointer;
     }
 
-    [[nodiscard]] std::int32_t value(std::size_t index) { return equalizer_.eq_sld(index).Value(); }
+    [[nodiscard]] std::int32_t value(std::size_t index) { return sliders_.eq_sld(index).Value(); }
 };
 
 TEST_F(EqualizerInput, aPressMovesThatSlider) {
@@ -46,11 +46,11 @@ TEST_F(EqualizerInput, aHeldSliderFollowsAndALooseOneDoesNot) {
 TEST_F(EqualizerInput, theRightButtonMovesNothing) {
     input_.mouseDown(onSlider(3, 0, MouseButton::Right));
     EXPECT_EQ(value(3), 10);
-    EXPECT_FALSE(equalizer_.eq_sld(3).Dragging());
+    EXPECT_FALSE(sliders_.eq_sld(3).Dragging());
 }
 
 TEST_F(EqualizerInput, otherElementsAreLeftToTheOthers) {
-    window::EqualizerInput sliders(equalizer_);
+    window::EqualizerInput sliders(sliders_);
     EXPECT_FALSE(sliders.mouseDown(at(MainElement::volbar)));
     EXPECT_FALSE(sliders.mouseMove(at(MainElement::volbar)));
     EXPECT_FALSE(sliders.mouseUp(at(MainElement::volbar)));

@@ -6,7 +6,7 @@
 namespace tovik::window {
 namespace {
 
-using N = ui::MainElement;
+using N = MainElement;
 using ui::Shade;
 
 class FlatFacesTest : public testing::Test {
@@ -24,7 +24,7 @@ protected:
                 .leftHeld = held};
     }
 
-    ui::MainElements elements_{ui::mainLayout()};
+    MainElements elements_{mainLayout()};
     FlatFaces faces_{elements_};
 };
 

@@ -4,15 +4,15 @@
 
 #include "commands/ClsShortcut.h"
 #include "commands/Commands.h"
-#include "player/PlayerRig.h"
 #include "window/MainBars.h"
 #include "window/MainInput.h"
 #include "window/TimeDisplay.h"
+#include "window/ViewRig.h"
 
 namespace tovik::test {
 
 /// Each command is bound and only written down.
-class InputRig : public PlayerRig {
+class InputRig : public ViewRig {
 protected:
     InputRig() {
         for (const commands::Command& command : commands::commandTable()) {
@@ -21,8 +21,8 @@ protected:
     }
 
     /// The pointer at a place from the window's corner, with the element that it is about.
-    static ui::PointerEvent event(ui::MainElement element, std::size_t index, double x, double y,
-                                  ui::MouseButton button = ui::MouseButton::Left) {
+    static ui::PointerEvent event(window::MainElement element, std::size_t index, double x,
+                                  double y, ui::MouseButton button = ui::MouseButton::Left) {
         ui::PointerEvent event;
         event.element = ui::addressOf(element, index);
         event.windowX = x;
@@ -33,7 +33,7 @@ protected:
     }
 
     /// The pointer on the middle of an element.
-    [[nodiscard]] ui::PointerEvent at(ui::MainElement element, std::size_t index = 0,
+    [[nodiscard]] ui::PointerEvent at(window::MainElement element, std::size_t index = 0,
                                       ui::MouseButton button = ui::MouseButton::Left) const {
         const ui::Box box = elements_.get(element, index).box();
         return event(element, index, box.left + box.width / 2, box.top + box.height / 2, button);
@@ -45,7 +45,7 @@ protected:
         return event;
     }
 
-    void click(ui::MainElement element, std::size_t index = 0) {
+    void click(window::MainElement element, std::size_t index = 0) {
         input_.mouseDown(at(element, index));
         input_.mouseUp(at(element, index));
     }
@@ -53,14 +53,9 @@ protected:
     std::vector<commands::CommandId> ran_;
     commands::Commands commands_;
     commands::ClsShortcut shortcuts_{commands_};
-    window::TimeDisplay timeDisplay_{state_, playing_, view_};
-    window::MainBars bars_{elements_, positionBar_, volumeBar_, balance_};
-    player::Equalizer equalizer_{{.state = state_,
-                                  .sound = sound_,
-                                  .errors = errors_,
-                                  .elements = elements_,
-                                  .dialogs = host_.dialogs}};
-    window::EqualizerInput equalizerInput_{equalizer_};
+    window::TimeDisplay timeDisplay_{core_};
+    window::MainBars bars_{elements_, positionBar_, volumeBar_, balanceBar_};
+    window::EqualizerInput equalizerInput_{sliders_};
     window::MainInput input_{{.elements = elements_,
                               .errors = errors_,
                               .commands = commands_,

@@ -9,7 +9,7 @@ namespace {
 /// Of any two stops that are seen at once and share a column, the upper one comes first; in one
 /// line it is the left one.
 TEST(MainAccess, followsTheEye) {
-    ui::MainElements elements(ui::mainLayout());
+    MainElements elements(mainLayout());
     const ui::AccessList list(elements, mainAccess());
     int compared = 0;
     for (std::size_t i = 0; i < list.size(); ++i) {
@@ -35,12 +35,12 @@ TEST(MainAccess, followsTheEye) {
 }
 
 TEST(MainAccess, everyElementThatTakesTheMouseOrShowsWordsIsThere) {
-    ui::MainElements elements(ui::mainLayout());
+    MainElements elements(mainLayout());
     const ui::AccessList list(elements, mainAccess());
-    using enum ui::MainElement;
+    using enum MainElement;
     for (std::size_t slot = 0; slot < elements.size(); ++slot) {
         const ui::Element& element = elements.at(slot);
-        const auto name = elements.address(slot).as<ui::MainElement>();
+        const auto name = elements.address(slot).as<MainElement>();
         const bool acts = element.kind == ui::ElementKind::Button ||
                           element.kind == ui::ElementKind::Slider ||
                           element.kind == ui::ElementKind::Control;

@@ -6,13 +6,13 @@ namespace tovik::test {
 namespace {
 
 using testing::IsEmpty;
-using ui::MainElement;
 using ui::MouseButton;
+using window::MainElement;
 
 class Bars : public InputRig {
 protected:
     Bars() {
-        transport_.Burnbaby(track("a.mp3", {.seconds = 249}), 0, "");
+        burn(track("a.mp3", {.seconds = 249}));
         sound_.calls.clear();
     }
 
@@ -32,7 +32,7 @@ protected:
 
 TEST_F(Bars, aClickOnThePositionBarSeeks) {
     input_.mouseDown(onPosition(MainElement::posbar, 83));
-    EXPECT_FALSE(Timer3_->enabled());
+    EXPECT_FALSE(clock_.watchesTrack());
     input_.mouseUp(onPosition(MainElement::posbar, 83));
     EXPECT_EQ(position(), 83); // the bar is 250 pixels wide
 }
@@ -49,7 +49,7 @@ TEST_F(Bars, withoutTheButtonAMoveChangesNothing) {
     input_.mouseMove(event(MainElement::posbar, 0, 100, 180, MouseButton::None));
     input_.mouseMove(event(MainElement::volbar, 0, 100, 220, MouseButton::None));
     input_.mouseMove(event(MainElement::balbar, 2, 200, 220, MouseButton::None));
-    EXPECT_TRUE(Timer3_->enabled());
+    EXPECT_TRUE(clock_.watchesTrack());
     EXPECT_EQ(state_.CurrentVolume, 80);
     EXPECT_FALSE(playing_.balanceHover);
     EXPECT_THAT(sound_.calls, IsEmpty());
@@ -85,7 +85,7 @@ TEST_F(Bars, aClickOnALampSetsTheBalanceWhenItIsReleased) {
 }
 
 TEST_F(Bars, thePointerHeldOverTheLampsTellsTheirSteps) {
-    balance_.showStartText();
+    balanceBar_.showStartText();
     input_.mouseDown(at(MainElement::balbar, 0));
     input_.mouseMove(dragged(at(MainElement::balbar, 0)));
     EXPECT_TRUE(playing_.balanceHover);

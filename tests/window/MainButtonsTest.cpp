@@ -10,10 +10,9 @@ namespace tovik::window {
 namespace {
 
 using commands::CommandId;
-using ui::MainElement;
 
 TEST(MainButtons, lookDisabledWithoutATarget) {
-    ui::MainElements elements(ui::mainLayout());
+    MainElements elements(mainLayout());
     commands::Commands commands;
     commands.bind(CommandId::play, [] {});
     commands.bind(CommandId::resetEqualizer, [] {});

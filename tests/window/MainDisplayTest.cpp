@@ -9,22 +9,21 @@
 namespace tovik::window {
 namespace {
 
-using ui::MainElement;
-
 class Display : public testing::Test {
 protected:
     [[nodiscard]] const ui::Element& element(MainElement name, std::size_t index = 0) const {
         return elements_.get(name, index);
     }
 
-    ui::MainElements elements_{ui::mainLayout()};
+    player::PlayerState state_;
+    MainElements elements_{mainLayout()};
     std::vector<std::string> captions_;
     ui::PictureStore pictures_;
     TextFields fields_{elements_, pictures_};
     test::TestHost host_;
     std::u32string title_; ///< as it was drawn last
     ui::ImgScroller scroller_{host_.clock, [this](std::u32string_view text) { title_ = text; }};
-    MainDisplay display_{elements_, fields_, scroller_,
+    MainDisplay display_{state_, elements_, fields_, scroller_,
                          [this](const std::string& caption) { captions_.push_back(caption); }};
     player::NowPlaying playing_;
 };
@@ -101,7 +100,7 @@ TEST_F(Display, digits) {
     EXPECT_EQ(element(MainElement::timed, 4).caption, "3");
     EXPECT_EQ(element(MainElement::timed, 5).caption, "4");
     EXPECT_FALSE(element(MainElement::timed, 0).visible);
-    playing_.countsDown = true;
+    state_.TimeDisplayMode = 1;
     display_.showTime(playing_);
     EXPECT_TRUE(element(MainElement::timed, 0).visible);
 }
@@ -115,35 +114,32 @@ TEST_F(Display, theMarkGoesFromTheLeftEndOfTheBarToTheRight) {
     }
 }
 
-TEST_F(Display, fieldsAndTheirLabelsAreHiddenTogether) {
-    for (const bool visible : {false, true}) {
-        display_.showFields(visible);
+TEST_F(Display, theFieldsTakeThePlaceOfAStationsLine) {
+    for (const bool radio : {true, false}) {
+        state_.RadioMode = radio;
+        display_.showSource();
+        EXPECT_EQ(element(MainElement::lblRDinfo).visible, radio);
         for (std::size_t i = 0; i < player::kTagFields; ++i) {
-            EXPECT_EQ(element(MainElement::lbltag, i).visible, visible);
-            EXPECT_EQ(element(MainElement::lblinfo, i).visible, visible);
+            EXPECT_EQ(element(MainElement::lbltag, i).visible, !radio);
+            EXPECT_EQ(element(MainElement::lblinfo, i).visible, !radio);
         }
     }
 }
 
-TEST_F(Display, theFieldsTakeThePlaceOfAStationsLine) {
-    elements_.touch(MainElement::lblRDinfo).visible = true;
-    elements_.touch(MainElement::lblinfo, 2).visible = false;
-    display_.showFields(true);
-    EXPECT_FALSE(element(MainElement::lblRDinfo).visible);
-    EXPECT_TRUE(element(MainElement::lblinfo, 2).visible);
-}
-
 TEST_F(Display, theSignAndTheFieldsStayAwayFromOtherPanels) {
-    for (std::size_t i = 0; i < elements_.count(MainElement::timed); ++i) {
-        elements_.touch(MainElement::timed, i).visible = false;
-    }
-    display_.showFields(false);
-    playing_.countsDown = true;
+    state_.CurrentPanel = 2;
+    state_.TimeDisplayMode = 1;
+    state_.StopAfterCurrent = true;
     display_.showTime(playing_); // the clock ticks on whatever panel is shown
-    display_.showFields(true);   // and a track starts there
+    display_.showSource();       // and a track starts there
+    display_.showStopNote();
     EXPECT_FALSE(element(MainElement::timed, 0).visible);
     EXPECT_FALSE(element(MainElement::lbltag, 0).visible);
     EXPECT_FALSE(element(MainElement::lblinfo, 4).visible);
+    EXPECT_FALSE(element(MainElement::stopNote).visible);
+    state_.CurrentPanel = 1;
+    display_.showStopNote();
+    EXPECT_TRUE(element(MainElement::stopNote).visible);
 }
 
 } // namespace

@@ -10,8 +10,8 @@ namespace {
 using commands::CommandId;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using ui::MainElement;
 using ui::MouseButton;
+using window::MainElement;
 
 class Input : public InputRig {};
 

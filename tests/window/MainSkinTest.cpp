@@ -16,7 +16,7 @@ namespace tovik::window {
 namespace {
 
 namespace fs = std::filesystem;
-using N = ui::MainElement;
+using N = MainElement;
 
 class MainSkinTest : public testing::Test {
 protected:
@@ -46,7 +46,7 @@ protected:
     }
 
     test::TestHost host_;
-    ui::MainElements elements_{ui::mainLayout()};
+    MainElements elements_{mainLayout()};
     ui::PictureStore pictures_;
     int tabsRefreshed_ = 0;
     MainSkin skin_{elements_, pictures_, host_.paths, [this] { ++tabsRefreshed_; }};
@@ -291,7 +291,7 @@ TEST_F(MainSkinTest, aGroundAsLargeAsTheLayoutsFitsTheSmallestScreen) {
 }
 
 TEST_F(MainSkinTest, otherElementsKeepTheSizeOfTheLayout) {
-    const ui::MainElements layout(ui::mainLayout());
+    const MainElements layout(mainLayout());
     for (const Binding& binding : mainBindings()) {
         if (!binding.file.empty()) {
             host_.folder.write("skins/CurrentSkin/" + std::string(binding.file) + ".bmp",

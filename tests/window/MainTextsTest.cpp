@@ -9,11 +9,11 @@ namespace tovik::window {
 namespace {
 
 using config::TextKind;
-using N = ui::MainElement;
+using N = MainElement;
 
 class MainTextsTest : public testing::Test {
 protected:
-    ui::MainElements elements_{ui::mainLayout()};
+    MainElements elements_{mainLayout()};
     MainTexts texts_{elements_};
 };
 

@@ -12,8 +12,7 @@
 namespace tovik::window {
 namespace {
 
-using N = ui::MainElement;
-using player::kPanels;
+using N = MainElement;
 
 /// One line of the table as users see it: 'Y' shown, 'n' hidden, '-' as before, a letter in lower
 /// case for a mode that shows it, the same in upper case for one that hides it.

@@ -2,9 +2,11 @@
 // The panels over the records of a window that nobody sees, with a picture in each store.
 #pragma once
 
+#include "config/clsXML.h"
 #include "config/ErrHandler.h"
 #include "config/Errors.h"
 #include "support/host/TestHost.h"
+#include "support/sound/FakeSoundLibrary.h"
 #include "window/Panels.h"
 
 #include <cstdint>
@@ -12,7 +14,7 @@
 
 namespace tovik::window {
 
-class FocusWindow final : public player::PlayerWindow {
+class FocusWindow final : public PlayerWindow {
 public:
     int focused = 0;
 
@@ -21,12 +23,11 @@ public:
 
 struct PanelsRig {
     PanelsRig() {
-        for (std::size_t i = 0; i < elements.count(ui::MainElement::Image2); ++i) {
-            elements.touch(ui::MainElement::Image2, i).picture = look(i);
+        for (std::size_t i = 0; i < elements.count(MainElement::Image2); ++i) {
+            elements.touch(MainElement::Image2, i).picture = look(i);
         }
-        Timer6->setInterval(Panels::kTimer6Ms);
-        elements.touch(ui::MainElement::qpl_exp).picture = look(50);
-        elements.touch(ui::MainElement::qpl_col).picture = look(51);
+        elements.touch(MainElement::qpl_exp).picture = look(50);
+        elements.touch(MainElement::qpl_col).picture = look(51);
     }
 
     /// The picture of store number `i`.
@@ -35,7 +36,7 @@ struct PanelsRig {
     }
 
     void showAll(bool visible) {
-        for (const ui::ElementPlace<ui::MainElement>& place : ui::mainLayout()) {
+        for (const ui::ElementPlace<MainElement>& place : mainLayout()) {
             for (std::size_t i = 0; i < place.count; ++i) {
                 elements.touch(place.name, place.first + i).visible = visible;
             }
@@ -44,12 +45,26 @@ struct PanelsRig {
 
     test::TestHost host;
     player::PlayerState state;
-    ui::MainElements elements{ui::mainLayout()};
+    MainElements elements{mainLayout()};
     FocusWindow window;
     config::ErrHandler log{host.paths, host.clock, host.operatingSystem};
     config::Errors errors{log, host.dialogs};
-    std::unique_ptr<host::Timer> Timer6 = host.clock.makeTimer([this] { panels.Timer6(); });
-    Panels panels{state, elements, window, errors, *Timer6};
+    test::FakeSoundLibrary sound;
+    config::clsXML xml;
+    config::Settings settings{host.paths, xml};
+    playlist::stdSS list;
+    playlist::ListMirror mirror{list};
+    player::Screen screen;
+    player::TrackNews news;
+    player::Core core{.state = state,
+                      .sound = sound,
+                      .settings = settings,
+                      .errors = errors,
+                      .lists = {.stdSS = list, .List1 = mirror},
+                      .timers = host.clock,
+                      .screen = screen,
+                      .news = news};
+    Panels panels{core, elements, window};
 };
 
 } // namespace tovik::window

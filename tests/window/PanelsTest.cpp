@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/Panels.h"
 
-#include "player/ModeFaces.h"
+#include "window/ModeFaces.h"
 #include "window/PanelsRig.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@
 namespace tovik::window {
 namespace {
 
-using N = ui::MainElement;
+using N = MainElement;
 
 class PanelsTest : public testing::Test {
 protected:
@@ -80,7 +80,9 @@ TEST_F(PanelsTest, onlyTheRadioPanelIsTheRadioPanel) {
     EXPECT_TRUE(rig_.elements.get(N::RadioLst).visible);
     rig_.host.clock.advanceTo(11);
     EXPECT_FALSE(rig_.elements.get(N::RadioLst).visible);
-    EXPECT_FALSE(rig_.Timer6->enabled());
+    rig_.elements.touch(N::RadioLst).visible = true;
+    rig_.host.clock.advanceTo(100);
+    EXPECT_TRUE(rig_.elements.get(N::RadioLst).visible) << "it ticked once";
 }
 
 TEST_F(PanelsTest, aRepeatedSwitchAppliesTheTableAgain) {
@@ -145,7 +147,7 @@ TEST_F(PanelsTest, lampsCatchUpWhenThePreferencesClose) {
     rig_.panels.Switch_Win("10000");
     rig_.panels.pressPreferences([this] {
         rig_.state.RepeatOn = true;
-        player::showMode(rig_.elements, rig_.state, player::Mode::repeat);
+        showMode(rig_.elements, rig_.state, player::Mode::repeat);
         EXPECT_FALSE(rig_.elements.get(N::loopImg).visible);
     });
     EXPECT_TRUE(rig_.elements.get(N::loopImg).visible);

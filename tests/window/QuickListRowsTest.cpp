@@ -10,7 +10,7 @@ using testing::IsEmpty;
 
 class QuickList : public PlayerRig {
 protected:
-    window::QuickListRows rows_{mirror_, list_, transport_};
+    window::QuickListRows rows_{mirror_, list_, rowPlayer_};
 };
 
 TEST_F(QuickList, rowsOfTheQuickList) {
@@ -30,7 +30,7 @@ TEST_F(QuickList, aClickChoosesTheRowForPlay) {
     rows_.selectRow(1, {});
     EXPECT_FALSE(state_.IsPlaying);
     EXPECT_TRUE(list_.isMarked(2)) << "the playlist shows the same";
-    transport_.button_play();
+    rowPlayer_.button_play();
     EXPECT_EQ(state_.CurrentTitle, "T2");
 }
 

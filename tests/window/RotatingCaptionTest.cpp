@@ -14,7 +14,7 @@ class RotatingCaption : public PlayerRig {
 protected:
     RotatingCaption() { state_.ShowInTaskbar = 1; }
 
-    window::RotatingCaption caption_{state_, errors_, playing_, view_};
+    window::RotatingCaption caption_{core_};
 };
 
 TEST_F(RotatingCaption, goesRoundCharacterByCharacter) {

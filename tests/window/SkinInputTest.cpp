@@ -11,7 +11,7 @@ namespace {
 
 using testing::_;
 using testing::Return;
-using N = ui::MainElement;
+using N = MainElement;
 
 class NextInput : public ui::WindowInput {
 public:

@@ -8,7 +8,7 @@ namespace {
 
 class TimeDisplay : public PlayerRig {
 protected:
-    window::TimeDisplay display_{state_, playing_, view_};
+    window::TimeDisplay display_{core_};
 };
 
 TEST_F(TimeDisplay, theTwoModes) {

@@ -11,7 +11,7 @@
 namespace tovik::window {
 namespace {
 
-using N = ui::MainElement;
+using N = MainElement;
 
 class WindowPicturesTest : public testing::Test {
 protected:
@@ -30,7 +30,7 @@ protected:
     std::string bitmap_ = skin::BitmapParts{.pixels = std::string(4, '\x55')}.bytes();
     std::set<std::string> asked_;
     std::size_t requests_ = 0;
-    ui::MainElements elements_{ui::mainLayout()};
+    MainElements elements_{mainLayout()};
     ui::PictureStore pictures_;
 };
 

@@ -11,7 +11,7 @@ namespace tovik::skinart {
 
 namespace {
 
-using N = ui::MainElement;
+using N = window::MainElement;
 
 constexpr double kGlassRadius = 7;
 

@@ -7,7 +7,7 @@ namespace tovik::skinart {
 
 namespace {
 
-using N = ui::MainElement;
+using N = window::MainElement;
 
 // The heads of the cards on which the bars lie.
 constexpr double kPositionHead = 14;

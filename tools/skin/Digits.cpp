@@ -11,7 +11,7 @@ namespace tovik::skinart {
 
 namespace {
 
-using N = ui::MainElement;
+using N = window::MainElement;
 
 // The digits fill a field of 9 by 13 inside a cell of 14 by 17; lines run through these places.
 constexpr double kLeft = 2.6;

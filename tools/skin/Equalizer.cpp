@@ -12,7 +12,7 @@ namespace tovik::skinart {
 
 namespace {
 
-using N = ui::MainElement;
+using N = window::MainElement;
 
 constexpr double kHead = 14;
 constexpr std::array<std::string_view, 11> kBands{"60", "170", "310", "600", "1k", "3k",

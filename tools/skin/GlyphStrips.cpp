@@ -7,7 +7,7 @@ namespace tovik::skinart {
 
 namespace {
 
-using N = ui::MainElement;
+using N = window::MainElement;
 
 Drawing strip(const char* name, N element, QRgb colour) {
     return {.name = name,

@@ -7,7 +7,7 @@ namespace tovik::skinart {
 
 namespace {
 
-using N = ui::MainElement;
+using N = window::MainElement;
 
 const PixelRows& shufflePixels() {
     static const PixelRows rows{

@@ -40,7 +40,7 @@ void append(Drawings& all, Drawings&& family) {
 } // namespace
 
 ui::Box boxOf(Spot spot) {
-    for (const auto& place : ui::mainLayout()) {
+    for (const auto& place : window::mainLayout()) {
         if (place.name == spot.name && spot.index >= place.first &&
             spot.index < place.first + place.count) {
             return ui::elementAt(place, spot.index - place.first).box();

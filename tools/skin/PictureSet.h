@@ -2,7 +2,7 @@
 // The pictures of the skin as drawings that can be rendered at any whole scale. Any thread.
 #pragma once
 
-#include "ui/MainElements.h"
+#include "window/MainElements.h"
 
 #include <cstddef>
 #include <functional>
@@ -16,7 +16,7 @@ namespace tovik::skinart {
 
 /// An element of the main window, one of those of its name.
 struct Spot {
-    ui::MainElement name{};
+    window::MainElement name{};
     std::size_t index = 0;
 };
 

@@ -4,8 +4,8 @@
 #include "GlyphTable.h"
 #include "Palette.h"
 #include "PictureSet.h"
-#include "player/PanelTable.h"
-#include "ui/MainElements.h"
+#include "window/MainElements.h"
+#include "window/PanelTable.h"
 
 #include <array>
 #include <cmath>
@@ -18,8 +18,8 @@ namespace tovik::skinart {
 
 namespace {
 
-using N = ui::MainElement;
-using player::Show;
+using N = window::MainElement;
+using window::Show;
 
 constexpr int kOpenList = 6;
 
@@ -69,7 +69,7 @@ bool showsOn(Show show) {
 /// Whether an element is visible on a panel; what is in no row keeps the layout's answer.
 bool visibleOn(N name, std::size_t index, bool normally, int panel) {
     bool visible = normally;
-    for (const player::PanelRow& row : player::panelTable()) {
+    for (const window::PanelRow& row : window::panelTable()) {
         const std::size_t end = row.count == 0 ? 1000 : row.first + row.count;
         if (row.name == name && index >= row.first && index < end) {
             visible = showsOn(row.on.at(static_cast<std::size_t>(panel - 1)));
@@ -227,7 +227,7 @@ QImage previewOf(int panel, int scale) {
     painter.setRenderHints(QPainter::Antialiasing);
     painter.scale(scale, scale);
     Frame frame{painter, all, scale, panel};
-    for (const auto& place : ui::mainLayout()) {
+    for (const auto& place : window::mainLayout()) {
         for (std::size_t offset = 0; offset < place.count; ++offset) {
             paintElement(frame, place.name, place.first + offset, ui::elementAt(place, offset));
         }

@@ -9,7 +9,7 @@ namespace tovik::skinart {
 
 namespace {
 
-using N = ui::MainElement;
+using N = window::MainElement;
 
 // The strip of the scroller: each part as it is and as it looks pressed, side by side.
 constexpr double kPartWidth = 13;

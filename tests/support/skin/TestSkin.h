@@ -23,7 +23,7 @@ inline void writeTestSkin(const std::string& dataFolder) {
     const std::filesystem::path folder =
         std::filesystem::path(dataFolder) / "skins" / "CurrentSkin";
     std::filesystem::create_directories(folder);
-    const ui::MainElements layout(ui::mainLayout());
+    const window::MainElements layout(window::mainLayout());
     const auto side = [](double length) {
         return length < 1 ? 1 : static_cast<std::int32_t>(length);
     };

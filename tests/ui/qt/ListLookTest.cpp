@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Colours, columns and the scroll bar of a list.
 #include "support/ui/Contrast.h"
-#include "ui/MainRows.h"
 #include "ui/qt/ListWidget.h"
+#include "window/MainRows.h"
 #include "WindowRig.h"
 
 #include <gmock/gmock.h>
@@ -153,7 +153,8 @@ TEST_F(ListLookTest, theRowThatPlaysIsToldAlsoWhileItIsSelected) {
 TEST_F(ListLookTest, withoutColoursOfItsOwnAllWordsStandOutFromWhatIsBehindThem) {
     ListWidget plain(rows_, rows_, dispatcher_);
     QPalette palette = plain.palette();
-    palette.setColor(QPalette::Base, QColor(rows::kInk.red, rows::kInk.green, rows::kInk.blue));
+    palette.setColor(QPalette::Base, QColor(window::rows::kInk.red, window::rows::kInk.green,
+                                            window::rows::kInk.blue));
     palette.setColor(QPalette::Text, Qt::white);
     plain.setPalette(palette);
     for (const test::ColourPair& pair : test::pairsOf(plain.colours())) {

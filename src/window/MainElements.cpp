@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/MainElements.h"
+#include "window/MainElements.h"
 
-#include "ui/MainRows.h"
+#include "window/MainRows.h"
 
 #include <array>
 
-namespace tovik::ui {
+namespace tovik::window {
 
 namespace {
 
@@ -274,8 +274,8 @@ static_assert(complete());
 
 } // namespace
 
-std::span<const ElementPlace<MainElement>> mainLayout() noexcept {
+std::span<const ui::ElementPlace<MainElement>> mainLayout() noexcept {
     return kLayout;
 }
 
-} // namespace tovik::ui
+} // namespace tovik::window

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "player/PanelTable.h"
+#include "window/PanelTable.h"
 
-namespace tovik::player {
+namespace tovik::window {
 
 namespace {
 
-using N = ui::MainElement;
+using N = MainElement;
 using enum Show;
 
 using Cells = std::array<Show, kPanels>;
@@ -111,7 +111,7 @@ constexpr auto kTabs = std::to_array<Tab>({
     {N::prebt, Panel::preferences, 5, 11, 12},
 });
 
-bool shown(Show when, const PlayerState& state, bool before) {
+bool shown(Show when, const player::PlayerState& state, bool before) {
     switch (when) {
     case Show::yes:
         return true;
@@ -157,7 +157,7 @@ bool shown(Show when, const PlayerState& state, bool before) {
     return before;
 }
 
-void applyRow(const PanelRow& row, ui::MainElements& elements, const PlayerState& state) {
+void applyRow(const PanelRow& row, MainElements& elements, const player::PlayerState& state) {
     const auto panel = static_cast<std::size_t>(state.CurrentPanel) - 1;
     if (panel >= kPanels) {
         return;
@@ -171,13 +171,13 @@ void applyRow(const PanelRow& row, ui::MainElements& elements, const PlayerState
 
 } // namespace
 
-void applyPanel(ui::MainElements& elements, const PlayerState& state) {
+void applyPanel(MainElements& elements, const player::PlayerState& state) {
     for (const PanelRow& row : kRows) {
         applyRow(row, elements, state);
     }
 }
 
-void applyPanel(ui::MainElements& elements, const PlayerState& state, ui::MainElement name) {
+void applyPanel(MainElements& elements, const player::PlayerState& state, MainElement name) {
     for (const PanelRow& row : kRows) {
         if (row.name == name) {
             applyRow(row, elements, state);
@@ -193,4 +193,4 @@ std::span<const Tab> tabs() noexcept {
     return kTabs;
 }
 
-} // namespace tovik::player
+} // namespace tovik::window

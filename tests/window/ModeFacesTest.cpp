@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The four switches: flag, button and indicators.
-#include "player/PlayerRig.h"
+#include "window/ViewRig.h"
 
 namespace tovik::test {
 namespace {
 
-using ui::MainElement;
+using window::MainElement;
 
 struct Switch {
     bool player::PlayerState::*flag;
@@ -17,7 +17,7 @@ struct Switch {
     MainElement off;
 };
 
-class ModeFaces : public PlayerRig, public testing::WithParamInterface<Switch> {
+class ModeFaces : public ViewRig, public testing::WithParamInterface<Switch> {
 protected:
     ModeFaces() {
         for (std::uint32_t i = 0; i < 8; ++i) {

@@ -2,23 +2,20 @@
 // The volume as the user sees and sets it: the bar, its fill, its words. Interface thread.
 #pragma once
 
-#include "config/Errors.h"
-#include "player/NowPlaying.h"
+#include "player/Core.h"
 #include "player/Volume.h"
-#include "ui/MainElements.h"
 #include "ui/WheelNotches.h"
+#include "window/MainElements.h"
 
 #include <cstdint>
 
-namespace tovik::player {
+namespace tovik::window {
 
-class VolumeBar {
+class VolumeBar final : public player::NowPlayingView {
 public:
     /// All of them outlive the bar.
-    VolumeBar(PlayerState& state, Volume& volume, const config::Errors& errors,
-              ui::MainElements& elements, NowPlaying& playing, NowPlayingView& view)
-        : state_(state), volume_(volume), errors_(errors), elements_(elements), playing_(playing),
-          view_(view) {}
+    VolumeBar(const player::Core& core, player::Volume& volume, MainElements& elements)
+        : core_(core), volume_(volume), elements_(elements) {}
 
     /// The share of the bar, in percent, by which a notch of the wheel moves.
     static constexpr std::int16_t kWheelPercent = 5;
@@ -30,13 +27,14 @@ public:
     /// The same for the pointer that moves with its left button held.
     void volbar_MouseMove(double y);
 
-    /// Sets the volume, held to 0 to 100. `absolute` -1 says that it goes up, anything else that
-    /// it goes down; the fill ends at the volume either way. Raises what reading the settings
-    /// raises.
-    void change_volume(std::int16_t value, std::int16_t absolute);
-
     /// A turn of the wheel: five percent a whole notch, up when positive.
     void turn(double notches);
+
+    /// Goes to a volume, held to 0 to 100; the fill ends there. Raises what reading the settings
+    /// raises.
+    void change(std::int32_t percent);
+
+    void showVolumeLevel() override;
 
     /// Gives the fill the height of the volume.
     void showHeight();
@@ -47,13 +45,10 @@ public:
 private:
     void setTo(double y);
 
-    PlayerState& state_;
-    Volume& volume_;
-    const config::Errors& errors_;
-    ui::MainElements& elements_;
-    NowPlaying& playing_;
-    NowPlayingView& view_;
+    const player::Core& core_;
+    player::Volume& volume_;
+    MainElements& elements_;
     ui::WheelNotches wheel_;
 };
 
-} // namespace tovik::player
+} // namespace tovik::window

@@ -4,14 +4,14 @@
 #pragma once
 
 #include "player/PlayerState.h"
-#include "ui/MainElements.h"
+#include "window/MainElements.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 
-namespace tovik::player {
+namespace tovik::window {
 
 /// The panels as the state counts them; 6 is the preferences dialog, opened from its tab.
 enum class Panel : std::int16_t {
@@ -50,7 +50,7 @@ enum class Show : std::uint8_t {
 };
 
 struct PanelRow {
-    ui::MainElement name{};
+    MainElement name{};
     std::array<Show, kPanels> on{}; ///< by panel
     std::size_t first = 0;
     std::size_t count = 0; ///< 0: all from `first` on
@@ -61,14 +61,14 @@ struct PanelRow {
 
 /// Gives the elements of all rows the visibility that they have on the current panel. Nothing while
 /// the preferences are open.
-void applyPanel(ui::MainElements& elements, const PlayerState& state);
+void applyPanel(MainElements& elements, const player::PlayerState& state);
 
 /// The same for the elements of one name.
-void applyPanel(ui::MainElements& elements, const PlayerState& state, ui::MainElement name);
+void applyPanel(MainElements& elements, const player::PlayerState& state, MainElement name);
 
 /// A tab and the places of its three looks among the stored pictures.
 struct Tab {
-    ui::MainElement name{};
+    MainElement name{};
     Panel panel{};
     std::size_t up = 0; ///< these three in `Image2`
     std::size_t down = 0;
@@ -77,4 +77,4 @@ struct Tab {
 
 [[nodiscard]] std::span<const Tab> tabs() noexcept;
 
-} // namespace tovik::player
+} // namespace tovik::window

@@ -1,19 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "player/ModeFaces.h"
+#include "window/ModeFaces.h"
 
-#include "player/PanelTable.h"
+#include "window/PanelTable.h"
 
 #include <array>
 #include <cstddef>
 
-namespace tovik::player {
+namespace tovik::window {
 
 namespace {
 
-using ui::MainElement;
-
 struct Faces {
-    bool PlayerState::*flag;
+    bool player::PlayerState::*flag;
     MainElement button;
     std::size_t pressed; ///< index in `Image6`
     std::size_t plain;   ///< index in `Image8`
@@ -23,23 +21,24 @@ struct Faces {
 
 /// In the order of `Mode`.
 constexpr std::array kFaces = {
-    Faces{&PlayerState::ShuffleOn, MainElement::ShuffleBT, 4, 0, MainElement::Shuffle,
+    Faces{&player::PlayerState::ShuffleOn, MainElement::ShuffleBT, 4, 0, MainElement::Shuffle,
           MainElement::ShuffleDown},
-    Faces{&PlayerState::RepeatOn, MainElement::LoopBT, 5, 1, MainElement::loopImg,
+    Faces{&player::PlayerState::RepeatOn, MainElement::LoopBT, 5, 1, MainElement::loopImg,
           MainElement::LoopImg2},
-    Faces{&PlayerState::CrossfadeOn, MainElement::CfdBT, 6, 2, MainElement::CFD, MainElement::CFD2},
-    Faces{&PlayerState::SilenceSkipOn, MainElement::sldBT, 7, 3, MainElement::Sld,
+    Faces{&player::PlayerState::CrossfadeOn, MainElement::CfdBT, 6, 2, MainElement::CFD,
+          MainElement::CFD2},
+    Faces{&player::PlayerState::SilenceSkipOn, MainElement::sldBT, 7, 3, MainElement::Sld,
           MainElement::sld2},
 };
 
-void showLampsOf(const Faces& faces, ui::MainElements& elements, const PlayerState& state) {
+void showLampsOf(const Faces& faces, MainElements& elements, const player::PlayerState& state) {
     applyPanel(elements, state, faces.indicatorOn);
     applyPanel(elements, state, faces.indicatorOff);
 }
 
 } // namespace
 
-void showMode(ui::MainElements& elements, const PlayerState& state, Mode mode) {
+void showMode(MainElements& elements, const player::PlayerState& state, player::Mode mode) {
     const Faces& faces = kFaces.at(static_cast<std::size_t>(mode));
     const bool on = state.*faces.flag;
     const ui::Picture picture = on ? elements.get(MainElement::Image6, faces.pressed).picture
@@ -50,10 +49,10 @@ void showMode(ui::MainElements& elements, const PlayerState& state, Mode mode) {
     showLampsOf(faces, elements, state);
 }
 
-void showLamps(ui::MainElements& elements, const PlayerState& state) {
+void showLamps(MainElements& elements, const player::PlayerState& state) {
     for (const Faces& faces : kFaces) {
         showLampsOf(faces, elements, state);
     }
 }
 
-} // namespace tovik::player
+} // namespace tovik::window

@@ -1,21 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The bar of the volume, its fill and its words, and the wheel.
-#include "player/VolumeBar.h"
+#include "window/VolumeBar.h"
 
-#include "player/PlayerRig.h"
 #include "support/host/SettingPlace.h"
+#include "window/ViewRig.h"
 
 namespace tovik::test {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using ui::MainElement;
+using window::MainElement;
 
 /// 16 twips, in pixels.
 constexpr double kPointer = 16.0 / 15;
 
-class VolumeBar : public PlayerRig {
+class VolumeBar : public ViewRig {
 protected:
     VolumeBar() {
         state_.PrimaryChannel = 11;
@@ -40,7 +40,7 @@ TEST_F(VolumeBar, theModeIsReadAnewAtEachChange) {
     set("EV2", "0");
     volumeBar_.volbar_MouseMove(80);
     set("EV2", "2");
-    volumeBar_.change_volume(50, 1);
+    volume_.change_volume(50, 1);
     EXPECT_THAT(sound_.calls,
                 ElementsAre("BASS_SetVolume(30)", "BASS_ChannelSetAttributes(11, -1, 40, 0)",
                             "BASS_SetVolume(50)"));
@@ -94,14 +94,14 @@ TEST_F(VolumeBar, aPressThatFailsIsLoggedAndTold) {
 }
 
 TEST_F(VolumeBar, changeVolumeMovesTheFillToTheVolume) {
-    volumeBar_.change_volume(85, -1);
+    volume_.change_volume(85, -1);
     EXPECT_EQ(state_.CurrentVolume, 85);
     EXPECT_DOUBLE_EQ(fill(), 0.85 * 201);
     EXPECT_EQ(view_.last.volumeText, "Volume 85%");
     EXPECT_THAT(sound_.calls, ElementsAre("BASS_ChannelSetAttributes(11, -1, 85, 0)"));
-    volumeBar_.change_volume(130, -1);
+    volume_.change_volume(130, -1);
     EXPECT_EQ(state_.CurrentVolume, 100);
-    volumeBar_.change_volume(-3, 1);
+    volume_.change_volume(-3, 1);
     EXPECT_EQ(state_.CurrentVolume, 0);
     EXPECT_EQ(fill(), 0);
 }

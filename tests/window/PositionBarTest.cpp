@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The hand on the position bar, a bar of 201 pixels at 26: half a percent a pixel.
-#include "player/PositionBar.h"
+#include "window/PositionBar.h"
 
-#include "player/PlayerRig.h"
+#include "window/ViewRig.h"
 
 namespace tovik::test {
 namespace {
@@ -12,31 +12,21 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 using testing::StartsWith;
-using ui::MainElement;
+using window::MainElement;
 
 /// 16 twips, in pixels.
 constexpr double kPointer = 16.0 / 15;
 constexpr double kLeft = 26;
 
-/// Notes what the player does with its window.
-class FocusWindow final : public player::PlayerWindow {
-public:
-    int focusTaken = 0;
-
-    void takeFocus() override { ++focusTaken; }
-};
-
-class PositionBar : public PlayerRig {
+class PositionBar : public ViewRig {
 protected:
     PositionBar() {
         elements_.touch(MainElement::posbar).width = 201;
-        Timer1_->setInterval(500);
-        Timer1_->setEnabled(true);
-        Timer3_->setInterval(1000);
+        clock_.begin();
     }
 
     void play(double seconds) {
-        transport_.Burnbaby(track("a.mp3", {.seconds = seconds}), 0, "");
+        burn(track("a.mp3", {.seconds = seconds}));
         sound_.calls.clear();
         state_.SilenceTicks = 9;
     }
@@ -45,25 +35,15 @@ protected:
 
     [[nodiscard]] std::int32_t position() { return time_.GetPlayingPos(state_.active()); }
 
-    FocusWindow focus_;
-    std::unique_ptr<host::Timer> Timer1_ = host_.clock.makeTimer([] {});
-    player::PositionBar bar_{{.state = state_,
-                              .time = time_,
-                              .errors = errors_,
-                              .elements = elements_,
-                              .playing = playing_,
-                              .view = view_,
-                              .window = focus_,
-                              .Timer1 = *Timer1_,
-                              .Timer3 = *Timer3_}};
+    window::PositionBar& bar_ = positionBar_;
 };
 
 TEST_F(PositionBar, aPressTakesTheMarkAndHoldsTheEndOfTrackBack) {
     play(100);
     bar_.Posbar_MouseDown(50);
     EXPECT_DOUBLE_EQ(mark(), kLeft + 50 + kPointer);
-    EXPECT_FALSE(Timer3_->enabled());
-    EXPECT_TRUE(Timer1_->enabled());
+    EXPECT_FALSE(clock_.watchesTrack());
+    EXPECT_TRUE(clock_.movesDigits());
     EXPECT_EQ(state_.SilenceTicks, 0);
     EXPECT_THAT(sound_.calls, IsEmpty());
 }
@@ -74,7 +54,7 @@ TEST_F(PositionBar, aPressWhilePausedOrStoppedOnlyClearsTheSilence) {
     const double before = mark();
     bar_.Posbar_MouseDown(50);
     EXPECT_EQ(mark(), before);
-    EXPECT_TRUE(Timer3_->enabled());
+    EXPECT_TRUE(clock_.watchesTrack());
     EXPECT_EQ(state_.SilenceTicks, 0);
     transport_.pause();
     transport_.Stop_play();
@@ -88,8 +68,8 @@ TEST_F(PositionBar, aDragShowsWhereItWouldGoAndTheTrackSoundsOn) {
     play(3725);
     bar_.Posbar_MouseMove(100);
     EXPECT_DOUBLE_EQ(mark(), kLeft + 100 + kPointer);
-    EXPECT_FALSE(Timer1_->enabled());
-    EXPECT_FALSE(Timer3_->enabled());
+    EXPECT_FALSE(clock_.movesDigits());
+    EXPECT_FALSE(clock_.watchesTrack());
     EXPECT_EQ(view_.last.time, "31:02"); // 1862.5 s, to the even second
     EXPECT_FALSE(view_.last.countsDown);
     EXPECT_EQ(state_.SilenceTicks, 0);
@@ -128,9 +108,9 @@ TEST_F(PositionBar, aReleaseSeeksAndTheClockGoesOn) {
     bar_.Posbar_MouseUp(61);
     EXPECT_EQ(position(), 30); // 30.5 s, to the even second
     EXPECT_DOUBLE_EQ(mark(), kLeft + 61 + kPointer);
-    EXPECT_TRUE(Timer1_->enabled());
-    EXPECT_TRUE(Timer3_->enabled());
-    EXPECT_EQ(focus_.focusTaken, 1);
+    EXPECT_TRUE(clock_.movesDigits());
+    EXPECT_TRUE(clock_.watchesTrack());
+    EXPECT_EQ(window_.focusTaken, 1);
     EXPECT_EQ(state_.SilenceTicks, 0);
 }
 
@@ -155,13 +135,13 @@ TEST_F(PositionBar, theActiveChannelIsSought) {
 TEST_F(PositionBar, aClickWhilePausedSeeksNothing) {
     play(100);
     transport_.pause();
-    Timer3_->setEnabled(false);
+    clock_.watchTrack(false);
     bar_.Posbar_MouseDown(100);
     bar_.Posbar_MouseMove(100);
     bar_.Posbar_MouseUp(100);
     EXPECT_EQ(position(), 0);
-    EXPECT_FALSE(Timer3_->enabled());
-    EXPECT_EQ(focus_.focusTaken, 0);
+    EXPECT_FALSE(clock_.watchesTrack());
+    EXPECT_EQ(window_.focusTaken, 0);
     EXPECT_THAT(view_.told, Not(Contains("time")));
 }
 
@@ -172,8 +152,8 @@ TEST_F(PositionBar, theClockGoesOnWhenTheTrackWasStoppedDuringTheDrag) {
     transport_.Stop_play();
     sound_.calls.clear();
     bar_.Posbar_MouseUp(20);
-    EXPECT_TRUE(Timer1_->enabled());
-    EXPECT_TRUE(Timer3_->enabled());
+    EXPECT_TRUE(clock_.movesDigits());
+    EXPECT_TRUE(clock_.watchesTrack());
     EXPECT_THAT(sound_.calls, Not(Contains(StartsWith("BASS_ChannelSetPosition"))));
 }
 
@@ -187,12 +167,12 @@ TEST_F(PositionBar, aDragIsOverWithItsRelease) {
         }
         bar_.Posbar_MouseUp(20);
         transport_.Stop_play();
-        Timer3_->setEnabled(false);
-        focus_.focusTaken = 0;
+        clock_.watchTrack(false);
+        window_.focusTaken = 0;
         // A release without a drag: nothing plays, and the clock stays as it is.
         bar_.Posbar_MouseUp(20);
-        EXPECT_FALSE(Timer3_->enabled()) << stopped;
-        EXPECT_EQ(focus_.focusTaken, 0) << stopped;
+        EXPECT_FALSE(clock_.watchesTrack()) << stopped;
+        EXPECT_EQ(window_.focusTaken, 0) << stopped;
         play(100);
     }
 }

@@ -4,29 +4,29 @@
 #pragma once
 
 #include "ui/ElementLayout.h"
-#include "ui/MainElements.h"
+#include "window/MainElements.h"
 
-namespace tovik::ui::rows {
+namespace tovik::window::rows {
 
-using enum ElementKind;
+using enum ui::ElementKind;
 using N = MainElement;
-using Place = ElementPlace<MainElement>;
+using Place = ui::ElementPlace<MainElement>;
 
-inline constexpr Colour kInk{33, 33, 82};
-inline constexpr Colour kBlack{0, 0, 0};
-inline constexpr Colour kWhite{255, 255, 255};
-inline constexpr Colour kAmber{255, 156, 0};
-inline constexpr Colour kDim{96, 100, 140};
-inline constexpr Colour kBody{47, 50, 84};
-inline constexpr Colour kScreen{13, 15, 32};
-inline constexpr Colour kPanel{232, 235, 245};
-inline constexpr Colour kGroove{176, 182, 208};
-inline constexpr Colour kLine{198, 207, 222};
-inline constexpr Colour kFace{84, 89, 136};
-inline constexpr Colour kFaceSelected{112, 117, 170};
+inline constexpr ui::Colour kInk{33, 33, 82};
+inline constexpr ui::Colour kBlack{0, 0, 0};
+inline constexpr ui::Colour kWhite{255, 255, 255};
+inline constexpr ui::Colour kAmber{255, 156, 0};
+inline constexpr ui::Colour kDim{96, 100, 140};
+inline constexpr ui::Colour kBody{47, 50, 84};
+inline constexpr ui::Colour kScreen{13, 15, 32};
+inline constexpr ui::Colour kPanel{232, 235, 245};
+inline constexpr ui::Colour kGroove{176, 182, 208};
+inline constexpr ui::Colour kLine{198, 207, 222};
+inline constexpr ui::Colour kFace{84, 89, 136};
+inline constexpr ui::Colour kFaceSelected{112, 117, 170};
 
 /// A button that has one look, with a caption or a symbol.
-constexpr Place button(N name, Box box, std::string_view caption, bool visible = true) {
+constexpr Place button(N name, ui::Box box, std::string_view caption, bool visible = true) {
     return {.name = name,
             .kind = Button,
             .box = box,
@@ -37,7 +37,7 @@ constexpr Place button(N name, Box box, std::string_view caption, bool visible =
 }
 
 /// The face that a pressed button shows instead.
-constexpr Place pressed(N name, Box box, std::string_view caption) {
+constexpr Place pressed(N name, ui::Box box, std::string_view caption) {
     return {.name = name,
             .kind = Button,
             .box = box,
@@ -48,12 +48,12 @@ constexpr Place pressed(N name, Box box, std::string_view caption) {
             .backColour = kFaceSelected};
 }
 
-constexpr Place area(N name, Box box, Colour colour, bool visible = true) {
+constexpr Place area(N name, ui::Box box, ui::Colour colour, bool visible = true) {
     return {.name = name, .box = box, .visible = visible, .backColour = colour};
 }
 
-constexpr Place label(N name, std::size_t index, Box box, std::string_view caption, Colour colour,
-                      bool visible = true) {
+constexpr Place label(N name, std::size_t index, ui::Box box, std::string_view caption,
+                      ui::Colour colour, bool visible = true) {
     return {.name = name,
             .first = index,
             .kind = Label,
@@ -64,7 +64,7 @@ constexpr Place label(N name, std::size_t index, Box box, std::string_view capti
 }
 
 /// A field of the display that is drawn into, with a caption as long as it has no picture.
-constexpr Place drawn(N name, Box box, std::string_view caption, Colour colour,
+constexpr Place drawn(N name, ui::Box box, std::string_view caption, ui::Colour colour,
                       double textHeight = 10) {
     return {.name = name,
             .box = box,
@@ -93,7 +93,7 @@ constexpr Place digit(std::size_t index, double left, std::string_view caption, 
             .textColour = kWhite};
 }
 
-constexpr Place control(N name, Box box, bool visible = false) {
+constexpr Place control(N name, ui::Box box, bool visible = false) {
     return {.name = name,
             .kind = Control,
             .box = box,
@@ -126,30 +126,30 @@ inline constexpr std::string_view kLoop = "\U0001F501";
 inline constexpr std::string_view kCrossfade = "\u292D";
 inline constexpr std::string_view kSkip = "\u21E5";
 
-constexpr Box transport(double left) {
+constexpr ui::Box transport(double left) {
     return {left, 270, 30, 26};
 }
 
-constexpr Box corner(double left) {
+constexpr ui::Box corner(double left) {
     return {left, 10, 18, 16};
 }
 
-constexpr Box mode(double left) {
+constexpr ui::Box mode(double left) {
     return {left, 242, 28, 22};
 }
 
-constexpr Box tab(double left) {
+constexpr ui::Box tab(double left) {
     return {left, 9, 22, 22};
 }
 
-constexpr Box listButton(double left) {
+constexpr ui::Box listButton(double left) {
     return {left, 242, 36, 22};
 }
 
-constexpr Box wideButton(double left) {
+constexpr ui::Box wideButton(double left) {
     return {left, 242, 56, 22};
 }
 
-inline constexpr Box kWholePanel{20, 45, 432, 190};
+inline constexpr ui::Box kWholePanel{20, 45, 432, 190};
 
-} // namespace tovik::ui::rows
+} // namespace tovik::window::rows

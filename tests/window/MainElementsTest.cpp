@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/MainElements.h"
+#include "window/MainElements.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
 
-namespace tovik::ui {
+namespace tovik::window {
 namespace {
 
 using N = MainElement;
@@ -47,16 +47,16 @@ constexpr auto kFixed = std::to_array<Spot>({
 
 TEST_F(MainElementsTest, everyFixedElementStandsAtItsPlace) {
     for (const Spot& spot : kFixed) {
-        const Element& element = table_.get(spot.name, spot.index);
+        const ui::Element& element = table_.get(spot.name, spot.index);
         EXPECT_EQ(element.left, spot.left) << static_cast<int>(spot.name) << " " << spot.index;
         EXPECT_EQ(element.top, spot.top) << static_cast<int>(spot.name) << " " << spot.index;
     }
 }
 
 TEST_F(MainElementsTest, fixedSizes) {
-    EXPECT_EQ(table_.get(N::List1).box(), (Box{288, 169, 161, 80}));
-    EXPECT_EQ(table_.get(N::mainIMG).box(), (Box{0, 0, 470, 312}));
-    EXPECT_EQ(table_.get(N::posbar).box(), (Box{26, 171, 250, 12}));
+    EXPECT_EQ(table_.get(N::List1).box(), (ui::Box{288, 169, 161, 80}));
+    EXPECT_EQ(table_.get(N::mainIMG).box(), (ui::Box{0, 0, 470, 312}));
+    EXPECT_EQ(table_.get(N::posbar).box(), (ui::Box{26, 171, 250, 12}));
     for (std::size_t i = 0; i < 6; ++i) {
         EXPECT_EQ(table_.get(N::timed, i).width, 14.4);
         EXPECT_EQ(table_.get(N::timed, i).height, 17);
@@ -64,14 +64,14 @@ TEST_F(MainElementsTest, fixedSizes) {
     }
     for (std::size_t i = 0; i < 13; ++i) {
         EXPECT_EQ(table_.get(N::Picture6, i).box(),
-                  (Box{40 + 32 * static_cast<double>(i), 80, 13, 129}));
+                  (ui::Box{40 + 32 * static_cast<double>(i), 80, 13, 129}));
     }
     EXPECT_EQ(table_.get(N::eq_sld, 10).box(), table_.get(N::Picture6, 10).box());
-    EXPECT_EQ(table_.get(N::balbar, 8).box(), (Box{268, 216, 10, 14}));
+    EXPECT_EQ(table_.get(N::balbar, 8).box(), (ui::Box{268, 216, 10, 14}));
 }
 
 TEST_F(MainElementsTest, theHolderOfTheFocusDrawsNothing) {
-    const Element& holder = table_.get(N::Text4);
+    const ui::Element& holder = table_.get(N::Text4);
     EXPECT_TRUE(holder.visible) << "or it could not hold the focus";
     EXPECT_EQ(holder.backColour, std::nullopt);
     EXPECT_EQ(holder.caption, "");
@@ -126,7 +126,7 @@ TEST_F(MainElementsTest, theOrderFromTheBackIsWindowAreasLinesHeadingsFieldsBars
     const std::vector<N> fromTheBack{N::mainIMG, N::poswin,    N::Line3,  N::lblPos, N::lblinfo,
                                      N::posbar,  N::track,     N::List1,  N::stdSS,  N::playup,
                                      N::qpl_but, N::ShuffleBT, N::mainbt, N::tmp};
-    const auto slot = [&](N name) { return table_.slotOf(addressOf(name)); };
+    const auto slot = [&](N name) { return table_.slotOf(ui::addressOf(name)); };
     EXPECT_EQ(slot(N::mainIMG), 0U);
     for (const N tab : {N::mainbt, N::prebt}) {
         for (const N below : {N::stdSS, N::RadioLst, N::CFD, N::qpl_but, N::posbar}) {
@@ -143,9 +143,9 @@ TEST_F(MainElementsTest, theOrderFromTheBackIsWindowAreasLinesHeadingsFieldsBars
 }
 
 TEST_F(MainElementsTest, whatIsVisibleLiesInTheWindowAndNothingHidesTheButtons) {
-    const Box window = table_.get(N::mainIMG).box();
+    const ui::Box window = table_.get(N::mainIMG).box();
     for (std::size_t slot = 0; slot < table_.size(); ++slot) {
-        const Box box = table_.at(slot).box();
+        const ui::Box box = table_.at(slot).box();
         EXPECT_GE(box.left, 0) << slot;
         EXPECT_GE(box.top, 0) << slot;
         EXPECT_LE(box.left + box.width, window.width) << slot;
@@ -154,12 +154,12 @@ TEST_F(MainElementsTest, whatIsVisibleLiesInTheWindowAndNothingHidesTheButtons) 
     for (const N button :
          {N::backupIMG, N::playup, N::pauseup, N::stopup, N::nextup, N::fileup, N::ShuffleBT,
           N::LoopBT, N::CfdBT, N::sldBT, N::closeup, N::qpl_but, N::mainbt, N::prebt}) {
-        const Box box = table_.get(button).box();
+        const ui::Box box = table_.get(button).box();
         const auto slot = table_.topmostAt(box.left + box.width / 2, box.top + box.height / 2);
         ASSERT_TRUE(slot);
-        EXPECT_EQ(table_.address(*slot), addressOf(button));
+        EXPECT_EQ(table_.address(*slot), ui::addressOf(button));
     }
 }
 
 } // namespace
-} // namespace tovik::ui
+} // namespace tovik::window

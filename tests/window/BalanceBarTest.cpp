@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The nine lamps, their words, and what reaches the channels.
-#include "player/Balance.h"
+#include "window/BalanceBar.h"
 
-#include "player/PlayerRig.h"
+#include "window/ViewRig.h"
 
 namespace tovik::test {
 namespace {
@@ -10,9 +10,9 @@ namespace {
 using player::ChannelSlot;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using ui::MainElement;
+using window::MainElement;
 
-class Balance : public PlayerRig {
+class Balance : public ViewRig {
 protected:
     Balance() {
         state_.PrimaryChannel = 11;
@@ -89,7 +89,7 @@ TEST_F(Balance, aValueBetweenTheStepsLightsTheLeftSideAndKeepsItsPan) {
 }
 
 TEST_F(Balance, aClickSetsBothChannels) {
-    balance_.Balbar_Click(7);
+    balanceBar_.click(7);
     EXPECT_EQ(state_.BalanceValue, 75);
     EXPECT_EQ(lamps(), "....cXXX.");
     EXPECT_THAT(sound_.calls, ElementsAre("BASS_ChannelSetAttributes(12, -1, -1, 75)",
@@ -104,7 +104,7 @@ TEST_F(Balance, wordsOfEachLamp) {
         "100 percent left", "75 percent left",  "50 percent left",  "25 percent left",  "both [x]",
         "25 percent right", "50 percent right", "75 percent right", "100 percent right"};
     for (std::size_t i = 0; i < words.size(); ++i) {
-        balance_.Balbar_Click(static_cast<std::int16_t>(i));
+        balanceBar_.click(i);
         EXPECT_EQ(playing_.balanceText, words[i]);
         EXPECT_EQ(view_.last.balanceText, words[i]);
     }
@@ -116,29 +116,29 @@ TEST_F(Balance, theWordsOfTheStartSayOneHundredWhateverTheStep) {
                                        {0, "Centre"},
                                        {30, "Left 100%"}}) {
         state_.BalanceValue = value;
-        balance_.showStartText();
+        balanceBar_.showStartText();
         EXPECT_EQ(playing_.balanceText, words) << value;
     }
-    balance_.Balbar_Click(6);
+    balanceBar_.click(6);
     EXPECT_EQ(playing_.balanceText, "Right 50%");
 }
 
 TEST_F(Balance, theLampUnderThePointerIsToldUntilItLeaves) {
-    balance_.Balbar_Click(4);
-    balance_.hover(1);
+    balanceBar_.click(4);
+    balanceBar_.hover(1);
     EXPECT_TRUE(playing_.balanceHover);
     EXPECT_EQ(view_.last.hoverText, "Left 75%");
     EXPECT_EQ(state_.BalanceValue, 0);
     view_.told.clear();
-    balance_.endHover();
-    balance_.endHover();
+    balanceBar_.endHover();
+    balanceBar_.endHover();
     EXPECT_FALSE(playing_.balanceHover);
     EXPECT_EQ(view_.last.balanceText, "Centre");
     EXPECT_THAT(view_.told, ElementsAre("balance"));
 }
 
 TEST_F(Balance, aClickThatFailsIsLoggedAndTold) {
-    balance_.Balbar_Click(9);
+    balanceBar_.click(9);
     EXPECT_THAT(logged(), ElementsAre("Subscript out of range,9,Player,balbar"));
     EXPECT_THAT(boxes(), ElementsAre(" in sub Balbar_Click"));
     EXPECT_EQ(state_.BalanceValue, -25);

@@ -1,21 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the player's logic asks of its window beyond the elements in it. Interface thread.
+// What the main window's logic asks of the window beyond the elements in it. Interface thread.
 #pragma once
 
+#include "player/PlayerHandle.h"
 #include "ui/cDIBSectionRegion.h"
 
-#include <cstdint>
 #include <string>
 
 namespace tovik::player {
-
 class frmLoadPreset;
+}
+
+namespace tovik::window {
 
 /// As made it does nothing: a player without a window, for renders and tests.
-class PlayerWindow {
+class PlayerWindow : public player::PlayerHandle {
 public:
-    virtual ~PlayerWindow() = default;
-
     virtual void show() {}
 
     virtual void hide() {}
@@ -47,13 +47,11 @@ public:
     virtual void takeFocus() {}
 
     /// Opens the dialog with the names of the presets, or brings it to the front.
-    virtual void showLoadPreset(frmLoadPreset& /*dialog*/) {}
+    virtual void showLoadPreset(player::frmLoadPreset& /*dialog*/) {}
 
-    /// Whether a window of that many skin pixels fits on a screen; without a screen everything does.
+    /// Whether a window of that many skin pixels fits on a screen; without a screen everything
+    /// does.
     [[nodiscard]] virtual bool fitsScreen(int /*width*/, int /*height*/) const { return true; }
-
-    /// The window's number in the window system; 0 without one.
-    [[nodiscard]] virtual std::uintptr_t handle() const { return 0; }
 
     /// Left and top in pixels; applied when the window is shown, held to a screen that exists.
     virtual void moveTo(int /*left*/, int /*top*/) {}
@@ -63,4 +61,4 @@ public:
     [[nodiscard]] virtual int top() const { return 0; }
 };
 
-} // namespace tovik::player
+} // namespace tovik::window

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <span>
 
-namespace tovik::ui {
+namespace tovik::window {
 
 enum class MainElement : std::uint16_t {
     // The window and its areas.
@@ -141,10 +141,10 @@ enum class MainElement : std::uint16_t {
     Picture7,
 };
 
-using MainElements = ElementTable<MainElement>;
+using MainElements = ui::ElementTable<MainElement>;
 
 /// The layout, rearmost first; the first row is the window itself and gives it its size. What is
 /// visible in it is the main panel with the modes off.
-[[nodiscard]] std::span<const ElementPlace<MainElement>> mainLayout() noexcept;
+[[nodiscard]] std::span<const ui::ElementPlace<MainElement>> mainLayout() noexcept;
 
-} // namespace tovik::ui
+} // namespace tovik::window

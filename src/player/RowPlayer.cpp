@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/RowPlayer.h"
+
+#include "player/FadeTime.h"
+
+namespace tovik::player {
+
+void RowPlayer::button_play() {
+    config::guard(core_.errors, config::player("playup_mouseup"), [this] {
+        playlist::stdSS& list = core_.lists.stdSS;
+        if (list.ListCount() > 0) {
+            core_.state.IsPaused = false;
+            if (list.SelectedIndex == 0) {
+                list.SelectIndex(1);
+            }
+            Stdss_Play(std::to_string(list.SelectedIndex));
+        }
+    });
+}
+
+void RowPlayer::Stdss_Play(const std::string& /*row*/) {
+    config::guard(core_.errors, config::player("playlist_play"), [this] {
+        playlist::stdSS& list = core_.lists.stdSS;
+        const TrackRef track = trackOf(list, list.SelectedIndex);
+        const std::int32_t seconds = fadeSeconds(core_.settings);
+        const bool started = core_.state.CrossfadeOn
+                                 ? crossfade_.CrossFade_BurnBaby(track, fadeMilliseconds(seconds))
+                                 : startAlone(track);
+        // What did not open has no length, and the row keeps what it says.
+        if (started) {
+            facts_.refreshRowTime(core_.state.active(), track.row);
+            facts_.showTitles(core_.state.active(), track);
+        }
+    });
+}
+
+bool RowPlayer::startAlone(const TrackRef& track) {
+    PlayerState& state = core_.state;
+    TrackOpener opener(core_.sound);
+    state.CrossfadeLeg = 0;
+    state.ActiveChannel = ChannelSlot::primary;
+    for (const sound::Handle channel :
+         {state.SecondaryChannel, state.SpareChannelC, state.SpareChannelD}) {
+        opener.free(channel);
+    }
+    return transport_.Burnbaby(track);
+}
+
+void RowPlayer::List1_DblClick() {
+    const playlist::Row row = core_.lists.List1.ListIndex() + 1;
+    const TrackRef track = trackOf(core_.lists.stdSS, row);
+    core_.lists.stdSS.SelectedIndex = row;
+    PlayerState& state = core_.state;
+    if (state.CrossfadeOn && state.ClearCounterOnPlay) {
+        state.ClearCounterOnPlay = false;
+        state.TracksStarted = 0;
+    }
+    if (state.CrossfadeOn && state.TracksStarted != 0) {
+        crossfade_.CrossFade_BurnBaby(track, fadeMilliseconds(fadeSeconds(core_.settings)));
+    } else {
+        transport_.Burnbaby(track);
+    }
+}
+
+void RowPlayer::PlayRow(playlist::Row row, std::int32_t fadeSeconds) {
+    core_.lists.stdSS.SelectIndex(row);
+    const TrackRef track = trackOf(core_.lists.stdSS, row);
+    PlayerState& state = core_.state;
+    if (state.CrossfadeOn && state.TracksStarted != 0) {
+        crossfade_.CrossFade_BurnBaby(track, fadeMilliseconds(fadeSeconds));
+    } else {
+        transport_.Burnbaby(track);
+    }
+    state.CurrentTitle = track.title;
+    const std::string shown = " " + track.title;
+    NowPlaying& playing = core_.screen.playing;
+    playing.scrollerText = shown;
+    playing.caption = shown;
+    if (state.MiniModeOn) {
+        playing.miniCaption = shown;
+    }
+    core_.screen.showTitles();
+}
+
+} // namespace tovik::player

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/MainView.h"
+
+#include "ui/cDIBSection.h"
+
+#include <array>
+#include <string>
+
+namespace tovik::window {
+
+MainView::MainView(const Needs& needs)
+    : core(needs.core), window(needs.window),
+      scroller(core.timers, [this](std::u32string_view characters) { drawTitle(characters); }),
+      display(core.state, elements, fields, scroller,
+              [this](const std::string& text) { window.setCaption(text); }),
+      modes(core.state, elements), sliders(core.state, needs.equalizer, elements, needs.dialogs),
+      volumeBar(core, needs.playback.volume, elements),
+      balanceBar(core, needs.playback.balance, elements),
+      positionBar(core, needs.playback.seek, elements, window), caption(core),
+      panels(core, elements, window), timeDisplay(core), shortcuts(needs.commands),
+      bars(elements, positionBar, volumeBar, balanceBar), equalizerInput(sliders),
+      input({.elements = elements,
+             .errors = core.errors,
+             .commands = needs.commands,
+             .shortcuts = shortcuts,
+             .bars = bars,
+             .equalizer = equalizerInput,
+             .volumeBar = volumeBar,
+             .timeDisplay = timeDisplay,
+             .window = window}),
+      access({.state = core.state,
+              .playing = core.screen.playing,
+              .elements = elements,
+              .commands = needs.commands,
+              .position = needs.playback.seek,
+              .volume = volumeBar,
+              .balance = balanceBar,
+              .equalizer = needs.equalizer,
+              .timeDisplay = timeDisplay}),
+      skin(
+          elements, pictures, needs.paths, [this] { panels.RefreshTabs(); },
+          [this](int width, int height) { return window.fitsScreen(width, height); }),
+      flatFaces(elements), skinInput(skin, flatFaces, panels, core.errors, input) {
+    const std::array<player::NowPlayingView*, 5> views = {&display, &modes, &sliders, &volumeBar,
+                                                          &balanceBar};
+    for (player::NowPlayingView* const view : views) {
+        core.screen.add(*view);
+    }
+}
+
+MainView::~MainView() {
+    const std::array<player::NowPlayingView*, 5> views = {&display, &modes, &sliders, &volumeBar,
+                                                          &balanceBar};
+    for (player::NowPlayingView* const view : views) {
+        core.screen.remove(*view);
+    }
+}
+
+void MainView::shapeWindow() {
+    const ui::PixelImage* const ground = pictures.find(elements.get(MainElement::mainIMG).picture);
+    ui::cDIBSection dib;
+    if (ground == nullptr || !dib.CreateFromPicture(*ground)) {
+        return;
+    }
+    shape_.Create(dib);
+    if (ui::RegionWindow* const outline = window.shape(); outline != nullptr) {
+        shape_.Applied(*outline, true);
+    }
+}
+
+void MainView::showModes(std::int16_t timeDisplayMode) {
+    for (const player::Mode mode : {player::Mode::crossfade, player::Mode::silenceSkip,
+                                    player::Mode::shuffle, player::Mode::repeat}) {
+        core.screen.showMode(mode);
+    }
+    timeDisplay.choose(timeDisplayMode);
+}
+
+void MainView::showWords() {
+    volumeBar.showText();
+    core.screen.showStopNote();
+}
+
+void MainView::drawTitle(std::u32string_view characters) {
+    if (window.visible()) {
+        // Without a strip of glyphs the caption stands still.
+        static_cast<void>(fields.draw(MainElement::songname, 0, characters, Strip::Bright));
+    }
+}
+
+} // namespace tovik::window

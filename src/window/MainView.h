@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window as logic: its records and pictures, the parts that draw them and those that take
+// the user's hands. Needs no window system. Interface thread.
+#pragma once
+
+#include "commands/ClsShortcut.h"
+#include "player/Playback.h"
+#include "ui/ImgScroller.h"
+#include "window/ElementActions.h"
+#include "window/EqualizerSliders.h"
+#include "window/FlatFaces.h"
+#include "window/MainDisplay.h"
+#include "window/MainInput.h"
+#include "window/MainSkin.h"
+#include "window/MainTexts.h"
+#include "window/ModeFaces.h"
+#include "window/Panels.h"
+#include "window/PositionBar.h"
+#include "window/RotatingCaption.h"
+#include "window/SkinInput.h"
+
+#include <string_view>
+
+namespace tovik::window {
+
+/// The parts are used as they are.
+struct MainView {
+    /// What the window shows and drives; all of it outlives the view.
+    struct Needs {
+        const player::Core& core;
+        player::Playback& playback;
+        player::Equalizer& equalizer;
+        const commands::Commands& commands;
+        PlayerWindow& window;
+        host::Dialogs& dialogs;
+        const host::Paths& paths;
+    };
+
+    explicit MainView(const Needs& needs);
+    ~MainView();
+    MainView(const MainView&) = delete;
+    MainView& operator=(const MainView&) = delete;
+
+    /// Cuts the outline of the window out of its ground.
+    void shapeWindow();
+
+    /// The modes and the equalizer's switch as the state has them, and the clock in its own.
+    void showModes(std::int16_t timeDisplayMode);
+
+    /// The words that stand in the display follow the language.
+    void showWords();
+
+    const player::Core& core;
+    PlayerWindow& window;
+
+    MainElements elements{mainLayout()};
+    ui::PictureStore pictures;
+    MainTexts texts{elements};
+    TextFields fields{elements, pictures};
+    ui::ImgScroller scroller;
+    MainDisplay display;
+    ModeFaces modes;
+    EqualizerSliders sliders;
+    VolumeBar volumeBar;
+    BalanceBar balanceBar;
+    PositionBar positionBar;
+    RotatingCaption caption;
+    Panels panels;
+    TimeDisplay timeDisplay;
+    commands::ClsShortcut shortcuts;
+    MainBars bars;
+    EqualizerInput equalizerInput;
+    MainInput input;
+    ElementActions access;
+    MainSkin skin;
+    FlatFaces flatFaces;
+    SkinInput skinInput; ///< what the mouse and the keys reach first
+
+private:
+    /// Draws the title as far as it has moved.
+    void drawTitle(std::u32string_view characters);
+
+    ui::cDIBSectionRegion shape_;
+};
+
+} // namespace tovik::window

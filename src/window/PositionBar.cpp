@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/PositionBar.h"
+
+#include "base/Numbers.h"
+#include "ui/Twips.h"
+
+#include <algorithm>
+
+namespace tovik::window {
+
+namespace {
+
+constexpr double kAll = 100;
+
+} // namespace
+
+void PositionBar::Posbar_MouseDown(double x) {
+    config::guard(core_.errors, config::player("posbar_mousedown"), [&] {
+        if (seek_.take()) {
+            moveMark(x);
+        }
+    });
+}
+
+void PositionBar::Posbar_MouseMove(double x) {
+    if (seek_.drag()) {
+        moveMark(x);
+        seek_.preview(percentAt(x));
+    }
+}
+
+void PositionBar::Posbar_MouseUp(double x) {
+    if (seek_.sounds()) {
+        moveMark(x);
+        seek_.seek(percentAt(x));
+    } else if (!seek_.taken()) {
+        return;
+    }
+    seek_.letGo();
+    window_.takeFocus();
+}
+
+void PositionBar::moveMark(double x) {
+    const ui::Element& bar = elements_.get(MainElement::posbar);
+    const double left = bar.left + std::clamp(x, 0.0, bar.width - 1) + ui::kPointerWidth;
+    elements_.touch(MainElement::track).left = left;
+}
+
+double PositionBar::percentAt(double x) const {
+    const double width = elements_.get(MainElement::posbar).width;
+    return std::clamp(base::divide(x * kAll, width - 1), 0.0, kAll);
+}
+
+} // namespace tovik::window
