@@ -68,7 +68,7 @@ std::int32_t PositionBar::second() const {
 }
 
 std::int32_t PositionBar::length() const {
-    return sounds() ? p_.time.GetDuration(p_.state.active()) : 0;
+    return p_.state.IsPlaying ? p_.time.GetDuration(p_.state.active()) : 0;
 }
 
 void PositionBar::moveMark(double x) {

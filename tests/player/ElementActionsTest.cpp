@@ -130,6 +130,11 @@ TEST_F(ElementActions, thePositionByKeys) {
     EXPECT_EQ(facts(MainElement::posbar).range->most, 100);
     playing_.percent = 25;
     EXPECT_EQ(facts(MainElement::posbar).range->value, 25);
+    state_.IsPaused = true;
+    EXPECT_EQ(facts(MainElement::posbar).range->most, 100);
+    EXPECT_EQ(facts(MainElement::posbar).range->value, 25);
+    move(MainElement::posbar, Adjustment::PageUp);
+    EXPECT_EQ(second(), 0) << "a paused track stays where it is, as with the mouse";
 }
 
 TEST_F(ElementActions, aValueIsHeldToItsRange) {
