@@ -94,7 +94,7 @@ void MainControls::addList(MainElement element, const char* objectName, playlist
 }
 
 void MainControls::addSearchField() {
-    auto* field = new SearchField;
+    auto* field = new SearchField([this] { takeFocus(); });
     field->setObjectName(QStringLiteral("musicSearchTxt"));
     // The record holds what is in the field, whoever writes it.
     QObject::connect(field, &QLineEdit::textEdited, field, [this](const QString& text) {

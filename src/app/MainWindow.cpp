@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
 
+#include "ui/MainAccess.h"
+#include "ui/MainRows.h"
+
 #include <algorithm>
 #include <QGuiApplication>
 #include <QScreen>
@@ -19,8 +22,11 @@ void MainWindow::attach(frmPlayer& player) {
     // For a start that fails before it comes to the captions.
     skin_->setCaption("Tovik");
     // Tells it from boxes and dialogs, for rules of window managers; the caption follows the track.
+    // The caption rotates; the name of the window does not.
+    skin_->setAccessibleName(QStringLiteral("Tovik"));
     skin_->setWindowRole(QStringLiteral("player"));
     controls_ = std::make_unique<MainControls>(player, *skin_, host_.dispatcher);
+    skin_->setAccess(ui::mainAccess(), player.access(), ui::rows::kAmber);
 }
 
 void MainWindow::detach() {

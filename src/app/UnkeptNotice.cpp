@@ -3,17 +3,9 @@
 
 #include "ui/MainElements.h"
 
-#include <string>
 #include <utility>
 
 namespace tovik::app {
-
-namespace {
-
-/// For a language that has no words for it.
-constexpr const char* kEnglishWords = "Changes are not kept";
-
-} // namespace
 
 UnkeptNotice::UnkeptNotice(const config::Errors& errors, const config::MultiLNG& language,
                            window::TextFields& fields, std::optional<base::RuntimeError> why)
@@ -44,8 +36,7 @@ void UnkeptNotice::tell() {
 
 void UnkeptNotice::show() {
     if (told_) {
-        const std::string words = language_.get_Notice_String(0);
-        fields_.show(ui::MainElement::notice_img, 0, words.empty() ? kEnglishWords : words,
+        fields_.show(ui::MainElement::notice_img, 0, language_.get_Notice_String(0),
                      window::Strip::Bright);
     }
 }

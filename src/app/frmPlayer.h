@@ -35,6 +35,7 @@
 #include "ui/cDIBSectionRegion.h"
 #include "ui/ImgScroller.h"
 #include "ui/MainElements.h"
+#include "window/ElementActions.h"
 #include "window/EqualizerInput.h"
 #include "window/MainBars.h"
 #include "window/MainDisplay.h"
@@ -90,6 +91,8 @@ public:
     [[nodiscard]] ui::PictureStore& pictures() { return pictures_; }
 
     [[nodiscard]] ui::WindowInput& input() { return skinInput_; }
+
+    [[nodiscard]] ui::AccessInput& access() { return access_; }
 
     [[nodiscard]] player::Equalizer& equalizer() { return equalizer_; }
 
@@ -290,6 +293,15 @@ private:
     commands::Commands commands_;
     commands::ClsShortcut shortcuts_{commands_};
     window::MainInput input_;
+    window::ElementActions access_{{.state = state_,
+                                    .playing = playing_,
+                                    .elements = elements_,
+                                    .commands = commands_,
+                                    .position = playback_.positionBar,
+                                    .volume = playback_.volumeBar,
+                                    .balance = playback_.balance,
+                                    .equalizer = equalizer_,
+                                    .timeDisplay = timeDisplay_}};
     window::MainSkin skin_{
         elements_, pictures_, host_.paths, [this] { panels_.RefreshTabs(); },
         [this](int width, int height) { return window_.fitsScreen(width, height); }};

@@ -250,6 +250,7 @@ void frmPlayer::loadLanguage() {
     language_.Language_File(settings_.getSetting("CLNG"));
     language_.Load_Main_Win_LNG();
     language_.Load_Menus_Lng();
+    language_.loadNames();
     playback_.volumeBar.showText();
     display_.showStopNote(state_.StopAfterCurrent);
 }

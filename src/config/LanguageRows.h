@@ -14,6 +14,38 @@ using W = TextWindow;
 using K = TextKind;
 using Row = LanguageRow;
 
+/// The English of "TovikNotice".
+inline constexpr auto kEnglishNotices = std::to_array<std::string_view>({
+    "Changes are not kept",
+});
+
+/// The English of "TovikNames".
+inline constexpr auto kEnglishNames = std::to_array<std::string_view>({
+    "Player keys",
+    "Equalizer",
+    "Unfold the quick playlist",
+    "Mini mode",
+    "Cancel ripping",
+    "Time",
+    "Track",
+    "Channels",
+    "Format",
+    "Tracks of the disc",
+    "Radio stations",
+    "Station",
+    "60 Hz",
+    "170 Hz",
+    "310 Hz",
+    "600 Hz",
+    "1 kHz",
+    "3 kHz",
+    "6 kHz",
+    "12 kHz",
+    "14 kHz",
+    "16 kHz",
+    "Master",
+});
+
 inline constexpr std::array<LanguageSectionRow, kLanguageSections> kSections{{
     {S::MainMenu, "MainMenu", 37, W::frmTSR},
     {S::VisMenu, "VisMenu", 2, W::frmTSR},
@@ -37,7 +69,9 @@ inline constexpr std::array<LanguageSectionRow, kLanguageSections> kSections{{
     {S::Prompt, "Prompt", 4, W::None},
     {S::Error, "Error", 2, W::None},
     {S::Shortcuts, "Shortcuts", 36, W::frmPreferences},
-    {S::Notice, "TovikNotice", 1, W::None},
+    {S::Notice, "TovikNotice", 1, W::None, kEnglishNotices},
+    {S::TovikNames, "TovikNames", static_cast<int>(kEnglishNames.size()), W::frmPlayer,
+     kEnglishNames},
 }};
 
 constexpr Row put(S section, int item, std::string_view element, K kind = K::Caption, int index = 0,
@@ -62,6 +96,11 @@ constexpr Row tip(S section, int item, std::string_view element, int index = 0, 
 /// An element of the main window that has its words from another window's section.
 constexpr Row inMain(S section, int item, std::string_view element, K kind) {
     return {section, item, 1, W::frmPlayer, element, 0, kind};
+}
+
+/// What a screen reader calls consecutive indices.
+constexpr Row name(S section, int item, std::string_view element, int index = 0, int count = 1) {
+    return {section, item, count, W::frmPlayer, element, index, K::Name};
 }
 
 /// A tab of the main window, named by the menu.

@@ -25,6 +25,7 @@ constexpr auto kRows = std::to_array<Row>({
     tab(6, "EQ_off"),
     put(S::MainMenu, 7, "mnuPlaylistWin"),
     tab(7, "plbt"),
+    name(S::MainMenu, 7, "stdSS"),
     put(S::MainMenu, 8, "mnuRipWin"),
     tab(8, "ripbt"),
     put(S::MainMenu, 9, "mnuIRTWin"),
@@ -62,16 +63,22 @@ constexpr auto kRows = std::to_array<Row>({
     put(S::RipMenu, 2, "mnuRipSel"),
 
     run(S::PlayerWin, 0, "lbltag", 0, 5),
+    name(S::PlayerWin, 0, "lblinfo", 0, 5),
     run(S::PlayerWin, 5, "lblPos", 3),
     run(S::PlayerWin, 6, "lblPos", 0),
     tip(S::PlayerWin, 6, "posbar"),
     tip(S::PlayerWin, 6, "track"),
+    name(S::PlayerWin, 6, "posbar"),
     run(S::PlayerWin, 7, "lblPos", 4),
     tip(S::PlayerWin, 7, "qpl_but"),
+    name(S::PlayerWin, 7, "List1"),
     run(S::PlayerWin, 8, "lblPos", 1, 2),
     tip(S::PlayerWin, 8, "volbar"),
     tip(S::PlayerWin, 8, "volbarIMG"),
+    name(S::PlayerWin, 8, "volbar"),
+    name(S::PlayerWin, 8, "shwchange", 0, 2),
     tip(S::PlayerWin, 9, "balbar", kEveryElement),
+    name(S::PlayerWin, 9, "balbar"),
     tip(S::PlayerWin, 10, "Picture1"),
     tip(S::PlayerWin, 11, "backupIMG"),
     tip(S::PlayerWin, 12, "playup"),
@@ -83,9 +90,13 @@ constexpr auto kRows = std::to_array<Row>({
     tip(S::PlayerWin, 18, "closeup"),
     tip(S::PlayerWin, 19, "Label2"),
     tip(S::PlayerWin, 20, "ShuffleBT"),
+    name(S::PlayerWin, 20, "Shuffle"),
     tip(S::PlayerWin, 21, "LoopBT"),
+    name(S::PlayerWin, 21, "loopImg"),
     tip(S::PlayerWin, 22, "CfdBT"),
+    name(S::PlayerWin, 22, "CFD"),
     tip(S::PlayerWin, 23, "sldBT"),
+    name(S::PlayerWin, 23, "Sld"),
     tip(S::PlayerWin, 24, "EQ_on"),
     tip(S::PlayerWin, 25, "presetbt"),
     tip(S::PlayerWin, 26, "resetbt"),
@@ -103,8 +114,10 @@ constexpr auto kRows = std::to_array<Row>({
     run(S::PlayerWin, 42, "Label4", 0, 9),
     put(S::PlayerWin, 51, "slDRV"),
     tip(S::PlayerWin, 51, "cmbCDDrives"),
+    name(S::PlayerWin, 51, "cmbCDDrives"),
     put(S::PlayerWin, 52, "musicSearchTxt", K::Text),
     tip(S::PlayerWin, 52, "musicSearchTxt"),
+    name(S::PlayerWin, 52, "musicSearchTxt"),
     tip(S::PlayerWin, 52, "srchIMG"),
     put(S::PlayerWin, 53, "PublicText", K::Kept),
 
@@ -226,13 +239,30 @@ constexpr auto kRows = std::to_array<Row>({
     run(S::frmJump2Track, 7, "Command1", 0, 2),
 
     put(S::Shortcuts, 0, "Shortcuts", K::ListEntry, 0, 36),
+
+    name(S::TovikNames, 0, "Text4"),
+    name(S::TovikNames, 1, "EQ_on"),
+    name(S::TovikNames, 2, "qpl_but"),
+    name(S::TovikNames, 3, "minmodeUP"),
+    name(S::TovikNames, 4, "cancelrip"),
+    name(S::TovikNames, 5, "timed", 1),
+    name(S::TovikNames, 6, "songname"),
+    name(S::TovikNames, 7, "mono_img"),
+    name(S::TovikNames, 8, "musicinfo_img"),
+    name(S::TovikNames, 9, "lstTracks"),
+    name(S::TovikNames, 10, "RadioLst"),
+    name(S::TovikNames, 11, "lblRDinfo"),
+    name(S::TovikNames, 12, "eq_sld", 0, 11),
 });
 
 /// Sections in the order of the enumeration, rows in the order of sections and items, and each item
 /// within its section.
 constexpr bool wellFormed() {
     for (std::size_t i = 0; i < kSections.size(); ++i) {
-        if (static_cast<std::size_t>(kSections.at(i).section) != i) {
+        const LanguageSectionRow& section = kSections.at(i);
+        const auto words = static_cast<int>(section.english.size());
+        if (static_cast<std::size_t>(section.section) != i ||
+            (words != 0 && words != section.items)) {
             return false;
         }
     }

@@ -33,10 +33,11 @@ enum class LanguageSection : std::uint8_t {
     Prompt,
     Error,
     Shortcuts,
-    Notice, ///< our own: what the window says of the program's state
+    Notice,     ///< our own: what the window says of the program's state
+    TovikNames, ///< what a screen reader calls elements
 };
 
-inline constexpr std::size_t kLanguageSections = 22;
+inline constexpr std::size_t kLanguageSections = 23;
 
 /// The windows that texts go to. The main menu's texts name tabs of the main window, too.
 enum class TextWindow : std::uint8_t {
@@ -64,6 +65,9 @@ struct LanguageSectionRow {
     std::string_view name; ///< as in the file
     int items;             ///< the keys are item0 up to this number less one
     TextWindow window;     ///< where most of its texts go
+    /// One for each item: what a file leaves out is taken from here, so that it is never blank.
+    /// Empty for the sections of old, where it goes blank.
+    std::span<const std::string_view> english{};
 };
 
 /// The sections in the order of the enumeration.

@@ -47,11 +47,14 @@ std::string MultiLNG::path() const {
 }
 
 std::string MultiLNG::textOf(const std::string& path, LanguageSection section, int number) {
+    const LanguageSectionRow& row = languageSections()[static_cast<std::size_t>(section)];
     INI file;
     file.Path = path;
-    file.Section = languageSections()[static_cast<std::size_t>(section)].name;
+    file.Section = row.name;
     file.Key = "item" + std::to_string(number);
-    return std::string(base::trimmed(file.Value()));
+    const std::string text(base::trimmed(file.Value()));
+    const auto place = static_cast<std::size_t>(number);
+    return text.empty() && place < row.english.size() ? std::string(row.english[place]) : text;
 }
 
 void MultiLNG::load(LanguageSection section) {
@@ -176,6 +179,10 @@ void MultiLNG::Load_frmJump2track() {
 
 void MultiLNG::Get_Shortcut_List() {
     load(S::Shortcuts);
+}
+
+void MultiLNG::loadNames() {
+    load(S::TovikNames);
 }
 
 } // namespace tovik::config

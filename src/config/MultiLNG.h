@@ -17,6 +17,7 @@ namespace tovik::config {
 ///
 /// A deliberate oddity (`textOf`): a file, section or key that is missing gives empty texts, and
 /// these replace what the window bore: what a language leaves out goes blank, and nothing is said.
+/// Sections that begin with "Tovik" have English words built in, which stand in for that.
 class MultiLNG {
 public:
     /// The paths are kept by reference. Where the data folder's "Languages" cannot be read, the
@@ -55,6 +56,9 @@ public:
 
     /// The names of the commands go to the list of the preferences.
     void Get_Shortcut_List();
+
+    /// What a screen reader calls the elements of the main window.
+    void loadNames();
 
     /// Runs the loaders of all attached windows: after a change of the language.
     void loadAttached();

@@ -14,6 +14,7 @@ enum class TextKind : std::uint8_t {
     Text,      ///< what stands in a box for typing
     Tab,       ///< the caption of one tab; the index counts the tabs
     ListEntry, ///< one entry of a list; the index counts the entries
+    Name,      ///< what a screen reader calls an element whose other texts do not say it
     Kept,      ///< not shown as it is: code asks for it
 };
 

@@ -37,6 +37,9 @@ constexpr std::array<std::string_view, 3> kTakenOver{"db", "Languages", "skins"}
 constexpr std::size_t kTrialBytes = 8192;
 constexpr std::string_view kTrialName = "db/.trial";
 
+/// Holds the settings, the saved list and the log.
+constexpr std::string_view kSettingsFolder = "db";
+
 /// What is shipped is never written to as it is; a copy must be.
 constexpr fs::perms kOwnerWrites = fs::perms::owner_write;
 
@@ -108,10 +111,24 @@ std::error_code addNeededFiles(const Paths& paths, const std::string& shipped) {
     return {};
 }
 
+/// Whether the folder is one that the player filled, though its settings are gone.
+bool lostItsSettings(const Paths& paths) {
+    std::error_code failure;
+    return !hasSettings(paths) && fs::is_directory(paths.inside(kSettingsFolder), failure) &&
+           fs::is_directory(paths.of(DataItem::Languages), failure);
+}
+
 std::error_code leaveFirstRun(const Paths& paths, const std::string& locale) {
     return base::replaceFile(paths.of(DataItem::FirstRun),
                              "[Firstrun]\r\nLNG=" + languageOfLocale(locale, paths) + "\r\n",
                              base::Flush::No);
+}
+
+/// The settings as at the first start; all else that the user has stays.
+std::error_code layNewSettings(const Paths& paths, const std::string& shipped,
+                               const std::string& locale) {
+    const std::error_code failure = copyMissing(shipped, kSettingsFolder, paths);
+    return failure ? failure : leaveFirstRun(paths, locale);
 }
 
 } // namespace
@@ -159,8 +176,12 @@ std::error_code fillDataFolder(const std::string& dataFolder, const std::string&
                                const std::string& locale) {
     const Paths paths(dataFolder);
     if (!wantsFill(dataFolder)) {
-        return shipped.empty() || !hasSettings(paths) ? std::error_code()
-                                                      : addNeededFiles(paths, shipped);
+        std::error_code failure;
+        if (!shipped.empty() && lostItsSettings(paths)) {
+            failure = layNewSettings(paths, shipped, locale);
+        }
+        return failure || shipped.empty() || !hasSettings(paths) ? failure
+                                                                 : addNeededFiles(paths, shipped);
     }
     const std::string mark = base::joinPath(dataFolder, kFillingMark);
     std::error_code failure;

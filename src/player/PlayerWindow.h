@@ -49,7 +49,7 @@ public:
     /// Opens the dialog with the names of the presets, or brings it to the front.
     virtual void showLoadPreset(frmLoadPreset& /*dialog*/) {}
 
-    /// Whether a window of that many skin pixels fits on a screen; without a screen everything does.
+    /// Whether a window of that many skin pixels fits on a screen; without one everything does.
     [[nodiscard]] virtual bool fitsScreen(int /*width*/, int /*height*/) const { return true; }
 
     /// The window's number in the window system; 0 without one.

@@ -56,6 +56,21 @@ void PositionBar::Posbar_MouseUp(double x) {
     p_.state.SilenceTicks = 0;
 }
 
+void PositionBar::goTo(std::int32_t second) {
+    if (sounds()) {
+        p_.time.SetPlayingPos(p_.state.active(), std::clamp(second, 0, length()), false);
+        p_.state.SilenceTicks = 0;
+    }
+}
+
+std::int32_t PositionBar::second() const {
+    return sounds() ? p_.time.GetPlayingPos(p_.state.active()) : 0;
+}
+
+std::int32_t PositionBar::length() const {
+    return p_.state.IsPlaying ? p_.time.GetDuration(p_.state.active()) : 0;
+}
+
 void PositionBar::moveMark(double x) {
     const ui::Element& bar = p_.elements.get(MainElement::posbar);
     const double left = bar.left + std::clamp(x, 0.0, bar.width - 1) + ui::kPointerWidth;

@@ -11,6 +11,8 @@
 #include "player/PlayerWindow.h"
 #include "ui/MainElements.h"
 
+#include <cstdint>
+
 namespace tovik::player {
 
 /// What the bar works with; all of it outlives it.
@@ -39,6 +41,15 @@ public:
 
     /// Takes the track to the place. After a drag the clock goes on in any case.
     void Posbar_MouseUp(double x);
+
+    /// Takes a track that sounds to a second of it.
+    void goTo(std::int32_t second);
+
+    /// The whole seconds played; 0 while nothing sounds. Raises 6 beyond 32767.
+    [[nodiscard]] std::int32_t second() const;
+
+    /// The track's length in whole seconds, also while it is paused; 0 where there is none.
+    [[nodiscard]] std::int32_t length() const;
 
 private:
     [[nodiscard]] bool sounds() const { return p_.state.IsPlaying && !p_.state.IsPaused; }

@@ -6,7 +6,6 @@
 #include "ui/Twips.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string>
 
 namespace tovik::player {
@@ -45,12 +44,10 @@ void VolumeBar::change_volume(std::int16_t value, std::int16_t /*absolute*/) {
 }
 
 void VolumeBar::turn(double notches) {
-    turned_ += notches;
-    const double whole = std::trunc(turned_);
+    const double whole = wheel_.whole(notches);
     if (whole == 0) {
         return;
     }
-    turned_ -= whole;
     const double value = std::clamp(state_.CurrentVolume + whole * kWheelPercent, 0.0, kAll);
     change_volume(base::toInt16(value), whole > 0 ? -1 : 1);
 }

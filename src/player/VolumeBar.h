@@ -6,6 +6,7 @@
 #include "player/NowPlaying.h"
 #include "player/Volume.h"
 #include "ui/MainElements.h"
+#include "ui/WheelNotches.h"
 
 #include <cstdint>
 
@@ -52,7 +53,7 @@ private:
     ui::MainElements& elements_;
     NowPlaying& playing_;
     NowPlayingView& view_;
-    double turned_ = 0; ///< parts of a notch that make no whole one yet
+    ui::WheelNotches wheel_;
 };
 
 } // namespace tovik::player

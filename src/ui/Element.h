@@ -85,6 +85,7 @@ struct Element {
     double textHeight = 11;
     std::string caption; ///< bytes: valid UTF-8, or else Windows-1252
     std::string tooltip; ///< bytes likewise
+    std::string name;    ///< what a screen reader calls it; bytes likewise, empty: tooltip, caption
     Picture picture;
     std::string smallText; ///< drawn small in place of picture and caption; bytes likewise
     SliderBar bar;         ///< of a slider

@@ -4,6 +4,7 @@
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tovik::ui {
@@ -137,6 +138,20 @@ void PicVScroll::mouseMove(const PointerEvent& event) {
 
 void PicVScroll::mouseUp(const PointerEvent& /*event*/) {
     Dragging_ = false;
+}
+
+void PicVScroll::doubleClick() {
+    Dragging_ = false;
+    Value(static_cast<std::int32_t>((std::int64_t{range_.Min} + range_.Max) / 2));
+}
+
+void PicVScroll::turn(double notches) {
+    const double whole = wheel_.whole(notches);
+    const double value = std::clamp(range_.Value - whole, static_cast<double>(range_.Min),
+                                    static_cast<double>(range_.Max));
+    if (value != range_.Value) {
+        Value(static_cast<std::int32_t>(value));
+    }
 }
 
 } // namespace tovik::ui

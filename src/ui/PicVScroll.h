@@ -5,6 +5,7 @@
 
 #include "host/Dialogs.h"
 #include "ui/ElementStore.h"
+#include "ui/WheelNotches.h"
 #include "ui/WindowInput.h"
 
 #include <cstdint>
@@ -80,6 +81,12 @@ public:
     void mouseMove(const PointerEvent& event);
     void mouseUp(const PointerEvent& event);
 
+    /// Puts the bar in the middle; the press that it ends does not drag any more.
+    void doubleClick();
+
+    /// A turn of the wheel: a value a whole notch, towards the top when positive.
+    void turn(double notches);
+
 private:
     [[nodiscard]] const Element& element() const {
         return elements_.at(elements_.slotOf(address_));
@@ -101,6 +108,7 @@ private:
     SliderRange range_;
     std::int32_t BarTop_ = 0; ///< in skin pixels, 0 at the top
     bool Dragging_ = false;
+    WheelNotches wheel_;
 };
 
 } // namespace tovik::ui

@@ -31,4 +31,21 @@ bool EqualizerInput::mouseUp(const ui::PointerEvent& event) {
     return slider != nullptr;
 }
 
+bool EqualizerInput::doubleClick(const ui::PointerEvent& event) {
+    ui::PicVScroll* const slider =
+        event.button == ui::MouseButton::Left ? sliderUnder(event) : nullptr;
+    if (slider != nullptr) {
+        slider->doubleClick();
+    }
+    return slider != nullptr;
+}
+
+bool EqualizerInput::wheel(const ui::PointerEvent& event, double notches) {
+    ui::PicVScroll* const slider = sliderUnder(event);
+    if (slider != nullptr) {
+        slider->turn(notches);
+    }
+    return slider != nullptr;
+}
+
 } // namespace tovik::window

@@ -16,6 +16,8 @@ public:
     bool mouseDown(const ui::PointerEvent& event);
     bool mouseMove(const ui::PointerEvent& event);
     bool mouseUp(const ui::PointerEvent& event);
+    bool doubleClick(const ui::PointerEvent& event);
+    bool wheel(const ui::PointerEvent& event, double notches);
 
 private:
     [[nodiscard]] ui::PicVScroll* sliderUnder(const ui::PointerEvent& event);

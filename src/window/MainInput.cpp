@@ -9,6 +9,8 @@ using ui::MainElement;
 
 namespace {
 
+constexpr int kEscape = 27;
+
 bool isLeft(const ui::PointerEvent& event) {
     return event.button == ui::MouseButton::Left;
 }
@@ -95,20 +97,29 @@ void MainInput::click(const ui::PointerEvent& event) {
 }
 
 void MainInput::doubleClick(const ui::PointerEvent& event) {
+    if (p_.equalizer.doubleClick(event)) {
+        return;
+    }
     // Number 0 is the minus sign.
     if (isLeft(event) && event.over(MainElement::timed) && event.element->index > 0) {
         p_.timeDisplay.flip();
     }
 }
 
-void MainInput::wheel(const ui::PointerEvent& /*event*/, double notches) {
-    p_.volumeBar.turn(notches);
+void MainInput::wheel(const ui::PointerEvent& event, double notches) {
+    if (!p_.equalizer.wheel(event, notches)) {
+        p_.volumeBar.turn(notches);
+    }
 }
 
 bool MainInput::keyDown(const ui::KeyEvent& event) {
     bool used = true;
     config::guard(p_.errors, config::player("Keydown"),
                   [&] { used = p_.shortcuts.ShortCut(event.code, shiftState(event.modifiers)); });
+    if (!used && event.code == kEscape) {
+        p_.window.takeFocus();
+        used = true;
+    }
     return used;
 }
 

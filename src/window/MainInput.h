@@ -37,10 +37,10 @@ public:
     void mouseMove(const ui::PointerEvent& event) override;
     void mouseUp(const ui::PointerEvent& event) override;
 
-    /// On a digit: played or left.
+    /// On a digit: played or left. On a slider: to the middle.
     void doubleClick(const ui::PointerEvent& event) override;
 
-    /// Anywhere: the volume.
+    /// On a slider, that; anywhere else the volume.
     void wheel(const ui::PointerEvent& event, double notches) override;
 
     bool keyDown(const ui::KeyEvent& event) override;

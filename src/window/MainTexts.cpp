@@ -68,10 +68,37 @@ constexpr std::array kElements{
     Named{"minmodeUP", N::minmodeUP},
     Named{"srchIMG", N::srchIMG},
     Named{"cmbCDDrives", N::cmbCDDrives},
+    Named{"lblinfo", N::lblinfo},
+    Named{"shwchange", N::shwchange},
+    Named{"Shuffle", N::Shuffle},
+    Named{"loopImg", N::loopImg},
+    Named{"CFD", N::CFD},
+    Named{"Sld", N::Sld},
+    Named{"List1", N::List1},
+    Named{"stdSS", N::stdSS},
+    Named{"lstTracks", N::lstTracks},
+    Named{"RadioLst", N::RadioLst},
+    Named{"Text4", N::Text4},
+    Named{"cancelrip", N::cancelrip},
+    Named{"songname", N::songname},
+    Named{"mono_img", N::mono_img},
+    Named{"musicinfo_img", N::musicinfo_img},
+    Named{"lblRDinfo", N::lblRDinfo},
+    Named{"eq_sld", N::eq_sld},
 };
 
 void put(ui::Element& element, TextKind kind, std::string_view text) {
-    (kind == TextKind::Tooltip ? element.tooltip : element.caption) = text;
+    switch (kind) {
+    case TextKind::Tooltip:
+        element.tooltip = text;
+        break;
+    case TextKind::Name:
+        element.name = text;
+        break;
+    default:
+        element.caption = text;
+        break;
+    }
 }
 
 } // namespace

@@ -3,9 +3,12 @@
 #include "app/AppRig.h"
 #include "app/MainWindow.h"
 
+#include <QApplication>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QTest>
 #include <QWindow>
+#include <set>
 
 namespace tovik::test {
 namespace {
@@ -129,6 +132,56 @@ TEST_F(MainControlsTest, theSearchFieldHoldsItsPromptAndWhatIsTyped) {
     EXPECT_EQ(search.text(), QStringLiteral("ab2"));
     EXPECT_EQ(real_->elements().get(MainElement::musicSearchTxt).caption, "ab2");
     EXPECT_EQ(real_->state().CurrentPanel, 3) << "what is typed is no shortcut";
+}
+
+TEST_F(MainControlsTest, tabReachesEveryControlOfEachPanelAndComesRound) {
+    QApplication::setActiveWindow(&shown_->widget());
+    for (const char* mask : {"10000", "01000", "00100", "00010", "00001"}) {
+        switchTo(mask);
+        tick();
+        std::set<std::string> widgets;
+        for (int step = 0; step < 40; ++step) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            widgets.insert(QApplication::focusWidget()->objectName().toStdString());
+        }
+        widgets.erase("");
+        const std::vector<std::string> visible = visibleControls();
+        EXPECT_EQ(widgets, std::set<std::string>(visible.begin(), visible.end())) << mask;
+    }
+}
+
+TEST_F(MainControlsTest, tabLeavesTheSearchFieldForTheNextControlAndEscapeForTheHolder) {
+    QApplication::setActiveWindow(&shown_->widget());
+    auto& search = control<QLineEdit>("musicSearchTxt");
+    auto& holder = control<QWidget>("Text4");
+    switchTo("00100");
+    search.setFocus();
+    QTest::keyClick(&search, Qt::Key_Tab);
+    settle();
+    EXPECT_EQ(QApplication::focusWidget(), &shown_->widget());
+    QTest::keyClick(&shown_->widget(), Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::focusWidget(), &search);
+    QTest::keyClick(&search, Qt::Key_Escape);
+    EXPECT_EQ(QApplication::focusWidget(), &holder);
+    search.setFocus();
+    QTest::mouseClick(control<ui::ListWidget>("stdSS").viewport(), Qt::LeftButton, {}, {9, 9});
+    settle();
+    EXPECT_EQ(QApplication::focusWidget(), &holder);
+}
+
+TEST_F(MainControlsTest, theKeyboardMapWorksWhateverHasTheFocusButAField) {
+    QApplication::setActiveWindow(&shown_->widget());
+    switchTo("00100");
+    control<ui::ListWidget>("stdSS").setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_2);
+    EXPECT_EQ(real_->state().CurrentPanel, 2);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_4);
+    EXPECT_EQ(real_->state().CurrentPanel, 4);
+    settle();
+    control<QComboBox>("cmbCDDrives").setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_3);
+    EXPECT_EQ(real_->state().CurrentPanel, 4);
 }
 
 TEST_F(MainControlsTest, stayingOnTopDoesNotTakeTheWindowOffTheScreen) {

@@ -20,6 +20,9 @@ using testing::IsEmpty;
 using W = TextWindow;
 using K = TextKind;
 
+/// What 54 items say of elements, and 17 names for screen readers.
+constexpr std::size_t kMainWindowTexts = 63 + 17;
+
 /// Each item's text is its own number.
 std::string numbered(std::string_view section, int items) {
     std::string bytes = "[" + std::string(section) + "]\r\n";
@@ -69,6 +72,8 @@ TEST_F(MultiLNGTest, theShippedFolderServesWhereTheUsersCannotBeRead) {
 TEST_F(MultiLNGTest, aNoticeIsAskedForByNumber) {
     write("[TovikNotice]\r\nitem0=not kept\r\n");
     EXPECT_EQ(language_.get_Notice_String(0), "not kept");
+    write("");
+    EXPECT_EQ(language_.get_Notice_String(0), "Changes are not kept") << "never blank";
 }
 
 TEST_F(MultiLNGTest, theMainMenuNamesEntriesAndTabs) {
@@ -95,7 +100,8 @@ TEST_F(MultiLNGTest, theMainMenuNamesEntriesAndTabs) {
     }
     EXPECT_EQ(window(W::frmPlayer).at("EQ_off", 0, K::Tooltip), "text 6");
     EXPECT_EQ(window(W::frmPlayer).at("stopNote"), "text 27");
-    EXPECT_EQ(window(W::frmPlayer).texts.size(), kTabs.size() + 2);
+    EXPECT_EQ(window(W::frmPlayer).at("stdSS", 0, K::Name), "text 7");
+    EXPECT_EQ(window(W::frmPlayer).texts.size(), kTabs.size() + 3);
 }
 
 TEST_F(MultiLNGTest, theOtherMenus) {
@@ -147,12 +153,15 @@ TEST_F(MultiLNGTest, theMainWindow) {
     EXPECT_EQ(player.at("Label4", 0), "text 42");
     EXPECT_EQ(player.at("Label4", 8), "text 50");
     EXPECT_EQ(player.at("slDRV"), "text 51");
+    EXPECT_EQ(player.at("lblinfo", 4, K::Name), "text 4");
+    EXPECT_EQ(player.at("posbar", 0, K::Name), "text 6");
+    EXPECT_EQ(player.at("shwchange", 1, K::Name), "text 9");
     EXPECT_EQ(player.at("musicSearchTxt", 0, K::Text), "text 52");
     EXPECT_EQ(player.at("posbar", 0, K::Tooltip), "text 6");
     EXPECT_EQ(player.at("volbarIMG", 0, K::Tooltip), "text 8");
     EXPECT_EQ(player.at("balbar", kEveryElement, K::Tooltip), "text 9");
     EXPECT_EQ(player.at("PublicText", 0, K::Kept), "text 53");
-    EXPECT_EQ(player.texts.size(), 63U);
+    EXPECT_EQ(player.texts.size(), kMainWindowTexts);
 }
 
 TEST_F(MultiLNGTest, thePreferencesAskForOneItemMoreThanTheyShow) {
@@ -233,7 +242,7 @@ TEST_F(MultiLNGTest, whatAPartialFileLeavesOutGoesBlank) {
     language_.Load_Main_Win_LNG();
     EXPECT_EQ(window(W::frmPlayer).at("lbltag", 0), "Artist");
     EXPECT_EQ(window(W::frmPlayer).at("lbltag", 1), "");
-    EXPECT_EQ(window(W::frmPlayer).texts.size(), 63U) << "blank texts are set, too";
+    EXPECT_EQ(window(W::frmPlayer).texts.size(), kMainWindowTexts) << "blank texts are set, too";
     language_.Load_Menu_Main_LNG();
     EXPECT_EQ(window(W::frmTSR).at("mnuExit"), "");
 }
@@ -241,11 +250,24 @@ TEST_F(MultiLNGTest, whatAPartialFileLeavesOutGoesBlank) {
 TEST_F(MultiLNGTest, aMissingFileBlanksTheWindow) {
     language_.Language_File("None");
     language_.Load_Main_Win_LNG();
-    EXPECT_EQ(window(W::frmPlayer).texts.size(), 63U);
+    EXPECT_EQ(window(W::frmPlayer).texts.size(), kMainWindowTexts);
     for (const auto& [place, text] : window(W::frmPlayer).texts) {
         EXPECT_EQ(text, "") << std::get<0>(place);
     }
     EXPECT_EQ(language_.get_Error_String(1), "");
+}
+
+TEST_F(MultiLNGTest, ownSectionsAreReadAndNeverBlank) {
+    write("[TovikNames]\r\nitem1=Izena\u010Devalnik\r\nitem3=  \r\n");
+    language_.loadNames();
+    const RecordingTargets& player = window(W::frmPlayer);
+    EXPECT_EQ(player.at("EQ_on", 0, K::Name), "Izena\u010Devalnik");
+    EXPECT_EQ(player.at("minmodeUP", 0, K::Name), "Mini mode") << "blank in the file";
+    EXPECT_EQ(player.at("songname", 0, K::Name), "Track") << "not in the file";
+    EXPECT_EQ(player.at("eq_sld", 10, K::Name), "Master");
+    language_.Language_File("None");
+    language_.loadAttached();
+    EXPECT_EQ(player.at("EQ_on", 0, K::Name), "Equalizer");
 }
 
 TEST_F(MultiLNGTest, promptsAndErrorsByTheirNumber) {

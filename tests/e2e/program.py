@@ -155,6 +155,18 @@ class ProgramTest(unittest.TestCase):
     def box(self, title):
         return self.first(lambda: self.boxes(title), f"the box {title!r}")
 
+    def plain_boxes(self):
+        """Boxes whose title is the program's name; the window's caption may be the same."""
+        players = self.player_windows()
+        return [box for box in self.boxes("Tovik$") if box not in players]
+
+    def plain_box(self):
+        return self.first(self.plain_boxes, "a box")
+
+    def answer(self, box):
+        self.tool("xdotool", "key", "--window", box, "Return")
+        self.wait_until(lambda: not self.plain_boxes(), "the end of the box")
+
     def window_of(self, player):
         """The same, for a program that may also have ended: then its words are the failure."""
         try:

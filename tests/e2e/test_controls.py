@@ -69,7 +69,7 @@ class Controls(ProgramTest):
         self.mouse(40, 60, "click", "--repeat", "2", "--delay", "60", "1")
         self.end()
         self.assertEqual((self.saved(b"CVL"), self.saved(b"BLV"), self.saved(b"TMD")),
-                         (b"55", b"75", b"1"))
+                         (b"57", b"75", b"1"))
 
     def test_the_position_bar_is_dragged(self):
         self.start("--device", "silent")

@@ -153,18 +153,6 @@ class Session(ProgramTest):
         self.assertGreaterEqual(int(values["Y"]), 0)
         self.end(player)
 
-    def plain_boxes(self):
-        """Boxes whose title is the program's name; the window's caption may be the same."""
-        players = self.player_windows()
-        return [box for box in self.boxes("Tovik$") if box not in players]
-
-    def plain_box(self):
-        return self.first(self.plain_boxes, "a box")
-
-    def answer(self, box):
-        self.tool("xdotool", "key", "--window", box, "Return")
-        self.wait_until(lambda: not self.plain_boxes(), "the end of the box")
-
     def plays(self, player, path):
         folder = f"/proc/{player.pid}/fd"
         opened = set()

@@ -108,10 +108,25 @@ TEST_F(DataFolderTest, anEmptyFolderIsFilledAndAnyOtherLeftAlone) {
 TEST_F(DataFolderTest, aSecondStartChangesNothing) {
     EXPECT_FALSE(fill("data"));
     fs::remove(folder_ / "data/firstrun.ini");
-    fs::remove(folder_ / "data/db/settings.xml");
+    folder_.write("data/db/settings.xml", "<Settings>mine</Settings>");
     EXPECT_FALSE(fill("data"));
     EXPECT_FALSE(fs::exists(folder_ / "data/firstrun.ini"));
-    EXPECT_FALSE(fs::exists(folder_ / "data/db/settings.xml"));
+    EXPECT_EQ(folder_.read("data/db/settings.xml"), "<Settings>mine</Settings>");
+}
+
+TEST_F(DataFolderTest, settingsThatWereRemovedAreThoseOfTheFirstStart) {
+    EXPECT_FALSE(fill("data"));
+    fs::remove(folder_ / "data/firstrun.ini");
+    fs::remove(folder_ / "data/db/settings.xml");
+    folder_.write("data/db/autosave.m3u", "mine");
+    EXPECT_FALSE(fill("data", "sl_SI.UTF-8"));
+    EXPECT_EQ(folder_.read("data/db/settings.xml"), "<Settings/>");
+    EXPECT_EQ(folder_.read("data/firstrun.ini"), "[Firstrun]\r\nLNG=Slovenian\r\n");
+    EXPECT_EQ(folder_.read("data/db/autosave.m3u"), "mine");
+    // Somebody else's folder of that name makes no data folder.
+    folder_.write("other/db/table", "mine");
+    EXPECT_FALSE(fill("other"));
+    EXPECT_FALSE(fs::exists(folder_ / "other/db/settings.xml"));
 }
 
 TEST_F(DataFolderTest, aBrokenOffFillIsTakenUpAgain) {

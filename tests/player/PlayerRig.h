@@ -81,8 +81,11 @@ public:
 class NumberedWindow final : public player::PlayerWindow {
 public:
     int drags = 0;
+    int focusTaken = 0;
 
     void beginDrag() override { ++drags; }
+
+    void takeFocus() override { ++focusTaken; }
 
     static constexpr std::uintptr_t kNumber = 77;
 

@@ -95,7 +95,7 @@ TEST(DibSectionRegion, anEmptyBitmapGivesNoneAndDropsTheEarlierOne) {
 }
 
 TEST(DibSectionRegion, savesWhatItLoadsAgain) {
-    const test::TemporaryFolder folder;
+    const tovik::test::TemporaryFolder folder;
     const std::string file = folder.write("shape.rgn", "something much longer than the record");
     cDIBSectionRegion saved;
     ASSERT_TRUE(saved.Create(drawn({"##.", ".#.", "..#"})));
@@ -107,7 +107,7 @@ TEST(DibSectionRegion, savesWhatItLoadsAgain) {
 }
 
 TEST(DibSectionRegion, withoutARegionNothingIsSaved) {
-    const test::TemporaryFolder folder;
+    const tovik::test::TemporaryFolder folder;
     const std::string file = folder.write("shape.rgn", "kept");
     cDIBSectionRegion().Save(file);
     EXPECT_EQ(folder.read("shape.rgn"), "kept");
@@ -117,7 +117,7 @@ TEST(DibSectionRegion, withoutARegionNothingIsSaved) {
 }
 
 TEST(DibSectionRegion, aFileThatCannotBeReadOrHoldsNoneIsFalse) {
-    const test::TemporaryFolder folder;
+    const tovik::test::TemporaryFolder folder;
     cDIBSectionRegion region;
     ASSERT_TRUE(region.Create(drawn({"."})));
     EXPECT_FALSE(region.LoadFromFile(folder / "missing"));

@@ -98,7 +98,7 @@ TEST(DibSection, paintsOpaqueOnAPicture) {
 }
 
 TEST(DibSection, randomPixels) {
-    test::ScriptedRandom random;
+    tovik::test::ScriptedRandom random;
     random.script = {0, 0.5, 0.999, 0.25, 0.75, 0.125};
     cDIBSection dib;
     ASSERT_TRUE(dib.Create(2, 1));

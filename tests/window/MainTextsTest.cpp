@@ -66,6 +66,7 @@ TEST_F(MainTextsTest, everyTextForTheMainWindowArrives) {
                     const ui::Element& element = elements_.at(slot);
                     count += element.caption == "marked" ? 1U : 0U;
                     count += element.tooltip == "marked" ? 1U : 0U;
+                    count += element.name == "marked" ? 1U : 0U;
                 }
                 return count;
             };

@@ -80,6 +80,11 @@ void DialogTexts::setText(std::string_view element, int index, TextKind kind,
     case TextKind::Tooltip:
         as<QWidget>(find(element, index), [&](auto& widget) { widget.setToolTip(shown); });
         return;
+    case TextKind::Name:
+        if (QWidget* const widget = find(element, index); widget != nullptr) {
+            widget->setAccessibleName(shown);
+        }
+        return;
     case TextKind::Caption:
     case TextKind::Text:
         break;

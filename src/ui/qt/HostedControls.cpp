@@ -48,6 +48,10 @@ void HostedControls::place(std::size_t slot, const SkinScale& scale) {
     }
     widget.setPalette(palette);
     showCaption(widget, element.caption);
+    // Each call tells screen readers of another name.
+    if (const QString name = displayString(element.name); widget.accessibleName() != name) {
+        widget.setAccessibleName(name);
+    }
     widget.setVisible(element.visible);
     cutOut(slot, widget, scale);
 }
@@ -82,6 +86,11 @@ void HostedControls::placeAll(const SkinScale& scale) {
     for (const auto& control : controls_) {
         place(control.first, scale);
     }
+}
+
+QWidget* HostedControls::widgetOf(ElementAddress element) const {
+    const auto found = controls_.find(elements_.slotOf(element));
+    return found == controls_.end() ? nullptr : found->second.data();
 }
 
 std::optional<std::size_t> HostedControls::slotOf(const QObject* widget) const {

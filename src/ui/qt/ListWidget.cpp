@@ -252,6 +252,17 @@ std::optional<std::size_t> ListWidget::rowAt(int y) const {
     return row < model_.rows() ? std::optional(row) : std::nullopt;
 }
 
+QRect ListWidget::cellPlace(std::size_t row, int column) const {
+    QRect place = placeOf(row);
+    const int time = timeWidth();
+    if (column == 0) {
+        place.setWidth(place.width() - time);
+    } else {
+        place.setLeft(place.right() + 1 - time);
+    }
+    return place;
+}
+
 QRect ListWidget::placeOf(std::size_t row) const {
     const int height = rowHeight();
     return {0, (static_cast<int>(row) - static_cast<int>(firstRow())) * height, viewport()->width(),

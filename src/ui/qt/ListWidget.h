@@ -51,6 +51,21 @@ public:
     /// The height of one row in pixels.
     [[nodiscard]] int rowHeight() const;
 
+    // For screen readers --------------------------------------------------------------------------
+
+    [[nodiscard]] const ListModel& model() const noexcept { return model_; }
+
+    /// Titles, and times if it shows them.
+    [[nodiscard]] int columns() const noexcept { return times_ ? 2 : 1; }
+
+    /// Where a cell is in the viewport, in sight or not.
+    [[nodiscard]] QRect cellPlace(std::size_t row, int column) const;
+
+    /// As the user does it: a press on a row, and a double click.
+    void chooseRow(std::size_t row) { choose(row, {}); }
+
+    void startRow(std::size_t row);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -62,6 +77,7 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
     void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What mouse and keys do to a list.
 #include "ui/qt/KeyCodes.h"
+#include "ui/qt/ListAccess.h"
 #include "ui/qt/ListWidget.h"
 
 #include <algorithm>
@@ -30,8 +31,17 @@ void ListWidget::mouseDoubleClickEvent(QMouseEvent* event) {
     const auto row = rowAt(event->position().toPoint().y());
     const auto modifiers = modifiersOf(event->modifiers());
     if (row && event->button() == Qt::LeftButton && !modifiers.shift && !modifiers.control) {
-        call([&] { input_.activateRow(*row); });
+        startRow(*row);
     }
+}
+
+void ListWidget::startRow(std::size_t row) {
+    call([&] { input_.activateRow(row); });
+}
+
+void ListWidget::focusInEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusInEvent(event);
+    announceRow(*this);
 }
 
 void ListWidget::keyPressEvent(QKeyEvent* event) {
@@ -90,6 +100,7 @@ void ListWidget::wheelEvent(QWheelEvent* event) {
 void ListWidget::choose(std::size_t row, Modifiers modifiers) {
     scrollToRow(row);
     call([&] { input_.selectRow(row, modifiers); });
+    announceRow(*this);
 }
 
 void ListWidget::call(const std::function<void()>& operation) {

@@ -3,6 +3,7 @@
 
 #include "ui/qt/DisplayText.h"
 #include "ui/qt/KeyCodes.h"
+#include "ui/qt/WindowAccess.h"
 
 #include <algorithm>
 #include <cmath>
@@ -37,6 +38,7 @@ SkinWindow::SkinWindow(ElementStore& elements, const PictureStore& pictures, Win
     setAttribute(Qt::WA_TranslucentBackground);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
+    WindowAccess::install();
     fitToGround();
     elements_.forgetChanges();
     elements_.onTouched([this] { QCoreApplication::postEvent(this, new QEvent(changesEvent())); });
@@ -53,7 +55,14 @@ void SkinWindow::hostControl(ElementAddress address, QWidget* widget) {
 
 void SkinWindow::setCaption(std::string_view bytes) {
     // Qt takes "[*]" for the place of its mark of changed documents, unless it stands twice.
-    setWindowTitle(displayString(bytes).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+    QString title = displayString(bytes);
+    if (windowHandle() != nullptr && titled_ == windowHandle()) {
+        // Past the widget, which would tell screen readers each time that its name is another.
+        windowHandle()->setTitle(title);
+        return;
+    }
+    setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+    titled_ = windowHandle();
 }
 
 void SkinWindow::setScale(double factor) {
@@ -84,6 +93,8 @@ void SkinWindow::applyChanges() {
     if (inFront) {
         front_->refresh(scale_);
     }
+    showRing();
+    announce(false);
 }
 
 bool SkinWindow::event(QEvent* event) {
@@ -105,6 +116,7 @@ bool SkinWindow::eventFilter(QObject* watched, QEvent* event) {
             route([&] { router_.hover(slot); });
         }
     }
+    followFocus(watched, event->type());
     return QWidget::eventFilter(watched, event);
 }
 
@@ -183,6 +195,9 @@ void SkinWindow::press(QMouseEvent& event, bool twice) {
         dragging_ = false;
     }
     pressedAt_ = event.position().toPoint();
+    if (const auto slot = elements_.topmostAt(pointer.x, pointer.y); slot && focus_) {
+        focus_->pressed(*slot);
+    }
     route([&] { router_.pressed(pointer, mouseButtonOf(event.button()), twice); });
 }
 
@@ -215,19 +230,9 @@ void SkinWindow::wheelEvent(QWheelEvent* event) {
     event->accept();
 }
 
-void SkinWindow::keyPressEvent(QKeyEvent* event) {
-    bool used = false;
-    dispatcher_.run([&] { used = input_.keyDown(keyEventOf(*event)); });
-    event->setAccepted(used);
-}
-
 void SkinWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     dispatcher_.run([&] { input_.closeRequested(); });
-}
-
-bool SkinWindow::focusNextPrevChild(bool /*next*/) {
-    return false;
 }
 
 void SkinWindow::fitToGround() {

@@ -8,16 +8,19 @@
 #include "ui/ElementStore.h"
 #include "ui/PictureStore.h"
 #include "ui/PointerRouter.h"
+#include "ui/qt/ElementFocus.h"
 #include "ui/qt/FrontLayer.h"
 #include "ui/qt/HostedControls.h"
 #include "ui/qt/SkinScale.h"
 #include "ui/qt/WindowImage.h"
 #include "ui/WindowInput.h"
 
+#include <memory>
 #include <optional>
 #include <QMouseEvent>
 #include <QWidget>
 #include <string_view>
+#include <vector>
 
 namespace tovik::ui {
 
@@ -46,6 +49,17 @@ public:
     /// The text of the title bar and the task bar, as bytes.
     void setCaption(std::string_view bytes);
 
+    /// Makes elements known to the keyboard; the one that has it is ringed in that colour. Without
+    /// this call none ever has it. Once, when all controls are hosted; the input outlives the
+    /// window.
+    void setAccess(std::vector<AccessPlace> places, AccessInput& input, Colour ring);
+
+    /// Null before `setAccess`.
+    [[nodiscard]] ElementFocus* elementFocus() const { return focus_.get(); }
+
+    /// Where a box in skin pixels is on the screen.
+    [[nodiscard]] QRect onScreen(const Box& box) const;
+
     /// Widget pixels for one skin pixel. What the screen's density adds comes on top.
     void setScale(double factor);
 
@@ -72,12 +86,17 @@ protected:
     void leaveEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
 private:
     void fitToGround();
     void redraw(const Box& box);
+    void showRing();
+    /// Tells screen readers, if there are any, what changed.
+    void announce(bool focusMoved);
+    void followFocus(const QObject* control, QEvent::Type change);
     void press(QMouseEvent& event, bool twice);
     void applyRegion();
     [[nodiscard]] bool outside(const PointerState& pointer) const;
@@ -95,10 +114,14 @@ private:
     WindowImage image_;
     std::optional<Region> region_;
     bool dragging_ = false;           ///< a drag was begun since the press
+    const QWindow* titled_ = nullptr; ///< which got its title through the widget
     QPoint pressedAt_;                ///< where the pointer last went down, seen from the window
     std::optional<QPoint> draggedBy_; ///< likewise, while the window moves itself
     HostedControls controls_;
-    FrontLayer* front_; ///< a child, which the object tree owns
+    FrontLayer* front_;                   ///< a child, which the object tree owns
+    std::unique_ptr<ElementFocus> focus_; ///< none until `setAccess`
+    std::optional<Box> ring_;             ///< as it was last drawn
+    Colour ringColour_;
 };
 
 } // namespace tovik::ui

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/qt/WindowImage.h"
 
+#include "ui/qt/DisplayText.h"
 #include "ui/qt/PictureShade.h"
 #include "ui/qt/PlainFace.h"
 #include "ui/qt/SkinScale.h"
@@ -8,6 +9,15 @@
 #include <algorithm>
 
 namespace tovik::ui {
+
+namespace {
+
+constexpr double kRingWidth = 2; ///< outside the box, in skin pixels; within `kPlainOverflow`
+const QColor kRingEdge(20, 22, 44, 200);
+
+static_assert(kRingWidth <= kPlainOverflow);
+
+} // namespace
 
 Box paintedBox(const Box& box) noexcept {
     return {box.left - kPlainOverflow, box.top - kPlainOverflow, box.width + 2 * kPlainOverflow,
@@ -60,6 +70,7 @@ const QImage& WindowImage::compose(std::optional<std::size_t> hovered) {
             drawElement(painter, slot, hovered == slot);
         }
     }
+    drawRing(painter);
     stale_ = {};
     return image_;
 }
@@ -75,6 +86,26 @@ QImage WindowImage::alone(const std::vector<std::size_t>& which, const QRect& bo
         drawElement(painter, slot, false);
     }
     return image;
+}
+
+void WindowImage::drawRing(QPainter& painter) const {
+    if (!ring_) {
+        return;
+    }
+    // Two lines: the dark one outside keeps the other in sight on light ground.
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    const auto line = [&](double outside, const QColor& colour) {
+        QRectF frame(ring_->left, ring_->top, ring_->width, ring_->height);
+        frame.adjust(-outside, -outside, outside, outside);
+        for (const QRectF& side : {QRectF(frame.left(), frame.top(), frame.width(), 1),
+                                   QRectF(frame.left(), frame.bottom() - 1, frame.width(), 1),
+                                   QRectF(frame.left(), frame.top(), 1, frame.height()),
+                                   QRectF(frame.right() - 1, frame.top(), 1, frame.height())}) {
+            painter.fillRect(side, colour);
+        }
+    };
+    line(kRingWidth, kRingEdge);
+    line(kRingWidth - 1, qtColour(ringColour_));
 }
 
 void WindowImage::drawElement(QPainter& painter, std::size_t slot, bool hovered) const {

@@ -28,6 +28,13 @@ public:
     /// What is in the box, in skin pixels, looks different.
     void invalidate(const Box& box);
 
+    /// Draws a thin ring round that box, in front of everything; without a box none. Where it was
+    /// and where it is must be invalidated.
+    void setRing(const std::optional<Box>& box, Colour colour) {
+        ring_ = box;
+        ringColour_ = colour;
+    }
+
     void invalidateAll() { everything_ = true; }
 
     /// The image as the records are now. Only what looks different is drawn. `hovered` is the slot
@@ -40,6 +47,7 @@ public:
 
 private:
     void fitToGround();
+    void drawRing(QPainter& painter) const;
     void drawElement(QPainter& painter, std::size_t slot, bool hovered) const;
     void drawSliderBar(QPainter& painter, const Element& element) const;
     void drawPicture(QPainter& painter, const PixelImage& image, const Box& box,
@@ -49,6 +57,8 @@ private:
     const PictureStore& pictures_;
     int factor_ = 1;
     bool everything_ = true;
+    std::optional<Box> ring_;
+    Colour ringColour_;
     QRegion stale_; ///< in skin pixels
     QImage image_;
 };

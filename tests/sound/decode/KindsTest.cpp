@@ -6,6 +6,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
+#include <iterator>
+#include <span>
+#include <string_view>
 
 namespace tovik::sound::test {
 namespace {
@@ -46,6 +50,49 @@ TEST(Kinds, AdpcmOfBothKindsLiesOnItsSource) {
         EXPECT_LT(decoded.size(), source.size() + 2 * 1020) << name << ": a block at most";
         EXPECT_LT(missing(decoded, source), 0.06) << name;
     }
+}
+
+TEST(Kinds, AWavWhoseSizesWereNeverWrittenPlaysToItsEnd) {
+    auto bytes = fileBytes(mediaPath("wav_s16_44100_stereo.wav"));
+    const auto data = std::ranges::search(bytes, std::as_bytes(std::span("data", 4)));
+    ASSERT_EQ(data.size(), 4U);
+    std::fill_n(data.end(), 4, std::byte{0});
+    std::fill_n(bytes.begin() + 4, 4, std::byte{0});
+    const OpenResult opened = openDecoder(FormatFamily::stream, bytes);
+    ASSERT_TRUE(opened.decoder);
+    EXPECT_EQ(readAll(*opened.decoder), readAll(*openMedia("wav_s16_44100_stereo.wav")));
+}
+
+TEST(Kinds, AdpcmPredictsBeyondThirtyTwoBits) {
+    std::vector<std::byte> bytes;
+    const auto text = [&bytes](std::string_view name) {
+        std::ranges::copy(std::as_bytes(std::span(name)), std::back_inserter(bytes));
+    };
+    const auto numbers = [&bytes](std::size_t size, std::initializer_list<unsigned> values) {
+        for (const unsigned value : values) {
+            for (std::size_t n = 0; n < size; ++n) {
+                bytes.push_back(static_cast<std::byte>(value >> 8U * n));
+            }
+        }
+    };
+    text("RIFF");
+    numbers(4, {0});
+    text("WAVEfmt ");
+    numbers(4, {26});
+    numbers(2, {2, 1}); // Microsoft's kind, one channel
+    numbers(4, {8000, 4000});
+    numbers(2, {8, 4, 8, 4, 1, 0x8000, 0x8000}); // blocks of 8 bytes; one pair, the lowest
+    text("data");
+    numbers(4, {8});
+    numbers(1, {0});
+    numbers(2, {16, 0x8000, 0x8000}); // step, and two samples, the lowest, too
+    numbers(1, {0});
+    const OpenResult opened = openDecoder(FormatFamily::stream, bytes);
+    ASSERT_TRUE(opened.decoder);
+    const std::vector<float> decoded = readAll(*opened.decoder);
+    ASSERT_EQ(decoded.size(), 4U);
+    EXPECT_EQ(decoded[1], -1.0F);
+    EXPECT_EQ(decoded[2], 32767.0F / 32768.0F);
 }
 
 TEST(Kinds, MpegInAWavSoundsLikeItsSource) {
@@ -111,6 +158,42 @@ TEST(Kinds, TheLinksOfAChainedOggFollowEachOther) {
     ASSERT_EQ(chain->seek(place), place);
     const std::vector<float> part = readFrames(*chain, 1000);
     EXPECT_TRUE(std::equal(part.begin(), part.end(), links.begin() + 2 * place));
+}
+
+TEST(Kinds, AChainMayChangeItsRate) {
+    auto bytes = fileBytes(mediaPath("ogg_48000.ogg"));
+    const auto second = fileBytes(mediaPath("link_1.ogg"));
+    bytes.insert(bytes.end(), second.begin(), second.end());
+    const std::unique_ptr<Decoder> first = openMedia("ogg_48000.ogg");
+    ASSERT_EQ(first->sampleRate(), 48'000);
+    const std::int64_t joint = (first->lengthFrames() * 147 + 80) / 160;
+    const std::vector<float> behind = readAll(*openMedia("link_1.ogg"));
+    const OpenResult opened = openDecoder(FormatFamily::stream, bytes);
+    ASSERT_TRUE(opened.decoder);
+    EXPECT_EQ(opened.decoder->sampleRate(), 44'100);
+    EXPECT_EQ(opened.decoder->channels(), 2);
+    const std::int64_t length = joint + std::ssize(behind) / 2;
+    EXPECT_EQ(opened.decoder->lengthFrames(), length);
+    const std::vector<float> whole = readAll(*opened.decoder);
+    ASSERT_EQ(std::ssize(whole), 2 * length);
+    EXPECT_TRUE(std::equal(behind.begin(), behind.end(), whole.begin() + 2 * joint));
+    // From a place in the first link on into the second one.
+    for (const std::int64_t place : {joint - 2000, joint, length - 500, length}) {
+        ASSERT_EQ(opened.decoder->seek(place), place);
+        const std::vector<float> rest = readAll(*opened.decoder);
+        EXPECT_NEAR(static_cast<double>(std::ssize(rest)) / 2, static_cast<double>(length - place),
+                    1.0);
+        const std::size_t same = std::min(rest.size(), behind.size());
+        EXPECT_TRUE(std::equal(rest.end() - static_cast<std::ptrdiff_t>(same), rest.end(),
+                               behind.end() - static_cast<std::ptrdiff_t>(same)))
+            << place;
+    }
+    constexpr std::int64_t kPlace = 147 * 100; // a frame of both rates
+    ASSERT_EQ(opened.decoder->seek(kPlace), kPlace);
+    const std::vector<float> part = readFrames(*opened.decoder, 10'000);
+    const std::vector<float> there(whole.begin() + 2 * kPlace,
+                                   whole.begin() + 2 * (kPlace + 10'000));
+    EXPECT_LT(missing(part, there), 0.05);
 }
 
 TEST(Kinds, AChainThatBreaksOffInAHeadPlaysWhatIsWhole) {

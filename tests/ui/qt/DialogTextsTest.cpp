@@ -95,7 +95,7 @@ TEST_F(DialogTextsTest, whatIsNotThereIsPassedOver) {
     auto* const label = add<QLabel>("Label1");
     label->setText("mine");
     for (const TextKind kind : {TextKind::Caption, TextKind::Tooltip, TextKind::Text, TextKind::Tab,
-                                TextKind::ListEntry}) {
+                                TextKind::ListEntry, TextKind::Name}) {
         texts_.setText("None", 0, kind, "x");
         texts_.setText("Label1", 1, kind, "x");
     }

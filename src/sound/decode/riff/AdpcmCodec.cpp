@@ -112,8 +112,10 @@ public:
         : coefficients_(coefficients), delta_(delta), last_(last), beforeLast_(beforeLast) {}
 
     int next(unsigned nibble) noexcept {
-        const int predicted =
-            (last_ * coefficients_.first + beforeLast_ * coefficients_.second) / 256;
+        // Two products may just exceed 32 bits.
+        const std::int64_t sum = std::int64_t{last_} * coefficients_.first +
+                                 std::int64_t{beforeLast_} * coefficients_.second;
+        const auto predicted = static_cast<int>(sum / 256);
         const int error = static_cast<int>(nibble) - (nibble >= 8 ? 16 : 0);
         const int sample = to16Bits(predicted + error * delta_);
         const std::int64_t delta = std::int64_t{kAdaption[nibble]} * delta_ / 256;

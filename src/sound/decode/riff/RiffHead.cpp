@@ -4,6 +4,7 @@
 #include "sound/decode/riff/Fields.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace tovik::sound::riff {
 namespace {
@@ -55,7 +56,9 @@ std::optional<RiffHead> readRiffHead(const ByteStore& store) {
         const std::int64_t body = at + static_cast<std::int64_t>(kChunkHeadBytes);
         if (fields.isName(0, "data")) {
             head.dataAt = body;
-            head.dataBytes = std::clamp<std::int64_t>(store.size() - body, 0, size);
+            // Who was cut off while recording never came back to write the size.
+            const std::int64_t told = size == 0 ? INT64_MAX : size;
+            head.dataBytes = std::clamp<std::int64_t>(store.size() - body, 0, told);
             return head.channels > 0 ? std::optional(head) : std::nullopt;
         }
         const auto held = std::span(chunk).subspan(kChunkHeadBytes);

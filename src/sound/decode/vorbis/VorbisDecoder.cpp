@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sound/decode/vorbis/VorbisDecoder.h"
 
+#include "sound/decode/LinkedDecoder.h"
 #include "sound/decode/OggHead.h"
 #include "sound/decode/Resampler.h"
 
 #include <algorithm>
 #include <array>
+#include <span>
+#include <utility>
+#include <vector>
 
 namespace tovik::sound::vorbis {
 namespace {
@@ -36,15 +40,38 @@ Downmix downmixOf(std::size_t channels) {
     return Downmix(usualSpeakers(channels));
 }
 
-// Links of several rates have no place on one time line here.
 bool canBePlayed(VorbisFile& file) {
     const long rate = file.info(0).rate;
     for (int link = 0; link < file.links(); ++link) {
-        if (file.info(link).rate != rate || file.info(link).channels < 1) {
+        if (file.info(link).channels < 1) {
             return false;
         }
     }
     return rate >= Resampler::kLowestRate && rate <= Resampler::kHighestRate;
+}
+
+bool hasSeveralRates(VorbisFile& file) {
+    for (int link = 1; link < file.links(); ++link) {
+        if (file.info(link).rate != file.info(0).rate) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// Links of several rates have no place on one time line: each is opened for itself.
+OpenResult openLinks(const std::shared_ptr<const ByteStore>& store, VorbisFile& file) {
+    std::vector<std::unique_ptr<Decoder>> links;
+    const std::span begins(file.get()->offsets, static_cast<std::size_t>(file.links()));
+    for (std::size_t link = 0; link < begins.size(); ++link) {
+        const std::int64_t end = link + 1 < begins.size() ? begins[link + 1] : store->size();
+        OpenResult opened = openVorbis(partOf(store, begins[link], end - begins[link]));
+        if (opened.decoder) {
+            links.push_back(std::move(opened.decoder));
+        }
+    }
+    std::unique_ptr<Decoder> decoder = LinkedDecoder::create(std::move(links));
+    return {decoder ? OpenStatus::opened : OpenStatus::broken, std::move(decoder)};
 }
 
 int channelsOf(VorbisFile& file) {
@@ -74,6 +101,9 @@ OpenResult openVorbis(const std::shared_ptr<const ByteStore>& store) {
         return {OpenStatus::notMine, nullptr};
     }
     std::unique_ptr<VorbisFile> file = openWhole(store);
+    if (file && hasSeveralRates(*file)) {
+        return openLinks(store, *file);
+    }
     // The library knows whole pages only; a file that has none yet is left to others.
     if (!file || !canBePlayed(*file) || ov_pcm_total(file->get(), -1) <= 0) {
         return {OpenStatus::broken, nullptr};

@@ -1,0 +1,154 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The player as a screen reader gets it: roles, names, values and tables over AT-SPI."""
+import json
+import os
+import signal
+import subprocess
+import time
+import unittest
+
+from program import ARTEFACTS, LIMIT, ProgramTest, media
+
+READER = os.path.join(os.path.dirname(os.path.abspath(__file__)), "read_tree.py")
+PYTHON = "/usr/bin/python3"  # the one that the bindings belong to
+
+
+class Accessibility(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.start_screen()
+        self.start_bus()
+        self.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+        self.start_window_manager()
+
+    def start_bus(self):
+        """A private session bus; the bus of the screen readers is started through it."""
+        read_end, write_end = os.pipe()
+        bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork",
+                                f"--print-address={write_end}"], env=self.environment,
+                               pass_fds=[write_end], stdout=subprocess.DEVNULL,
+                               stderr=subprocess.DEVNULL)
+        self.stack.callback(bus.wait)
+        self.stack.callback(bus.terminate)
+        os.close(write_end)
+        with os.fdopen(read_end) as pipe:
+            self.environment["DBUS_SESSION_BUS_ADDRESS"] = pipe.readline().strip()
+
+    def start(self, *words):
+        self.player = self.start_program("--device", "silent", *words)
+        self.shown_window = self.window_of(self.player)
+        self.tool("xdotool", "windowactivate", "--sync", self.shown_window)
+
+    def end(self):
+        self.player.send_signal(signal.SIGTERM)
+        self.assertEqual(self.player.wait(LIMIT), 0)
+
+    def tree(self, *requests):
+        said = self.tool(PYTHON, READER, *requests)
+        self.assertEqual(said.returncode, 0, said.stderr)
+        return json.loads(said.stdout)
+
+    def seen(self, *requests):
+        """What is shown, by its name."""
+        return {one["name"]: one for one in self.tree(*requests)["children"]
+                if "showing" in one["states"]}
+
+    def playlist(self):
+        path = self.path("list.m3u")
+        song = media("wav_s16_44100_stereo.wav")
+        with open(path, "w", encoding="utf-8") as file:
+            file.write("#EXTM3U\n")
+            for title in ("First", "Second", "Third"):
+                file.write(f"#EXTINF:65,{title}\n{song}\n")
+        return path
+
+    def test_everything_has_a_role_and_a_name_on_every_panel(self):
+        self.start(self.playlist())
+        self.keep_tree(self.tree())
+        for key in "12345":
+            self.tool("xdotool", "key", "--clearmodifiers", key)
+            time.sleep(0.3)
+            children = [one for one in self.tree()["children"] if "showing" in one["states"]]
+            self.assertGreater(len(children), 20)
+            nameless = [one for one in children if not one["name"] and one["role"] != "label"]
+            self.assertEqual(nameless, [], key)
+            self.assertEqual([one for one in children if one["role"] in ("invalid", "unknown")], [])
+        self.end()
+
+    def keep_tree(self, tree):
+        os.makedirs(ARTEFACTS, exist_ok=True)
+        with open(os.path.join(ARTEFACTS, "tree.json"), "w", encoding="utf-8") as file:
+            json.dump(tree, file, indent=1, ensure_ascii=False)
+
+    def test_the_window_keeps_its_name_while_the_caption_rotates(self):
+        self.start(self.playlist())
+        captions = set()
+        for _ in range(4):
+            self.assertEqual(self.tree()["name"], "Tovik")
+            captions.add(self.tool("xdotool", "getwindowname", self.shown_window).stdout)
+            time.sleep(0.4)
+        self.assertGreater(len(captions), 1)
+        self.end()
+
+    def test_buttons_toggles_sliders_and_fields(self):
+        self.start(self.playlist())
+        seen = self.seen()
+        self.assertEqual(seen["Play"]["role"], "push button")
+        self.assertEqual(seen["Main"]["role"], "page tab")
+        self.assertIn("selected", seen["Main"]["states"])
+        self.assertEqual(seen["Crossfade"]["role"], "check box")
+        self.assertNotIn("checked", seen["Crossfade"]["states"])
+        self.assertRegex(seen["Time"]["text"], r"^-?\d\d:\d\d$")
+        self.assertEqual(seen["Channels"]["text"], "Stereo")
+        volume = self.slider("Volume")
+        self.assertEqual(volume["value"], [80, 0, 100])
+        self.tree("press|Crossfade", "value|Volume|35")
+        self.assertEqual(self.slider("Volume")["value"][0], 35)
+        self.wait_until(lambda: "checked" in self.seen()["Crossfade"]["states"], "the mode")
+        self.tree("press|EQ")
+        self.wait_until(lambda: "1 kHz" in self.seen(), "the equalizer's panel")
+        self.assertEqual(self.seen()["1 kHz"]["value"], [0, -10, 10])
+        self.end()
+
+    def slider(self, name):
+        """Other elements may bear the same name."""
+        return next(one for one in self.tree()["children"]
+                    if one["name"] == name and one["role"] == "slider")
+
+    def test_the_list_is_a_table(self):
+        self.start(self.playlist())
+        self.tool("xdotool", "key", "--clearmodifiers", "3")
+        self.wait_until(lambda: "Playlist" in self.tables(), "the playlist")
+        table = self.tables()["Playlist"]
+        self.assertEqual((table["rows"], table["columns"]), (3, 2))
+        self.assertEqual([row[0] for row in table["cells"]], ["1. First", "2. Second", "3. Third"])
+        self.assertEqual(table["cells"][2][1], "01:05")
+        self.end()
+
+    def tables(self):
+        return {one["name"]: one for one in self.tree()["children"]
+                if one["role"] == "table" and "showing" in one["states"]}
+
+    def test_tab_moves_the_focus_that_a_reader_follows(self):
+        self.start(self.playlist())
+        self.tool("xdotool", "key", "--clearmodifiers", "Tab", "Tab", "Tab")
+        self.wait_until(lambda: self.focused() == ["Playlist"], "the third tab")
+        self.end()
+
+    def focused(self):
+        return [one["name"] for one in self.tree()["children"] if "focused" in one["states"]]
+
+    def test_names_follow_the_language(self):
+        self.start(self.playlist())
+        self.end()
+        self.setting(b"CLNG", b"Slovenian")
+        self.start(self.playlist())
+        seen = self.seen()
+        self.assertIn("Predvajaj", seen)
+        self.assertIn("Razpri hitri seznam", seen)
+        self.assertIn("Kanali", seen)
+        self.end()
+
+
+if __name__ == "__main__":
+    unittest.main()
