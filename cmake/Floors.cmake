@@ -1,6 +1,13 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# One folder is one target, and a target names every other target it may use: an include of
-# anything else does not find its library, and tests/architecture checks the includes themselves.
+# One folder is one target, linked to what the table of floors lets it use: an include of anything
+# else does not find its library, and tests/architecture checks the includes themselves.
+include(cmake/FloorTable.cmake)
+set(TOVIK_FLOORS_FILE ${PROJECT_SOURCE_DIR}/tests/architecture/floors.txt)
+set(TOVIK_LIBRARIES_FILE ${PROJECT_SOURCE_DIR}/tests/architecture/libraries.txt)
+set_property(DIRECTORY APPEND PROPERTY
+    CMAKE_CONFIGURE_DEPENDS ${TOVIK_FLOORS_FILE} ${TOVIK_LIBRARIES_FILE})
+tovik_read_floors(${TOVIK_FLOORS_FILE} ${PROJECT_SOURCE_DIR}/src)
+tovik_read_widget_folders(${TOVIK_LIBRARIES_FILE})
 
 # tovik_folders(folder ...): adds each of these folders that has a CMakeLists.txt.
 function(tovik_folders)
@@ -9,6 +16,26 @@ function(tovik_folders)
             add_subdirectory(${folder})
         endif()
     endforeach()
+endfunction()
+
+# tovik_floors(): adds the folders below this one of src/, from the ground up; those with widgets
+# only where Qt is.
+function(tovik_floors)
+    _tovik_folder(folder)
+    tovik_children("${folder}" children)
+    get_property(widgets GLOBAL PROPERTY TOVIK_WIDGET_FOLDERS)
+    foreach(child IN LISTS children)
+        string(REGEX REPLACE "^/" "" path "${folder}/${child}")
+        if(TOVIK_WITH_QT OR NOT path IN_LIST widgets)
+            tovik_folders(${child})
+        endif()
+    endforeach()
+endfunction()
+
+# This folder of src/; empty for src/ itself.
+function(_tovik_folder out)
+    file(RELATIVE_PATH folder ${PROJECT_SOURCE_DIR}/src ${CMAKE_CURRENT_SOURCE_DIR})
+    set(${out} "${folder}" PARENT_SCOPE)
 endfunction()
 
 # Qt's headers, compiled once for every target that asks for QT.
@@ -21,15 +48,41 @@ if(TOVIK_WITH_QT)
 endif()
 
 # tovik_library(NAME SOURCES ... [USES target ...] [PRIVATE_USES target ...] [QT])
+# Within src/ it is linked to all that its folder may use, or, where USES names targets of other
+# folders, to these alone. Outside of src/ only what it names is linked.
 function(tovik_library name)
     cmake_parse_arguments(ARG "QT" "" "SOURCES;USES;PRIVATE_USES" ${ARGN})
     add_library(${name} STATIC ${ARG_SOURCES})
     target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    _tovik_folder(folder)
+    if(NOT folder MATCHES "^\\.\\.")
+        _tovik_link_floors(${name} ${folder} "${ARG_USES}")
+    endif()
     target_link_libraries(${name} PUBLIC ${ARG_USES}
                                   PRIVATE ${ARG_PRIVATE_USES} tovik_warnings)
     if(ARG_QT)
+        target_link_libraries(${name} PUBLIC Qt6::Widgets)
         set_target_properties(${name} PROPERTIES AUTOMOC ON)
         target_precompile_headers(${name} REUSE_FROM tovik_qt_precompiled)
+    endif()
+endfunction()
+
+# Links a target of a folder to what the folder may use, or sees that the targets of ours that it
+# names are among these.
+function(_tovik_link_floors name folder named)
+    tovik_usable(${folder} usable)
+    get_property(own GLOBAL PROPERTY TOVIK_TARGETS_${folder})
+    tovik_target_of(${folder} ${name})
+    set(ours ${named})
+    list(FILTER ours INCLUDE REGEX "^tovik_")
+    list(REMOVE_ITEM ours ${own} "")
+    foreach(target IN LISTS ours)
+        if(NOT target IN_LIST usable)
+            message(FATAL_ERROR "${name} may not use ${target}: see ${TOVIK_FLOORS_FILE}")
+        endif()
+    endforeach()
+    if(NOT ours)
+        target_link_libraries(${name} PUBLIC ${usable})
     endif()
 endfunction()
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Makes the data folder ready before anything reads it. Called once, at the start.
+// Makes the data folder ready before anything reads it. Called at the start. Interface thread.
 #pragma once
 
 #include "base/RuntimeError.h"

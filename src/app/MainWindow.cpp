@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
 
-#include "ui/MainAccess.h"
 #include "ui/MainRows.h"
+#include "window/MainAccess.h"
 
 #include <algorithm>
 #include <QGuiApplication>
@@ -26,7 +26,7 @@ void MainWindow::attach(frmPlayer& player) {
     skin_->setAccessibleName(QStringLiteral("Tovik"));
     skin_->setWindowRole(QStringLiteral("player"));
     controls_ = std::make_unique<MainControls>(player, *skin_, host_.dispatcher);
-    skin_->setAccess(ui::mainAccess(), player.access(), ui::rows::kAmber);
+    skin_->setAccess(window::mainAccess(), player.access(), ui::rows::kAmber);
 }
 
 void MainWindow::detach() {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which output device the word behind --device stands for.
+// Which output device the word behind --device stands for. Interface thread.
 #pragma once
 
 #include "sound/output/OutputDevice.h"

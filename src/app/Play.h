@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Plays files aloud with a window.
+// Plays files aloud with a window. Interface thread.
 #pragma once
 
 #include "host/CommandLine.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Plays into a WAV file as fast as the machine can, on a clock that the sound itself moves on.
+// Interface thread.
 #pragma once
 
 #include "host/CommandLine.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How the program was started.
+// How the program was started. Any thread.
 #pragma once
 
 #include "base/RuntimeError.h"

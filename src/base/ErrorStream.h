@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the program says to whoever started it from a terminal.
+// What the program says to whoever started it from a terminal. Any thread.
 #pragma once
 
 #include <string_view>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a new data folder says that only this user's machine knows. Called once, at the start.
+// What a new data folder says that only this user's machine knows. Called once, at the
+// start, by the interface thread.
 #pragma once
 
 #include "host/Paths.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The words that the program was started with. Pure: looks at no file and no variable.
+// The words that the program was started with. Pure: looks at no file and no variable. Any thread.
 #pragma once
 
 #include "host/PlayerArguments.h"

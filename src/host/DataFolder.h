@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Which folder holds the program's data, and how a new one gets its first content. Called once at
-// the start.
+// the start, by the interface thread.
 #pragma once
 
 #include "host/Environment.h"

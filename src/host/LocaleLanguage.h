@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which of the player's languages suits the user's locale. Called once at the first start.
+// Which of the player's languages suits the user's locale. Any thread.
 #pragma once
 
 #include "host/Paths.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The words of the command line that are meant for the player: switches, files and addresses.
-// Pure: looks at no file.
+// Pure: looks at no file. Any thread.
 #pragma once
 
 #include <span>

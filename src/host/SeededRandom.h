@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Random numbers from a seed: the same seed gives the same numbers on every machine.
+// Random numbers from a seed: the same seed gives the same numbers on every machine. One thread at
+// a time.
 #pragma once
 
 #include "host/RandomNumbers.h"

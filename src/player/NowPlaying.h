@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What is shown of the playing track, as one record: each window maps it onto its own elements.
+// Interface thread.
 #pragma once
 
 #include <array>

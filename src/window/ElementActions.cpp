@@ -39,18 +39,18 @@ constexpr std::array kPages = {
 /// The lamps over the display and the commands whose state they tell.
 struct Lamp {
     MainElement name;
-    CommandId command;
+    commands::CommandId command;
 };
 
 constexpr std::array kLamps = {
-    Lamp{MainElement::Shuffle, CommandId::shuffle},
-    Lamp{MainElement::loopImg, CommandId::repeat},
-    Lamp{MainElement::CFD, CommandId::crossfade},
-    Lamp{MainElement::Sld, CommandId::silenceSkip},
+    Lamp{MainElement::Shuffle, commands::CommandId::shuffle},
+    Lamp{MainElement::loopImg, commands::CommandId::repeat},
+    Lamp{MainElement::CFD, commands::CommandId::crossfade},
+    Lamp{MainElement::Sld, commands::CommandId::silenceSkip},
 };
 
 /// The command of a button; `none` for what is no button or has nothing to do.
-CommandId commandBehind(ui::ElementAddress element) {
+commands::CommandId commandBehind(ui::ElementAddress element) {
     const auto name = element.as<MainElement>();
     for (const PressButton& button : pressButtons()) {
         if (button.up == name) {
@@ -62,7 +62,8 @@ CommandId commandBehind(ui::ElementAddress element) {
             return button.command;
         }
     }
-    return name == MainElement::prebt ? CommandId::preferences : CommandId::none;
+    return name == MainElement::prebt ? commands::CommandId::preferences
+                                      : commands::CommandId::none;
 }
 
 bool isDigit(ui::ElementAddress element) {
@@ -86,7 +87,7 @@ ui::ElementFacts ElementActions::factsOf(ui::ElementAddress element) const {
         facts.checked = p_.commands.checked(lamp->command);
         return facts;
     }
-    const CommandId command = commandBehind(element);
+    const commands::CommandId command = commandBehind(element);
     facts.enabled = facts.range || isDigit(element) || p_.commands.enabled(command);
     // The tabs are commands without a state: their record has it.
     facts.checked = p_.commands.checked(command) ||

@@ -6,7 +6,9 @@ import sys
 sys.dont_write_bytecode = True
 
 import files  # noqa: E402
+import headers  # noqa: E402
 import includes  # noqa: E402
+import names  # noqa: E402
 
 
 def main(root, widgets_folder):
@@ -14,6 +16,8 @@ def main(root, widgets_folder):
     widgets = {file.name for file in widgets_folder.iterdir()}
     faults = [
         *includes.check(root / "src", here / "floors.txt", here / "libraries.txt", widgets),
+        *headers.check(root / "src", here / "exceptions.txt"),
+        *names.check(root / "docs" / "names.md", root / "src"),
         *files.check_sources(root),
         *files.check_documents(root),
     ]

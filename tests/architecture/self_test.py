@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Each check passes a small good tree and fails for exactly the fault put into it."""
 import pathlib
+import subprocess
 import sys
 import tempfile
 import unittest
@@ -8,12 +9,15 @@ import unittest
 sys.dont_write_bytecode = True
 
 import files  # noqa: E402
+import headers  # noqa: E402
 import includes  # noqa: E402
+import names  # noqa: E402
 
 LINE = "// SPDX-License-Identifier: GPL-3.0-or-later\n"
 FLOORS = "base:\nsound: base\nsound/mix: base sound\nui: base # a comment\nui/qt: base ui\n"
 LIBRARIES = "SDL*: sound\nwidgets: ui/qt\nQ*: ui ui/qt\nunistd.h: *\n"
 WIDGETS = {"QWidget", "QLabel"}
+CMAKE = sys.argv.pop() if len(sys.argv) > 1 else "cmake"
 
 
 class Tree(unittest.TestCase):
@@ -88,6 +92,145 @@ class IncludeChecks(Tree):
     def test_unknown_library(self):
         self.write("src/ui/qt/Bad.h", LINE + "#include <fftw3.h>\n")
         self.assert_fault(self.include_faults(), "not in libraries.txt")
+
+
+class HeaderChecks(Tree):
+    HEAD = LINE + "// What it holds. Any thread.\n#pragma once\n"
+
+    def setUp(self):
+        super().setUp()
+        for file in (self.root / "src").rglob("*.h"):
+            file.write_text(self.HEAD + file.read_text())
+        self.write("exceptions.txt", "# none\n")
+
+    def header_faults(self):
+        return list(headers.check(self.root / "src", self.root / "exceptions.txt"))
+
+    @staticmethod
+    def methods(count):
+        return "".join("    void hidden%d();\n" % number for number in range(count))
+
+    def write_class(self, methods):
+        self.write("src/ui/Big.h", self.HEAD + "class Big {\npublic:\n" + "    void seen();\n" * 50
+                   + "private:\n" + methods + "};\n")
+
+    def test_good_tree(self):
+        self.assertEqual(self.header_faults(), [])
+
+    def test_many_includes(self):
+        include = '#include "base/Text.h"\n'
+        self.write("src/ui/Big.h", self.HEAD + "#include <string>\n" + include * headers.MOST_INCLUDES)
+        self.assertEqual(self.header_faults(), [])
+        self.write("src/ui/Big.h", self.HEAD + include * (headers.MOST_INCLUDES + 1))
+        self.assert_fault(self.header_faults(), "src/ui/Big.h: 21 headers of ours")
+
+    def test_many_private_methods(self):
+        self.write_class(self.methods(headers.MOST_PRIVATE))
+        self.assertEqual(self.header_faults(), [])
+        self.write_class(self.methods(headers.MOST_PRIVATE + 1))
+        self.assert_fault(self.header_faults(), "src/ui/Big.h: 26 private methods in Big")
+
+    def test_what_counts_as_a_private_method(self):
+        counts = {
+            "void a();": 1,
+            "void a(int); void a(bool) const; ~Big();": 2,
+            "[[nodiscard]] int a(int b = c(1)) const { return b; }": 1,
+            "template <typename T> void a(T&& b) noexcept;": 1,
+            "Big& operator=(const Big&) = delete;": 1,
+            "bool operator()(int) const; bool operator==(const Big&) const = default;": 2,
+            "static A<void(int)> a(); Big() : b_{1}, c_(2) { run(); }": 2,
+            "int a = b(1); A c{d(2)}; std::function<void(int)> e; alignas(64) int f;": 0,
+            "std::unique_ptr<T> a_ = make([this] { run(); stop(); });": 0,
+            "void (*a)(int); void (Big::*b)(); using C = void(int); friend void d(Big&);": 0,
+            "struct In { void a(); private: void b(); }; In in_;": 0,
+            "void a(); public: void b(); protected: void c(); private: void d();": 2,
+            "// void a();\n/* void b(); */ const char* c = \"void d();\";": 0,
+        }
+        for text, count in counts.items():
+            self.write_class(text + "\n")
+            found = dict(headers.private_methods((self.root / "src/ui/Big.h").read_text()))
+            self.assertEqual(found["Big"], count, text)
+
+    def test_a_struct_is_open_until_it_says_otherwise(self):
+        for text, count in (("struct S { void a(); };", 0), ("class S { void a(); };", 1),
+                            ("struct S final : B { private: void a(); };", 1)):
+            self.assertEqual(list(headers.private_methods(text)), [("S", count)])
+
+    def test_no_thread_in_the_head(self):
+        self.write("src/ui/Bare.h", LINE + "// What it holds.\n#pragma once\n// Any thread.\n")
+        self.assert_fault(self.header_faults(), "src/ui/Bare.h: its head")
+
+    def test_exception(self):
+        self.write("src/ui/Bare.h", LINE + "#pragma once\n")
+        self.write("exceptions.txt", "src/ui/Bare.h: thread\n")
+        self.assertEqual(self.header_faults(), [])
+
+    def test_exception_that_nothing_needs(self):
+        self.write("exceptions.txt", "src/ui/Image.h: thread\n")
+        self.assert_fault(self.header_faults(), 'keeps the rule "thread" by now')
+        self.write("exceptions.txt", "src/ui/Image.h: rule\n")
+        self.assert_fault(self.header_faults(), "rule is no rule")
+
+
+class NameChecks(Tree):
+    def faults(self, page):
+        self.write("names.md", page)
+        return list(names.check(self.root / "names.md", self.root / "src"))
+
+    def test_names_of_the_source(self):
+        self.write("src/ui/Old.h", LINE + "int Poraba, eq_sld;\n")
+        page = "| name | what |\n|---|---|\n| `poraba`, `eq_sld` | use, `gone` |\n"
+        self.assertEqual(self.faults(page), [])
+
+    def test_name_that_is_gone(self):
+        self.write("src/ui/Old.h", LINE + "int eq_slider;\n")
+        self.assert_fault(self.faults("| `eq_sld` | sliders |\n"), "`eq_sld` is in no source file")
+
+    def test_page_without_names(self):
+        self.assert_fault(self.faults("# Names\n"), "no names")
+
+
+class FloorTable(Tree):
+    """What CMake reads out of the same tables."""
+    SCRIPT = pathlib.Path(__file__).resolve().parents[2] / "cmake" / "FloorTable.cmake"
+
+    def setUp(self):
+        super().setUp()
+        self.write("floors.txt", FLOORS + "sound/api: base sound\nui/text: base sound/mix sound/api\n")
+        for folder in ("base", "sound", "sound/mix", "ui", "ui/qt"):
+            self.write("src/%s/CMakeLists.txt" % folder, "")
+
+    def answer(self, *commands):
+        lines = ["include(%s)" % self.SCRIPT,
+                 "tovik_read_floors(%s %s)" % (self.root / "floors.txt", self.root / "src"),
+                 *("tovik_target_of(%s %s)" % pair for pair in (
+                     ("base", "base"), ("sound", "sound"), ("sound/mix", "mix"), ("ui", "ui"),
+                     ("ui", "uiToo"))),
+                 *commands, 'message("${out}")']
+        self.write("script.cmake", "\n".join(lines))
+        run = subprocess.run([CMAKE, "-P", str(self.root / "script.cmake")], check=True,
+                             capture_output=True, text=True)
+        return run.stderr.strip()
+
+    def test_order_of_folders(self):
+        self.assertEqual(self.answer('tovik_children("" out)'), "base;sound;ui")
+        self.assertEqual(self.answer("tovik_children(sound out)"), "mix;api")
+
+    def test_what_a_folder_may_use(self):
+        self.assertEqual(self.answer("tovik_usable(base out)"), "")
+        self.assertEqual(self.answer("tovik_usable(sound/mix out)"), "base;sound")
+
+    def test_both_targets_of_a_folder(self):
+        self.assertEqual(self.answer("tovik_usable(ui/qt out)"), "base;ui;uiToo")
+
+    def test_a_folder_without_a_target_belongs_to_the_one_above(self):
+        # "ui/text" is a part of "ui", "sound/api" of "sound"; "ui/qt" stands for itself.
+        self.assertEqual(self.answer("tovik_usable(ui out)"), "base;mix;sound")
+
+    def test_folders_with_widgets(self):
+        self.assertEqual(self.answer("tovik_read_widget_folders(%s)" % (self.root / "libraries.txt"),
+                                     "get_property(out GLOBAL PROPERTY TOVIK_WIDGET_FOLDERS)"),
+                         "ui/qt")
 
 
 class FileChecks(Tree):

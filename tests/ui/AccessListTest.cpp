@@ -2,7 +2,6 @@
 #include "ui/AccessList.h"
 
 #include "SmallWindow.h"
-#include "ui/MainAccess.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -80,51 +79,6 @@ TEST_F(AccessListTest, aNameIsNeverLeftOut) {
 TEST_F(AccessListTest, anElementThatIsNotThereIsAnError) {
     EXPECT_ANY_THROW(AccessList(
         table_, {{.element = addressOf(Small::lamp), .parts = 4, .role = ElementRole::Slider}}));
-}
-
-/// Of any two stops that are seen at once and share a column, the upper one comes first; in one
-/// line it is the left one.
-TEST(MainAccess, followsTheEye) {
-    MainElements elements(mainLayout());
-    const AccessList list(elements, mainAccess());
-    int compared = 0;
-    for (std::size_t i = 0; i < list.size(); ++i) {
-        for (std::size_t j = i + 1; j < list.size(); ++j) {
-            if (!isStop(list.at(i).role) || !isStop(list.at(j).role) || !list.shown(i) ||
-                !list.shown(j)) {
-                continue;
-            }
-            const Box first = list.box(i);
-            const Box second = list.box(j);
-            if (first.top >= second.top + second.height) {
-                EXPECT_FALSE(first.left < second.left + second.width &&
-                             second.left < first.left + first.width)
-                    << list.element(i).caption << " above " << list.element(j).caption;
-                ++compared;
-            } else if (first.top == second.top && first.height == second.height) {
-                EXPECT_LT(first.left, second.left);
-                ++compared;
-            }
-        }
-    }
-    EXPECT_GT(compared, 30);
-}
-
-TEST(MainAccess, everyElementThatTakesTheMouseOrShowsWordsIsThere) {
-    MainElements elements(mainLayout());
-    const AccessList list(elements, mainAccess());
-    using enum MainElement;
-    for (std::size_t slot = 0; slot < elements.size(); ++slot) {
-        const Element& element = elements.at(slot);
-        const auto name = elements.address(slot).as<MainElement>();
-        const bool acts = element.kind == ElementKind::Button ||
-                          element.kind == ElementKind::Slider ||
-                          element.kind == ElementKind::Control;
-        // The menu behind the icon is not there yet.
-        if ((acts || element.kind == ElementKind::Label) && name != iconIMG) {
-            EXPECT_TRUE(list.placeOf(slot)) << static_cast<int>(name);
-        }
-    }
 }
 
 } // namespace

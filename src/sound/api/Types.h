@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The values that cross the border of the sound library: handles, error codes, flags, records.
+// The values that cross the border of the sound library: handles, error codes, flags, records. Any
+// thread.
 #pragma once
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Decoded blocks on their way to the reader, each at its place in the track: what is missing in
 // front of a block is given as silence, so that damage does not move what comes behind it. Used
-// under the lock of its source.
+// under the lock of its source, by one thread at a time.
 #pragma once
 
 #include <cstddef>

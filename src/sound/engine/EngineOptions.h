@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How an engine is to run.
+// How an engine is to run. Any thread.
 #pragma once
 
 #include "sound/engine/Feeder.h"

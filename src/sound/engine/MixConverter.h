@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Brings what a decoder gives to the form of the mix: stereo at 44100 Hz. Samples that have the
-// form already pass untouched. Used under the lock of its source.
+// form already pass untouched. Used under the lock of its source, by one thread at a time.
 #pragma once
 
 #include "sound/decode/Resampler.h"

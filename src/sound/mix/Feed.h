@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // One unbroken run of a channel's samples on their way to the mixer. The decoding side writes, the
-// mixer reads; what the mixer may have to read once more stays until it is released. A seek makes a
-// new feed.
+// mixer reads, each on a thread of its own; what may have to be read once more stays until it is
+// released. A seek makes a new feed.
 #pragma once
 
 #include "sound/mix/FrameRing.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What a voice was at in one block of the mix: plain values, which the mixer notes and whoever asks
-// for what is heard reads.
+// for what is heard reads, on any thread.
 #pragma once
 
 #include <cstdint>

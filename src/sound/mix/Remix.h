@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Numbers of mixing ahead: a device that queues about a second takes the mix in blocks of one size,
-// and at the beginning of each the mixer keeps what it needs to mix that block once more.
+// and at the beginning of each the mixer keeps what it needs to mix that block again. Any thread.
 #pragma once
 
 #include <cstddef>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // ALSA reports to stderr, in eight lines, that a machine has no sound card. The player says that
-// itself, in one.
+// itself, in one. Any thread.
 #pragma once
 
 namespace tovik::sound {

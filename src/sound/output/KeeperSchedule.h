@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What has to be done with the output device next, and when: a pure function of what is known.
+// What has to be done with the output device next, and when: a pure function of what is known. Any
+// thread.
 #pragma once
 
 #include <chrono>

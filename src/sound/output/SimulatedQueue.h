@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The queue of a simulated device that mixes ahead, and what of it is heard. Used with the device
-// locked.
+// locked, by one thread at a time.
 #pragma once
 
 #include "sound/output/AheadMix.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Lets the FFmpeg demuxers read a ByteStore, so that no protocol layer sees a name of ours.
+// Lets the FFmpeg demuxers read a ByteStore, so that no protocol layer sees a name of ours. One
+// thread at a time.
 #pragma once
 
 #include "sound/decode/ByteStore.h"

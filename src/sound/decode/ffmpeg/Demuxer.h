@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One open file of a known container: the packets of its first audio stream.
+// One open file of a known container: the packets of its first audio stream. One thread at a time.
 #pragma once
 
 #include "sound/decode/ffmpeg/ByteReader.h"

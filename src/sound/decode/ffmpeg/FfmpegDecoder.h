@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The decoder of every format that FFmpeg reads for us. It lays the decoded frames on a time line
-// by their time stamps: holes become silence, and a seek stands at the exact frame.
+// by their time stamps: holes become silence, and a seek stands at the exact frame. One thread at a
+// time.
 #pragma once
 
 #include "sound/decode/ffmpeg/Formats.h"

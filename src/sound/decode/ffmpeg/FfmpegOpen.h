@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Decides by content whether a file is of a family that FFmpeg reads for us, and opens it.
+// Decides by content whether a file is of a family that FFmpeg reads for us, and opens it. Any
+// thread.
 #pragma once
 
 #include "sound/decode/ByteStore.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which containers and codecs belong to which family, and how far their figures can be trusted.
+// Which containers and codecs belong to which family, and how far their figures can be trusted. Any
+// thread.
 #pragma once
 
 #include "sound/decode/ByteStore.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Demuxer and codec together: the decoded frames of a file, one after the other.
+// Demuxer and codec together: the decoded frames of a file, one after the other. One thread at a
+// time.
 #pragma once
 
 #include "sound/decode/ffmpeg/Demuxer.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Owners for the objects of the FFmpeg libraries, so that nobody else frees them by hand.
+// Owners for the objects of the FFmpeg libraries, so that nobody else frees them by hand. One
+// thread at a time.
 #pragma once
 
 extern "C" {

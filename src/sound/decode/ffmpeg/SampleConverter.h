@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Turns decoded frames of any sample form into interleaved float in one or two channels.
+// Turns decoded frames of any sample form into interleaved float in one or two channels. One thread
+// at a time.
 #pragma once
 
 #include "sound/decode/ffmpeg/Handles.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Time stamps of a stream as frame numbers from the start of the sound, and back.
+// Time stamps of a stream as frame numbers from the start of the sound, and back. One thread at a
+// time.
 #pragma once
 
 #include "sound/decode/ffmpeg/Handles.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The decoder of FLAC, native or in Ogg, by libFLAC: bit for bit and exact to the frame.
+// The decoder of FLAC, native or in Ogg, by libFLAC: bit for bit and exact to the frame. One thread
+// at a time.
 #pragma once
 
 #include "sound/decode/Decoder.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Finds where a FLAC stream really ends: at once where its head says, else by walking through it.
+// One thread at a time.
 #pragma once
 
 #include "sound/decode/flac/FlacStream.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The decoder of tracker modules: MO3, XM, MOD, S3M, IT, MTM and UMX, rendered by libopenmpt.
+// The decoder of tracker modules: MO3, XM, MOD, S3M, IT, MTM and UMX, rendered by libopenmpt. One
+// thread at a time.
 #pragma once
 
 #include "sound/decode/ByteStore.h"

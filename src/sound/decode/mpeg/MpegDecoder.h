@@ -2,7 +2,7 @@
 // The decoder of MPEG audio, layers I to III, free format among them, by libmpg123: exact to the
 // frame, and without the encoder's delay and padding where the file tells them. Behind a seek the
 // last bit of a sample may differ from a play-through: the library's filter bank sums in an order
-// that depends on how many blocks it has seen.
+// that depends on how many blocks it has seen. One thread at a time.
 #pragma once
 
 #include "sound/decode/Decoder.h"

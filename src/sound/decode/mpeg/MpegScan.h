@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Finds where the sound of an MPEG stream ends by walking its frames without decoding them.
+// Finds where the sound of an MPEG stream ends by walking its frames without decoding them. One
+// thread at a time.
 #pragma once
 
 #include "sound/decode/mpeg/MpegHandle.h"

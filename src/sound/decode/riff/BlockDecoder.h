@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The decoder of files that hold blocks of samples, which `BlockCodec` knows: exact to the frame,
-// and as long as what the file really holds.
+// and as long as what the file really holds. One thread at a time.
 #pragma once
 
 #include "sound/decode/ByteStore.h"

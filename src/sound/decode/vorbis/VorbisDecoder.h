@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The decoder of Ogg Vorbis by libvorbisfile: exact to the frame, through all the links of a
-// chained file one after the other. Positions and the length are those of the whole.
+// chained file one after the other. Positions and the length are those of the whole. One thread at
+// a time.
 #pragma once
 
 #include "sound/decode/Decoder.h"

@@ -7,10 +7,10 @@
 
 #include <vector>
 
-namespace tovik::ui {
+namespace tovik::window {
 
 /// All that act or tell, in the order of sight: tabs, the window's buttons, the panel (its left
 /// column first), the transport.
-[[nodiscard]] std::vector<AccessPlace> mainAccess();
+[[nodiscard]] std::vector<ui::AccessPlace> mainAccess();
 
-} // namespace tovik::ui
+} // namespace tovik::window

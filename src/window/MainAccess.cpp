@@ -1,30 +1,30 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/MainAccess.h"
+#include "window/MainAccess.h"
 
 #include <array>
 
-namespace tovik::ui {
+namespace tovik::window {
 
 namespace {
 
-using N = MainElement;
-using enum ElementRole;
+using N = ui::MainElement;
+using enum ui::ElementRole;
 
 /// `count` places of one name, from index `first` on, each of `parts` elements.
 struct Row {
     N name{};
-    ElementRole role{};
+    ui::ElementRole role{};
     std::size_t first = 0;
     std::size_t count = 1;
     std::size_t parts = 1;
     std::optional<N> face{};
 };
 
-constexpr Row two(N name, ElementRole role, N face) {
+constexpr Row two(N name, ui::ElementRole role, N face) {
     return {.name = name, .role = role, .face = face};
 }
 
-constexpr Row several(N name, ElementRole role, std::size_t count) {
+constexpr Row several(N name, ui::ElementRole role, std::size_t count) {
     return {.name = name, .role = role, .count = count};
 }
 
@@ -105,17 +105,18 @@ constexpr auto kRows = std::to_array<Row>({
 
 } // namespace
 
-std::vector<AccessPlace> mainAccess() {
-    std::vector<AccessPlace> places;
+std::vector<ui::AccessPlace> mainAccess() {
+    std::vector<ui::AccessPlace> places;
     for (const Row& row : kRows) {
         for (std::size_t i = 0; i < row.count; ++i) {
-            places.push_back({.element = addressOf(row.name, row.first + i),
-                              .parts = row.parts,
-                              .face = row.face ? std::optional(addressOf(*row.face)) : std::nullopt,
-                              .role = row.role});
+            places.push_back(
+                {.element = ui::addressOf(row.name, row.first + i),
+                 .parts = row.parts,
+                 .face = row.face ? std::optional(ui::addressOf(*row.face)) : std::nullopt,
+                 .role = row.role});
         }
     }
     return places;
 }
 
-} // namespace tovik::ui
+} // namespace tovik::window
