@@ -87,6 +87,9 @@ class ProgramTest(unittest.TestCase):
                                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.stack.callback(manager.wait)
         self.stack.callback(manager.terminate)
+        # A window that comes while the manager takes over the screen may be missed by it.
+        self.wait_until(lambda: "window id" in self.tool(
+            "xprop", "-root", "_NET_SUPPORTING_WM_CHECK").stdout, "the window manager")
 
     def start_sound_server(self):
         """A private sound server with a sink that swallows everything."""
