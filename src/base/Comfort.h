@@ -51,6 +51,7 @@ struct Comfort {
     bool keepsMissingWords = false;    ///< what a language file leaves out
 
     // What the window shows.
+    bool titlesFileStart = false;         ///< the caption of a start with a file
     bool hidesLampsOverList = false;      ///< indicators over the playlist
     bool pressesTabAtOnce = false;        ///< no tab down after the preferences
     bool hidesStationsAtOnce = false;     ///< stations over another panel
