@@ -13,7 +13,6 @@
 #include "config/MenuTexts.h"
 #include "config/MultiLNG.h"
 #include "config/Settings.h"
-#include "config/StartSettings.h"
 #include "config/Version.h"
 #include "host/Host.h"
 #include "player/Equalizer.h"
@@ -24,6 +23,7 @@
 #include "player/Playback.h"
 #include "player/PlayerState.h"
 #include "player/PlayerWindow.h"
+#include "player/StoredSettings.h"
 #include "player/TrackEvents.h"
 #include "playlist/ListKeeper.h"
 #include "playlist/ListMirror.h"
@@ -260,6 +260,7 @@ private:
 
     config::clsXML settingsXml_;
     config::Settings settings_;
+    player::StoredSettings stored_{settings_, state_, host_.timers};
     config::Version version_;
     window::MainTexts texts_{elements_};
     config::MenuTexts menuTexts_;

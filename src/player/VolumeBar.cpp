@@ -31,6 +31,7 @@ void VolumeBar::setTo(double y) {
     const double height = elements_.get(MainElement::volbar).height;
     elements_.touch(MainElement::volbarIMG).height = std::clamp(y + ui::kPointerWidth, 0.0, height);
     state_.CurrentVolume = base::toInt16(std::clamp(base::divide(y * kAll, height - 1), 0.0, kAll));
+    volume_.changed();
     volume_.apply();
     showText();
 }
@@ -38,6 +39,7 @@ void VolumeBar::setTo(double y) {
 void VolumeBar::change_volume(std::int16_t value, std::int16_t /*absolute*/) {
     volume_.readMode();
     state_.CurrentVolume = std::clamp<std::int16_t>(value, 0, 100);
+    volume_.changed();
     showHeight();
     showText();
     volume_.apply();
