@@ -133,8 +133,7 @@ void StoredSettings::noteChange(std::string_view key) {
         const SettingRow& setting = kSettingTable.at(row);
         if (setting.key == key && setting.saved == SavedAt::rest && known_.test(row)) {
             changing_.set(row);
-            rest_->setEnabled(false); // it rests from the last change on
-            rest_->setEnabled(true);
+            rest_->setEnabled(true); // once more from the start: it rests from the last change on
         }
     }
 }
