@@ -3,7 +3,10 @@
 // TMPDIR says: flushing takes as long as that disk does.
 #include "config/ErrHandler.h"
 #include "config/Settings.h"
+#include "host/Dispatcher.h"
 #include "host/system/SystemClock.h"
+#include "host/virtual/VirtualClock.h"
+#include "player/StoredSettings.h"
 
 #include <benchmark/benchmark.h>
 
@@ -55,9 +58,12 @@ void getSettings(benchmark::State& state) {
     const host::Paths paths = folder.paths();
     config::clsXML xml;
     config::Settings settings(paths, xml);
-    config::StartSettings start;
+    player::PlayerState start;
+    const host::Dispatcher dispatcher;
+    host::VirtualClock clock(dispatcher);
+    player::StoredSettings stored(settings, start, clock);
     for (auto round : state) {
-        settings.getSettings(start);
+        stored.getSettings();
     }
 }
 

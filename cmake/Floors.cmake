@@ -119,7 +119,9 @@ function(tovik_tests name)
     endif()
     add_dependencies(tovik_test_programs ${name})
     add_test(NAME ${name} COMMAND ${name})
+    set(environment "TOVIK_MEDIA=${TOVIK_MEDIA_DIR};QT_QPA_PLATFORM=offscreen"
+        "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp")
     set_tests_properties(${name} PROPERTIES
-        ENVIRONMENT "TOVIK_MEDIA=${TOVIK_MEDIA_DIR};QT_QPA_PLATFORM=offscreen"
+        ENVIRONMENT "${environment}"
         FIXTURES_REQUIRED tovik_media)
 endfunction()

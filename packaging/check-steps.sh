@@ -8,6 +8,7 @@ begin() {
     unset DISPLAY WAYLAND_DISPLAY
     export QT_QPA_PLATFORM=offscreen
     export ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1
+    export LSAN_OPTIONS=suppressions=$root/tests/support/lsan.supp
     export UBSAN_OPTIONS=print_stacktrace=1
     export TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1
     trap finish EXIT

@@ -10,13 +10,13 @@
 #include "config/Errors.h"
 #include "config/MenuTexts.h"
 #include "config/MultiLNG.h"
-#include "config/StartSettings.h"
 #include "config/Version.h"
 #include "host/Host.h"
 #include "player/Equalizer.h"
 #include "player/EqualizerFiles.h"
 #include "player/EqualizerStore.h"
 #include "player/frmLoadPreset.h"
+#include "player/StoredSettings.h"
 #include "playlist/ListKeeper.h"
 #include "playlist/PlaylistFiles.h"
 #include "tags/cMP3ID3v1.h"
@@ -231,6 +231,7 @@ private:
 
     config::clsXML settingsXml_;
     config::Settings settings_;
+    player::StoredSettings stored_{settings_, state_, host_.timers};
     config::Version version_;
     config::MenuTexts menuTexts_;
     config::MultiLNG language_;

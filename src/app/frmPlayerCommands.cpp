@@ -2,8 +2,6 @@
 // What each command of the table does here. A command that nothing is bound to does nothing.
 #include "app/frmPlayer.h"
 
-#include "config/SettingText.h"
-
 #include <array>
 #include <utility>
 
@@ -103,14 +101,16 @@ void frmPlayer::bindEqualizer() {
 }
 
 bool frmPlayer::staysOnTop() {
-    return settings_.getAs("ASOT", config::settingToInt16) == 1;
+    stored_.read("ASOT");
+    return state_.AlwaysOnTop == 1;
 }
 
 void frmPlayer::mnuTop() {
     // The setting is what is toggled, whatever the window does.
     const bool topmost = !staysOnTop();
     window_.setTopmost(topmost);
-    settings_.saveSetting("ASOT", topmost ? "1" : "0");
+    state_.AlwaysOnTop = topmost ? 1 : 0;
+    stored_.save("ASOT");
 }
 
 } // namespace tovik::app

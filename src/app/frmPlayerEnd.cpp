@@ -2,20 +2,11 @@
 // What each step of the end does.
 #include "app/frmPlayer.h"
 
-#include "config/SettingText.h"
 #include "ui/Twips.h"
 
 #include <array>
 
 namespace tovik::app {
-
-namespace {
-
-std::string flag(bool value) {
-    return std::string(config::flagText(value));
-}
-
-} // namespace
 
 void frmPlayer::kill_me() {
     try {
@@ -49,33 +40,11 @@ void frmPlayer::hideWindow() {
 }
 
 void frmPlayer::saveSettings() {
-    struct Saved {
-        const char* key;
-        Action reader; ///< as in a step
-        std::string value;
-    };
-
-    constexpr Action kGroup = &frmPlayer::loadSettings;
-    constexpr Action kPlace = &frmPlayer::showWindow;
-    const std::array<Saved, 12> values = {{
-        {"CVL", kGroup, std::to_string(state_.CurrentVolume)},
-        {"SHF", kGroup, flag(state_.ShuffleOn)},
-        {"EQ", kGroup, flag(state_.EqualizerOn)},
-        {"RPT", kGroup, flag(state_.RepeatOn)},
-        {"CFD", kGroup, flag(state_.CrossfadeOn)},
-        {"BLV", kGroup, std::to_string(state_.BalanceValue)},
-        {"TMD", &frmPlayer::showModes, std::to_string(state_.TimeDisplayMode)},
-        {"SLD", kGroup, flag(state_.SilenceSkipOn)},
-        {"CVP", kGroup, std::to_string(state_.CurrentVisPlugin)},
-        {"X", kPlace, std::to_string(window_.left() * ui::kTwipsPerPixel)},
-        {"Y", kPlace, std::to_string(window_.top() * ui::kTwipsPerPixel)},
-        {"QPL", &frmPlayer::showQuickList, state_.QuickListOpen ? "1" : "2"},
-    }};
-    for (const Saved& saved : values) {
-        if (wasTaken(saved.reader)) {
-            settings_.saveSetting(saved.key, saved.value);
-        }
+    if (wasTaken(&frmPlayer::showWindow)) {
+        state_.WindowLeft = window_.left() * ui::kTwipsPerPixel;
+        state_.WindowTop = window_.top() * ui::kTwipsPerPixel;
     }
+    stored_.saveAtEnd();
 }
 
 void frmPlayer::saveEqualizer() {

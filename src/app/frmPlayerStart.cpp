@@ -28,11 +28,6 @@ constexpr std::uint32_t kSoundVersion = 0x00000002;
 constexpr const char* kSoundTitle = "BASS.DLL";
 constexpr std::uint32_t kInputOn = 131072;
 
-/// A window on the right of a wide desktop is further away than 16 bits can tell.
-std::int32_t twipsOf(std::string_view text) {
-    return base::toInt32(base::textToNumber(text));
-}
-
 } // namespace
 
 void frmPlayer::Form_Initialize() {
@@ -93,23 +88,7 @@ void frmPlayer::keepFaces() {
 }
 
 void frmPlayer::loadSettings() {
-    config::StartSettings read;
-    settings_.getSettings(read);
-    state_.MultipleInstances = read.allowMultipleInstances;
-    state_.ShowSplash = read.autoPlay;
-    state_.ShowInTaskbar = read.showInTaskbar;
-    state_.CurrentVolume = read.volume;
-    state_.CrossfadeOn = read.crossfadeOn;
-    state_.SilenceSkipOn = read.silenceDetectionOn;
-    state_.ShuffleOn = read.shuffleOn;
-    state_.EqualizerOn = read.equalizerOn;
-    state_.BalanceValue = read.balance;
-    state_.RepeatOn = read.repeatOn;
-    state_.CurrentVisPlugin = read.visualisation;
-    state_.LanguageFile = read.language;
-    state_.AlwaysOnTop = read.alwaysOnTop;
-    state_.AssociateAtStart = read.associateFileTypes;
-    state_.CheckUpdates = read.checkForUpdates;
+    stored_.getSettings();
     playback_.silenceSkip.watch();
 }
 
@@ -182,16 +161,17 @@ void frmPlayer::drawEqualizer() {
 }
 
 void frmPlayer::showVolume() {
-    state_.CurrentVolume = settings_.getAs("cvl", config::settingToInt16);
+    stored_.read("CVL");
     view_.volumeBar.showHeight();
 }
 
 void frmPlayer::showModes() {
-    view_.showModes(settings_.getAs("TMD", config::settingToInt16));
+    stored_.read("TMD");
+    view_.showModes();
 }
 
 void frmPlayer::showQuickList() {
-    state_.QuickListOpen = settings_.getAs("qpl", config::settingToFlag);
+    stored_.read("QPL");
     view_.panels.ApplyQuickList();
 }
 
@@ -204,7 +184,7 @@ void frmPlayer::showBalanceText() {
 }
 
 void frmPlayer::readMessenger() {
-    state_.MessengerOn = settings_.getAs("MSN", config::settingToFlag);
+    stored_.read("MSN");
 }
 
 void frmPlayer::restoreEqualizer() {
@@ -222,10 +202,9 @@ void frmPlayer::selectFirstRow() {
 }
 
 void frmPlayer::showWindow() {
-    const auto pixels = [this](const char* key) {
-        return settings_.getAs(key, twipsOf) / ui::kTwipsPerPixel;
-    };
-    window_.moveTo(pixels("X"), pixels("Y"));
+    stored_.read("X");
+    stored_.read("Y");
+    window_.moveTo(state_.WindowLeft / ui::kTwipsPerPixel, state_.WindowTop / ui::kTwipsPerPixel);
     window_.show();
     state_.LoadFinished = true;
 }

@@ -33,7 +33,7 @@ enum class LanguageSection : std::uint8_t {
     Prompt,
     Error,
     Shortcuts,
-    Notice, ///< our own: what the window says of the program's state
+    Notice,     ///< our own: what the window says of the program's state
     TovikNames, ///< what a screen reader calls elements
 };
 

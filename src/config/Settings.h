@@ -2,9 +2,9 @@
 // Settings by key, straight from the file: there is no copy in memory. Interface thread.
 #pragma once
 
+#include "base/AtomicFile.h"
 #include "base/RuntimeError.h"
 #include "config/clsXML.h"
-#include "config/StartSettings.h"
 #include "host/Paths.h"
 
 #include <functional>
@@ -24,12 +24,26 @@ public:
     /// Is told of a file that could not be written back after a read.
     using Unwritten = std::function<void(const base::RuntimeError&)>;
 
+    /// Is told of a key whose value the user is changing.
+    using Changed = std::function<void(std::string_view key)>;
+
     /// Both are kept by reference. The document is the one that the whole program shares.
     Settings(const host::Paths& paths, clsXML& settingsXml);
 
     /// From now on `unwritten` is told of every read whose file could not be written back; the
     /// read itself counts.
     void reportUnwritten(Unwritten unwritten) { unwritten_ = std::move(unwritten); }
+
+    /// From now on `changed` is told what `changed(key)` tells: whoever keeps the value stores it
+    /// when it rests.
+    void reportChanged(Changed changed) { changed_ = std::move(changed); }
+
+    /// The value of a key changes, perhaps at every notch of a wheel. Nothing is written here.
+    void changed(std::string_view key) const {
+        if (changed_) {
+            changed_(key);
+        }
+    }
 
     /// The text of a key. Raises 94 where there is none, before the file is written.
     [[nodiscard]] std::string getSetting(std::string_view key);
@@ -49,16 +63,24 @@ public:
     /// writing raises.
     void saveSetting(std::string_view key, std::string_view value);
 
-    /// Reads the start-up group. Raises 94 for a missing key, 13 and 6 for a text that does not
-    /// convert; what was read until then is kept in `state`, and the file is not written.
-    void getSettings(StartSettings& state);
-
     /// Opens the file in the shared document, does the work, and saves the file. An error in the
     /// work goes to the caller, and nothing is saved. Raises what saving raises.
     void withSettings(const std::function<void(clsXML&)>& work);
 
     /// The same for work that only reads: what saving raises is told to `reportUnwritten`.
     void readSettings(const std::function<void(const clsXML&)>& work);
+
+    /// The same for work whose result need not have reached the disk: nothing is waited for.
+    void writeBehind(const std::function<void(clsXML&)>& work);
+
+    /// The text of a key in the open document. Raises 94 where there is none, with file and key.
+    [[nodiscard]] std::string textOf(const clsXML& xml, std::string_view key) const;
+
+    /// Whether the open document has an element for the key.
+    [[nodiscard]] static bool holds(const clsXML& xml, std::string_view key);
+
+    /// Sets the text of a key in the open document, and makes its element where there is none.
+    static void makeOrWrite(clsXML& xml, std::string_view key, const std::string& value);
 
     /// The error with the file, the key and its text behind its description.
     [[nodiscard]] base::RuntimeError bad(const base::RuntimeError& error, std::string_view key,
@@ -68,13 +90,14 @@ public:
     [[nodiscard]] static std::string pathOf(std::string_view key);
 
 private:
-    /// Raises 94 where there is none.
-    [[nodiscard]] std::string textOf(const clsXML& xml, std::string_view key) const;
+    void readAnew();
+    void saveOrTell(base::Flush most);
     [[nodiscard]] std::string placeOf(std::string_view key) const;
 
     const host::Paths& paths_;
     clsXML& xml_;
     Unwritten unwritten_;
+    Changed changed_;
 };
 
 } // namespace tovik::config

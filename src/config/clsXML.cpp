@@ -199,12 +199,12 @@ std::int32_t clsXML::NodeCount(const std::string& path) const {
     }
 }
 
-void clsXML::Save(const std::string& path) {
+void clsXML::Save(const std::string& path, base::Flush most) {
     Document& own = document();
     if (!own.readable) {
         return;
     }
-    const base::Flush flush = own.changed ? base::Flush::Yes : base::Flush::No;
+    const base::Flush flush = own.changed ? most : base::Flush::No;
     requireWritable(path);
     if (const auto failure = base::replaceFile(path, xmlOf(own.xml), flush)) {
         raiseWriteFailure(failure, path);

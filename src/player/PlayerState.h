@@ -3,6 +3,7 @@
 // the player share it. Interface thread.
 #pragma once
 
+#include "base/Comfort.h"
 #include "sound/api/Types.h"
 
 #include <cstdint>
@@ -69,6 +70,12 @@ struct PlayerState {
 
     /// 0: the volume is set per channel; anything else: it goes to the whole output.
     std::int16_t GlobalVolumeMode = 0;
+
+    /// Where the main window stood when the settings were read or stored, in twips.
+    std::int32_t WindowLeft = 0;
+    std::int32_t WindowTop = 0;
+
+    base::Comfort comfort; ///< kinder behaviour, all off at first
 
     std::int16_t CurrentPanel = 1;
     bool QuickListOpen = false;

@@ -16,7 +16,7 @@ constexpr playlist::Row kTenRows = 10;
 } // namespace
 
 playlist::Row TrackAdvance::gen_shuffle(playlist::Row count) {
-    // Cell 0 stays empty and cell 9 is never taken.
+    // Cell 0 stays empty; it is one of the nine that are taken unless `Comfort` says otherwise.
     static constexpr std::size_t kCells = 10;
     static constexpr double kTaken = 9;
     static constexpr playlist::Row kFewRows = 10;
@@ -28,7 +28,8 @@ playlist::Row TrackAdvance::gen_shuffle(playlist::Row count) {
                 cells[i] = base::toInt32(std::floor(count * random_.next() + 1));
             } while (count > kFewRows && cells[i] == cells[i - 1]);
         }
-        picked = cells.at(static_cast<std::size_t>(random_.next() * kTaken));
+        const std::size_t first = core_.state.comfort.alwaysPicksRow ? 1 : 0;
+        picked = cells.at(first + static_cast<std::size_t>(random_.next() * kTaken));
     });
     return picked;
 }

@@ -38,8 +38,8 @@ public:
     void button_loop();
 
     /// A row out of `count`, or 0. A deliberate oddity: one pick in nine is 0, which is no row, and
-    /// so plays nothing until the clock moves on. Picks have no memory; the host's generator takes
-    /// its seed from the clock when the program starts.
+    /// so plays nothing until the clock moves on (`Comfort::alwaysPicksRow` never gives it). Picks
+    /// have no memory; the host's generator takes its seed from the clock when the program starts.
     [[nodiscard]] playlist::Row gen_shuffle(playlist::Row count);
 
     void endTrack() override;

@@ -68,7 +68,7 @@ std::int32_t TrackSeek::second() const {
 }
 
 std::int32_t TrackSeek::length() const {
-    return sounds() ? time_.GetDuration(core_.state.active()) : 0;
+    return core_.state.IsPlaying ? time_.GetDuration(core_.state.active()) : 0;
 }
 
 } // namespace tovik::player

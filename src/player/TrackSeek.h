@@ -44,7 +44,7 @@ public:
     /// The whole seconds played; 0 while nothing sounds. Raises 6 beyond 32767.
     [[nodiscard]] std::int32_t second() const;
 
-    /// The track's length in whole seconds; 0 while nothing sounds.
+    /// The track's length in whole seconds, also while it is paused; 0 where there is none.
     [[nodiscard]] std::int32_t length() const;
 
 private:

@@ -24,6 +24,9 @@ public:
     /// setting that is no number.
     void readMode();
 
+    /// The user changed the volume: it is stored when it rests.
+    void changed();
+
     /// Gives the current volume to the channel or to the whole output.
     void apply();
 

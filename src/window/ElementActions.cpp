@@ -13,6 +13,7 @@ namespace tovik::window {
 
 namespace {
 
+using commands::CommandId;
 using ui::Adjustment;
 using ui::ElementRange;
 

@@ -68,12 +68,12 @@ void MainView::shapeWindow() {
     }
 }
 
-void MainView::showModes(std::int16_t timeDisplayMode) {
+void MainView::showModes() {
     for (const player::Mode mode : {player::Mode::crossfade, player::Mode::silenceSkip,
                                     player::Mode::shuffle, player::Mode::repeat}) {
         core.screen.showMode(mode);
     }
-    timeDisplay.choose(timeDisplayMode);
+    timeDisplay.choose(core.state.TimeDisplayMode);
 }
 
 void MainView::showWords() {

@@ -44,8 +44,8 @@ struct MainView {
     /// Cuts the outline of the window out of its ground.
     void shapeWindow();
 
-    /// The modes and the equalizer's switch as the state has them, and the clock in its own.
-    void showModes(std::int16_t timeDisplayMode);
+    /// The four modes and that of the clock, as the state has them.
+    void showModes();
 
     /// The words that stand in the display follow the language.
     void showWords();

@@ -49,8 +49,7 @@ public:
     /// Opens the dialog with the names of the presets, or brings it to the front.
     virtual void showLoadPreset(player::frmLoadPreset& /*dialog*/) {}
 
-    /// Whether a window of that many skin pixels fits on a screen; without a screen everything
-    /// does.
+    /// Whether a window of that many skin pixels fits on a screen; without one everything does.
     [[nodiscard]] virtual bool fitsScreen(int /*width*/, int /*height*/) const { return true; }
 
     /// Left and top in pixels; applied when the window is shown, held to a screen that exists.

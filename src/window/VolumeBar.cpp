@@ -30,6 +30,7 @@ void VolumeBar::setTo(double y) {
     elements_.touch(MainElement::volbarIMG).height = std::clamp(y + ui::kPointerWidth, 0.0, height);
     core_.state.CurrentVolume =
         base::toInt16(std::clamp(base::divide(y * kAll, height - 1), 0.0, kAll));
+    volume_.changed();
     volume_.apply();
     showText();
 }

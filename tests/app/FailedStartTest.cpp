@@ -282,9 +282,12 @@ TEST_F(FailedStart, aDiskThatIsFullLaterIsToldAtOnceAndOnce) {
     {
         const Unprivileged user;
         player().changeLanguage();
+        player().errors().tell(base::RuntimeError(base::ErrorNumber::Overflow));
         player().changeLanguage();
     }
-    EXPECT_THAT(host_.dialogs.boxes, testing::SizeIs(1));
+    ASSERT_THAT(host_.dialogs.boxes, testing::SizeIs(2));
+    EXPECT_EQ(host_.dialogs.boxes[0].text, "Permission denied: " + (host_.folder / kSettings));
+    EXPECT_EQ(host_.dialogs.boxes[1].text, "Overflow");
     EXPECT_EQ(notice(), "Changes are not kept");
 }
 

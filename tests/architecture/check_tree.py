@@ -5,6 +5,7 @@ import sys
 
 sys.dont_write_bytecode = True
 
+import comfort  # noqa: E402
 import files  # noqa: E402
 import headers  # noqa: E402
 import includes  # noqa: E402
@@ -18,6 +19,7 @@ def main(root, widgets_folder):
         *includes.check(root / "src", here / "floors.txt", here / "libraries.txt", widgets),
         *headers.check(root / "src", here / "exceptions.txt"),
         *names.check(root / "docs" / "names.md", root / "src"),
+        *comfort.check(root / "docs" / "oddities.md", root / "src" / "base" / "Comfort.h"),
         *files.check_sources(root),
         *files.check_documents(root),
     ]

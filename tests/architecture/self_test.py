@@ -8,6 +8,7 @@ import unittest
 
 sys.dont_write_bytecode = True
 
+import comfort  # noqa: E402
 import files  # noqa: E402
 import headers  # noqa: E402
 import includes  # noqa: E402
@@ -231,6 +232,40 @@ class FloorTable(Tree):
         self.assertEqual(self.answer("tovik_read_widget_folders(%s)" % (self.root / "libraries.txt"),
                                      "get_property(out GLOBAL PROPERTY TOVIK_WIDGET_FOLDERS)"),
                          "ui/qt")
+
+
+class ComfortChecks(Tree):
+    PAGE = ("| what | where |\n|---|---|\n| a stop | x |\n| a start | y |\n| a leak | z |\n\n"
+            "## Without a switch\n\n- a leak: nobody sees it\n")
+    HEADER = ("struct Comfort {\n    bool stops = false;  ///< a stop\n"
+              "    bool starts = false; ///< a start\n};\n")
+
+    def faults(self, page=PAGE, header=HEADER):
+        self.write("oddities.md", page)
+        self.write("Comfort.h", header)
+        return list(comfort.check(self.root / "oddities.md", self.root / "Comfort.h"))
+
+    def test_rows_and_switches_that_fit(self):
+        self.assertEqual(self.faults(), [])
+
+    def test_row_without_a_switch(self):
+        self.assert_fault(self.faults(page=self.PAGE.replace("| a leak", "| a new one | w |\n| a leak")),
+                          '"a new one" has 0')
+
+    def test_row_with_a_switch_and_a_reason(self):
+        self.assert_fault(self.faults(page=self.PAGE + "- a stop: why\n"), '"a stop" has 2')
+
+    def test_switch_of_a_row_that_is_gone(self):
+        self.assert_fault(self.faults(page=self.PAGE.replace("| a stop | x |\n", "")),
+                          '"a stop" is no row')
+
+    def test_switch_that_is_on(self):
+        self.assert_fault(self.faults(header=self.HEADER.replace("stops = false; ", "stops; ")),
+                          "stops is not off")
+
+    def test_switch_that_names_no_row(self):
+        self.assert_fault(
+            self.faults(header=self.HEADER.replace("};", "    bool x = false;\n};")), "names no row")
 
 
 class FileChecks(Tree):

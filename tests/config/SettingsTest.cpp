@@ -138,8 +138,6 @@ TEST_F(SettingsTest, aDamagedFileStaysAsItIs) {
         writeFile(damage);
         EXPECT_EQ(raisedNumber([&] { std::ignore = settings_.getSetting("MI"); }), 94);
         EXPECT_EQ(raisedNumber([&] { settings_.saveSetting("MI", "1"); }), 0);
-        StartSettings state;
-        EXPECT_EQ(raisedNumber([&] { settings_.getSettings(state); }), 94);
         EXPECT_EQ(file(), damage);
     }
 }

@@ -5,6 +5,7 @@ import contextlib
 import os
 import re
 import shutil
+import socket
 import struct
 import subprocess
 import tempfile
@@ -87,19 +88,22 @@ class ProgramTest(unittest.TestCase):
                                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.stack.callback(manager.wait)
         self.stack.callback(manager.terminate)
+        # A window that comes while the manager takes over the screen may be missed by it.
+        self.wait_until(lambda: "window id" in self.tool(
+            "xprop", "-root", "_NET_SUPPORTING_WM_CHECK").stdout, "the window manager")
 
     def start_sound_server(self):
         """A private sound server with a sink that swallows everything."""
-        socket = self.path("pulse.socket")
+        path = self.path("pulse.socket")
         server = subprocess.Popen(
             ["pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1",
              "-L", "module-null-sink sink_name=nowhere",
-             "-L", f"module-native-protocol-unix socket={socket} auth-anonymous=1"],
+             "-L", f"module-native-protocol-unix socket={path} auth-anonymous=1"],
             env=self.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.stack.callback(server.wait)
         self.stack.callback(server.kill)
-        self.environment["PULSE_SERVER"] = "unix:" + socket
-        self.wait_until(lambda: os.path.exists(socket), "the sound server's socket")
+        self.environment["PULSE_SERVER"] = "unix:" + path
+        self.wait_until(lambda: os.path.exists(path), "the sound server's socket")
         # An idle sink that goes nowhere takes sound in blocks of two seconds; a stream of silence
         # with a short buffer keeps it going in short ones.
         silence = subprocess.Popen(["pacat", "--latency-msec=5", "--raw", "/dev/zero"],
@@ -108,6 +112,14 @@ class ProgramTest(unittest.TestCase):
         self.stack.callback(silence.wait)
         self.stack.callback(silence.kill)
         return server
+
+    def start_mute_sound_server(self):
+        """A sound server that takes every connection and never says a word."""
+        path = self.path("mute.socket")
+        server = self.stack.enter_context(socket.socket(socket.AF_UNIX))
+        server.bind(path)
+        server.listen(64)
+        self.environment["PULSE_SERVER"] = "unix:" + path
 
     def streams(self):
         """How many streams of the program the sound server plays."""

@@ -130,6 +130,13 @@ class Window(ProgramTest):
         self.tool("xdotool", "key", "--window", box, "Return")
         self.assertEqual(player.wait(LIMIT), 1)
 
+    def test_a_sound_server_that_never_answers_holds_up_neither_start_nor_end(self):
+        self.start_mute_sound_server()
+        player = self.start_program(media("wav_s16_44100_stereo.wav"))
+        self.window_of(player)
+        self.assertEqual(self.boxes("BASS.DLL"), [])
+        self.end(player)
+
     def test_a_screenshot_needs_no_device(self):
         self.environment["PULSE_SERVER"] = "unix:" + self.path("nobody")
         self.environment["SDL_AUDIODRIVER"] = "pulseaudio"

@@ -35,6 +35,15 @@ TEST_F(GenShuffle, cellZeroIsNoRow) {
     EXPECT_EQ(pick(20, kCells, 0.11), 0);
 }
 
+TEST_F(GenShuffle, withItsSwitchEveryPickIsARow) {
+    state_.comfort.alwaysPicksRow = true;
+    EXPECT_EQ(pick(20, kCells, 0), 2);
+    EXPECT_EQ(pick(20, kCells, 0.11), 2);
+    EXPECT_EQ(pick(20, kCells, 0.12), 4);
+    EXPECT_EQ(pick(20, kCells, 0.999), 18); // the last of the nine cells
+    EXPECT_THAT(logged(), IsEmpty());
+}
+
 TEST_F(GenShuffle, aCellIsARowFromOneToTheCount) {
     EXPECT_EQ(pick(3, std::vector<double>(9, 0), 0.5), 1);
     EXPECT_EQ(pick(3, std::vector<double>(9, 0.999), 0.5), 3);

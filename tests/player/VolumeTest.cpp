@@ -24,6 +24,17 @@ TEST_F(Volume, theCurrentLegGetsTheVolumeWithACentredBalance) {
                                           "BASS_ChannelSetAttributes(12, -1, 0, 0)"));
 }
 
+TEST_F(Volume, withItsSwitchTheBalanceIsKept) {
+    state_.comfort.keepsBalance = true;
+    state_.CrossfadeLeg = 2;
+    volume_.Channel_Set_Volume(30);
+    state_.BalanceValue = 50;
+    state_.CrossfadeLeg = 1;
+    volume_.Channel_Set_Volume(0);
+    EXPECT_THAT(sound_.calls, ElementsAre("BASS_ChannelSetAttributes(11, -1, 30, -25)",
+                                          "BASS_ChannelSetAttributes(12, -1, 0, 50)"));
+}
+
 TEST_F(Volume, withoutALegNothingIsSet) {
     for (const std::int16_t leg : {std::int16_t{0}, std::int16_t{3}, std::int16_t{-1}}) {
         state_.CrossfadeLeg = leg;

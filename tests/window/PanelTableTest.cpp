@@ -141,6 +141,7 @@ TEST_P(PanelTable, showsWhatEachPanelShows) {
     player::PlayerState& state = rig_.state;
     state.CrossfadeOn = state.RepeatOn = state.ShuffleOn = state.SilenceSkipOn = modes();
     state.RipRunning = state.EqualizerOn = state.RadioMode = state.StreamRecording = modes();
+    state.StopAfterCurrent = modes();
     state.TimeDisplayMode = modes() ? 1 : 0;
     for (std::size_t panel = 0; panel < kPanels; ++panel) {
         SCOPED_TRACE(kMasks.at(panel));

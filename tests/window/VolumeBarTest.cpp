@@ -130,6 +130,19 @@ TEST_F(VolumeBar, partsOfANotchAddUp) {
     EXPECT_EQ(state_.CurrentVolume, 85);
 }
 
+TEST_F(VolumeBar, eachChangeIsToldToWhoStoresIt) {
+    std::vector<std::string> told;
+    settings_.reportChanged([&](std::string_view key) { told.emplace_back(key); });
+    volumeBar_.turn(0.5);
+    EXPECT_THAT(told, testing::IsEmpty());
+    volumeBar_.turn(0.5);
+    volumeBar_.volbar_MouseDown(3);
+    volumeBar_.volbar_MouseMove(4);
+    EXPECT_THAT(told, testing::ElementsAre("CVL", "CVL", "CVL"));
+    volume_.apply(); // a start of a track changes nothing
+    EXPECT_EQ(told.size(), 3U);
+}
+
 TEST_F(VolumeBar, wholeNotchesLeaveThePartThatIsOver) {
     volumeBar_.turn(1.75);
     EXPECT_EQ(state_.CurrentVolume, 85);

@@ -12,7 +12,7 @@ NextStep dueAt(DeviceStep step, KeeperTime due, KeeperTime now) noexcept {
 }
 
 NextStep whileClosed(const KeeperSituation& situation) noexcept {
-    const bool needed = situation.everOpened && situation.demand != Demand::idle;
+    const bool needed = situation.countedOn && situation.demand != Demand::idle;
     return {situation.openRequested || needed ? DeviceStep::open : DeviceStep::wait, {}};
 }
 

@@ -19,6 +19,7 @@ struct KeeperTimes {
     std::chrono::milliseconds pauseGrace{60};   ///< lets a fade-out be heard before a pause
     std::chrono::milliseconds idleClose{10000}; ///< from the last use to the closing
     std::chrono::milliseconds retry{2000};      ///< between attempts to reopen a lost device
+    std::chrono::milliseconds patience{1000};   ///< of the start and the end with the device
 };
 
 using KeeperTime = std::chrono::steady_clock::time_point;
@@ -28,7 +29,7 @@ enum class DeviceState { closed, running, paused, lost };
 struct KeeperSituation {
     DeviceState device = DeviceState::closed;
     bool restsWhenIdle = true; ///< as the device says
-    bool everOpened = false;
+    bool countedOn = false; ///< was opened once, or is no longer waited for: brought in by itself
     Demand demand = Demand::idle;
     KeeperTime demandSince;
     KeeperTime openedAt;  ///< the last success

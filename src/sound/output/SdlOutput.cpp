@@ -140,7 +140,7 @@ bool SdlOutput::stillClosing() const {
 }
 
 void SdlOutput::fill(void* gate, std::uint8_t* bytes, int count) {
-    static_cast<SourceGate*>(gate)->take(
+    static_cast<SourceGate*>(gate)->mix(
         {reinterpret_cast<float*>(bytes), static_cast<std::size_t>(count) / sizeof(float)});
 }
 

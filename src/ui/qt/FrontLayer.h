@@ -6,8 +6,8 @@
 #include "ui/qt/SkinScale.h"
 #include "ui/qt/WindowImage.h"
 
-#include <vector>
 #include <QWidget>
+#include <vector>
 
 namespace tovik::ui {
 

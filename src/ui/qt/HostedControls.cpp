@@ -48,7 +48,10 @@ void HostedControls::place(std::size_t slot, const SkinScale& scale) {
     }
     widget.setPalette(palette);
     showCaption(widget, element.caption);
-    widget.setAccessibleName(displayString(element.name));
+    // Each call tells screen readers of another name.
+    if (const QString name = displayString(element.name); widget.accessibleName() != name) {
+        widget.setAccessibleName(name);
+    }
     widget.setVisible(element.visible);
     cutOut(slot, widget, scale);
 }

@@ -28,8 +28,8 @@ public:
 
     void placeAll(const SkinScale& scale);
 
-    /// Something changed in `box`: visible elements that stand in front of a widget there and take
-    /// the mouse are cut out of it, so that the window's picture shows them and the mouse meets them.
+    /// Something changed in `box`: visible elements that take the mouse and stand in front of a
+    /// widget there are cut out of it, so that the window's picture and the mouse reach them.
     void makeWay(const Box& box, const SkinScale& scale);
 
     /// The element that a widget stands for.

@@ -170,11 +170,15 @@ QAccessibleInterface* ListAccess::child(int index) const {
     if (index < 0 || index >= childCount()) {
         return nullptr;
     }
+    if (!cells_.contains(index) && cells_.size() >= kCellsKept) {
+        forgetCells();
+    }
+    return cell(index);
+}
+
+QAccessibleInterface* ListAccess::cell(int index) const {
     if (const auto found = cells_.find(index); found != cells_.end()) {
         return QAccessible::accessibleInterface(found->second);
-    }
-    if (cells_.size() >= kCellsKept) {
-        forgetCells();
     }
     auto* const made = new CellAccess(list_, index / columnCount(), index % columnCount());
     cells_[index] = QAccessible::registerAccessibleInterface(made);
@@ -237,7 +241,8 @@ QList<QAccessibleInterface*> ListAccess::selectedCells() const {
     QList<QAccessibleInterface*> cells;
     for (const int row : selectedRows()) {
         for (int column = 0; column < columnCount(); ++column) {
-            cells << cellAt(row, column);
+            // None is dropped on the way: all of them are handed out together.
+            cells << cell(row * columnCount() + column);
         }
     }
     return cells;

@@ -67,6 +67,8 @@ public:
     void modelChange(QAccessibleTableModelChangeEvent* /*event*/) override {}
 
 private:
+    /// The cell of an index that there is, made if need be.
+    [[nodiscard]] QAccessibleInterface* cell(int index) const;
     void forgetCells() const;
 
     ListWidget& list_;

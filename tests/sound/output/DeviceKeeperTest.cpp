@@ -67,19 +67,24 @@ TEST(DeviceKeeper, WithoutADeviceEachFirstOpeningIsTriedAnewUntilOneSucceeds) {
     EXPECT_EQ(rig.observer.back, 0);
 }
 
-// Opens only when the test lets it.
+// Opens the first time only when the test lets it.
 class GatedOutput final : public SimulatedOutput {
 public:
     using SimulatedOutput::SimulatedOutput;
 
     bool open(MixSource& source) override {
-        reached.set_value();
-        gate.get_future().wait();
+        if (!std::exchange(passed_, true)) {
+            reached.set_value();
+            gate.get_future().wait();
+        }
         return SimulatedOutput::open(source);
     }
 
     std::promise<void> reached;
     std::promise<void> gate;
+
+private:
+    bool passed_ = false;
 };
 
 TEST(DeviceKeeper, AfterAWarmUpOnlyTheRestOfTheOpeningIsWaitedFor) {
@@ -92,6 +97,31 @@ TEST(DeviceKeeper, AfterAWarmUpOnlyTheRestOfTheOpeningIsWaitedFor) {
     EXPECT_TRUE(answer.get());
     rig.keeper.shutDown();
     EXPECT_THAT(rig.calls(), ElementsAre(opened, closed));
+}
+
+TEST(DeviceKeeper, ADeviceThatDoesNotAnswerIsNotWaitedForAndTakenWhenItDoes) {
+    KeeperRig<GatedOutput> rig(kHasty);
+    rig.keeper.warmUp(rig.source);
+    EXPECT_TRUE(rig.keeper.openNow(rig.source));
+    EXPECT_FALSE(rig.keeper.callbackRunning());
+    rig.keeper.want(Demand::running);
+    rig.device.gate.set_value();
+    EXPECT_TRUE(eventually([&] { return rig.keeper.callbackRunning(); }));
+    EXPECT_EQ(rig.device.advance(700), 700U);
+    EXPECT_THAT(rig.calls(), ElementsAre(opened));
+}
+
+TEST(DeviceKeeper, ADeviceThatAnswersNoTooLateIsTriedAgainByItself) {
+    KeeperRig<GatedOutput> rig(kHasty);
+    rig.device.refuseOpen(true);
+    EXPECT_TRUE(rig.keeper.openNow(rig.source));
+    rig.keeper.want(Demand::running);
+    rig.device.gate.set_value();
+    ASSERT_TRUE(rig.device.waitFor(refused, 3));
+    EXPECT_EQ(rig.observer.lost, 1);
+    rig.device.refuseOpen(false);
+    EXPECT_TRUE(eventually([&] { return rig.observer.back == 1; }));
+    EXPECT_TRUE(rig.keeper.callbackRunning());
 }
 
 TEST(DeviceKeeper, AFailedWarmUpIsTheAnswerOfTheNextOpeningOnly) {

@@ -14,7 +14,11 @@
 namespace tovik::sound {
 
 inline constexpr KeeperTimes kNever{std::chrono::hours(1), std::chrono::hours(1),
-                                    std::chrono::hours(1)};
+                                    std::chrono::hours(1), std::chrono::hours(1)};
+
+/// A keeper that waits for nothing long.
+inline constexpr KeeperTimes kHasty{.retry = std::chrono::milliseconds(1),
+                                    .patience = std::chrono::milliseconds(10)};
 
 /// Waits until `condition` holds; false after a limit that only a hang reaches.
 template <typename Condition>

@@ -15,7 +15,7 @@ const KeeperTimes kTimes{};
 KeeperSituation situationOf(DeviceState state, Demand demand) {
     KeeperSituation situation;
     situation.device = state;
-    situation.everOpened = true;
+    situation.countedOn = true;
     situation.demand = demand;
     situation.demandSince = kStart;
     situation.openedAt = kStart;

@@ -9,6 +9,8 @@
 
 #include <QApplication>
 
+#include <set>
+
 namespace tovik::ui {
 namespace {
 
@@ -35,12 +37,14 @@ public:
     void setValue(ElementAddress /*element*/, double value) override { lamp.range->value = value; }
 };
 
-class ThreeRows final : public ListModel, public ListInput {
+class Rows final : public ListModel, public ListInput {
 public:
+    std::size_t count = 3;
     std::size_t chosen = 1;
+    bool allSelected = false;
     std::optional<std::size_t> started;
 
-    [[nodiscard]] std::size_t rows() const override { return 3; }
+    [[nodiscard]] std::size_t rows() const override { return count; }
 
     [[nodiscard]] std::string text(std::size_t row) const override {
         return std::string(1, static_cast<char>('a' + row)) + "\xE8"; // Windows-1252
@@ -54,7 +58,9 @@ public:
 
     [[nodiscard]] std::optional<std::size_t> current() const override { return chosen; }
 
-    [[nodiscard]] bool selected(std::size_t row) const override { return row == chosen; }
+    [[nodiscard]] bool selected(std::size_t row) const override {
+        return allSelected || row == chosen;
+    }
 
     [[nodiscard]] bool marked(std::size_t /*row*/) const override { return false; }
 
@@ -68,7 +74,7 @@ protected:
     enum Child { kTitle, kUp, kLamp, kList };
 
     ReadableLogic logic;
-    ThreeRows rows;
+    Rows rows;
     ListWidget* list = new ListWidget(rows, rows, dispatcher);
 
     void SetUp() override {
@@ -218,6 +224,14 @@ TEST_F(WindowAccessTest, theRowUnderTheKeyboardHasTheFocus) {
     QTest::keyClick(list, Qt::Key_Down);
     EXPECT_EQ(name(*child(kList).focusChild()), "3. c\u00E8");
     EXPECT_EQ(QApplication::focusWidget(), list);
+}
+
+TEST_F(WindowAccessTest, allSelectedCellsOfALongListLiveTogether) {
+    rows.count = 1500;
+    rows.allSelected = true;
+    const QList<QAccessibleInterface*> cells = child(kList).tableInterface()->selectedCells();
+    EXPECT_EQ(cells.size(), 3000);
+    EXPECT_EQ(std::set(cells.begin(), cells.end()).size(), 3000U);
 }
 
 TEST_F(WindowAccessTest, whatAReaderHoldsOutlivesTheWindow) {

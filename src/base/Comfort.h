@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The switches that turn an odd behaviour into a kinder one. Interface thread.
+#pragma once
+
+namespace tovik::base {
+
+/// One switch for each row of docs/oddities.md that a user can feel, by the name of that row; on,
+/// the player does what its last column says. All are off at first. Whoever acts looks at the
+/// switch at that moment. A switch that no code looks at changes nothing yet.
+struct Comfort {
+    // Lists.
+    bool restartsEachTime = false;      ///< a second restart of a row
+    bool readsOnAfterStop = false;      ///< the stop flag of list reading
+    bool resetsTitles = false;          ///< titles carried over in M3U files
+    bool resolvesNames = false;         ///< relative names in M3U files
+    bool keepsListOfFileStart = false;  ///< a session that began with a file
+    bool writesFirstLength = false;     ///< the length of the first track
+    bool showsOneFormOfTime = false;    ///< the time column of a played row
+    bool goesOnFromSoundingRow = false; ///< the row chosen for Play
+    bool clearsLookAtStop = false;      ///< the played look behind Stop
+
+    // What follows, and how.
+    bool alwaysPicksRow = false;        ///< the pick that is no row
+    bool remembersPicks = false;        ///< shuffle without a memory
+    bool restartsOnlyTrack = false;     ///< Previous in a list of one
+    bool endsExactly = false;           ///< the end of a track
+    bool fadesIn = false;               ///< the full start of a crossfade
+    bool keepsTitleOfOldTrack = false;  ///< a crossfade that fails
+    bool tellsUnplayable = false;       ///< a file that no decoder takes
+    bool takesSilenceShareAsIs = false; ///< the share from which silence counts
+    bool countsUnbrokenSilence = false; ///< silence that adds up
+    bool readsThreshold = false;        ///< the threshold after a restart
+
+    // Volume, balance, equalizer.
+    bool keepsBalance = false;        ///< the centred balance
+    bool tellsBalanceOfStart = false; ///< the balance told at the start
+    bool switchesOffFlat = false;     ///< the switched-off equalizer
+    bool staysOffForTracks = false;   ///< a new track while the equalizer is off
+    bool staysOffForSliders = false;  ///< a slider while the equalizer is off
+    bool countsOneDecibel = false;    ///< two scales of decibels
+    bool keepsFractions = false;      ///< fractions of stored gains
+    bool limitsGains = false;         ///< gains beyond the slider
+    bool bendsBothTracks = false;     ///< the old track during a crossfade
+
+    // Settings, words, files.
+    bool startsWithoutSetting = false; ///< a start without a setting
+    bool keepsAnyBytes = false;        ///< a setting that no document can hold
+    bool writesOnlyChanges = false;    ///< the settings file is written by each read
+    bool obeysEarlySwitches = false;   ///< a path with "/" on the command text
+    bool looksForTagFirst = false;     ///< removing a tag from a file without one
+    bool keepsMissingWords = false;    ///< what a language file leaves out
+
+    // What the window shows.
+    bool titlesFileStart = false;         ///< the caption of a start with a file
+    bool hidesLampsOverList = false;      ///< indicators over the playlist
+    bool pressesTabAtOnce = false;        ///< no tab down after the preferences
+    bool hidesStationsAtOnce = false;     ///< stations over another panel
+    bool completesSkin = false;           ///< a skin folder with a stray file
+    bool tellsForeignSkin = false;        ///< a file that is no skin package
+    bool startsWithoutPicture = false;    ///< a picture that is missing
+    bool leavesUnknownSignsBlank = false; ///< signs that the display's glyphs leave out
+};
+
+} // namespace tovik::base

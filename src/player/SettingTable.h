@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Which element of the settings keeps which member of the player's state. Any thread.
+#pragma once
+
+#include "player/PlayerState.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace tovik::player {
+
+/// How the text of an element stands for a value.
+enum class SettingKind : std::uint8_t {
+    number,
+    flag,       ///< on for 1 alone; written as 1 and 0
+    panelFlag,  ///< on for 1 alone; written as 1 and 2
+    firstDigit, ///< the number of the first character; never written as a whole
+    text,
+};
+
+/// When the value is read.
+enum class ReadAt : std::uint8_t {
+    group,     ///< in the one pass of the start
+    groupStep, ///< there, and once more by a step of its own
+    step,      ///< by a step of its own
+};
+
+/// When the value is written, beside being stored on demand.
+enum class SavedAt : std::uint8_t {
+    demand,
+    end,  ///< of the program
+    rest, ///< at the end, and when a value that changes in a drag or a turn has rested
+};
+
+/// Whose key it is.
+enum class KeyOf : std::uint8_t {
+    format, ///< the settings file must hold it: absent it is an error, and it is never made
+    player, ///< our own: absent it leaves the value as it is, and storing it makes it
+};
+
+using SettingMember =
+    std::variant<std::int16_t PlayerState::*, std::int32_t PlayerState::*, bool PlayerState::*,
+                 std::string PlayerState::*, bool base::Comfort::*>;
+
+struct SettingRow {
+    std::string_view key;
+    SettingKind kind;
+    SettingMember member;
+    ReadAt read = ReadAt::group;
+    SavedAt saved = SavedAt::demand;
+    KeyOf owner = KeyOf::format;
+};
+
+/// The rows of the group come first, in the order in which they are read.
+inline constexpr std::array kSettingTable{
+    SettingRow{"MI", SettingKind::number, &PlayerState::MultipleInstances},
+    SettingRow{"AP", SettingKind::flag, &PlayerState::ShowSplash},
+    SettingRow{"SHI", SettingKind::firstDigit, &PlayerState::ShowInTaskbar},
+    SettingRow{"CVL", SettingKind::number, &PlayerState::CurrentVolume, ReadAt::groupStep,
+               SavedAt::rest},
+    SettingRow{"CFD", SettingKind::flag, &PlayerState::CrossfadeOn, ReadAt::group, SavedAt::end},
+    SettingRow{"SLD", SettingKind::flag, &PlayerState::SilenceSkipOn, ReadAt::group, SavedAt::end},
+    SettingRow{"SHF", SettingKind::flag, &PlayerState::ShuffleOn, ReadAt::group, SavedAt::end},
+    SettingRow{"EQ", SettingKind::flag, &PlayerState::EqualizerOn, ReadAt::group, SavedAt::end},
+    SettingRow{"BLV", SettingKind::number, &PlayerState::BalanceValue, ReadAt::group, SavedAt::end},
+    SettingRow{"RPT", SettingKind::flag, &PlayerState::RepeatOn, ReadAt::group, SavedAt::end},
+    SettingRow{"CVP", SettingKind::number, &PlayerState::CurrentVisPlugin, ReadAt::group,
+               SavedAt::end},
+    SettingRow{"CLNG", SettingKind::text, &PlayerState::LanguageFile},
+    SettingRow{"ASOT", SettingKind::number, &PlayerState::AlwaysOnTop},
+    SettingRow{"AFS", SettingKind::number, &PlayerState::AssociateAtStart},
+    SettingRow{"CHKU", SettingKind::number, &PlayerState::CheckUpdates},
+    SettingRow{"PICKROW", SettingKind::flag, &base::Comfort::alwaysPicksRow, ReadAt::group,
+               SavedAt::demand, KeyOf::player},
+    SettingRow{"KEEPPAN", SettingKind::flag, &base::Comfort::keepsBalance, ReadAt::group,
+               SavedAt::demand, KeyOf::player},
+    SettingRow{"TMD", SettingKind::number, &PlayerState::TimeDisplayMode, ReadAt::step,
+               SavedAt::end},
+    SettingRow{"QPL", SettingKind::panelFlag, &PlayerState::QuickListOpen, ReadAt::step,
+               SavedAt::end},
+    SettingRow{"MSN", SettingKind::flag, &PlayerState::MessengerOn, ReadAt::step},
+    SettingRow{"X", SettingKind::number, &PlayerState::WindowLeft, ReadAt::step, SavedAt::end},
+    SettingRow{"Y", SettingKind::number, &PlayerState::WindowTop, ReadAt::step, SavedAt::end},
+};
+
+/// The place of a key in the table, found while compiling: a key without a row does not compile.
+struct SettingKey {
+    std::size_t row;
+
+    // NOLINTNEXTLINE(google-explicit-constructor): a key is written as its text
+    consteval SettingKey(const char* key) : row(0) {
+        while (kSettingTable.at(row).key != key) {
+            ++row;
+        }
+    }
+};
+
+} // namespace tovik::player
