@@ -28,9 +28,18 @@ Channel::Channel(FormatFamily family, std::uint32_t flags, std::unique_ptr<Decod
 }
 
 Feed& Channel::beginFeed(std::int64_t frame) {
-    feeds_.push_back(source_->beginFeed(frame));
+    return keep(source_->beginFeed(frame));
+}
+
+Feed& Channel::askForFeed(std::int64_t frame) {
+    return keep(source_->askForFeed(frame));
+}
+
+Feed& Channel::keep(std::shared_ptr<Feed> feed) {
+    feeds_.push_back(std::move(feed));
     current_ = feeds_.back().get();
     heardFrames_ = 0;
+    feedUsed = started;
     return *current_;
 }
 

@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace tovik::sound {
@@ -33,8 +34,8 @@ public:
 
     [[nodiscard]] const std::shared_ptr<Source>& source() const noexcept { return source_; }
 
-    /// For a channel that was freed and only fades out: nothing is decoded any more.
-    void closeSource() { source_.reset(); }
+    /// For a channel that was freed and only fades out: it has no source any more.
+    [[nodiscard]] std::shared_ptr<Source> giveAwaySource() { return std::move(source_); }
 
     /// Null for a decoding channel.
     [[nodiscard]] Voice* voice() const noexcept { return voice_.get(); }
@@ -42,6 +43,14 @@ public:
     /// Begins a new feed at `frame`, keeps it until it is given back, and makes it the one that
     /// positions are read from.
     [[nodiscard]] Feed& beginFeed(std::int64_t frame);
+
+    /// The same with a feed that the source has still to begin. Waits for nothing.
+    [[nodiscard]] Feed& askForFeed(std::int64_t frame);
+
+    /// It stands at `frame`, and nothing was heard from there yet.
+    [[nodiscard]] bool isReadyAt(std::int64_t frame) const noexcept {
+        return !feedUsed && current_->anchorFrame() == frame;
+    }
 
     /// The mixer does not use `feed` any more. False when it is none of this channel's.
     bool dropFeed(const Feed* feed);
@@ -59,6 +68,8 @@ public:
     [[nodiscard]] bool ended(std::int64_t heardClock) const noexcept;
 
     bool started = false; ///< told to play and not stopped since
+
+    bool feedUsed = false; ///< told to play since the current feed began
 
     /// Volume or pan as last set, in percent.
     struct Attribute {
@@ -78,6 +89,7 @@ public:
     std::size_t effectCount = 0;
 
 private:
+    Feed& keep(std::shared_ptr<Feed> feed);
     [[nodiscard]] std::int64_t wrapped(std::int64_t frame) const noexcept;
     [[nodiscard]] std::int64_t heardOfFeed(std::int64_t heardClock) const noexcept;
 

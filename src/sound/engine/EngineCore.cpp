@@ -106,6 +106,7 @@ Handle EngineCore::add(std::unique_ptr<Channel> channel) {
 
 void EngineCore::start(Channel& channel) {
     channel.started = true;
+    channel.feedUsed = true;
     post(command::StartVoice{channel.voice()});
     updateDemand();
 }
@@ -125,9 +126,13 @@ void EngineCore::seek(Channel& channel, std::int64_t frame) {
         channel.source()->seek(frame);
         return;
     }
-    Feed& feed = channel.beginFeed(frame);
-    post(command::SwitchFeed{channel.voice(), &feed});
+    if (channel.isReadyAt(frame)) {
+        return;
+    }
+    const bool offline = feeder_.mode() == FeederMode::inCaller;
+    Feed& feed = offline ? channel.beginFeed(frame) : channel.askForFeed(frame);
     feeder_.wake();
+    post(command::SwitchFeed{channel.voice(), &feed});
 }
 
 void EngineCore::kill(Handle handle) {
@@ -138,12 +143,10 @@ void EngineCore::kill(Handle handle) {
 }
 
 void EngineCore::bury(std::unique_ptr<Channel> channel) {
-    feeder_.remove(channel->source());
+    feeder_.retire(channel->giveAwaySource());
     if (channel->isDecoding()) {
         return;
     }
-    channel->source()->prepareFade();
-    channel->closeSource();
     Voice* voice = channel->voice();
     dying_.push_back(std::move(channel));
     post(command::RemoveVoice{voice});

@@ -53,9 +53,20 @@ void Feeder::add(std::shared_ptr<Source> source) {
     wakeUp_.notify_one();
 }
 
-void Feeder::remove(const std::shared_ptr<Source>& source) {
-    const std::scoped_lock lock(mutex_);
-    std::erase(sources_, source);
+void Feeder::retire(std::shared_ptr<Source> source) {
+    if (mode_ == FeederMode::inCaller) {
+        source->prepareFade();
+        const std::scoped_lock lock(mutex_);
+        std::erase(sources_, source);
+        return;
+    }
+    {
+        const std::scoped_lock lock(mutex_);
+        std::erase(sources_, source);
+        retired_.push_back(std::move(source));
+        changed_ = true;
+    }
+    wakeUp_.notify_one();
 }
 
 void Feeder::wake() {
@@ -128,7 +139,10 @@ void Feeder::run() {
     while (!ending_) {
         changed_ = false;
         Sources sources = sources_;
+        Sources retired = std::exchange(retired_, {});
         lock.unlock();
+        std::ranges::for_each(retired, [](const auto& source) { source->prepareFade(); });
+        retired.clear();
         const bool filled = fillOnce(sources);
         if (filled && filled_) {
             filled_();

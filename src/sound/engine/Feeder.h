@@ -36,7 +36,10 @@ public:
     // Interface thread ----------------------------------------------------------------------
 
     void add(std::shared_ptr<Source> source);
-    void remove(const std::shared_ptr<Source>& source);
+
+    /// Nobody will use `source` again: what its feed needs to fade out is seen to, then the source
+    /// goes. With a thread of its own that is where it happens.
+    void retire(std::shared_ptr<Source> source);
 
     /// Ends the thread; nothing is filled or called any more.
     void stop();
@@ -66,6 +69,7 @@ private:
     std::mutex mutex_; ///< guards the members below
     std::condition_variable wakeUp_;
     Sources sources_;
+    Sources retired_;
     bool running_ = true;
     bool changed_ = false;
     bool ending_ = false;

@@ -75,12 +75,33 @@ std::int64_t Source::goTo(std::int64_t frame) {
     return stands;
 }
 
+std::shared_ptr<Feed> Source::askForFeed(std::int64_t frame) {
+    const std::scoped_lock lock(askMutex_);
+    asked_ = std::make_shared<Feed>(frame, sizesFor(remix_).capacity, ++feeds_);
+    return asked_;
+}
+
 std::shared_ptr<Feed> Source::beginFeed(std::int64_t frame) {
+    std::shared_ptr<Feed> feed = askForFeed(frame);
     const std::scoped_lock lock(mutex_);
+    beginAsked();
+    return feed;
+}
+
+bool Source::beginAsked() {
+    std::shared_ptr<Feed> asked;
+    {
+        const std::scoped_lock lock(askMutex_);
+        asked = std::exchange(asked_, nullptr);
+    }
+    if (asked == nullptr) {
+        return false;
+    }
     decodeTo(kFadeFrames);
-    feed_ = std::make_shared<Feed>(goTo(frame), sizesFor(remix_).capacity, ++feeds_);
+    asked->moveAnchor(goTo(asked->anchorFrame()));
+    feed_ = std::move(asked);
     decodeTo(sizesFor(remix_).first);
-    return feed_;
+    return true;
 }
 
 void Source::prepareFade() {
@@ -134,6 +155,9 @@ std::size_t Source::roomForSlice() const noexcept {
 
 bool Source::fillSlice() {
     const std::scoped_lock lock(mutex_);
+    if (beginAsked()) {
+        return true;
+    }
     if (feed_ == nullptr || feed_->isComplete() || feed_->writableFrames() < roomForSlice()) {
         return false;
     }

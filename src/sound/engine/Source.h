@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The decoding side of a channel: decoder, resampler and the feed being filled. Every member may be
-// called on any thread; a lock keeps the decoder to one at a time. It is held for one slice of
-// decoding at most and never while anything else is waited for.
+// called on any thread; a lock keeps the decoder to one at a time. It is held while the decoder
+// reads, as long as the disk wants: a thread that must not wait calls only what is said to return
+// at once.
 #pragma once
 
 #include "sound/decode/Decoder.h"
@@ -44,17 +45,22 @@ public:
         return estimate_.load(std::memory_order_acquire);
     }
 
-    /// Looks for the exact length for about `slice`.
+    /// Looks for the exact length for about `slice`. Waits for the disk.
     void scan(std::chrono::milliseconds slice);
 
-    /// Goes to `frame` and begins a new feed there, with a first slice of samples in it. The feed
-    /// before gets what it needs to fade out, and nothing more.
+    /// A new feed for what lies at `frame`. Whoever fills the feeds goes there next; what was asked
+    /// before and not begun yet stays empty. Returns at once.
+    [[nodiscard]] std::shared_ptr<Feed> askForFeed(std::int64_t frame);
+
+    /// The same, gone to by the caller: it has a first slice of samples. The feed before gets what
+    /// it needs to fade out, and nothing more.
     [[nodiscard]] std::shared_ptr<Feed> beginFeed(std::int64_t frame);
 
     /// The current feed will be left: sees to it that it can fade out.
     void prepareFade();
 
-    /// Decodes one slice into the current feed; false when that is full or complete.
+    /// Begins the feed that was asked for, else decodes one slice into the current one; false when
+    /// that is full or complete.
     bool fillSlice();
 
     /// Decodes until the current feed holds `frames` frames of the mix (half its capacity at most)
@@ -83,6 +89,7 @@ private:
     void decodeTo(std::size_t frames);
     [[nodiscard]] std::size_t roomForSlice() const noexcept;
     void finishFeed();
+    bool beginAsked();
     std::int64_t goTo(std::int64_t frame);
 
     const int rate_;
@@ -96,12 +103,15 @@ private:
     std::atomic<std::int64_t> length_;
     std::atomic<bool> estimate_;
 
+    std::mutex askMutex_;         ///< guards the next two; never held while anything is done
+    std::shared_ptr<Feed> asked_; ///< not begun yet
+    std::uint32_t feeds_ = 0;     ///< asked for so far
+
     mutable std::mutex mutex_; ///< guards all below but the atomics
     std::unique_ptr<Decoder> decoder_;
     std::vector<float> decoded_; ///< one slice
     MixConverter converter_;
     std::shared_ptr<Feed> feed_;
-    std::uint32_t feeds_ = 0;                ///< begun so far
     std::atomic<std::int64_t> position_ = 0; ///< of the decoder
     std::atomic<bool> end_ = false;          ///< the decoder has met the end
 };

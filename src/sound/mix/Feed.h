@@ -22,7 +22,10 @@ public:
     Feed(std::int64_t anchorFrame, std::size_t capacity, std::uint32_t number = 0)
         : ring_(capacity), anchor_(anchorFrame), number_(number) {}
 
-    [[nodiscard]] std::int64_t anchorFrame() const noexcept { return anchor_; }
+    /// Any thread.
+    [[nodiscard]] std::int64_t anchorFrame() const noexcept {
+        return anchor_.load(std::memory_order_acquire);
+    }
 
     [[nodiscard]] std::uint32_t number() const noexcept { return number_; }
 
@@ -37,6 +40,11 @@ public:
     }
 
     // Decoding side -------------------------------------------------------------------------
+
+    /// Before the first sample is written: it is of another place than was thought.
+    void moveAnchor(std::int64_t frame) noexcept {
+        anchor_.store(frame, std::memory_order_release);
+    }
 
     [[nodiscard]] std::size_t writableFrames() const noexcept { return ring_.writableFrames(); }
 
@@ -69,7 +77,7 @@ public:
 
 private:
     FrameRing ring_;
-    std::int64_t anchor_;
+    std::atomic<std::int64_t> anchor_;
     std::uint32_t number_;
     std::atomic<bool> complete_ = false;
     std::atomic<std::size_t> reached_ = 0; ///< where the mixer reads next

@@ -69,6 +69,7 @@ void Voice::switchFeed(Feed& feed, bool audible) noexcept {
         return;
     }
     at_.line.jump();
+    at_.lastFrame = {};
     if (at_.state == State::playing) {
         fadeIn();
     }
@@ -110,6 +111,7 @@ void Voice::finishFade() noexcept {
     } else if (at_.state == State::stopping) {
         at_.state = State::idle;
         at_.line.jump();
+        at_.lastFrame = {}; // a feed that is still empty has nothing to hold
         at_.bands.reset();
         at_.level = 0;
     }

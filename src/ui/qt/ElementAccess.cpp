@@ -69,7 +69,7 @@ QString ElementAccess::value() const {
     const bool reads =
         role == ElementRole::Field || role == ElementRole::Slider ||
         (role == ElementRole::Button && isValid() && focus_.places().at(place_).parts > 1);
-    return reads ? displayString(facts().text) : QString();
+    return reads ? displayString(facts().text).trimmed() : QString();
 }
 
 QString ElementAccess::text(QAccessible::Text kind) const {
@@ -106,7 +106,9 @@ QAccessible::State ElementAccess::state() const {
     }
     const ElementRole role = elementRole();
     const ElementFacts known = facts();
-    state.invisible = !window_.isVisible() || !focus_.places().shown(place_);
+    // A label that says nothing now, such as the note of a stop, is not there.
+    const bool says = role != ElementRole::Label || !text(QAccessible::Name).isEmpty();
+    state.invisible = !window_.isVisible() || !focus_.places().shown(place_) || !says;
     if (isStop(role)) {
         state.disabled = !known.enabled || !focus_.places().enabled(place_);
         state.focusable = !state.disabled;

@@ -40,6 +40,7 @@ protected:
             render(512);
         }
         EXPECT_TRUE(stalled());
+        EXPECT_TRUE(eventually([&] { return file_.waiting > 0; }));
     }
 
     [[nodiscard]] bool stalled() {
@@ -91,15 +92,71 @@ TEST_F(Starvation, ASecondChannelGoesOn) {
 
 TEST_F(Starvation, AChannelMayBeStoppedMeanwhile) {
     starve();
-    // What needs the decoder waits for it; what only asks does not.
     EXPECT_GT(rig_.streams.BASS_StreamGetLength(channel_), 0);
     ASSERT_TRUE(rig_.channels.BASS_ChannelSetAttributes(channel_, -1, 20, 0));
     ASSERT_TRUE(rig_.outputs.BASS_Pause());
     render(1024);
     ASSERT_TRUE(rig_.outputs.BASS_Start());
-    release();
+    // The read goes on until the end of the test: whoever waits for it hangs here.
     ASSERT_TRUE(rig_.channels.BASS_ChannelStop(channel_));
     EXPECT_EQ(rig_.channels.BASS_ChannelGetPosition(channel_), 0);
+    ASSERT_TRUE(rig_.streams.BASS_StreamPlay(channel_, true, 0));
+    ASSERT_TRUE(rig_.streams.BASS_StreamFree(channel_));
+    EXPECT_EQ(rig_.channels.BASS_ChannelIsActive(channel_), Activity::stopped);
+    EXPECT_GT(file_.waiting, 0);
+    ASSERT_TRUE(rig_.outputs.BASS_Free());
+    ASSERT_TRUE(rig_.outputs.BASS_Init(1, 44100, 0, 0, 0));
+}
+
+TEST_F(Starvation, ASeekGoesThereOnceTheDiskIsBack) {
+    starve();
+    const std::int64_t there = 50 * 44100 * 4;
+    ASSERT_TRUE(rig_.channels.BASS_ChannelSetPosition(channel_, 0));
+    ASSERT_TRUE(rig_.channels.BASS_ChannelSetPosition(channel_, there));
+    EXPECT_EQ(rig_.channels.BASS_ChannelGetPosition(channel_), there);
+    render(2048);
+    EXPECT_EQ(rig_.channels.BASS_ChannelIsActive(channel_), Activity::stalled);
+    EXPECT_EQ(rig_.channels.BASS_ChannelGetPosition(channel_), there) << "it stands";
+    EXPECT_GT(file_.waiting, 0);
+    release();
+    ASSERT_TRUE(eventually([&] {
+        render(512);
+        return !stalled();
+    }));
+    render(1024);
+    EXPECT_EQ(mix_.back(), kSample);
+    EXPECT_LE(test::largestStep(mix_, {kSample, kSample}), kRampStep);
+    EXPECT_GT(rig_.channels.BASS_ChannelGetPosition(channel_), there);
+}
+
+TEST_F(Starvation, AStartFromWhereNothingWasReadYetIsNoClick) {
+    starve();
+    release();
+    ASSERT_TRUE(eventually([&] {
+        render(512);
+        return !stalled();
+    }));
+    render(1024);
+    file_.blocked = true;
+    ASSERT_TRUE(eventually([&] {
+        render(64); // every millisecond, so that enough lies ahead when the feeder reads
+        return file_.waiting > 0;
+    }));
+    ASSERT_EQ(mix_.back(), kSample);
+    ASSERT_TRUE(rig_.channels.BASS_ChannelStop(channel_));
+    render(1024);
+    ASSERT_TRUE(rig_.streams.BASS_StreamPlay(channel_, false, 0));
+    mix_.clear();
+    render(1024);
+    EXPECT_TRUE(test::silent(mix_));
+    release();
+    ASSERT_TRUE(eventually([&] {
+        render(512);
+        return !stalled();
+    }));
+    render(1024);
+    EXPECT_EQ(mix_.back(), kSample);
+    EXPECT_LE(test::largestStep(mix_, {0.0F, 0.0F}), kRampStep);
 }
 
 } // namespace tovik::sound

@@ -21,7 +21,7 @@ public:
     std::vector<std::size_t> activated;
     ElementFacts up;
     ElementFacts lamp{.text = "Volume 30%", .range = ElementRange{.value = 30, .most = 100}};
-    ElementFacts title{.text = "What plays"};
+    ElementFacts title{.text = " What plays "}; // as the caption goes round
 
     [[nodiscard]] ElementFacts factsOf(ElementAddress element) const override {
         const auto name = element.as<Small>();
@@ -178,6 +178,15 @@ TEST_F(WindowAccessTest, aFieldCanBeRead) {
     EXPECT_EQ(text->text(5, 10), QStringLiteral("plays"));
     EXPECT_EQ(child(kTitle).text(QAccessible::Value), QStringLiteral("What plays"));
     EXPECT_FALSE(child(kTitle).state().focusable);
+}
+
+TEST_F(WindowAccessTest, aLabelThatSaysNothingIsNotThere) {
+    window.setAccess({{.element = addressOf(Small::title), .role = ElementRole::Label}}, logic, {});
+    table.touch(Small::title).name = "Stops after this track";
+    EXPECT_FALSE(child(0).state().invisible);
+    table.touch(Small::title).name = "";
+    table.touch(Small::title).caption = "";
+    EXPECT_TRUE(child(0).state().invisible);
 }
 
 TEST_F(WindowAccessTest, theFocusIsToldAndCanBeGiven) {
