@@ -68,9 +68,10 @@ public:
     [[nodiscard]] std::int32_t NodeCount(const std::string& path) const;
 
     /// Replaces a file by the document, whole or not at all; the bytes are flushed to the disk if
-    /// the document was changed since it was read or saved, unless `most` is No. Raises what fails: 70 for a file or
-    /// folder that may not be written, 61 for a full disk, and so on, with the path in the
-    /// description. A document that could not be read has nothing to save: no file is touched.
+    /// the document was changed since it was read or saved, unless `most` is No. Raises what fails:
+    /// 70 for a file or folder that may not be written, 61 for a full disk, and so on, with the
+    /// path in the description. A document that could not be read has nothing to save: no file is
+    /// touched.
     void Save(const std::string& path, base::Flush most = base::Flush::Yes);
 
     /// Any failure is swallowed.

@@ -29,10 +29,11 @@ namespace tovik::host {
 
 /// Fills a data folder that is missing or empty: copies what is shipped and leaves "firstrun.ini"
 /// with the language of the locale. A fill that was broken off is taken up again. A data folder
-/// with settings gets every shipped file of "Languages" and "skins" that it lacks; one that lost them
-/// but still has "db" and "Languages" gets the shipped ones and begins as at the first start. A
-/// folder with anything else in it is left alone. One process at a time may do it (`FolderLock`). `shipped` may
-/// be empty: then only the folder for settings is made. Answers with the first failure.
+/// with settings gets every shipped file of "Languages" and "skins" that it lacks; one that lost
+/// them but still has "db" and "Languages" gets the shipped ones and begins as at the first start.
+/// A folder with anything else in it is left alone. One process at a time may do it (`FolderLock`).
+/// `shipped` may be empty: then only the folder for settings is made. Answers with the first
+/// failure.
 [[nodiscard]] std::error_code fillDataFolder(const std::string& dataFolder,
                                              const std::string& shipped, const std::string& locale);
 

@@ -14,7 +14,7 @@ namespace {
 constexpr std::int32_t kSizeBits = 0x7FFFFFFF;
 constexpr std::int32_t kFullScale = std::bit_cast<std::int32_t>(1.0F);
 constexpr double kReleaseFrames = 6615.0; ///< 150 ms
-constexpr float kNoReduction = 1e-4F; ///< less is none
+constexpr float kNoReduction = 1e-4F;     ///< less is none
 const float kRelease = static_cast<float>(std::exp(-1.0 / kReleaseFrames));
 
 /// Also false when a sample is no number: its pattern is larger than that of any number.

@@ -84,11 +84,11 @@ struct LookAt {
 
 } // namespace command
 
-using Command = std::variant<command::AddVoice, command::RemoveVoice, command::StartVoice,
-                             command::StopVoice, command::SwitchFeed, command::SetVolume,
-                             command::SetPan, command::SetBand, command::SetMaster,
-                             command::PauseOutput, command::ResumeOutput, command::SetCapture,
-                             command::LookAt>;
+using Command =
+    std::variant<command::AddVoice, command::RemoveVoice, command::StartVoice, command::StopVoice,
+                 command::SwitchFeed, command::SetVolume, command::SetPan, command::SetBand,
+                 command::SetMaster, command::PauseOutput, command::ResumeOutput,
+                 command::SetCapture, command::LookAt>;
 
 static_assert(std::is_trivially_copyable_v<Command>);
 
