@@ -12,6 +12,7 @@
 namespace {
 
 using namespace tovik::ui;
+using namespace tovik::window;
 
 /// The main window with pictures of one colour for everything that is shown, and strips.
 struct Window {
