@@ -73,7 +73,7 @@ constexpr auto kLayout = std::to_array<Place>({
      .textHeight = 9,
      .caption = "Stop after current",
      .textColour = kWhite},
-    drawn(N::notice_img, {127, 140, 150, 8}, "", kWhite, 9),
+    drawn(N::notice_img, {127, 138, 150, 10}, "", kWhite, 9),
     digit(0, 20, "-", false),
     digit(1, 32, "0", true),
     digit(2, 46.4, "0", true),
