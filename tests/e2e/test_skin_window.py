@@ -246,7 +246,7 @@ class SkinWindow(ProgramTest):
 
     def test_the_ground_moves_the_window(self):
         self.start()
-        before = self.place()
+        before = self.steady_place()
         self.mouse(*GROUND, "mousedown", "1")
         for _ in range(6):
             self.tool("xdotool", "mousemove_relative", "--sync", "20", "10")

@@ -18,8 +18,9 @@ namespace tovik::ui {
 
 namespace {
 
-constexpr double kWheelNotch = 120; ///< what the window system reports for one notch
-constexpr double kHair = 1e-3;      ///< by which a scale may miss a whole number and count as one
+constexpr double kWheelNotch = 120;   ///< what the window system reports for one notch
+constexpr double kPlaceTolerance = 3; ///< pixels; a fractional scale rounds
+constexpr double kHair = 1e-3;        ///< by which a scale may miss a whole number and count as one
 
 /// Asks the window to look at the records that were written.
 QEvent::Type changesEvent() {
@@ -171,7 +172,7 @@ void SkinWindow::beginDrag() {
         return;
     }
     dragging_ = true;
-    if (windowHandle() == nullptr || !windowHandle()->startSystemMove()) {
+    if (!placeIsKnown_ || windowHandle() == nullptr || !windowHandle()->startSystemMove()) {
         draggedBy_ = pressedAt_;
     }
 }
@@ -195,6 +196,10 @@ void SkinWindow::press(QMouseEvent& event, bool twice) {
         dragging_ = false;
     }
     pressedAt_ = event.position().toPoint();
+    // A window manager may move the window before it tells: a system move would then begin at the
+    // wrong place, and the window would jump.
+    const QPointF origin = event.globalPosition() - event.position() - mapToGlobal(QPointF());
+    placeIsKnown_ = origin.manhattanLength() < kPlaceTolerance;
     if (const auto slot = elements_.topmostAt(pointer.x, pointer.y); slot && focus_) {
         focus_->pressed(*slot);
     }

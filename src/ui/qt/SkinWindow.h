@@ -113,6 +113,7 @@ private:
     SkinScale scale_;
     WindowImage image_;
     std::optional<Region> region_;
+    bool placeIsKnown_ = true;        ///< the last press came from where Qt takes the window to be
     bool dragging_ = false;           ///< a drag was begun since the press
     const QWindow* titled_ = nullptr; ///< which got its title through the widget
     QPoint pressedAt_;                ///< where the pointer last went down, seen from the window
