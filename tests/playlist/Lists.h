@@ -26,6 +26,20 @@ inline std::vector<std::string> titlesOf(const stdSS& list) {
     return titles;
 }
 
+/// Each row as "data|file name|title|time text|seconds".
+inline std::vector<std::string> rowsOf(const stdSS& list) {
+    std::vector<std::string> rows;
+    for (Row row = 1; row <= list.ListCount(); ++row) {
+        std::string& line = rows.emplace_back();
+        for (const RowText which :
+             {RowText::ItemData, RowText::FileName, RowText::Title, RowText::TimeText}) {
+            line += std::string(list.text(row, which)) + "|";
+        }
+        line += std::to_string(list.seconds(row));
+    }
+    return rows;
+}
+
 /// The numbers of all marked rows.
 inline std::vector<Row> markedRows(const stdSS& list) {
     std::vector<Row> rows;

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "playlist/AddMedia.h"
+
+#include "config/ErrHandler.h"
+#include "playlist/ListMirror.h"
+#include "playlist/Lists.h"
+#include "support/host/RecordingDialogs.h"
+#include "support/host/TestHost.h"
+
+#include <gmock/gmock.h>
+
+namespace tovik::playlist {
+namespace {
+
+using namespace std::string_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class AddMediaTest : public testing::Test {
+protected:
+    [[nodiscard]] std::vector<std::string> chosen(std::string_view text) {
+        std::vector<std::string> paths;
+        splitChosen(text, [&paths](const std::string& path) { paths.push_back(path); });
+        return paths;
+    }
+
+    test::TestHost host;
+    config::ErrHandler log{host.paths, host.clock, host.operatingSystem};
+    config::Errors errors{log, host.dialogs};
+    stdSS list;
+    ListMirror List1{list};
+    std::string title = "Add files";
+    AddMedia media{list, host.dialogs, errors, [this] { return title; }};
+};
+
+TEST_F(AddMediaTest, theDialogsAnswerIsTakenApart) {
+    EXPECT_THAT(chosen(""), IsEmpty());
+    EXPECT_THAT(chosen("/m/a.mp3\0\0"s), ElementsAre("/m/a.mp3"));
+    EXPECT_THAT(chosen("/m\0b.mp3\0a.mp3\0\0"s), ElementsAre("/m/b.mp3", "/m/a.mp3"));
+    EXPECT_THAT(chosen("/\0b.mp3\0a.mp3\0\0"s), ElementsAre("/b.mp3", "/a.mp3"));
+    EXPECT_THAT(chosen("/m\0\0a\0\0\0"s), ElementsAre("/m/a"));
+}
+
+TEST_F(AddMediaTest, aFolderEndsInOneSeparator) {
+    EXPECT_EQ(RPP("/m"), "/m/");
+    EXPECT_EQ(RPP("/m/"), "/m/");
+    EXPECT_EQ(RPP("/"), "/");
+}
+
+TEST_F(AddMediaTest, chosenFilesBecomeRows) {
+    host.dialogs.filesToOpen.push_back({"/m/b.mp3", "/m/no music.txt", "/m/\xFF.ogg"});
+    media.Add_file();
+    EXPECT_THAT(rowsOf(list),
+                ElementsAre("|/m/b.mp3|b.mp3|00:00|0", "|/m/no music.txt|no music.txt|00:00|0",
+                            "|/m/\xFF.ogg|\xFF.ogg|00:00|0"));
+    EXPECT_EQ(List1.List(1), "no music.txt");
+    host.dialogs.filesToOpen.push_back({"/m/c.mp3"});
+    media.Add_file();
+    EXPECT_EQ(list.ListCount(), 4);
+    EXPECT_EQ(list.SelectedIndex, 0);
+}
+
+TEST_F(AddMediaTest, theDialogAsksForMusic) {
+    media.Add_file();
+    ASSERT_EQ(host.dialogs.openDialogs.size(), 1U);
+    const host::FileDialog& dialog = host.dialogs.openDialogs.front();
+    EXPECT_EQ(dialog.title, "Add files");
+    EXPECT_TRUE(dialog.manyFiles);
+    EXPECT_EQ(dialog.fileName, "");
+    ASSERT_EQ(dialog.filters.size(), 1U);
+    EXPECT_EQ(
+        dialog.filters[0].name,
+        "Audio files (*.mo3;*.xm;*.mod;*.s3m;*.it;*.mtm;*.umx;*.mp3;*.ogg;*.wav;*.flac;*.fla)");
+    EXPECT_THAT(dialog.filters[0].patterns,
+                ElementsAre("*.mo3", "*.xm", "*.mod", "*.s3m", "*.it", "*.mtm", "*.umx", "*.mp?",
+                            "*.ogg", "*.wav", "*.wma", "*.flac", "*.fla"));
+    EXPECT_EQ(list.ListCount(), 0); // cancelled
+}
+
+TEST_F(AddMediaTest, theTitleFollowsTheLanguage) {
+    title = "Dodaj datoteke";
+    media.Add_file();
+    EXPECT_EQ(host.dialogs.openDialogs.front().title, "Dodaj datoteke");
+}
+
+TEST_F(AddMediaTest, droppedMusicBecomesRows) {
+    media.Stdss_OleDragDrop(std::vector<std::string>{"/m/A.MP3", "/m/folder", "/m/x.txt",
+                                                     "/m/a.flac", "/m/list.m3u", "/m/noext"});
+    EXPECT_THAT(rowsOf(list), ElementsAre("|/m/A.MP3|A.MP3|00:00|0", "|/m/a.flac|a.flac|00:00|0",
+                                          "|/m/list.m3u|list.m3u|00:00|0"));
+    EXPECT_EQ(List1.ListCount(), 3);
+}
+
+TEST_F(AddMediaTest, aFailedDropIsToldUnderItsName) {
+    class Failing final : public ListEvents {
+        void TotalTimeChanged(std::int32_t /*TotalSeconds*/) override {
+            throw base::RuntimeError(base::ErrorNumber::Overflow);
+        }
+    } failing;
+
+    list.setEvents(&failing);
+    media.Stdss_OleDragDrop(std::vector<std::string>{"/a.mp3", "/b.mp3"});
+    list.setEvents(nullptr);
+    ASSERT_EQ(host.dialogs.boxes.size(), 1U);
+    EXPECT_EQ(host.dialogs.boxes.front().title, " in sub Stdss_OleDragDrop");
+}
+
+} // namespace
+} // namespace tovik::playlist
