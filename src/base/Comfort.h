@@ -17,6 +17,7 @@ struct Comfort {
     bool writesFirstLength = false;     ///< the length of the first track
     bool showsOneFormOfTime = false;    ///< the time column of a played row
     bool goesOnFromSoundingRow = false; ///< the row chosen for Play
+    bool keepsLookOnEntry = false;      ///< the played look when rows make room
     bool clearsLookAtStop = false;      ///< the played look behind Stop
 
     // What follows, and how.

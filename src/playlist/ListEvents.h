@@ -41,6 +41,9 @@ public:
     /// These rows (their old numbers, ascending) are gone; those behind moved up.
     virtual void rowsRemoved(std::span<const Row> /*rows*/) {}
 
+    /// A row was taken out and put in at another place; the numbers from one to the other changed.
+    virtual void rowMoved(Row /*from*/, Row /*to*/) {}
+
     /// Every row is gone.
     virtual void rowsCleared() {}
 

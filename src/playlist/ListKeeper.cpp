@@ -45,6 +45,10 @@ void ListKeeper::rowsRemoved(std::span<const Row> /*rows*/) {
     changed();
 }
 
+void ListKeeper::rowMoved(Row /*from*/, Row /*to*/) {
+    changed();
+}
+
 void ListKeeper::rowsCleared() {
     changed();
 }

@@ -63,6 +63,7 @@ public:
 private:
     void rowsInserted(Row first, Row count) override;
     void rowsRemoved(std::span<const Row> rows) override;
+    void rowMoved(Row from, Row to) override;
     void rowsCleared() override;
     void rowChanged(Row row) override;
 

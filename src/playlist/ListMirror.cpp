@@ -4,6 +4,7 @@
 #include "playlist/stdSS.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tovik::playlist {
 
@@ -19,8 +20,16 @@ std::int32_t ListMirror::ListCount() const noexcept {
     return list_.ListCount();
 }
 
-void ListMirror::ListIndex(std::int32_t item) noexcept {
-    listIndex_ = item >= 0 && item < list_.ListCount() ? item : kNone;
+void ListMirror::ListIndex(std::int32_t item) {
+    const std::int32_t before =
+        std::exchange(listIndex_, item >= 0 && item < list_.ListCount() ? item : kNone);
+    if (watch_ && before != listIndex_) {
+        for (const std::int32_t changed : {before, listIndex_}) {
+            if (changed != kNone) {
+                watch_(changed);
+            }
+        }
+    }
 }
 
 std::string_view ListMirror::List(std::int32_t item) const noexcept {
@@ -34,6 +43,17 @@ void ListMirror::rowsRemoved(std::span<const Row> rows) {
         listIndex_ = kNone;
     } else if (listIndex_ != kNone) {
         listIndex_ -= static_cast<std::int32_t>(at - rows.begin());
+    }
+}
+
+void ListMirror::rowMoved(Row from, Row to) {
+    const Row own = listIndex_ + 1;
+    if (own == from) {
+        listIndex_ = to - 1;
+    } else if (own > from && own <= to) {
+        --listIndex_;
+    } else if (own >= to && own < from) {
+        ++listIndex_;
     }
 }
 

@@ -6,8 +6,10 @@
 #include "playlist/ListEvents.h"
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string_view>
+#include <utility>
 
 namespace tovik::playlist {
 
@@ -26,22 +28,31 @@ public:
 
     [[nodiscard]] std::int32_t ListCount() const noexcept;
 
-    /// The selected item; -1 for none. It stays with its entry when others are removed and is none
-    /// when its own entry is.
+    /// Hears of an item that was selected or is so now; it must not change the list.
+    using ItemWatch = std::function<void(std::int32_t item)>;
+
+    /// One watch at a time; it hears of what is selected anew, not of what the list's own changes
+    /// do to the number. An empty one hears nothing.
+    void watchSelection(ItemWatch watch) { watch_ = std::move(watch); }
+
+    /// The selected item; -1 for none. It stays with its entry when others go or are moved, and is
+    /// none when its own entry goes.
     [[nodiscard]] std::int32_t ListIndex() const noexcept { return listIndex_; }
 
     /// Selects an item; a number outside the list selects none.
-    void ListIndex(std::int32_t item) noexcept;
+    void ListIndex(std::int32_t item);
 
     /// An item's title; empty outside the list. Holds until the list changes.
     [[nodiscard]] std::string_view List(std::int32_t item) const noexcept;
 
 private:
     void rowsRemoved(std::span<const Row> rows) override;
+    void rowMoved(Row from, Row to) override;
     void rowsCleared() override;
 
     stdSS& list_;
     std::int32_t listIndex_ = kNone;
+    ItemWatch watch_;
 };
 
 } // namespace tovik::playlist

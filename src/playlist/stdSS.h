@@ -72,6 +72,11 @@ public:
     /// Removes the selected row and every marked row.
     void MultiIzbris();
 
+    /// Takes a row to the place in front of another, or behind the last (`before` one past it), and
+    /// selects it there. Nothing happens where that changes no order. Nothing is started anew; for
+    /// the played mark see `movedMark` in stdSSMove.cpp.
+    void MoveRow(Row row, Row before);
+
     void RefreshTitle(Row row, std::string_view Title);
 
     /// Replaces the length; with the same seconds nothing changes, not even the text.
@@ -101,6 +106,9 @@ public:
     /// Shift: marks the range from the row selected last to this one, and nothing else. Otherwise
     /// the row's mark is toggled.
     void MS(Row row);
+
+    /// The view was asked about the list, by the right button.
+    void ContextClick() const;
 
     /// Ends a multiple selection; only the selected row stays marked.
     void NoMS();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which rows of a list are selected, marked and played.
+// Which rows of a list are selected, marked and played, and what a view raises.
 #include "playlist/stdSS.h"
 
 #include <algorithm>
@@ -40,6 +40,12 @@ void stdSS::Play(Row row) {
     looksChanged(row, row);
     if (!SilentMove) {
         raisePlay(row);
+    }
+}
+
+void stdSS::ContextClick() const {
+    if (events_ != nullptr) {
+        events_->ContextClick();
     }
 }
 

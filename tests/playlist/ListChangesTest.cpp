@@ -38,6 +38,21 @@ TEST_F(ListChangesTest, manyRemovedRowsAreToldAtOnceByTheirOldNumbers) {
     EXPECT_THAT(changes.taken(), ElementsAre("removed 1 4 5"));
 }
 
+TEST_F(ListChangesTest, aMovedRowIsToldByItsTwoNumbers) {
+    list.MoveRow(4, 2);
+    EXPECT_THAT(changes.taken(), ElementsAre("moved 4 2", "looks 2 4", "looks 2 2", "show 2"));
+    list.MoveRow(2, 6);
+    EXPECT_THAT(changes.taken(),
+                ElementsAre("moved 2 5", "looks 2 5", "looks 2 2", "looks 5 5", "show 5"));
+    list.MoveRow(3, 3);
+    list.MoveRow(3, 4);
+    list.MoveRow(0, 4);
+    list.MoveRow(6, 1);
+    list.MoveRow(3, 0);
+    list.MoveRow(3, 7);
+    EXPECT_THAT(changes.taken(), IsEmpty());
+}
+
 TEST_F(ListChangesTest, refreshedRows) {
     list.RefreshTitle(2, "x");
     list.RefreshTime(3, 9, "x");

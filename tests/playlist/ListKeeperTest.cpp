@@ -63,6 +63,9 @@ TEST_F(ListKeeperTest, everyChangeCountsAndNothingElse) {
     EXPECT_TRUE(rewritten());
     list_.AddFileName2(1, "/x");
     EXPECT_TRUE(rewritten());
+    list_.MoveRow(1, 4);
+    EXPECT_TRUE(rewritten());
+    list_.MoveRow(3, 1);
     list_.Remove(2);
     EXPECT_TRUE(rewritten());
     EXPECT_EQ(file(), "#EXTM3U\r\n#EXTINF:77,x\r\n/x\r\n#EXTINF:3,c\r\n/c\r\n");

@@ -63,6 +63,35 @@ TEST_F(ListMirrorTest, theSelectionStaysWithItsEntry) {
     EXPECT_EQ(List1.ListIndex(), -1);
 }
 
+TEST_F(ListMirrorTest, theSelectionGoesWithItsEntryWhenRowsAreMoved) {
+    for (Row own = 1; own <= 5; ++own) {
+        for (Row from = 1; from <= 5; ++from) {
+            for (Row before = 1; before <= 6; ++before) {
+                list.Clear();
+                fill(list, {"a", "b", "c", "d", "e"});
+                List1.ListIndex(own - 1);
+                const std::string entry(List1.List(own - 1));
+                list.MoveRow(from, before);
+                EXPECT_EQ(List1.List(List1.ListIndex()), entry) << from << " before " << before;
+            }
+        }
+    }
+    List1.ListIndex(ListMirror::kNone);
+    list.MoveRow(1, 5);
+    EXPECT_EQ(List1.ListIndex(), -1);
+}
+
+TEST_F(ListMirrorTest, whoWatchesHearsOfItemsThatLookDifferent) {
+    fill(list, {"a", "b", "c"});
+    std::vector<std::int32_t> heard;
+    List1.watchSelection([&](std::int32_t item) { heard.push_back(item); });
+    List1.ListIndex(1);
+    List1.ListIndex(1);
+    List1.ListIndex(2);
+    List1.ListIndex(77);
+    EXPECT_EQ(heard, (std::vector<std::int32_t>{1, 1, 2, 2}));
+}
+
 TEST_F(ListMirrorTest, noneStaysNone) {
     fill(list, {"a", "b"});
     list.Remove(1);

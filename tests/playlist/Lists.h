@@ -113,6 +113,8 @@ public:
         note("removed", {rows.begin(), rows.end()});
     }
 
+    void rowMoved(Row from, Row to) override { note("moved", {from, to}); }
+
     void rowsCleared() override { note("cleared", {}); }
 
     void rowChanged(Row row) override { note("changed", {row}); }
