@@ -51,6 +51,11 @@ std::size_t ChannelTable::audibleCount() const {
         channels_, [](const auto& entry) { return !entry.second->isDecoding(); }));
 }
 
+std::size_t ChannelTable::startedCount() const {
+    return static_cast<std::size_t>(
+        std::ranges::count_if(channels_, [](const auto& entry) { return entry.second->started; }));
+}
+
 void ChannelTable::dropFeed(const Feed* feed) {
     for (const auto& [handle, channel] : channels_) {
         if (channel->dropFeed(feed)) {

@@ -38,6 +38,9 @@ public:
     /// How many channels are there to be heard, that is, do not only decode.
     [[nodiscard]] std::size_t audibleCount() const;
 
+    /// How many of them were told to play and not stopped since.
+    [[nodiscard]] std::size_t startedCount() const;
+
     /// The mixer does not use `feed` any more.
     void dropFeed(const Feed* feed);
 

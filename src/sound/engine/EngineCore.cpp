@@ -72,7 +72,10 @@ void EngineCore::setPaused(bool paused) {
 
 void EngineCore::updateDemand() {
     const bool wanted = initialized_ && channels_.audibleCount() > 0;
-    const Demand demand = !wanted ? Demand::idle : paused_ ? Demand::paused : Demand::running;
+    // A channel that was only opened wants no silence: a device that queues it ahead would have to
+    // play some of that before the channel's first sample.
+    const bool sounds = !paused_ && channels_.startedCount() > 0;
+    const Demand demand = !wanted ? Demand::idle : sounds ? Demand::running : Demand::paused;
     keeper_.want(demand);
     feeder_.setRunning(demand == Demand::running);
 }
@@ -119,6 +122,7 @@ void EngineCore::stop(Channel& channel) {
     }
     post(command::StopVoice{channel.voice()});
     seek(channel, 0);
+    updateDemand();
 }
 
 void EngineCore::seek(Channel& channel, std::int64_t frame) {

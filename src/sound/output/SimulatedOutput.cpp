@@ -120,11 +120,13 @@ bool SimulatedOutput::open(MixSource& source) {
         return false;
     }
     source_ = &source;
-    paused_ = false;
+    paused_ = settings_.opensPaused;
     lostSinceOpen_ = false;
     if (mixesAhead()) {
         queue_ = std::make_unique<SimulatedQueue>(settings_.queue, source, settings_.decodesAhead);
-        queue_->begin();
+        if (!paused_) {
+            queue_->begin();
+        }
     }
     recordLocked(DeviceCall::opened);
     return true;

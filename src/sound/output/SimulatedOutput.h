@@ -34,8 +34,9 @@ public:
         int latencyFrames = 0;
         bool restsWhenIdle = true;
         bool decodesAhead = false; ///< calls decodeAhead before each block
-        Sink sink = {};            ///< gets every block; called with the device locked
-        QueueSettings queue = {};  ///< for a device that mixes ahead; the sink gets what is heard
+        bool opensPaused = false;
+        Sink sink = {};           ///< gets every block; called with the device locked
+        QueueSettings queue = {}; ///< for a device that mixes ahead; the sink gets what is heard
     };
 
     SimulatedOutput() : SimulatedOutput(Settings()) {}
@@ -83,6 +84,8 @@ public:
     void wake() noexcept override { woken_ = true; }
 
     [[nodiscard]] bool restsWhenIdle() const noexcept override { return settings_.restsWhenIdle; }
+
+    [[nodiscard]] bool opensPaused() const noexcept override { return settings_.opensPaused; }
 
     void onLost(std::function<void()> routine) override;
     void onArrival(std::function<void()> routine) override;

@@ -56,6 +56,31 @@ TEST(Ahead, ATrackIsHeardSoonAndBitForBit) {
     EXPECT_TRUE(std::equal(expected.begin() + silent, expected.end(), sound.begin() + 2 * begin));
 }
 
+TEST(Ahead, TheFirstFrameOfADeviceThatStoodIsTheFirstOfTheTrack) {
+    test::RigSetup setup = queueing();
+    setup.opensPaused = true;
+    EngineRig rig(setup);
+    const Handle channel = rig.open(kTrack);
+    EXPECT_FALSE(rig.device.waitFor(DeviceCall::resumed, 1, std::chrono::milliseconds(50)))
+        << "it would queue silence";
+    ASSERT_TRUE(rig.start(channel));
+    ASSERT_TRUE(rig.device.waitFor(DeviceCall::resumed));
+    EXPECT_EQ(rig.render(20'000), plainly(20'000));
+}
+
+TEST(Ahead, ADeviceRestsWhileAllThatIsOpenWasStopped) {
+    test::RigSetup setup = queueing();
+    setup.times.pauseGrace = std::chrono::milliseconds(1);
+    EngineRig rig(setup);
+    const Handle channel = rig.play(kTrack);
+    rig.render(20'000);
+    ASSERT_EQ(rig.device.count(DeviceCall::paused), 0);
+    ASSERT_TRUE(rig.engine.BASS_ChannelStop(channel));
+    EXPECT_TRUE(rig.device.waitFor(DeviceCall::paused));
+    ASSERT_TRUE(rig.start(channel));
+    EXPECT_TRUE(rig.device.waitFor(DeviceCall::resumed));
+}
+
 TEST(Ahead, ThePositionIsWhatIsHeard) {
     EngineRig rig(queueing());
     Stereo sound;

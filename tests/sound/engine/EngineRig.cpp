@@ -14,6 +14,7 @@ std::unique_ptr<SimulatedOutput> makeDevice(const RigSetup& setup, Stereo& taken
     settings.blockFrames = setup.blockFrames;
     settings.latencyFrames = setup.latencyFrames;
     settings.queue = setup.queue;
+    settings.opensPaused = setup.opensPaused;
     settings.decodesAhead = setup.feeder == FeederMode::inCaller;
     if (setup.keepSamples) {
         settings.sink = [&taken](std::span<const float> block) {

@@ -22,6 +22,7 @@ struct RigSetup {
     std::size_t blockFrames = 512;
     int latencyFrames = 0;
     QueueSettings queue = {}; ///< of a device that mixes ahead
+    bool opensPaused = false; ///< that device
     FeederMode feeder = FeederMode::inCaller;
     bool initialize = true;
     bool keepSamples = true; ///< for `render`; costs memory in the callback
