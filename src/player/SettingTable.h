@@ -89,10 +89,10 @@ inline constexpr std::array kSettingTable{
 
 /// The place of a key in the table, found while compiling: a key without a row does not compile.
 struct SettingKey {
-    std::size_t row;
+    std::size_t row = 0;
 
     // NOLINTNEXTLINE(google-explicit-constructor): a key is written as its text
-    consteval SettingKey(const char* key) : row(0) {
+    consteval SettingKey(const char* key) {
         while (kSettingTable.at(row).key != key) {
             ++row;
         }

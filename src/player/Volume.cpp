@@ -40,7 +40,7 @@ void Volume::readMode() {
     core_.state.GlobalVolumeMode = core_.settings.getAs("EV2", config::settingToInt16);
 }
 
-void Volume::changed() {
+void Volume::changed() const {
     core_.settings.changed("CVL");
 }
 

@@ -25,7 +25,7 @@ public:
     void readMode();
 
     /// The user changed the volume: it is stored when it rests.
-    void changed();
+    void changed() const;
 
     /// Gives the current volume to the channel or to the whole output.
     void apply();

@@ -13,7 +13,6 @@ namespace tovik::window {
 
 namespace {
 
-using commands::CommandId;
 using ui::Adjustment;
 using ui::ElementRange;
 

@@ -210,7 +210,7 @@ private:
 };
 
 inline Mixer::Turn Mixer::takeTurn() noexcept {
-    return Turn(taken_, Patience::none);
+    return {taken_, Patience::none};
 }
 
 } // namespace tovik::sound
