@@ -58,6 +58,7 @@ host::Host unattended(const host::Host& host, host::Dialogs& dialogs, host::Prog
             .programs = programs,
             .random = host.random,
             .lock = host.lock,
+            .messages = host.messages,
             .dispatcher = host.dispatcher,
             .closing = host.closing,
             .paths = host.paths,
@@ -100,7 +101,7 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
         }
     }
     host::RealHost realHost(copy ? copy->folder() : place.folder, environment.searchPath,
-                            [&place] { place.standIn.reset(); });
+                            environment.runtimeFolder, [&place] { place.standIn.reset(); });
     host::UnattendedDialogs answers;
     host::UnattendedPrograms noHelpers(realHost.host().paths, environment.searchPath);
     const host::Host host =

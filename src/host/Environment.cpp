@@ -47,9 +47,13 @@ std::string firstSet(std::initializer_list<const char*> names) {
 Environment Environment::current() {
     std::error_code failure; // a folder that cannot be told stays empty
     std::string home = variable("HOME");
+    std::string runtime = variable("XDG_RUNTIME_DIR");
     return {.home = home.empty() ? homeInDatabase() : std::move(home),
             .dataHome = variable("XDG_DATA_HOME"),
             .configHome = variable("XDG_CONFIG_HOME"),
+            .runtimeFolder = runtime.empty()
+                                 ? std::filesystem::temp_directory_path(failure).native()
+                                 : std::move(runtime),
             .locale = firstSet({"LC_ALL", "LC_MESSAGES", "LANG"}),
             .searchPath = variable("PATH"),
             .workingFolder = std::filesystem::current_path(failure).native(),

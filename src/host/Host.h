@@ -8,6 +8,7 @@
 #include "host/Dialogs.h"
 #include "host/Dispatcher.h"
 #include "host/InstanceLock.h"
+#include "host/InstanceMessages.h"
 #include "host/MessagePump.h"
 #include "host/OperatingSystem.h"
 #include "host/Paths.h"
@@ -26,6 +27,7 @@ struct Host {
     Programs& programs;
     RandomNumbers& random;
     InstanceLock& lock;
+    InstanceMessages& messages;
     Dispatcher& dispatcher;
     Closing& closing;
     const Paths& paths;

@@ -12,6 +12,10 @@ public:
     /// Gives way once. False when the program is ending: the caller's loop must return. Anything
     /// may have changed in between, so no reference into a model may be kept across a step.
     [[nodiscard]] virtual bool Step() = 0;
+
+    /// Whether a step is being taken just now: who asks was called from one, and a long loop is
+    /// not at its end yet.
+    [[nodiscard]] virtual bool stepping() const { return false; }
 };
 
 } // namespace tovik::host

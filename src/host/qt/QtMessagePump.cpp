@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/qt/QtMessagePump.h"
 
+#include "host/Counted.h"
+
 #include <QAbstractEventDispatcher>
 #include <QThread>
 
@@ -26,6 +28,7 @@ bool QtMessagePump::Step() {
         return true;
     }
     lastLookMs_ = now;
+    const Counted step(depth_);
     if (processEvents() && !closing_.ending()) {
         QThread::msleep(kPauseMs);
         processEvents();

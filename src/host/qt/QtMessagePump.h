@@ -19,10 +19,13 @@ public:
 
     [[nodiscard]] bool Step() override;
 
+    [[nodiscard]] bool stepping() const override { return depth_ > 0; }
+
 private:
     const Clock& clock_;
     Closing& closing_;
     std::int64_t lastLookMs_ = -1;
+    int depth_ = 0; ///< a step may be taken within another one
 };
 
 } // namespace tovik::host

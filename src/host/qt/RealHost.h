@@ -5,6 +5,7 @@
 
 #include "host/Host.h"
 #include "host/qt/QtDialogs.h"
+#include "host/qt/QtInstanceMessages.h"
 #include "host/qt/QtMessagePump.h"
 #include "host/qt/QtTimers.h"
 #include "host/qt/UnixSignals.h"
@@ -24,8 +25,10 @@ namespace tovik::host {
 /// ask for the end like the close box; the end of the process is immediate (`_Exit`).
 class RealHost {
 public:
-    /// `searchPath` is as in PATH. `lastAct` runs right before the process ends.
-    RealHost(std::string dataFolder, std::string searchPath, std::function<void()> lastAct = {});
+    /// `searchPath` is as in PATH; in `runtimeFolder` instances meet. `lastAct` runs right before
+    /// the process ends.
+    RealHost(std::string dataFolder, std::string searchPath, const std::string& runtimeFolder,
+             std::function<void()> lastAct = {});
 
     [[nodiscard]] Host host();
 
@@ -43,6 +46,7 @@ private:
     DetachedPrograms programs_;
     SeededRandom random_;
     FileLock lock_;
+    QtInstanceMessages messages_;
     QTimer leaveSoon_;
     UnixSignals signals_;
 };

@@ -19,6 +19,7 @@ Host RenderHost::host() {
             .programs = programs_,
             .random = random_,
             .lock = lock_,
+            .messages = messages_,
             .dispatcher = dispatcher_,
             .closing = closing_,
             .paths = paths_,

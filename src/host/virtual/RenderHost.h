@@ -51,6 +51,7 @@ private:
     UnattendedPrograms programs_;
     SeededRandom random_{kSeed};
     NoLock lock_;
+    NoInstanceMessages messages_;
 };
 
 } // namespace tovik::host

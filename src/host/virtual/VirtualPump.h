@@ -15,9 +15,12 @@ public:
 
     [[nodiscard]] bool Step() override;
 
+    [[nodiscard]] bool stepping() const override { return depth_ > 0; }
+
 private:
     VirtualClock& clock_;
     Closing& closing_;
+    int depth_ = 0;
 };
 
 } // namespace tovik::host

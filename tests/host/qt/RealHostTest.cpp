@@ -15,7 +15,7 @@ namespace {
 
 TEST(RealHost, theServicesWorkTogether) {
     const test::TemporaryFolder folder;
-    RealHost real(folder.path(), "/usr/bin:/bin");
+    RealHost real(folder.path(), "/usr/bin:/bin", folder.path());
     const Host host = real.host();
     int ticks = 0;
     const auto timer = host.timers.makeTimer([&] { ++ticks; });
@@ -31,9 +31,9 @@ TEST(RealHost, theServicesWorkTogether) {
 
 TEST(RealHost, chanceDiffersFromRunToRun) {
     const test::TemporaryFolder folder;
-    RealHost one(folder.path(), "");
+    RealHost one(folder.path(), "", folder.path());
     const double first = one.host().random.next();
-    RealHost other(folder.path(), "");
+    RealHost other(folder.path(), "", folder.path());
     EXPECT_NE(first, other.host().random.next());
 }
 
@@ -42,7 +42,7 @@ TEST(RealHostDeathTest, aSignalLeavesThroughTheClosingOperation) {
     EXPECT_EXIT(
         {
             const test::TemporaryFolder folder;
-            RealHost real(folder.path(), "");
+            RealHost real(folder.path(), "", folder.path());
             const Host host = real.host();
             host.closing.setLeave([host] {
                 std::cerr << "everything is saved\n";
@@ -59,7 +59,7 @@ TEST(RealHostDeathTest, anErrorWhileLeavingIsReported) {
     EXPECT_EXIT(
         {
             const test::TemporaryFolder folder;
-            RealHost real(folder.path(), "");
+            RealHost real(folder.path(), "", folder.path());
             const Host host = real.host();
             host.dispatcher.reportTo([host](const base::RuntimeError& error) {
                 host.closing.endProcess(error.number());

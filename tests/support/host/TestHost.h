@@ -7,6 +7,7 @@
 #include "host/virtual/VirtualClock.h"
 #include "host/virtual/VirtualPump.h"
 #include "support/host/RecordingDialogs.h"
+#include "support/host/RecordingMessages.h"
 #include "support/host/RecordingPrograms.h"
 #include "support/host/ScriptedRandom.h"
 #include "support/host/TemporaryFolder.h"
@@ -41,6 +42,7 @@ struct TestHost {
     RecordingPrograms programs;
     ScriptedRandom random;
     SettableLock lock;
+    RecordingMessages messages;
 
     TestHost() {
         dispatcher.reportTo([this](const base::RuntimeError& error) { errors.push_back(error); });
@@ -54,6 +56,7 @@ struct TestHost {
                 .programs = programs,
                 .random = random,
                 .lock = lock,
+                .messages = messages,
                 .dispatcher = dispatcher,
                 .closing = closing,
                 .paths = paths,
