@@ -50,15 +50,16 @@ private:
 MainControls::MainControls(frmPlayer& player, ui::SkinWindow& window,
                            const host::Dispatcher& dispatcher)
     : player_(player), window_(window), dispatcher_(dispatcher),
-      quickList_(player.List1(), player.stdSS(), player.rows()), text4_(new QWidget) {
+      quickList_(player.List1(), player.stdSS(), player.music().playback.rows),
+      text4_(new QWidget) {
     text4_->setFocusPolicy(Qt::StrongFocus);
     text4_->setAttribute(Qt::WA_NoSystemBackground);
     text4_->setObjectName(QStringLiteral("Text4"));
     window_.hostControl(MainElement::Text4, 0, text4_);
     addQuickList();
     addList(MainElement::stdSS, "stdSS", player.stdSS());
-    addList(MainElement::lstTracks, "lstTracks", player.lstTracks());
-    addList(MainElement::RadioLst, "RadioLst", player.RadioLst());
+    addList(MainElement::lstTracks, "lstTracks", player.lists().lstTracks);
+    addList(MainElement::RadioLst, "RadioLst", player.lists().RadioLst);
     addSearchField();
     auto* drives = new QComboBox;
     drives->setObjectName(QStringLiteral("cmbCDDrives"));
@@ -87,7 +88,7 @@ void MainControls::addList(MainElement element, const char* objectName, playlist
     widget->setColours(window::kListColours);
     widget->showTimes();
     widget->setScrollerPicture([this] {
-        return player_.pictures().find(player_.elements().get(MainElement::Picture3).picture);
+        return player_.view().pictures.find(player_.elements().get(MainElement::Picture3).picture);
     });
     window_.hostControl(element, 0, widget);
     watches_.push_back(std::make_unique<ListWatch>(list, *widget, true));

@@ -16,9 +16,8 @@ MainWindow::MainWindow(const host::Host& host) : host_(host) {}
 MainWindow::~MainWindow() = default;
 
 void MainWindow::attach(frmPlayer& player) {
-    language_ = &player.language();
-    skin_ = std::make_unique<ui::SkinWindow>(player.elements(), player.pictures(), player.input(),
-                                             host_.dispatcher);
+    skin_ = std::make_unique<ui::SkinWindow>(player.elements(), player.view().pictures,
+                                             player.input(), host_.dispatcher);
     // For a start that fails before it comes to the captions.
     skin_->setCaption("Tovik");
     // Tells it from boxes and dialogs, for rules of window managers; the caption follows the track.
@@ -26,7 +25,7 @@ void MainWindow::attach(frmPlayer& player) {
     skin_->setAccessibleName(QStringLiteral("Tovik"));
     skin_->setWindowRole(QStringLiteral("player"));
     controls_ = std::make_unique<MainControls>(player, *skin_, host_.dispatcher);
-    skin_->setAccess(window::mainAccess(), player.access(), window::rows::kAmber);
+    skin_->setAccess(window::mainAccess(), player.view().access, window::rows::kAmber);
 }
 
 void MainWindow::detach() {
@@ -66,14 +65,6 @@ void MainWindow::minimise() {
 
 void MainWindow::takeFocus() {
     controls_->takeFocus();
-}
-
-void MainWindow::showLoadPreset(player::frmLoadPreset& dialog) {
-    if (!loadPreset_) {
-        loadPreset_ =
-            new dialogs::LoadPresetDialog(dialog, *language_, host_.dispatcher, skin_.get());
-    }
-    loadPreset_->open();
 }
 
 void MainWindow::setCaption(const std::string& caption) {

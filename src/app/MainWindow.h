@@ -5,13 +5,11 @@
 
 #include "app/frmPlayer.h"
 #include "app/MainControls.h"
-#include "dialogs/LoadPresetDialog.h"
 #include "ui/qt/SkinWindow.h"
 #include "ui/qt/SplashWindow.h"
 #include "window/PlayerWindow.h"
 
 #include <memory>
-#include <QPointer>
 
 namespace tovik::app {
 
@@ -42,7 +40,6 @@ public:
 
     void beginDrag() override;
     void takeFocus() override;
-    void showLoadPreset(player::frmLoadPreset& dialog) override;
     void setCaption(const std::string& caption) override;
     void setTaskbarButton(bool shown) override;
     void setTopmost(bool topmost) override;
@@ -73,8 +70,6 @@ private:
     std::unique_ptr<MainControls> controls_; ///< outlives the widgets, which ask it
     std::unique_ptr<ui::SkinWindow> skin_;
     std::unique_ptr<ui::SplashWindow> splash_;
-    config::MultiLNG* language_ = nullptr;           ///< the player's, since `attach`
-    QPointer<dialogs::LoadPresetDialog> loadPreset_; ///< the window's object tree owns it
 };
 
 } // namespace tovik::app

@@ -6,6 +6,7 @@
 #include "app/MainWindow.h"
 #include "app/OutputChoice.h"
 #include "base/ErrorStream.h"
+#include "dialogs/DialogOpener.h"
 #include "host/qt/RealHost.h"
 #include "host/virtual/UnattendedDialogs.h"
 #include "host/virtual/UnattendedPrograms.h"
@@ -109,19 +110,21 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
 
     player::TrackEvents events;
     MainWindow window(host);
-    frmPlayer player(host, engine, window, events,
+    dialogs::DialogOpener dialogs(host.dispatcher);
+    frmPlayer player(host, engine, window, dialogs, events,
                      {.commandLine = line.player.text,
                       .checkInstance = !line.screenshotFile,
                       .keepsList = !line.screenshotFile,
                       .shippedFolder = place.shippedFolder,
                       .unkept = place.unkept});
-    window::giveWindowPictures(player.elements(), player.pictures(), windowPicture);
+    window::giveWindowPictures(player.elements(), player.view().pictures, windowPicture);
     window.attach(player);
+    dialogs.attach(player.dialogs(), window.widget());
     host.dispatcher.reportTo(
-        [&](const base::RuntimeError& error) { player.errors().reportUnguarded(error); });
+        [&](const base::RuntimeError& error) { player.ground().errors.reportUnguarded(error); });
     host.closing.setLeave([&] {
         if (host.closing.unattended()) {
-            player.showNoMoreBoxes();
+            player.ground().errors.showNoMoreBoxes();
         }
         player.kill_me();
     });

@@ -69,13 +69,14 @@ int render(const host::CommandLine& line, const host::Environment& environment) 
     sound::Engine engine(std::move(wav), {.feeder = sound::FeederMode::inCaller});
     window::PlayerWindow noWindow;
     player::TrackEvents events;
-    frmPlayer player(host, engine, noWindow, events,
+    window::WindowOpener noDialogs;
+    frmPlayer player(host, engine, noWindow, noDialogs, events,
                      {.commandLine = line.player.text,
                       .checkInstance = false,
                       .keepsList = false,
                       .shippedFolder = place.shippedFolder});
     host.dispatcher.reportTo(
-        [&](const base::RuntimeError& error) { player.errors().reportUnguarded(error); });
+        [&](const base::RuntimeError& error) { player.ground().errors.reportUnguarded(error); });
     host.dispatcher.run([&] { player.Form_Initialize(); });
     host.dispatcher.run([&] { player.Form_Load(); });
 
@@ -85,11 +86,11 @@ int render(const host::CommandLine& line, const host::Environment& environment) 
     const auto goesOn = [&] {
         const std::int64_t now = renderHost.clock().monotonicMs();
         return host::StopSignals::arrived() == 0 && !renderHost.endStatus() && output.ok() &&
-               now < last && (player.sounds() || now < kStartMs);
+               now < last && (player.music().sounds() || now < kStartMs);
     };
     while (goesOn()) {
-        played = played || player.sounds();
-        if (!line.renderSeconds && player.playsForEver()) {
+        played = played || player.music().sounds();
+        if (!line.renderSeconds && player.music().playsForEver()) {
             fail("What is rendered here does not end by itself: --seconds is needed");
             return host::kUsageStatus;
         }

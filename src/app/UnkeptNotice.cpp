@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/UnkeptNotice.h"
 
-#include "window/MainElements.h"
-
 #include <utility>
 
 namespace tovik::app {
 
 UnkeptNotice::UnkeptNotice(const config::Errors& errors, const config::MultiLNG& language,
-                           window::TextFields& fields, std::optional<base::RuntimeError> why)
-    : errors_(errors), language_(language), fields_(fields), why_(std::move(why)) {}
+                           player::Screen& screen, std::optional<base::RuntimeError> why)
+    : errors_(errors), language_(language), screen_(screen), why_(std::move(why)) {}
 
 void UnkeptNotice::note(const base::RuntimeError& failure) {
     if (!why_) {
@@ -36,8 +34,8 @@ void UnkeptNotice::tell() {
 
 void UnkeptNotice::show() {
     if (told_) {
-        fields_.show(window::MainElement::notice_img, 0, language_.get_Notice_String(0),
-                     window::Strip::Bright);
+        screen_.playing.notice = language_.get_Notice_String(0);
+        screen_.showNotice();
     }
 }
 

@@ -5,7 +5,7 @@
 #include "base/RuntimeError.h"
 #include "config/Errors.h"
 #include "config/MultiLNG.h"
-#include "window/TextFields.h"
+#include "player/Screen.h"
 
 #include <optional>
 
@@ -16,7 +16,7 @@ class UnkeptNotice {
 public:
     /// `why` is what was known before the start. The others are kept by reference.
     UnkeptNotice(const config::Errors& errors, const config::MultiLNG& language,
-                 window::TextFields& fields, std::optional<base::RuntimeError> why);
+                 player::Screen& screen, std::optional<base::RuntimeError> why);
 
     /// Something could not be written. It is told at once, but for a start that is not over yet.
     void note(const base::RuntimeError& failure);
@@ -33,7 +33,7 @@ private:
 
     const config::Errors& errors_;
     const config::MultiLNG& language_;
-    window::TextFields& fields_;
+    player::Screen& screen_;
     std::optional<base::RuntimeError> why_;
     bool starting_ = true;
     bool told_ = false;

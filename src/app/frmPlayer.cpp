@@ -2,151 +2,109 @@
 #include "app/frmPlayer.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 namespace tovik::app {
 
-namespace {
-
-constexpr int kTimer4Ms = 100;
-
-} // namespace
-
 frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
-                     window::PlayerWindow& window, player::TrackEvents& events,
-                     StartOptions options)
-    : host_(host), sound_(sound), window_(window), options_(std::move(options)),
-      settings_(host.paths, settingsXml_), version_(settings_),
-      language_(host.paths, options_.shippedFolder),
-      errHandler_(host.paths, host.clock, host.operatingSystem), errors_(errHandler_, host.dialogs),
-      tagWarning_(host.dialogs), tag_(tagWarning_), files_(stdSS_, host.pump, host.paths),
-      listKeeper_(stdSS_, host.clock, host.timers, host.paths,
-                  [this] {
-                      return options_.keepsList && !listLost_ &&
-                             files_.savesAtExit(state_.DirAddIdle);
-                  }),
-      core_{.state = state_,
-            .sound = sound,
-            .settings = settings_,
-            .errors = errors_,
-            .lists = {.stdSS = stdSS_, .List1 = List1_},
-            .timers = host.timers,
-            .screen = screen_,
-            .news = news_},
-      equalizer_(core_, host.dialogs), equalizerFiles_(host.dialogs, equalizerStore_),
-      playback_(core_, tag_, equalizer_, window, host.random),
-      Timer4_(host.timers.makeTimer([this] { Timer4(); })), view_({.core = core_,
-                                                                   .playback = playback_,
-                                                                   .equalizer = equalizer_,
-                                                                   .commands = commands_,
-                                                                   .window = window,
-                                                                   .dialogs = host.dialogs,
-                                                                   .paths = host.paths}) {
-    news_.add(events);
-    stdSS_.setEvents(this);
-    settings_.reportUnwritten([this](const base::RuntimeError& failure) { unkept_.note(failure); });
-    language_.attach(config::TextWindow::frmPlayer, view_.texts);
-    language_.attach(config::TextWindow::frmTSR, menuTexts_);
-    startTimers();
-    bindCommands();
-}
-
-frmPlayer::~frmPlayer() = default;
-
-void frmPlayer::startTimers() {
-    // The others wait until a track plays, their mode is on or a panel is switched.
-    playback_.clock.begin();
-    Timer4_->setInterval(kTimer4Ms);
-    Timer4_->setEnabled(true);
+                     window::PlayerWindow& window, window::WindowOpener& windows,
+                     player::TrackEvents& events, StartOptions options)
+    : options_(std::move(options)), process_(host, options_.checkInstance),
+      ground_(host, process_, options_, window),
+      lists_(host, ground_.state, options_.keepsList), core_{.state = ground_.state,
+                                                             .sound = sound,
+                                                             .settings = ground_.settings,
+                                                             .errors = ground_.errors,
+                                                             .lists = {.stdSS = lists_.stdSS,
+                                                                       .List1 = lists_.List1},
+                                                             .timers = host.timers,
+                                                             .screen = ground_.screen,
+                                                             .news = ground_.news},
+      tone_(core_, host.dialogs, windows), music_(core_, tone_.equalizer, window, host, process_),
+      startFile_(core_, music_.playback, lists_.files, music_.tag, options_.commandLine),
+      autoload_(core_, lists_, music_.playback.rows), front_({.core = core_,
+                                                              .playback = music_.playback,
+                                                              .equalizer = tone_.equalizer,
+                                                              .commands = commands_,
+                                                              .window = window,
+                                                              .dialogs = host.dialogs,
+                                                              .paths = host.paths},
+                                                             ground_.stored, ground_.language) {
+    ground_.news.add(events);
+    autoload_.begin();
+    process_.bind(commands_);
+    tone_.bind(commands_);
+    music_.bind(commands_);
+    front_.bind(commands_);
+    front_.enableButtons(commands_);
 }
 
 void frmPlayer::take(std::span<const Step> steps) {
+    const auto wasTaken = [this](Call call) {
+        return std::ranges::find(taken_, call) != taken_.end();
+    };
     for (const Step& step : steps) {
-        if (ended_) {
+        if (process_.ended()) {
             return;
         }
-        if ((!passingBy_ || step.besideOther) &&
+        if ((!process_.passingBy() || step.besideOther) &&
             (step.reader == nullptr || wasTaken(step.reader))) {
-            (this->*step.run)();
-            taken_.push_back(step.run);
+            step.call(*this);
+            taken_.push_back(step.call);
         }
     }
 }
 
-bool frmPlayer::wasTaken(Action run) const {
-    return std::ranges::find(taken_, run) != taken_.end();
+void frmPlayer::Form_Initialize() {
+    config::guard(ground_.errors, config::player("Initialize"), [this] { take(kInitializeSteps); });
 }
 
-void frmPlayer::endProcess(int status) {
-    ended_ = true;
-    host_.closing.endProcess(status);
+void frmPlayer::Form_Load() {
+    try {
+        take(kLoadSteps);
+    } catch (...) {
+        const base::RuntimeError error = config::currentError();
+        front_.endSplash();
+        ground_.errors.reportAndTell(error, config::player("Load"));
+    }
 }
 
-void frmPlayer::endWith(const std::string& text, const std::string& title) {
-    host_.dialogs.showMessage({.text = text, .title = title, .icon = host::MessageIcon::Critical});
-    endProcess(EXIT_FAILURE);
-}
-
-bool frmPlayer::AnotherInstance() {
-    return options_.checkInstance && !host_.lock.hold();
-}
-
-bool frmPlayer::sounds() const {
-    const auto active = [this](sound::Handle channel) {
-        return sound_.BASS_ChannelIsActive(channel) != sound::Activity::stopped;
-    };
-    const bool movesOn =
-        playback_.clock.watchesTrack() && !state_.StopAfterCurrent && playback_.advance.hasNext();
-    return state_.IsPlaying &&
-           (active(state_.PrimaryChannel) || active(state_.SecondaryChannel) || movesOn);
-}
-
-bool frmPlayer::playsForEver() const {
-    // Modules are told to repeat.
-    return state_.IsPlaying && (sound_.BASS_MusicGetLength(state_.active(), true) > 0 ||
-                                (playback_.clock.watchesTrack() && playback_.advance.neverEnds()));
-}
-
-void frmPlayer::Play(const std::string& itemData) {
-    playback_.rows.Stdss_Play(itemData);
+void frmPlayer::kill_me() {
+    try {
+        // A save that fails ends the list of things to do, never the way out.
+        config::guard(ground_.errors, config::player("kill process"), [this] { take(kEndSteps); });
+    } catch (...) {
+        // Nothing that goes wrong in telling it may keep the process alive, either.
+        ground_.errors.reportUnguarded(config::currentError());
+    }
+    process_.end(EXIT_SUCCESS);
 }
 
 void frmPlayer::changeLanguage() {
-    language_.Language_File(settings_.getSetting("CLNG"));
-    language_.loadAttached();
-    view_.showWords();
-    unkept_.show();
+    ground_.readLanguage();
+    ground_.language.loadAttached();
+    front_.view.showWords();
+    ground_.unkept.show();
 }
 
-void frmPlayer::Timer4() {
-    config::guard(errors_, config::player("Timer4"), [this] {
-        if (!state_.LoadFinished) {
-            return;
-        }
-        // A start with a file never reads the saved list, so there is nothing to wait for.
-        Timer4_->setEnabled(false);
-        if (state_.NoCommandLine) {
-            autoload_playlist();
-        }
-    });
+void frmPlayer::loadSettings(frmPlayer& player) {
+    player.ground_.stored.getSettings();
+    player.music_.playback.silenceSkip.watch();
 }
 
-void frmPlayer::autoload_playlist() {
-    config::guard(errors_, config::player("Autoload_Playlist"), [this] {
-        {
-            const playlist::ListKeeper::Loading loading(listKeeper_);
-            try {
-                files_.autoload_playlist();
-            } catch (...) {
-                listLost_ = true; // already while the box tells it
-                throw;
-            }
-        }
-        if (state_.FirstRun) {
-            // The very first start plays the piece that came with the program.
-            playItem(0);
-        }
-    });
+void frmPlayer::loadLanguage(frmPlayer& player) {
+    config::MultiLNG& language = player.ground_.language;
+    player.ground_.readLanguage();
+    language.Load_Main_Win_LNG();
+    language.Load_Menus_Lng();
+    language.loadNames();
+    player.front_.view.showWords();
+}
+
+void frmPlayer::saveSettings(frmPlayer& player) {
+    player.front_.notePlace();
+    player.ground_.stored.saveAtEnd();
 }
 
 } // namespace tovik::app

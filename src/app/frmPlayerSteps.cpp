@@ -7,69 +7,74 @@
 namespace tovik::app {
 
 const std::span<const frmPlayer::Step> frmPlayer::kInitializeSteps = [] {
+    using P = frmPlayer;
     static constexpr std::array kSteps = {
-        Step{"take over the language of the installation", &frmPlayer::takeFirstRun},
-        Step{"refuse a system that is too old", &frmPlayer::refuseOldSystem},
-        Step{"leave to an instance that runs already", &frmPlayer::meetOtherInstance},
+        Step{"take over the language of the installation", in<&P::ground_, &Ground::takeFirstRun>},
+        Step{"refuse a system that is too old", in<&P::ground_, &Ground::refuseOldSystem>},
+        Step{"leave to an instance that runs already", in<&P::ground_, &Ground::meetOtherInstance>},
     };
     return std::span<const Step>(kSteps);
 }();
 
 const std::span<const frmPlayer::Step> frmPlayer::kLoadSteps = [] {
+    using P = frmPlayer;
     static constexpr std::array kSteps = {
-        Step{"unpack and bind the skin", &frmPlayer::loadSkin},
-        Step{"read the settings", &frmPlayer::loadSettings},
-        Step{"look for another instance", &frmPlayer::lookForOtherInstance},
-        Step{"begin on the main panel", &frmPlayer::choosePanel},
-        Step{"show the splash", &frmPlayer::showSplash},
-        Step{"keep the faces of the buttons", &frmPlayer::keepFaces},
-        Step{"read the command line", &frmPlayer::readCommandLine},
-        Step{"shape the window", &frmPlayer::shapeWindow},
-        Step{"show on the task bar or not", &frmPlayer::applyTaskbar},
-        Step{"place the elements", &frmPlayer::later},
-        Step{"read the speed of the visualisation", &frmPlayer::later},
-        Step{"work in the data folder", &frmPlayer::enterDataFolder},
-        Step{"check the sound library", &frmPlayer::checkSoundLibrary},
-        Step{"open the sound", &frmPlayer::openSound},
-        Step{"record the mix for visualisations", &frmPlayer::openRecording},
-        Step{"draw the equalizer", &frmPlayer::drawEqualizer},
-        Step{"show the volume", &frmPlayer::showVolume},
-        Step{"show the modes", &frmPlayer::showModes},
-        Step{"lay out the quick list", &frmPlayer::showQuickList},
-        Step{"apply the balance", &frmPlayer::applyBalance},
-        Step{"read whether messengers are told", &frmPlayer::readMessenger},
-        Step{"restore the equalizer", &frmPlayer::restoreEqualizer},
-        Step{"read the stations", &frmPlayer::later},
-        Step{"select the first row", &frmPlayer::selectFirstRow},
-        Step{"end the splash", &frmPlayer::endSplash},
-        Step{"show the window", &frmPlayer::showWindow},
-        Step{"select the visualisation", &frmPlayer::later},
-        Step{"load the language", &frmPlayer::loadLanguage},
-        Step{"show the balance as text", &frmPlayer::showBalanceText},
-        Step{"open the file of the command line", &frmPlayer::openArgument},
-        Step{"make this window known to later instances", &frmPlayer::makeKnown},
-        Step{"listen to later instances", &frmPlayer::later},
-        Step{"stay on top or not", &frmPlayer::applyTopmost, true},
-        Step{"associate the file types", &frmPlayer::associateFileTypes, true},
-        Step{"check for updates", &frmPlayer::checkForUpdates, true},
-        Step{"set the captions", &frmPlayer::showCaptions, true},
-        Step{"tell that nothing is kept", &frmPlayer::tellUnkept},
+        Step{"unpack and bind the skin", in<&P::front_, &Front::loadSkin>},
+        Step{"read the settings", &P::loadSettings},
+        Step{"look for another instance", in<&P::ground_, &Ground::lookForOtherInstance>},
+        Step{"begin on the main panel", in<&P::front_, &Front::choosePanel>},
+        Step{"show the splash", in<&P::front_, &Front::showSplash>},
+        Step{"keep the faces of the buttons", in<&P::front_, &Front::keepFaces>},
+        Step{"read the command line", in<&P::startFile_, &StartFile::readCommandLine>},
+        Step{"shape the window", in<&P::front_, &Front::shapeWindow>},
+        Step{"show on the task bar or not", in<&P::front_, &Front::applyTaskbar>},
+        Step{"place the elements", &P::later},
+        Step{"read the speed of the visualisation", &P::later},
+        Step{"work in the data folder", in<&P::ground_, &Ground::enterDataFolder>},
+        Step{"check the sound library", in<&P::music_, &Music::checkSoundLibrary>},
+        Step{"open the sound", in<&P::music_, &Music::openSound>},
+        Step{"record the mix for visualisations", in<&P::music_, &Music::openRecording>},
+        Step{"draw the equalizer", in<&P::front_, &Front::drawEqualizer>},
+        Step{"show the volume", in<&P::front_, &Front::showVolume>},
+        Step{"show the modes", in<&P::front_, &Front::showModes>},
+        Step{"lay out the quick list", in<&P::front_, &Front::showQuickList>},
+        Step{"apply the balance", in<&P::music_, &Music::applyBalance>},
+        Step{"read whether messengers are told", in<&P::ground_, &Ground::readMessenger>},
+        Step{"restore the equalizer", in<&P::tone_, &Tone::restoreEqualizer>},
+        Step{"read the stations", &P::later},
+        Step{"select the first row", in<&P::lists_, &Lists::selectFirstRow>},
+        Step{"end the splash", in<&P::front_, &Front::endSplash>},
+        Step{"show the window", in<&P::front_, &Front::showWindow>},
+        Step{"select the visualisation", &P::later},
+        Step{"load the language", &P::loadLanguage},
+        Step{"show the balance as text", in<&P::front_, &Front::showBalanceText>},
+        Step{"open the file of the command line", in<&P::startFile_, &StartFile::openArgument>},
+        Step{"make this window known to later instances", in<&P::ground_, &Ground::makeKnown>},
+        Step{"listen to later instances", &P::later},
+        Step{"stay on top or not", in<&P::front_, &Front::applyTopmost>, true},
+        Step{"associate the file types", in<&P::ground_, &Ground::associateFileTypes>, true},
+        Step{"check for updates", in<&P::ground_, &Ground::checkForUpdates>, true},
+        Step{"set the captions", in<&P::ground_, &Ground::showCaptions>, true},
+        Step{"tell that nothing is kept", in<&P::ground_, &Ground::tellUnkept>},
     };
     return std::span<const Step>(kSteps);
 }();
 
 const std::span<const frmPlayer::Step> frmPlayer::kEndSteps = [] {
+    using P = frmPlayer;
     static constexpr std::array kSteps = {
-        Step{"tell that nothing plays", &frmPlayer::tellNothingPlays},
+        Step{"tell that nothing plays", in<&P::music_, &Music::tellNothingPlays>},
         // The saved list is read once the window is shown.
-        Step{"save the list", &frmPlayer::saveList, false, &frmPlayer::showWindow},
-        Step{"hide the window", &frmPlayer::hideWindow},
-        Step{"save the settings", &frmPlayer::saveSettings},
-        Step{"save the equalizer", &frmPlayer::saveEqualizer, false, &frmPlayer::restoreEqualizer},
-        Step{"save the stations", &frmPlayer::later},
-        Step{"free the visualisation", &frmPlayer::later},
-        Step{"free the sound library", &frmPlayer::freeSound},
-        Step{"remove the tray icon", &frmPlayer::later},
+        Step{"save the list", in<&P::lists_, &Lists::saveList>, false,
+             in<&P::front_, &Front::showWindow>},
+        Step{"hide the window", in<&P::front_, &Front::hideWindow>},
+        Step{"save the settings", &P::saveSettings},
+        Step{"save the equalizer", in<&P::tone_, &Tone::saveEqualizer>, false,
+             in<&P::tone_, &Tone::restoreEqualizer>},
+        Step{"save the stations", &P::later},
+        Step{"free the visualisation", &P::later},
+        Step{"free the sound library", in<&P::music_, &Music::freeSound>},
+        Step{"remove the tray icon", &P::later},
     };
     return std::span<const Step>(kSteps);
 }();

@@ -25,7 +25,7 @@ constexpr std::array<std::pair<Button, const char*>, 3> kButtons = {{
 
 LoadPresetDialog::LoadPresetDialog(player::frmLoadPreset& logic, config::MultiLNG& language,
                                    const host::Dispatcher& dispatcher, QWidget* parent)
-    : QDialog(parent), logic_(logic), language_(language), dispatcher_(dispatcher),
+    : Dialog(parent), logic_(logic), language_(language), dispatcher_(dispatcher),
       list_(new QListWidget(this)) {
     setObjectName(QStringLiteral("frmLoadPreset"));
     setWindowTitle(QStringLiteral("Load preset"));
@@ -43,7 +43,7 @@ LoadPresetDialog::LoadPresetDialog(player::frmLoadPreset& logic, config::MultiLN
     connect(list_, &QListWidget::itemDoubleClicked, this, [this] { press(Button::load); });
 }
 
-void LoadPresetDialog::open() {
+void LoadPresetDialog::load() {
     // Names in front of a missing one are listed all the same.
     dispatcher_.run([this] { logic_.Form_Load(); });
     dispatcher_.run([this] { language_.Load_FRM_Preset_LNG(); });
@@ -51,9 +51,6 @@ void LoadPresetDialog::open() {
     for (const std::string& name : logic_.List1()) {
         list_->addItem(ui::displayString(name));
     }
-    show();
-    raise();
-    activateWindow();
 }
 
 void LoadPresetDialog::press(Button button) {

@@ -4,25 +4,24 @@
 #pragma once
 
 #include "config/MultiLNG.h"
+#include "dialogs/Dialog.h"
 #include "host/Dispatcher.h"
 #include "player/frmLoadPreset.h"
 #include "ui/qt/DialogTexts.h"
 
-#include <QDialog>
 #include <QListWidget>
 
 namespace tovik::dialogs {
 
 /// Its controls bear the names by which languages and tests know them: "List1", "Command1_0" to
 /// "Command1_2".
-class LoadPresetDialog final : public QDialog {
+class LoadPresetDialog final : public Dialog {
 public:
     /// Logic, language and dispatcher outlive the dialog.
     LoadPresetDialog(player::frmLoadPreset& logic, config::MultiLNG& language,
                      const host::Dispatcher& dispatcher, QWidget* parent);
 
-    /// Reads names and texts anew and shows the dialog, in front of the player's windows.
-    void open() override;
+    void load() override;
 
 private:
     void press(player::frmLoadPreset::Button button);

@@ -35,6 +35,8 @@ struct NowPlaying {
     std::string balanceText;   ///< such as "Left 25%"
     std::string hoverText;     ///< the balance of the lamp under the pointer
     bool balanceHover = false; ///< the pointer is held over the lamps: `hoverText` is shown
+
+    std::string notice; ///< that nothing of this session is kept; empty while all is
 };
 
 /// Somebody who shows the record. It is told which part changed, and says what of it it shows.
@@ -77,6 +79,9 @@ public:
 
     /// Whether the player stops after this track, as the state has it.
     virtual void showStopNote() {}
+
+    /// The notice, also in other words.
+    virtual void showNotice(const NowPlaying& /*playing*/) {}
 
     /// The equalizer was switched; the state says how.
     virtual void showEqualizer() {}

@@ -62,6 +62,11 @@ void RowPlayer::List1_DblClick() {
     }
 }
 
+void RowPlayer::playItem(std::int32_t item) {
+    core_.lists.List1.ListIndex(item);
+    List1_DblClick();
+}
+
 void RowPlayer::PlayRow(playlist::Row row, std::int32_t fadeSeconds) {
     core_.lists.stdSS.SelectIndex(row);
     const TrackRef track = trackOf(core_.lists.stdSS, row);

@@ -31,6 +31,9 @@ public:
     /// mode is on and a track was started before. Raises like a missing setting.
     void List1_DblClick();
 
+    /// Selects an item of the plain list, counted from 0, and plays it as `List1_DblClick` does.
+    void playItem(std::int32_t item);
+
     /// Selects a row and plays it; row 0 is none, and plays nothing. A crossfade, if that mode is
     /// on and a track was started before.
     void PlayRow(playlist::Row row, std::int32_t fadeSeconds);

@@ -50,6 +50,8 @@ public:
 
     void showStopNote() { tell(&NowPlayingView::showStopNote); }
 
+    void showNotice() { tell(&NowPlayingView::showNotice, playing); }
+
     void showEqualizer() { tell(&NowPlayingView::showEqualizer); }
 
     void showSlider(std::size_t slider, std::int32_t value) {

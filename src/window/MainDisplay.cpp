@@ -89,6 +89,10 @@ void MainDisplay::showStopNote() {
     applyPanel(elements_, state_, MainElement::stopNote);
 }
 
+void MainDisplay::showNotice(const player::NowPlaying& playing) {
+    fields_.show(MainElement::notice_img, 0, playing.notice, Strip::Bright);
+}
+
 void MainDisplay::showSource() {
     applyPanel(elements_, state_, MainElement::lbltag);
     applyPanel(elements_, state_, MainElement::lblinfo);

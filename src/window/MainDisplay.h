@@ -33,6 +33,7 @@ public:
 
     /// In the language's words.
     void showStopNote() override;
+    void showNotice(const player::NowPlaying& playing) override;
 
 private:
     void showDigit(std::size_t place, char digit);

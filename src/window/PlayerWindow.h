@@ -7,10 +7,6 @@
 
 #include <string>
 
-namespace tovik::player {
-class frmLoadPreset;
-}
-
 namespace tovik::window {
 
 /// As made it does nothing: a player without a window, for renders and tests.
@@ -45,9 +41,6 @@ public:
 
     /// Gives the keyboard to the hidden `Text4`, so that no visible control keeps it.
     virtual void takeFocus() {}
-
-    /// Opens the dialog with the names of the presets, or brings it to the front.
-    virtual void showLoadPreset(player::frmLoadPreset& /*dialog*/) {}
 
     /// Whether a window of that many skin pixels fits on a screen; without one everything does.
     [[nodiscard]] virtual bool fitsScreen(int /*width*/, int /*height*/) const { return true; }

@@ -50,8 +50,8 @@ TEST_F(Advance, aListPlaysFromEndToEnd) {
         if (titles.empty() || titles.back() != title()) {
             titles.push_back(title());
         }
-        EXPECT_EQ(player().sounds(), second < 9) << second;
-        EXPECT_FALSE(player().playsForEver());
+        EXPECT_EQ(player().music().sounds(), second < 9) << second;
+        EXPECT_FALSE(player().music().playsForEver());
         play(1000);
     }
     EXPECT_THAT(titles, ElementsAre("T1", "T2", "T3"));
@@ -61,17 +61,17 @@ TEST_F(Advance, aListPlaysFromEndToEnd) {
 TEST_F(Advance, withRepeatOrShuffleThereIsNoEnd) {
     set("RPT", "1");
     startWithList(2);
-    EXPECT_TRUE(player().playsForEver());
+    EXPECT_TRUE(player().music().playsForEver());
     play(7000);
     EXPECT_EQ(title(), "T1");
-    EXPECT_TRUE(player().sounds());
-    player().advance().button_loop();
-    EXPECT_FALSE(player().playsForEver());
-    player().advance().button_shuffle();
-    EXPECT_TRUE(player().playsForEver());
-    player().transport().button_stop();
-    EXPECT_FALSE(player().playsForEver());
-    EXPECT_FALSE(player().sounds());
+    EXPECT_TRUE(player().music().sounds());
+    player().music().playback.advance.button_loop();
+    EXPECT_FALSE(player().music().playsForEver());
+    player().music().playback.advance.button_shuffle();
+    EXPECT_TRUE(player().music().playsForEver());
+    player().music().playback.transport.button_stop();
+    EXPECT_FALSE(player().music().playsForEver());
+    EXPECT_FALSE(player().music().sounds());
 }
 
 TEST_F(Advance, withShuffleTheListBeginsWithThePick) {
@@ -115,7 +115,7 @@ TEST_F(Advance, aListOfMoreRowsThan16BitsCountIsShuffled) {
     EXPECT_EQ(player().stdSS().SelectedIndex, kRows);
     EXPECT_TRUE(player().state().IsPlaying);
     player().stdSS().SelectIndex(1);
-    player().advance().button_next();
+    player().music().playback.advance.button_next();
     EXPECT_EQ(player().stdSS().SelectedIndex, kRows);
     EXPECT_THAT(logged(), IsEmpty());
 }
@@ -135,7 +135,7 @@ TEST_F(Advance, crossfadesFreeTheOldChannelByThemselves) {
 TEST_F(Advance, aFadeOutStops) {
     set("CFDT", "1");
     startWithList(3);
-    player().fadeOut().FadeOutTrack();
+    player().music().playback.fadeOut.FadeOutTrack();
     play(1000);
     EXPECT_FALSE(player().state().IsPlaying);
 }
@@ -194,10 +194,10 @@ TEST_F(Advance, withoutAButtonOnTheTaskBarTheCaptionIsEmptied) {
 
 TEST_F(Advance, theModesAreSavedAtTheEndAsTheyWereSwitched) {
     startWithList(1);
-    player().advance().button_shuffle();
-    player().advance().button_loop();
-    player().crossfade().button_cfd();
-    player().silenceSkip().button_sld();
+    player().music().playback.advance.button_shuffle();
+    player().music().playback.advance.button_loop();
+    player().music().playback.crossfade.button_cfd();
+    player().music().playback.silenceSkip.button_sld();
     for (const char* key : {"SHF", "RPT", "CFD", "SLD"}) {
         EXPECT_EQ(setting(key), "0") << key;
     }

@@ -62,7 +62,8 @@ AppRig::~AppRig() {
 
 app::frmPlayer& AppRig::player() {
     if (!player_) {
-        player_ = std::make_unique<app::frmPlayer>(host_.host(), sound_, window_, news_, options_);
+        player_ = std::make_unique<app::frmPlayer>(host_.host(), sound_, window_, windows_, news_,
+                                                   options_);
     }
     return *player_;
 }

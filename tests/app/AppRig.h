@@ -40,10 +40,6 @@ public:
         }
     } outline;
 
-    player::frmLoadPreset* loadPreset = nullptr; ///< the dialog that was asked for
-
-    void showLoadPreset(player::frmLoadPreset& dialog) override { loadPreset = &dialog; }
-
     void show() override { calls_.emplace_back("window shown"); }
 
     void showSplash() override { calls_.emplace_back("splash shown"); }
@@ -81,6 +77,14 @@ public:
 
 private:
     std::vector<std::string>& calls_;
+};
+
+/// Keeps which windows were asked for.
+class RecordingOpener final : public window::WindowOpener {
+public:
+    std::vector<window::WindowId> opened;
+
+    void open(window::WindowId id) override { opened.push_back(id); }
 };
 
 /// Writes into the same list that nothing plays.
@@ -138,6 +142,7 @@ protected:
     TestHost host_;
     FakeSoundLibrary sound_;
     RecordingWindow window_{sound_.calls};
+    RecordingOpener windows_;
     RecordingNews news_{sound_.calls};
     app::StartOptions options_;
 

@@ -42,7 +42,7 @@ TEST_F(Argument, aFileBecomesTheOneRowAndPlays) {
     EXPECT_EQ(player().stdSS().SelectedIndex, 1);
     EXPECT_EQ(player().List1().ListIndex(), 0);
     EXPECT_TRUE(player().state().IsPlaying);
-    EXPECT_TRUE(player().sounds());
+    EXPECT_TRUE(player().music().sounds());
     EXPECT_EQ(player().state().TracksStarted, 1);
 }
 
@@ -98,7 +98,7 @@ TEST_F(Argument, aFileThatCannotBePlayedIsARowWithoutSound) {
     startWithFile(host_.folder.write("text.mp3", "text"));
     EXPECT_EQ(title(1), "text.mp3");
     EXPECT_FALSE(player().state().IsPlaying);
-    EXPECT_FALSE(player().sounds());
+    EXPECT_FALSE(player().music().sounds());
     EXPECT_EQ(window_.caption, "Tovik 0.1");
     EXPECT_THAT(logged(), IsEmpty());
 }
@@ -171,17 +171,17 @@ TEST_F(Argument, theListOfTheLastSessionIsNeitherReadNorReplaced) {
 
 TEST_F(Argument, aModulePlaysForEver) {
     startWithFile(track("song.xm", {.kind = FakeKind::music, .seconds = 65}));
-    EXPECT_TRUE(player().playsForEver());
-    player().transport().Stop_play();
-    EXPECT_FALSE(player().playsForEver());
+    EXPECT_TRUE(player().music().playsForEver());
+    player().music().playback.transport.Stop_play();
+    EXPECT_FALSE(player().music().playsForEver());
 }
 
 TEST_F(Argument, aStreamDoesNot) {
     startWithFile(track("song.mp3"));
-    EXPECT_FALSE(player().playsForEver());
-    EXPECT_TRUE(player().sounds());
+    EXPECT_FALSE(player().music().playsForEver());
+    EXPECT_TRUE(player().music().sounds());
     sound_.channel(player().state().PrimaryChannel).activity = sound::Activity::stopped;
-    EXPECT_FALSE(player().sounds());
+    EXPECT_FALSE(player().music().sounds());
 }
 
 } // namespace

@@ -151,7 +151,7 @@ TEST_F(Autoload, theDigitsFollowThePlayingTrack) {
     start();
     advance(100);
     player().List1().ListIndex(0);
-    player().rows().List1_DblClick();
+    player().music().playback.rows.List1_DblClick();
     sound_.setSeconds(player().state().PrimaryChannel, 12);
     advance(500);
     EXPECT_EQ(player().elements().get(window::MainElement::timed, 4).caption, "1");

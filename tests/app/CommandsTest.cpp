@@ -38,7 +38,7 @@ protected:
     }
 
     [[nodiscard]] std::int32_t position() {
-        return player().time().GetPlayingPos(player().state().active());
+        return player().music().playback.time.GetPlayingPos(player().state().active());
     }
 };
 
@@ -76,10 +76,10 @@ TEST_F(PlayerCommands, startAndEndOfTheList) {
     playSong();
     player().commands().run(CommandId::endOfList);
     EXPECT_EQ(player().stdSS().SelectedIndex, 2);
-    EXPECT_EQ(player().time().GetDuration(player().state().active()), 50);
+    EXPECT_EQ(player().music().playback.time.GetDuration(player().state().active()), 50);
     player().commands().run(CommandId::startOfList);
     EXPECT_EQ(player().stdSS().SelectedIndex, 1);
-    EXPECT_EQ(player().time().GetDuration(player().state().active()), 100);
+    EXPECT_EQ(player().music().playback.time.GetDuration(player().state().active()), 100);
 }
 
 TEST_F(PlayerCommands, stopAfterCurrentFlips) {

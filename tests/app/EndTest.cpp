@@ -151,7 +151,7 @@ TEST_F(End, aFailedSaveLosesNothing) {
 TEST_F(End, noBoxIsShownWhenNobodyIsThere) {
     start();
     lockFolder(true);
-    player().showNoMoreBoxes();
+    player().ground().errors.showNoMoreBoxes();
     killUnprivileged();
     EXPECT_EQ(host_.endStatus, 0);
     EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
@@ -170,7 +170,7 @@ TEST_F(End, withoutALogTheBoxAloneTellsIt) {
 TEST_F(End, withoutALogAndAnybodyThereItStillEnds) {
     start();
     lockFolder(false);
-    player().showNoMoreBoxes();
+    player().ground().errors.showNoMoreBoxes();
     killUnprivileged();
     EXPECT_EQ(host_.endStatus, 0);
     EXPECT_THAT(host_.dialogs.boxes, IsEmpty());

@@ -33,7 +33,7 @@ protected:
     [[nodiscard]] std::vector<std::int32_t> sliders() {
         std::vector<std::int32_t> values;
         for (std::size_t index = 0; index < 11; ++index) {
-            values.push_back(player().equalizer().eq_sld(index));
+            values.push_back(player().tone().equalizer.eq_sld(index));
         }
         return values;
     }
@@ -41,7 +41,7 @@ protected:
     void play(const std::string& name) {
         player().stdSS().AddItem("", track(name), name, "01:05", 65);
         player().List1().ListIndex(player().List1().ListCount() - 1);
-        player().rows().List1_DblClick();
+        player().music().playback.rows.List1_DblClick();
     }
 
     [[nodiscard]] std::vector<float> gains() {
@@ -87,9 +87,9 @@ TEST_F(EqualizerPanel, aFirstStartWithAnEmptyCurveGoesOn) {
 
 TEST_F(EqualizerPanel, theEndSavesWhatTheNextStartRestores) {
     start();
-    player().equalizer().eq_sld(0, 3);
-    player().equalizer().eq_sld(9, 19);
-    player().equalizer().eq_sld(10, 7);
+    player().tone().equalizer.eq_sld(0, 3);
+    player().tone().equalizer.eq_sld(9, 19);
+    player().tone().equalizer.eq_sld(10, 7);
     player().kill_me();
     EXPECT_TRUE(holds(R"(<CEQ Value="8.4/0/0/0/0/0/0/0/0/-10.8"/>)"));
     EXPECT_EQ(setting("CDB"), "3.6");
@@ -109,7 +109,7 @@ TEST_F(EqualizerPanel, aTrackIsStartedWithTheCurve) {
 TEST_F(EqualizerPanel, theButtonsAndSlidersOfThePanel) {
     start();
     play("song.mp3");
-    player().panels().Switch_Win("01000");
+    player().view().panels.Switch_Win("01000");
     EXPECT_TRUE(visible(MainElement::EQ_off));
     click(MainElement::eq_sld, 2, 0);
     EXPECT_EQ(gains()[2], 10.0F);
@@ -128,18 +128,19 @@ TEST_F(EqualizerPanel, theButtonsAndSlidersOfThePanel) {
 TEST_F(EqualizerPanel, thePresetCommandsAskTheirWindows) {
     start();
     click(MainElement::presetbt);
-    ASSERT_NE(window_.loadPreset, nullptr);
-    window_.loadPreset = nullptr;
+    EXPECT_THAT(windows_.opened, ElementsAre(window::WindowId::loadPreset));
+    windows_.opened.clear();
     EXPECT_TRUE(player().input().keyDown({.code = 'S', .modifiers = {.control = true}}));
-    ASSERT_NE(window_.loadPreset, nullptr);
-    window_.loadPreset->Form_Load();
-    EXPECT_THAT(window_.loadPreset->List1(), SizeIs(20));
-    EXPECT_EQ(window_.loadPreset->List1()[13], "Bass boost");
+    EXPECT_THAT(windows_.opened, ElementsAre(window::WindowId::loadPreset));
+    player::frmLoadPreset& dialog = player().dialogs().loadPreset;
+    dialog.Form_Load();
+    EXPECT_THAT(dialog.List1(), SizeIs(20));
+    EXPECT_EQ(dialog.List1()[13], "Bass boost");
 
     host_.dialogs.filesToSave = {host_.folder / "my.teq"};
-    player().equalizer().eq_sld(5, 1);
+    player().tone().equalizer.eq_sld(5, 1);
     player().commands().run(CommandId::savePresetFile);
-    player().equalizer().resetbt_Click();
+    player().tone().equalizer.resetbt_Click();
     host_.dialogs.filesToOpen = {{host_.folder / "my.teq"}};
     player().commands().run(CommandId::loadPresetFile);
     EXPECT_EQ(sliders()[5], 1);
@@ -147,9 +148,10 @@ TEST_F(EqualizerPanel, thePresetCommandsAskTheirWindows) {
 
 TEST_F(EqualizerPanel, everyShippedPresetCanBeLoaded) {
     start();
-    player().commands().run(CommandId::loadPreset);
+    player::frmLoadPreset& dialog = player().dialogs().loadPreset;
+    dialog.Form_Load();
     for (std::int32_t row = 0; row < 20; ++row) {
-        EXPECT_TRUE(window_.loadPreset->Command1_Click(player::frmLoadPreset::Button::load, row));
+        EXPECT_TRUE(dialog.Command1_Click(player::frmLoadPreset::Button::load, row));
     }
     EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
 }

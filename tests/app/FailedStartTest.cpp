@@ -72,7 +72,7 @@ TEST_F(FailedStart, aBadValueIsToldOnceAndWipesNothing) {
         const std::string kept = setting(key);
         set(key, "oops");
         const std::string before = host_.folder.read(kSettings);
-        app::frmPlayer player(host_.host(), sound_, window_, news_, options_);
+        app::frmPlayer player(host_.host(), sound_, window_, windows_, news_, options_);
         player.Form_Initialize();
         player.Form_Load();
         ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
@@ -90,7 +90,7 @@ TEST_F(FailedStart, whatWasReadIsSavedAsTheUserLeftIt) {
     setMarks();
     set("TMD", "oops");
     start();
-    player().advance().button_shuffle();
+    player().music().playback.advance.button_shuffle();
     player().kill_me();
     EXPECT_EQ(setting("SHF"), "0");
     set("SHF", "1");
@@ -247,13 +247,13 @@ TEST_F(FailedStart, aFolderThatCannotBeWrittenIsToldWhenTheStartIsOver) {
     {
         const Unprivileged user;
         host_.dialogs.onMessage = [this] {
-            EXPECT_TRUE(player().sounds());
+            EXPECT_TRUE(player().music().sounds());
             EXPECT_THAT(sound_.calls, Contains("window shown"));
         };
         start();
-        EXPECT_TRUE(player().sounds());
+        EXPECT_TRUE(player().music().sounds());
         // Each start of a track reads settings, and nothing more is said.
-        player().advance().Next_track();
+        player().music().playback.advance.Next_track();
         player().stdSS().Clear();
     }
     ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
@@ -282,7 +282,7 @@ TEST_F(FailedStart, aDiskThatIsFullLaterIsToldAtOnceAndOnce) {
     {
         const Unprivileged user;
         player().changeLanguage();
-        player().errors().tell(base::RuntimeError(base::ErrorNumber::Overflow));
+        player().ground().errors.tell(base::RuntimeError(base::ErrorNumber::Overflow));
         player().changeLanguage();
     }
     ASSERT_THAT(host_.dialogs.boxes, testing::SizeIs(2));

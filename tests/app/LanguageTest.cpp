@@ -36,8 +36,8 @@ TEST_F(Language, theStartSpeaksEnglish) {
     EXPECT_EQ(element(MainElement::Label3).caption, "Volume [x]%");
     EXPECT_EQ(element(MainElement::Label4, 8).caption, "[x]%");
     EXPECT_EQ(element(MainElement::Label2).caption, "Tovik");
-    EXPECT_EQ(player().menuTexts().caption("mnuplbitem1", 18), "Music search");
-    EXPECT_NE(player().texts().publicText(), "");
+    EXPECT_EQ(player().ground().menuTexts.caption("mnuplbitem1", 18), "Music search");
+    EXPECT_NE(player().view().texts.publicText(), "");
     EXPECT_THAT(logged(), IsEmpty());
 }
 
@@ -96,7 +96,7 @@ TEST_F(Language, whatHasWordsAndShowsNoneTellsThemUnderThePointer) {
     start();
     window::MainElements& elements = player().elements();
     for (const Place& place : kPlaces) {
-        player().panels().Switch_Win(place.panel);
+        player().view().panels.Switch_Win(place.panel);
         for (std::size_t i = 0; i < elements.count(place.element); ++i) {
             const ui::Element& element = elements.get(place.element, i);
             const ui::Box box = element.box();
@@ -132,7 +132,7 @@ TEST_F(Language, theStartSpeaksTheLanguageOfTheSettings) {
     start();
     EXPECT_EQ(element(MainElement::lbltag, 1).caption, "Naslov");
     EXPECT_EQ(element(MainElement::ripbt).tooltip, "Zajem glasbenega CD-ja");
-    EXPECT_EQ(player().menuTexts().caption("mnuOptions"), "Mo\u017Enosti");
+    EXPECT_EQ(player().ground().menuTexts.caption("mnuOptions"), "Mo\u017Enosti");
     EXPECT_EQ(element(MainElement::shwchange, 0).caption, "Jakost 80%");
     EXPECT_EQ(element(MainElement::shwchange, 1).caption, "Sredina");
 }
@@ -149,8 +149,8 @@ TEST_F(Language, aMissingLanguageBlanksAndSaysNothing) {
     EXPECT_EQ(element(MainElement::lbltag, 0).caption, "");
     EXPECT_EQ(element(MainElement::lblPos, 0).caption, "");
     EXPECT_EQ(element(MainElement::playup).tooltip, "");
-    EXPECT_TRUE(player().menuTexts().has("mnuExit"));
-    EXPECT_EQ(player().menuTexts().caption("mnuExit"), "");
+    EXPECT_TRUE(player().ground().menuTexts.has("mnuExit"));
+    EXPECT_EQ(player().ground().menuTexts.caption("mnuExit"), "");
     EXPECT_THAT(logged(), IsEmpty());
     EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
     EXPECT_TRUE(player().state().LoadFinished);
@@ -169,7 +169,7 @@ TEST_F(Language, aChangeShowsWithoutARestart) {
     player().changeLanguage();
     EXPECT_EQ(element(MainElement::lbltag, 1).caption, "Naslov");
     EXPECT_EQ(element(MainElement::mainbt).tooltip, "Glavno okno");
-    EXPECT_EQ(player().menuTexts().caption("mnuExit"), "Izhod");
+    EXPECT_EQ(player().ground().menuTexts.caption("mnuExit"), "Izhod");
     EXPECT_EQ(element(MainElement::shwchange, 0).caption, "Jakost 80%");
 }
 

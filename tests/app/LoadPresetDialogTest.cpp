@@ -3,8 +3,8 @@
 #include "dialogs/LoadPresetDialog.h"
 
 #include "app/AppRig.h"
+#include "dialogs/DialogOpener.h"
 
-#include <memory>
 #include <QPushButton>
 
 namespace tovik::test {
@@ -19,32 +19,38 @@ protected:
         host_.folder.write("Languages/English.lng",
                            "[FrmLoadPreset]\nitem0=Presets\nitem1=Take\nitem2=Leave\nitem3=Try\n");
         start();
-        player().commands().run(commands::CommandId::loadPreset);
-        dialog_ = std::make_unique<dialogs::LoadPresetDialog>(
-            *window_.loadPreset, player().language(), host_.dispatcher, nullptr);
+        opener_.attach(player().dialogs(), parent_);
+    }
+
+    void open() {
+        opener_.open(window::WindowId::loadPreset);
+        dialog_ = parent_.findChild<QDialog*>("frmLoadPreset");
+        ASSERT_NE(dialog_, nullptr);
         list_ = dialog_->findChild<QListWidget*>("List1");
     }
 
     void press(const char* button) { dialog_->findChild<QPushButton*>(button)->click(); }
 
-    [[nodiscard]] std::int32_t firstSlider() { return player().equalizer().eq_sld(0); }
+    [[nodiscard]] std::int32_t firstSlider() { return player().tone().equalizer.eq_sld(0); }
 
-    std::unique_ptr<dialogs::LoadPresetDialog> dialog_;
+    dialogs::DialogOpener opener_{host_.dispatcher};
+    QWidget parent_;
+    QDialog* dialog_ = nullptr;
     QListWidget* list_ = nullptr;
 };
 
 TEST_F(LoadPresetDialog, listsTheNamesAnewAtEachOpening) {
-    dialog_->open();
+    open();
     EXPECT_TRUE(dialog_->isVisible());
     ASSERT_EQ(list_->count(), 20);
     EXPECT_EQ(list_->item(14)->text(), "Bass cut");
-    dialog_->open();
+    open();
     EXPECT_EQ(list_->count(), 20);
     EXPECT_EQ(list_->currentRow(), -1);
 }
 
 TEST_F(LoadPresetDialog, bearsTheWordsOfTheLanguage) {
-    dialog_->open();
+    open();
     EXPECT_EQ(dialog_->windowTitle(), "Presets");
     EXPECT_EQ(dialog_->findChild<QPushButton*>("Command1_0")->text(), "Take");
     EXPECT_EQ(dialog_->findChild<QPushButton*>("Command1_1")->text(), "Leave");
@@ -52,7 +58,7 @@ TEST_F(LoadPresetDialog, bearsTheWordsOfTheLanguage) {
 }
 
 TEST_F(LoadPresetDialog, loadTakesTheRowAndCloses) {
-    dialog_->open();
+    open();
     press("Command1_0");
     EXPECT_TRUE(dialog_->isVisible()) << "no row, nothing happens";
     list_->setCurrentRow(13); // a gain of 9 in the lowest band
@@ -62,7 +68,7 @@ TEST_F(LoadPresetDialog, loadTakesTheRowAndCloses) {
 }
 
 TEST_F(LoadPresetDialog, applyStaysOpenAndCancelOnlyCloses) {
-    dialog_->open();
+    open();
     list_->setCurrentRow(13);
     press("Command1_2");
     EXPECT_TRUE(dialog_->isVisible());
@@ -74,7 +80,7 @@ TEST_F(LoadPresetDialog, applyStaysOpenAndCancelOnlyCloses) {
 }
 
 TEST_F(LoadPresetDialog, aDoubleClickTakesTheRow) {
-    dialog_->open();
+    open();
     list_->setCurrentRow(14);
     emit list_->itemDoubleClicked(list_->item(14));
     EXPECT_FALSE(dialog_->isVisible());
@@ -83,7 +89,7 @@ TEST_F(LoadPresetDialog, aDoubleClickTakesTheRow) {
 
 TEST_F(LoadPresetDialog, anErrorIsReportedAndLeavesItOpen) {
     host_.folder.write(kSettings, "<Settings/>");
-    dialog_->open();
+    open();
     EXPECT_TRUE(dialog_->isVisible());
     EXPECT_EQ(list_->count(), 0);
     ASSERT_THAT(host_.errors, SizeIs(1));

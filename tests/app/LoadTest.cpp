@@ -167,7 +167,7 @@ TEST_F(Load, onTopOrNot) {
          {std::pair{"1", "on top"}, {"2", "not on top"}, {"0", "not on top"}}) {
         SCOPED_TRACE(text);
         AppRig::set("ASOT", text);
-        app::frmPlayer again(host_.host(), sound_, window_, news_, options_);
+        app::frmPlayer again(host_.host(), sound_, window_, windows_, news_, options_);
         sound_.calls.clear();
         again.Form_Load();
         EXPECT_THAT(sound_.calls, Contains(call));

@@ -18,8 +18,8 @@ using window::MainElement;
 class MainControlsTest : public AppRig {
 protected:
     std::unique_ptr<app::MainWindow> shown_ = std::make_unique<app::MainWindow>(host_.host());
-    std::unique_ptr<app::frmPlayer> real_ =
-        std::make_unique<app::frmPlayer>(host_.host(), sound_, *shown_, news_, app::StartOptions{});
+    std::unique_ptr<app::frmPlayer> real_ = std::make_unique<app::frmPlayer>(
+        host_.host(), sound_, *shown_, windows_, news_, app::StartOptions{});
 
     void SetUp() override {
         for (const char* name : {"a.mp3", "b.mp3", "c.mp3"}) {
@@ -49,7 +49,7 @@ protected:
     }
 
     void switchTo(const char* mask) {
-        real_->panels().Switch_Win(mask);
+        real_->view().panels.Switch_Win(mask);
         settle();
     }
 

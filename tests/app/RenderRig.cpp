@@ -128,7 +128,7 @@ void RenderRig::start(const std::vector<std::string>& paths) {
         std::move(output), sound::EngineOptions{.feeder = sound::FeederMode::inCaller});
     // A command line keeps the saved list from being read.
     player_ = std::make_unique<app::frmPlayer>(
-        host_->host(), *engine_, window_, events_,
+        host_->host(), *engine_, window_, windows_, events_,
         app::StartOptions{.commandLine = "\"" + paths.front() + "\"", .checkInstance = false});
     loop_ = std::make_unique<app::RenderLoop>(host_->clock(), *output_);
     player_->Form_Initialize();

@@ -71,6 +71,7 @@ private:
     sound::WavOutput* output_ = nullptr;
     std::unique_ptr<sound::Engine> engine_;
     window::PlayerWindow window_;
+    window::WindowOpener windows_;
     player::TrackEvents events_;
     std::unique_ptr<app::frmPlayer> player_;
     std::unique_ptr<app::RenderLoop> loop_;

@@ -35,7 +35,7 @@ protected:
 
     [[nodiscard]] std::string shown(MainElement name, std::size_t index = 0) {
         const ui::PixelImage* image =
-            player().pictures().find(player().elements().get(name, index).picture);
+            player().view().pictures.find(player().elements().get(name, index).picture);
         return image == nullptr ? "" : fileOfColour(image->pixels.at(0));
     }
 };
@@ -141,7 +141,7 @@ TEST_F(Skin, theTitleMovesOnlyWhileSomebodyCanSeeIt) {
     start();
     advance(200);
     player().List1().ListIndex(0);
-    player().rows().List1_DblClick();
+    player().music().playback.rows.List1_DblClick();
     const auto title = [this] { return player().elements().get(MainElement::songname).picture; };
     ui::Picture before = title();
     EXPECT_TRUE(before);

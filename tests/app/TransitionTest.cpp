@@ -28,7 +28,7 @@ TEST_P(Fades, theOldTrackFallsAndTheNewOneStartsInFull) {
     const Samples second = noise(16, 2);
     start({wav("1.wav", first), wav("2.wav", second)});
     renderTo(4);
-    player().advance().button_next();
+    player().music().playback.advance.button_next();
     renderTo(20);
     const double fade = seconds == 0 ? kQuickRamp : seconds;
     Samples expected;
@@ -67,7 +67,7 @@ TEST_P(OtherFormats, fadeAlike) {
     const Samples first = noise(8, 1);
     start({wav("1.wav", first), other});
     renderTo(1);
-    player().advance().button_next();
+    player().music().playback.advance.button_next();
     renderTo(3.5);
     Samples expected;
     addFading(expected, first, 0, 1, 2);
@@ -85,7 +85,7 @@ INSTANTIATE_TEST_SUITE_P(All, OtherFormats,
 TEST_F(Transition, stopSilencesAModule) {
     start({media("song.xm")});
     renderTo(2);
-    player().transport().button_stop();
+    player().music().playback.transport.button_stop();
     renderTo(4);
     const Samples mix = finish();
     EXPECT_GT(silentFrames(mix, 2.1), kFramesASecond * 18 / 10);
@@ -98,9 +98,9 @@ TEST_F(Transition, afterACrossfadeOfNoTimeSilenceSkipCounts) {
     set("SLDT", "0");
     start({wav("1.wav", noise(9, 1)), wav("2.wav", joined(noise(1, 2), silence(8))),
            wav("3.wav", noise(9, 3))});
-    player().silenceSkip().button_sld();
+    player().music().playback.silenceSkip.button_sld();
     renderTo(1);
-    player().advance().button_next();
+    player().music().playback.advance.button_next();
     renderTo(4);
     EXPECT_EQ(player().stdSS().SelectedIndex, 3);
     EXPECT_EQ(silentFrames(finish(), 2), kFramesASecond);
@@ -113,7 +113,7 @@ TEST_F(Transition, aCrossfadeKeepsTheBalance) {
     const Samples second = noise(3, 2);
     start({wav("1.wav", noise(4, 1)), wav("2.wav", second)});
     renderTo(1);
-    player().advance().button_next();
+    player().music().playback.advance.button_next();
     renderTo(3.5);
     const Samples mix = finish();
     float left = 0;
@@ -130,7 +130,7 @@ TEST_F(Transition, aFadeOutOfNoTimeStopsAtOnce) {
     set("CFDT", "0");
     start({wav("1.wav", noise(10, 1))});
     renderTo(2);
-    player().fadeOut().FadeOutTrack();
+    player().music().playback.fadeOut.FadeOutTrack();
     EXPECT_FALSE(player().state().IsPlaying);
     renderTo(3);
     EXPECT_GT(silentFrames(finish(), 2.01), kFramesASecond * 9 / 10);
@@ -141,7 +141,7 @@ TEST_F(Transition, aFadeOutFallsToSilence) {
     const Samples track = noise(10, 1);
     start({wav("1.wav", track)});
     renderTo(2);
-    player().fadeOut().FadeOutTrack();
+    player().music().playback.fadeOut.FadeOutTrack();
     renderTo(8);
     EXPECT_FALSE(player().state().IsPlaying);
     Samples expected;
@@ -157,9 +157,9 @@ TEST_F(Transition, aSecondFadeCutsTheFirstOff) {
     const Samples tracks[] = {noise(9, 1), noise(9, 2), noise(9, 3)};
     start({wav("1.wav", tracks[0]), wav("2.wav", tracks[1]), wav("3.wav", tracks[2])});
     renderTo(1);
-    player().advance().button_next();
+    player().music().playback.advance.button_next();
     renderTo(2);
-    player().advance().button_next();
+    player().music().playback.advance.button_next();
     renderTo(8);
     // The first track is gone 5 ms after the second fade began.
     Samples expected;
@@ -222,7 +222,7 @@ TEST_F(Transition, silenceMovesOnAfterASecond) {
     const Samples second = noise(3, 2);
     set("SLDT", "50");
     start({wav("1.wav", joined(noise(2, 1), silence(20))), wav("2.wav", second)});
-    player().silenceSkip().button_sld();
+    player().music().playback.silenceSkip.button_sld();
     renderTo(5);
     const Samples mix = finish();
     EXPECT_EQ(silentFrames(mix, 2), kFramesASecond);
@@ -233,7 +233,7 @@ TEST_F(Transition, silenceMovesOnAfterASecond) {
 TEST_F(Transition, silenceAtTheStartSkipsATrack) {
     set("SLDT", "0");
     start({wav("1.wav", joined(silence(1.5), noise(20, 1))), wav("2.wav", noise(3, 2))});
-    player().silenceSkip().button_sld();
+    player().music().playback.silenceSkip.button_sld();
     renderTo(2);
     EXPECT_EQ(silentFrames(finish(), 0), kFramesASecond);
     EXPECT_EQ(player().stdSS().SelectedIndex, 2);
@@ -242,7 +242,7 @@ TEST_F(Transition, silenceAtTheStartSkipsATrack) {
 TEST_F(Transition, above50SilenceIsHeardOut) {
     set("SLDT", "51");
     start({wav("1.wav", joined(noise(2, 1), silence(8))), wav("2.wav", noise(3, 2))});
-    player().silenceSkip().button_sld();
+    player().music().playback.silenceSkip.button_sld();
     renderTo(11);
     EXPECT_EQ(silentFrames(finish(), 2), 8 * kFramesASecond);
 }
@@ -252,9 +252,9 @@ TEST_F(Transition, theTailOfAFadeIsNoSilence) {
     set("CFDT", "4");
     start({wav("1.wav", noise(9, 1)), wav("2.wav", joined(silence(6), noise(5, 2))),
            wav("3.wav", noise(5, 3))});
-    player().silenceSkip().button_sld();
+    player().music().playback.silenceSkip.button_sld();
     renderTo(1);
-    player().advance().button_next();
+    player().music().playback.advance.button_next();
     renderTo(5.9);
     EXPECT_EQ(player().stdSS().SelectedIndex, 2);
     renderTo(6.2);

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The file that the program was started with.
-#include "app/frmPlayer.h"
+#include "app/StartFile.h"
 
 #include "base/CommandText.h"
 #include "base/ErrorPlace.h"
@@ -16,20 +15,20 @@
 
 namespace tovik::app {
 
-void frmPlayer::readCommandLine() {
-    state_.NoCommandLine = options_.commandLine.empty();
-    if (!state_.NoCommandLine) {
-        state_.CommandArgs = base::commandArguments(options_.commandLine);
+void StartFile::readCommandLine() {
+    core_.state.NoCommandLine = commandLine_.empty();
+    if (!core_.state.NoCommandLine) {
+        core_.state.CommandArgs = base::commandArguments(commandLine_);
     }
 }
 
-void frmPlayer::openArgument() {
-    if (state_.NoCommandLine) {
+void StartFile::openArgument() {
+    if (core_.state.NoCommandLine) {
         return;
     }
-    const std::string path = host::withQuotes(state_.CommandArgs.at(1));
-    stdSS_.Clear();
-    if (!player::namesCdTrack(path) && !canReadArgument(path)) {
+    const std::string path = host::withQuotes(core_.state.CommandArgs.at(1));
+    core_.lists.stdSS.Clear();
+    if (!player::namesCdTrack(path) && !canRead(path)) {
         return;
     }
     const std::string extension = base::toUpperAscii(playlist::get_extension(path));
@@ -40,31 +39,32 @@ void frmPlayer::openArgument() {
         // Read as soon as this kind of list is known.
         playList();
     } else {
-        openFileArgument(path);
+        playFile(path);
     }
 }
 
 /// Says so when it cannot: the start goes on without it.
-bool frmPlayer::canReadArgument(const std::string& path) {
+bool StartFile::canRead(const std::string& path) const {
     const std::error_code failure =
         base::RegularFile(path, base::RegularFile::Access::Read).failure();
     if (!failure) {
         return true;
     }
-    errors_.reportAndTell(base::withPlace(base::RuntimeError(base::errorNumberOf(failure)), path),
-                          config::player("Load"));
+    core_.errors.reportAndTell(
+        base::withPlace(base::RuntimeError(base::errorNumberOf(failure)), path),
+        config::player("Load"));
     return false;
 }
 
-void frmPlayer::playList() {
+void StartFile::playList() {
     // A pick may be no row: the list then begins with its first.
     const playlist::Row picked =
-        state_.ShuffleOn ? playback_.advance.gen_shuffle(stdSS_.ListCount()) : 0;
+        core_.state.ShuffleOn ? playback_.advance.gen_shuffle(core_.lists.stdSS.ListCount()) : 0;
     playback_.advance.selectItem(std::max(picked, 1) - 1);
     playback_.rows.List1_DblClick();
 }
 
-void frmPlayer::openFileArgument(const std::string& path) {
+void StartFile::playFile(const std::string& path) {
     if (!player::namesCdTrack(path)) {
         tag_.MP3File(path);
     }
@@ -73,9 +73,9 @@ void frmPlayer::openFileArgument(const std::string& path) {
     const std::string shown = !artist.empty() && !title.empty()
                                   ? std::string(artist) + "-" + std::string(title)
                                   : std::string(playlist::GetLastBackSlash(path));
-    stdSS_.AddItem("", path, shown, "00:00", 0);
-    stdSS_.SelectedIndex = 1;
-    playItem(0);
+    core_.lists.stdSS.AddItem("", path, shown, "00:00", 0);
+    core_.lists.stdSS.SelectedIndex = 1;
+    playback_.rows.playItem(0);
 }
 
 } // namespace tovik::app

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Reads the saved list shortly after the window is shown. Interface thread.
+#pragma once
+
+#include "app/Lists.h"
+#include "host/Timer.h"
+#include "player/Core.h"
+#include "player/RowPlayer.h"
+
+#include <memory>
+
+namespace tovik::app {
+
+class Autoload {
+public:
+    static constexpr int kTimer4Ms = 100;
+
+    /// All of them outlive the object.
+    Autoload(const player::Core& core, Lists& lists, player::RowPlayer& rows);
+
+    /// From now on it looks whether the start is over.
+    void begin();
+
+private:
+    void Timer4();
+    void autoload_playlist();
+
+    const player::Core& core_;
+    Lists& lists_;
+    player::RowPlayer& rows_;
+    std::unique_ptr<host::Timer> Timer4_;
+};
+
+} // namespace tovik::app

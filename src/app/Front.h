@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The wing of the main window: its view, and what start, end and commands do with it. Interface
+// thread.
+#pragma once
+
+#include "commands/Commands.h"
+#include "config/MultiLNG.h"
+#include "player/StoredSettings.h"
+#include "window/MainView.h"
+
+namespace tovik::app {
+
+class Front {
+public:
+    /// All of them outlive the wing.
+    Front(const window::MainView::Needs& needs, player::StoredSettings& stored,
+          config::MultiLNG& language);
+    Front(const Front&) = delete;
+    Front& operator=(const Front&) = delete;
+
+    void bind(commands::Commands& commands);
+
+    /// What the user can do now; to be called when all commands are bound.
+    void enableButtons(const commands::Commands& commands);
+
+    /// Where the window stands goes into the state, if it was ever shown.
+    void notePlace();
+
+    // Steps of the start and the end --------------------------------------------------------------
+
+    void loadSkin();
+    void choosePanel();
+    void showSplash();
+    void keepFaces();
+    void shapeWindow();
+    void applyTaskbar();
+    void drawEqualizer();
+    void showVolume();
+    void showModes();
+    void showQuickList();
+    void endSplash();
+    void showWindow();
+    void showBalanceText();
+    void applyTopmost();
+    void hideWindow();
+
+    window::MainView view;
+
+private:
+    void bindPanels(commands::Commands& commands);
+    void bindModes(commands::Commands& commands);
+    void mnuTop();
+    [[nodiscard]] bool staysOnTop();
+
+    window::MainView::Needs needs_;
+    player::PlayerState& state_;
+    window::PlayerWindow& window_;
+    player::StoredSettings& stored_;
+    config::AttachedTexts words_;
+};
+
+} // namespace tovik::app

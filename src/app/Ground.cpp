@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/Ground.h"
+
+#include "base/ErrorPlace.h"
+#include "base/RegularFile.h"
+#include "base/RuntimeError.h"
+#include "config/Profile.h"
+#include "config/SettingText.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+namespace tovik::app {
+
+namespace {
+
+constexpr int kOldestSystem = 5;
+
+} // namespace
+
+Ground::Ground(const host::Host& host, Process& process, const StartOptions& options,
+               window::PlayerWindow& window)
+    : host_(host), process_(process), window_(window),
+      errHandler_(host.paths, host.clock, host.operatingSystem), settings(host.paths, settingsXml_),
+      stored(settings, state, host.timers), version(settings),
+      language(host.paths, options.shippedFolder), errors(errHandler_, host.dialogs),
+      unkept(errors, language, screen, options.unkept) {
+    settings.reportUnwritten([this](const base::RuntimeError& failure) { unkept.note(failure); });
+    language.attach(config::TextWindow::frmTSR, menuTexts);
+}
+
+void Ground::save(const char* key, const std::string& text) {
+    try {
+        settings.saveSetting(key, text);
+    } catch (const base::RuntimeError& error) {
+        unkept.note(error);
+    }
+}
+
+void Ground::readLanguage() {
+    language.Language_File(settings.getSetting("CLNG"));
+}
+
+void Ground::takeFirstRun() {
+    const std::string file = host_.paths.of(host::DataItem::FirstRun);
+    std::string bytes;
+    if (base::readWholeFile(file, bytes)) {
+        return;
+    }
+    save("CLNG", config::profileValue(bytes, "Firstrun", "LNG"));
+    static_cast<void>(std::remove(file.c_str()));
+    state.FirstRun = true;
+}
+
+void Ground::refuseOldSystem() {
+    if (host_.operatingSystem.major < kOldestSystem) {
+        readLanguage();
+        process_.endWith(language.get_Error_String(1), language.get_Error_String(0));
+    }
+}
+
+void Ground::meetOtherInstance() {
+    if (settings.getAs("MI", config::settingToInt16) == 0 && process_.anotherInstance()) {
+        window_.hide();
+        process_.end(EXIT_SUCCESS);
+    }
+}
+
+void Ground::lookForOtherInstance() {
+    if (process_.anotherInstance() && state.MultipleInstances != 1) {
+        process_.passBy();
+    }
+}
+
+void Ground::enterDataFolder() {
+    // Names in lists may be told from there. Without the folder other steps have failed already.
+    std::error_code failure;
+    std::filesystem::current_path(host_.paths.dataFolder(), failure);
+}
+
+void Ground::readMessenger() {
+    stored.read("MSN");
+}
+
+void Ground::makeKnown() {
+    if (process_.isFirst()) {
+        save("SHWND", std::to_string(window_.handle()));
+    }
+}
+
+void Ground::startHelper(const std::string& name, const std::string& argument) {
+    if (!host_.programs.start(name, {argument})) {
+        throw base::withPlace(base::RuntimeError(base::ErrorNumber::FileNotFound), name);
+    }
+}
+
+void Ground::associateFileTypes() {
+    if (state.AssociateAtStart == 1) {
+        startHelper("Tkstart.exe", settings.getSetting("SFA"));
+    }
+}
+
+void Ground::checkForUpdates() {
+    if (state.CheckUpdates == 1) {
+        startHelper("update.exe", version.updateArgument());
+    }
+}
+
+void Ground::showCaptions() {
+    screen.playing.caption = version.get_Tovik_Version();
+    screen.playing.miniCaption = screen.playing.caption;
+    screen.showCaptions();
+}
+
+void Ground::tellUnkept() {
+    unkept.endStart();
+}
+
+} // namespace tovik::app

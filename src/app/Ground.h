@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The wing that all others stand on: state, settings, language, log and errors. Interface thread.
+#pragma once
+
+#include "app/Process.h"
+#include "app/StartOptions.h"
+#include "app/UnkeptNotice.h"
+#include "config/clsXML.h"
+#include "config/Errors.h"
+#include "config/MenuTexts.h"
+#include "config/MultiLNG.h"
+#include "config/Settings.h"
+#include "config/Version.h"
+#include "host/Host.h"
+#include "player/PlayerState.h"
+#include "player/Screen.h"
+#include "player/StoredSettings.h"
+#include "player/TrackNews.h"
+#include "window/PlayerWindow.h"
+
+#include <string>
+
+namespace tovik::app {
+
+/// The parts are used as they are.
+class Ground {
+public:
+    /// All of them outlive the wing.
+    Ground(const host::Host& host, Process& process, const StartOptions& options,
+           window::PlayerWindow& window);
+    Ground(const Ground&) = delete;
+    Ground& operator=(const Ground&) = delete;
+
+    /// Reads which language is set. Raises what reading a setting raises.
+    void readLanguage();
+
+    // Steps of the start --------------------------------------------------------------------------
+
+    void takeFirstRun();
+    void refuseOldSystem();
+    void meetOtherInstance();
+    void lookForOtherInstance();
+    void enterDataFolder();
+    void readMessenger();
+    void makeKnown();
+
+    /// Raises 53 when the helper is not there, as does the next one.
+    void associateFileTypes();
+    void checkForUpdates();
+    void showCaptions();
+    void tellUnkept();
+
+private:
+    /// Saves a setting that the start can do without.
+    void save(const char* key, const std::string& text);
+
+    void startHelper(const std::string& name, const std::string& argument);
+
+    host::Host host_;
+    Process& process_;
+    window::PlayerWindow& window_;
+    config::clsXML settingsXml_;
+    config::ErrHandler errHandler_;
+
+public:
+    player::PlayerState state;
+    player::Screen screen;
+    player::TrackNews news;
+    config::Settings settings;
+    player::StoredSettings stored;
+    config::Version version;
+    config::MenuTexts menuTexts;
+    config::MultiLNG language;
+    config::Errors errors;
+    UnkeptNotice unkept;
+};
+
+} // namespace tovik::app

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/Lists.h"
+
+namespace tovik::app {
+
+Lists::Lists(const host::Host& host, const player::PlayerState& state, bool keepsList)
+    : files(stdSS, host.pump, host.paths), state_(state),
+      keeper_(stdSS, host.clock, host.timers, host.paths, [this, keepsList] {
+          return keepsList && !lost_ && files.savesAtExit(state_.DirAddIdle);
+      }) {}
+
+void Lists::load() {
+    const playlist::ListKeeper::Loading loading(keeper_);
+    try {
+        files.autoload_playlist();
+    } catch (...) {
+        lost_ = true; // already while the box tells it
+        throw;
+    }
+}
+
+void Lists::selectFirstRow() {
+    if (stdSS.ListCount() > 0) {
+        stdSS.SelectedIndex = 1;
+    }
+}
+
+void Lists::saveList() {
+    keeper_.end();
+    if (lost_) {
+        return; // what could not be read stays where it is
+    }
+    const bool saves = files.savesAtExit(state_.DirAddIdle);
+    if (saves) {
+        files.autosave_playlist();
+    }
+    keeper_.remove(saves);
+}
+
+} // namespace tovik::app

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The wing of the lists: the playlist with its quick list, the tracks of a disc, the stations, and
+// the files that keep them. Interface thread.
+#pragma once
+
+#include "host/Host.h"
+#include "player/PlayerState.h"
+#include "playlist/ListKeeper.h"
+#include "playlist/ListMirror.h"
+#include "playlist/PlaylistFiles.h"
+#include "playlist/stdSS.h"
+
+namespace tovik::app {
+
+/// The parts are used as they are.
+class Lists {
+public:
+    /// `keepsList`: the playlist of this session is kept for the next one. The others outlive the
+    /// wing.
+    Lists(const host::Host& host, const player::PlayerState& state, bool keepsList);
+    Lists(const Lists&) = delete;
+    Lists& operator=(const Lists&) = delete;
+
+    /// Reads the saved list. Raises what reading a list raises; the file is then left as it is
+    /// until the next session.
+    void load();
+
+    // Steps of the start and the end --------------------------------------------------------------
+
+    void selectFirstRow();
+    void saveList();
+
+    playlist::stdSS stdSS;
+    playlist::stdSS lstTracks;
+    playlist::stdSS RadioLst;
+    playlist::ListMirror List1{stdSS};
+    playlist::PlaylistFiles files;
+
+private:
+    const player::PlayerState& state_;
+    bool lost_ = false; ///< the saved list could not be read
+    playlist::ListKeeper keeper_;
+};
+
+} // namespace tovik::app

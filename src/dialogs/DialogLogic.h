@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the dialogs show and drive. Whoever composes the player fills it. Interface thread.
+#pragma once
+
+namespace tovik::config {
+class MultiLNG;
+}
+
+namespace tovik::player {
+class frmLoadPreset;
+}
+
+namespace tovik::dialogs {
+
+/// All of it outlives the dialogs.
+struct DialogLogic {
+    config::MultiLNG& language;
+    player::frmLoadPreset& loadPreset;
+};
+
+} // namespace tovik::dialogs

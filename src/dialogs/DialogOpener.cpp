@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "dialogs/DialogOpener.h"
+
+#include <algorithm>
+
+namespace tovik::dialogs {
+
+namespace {
+
+void bringToFront(QWidget& dialog) {
+    dialog.show();
+    dialog.raise();
+    dialog.activateWindow();
+}
+
+} // namespace
+
+void DialogOpener::attach(const DialogLogic& logic, QWidget& parent) {
+    logic_.emplace(logic);
+    parent_ = &parent;
+}
+
+void DialogOpener::open(window::WindowId window) {
+    const auto row = std::ranges::find(table_, window, &DialogRow::window);
+    if (row == table_.end() || !parent_) {
+        return;
+    }
+    QPointer<Dialog>& made = made_[window];
+    if (Dialog* const open = made.data(); open != nullptr) {
+        open->load();
+        bringToFront(*open);
+        return;
+    }
+    Dialog& dialog = row->make({.logic = *logic_, .dispatcher = dispatcher_, .parent = parent_});
+    made = &dialog;
+    dialog.load();
+    if (row->kind == DialogKind::beside) {
+        bringToFront(dialog);
+        return;
+    }
+    dialog.setAttribute(Qt::WA_DeleteOnClose);
+    dialog.exec();
+}
+
+} // namespace tovik::dialogs
