@@ -48,6 +48,9 @@ sound::Handle TrackOpener::open(std::string_view path) {
         if (const sound::Handle handle = create(sound_, path); handle != sound::kNoHandle) {
             return handle;
         }
+        if (sound_.BASS_ErrorGetCode() == sound::ErrorCode::cannotOpenFile) {
+            break; // the others would wait for the disk as long, and say the same
+        }
     }
     return sound::kNoHandle;
 }

@@ -16,7 +16,8 @@ class TrackOpener {
 public:
     explicit TrackOpener(sound::SoundLibrary& sound) : sound_(sound) {}
 
-    /// The handle of the first decoder that takes the file, or 0. The name plays no part.
+    /// The handle of the first decoder that takes the file, or 0. The name plays no part. A file
+    /// that cannot be opened at all, or whose disk does not answer, is offered to one alone.
     [[nodiscard]] sound::Handle open(std::string_view path);
 
     /// The handle of a track of the disc in the current drive, counted from 1; 0 without one.

@@ -53,8 +53,9 @@ public:
     [[nodiscard]] virtual std::int32_t BASS_ChannelGetLevel(Handle channel) = 0;
 
     /// For a decoding channel: fills up to `length` bytes with 16-bit samples and returns the bytes
-    /// written (0 at the end). For BASS_DATA_FFT512: 256 floats, the spectrum of what is heard, 0
-    /// to 1. -1 on failure.
+    /// written (0 at the end); this decodes and waits for the disk, so nobody calls it on the
+    /// thread that serves the windows. For BASS_DATA_FFT512, which returns at once: 256 floats, the
+    /// spectrum of what is heard, 0 to 1. -1 on failure.
     virtual std::int32_t BASS_ChannelGetData(Handle channel, void* buffer,
                                              std::uint32_t length) = 0;
 

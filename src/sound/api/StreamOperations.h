@@ -19,8 +19,13 @@ public:
     virtual ~StreamOperations() = default;
 
     /// Opens `path` (bytes of a file name) as a stream. `memory` must be false; `offset` and
-    /// `length` must be 0. Returns the handle, or 0: cannotOpenFile when there is no such file,
+    /// `length` must be 0. Returns the handle, or 0: cannotOpenFile when there is no such file or
+    /// its disk does not answer within 2 s, which is how long this waits at most,
     /// unsupportedFormat when it is not this operation's kind or is broken.
+    ///
+    /// A channel made with BASS_STREAM_DECODE is read by its caller, who waits for the disk in
+    /// BASS_ChannelGetData, BASS_ChannelSetPosition and BASS_ChannelStop: that is for a render or a
+    /// job whose thread may wait, never for the thread that serves the windows.
     [[nodiscard]] virtual Handle BASS_StreamCreateFile(bool memory, std::string_view path,
                                                        std::uint32_t offset, std::uint32_t length,
                                                        std::uint32_t flags) = 0;

@@ -19,11 +19,10 @@ constexpr std::int64_t kEstimateMarginDivisor = 20;
 
 } // namespace
 
-Channel::Channel(FormatFamily family, std::uint32_t flags, std::unique_ptr<Decoder> decoder,
-                 Remix remix)
-    : family_(family), flags_(flags), source_(std::make_shared<Source>(std::move(decoder), remix)) {
+Channel::Channel(FormatFamily family, std::uint32_t flags, Opener opener, Remix remix)
+    : family_(family), flags_(flags), source_(std::make_shared<Source>(std::move(opener), remix)) {
     if (!isDecoding()) {
-        voice_ = std::make_unique<Voice>(beginFeed(0), remix);
+        voice_ = std::make_unique<Voice>(askForFeed(0), remix);
     }
 }
 

@@ -21,8 +21,8 @@ class Channel {
 public:
     static constexpr std::size_t kMaxEffects = 10;
 
-    Channel(FormatFamily family, std::uint32_t flags, std::unique_ptr<Decoder> decoder,
-            Remix remix = Remix::never);
+    /// Nothing is opened yet; a channel that is to be heard has asked for its first feed.
+    Channel(FormatFamily family, std::uint32_t flags, Opener opener, Remix remix = Remix::never);
 
     [[nodiscard]] FormatFamily family() const noexcept { return family_; }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The engine behind the sound library: decoders, a feeder that decodes ahead, a mixer that runs in
+// The engine behind the sound library: decoders, readers that decode ahead, a mixer that runs in
 // the device's callback, and a keeper that opens and closes the device. This class only joins them.
 // Interface thread only.
 #pragma once

@@ -15,10 +15,15 @@ static_assert(MixSource::kAheadBlock == kAheadBlockFrames);
 /// A device that has taken nothing for this long stands still, whatever it says.
 constexpr std::chrono::milliseconds kStandstill(200);
 
+ErrorCode reason(OpenStatus status) {
+    return status == OpenStatus::noFile ? ErrorCode::cannotOpenFile : ErrorCode::unsupportedFormat;
+}
+
 } // namespace
 
 EngineCore::EngineCore(std::unique_ptr<OutputDevice> device, const EngineOptions& options)
-    : remix_(device->mixesAhead() ? Remix::possible : Remix::never), observer_(options.observer),
+    : remix_(device->mixesAhead() ? Remix::possible : Remix::never),
+      openPatience_(options.openPatience), openFile_(options.openFile), observer_(options.observer),
       feeder_(options.feeder,
               [this] {
                   if (mixer_.hungry()) {
@@ -84,22 +89,34 @@ bool EngineCore::full() const {
     return channels_.audibleCount() + dying_.size() >= Mixer::kMaxVoices;
 }
 
-Handle EngineCore::add(std::unique_ptr<Channel> channel) {
-    collect();
+bool EngineCore::makeRoom() {
+    if (full()) {
+        mixer_.drain();
+        collect();
+    }
+    return !full() || fail(ErrorCode::noFreeChannel);
+}
+
+/// Has the source opened; false, with the reason noted, when that is known not to be possible.
+bool EngineCore::begin(Channel& channel, Answer answer) {
+    feeder_.add(channel.source());
+    if (answer == Answer::later) {
+        return true;
+    }
+    const auto status = channel.source()->waitForAnswer(openPatience_);
+    return status == OpenStatus::opened || fail(reason(status.value_or(OpenStatus::noFile)));
+}
+
+Handle EngineCore::add(std::unique_ptr<Channel> channel, Answer answer) {
     Channel& added = *channel;
+    const bool begun = begin(added, answer);
+    collect();
+    if (!begun || !(added.isDecoding() || makeRoom())) {
+        feeder_.retire(added.giveAwaySource());
+        return kNoHandle;
+    }
     if (!added.isDecoding()) {
-        if (full()) {
-            mixer_.drain();
-            collect();
-        }
-        if (full()) {
-            fail(ErrorCode::noFreeChannel);
-            return kNoHandle;
-        }
         post(command::AddVoice{added.voice()});
-        feeder_.add(added.source());
-    } else if (added.source()->lengthIsEstimate()) {
-        feeder_.add(added.source()); // for its scan alone: there is no feed
     }
     const Handle handle = channels_.add(std::move(channel));
     updateDemand();
@@ -135,7 +152,7 @@ void EngineCore::seek(Channel& channel, std::int64_t frame) {
     }
     const bool offline = feeder_.mode() == FeederMode::inCaller;
     Feed& feed = offline ? channel.beginFeed(frame) : channel.askForFeed(frame);
-    feeder_.wake();
+    feeder_.wake(*channel.source());
     post(command::SwitchFeed{channel.voice(), &feed});
 }
 

@@ -12,6 +12,7 @@
 #include "sound/output/DeviceKeeper.h"
 #include "sound/output/OutputDevice.h"
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -19,6 +20,12 @@
 #include <vector>
 
 namespace tovik::sound {
+
+/// Does a new channel have to be open?
+enum class Answer {
+    awaited, ///< yes, within the patience of the options: what takes longer counts as no file
+    later,   ///< no
+};
 
 class EngineCore final : public MixSource, private DeviceObserver {
 public:
@@ -64,12 +71,18 @@ public:
     /// Begins to open the device in the background.
     void warmUp() { keeper_.warmUp(*this); }
 
+    /// How files are opened.
+    [[nodiscard]] const auto& openFile() const noexcept { return openFile_; }
+
     // Channels --------------------------------------------------------------------------------
 
     [[nodiscard]] ChannelTable& channels() noexcept { return channels_; }
 
-    /// Takes the channel into the mixer; its handle, or 0 when there is no room (noFreeChannel).
-    [[nodiscard]] Handle add(std::unique_ptr<Channel> channel);
+    /// Has the channel opened and takes it into the mixer. Its handle, or 0 when it does not open
+    /// (cannotOpenFile, unsupportedFormat) or there is no room (noFreeChannel). Who does not wait
+    /// for the answer gets a handle at once: it is stalled until there are samples, and has ended
+    /// when it does not open.
+    [[nodiscard]] Handle add(std::unique_ptr<Channel> channel, Answer answer = Answer::awaited);
 
     void start(Channel& channel);
     void stop(Channel& channel);
@@ -114,6 +127,8 @@ public:
     void endAhead(std::int64_t heard) noexcept override { mixer_.endAhead(heard); }
 
 private:
+    [[nodiscard]] bool begin(Channel& channel, Answer answer);
+    [[nodiscard]] bool makeRoom();
     [[nodiscard]] bool full() const;
     void deviceLost() override;
     void deviceBack() override;
@@ -133,6 +148,8 @@ private:
     ChannelTable channels_;
     std::vector<std::unique_ptr<Channel>> dying_; ///< freed, but still fading out in the mixer
     const Remix remix_;
+    const std::chrono::milliseconds openPatience_;
+    const decltype(EngineOptions::openFile) openFile_;
     Mixer mixer_;
     DeviceObserver* observer_;
     Feeder feeder_;

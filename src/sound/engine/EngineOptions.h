@@ -2,8 +2,13 @@
 // How an engine is to run. Any thread.
 #pragma once
 
+#include "sound/decode/Decoder.h"
 #include "sound/engine/Feeder.h"
 #include "sound/output/DeviceKeeper.h"
+
+#include <chrono>
+#include <functional>
+#include <string>
 
 namespace tovik::sound {
 
@@ -16,6 +21,16 @@ struct EngineOptions {
     DeviceObserver* observer = nullptr;
 
     KeeperTimes keeperTimes{};
+
+    /// How long a create operation waits for a file to open.
+    std::chrono::milliseconds openPatience{2000};
+
+    /// How files are opened; a test puts a disk that stalls here. Called on a thread of the engine,
+    /// which may outlive the engine.
+    std::function<OpenResult(FormatFamily, const std::string& path, OpenOptions)> openFile =
+        [](FormatFamily family, const std::string& path, OpenOptions how) {
+            return openDecoder(family, path, how);
+        };
 };
 
 } // namespace tovik::sound

@@ -1,80 +1,59 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Keeps the feeds of all playing sources full, and finds exact lengths meanwhile. It has a thread
-// of its own, or none: then whoever mixes offline calls `fillTo` before each block.
+// Opens sources, keeps their feeds full, and finds exact lengths meanwhile. It has threads for that
+// (Readers), or none: then whoever mixes offline calls `fillTo` before each block. Interface
+// thread, except where told.
 #pragma once
 
+#include "base/Mutex.h"
+#include "sound/engine/Readers.h"
 #include "sound/engine/Source.h"
 
-#include <condition_variable>
 #include <cstddef>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <optional>
-#include <thread>
 #include <vector>
 
 namespace tovik::sound {
 
 enum class FeederMode {
-    ownThread, ///< decode ahead of a device that runs in real time
-    inCaller,  ///< decode only in `fillTo`
+    ownThread, ///< open and decode ahead of a device that runs in real time, a thread a source
+    inCaller,  ///< open in `add`, decode in `fillTo` alone
 };
 
 class Feeder {
 public:
-    /// `filled` is called on the feeder's thread after each round that has filled something.
+    /// `filled` is called on a thread of the feeder's after a feed has got more samples.
     explicit Feeder(FeederMode mode, std::function<void()> filled = {});
-
-    /// Calls `stop`.
-    ~Feeder();
-    Feeder(const Feeder&) = delete;
-    Feeder& operator=(const Feeder&) = delete;
 
     [[nodiscard]] FeederMode mode() const noexcept { return mode_; }
 
-    // Interface thread ----------------------------------------------------------------------
-
+    /// Begins `source` and keeps its feed full. With threads it returns at once.
     void add(std::shared_ptr<Source> source);
 
     /// Nobody will use `source` again: what its feed needs to fade out is seen to, then the source
-    /// goes. With a thread of its own that is where it happens.
+    /// goes. With threads that is where it happens, and what is still being opened is called off.
     void retire(std::shared_ptr<Source> source);
 
-    /// Ends the thread; nothing is filled or called any more.
+    /// Ends the threads; nothing is filled or called any more. Waits for a second at most.
     void stop();
 
-    /// A source has a new feed.
-    void wake();
+    /// `source` was asked for a new feed.
+    void wake(const Source& source);
 
     /// Tells whether the device takes samples; while it does not, a full feed stays full and the
-    /// thread sleeps until it is told otherwise.
+    /// threads sleep until they are told otherwise.
     void setRunning(bool running);
 
-    // The thread that mixes offline -----------------------------------------------------------
-
-    /// Decodes until every source has `frames` frames ready or has ended.
+    /// Decodes until every source has `frames` frames ready or has ended. The thread that mixes
+    /// offline.
     void fillTo(std::size_t frames);
 
 private:
-    using Sources = std::vector<std::shared_ptr<Source>>;
-
-    void run();
-    void sleep(std::unique_lock<std::mutex>& lock, const Sources& sources);
-    [[nodiscard]] static bool fillOnce(const Sources& sources);
-    [[nodiscard]] static bool scanOnce(const Sources& sources);
-
     const FeederMode mode_;
-    const std::function<void()> filled_;
-    std::mutex mutex_; ///< guards the members below
-    std::condition_variable wakeUp_;
-    Sources sources_;
-    Sources retired_;
-    bool running_ = true;
-    bool changed_ = false;
-    bool ending_ = false;
-
-    std::thread thread_; ///< last: it starts when all else is there
+    std::optional<Readers> readers_; ///< exactly with threads
+    base::Mutex mutex_;
+    std::vector<std::shared_ptr<Source>> sources_ TOVIK_GUARDED_BY(mutex_); ///< without threads
 };
 
 } // namespace tovik::sound

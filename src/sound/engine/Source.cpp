@@ -2,7 +2,6 @@
 #include "sound/engine/Source.h"
 
 #include "sound/mix/FeedLine.h"
-#include "sound/output/OutputDevice.h"
 
 #include <algorithm>
 #include <utility>
@@ -16,7 +15,7 @@ constexpr int kSliceFrames = 2048;
 
 struct FeedSizes {
     std::size_t capacity;
-    /// A new feed starts with this much, so that it can sound before the feeder has woken up.
+    /// A new feed starts with this much, so that it can sound before its reader has woken up.
     std::size_t first;
 };
 
@@ -38,6 +37,9 @@ constexpr std::size_t kMostReadyFrames = kSizes.capacity / 2;
 /// a ramp.
 constexpr std::size_t kFadeFrames = kMaxBlockFrames + kRampFrames;
 
+/// A scan for the exact length may hold up the answer for this long.
+constexpr std::chrono::milliseconds kScanPatience(50);
+
 /// How far the length stays ahead of a decoder that went on beyond what the header said.
 constexpr std::int64_t kShortHeaderSeconds = 2;
 
@@ -48,15 +50,82 @@ std::size_t sliceFrames(int rate) {
 
 } // namespace
 
-Source::Source(std::unique_ptr<Decoder> decoder, Remix remix)
-    : rate_(decoder->sampleRate()), channels_(decoder->channels()), loops_(decoder->loops()),
-      orders_(decoder->orders()), remix_(remix), scan_(decoder->lengthScan()),
-      length_(decoder->lengthFrames()), estimate_(scan_ != nullptr), decoder_(std::move(decoder)),
-      decoded_(sliceFrames(rate_) * static_cast<std::size_t>(channels_)),
-      converter_(rate_, channels_, sliceFrames(rate_)) {}
+Source::Source(Opener opener, Remix remix) : remix_(remix), opener_(std::move(opener)) {}
+
+OpenStatus Source::open() {
+    const Opener opener = std::exchange(opener_, nullptr);
+    OpenResult opened = opener(calledOff_.get_token());
+    if (opened.status != OpenStatus::opened) {
+        return opened.status;
+    }
+    decoder_ = std::move(opened.decoder);
+    facts_ = {.rate = decoder_->sampleRate(),
+              .channels = decoder_->channels(),
+              .loops = decoder_->loops(),
+              .orders = decoder_->orders()};
+    const std::size_t slice = sliceFrames(facts_.rate);
+    decoded_.resize(slice * static_cast<std::size_t>(facts_.channels));
+    converter_.emplace(facts_.rate, facts_.channels, slice);
+    length_.store(decoder_->lengthFrames(), std::memory_order_release);
+    const base::MutexLock lock(scanMutex_);
+    scan_ = decoder_->lengthScan();
+    estimate_.store(scan_ != nullptr, std::memory_order_release);
+    return OpenStatus::opened;
+}
+
+void Source::begin() {
+    OpenStatus status = OpenStatus::noFile;
+    {
+        const base::MutexLock lock(mutex_);
+        status = open();
+        if (status == OpenStatus::opened) {
+            known_.store(true, std::memory_order_release);
+            beginAsked();
+        }
+    }
+    if (status == OpenStatus::opened) {
+        scan(kScanPatience);
+    }
+    answer(status);
+}
+
+void Source::answer(OpenStatus status) {
+    {
+        const base::MutexLock lock(answerMutex_);
+        if (answer_) {
+            return;
+        }
+        answer_ = status;
+    }
+    answered_.notifyAll();
+    if (status != OpenStatus::opened) {
+        const base::MutexLock lock(askMutex_);
+        refused_ = true;
+        if (asked_ != nullptr) {
+            std::exchange(asked_, nullptr)->complete();
+        }
+    }
+}
+
+void Source::refuse() {
+    answer(OpenStatus::noFile);
+}
+
+std::optional<OpenStatus> Source::waitForAnswer(std::chrono::milliseconds patience) {
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    const base::MutexLock lock(answerMutex_);
+    while (!answer_ && answered_.waitUntil(answerMutex_, deadline)) {
+    }
+    return answer_;
+}
+
+bool Source::needsNoThread() const {
+    const base::MutexLock lock(askMutex_);
+    return feeds_ == 0 && !lengthIsEstimate();
+}
 
 void Source::scan(std::chrono::milliseconds slice) {
-    const std::scoped_lock lock(scanMutex_);
+    const base::MutexLock lock(scanMutex_);
     if (scan_ == nullptr || !scan_->run(slice)) {
         return;
     }
@@ -71,41 +140,50 @@ std::int64_t Source::goTo(std::int64_t frame) {
     const std::int64_t stands = frame == position() && !atEnd() ? frame : decoder_->seek(frame);
     position_.store(stands, std::memory_order_release);
     end_.store(false, std::memory_order_release);
-    converter_.reset();
+    converter_->reset();
     return stands;
 }
 
 std::shared_ptr<Feed> Source::askForFeed(std::int64_t frame) {
-    const std::scoped_lock lock(askMutex_);
-    asked_ = std::make_shared<Feed>(frame, sizesFor(remix_).capacity, ++feeds_);
-    return asked_;
+    const base::MutexLock lock(askMutex_);
+    auto feed = std::make_shared<Feed>(frame, sizesFor(remix_).capacity, ++feeds_);
+    if (refused_) {
+        feed->complete();
+    } else {
+        asked_ = feed;
+    }
+    return feed;
 }
 
 std::shared_ptr<Feed> Source::beginFeed(std::int64_t frame) {
     std::shared_ptr<Feed> feed = askForFeed(frame);
-    const std::scoped_lock lock(mutex_);
+    const base::MutexLock lock(mutex_);
     beginAsked();
     return feed;
 }
 
+std::shared_ptr<Feed> Source::takeAsked() {
+    const base::MutexLock lock(askMutex_);
+    return std::exchange(asked_, nullptr);
+}
+
 bool Source::beginAsked() {
-    std::shared_ptr<Feed> asked;
-    {
-        const std::scoped_lock lock(askMutex_);
-        asked = std::exchange(asked_, nullptr);
+    if (decoder_ == nullptr) {
+        return false;
     }
+    const std::shared_ptr<Feed> asked = takeAsked();
     if (asked == nullptr) {
         return false;
     }
     decodeTo(kFadeFrames);
     asked->moveAnchor(goTo(asked->anchorFrame()));
-    feed_ = std::move(asked);
+    feed_ = asked;
     decodeTo(sizesFor(remix_).first);
     return true;
 }
 
 void Source::prepareFade() {
-    const std::scoped_lock lock(mutex_);
+    const base::MutexLock lock(mutex_);
     decodeTo(kFadeFrames);
 }
 
@@ -116,17 +194,20 @@ void Source::decodeTo(std::size_t frames) {
 }
 
 std::size_t Source::decode(std::span<float> interleaved) {
+    if (decoder_ == nullptr) {
+        return 0;
+    }
     const std::size_t frames = decoder_->read(interleaved);
     const std::int64_t now = position() + static_cast<std::int64_t>(frames);
     position_.store(now, std::memory_order_release);
-    if (frames * static_cast<std::size_t>(channels_) < interleaved.size()) {
+    if (frames * static_cast<std::size_t>(facts_.channels) < interleaved.size()) {
         // Whatever header or scan have said: here it ends.
         length_.store(now, std::memory_order_release);
         estimate_.store(false, std::memory_order_release);
         end_.store(true, std::memory_order_release);
-    } else if (!loops_ && now > lengthFrames()) {
+    } else if (!facts_.loops && now > lengthFrames()) {
         // A header that told too little: the end is not here, so it stays out of reach.
-        length_.store(now + kShortHeaderSeconds * rate_, std::memory_order_release);
+        length_.store(now + kShortHeaderSeconds * facts_.rate, std::memory_order_release);
     }
     return frames;
 }
@@ -134,15 +215,15 @@ std::size_t Source::decode(std::span<float> interleaved) {
 void Source::decodeSlice() {
     const std::size_t frames = decode(decoded_);
     const std::span<const float> decoded =
-        std::span<const float>(decoded_).first(frames * static_cast<std::size_t>(channels_));
-    feed_->write(converter_.convert(decoded));
+        std::span<const float>(decoded_).first(frames * static_cast<std::size_t>(facts_.channels));
+    feed_->write(converter_->convert(decoded));
     if (atEnd()) {
         finishFeed();
     }
 }
 
 void Source::finishFeed() {
-    for (auto rest = converter_.flush(); !rest.empty(); rest = converter_.flush()) {
+    for (auto rest = converter_->flush(); !rest.empty(); rest = converter_->flush()) {
         feed_->write(rest);
     }
     feed_->complete();
@@ -150,11 +231,11 @@ void Source::finishFeed() {
 
 std::size_t Source::roomForSlice() const noexcept {
     // A last slice is followed by what the resampler holds back.
-    return 2 * converter_.mostFrames();
+    return 2 * converter_->mostFrames();
 }
 
 bool Source::fillSlice() {
-    const std::scoped_lock lock(mutex_);
+    const base::MutexLock lock(mutex_);
     if (beginAsked()) {
         return true;
     }
@@ -166,12 +247,12 @@ bool Source::fillSlice() {
 }
 
 void Source::fillTo(std::size_t frames) {
-    const std::scoped_lock lock(mutex_);
+    const base::MutexLock lock(mutex_);
     decodeTo(std::min(frames, kMostReadyFrames));
 }
 
 std::optional<std::chrono::milliseconds> Source::timeToRefill() const {
-    const std::scoped_lock lock(mutex_);
+    const base::MutexLock lock(mutex_);
     if (feed_ == nullptr || feed_->isComplete()) {
         return std::nullopt;
     }
@@ -181,13 +262,15 @@ std::optional<std::chrono::milliseconds> Source::timeToRefill() const {
 }
 
 std::size_t Source::read(std::span<float> interleaved) {
-    const std::scoped_lock lock(mutex_);
+    const base::MutexLock lock(mutex_);
     return decode(interleaved);
 }
 
 void Source::seek(std::int64_t frame) {
-    const std::scoped_lock lock(mutex_);
-    goTo(frame);
+    const base::MutexLock lock(mutex_);
+    if (decoder_ != nullptr) {
+        goTo(frame);
+    }
 }
 
 } // namespace tovik::sound

@@ -1,38 +1,67 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The decoding side of a channel: decoder, resampler and the feed being filled. Every member may be
 // called on any thread; a lock keeps the decoder to one at a time. It is held while the decoder
-// reads, as long as the disk wants: a thread that must not wait calls only what is said to return
-// at once.
+// opens and reads, as long as disk or network want: a thread that must not wait calls only what is
+// said to return at once.
 #pragma once
 
+#include "base/Mutex.h"
 #include "sound/decode/Decoder.h"
 #include "sound/engine/MixConverter.h"
 #include "sound/mix/Feed.h"
 #include "sound/mix/Remix.h"
+#include "sound/output/OutputDevice.h"
 
 #include <atomic>
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <span>
+#include <stop_token>
 #include <vector>
 
 namespace tovik::sound {
 
+/// Gets a decoder, waiting for disk or network. It is called once, on a thread that may wait, and
+/// may outlive whoever asked for it: it owns what it uses. When a stop is requested nobody wants
+/// the source any more: opener and decoder then give up whatever they can give up waiting for. Who
+/// registers a callback for that is called on the interface thread, and returns at once.
+using Opener = std::function<OpenResult(const std::stop_token& calledOff)>;
+
 class Source {
 public:
-    explicit Source(std::unique_ptr<Decoder> decoder, Remix remix = Remix::never);
+    /// Nothing is opened yet: `begin` does that.
+    explicit Source(Opener opener, Remix remix = Remix::never);
 
-    [[nodiscard]] int sampleRate() const noexcept { return rate_; }
+    // Opening -------------------------------------------------------------------------------
 
-    [[nodiscard]] int channels() const noexcept { return channels_; }
+    /// Opens, fills the feed that was asked for with a first slice, and looks for the length for
+    /// some milliseconds; then the answer is there. A feed of what does not open is complete at
+    /// once. To be called once; waits for disk or network.
+    void begin();
 
-    [[nodiscard]] bool loops() const noexcept { return loops_; }
+    /// Waits for the answer, `patience` at most; nothing when there is none by then.
+    [[nodiscard]] std::optional<OpenStatus> waitForAnswer(std::chrono::milliseconds patience);
 
-    [[nodiscard]] int orders() const noexcept { return orders_; }
+    /// The answer is that it cannot be opened, unless there is one.
+    void refuse();
+
+    /// Nobody wants the source any more. Returns at once; what waits for disk or network may do so
+    /// for longer.
+    void callOff() { calledOff_.request_stop(); }
+
+    // What is known; before it is opened, of a stereo stream without a length. Returns at once.
+
+    [[nodiscard]] int sampleRate() const noexcept { return facts().rate; }
+
+    [[nodiscard]] int channels() const noexcept { return facts().channels; }
+
+    [[nodiscard]] bool loops() const noexcept { return facts().loops; }
+
+    [[nodiscard]] int orders() const noexcept { return facts().orders; }
 
     /// Length in frames of the channel as known now; exact once the scan is done, and at the latest
     /// when the decoder has met the end.
@@ -44,6 +73,10 @@ public:
     [[nodiscard]] bool lengthIsEstimate() const noexcept {
         return estimate_.load(std::memory_order_acquire);
     }
+
+    /// Nothing is left to do but for what the caller reads himself: no feed was ever asked for, and
+    /// the length is exact. Returns at once.
+    [[nodiscard]] bool needsNoThread() const;
 
     /// Looks for the exact length for about `slice`. Waits for the disk.
     void scan(std::chrono::milliseconds slice);
@@ -84,34 +117,56 @@ public:
     [[nodiscard]] bool atEnd() const noexcept { return end_.load(std::memory_order_acquire); }
 
 private:
-    std::size_t decode(std::span<float> interleaved);
-    void decodeSlice();
-    void decodeTo(std::size_t frames);
-    [[nodiscard]] std::size_t roomForSlice() const noexcept;
-    void finishFeed();
-    bool beginAsked();
-    std::int64_t goTo(std::int64_t frame);
+    /// Does not change once the answer is there.
+    struct Facts {
+        int rate;
+        int channels;
+        bool loops;
+        int orders;
+    };
 
-    const int rate_;
-    const int channels_;
-    const bool loops_;
-    const int orders_;
+    static constexpr Facts kUnknown{kMixRate, 2, false, 0};
+
+    [[nodiscard]] const Facts& facts() const noexcept {
+        return known_.load(std::memory_order_acquire) ? facts_ : kUnknown;
+    }
+
+    [[nodiscard]] OpenStatus open() TOVIK_REQUIRES(mutex_);
+    void answer(OpenStatus status);
+    std::size_t decode(std::span<float> interleaved) TOVIK_REQUIRES(mutex_);
+    void decodeSlice() TOVIK_REQUIRES(mutex_);
+    void decodeTo(std::size_t frames) TOVIK_REQUIRES(mutex_);
+    [[nodiscard]] std::size_t roomForSlice() const noexcept TOVIK_REQUIRES(mutex_);
+    void finishFeed() TOVIK_REQUIRES(mutex_);
+    [[nodiscard]] std::shared_ptr<Feed> takeAsked();
+    bool beginAsked() TOVIK_REQUIRES(mutex_);
+    std::int64_t goTo(std::int64_t frame) TOVIK_REQUIRES(mutex_);
+
     const Remix remix_;
+    std::stop_source calledOff_;
+    Facts facts_ = kUnknown; ///< written before `known_` becomes true, and not afterwards
+    std::atomic<bool> known_ = false;
 
-    std::mutex scanMutex_;
-    std::unique_ptr<PacketScan> scan_; ///< guarded by scanMutex_
-    std::atomic<std::int64_t> length_;
-    std::atomic<bool> estimate_;
+    base::Mutex answerMutex_; ///< never held while anything is done
+    base::Condition answered_;
+    std::optional<OpenStatus> answer_ TOVIK_GUARDED_BY(answerMutex_);
 
-    std::mutex askMutex_;         ///< guards the next two; never held while anything is done
-    std::shared_ptr<Feed> asked_; ///< not begun yet
-    std::uint32_t feeds_ = 0;     ///< asked for so far
+    base::Mutex scanMutex_;
+    std::unique_ptr<PacketScan> scan_ TOVIK_GUARDED_BY(scanMutex_);
+    std::atomic<std::int64_t> length_ = 0;
+    std::atomic<bool> estimate_ = false;
 
-    mutable std::mutex mutex_; ///< guards all below but the atomics
-    std::unique_ptr<Decoder> decoder_;
-    std::vector<float> decoded_; ///< one slice
-    MixConverter converter_;
-    std::shared_ptr<Feed> feed_;
+    mutable base::Mutex askMutex_;                            ///< never held while anything is done
+    std::shared_ptr<Feed> asked_ TOVIK_GUARDED_BY(askMutex_); ///< not begun yet
+    std::uint32_t feeds_ TOVIK_GUARDED_BY(askMutex_) = 0;     ///< asked for so far
+    bool refused_ TOVIK_GUARDED_BY(askMutex_) = false;        ///< nothing will be begun
+
+    mutable base::Mutex mutex_;
+    Opener opener_ TOVIK_GUARDED_BY(mutex_);                    ///< empty once it was called
+    std::unique_ptr<Decoder> decoder_ TOVIK_GUARDED_BY(mutex_); ///< null unless opened
+    std::vector<float> decoded_ TOVIK_GUARDED_BY(mutex_);       ///< one slice
+    std::optional<MixConverter> converter_ TOVIK_GUARDED_BY(mutex_);
+    std::shared_ptr<Feed> feed_ TOVIK_GUARDED_BY(mutex_);
     std::atomic<std::int64_t> position_ = 0; ///< of the decoder
     std::atomic<bool> end_ = false;          ///< the decoder has met the end
 };

@@ -9,12 +9,8 @@ namespace tovik::sound {
 
 namespace {
 
-/// A scan for the exact length may hold up the start of a track for this long.
-constexpr std::chrono::milliseconds kScanPatience(50);
-
-ErrorCode reason(OpenStatus status) {
-    return status == OpenStatus::noFile ? ErrorCode::cannotOpenFile : ErrorCode::unsupportedFormat;
-}
+/// Offline the exact length is waited for.
+constexpr std::chrono::milliseconds kScanSlice(50);
 
 } // namespace
 
@@ -29,17 +25,18 @@ Handle StreamCalls::create(FormatFamily family, const Place& place, std::uint32_
         return kNoHandle;
     }
     const bool repeat = family == FormatFamily::music && (flags & BASS_MUSIC_LOOP) != 0;
-    OpenResult opened = openDecoder(family, std::string(place.path), {.repeat = repeat});
-    if (opened.status != OpenStatus::opened) {
-        core_.fail(reason(opened.status));
-        return kNoHandle;
+    auto opener = [open = core_.openFile(), family, path = std::string(place.path),
+                   repeat](const std::stop_token& /*calledOff*/) {
+        return open(family, path, {.repeat = repeat});
+    };
+    auto channel = std::make_unique<Channel>(family, flags, std::move(opener), core_.remix());
+    Channel& added = *channel;
+    const Handle handle = core_.add(std::move(channel));
+    while (handle != kNoHandle && core_.feederMode() == FeederMode::inCaller &&
+           added.source()->lengthIsEstimate()) {
+        added.source()->scan(kScanSlice);
     }
-    auto channel =
-        std::make_unique<Channel>(family, flags, std::move(opened.decoder), core_.remix());
-    do {
-        channel->source()->scan(kScanPatience);
-    } while (core_.feederMode() == FeederMode::inCaller && channel->source()->lengthIsEstimate());
-    return core_.add(std::move(channel));
+    return handle;
 }
 
 Handle StreamCalls::BASS_StreamCreateFile(bool memory, std::string_view path, std::uint32_t offset,

@@ -28,8 +28,11 @@ std::unique_ptr<SimulatedOutput> makeDevice(const RigSetup& setup, Stereo& taken
 
 EngineRig::EngineRig(const RigSetup& setup)
     : owned_(makeDevice(setup, taken_)), device(*owned_),
-      made_(std::move(owned_),
-            {.feeder = setup.feeder, .observer = &observer, .keeperTimes = setup.times}),
+      made_(std::move(owned_), {.feeder = setup.feeder,
+                                .observer = &observer,
+                                .keeperTimes = setup.times,
+                                .openPatience = setup.openPatience,
+                                .openFile = setup.openFile}),
       engine(made_) {
     if (setup.initialize) {
         EXPECT_TRUE(init());

@@ -8,6 +8,7 @@
 #include "sound/output/KeeperRig.h"
 #include "sound/output/SimulatedOutput.h"
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -27,6 +28,8 @@ struct RigSetup {
     bool initialize = true;
     bool keepSamples = true; ///< for `render`; costs memory in the callback
     KeeperTimes times = kNever;
+    std::chrono::milliseconds openPatience = EngineOptions{}.openPatience;
+    decltype(EngineOptions::openFile) openFile = EngineOptions{}.openFile;
 };
 
 class EngineRig {

@@ -91,8 +91,10 @@ public:
                               }})) {}
 
     Handle add(FakeFile& file, std::uint32_t flags = 0) {
-        return core.add(std::make_unique<Channel>(FormatFamily::stream, flags,
-                                                  std::make_unique<FakeDecoder>(file)));
+        return core.add(std::make_unique<Channel>(
+            FormatFamily::stream, flags, [&file](const std::stop_token&) -> OpenResult {
+                return {OpenStatus::opened, std::make_unique<FakeDecoder>(file)};
+            }));
     }
 
     std::vector<float> render(std::size_t frames) {

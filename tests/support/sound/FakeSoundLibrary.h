@@ -50,6 +50,7 @@ public:
     std::map<std::string, FakeFile, std::less<>> files;
     std::map<std::uint32_t, FakeFile> discTracks; ///< of drive 0, counted from 0
     std::uint32_t version = 2;
+    sound::ErrorCode error = sound::ErrorCode::ok; ///< what is told of any operation
     bool hasDevice = true;
     std::vector<std::string> inputs = {"Stereo Out"};
 
@@ -95,7 +96,7 @@ public:
     bool BASS_GetInfo(sound::BASS_INFO& info) override;
     std::uint32_t BASS_SetConfig(std::uint32_t option, std::uint32_t value) override;
 
-    sound::ErrorCode BASS_ErrorGetCode() override { return sound::ErrorCode::ok; }
+    sound::ErrorCode BASS_ErrorGetCode() override { return error; }
 
     sound::Handle BASS_StreamCreateFile(bool memory, std::string_view path, std::uint32_t offset,
                                         std::uint32_t length, std::uint32_t flags) override;
