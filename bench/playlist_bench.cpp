@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a long playlist costs: loading, saving, deleting, selecting, and memory a row.
+// What a long playlist costs: loading, saving, deleting, selecting, searching, and memory a row.
 #include "playlist/ListMirror.h"
 #include "playlist/M3uList.h"
 #include "playlist/stdSS.h"
+#include "playlist/TitleSearch.h"
 
 #include <benchmark/benchmark.h>
 
@@ -128,6 +129,38 @@ void markAll(benchmark::State& state) {
     }
 }
 
+/// The slowest key of a word that is typed into the search: the first one, for which the letters of
+/// all titles are folded.
+void searchFirstKey(benchmark::State& state) {
+    stdSS list;
+    static_cast<void>(load(savedList(state.range(0)), list));
+    for (auto round : state) {
+        TitleSearch search(list);
+        search.find("s", TitleMatch::contains);
+        if (search.hits().size() != static_cast<std::size_t>(state.range(0))) {
+            state.SkipWithError("not every title");
+        }
+    }
+}
+
+/// A word key by key, and back; a round is all its keys.
+void searchWord(benchmark::State& state) {
+    stdSS list;
+    static_cast<void>(load(savedList(state.range(0)), list));
+    TitleSearch search(list);
+    search.find("", TitleMatch::contains);
+    static constexpr std::string_view kWord = "song number 4711";
+    for (auto round : state) {
+        for (std::size_t letters = 1; letters <= kWord.size(); ++letters) {
+            search.find(kWord.substr(0, letters), TitleMatch::contains);
+        }
+        for (std::size_t letters = kWord.size(); letters > 0; --letters) {
+            search.find(kWord.substr(0, letters - 1), TitleMatch::contains);
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * 2 * static_cast<std::int64_t>(kWord.size()));
+}
+
 constexpr std::int64_t kRows = 100'000;
 
 BENCHMARK(readList)->Arg(kRows)->Arg(5 * kRows)->Unit(benchmark::kMillisecond);
@@ -136,6 +169,8 @@ BENCHMARK(writeList)->Arg(kRows)->Unit(benchmark::kMillisecond);
 BENCHMARK(removeHalf)->Arg(kRows)->Unit(benchmark::kMillisecond);
 BENCHMARK(removeFirst)->Arg(kRows)->Unit(benchmark::kMicrosecond);
 BENCHMARK(selectNext)->Arg(kRows)->Unit(benchmark::kNanosecond);
+BENCHMARK(searchFirstKey)->Arg(kRows)->Unit(benchmark::kMillisecond);
+BENCHMARK(searchWord)->Arg(kRows)->Unit(benchmark::kMillisecond);
 BENCHMARK(markAll)->Arg(kRows)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "playlist/TitleSearch.h"
+
+#include "base/CaseFold.h"
+#include "base/Windows1252.h"
+#include "playlist/stdSS.h"
+
+#include <cstring>
+
+namespace tovik::playlist {
+
+namespace {
+
+bool isContained(TitleMatch match) {
+    return match == TitleMatch::contains || match == TitleMatch::containsExactCase;
+}
+
+/// As `find` of a text, by the C library, which is several times as fast.
+std::size_t findIn(std::string_view text, std::string_view what, std::size_t from) {
+    const std::string_view rest = text.substr(from);
+    const void* const found = ::memmem(rest.data(), rest.size(), what.data(), what.size());
+    return found == nullptr
+               ? std::string_view::npos
+               : static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
+}
+
+} // namespace
+
+TitleSearch::TitleSearch(stdSS& list) : list_(list) {
+    list_.addObserver(*this);
+}
+
+TitleSearch::~TitleSearch() {
+    list_.removeObserver(*this);
+}
+
+void TitleSearch::rowsInserted(Row /*first*/, Row /*count*/) {
+    stale_ = true;
+}
+
+void TitleSearch::rowsRemoved(std::span<const Row> /*rows*/) {
+    stale_ = true;
+}
+
+void TitleSearch::rowMoved(Row /*from*/, Row /*to*/) {
+    stale_ = true;
+}
+
+void TitleSearch::rowsCleared() {
+    stale_ = true;
+}
+
+void TitleSearch::rowChanged(Row /*row*/) {
+    stale_ = true;
+}
+
+void TitleSearch::foldTitles() {
+    const Row count = list_.ListCount();
+    titles_.clear();
+    ends_.clear();
+    ends_.reserve(static_cast<std::size_t>(count));
+    for (Row row = 1; row <= count; ++row) {
+        base::appendFolded(titles_, list_.text(row, RowText::Title));
+        ends_.push_back(titles_.size());
+        titles_ += '\0';
+    }
+    stale_ = false;
+}
+
+std::string_view TitleSearch::foldedTitle(Row row) const {
+    const std::size_t begin = row == 1 ? 0 : endOf(row - 1) + 1;
+    return std::string_view(titles_).substr(begin, endOf(row) - begin);
+}
+
+void TitleSearch::find(std::string_view text, TitleMatch match) {
+    const bool narrower = !stale_ && match == match_ && isContained(match) &&
+                          text.find(text_) != std::string_view::npos;
+    text_ = text;
+    foldedText_ = base::foldedText(text);
+    match_ = match;
+    if (narrower) {
+        std::erase_if(hits_, [this](Row row) { return !matches(row); });
+    } else {
+        refresh();
+    }
+}
+
+void TitleSearch::refresh() {
+    if (stale_) {
+        foldTitles();
+    }
+    scan();
+}
+
+/// Runs over all titles as over one text. An exact match is in the titles that hold it, too.
+void TitleSearch::scan() {
+    hits_.clear();
+    Row row = 1;
+    std::size_t from = 0;
+    if (foldedText_.empty()) {
+        for (; row <= static_cast<Row>(ends_.size()); ++row) {
+            if (matches(row)) {
+                hits_.push_back(row);
+            }
+        }
+        return;
+    }
+    while (from < titles_.size()) {
+        const std::size_t found = findIn(titles_, foldedText_, from);
+        if (found == std::string_view::npos) {
+            return;
+        }
+        while (endOf(row) < found) {
+            ++row;
+        }
+        if (matches(row)) {
+            hits_.push_back(row);
+        }
+        from = endOf(row) + 1;
+    }
+}
+
+bool TitleSearch::matches(Row row) const {
+    const std::string_view folded = foldedTitle(row);
+    const auto seen = [&] { return base::displayText(list_.text(row, RowText::Title)); };
+    switch (match_) {
+    case TitleMatch::contains:
+        return findIn(folded, foldedText_, 0) != std::string_view::npos;
+    case TitleMatch::containsExactCase:
+        return findIn(folded, foldedText_, 0) != std::string_view::npos &&
+               seen().find(text_) != std::string::npos;
+    case TitleMatch::equals:
+        return folded == foldedText_;
+    case TitleMatch::equalsExactCase:
+        return folded == foldedText_ && seen() == text_;
+    }
+    return false;
+}
+
+} // namespace tovik::playlist
