@@ -15,8 +15,8 @@ using window::TimeDisplay;
 
 Front::Front(const window::MainView::Needs& needs, player::StoredSettings& stored,
              config::MultiLNG& language)
-    : view(needs), needs_(needs), state_(needs.core.state), window_(needs.window), stored_(stored),
-      words_(language, config::TextWindow::frmPlayer, view.texts) {}
+    : view(needs), host_(needs.host), state_(needs.core.state), window_(needs.window),
+      stored_(stored), words_(language, config::TextWindow::frmPlayer, view.texts) {}
 
 void Front::bind(commands::Commands& commands) {
     bindPanels(commands);
@@ -76,7 +76,7 @@ void Front::notePlace() {
 }
 
 void Front::loadSkin() {
-    skin::UnpackSkin(needs_.paths, needs_.dialogs);
+    skin::UnpackSkin(host_.paths, host_.dialogs);
     view.skin.LoadMainSkin();
 }
 

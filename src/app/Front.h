@@ -52,7 +52,7 @@ private:
     void mnuTop();
     [[nodiscard]] bool staysOnTop();
 
-    window::MainView::Needs needs_;
+    host::Host host_;
     player::PlayerState& state_;
     window::PlayerWindow& window_;
     player::StoredSettings& stored_;

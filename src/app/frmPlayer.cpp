@@ -23,14 +23,16 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                                                              .news = ground_.news},
       tone_(core_, host.dialogs, windows), music_(core_, tone_.equalizer, window, host, process_),
       startFile_(core_, music_.playback, lists_.files, music_.tag, options_.commandLine),
-      autoload_(core_, lists_, music_.playback.rows), front_({.core = core_,
-                                                              .playback = music_.playback,
-                                                              .equalizer = tone_.equalizer,
-                                                              .commands = commands_,
-                                                              .window = window,
-                                                              .dialogs = host.dialogs,
-                                                              .paths = host.paths},
-                                                             ground_.stored, ground_.language) {
+      autoload_(core_, lists_, music_.playback.rows),
+      front_({.core = core_,
+              .knobs = {.seek = music_.playback.seek,
+                        .volume = music_.playback.volume,
+                        .balance = music_.playback.balance,
+                        .equalizer = tone_.equalizer},
+              .commands = commands_,
+              .window = window,
+              .host = host},
+             ground_.stored, ground_.language) {
     ground_.news.add(events);
     autoload_.begin();
     process_.bind(commands_);

@@ -27,6 +27,9 @@ public:
     /// The commands outlive the object.
     explicit ClsShortcut(const Commands& commands) : commands_(commands) {}
 
+    /// What the keys run.
+    [[nodiscard]] const Commands& commands() const { return commands_; }
+
     /// A key went down, with that shift state and no other. Returns whether it is in the map,
     /// also when its command can do nothing just now. Raises what the command raises.
     // NOLINTNEXTLINE(bugprone-easily-swappable-parameters)

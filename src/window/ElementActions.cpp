@@ -4,6 +4,7 @@
 #include "base/Numbers.h"
 #include "player/EqualizerGains.h"
 #include "window/MainButtons.h"
+#include "window/TimeDisplay.h"
 
 #include <algorithm>
 #include <array>
@@ -96,17 +97,17 @@ ui::ElementFacts ElementActions::factsOf(ui::ElementAddress element) const {
 std::string ElementActions::textOf(ui::ElementAddress element) const {
     switch (element.as<MainElement>()) {
     case MainElement::timed:
-        return (p_.playing.countsDown ? "-" : "") + p_.playing.time;
+        return (p_.core.screen.playing.countsDown ? "-" : "") + p_.core.screen.playing.time;
     case MainElement::songname:
-        return p_.playing.scrollerText;
+        return p_.core.screen.playing.scrollerText;
     case MainElement::mono_img:
-        return p_.playing.mode;
+        return p_.core.screen.playing.mode;
     case MainElement::posbar:
-        return p_.playing.time;
+        return p_.core.screen.playing.time;
     case MainElement::volbar:
-        return p_.playing.volumeText;
+        return p_.core.screen.playing.volumeText;
     case MainElement::balbar:
-        return p_.playing.balanceText;
+        return p_.core.screen.playing.balanceText;
     case MainElement::eq_sld:
         return decibels(rangeOf(element)->value);
     default:
@@ -117,22 +118,22 @@ std::string ElementActions::textOf(ui::ElementAddress element) const {
 std::optional<ElementRange> ElementActions::rangeOf(ui::ElementAddress element) const {
     switch (element.as<MainElement>()) {
     case MainElement::posbar: {
-        const std::int32_t length = p_.position.length();
-        return ElementRange{.value = p_.playing.percent * length / 100.0,
+        const std::int32_t length = p_.knobs.seek.length();
+        return ElementRange{.value = p_.core.screen.playing.percent * length / 100.0,
                             .most = static_cast<double>(length),
                             .step = kSecondsStep};
     }
     case MainElement::volbar:
-        return ElementRange{.value = static_cast<double>(p_.state.CurrentVolume),
+        return ElementRange{.value = static_cast<double>(p_.core.state.CurrentVolume),
                             .most = kVolumeMost};
     case MainElement::balbar:
-        return ElementRange{.value = static_cast<double>(p_.state.BalanceValue),
+        return ElementRange{.value = static_cast<double>(p_.core.state.BalanceValue),
                             .least = -kBalanceMost,
                             .most = kBalanceMost,
                             .step = kBalanceStep};
     case MainElement::eq_sld: {
         // The top of a slider is its least value and the most that one hears.
-        const std::int32_t slider = p_.equalizer.eq_sld(element.index);
+        const std::int32_t slider = p_.knobs.equalizer.eq_sld(element.index);
         return ElementRange{
             .value = static_cast<double>(player::kSliderMiddle) - slider,
             .least = static_cast<double>(player::kSliderMiddle) - player::kSliderBottom,
@@ -145,7 +146,7 @@ std::optional<ElementRange> ElementActions::rangeOf(ui::ElementAddress element) 
 
 void ElementActions::activate(ui::ElementAddress element) {
     if (isDigit(element)) {
-        p_.timeDisplay.flip();
+        TimeDisplay(p_.core).flip();
     } else {
         p_.commands.run(commandBehind(element));
     }
@@ -160,7 +161,7 @@ void ElementActions::adjust(ui::ElementAddress element, Adjustment adjustment) {
     const double page = range->step * (row == kPages.end() ? 1 : row->steps);
     // A place that moves by itself is asked for when it is needed.
     const bool places = element.as<MainElement>() == MainElement::posbar;
-    const double value = places ? p_.position.second() : range->value;
+    const double value = places ? p_.knobs.seek.second() : range->value;
     switch (adjustment) {
     case Adjustment::Up:
         setValue(element, value + range->step);
@@ -192,18 +193,18 @@ void ElementActions::setValue(ui::ElementAddress element, double value) {
         static_cast<std::int32_t>(std::lround(std::clamp(value, range->least, range->most)));
     switch (element.as<MainElement>()) {
     case MainElement::posbar:
-        p_.position.goTo(held);
+        p_.knobs.seek.goTo(held);
         break;
     case MainElement::volbar:
-        p_.volume.change(held);
+        p_.grips.volume.change(held);
         break;
     case MainElement::balbar:
         // The lamps count from the left.
-        p_.balance.click(
+        p_.grips.balance.click(
             static_cast<std::size_t>(std::lround((held - range->least) / range->step)));
         break;
     default:
-        p_.equalizer.eq_sld(element.index, player::kSliderMiddle - held);
+        p_.knobs.equalizer.eq_sld(element.index, player::kSliderMiddle - held);
         break;
     }
 }

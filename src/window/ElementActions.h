@@ -4,15 +4,11 @@
 #pragma once
 
 #include "commands/Commands.h"
-#include "player/Equalizer.h"
-#include "player/NowPlaying.h"
-#include "player/PlayerState.h"
-#include "player/TrackSeek.h"
+#include "player/Core.h"
+#include "player/Knobs.h"
 #include "ui/AccessInput.h"
-#include "window/BalanceBar.h"
+#include "window/Grips.h"
 #include "window/MainElements.h"
-#include "window/TimeDisplay.h"
-#include "window/VolumeBar.h"
 
 #include <cstdint>
 
@@ -22,15 +18,11 @@ class ElementActions final : public ui::AccessInput {
 public:
     /// What it works with; all of it outlives it.
     struct Parts {
-        const player::PlayerState& state;
-        const player::NowPlaying& playing;
+        const player::Core& core;
         const MainElements& elements;
         const commands::Commands& commands;
-        player::TrackSeek& position;
-        VolumeBar& volume;
-        BalanceBar& balance;
-        player::Equalizer& equalizer;
-        TimeDisplay& timeDisplay;
+        Grips grips;
+        player::Knobs knobs;
     };
 
     explicit ElementActions(const Parts& parts) : p_(parts) {}

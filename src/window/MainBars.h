@@ -4,10 +4,8 @@
 #pragma once
 
 #include "ui/WindowInput.h"
-#include "window/BalanceBar.h"
+#include "window/Grips.h"
 #include "window/MainElements.h"
-#include "window/PositionBar.h"
-#include "window/VolumeBar.h"
 
 #include <cstdint>
 #include <optional>
@@ -18,9 +16,9 @@ namespace tovik::window {
 class MainBars {
 public:
     /// All of them outlive the object.
-    MainBars(const MainElements& elements, PositionBar& position, VolumeBar& volume,
-             BalanceBar& balance)
-        : elements_(elements), position_(position), volume_(volume), balance_(balance) {}
+    MainBars(const MainElements& elements, const Grips& grips)
+        : elements_(elements), position_(grips.position), volume_(grips.volume),
+          balance_(grips.balance) {}
 
     void mouseDown(const ui::PointerEvent& event);
     void mouseMove(const ui::PointerEvent& event);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/MainInput.h"
 
+#include "window/TimeDisplay.h"
+
 #include <algorithm>
 
 namespace tovik::window {
@@ -34,11 +36,11 @@ void MainInput::press(const PressButton& button, bool pressed) {
 }
 
 void MainInput::mouseDown(const ui::PointerEvent& event) {
-    config::guard(p_.errors, config::player("MouseDown"), [&] { pressAt(event); });
+    config::guard(p_.core.errors, config::player("MouseDown"), [&] { pressAt(event); });
 }
 
 void MainInput::mouseMove(const ui::PointerEvent& event) {
-    config::guard(p_.errors, config::player("MouseMove"), [&] { moveTo(event); });
+    config::guard(p_.core.errors, config::player("MouseMove"), [&] { moveTo(event); });
 }
 
 void MainInput::mouseUp(const ui::PointerEvent& event) {
@@ -46,18 +48,18 @@ void MainInput::mouseUp(const ui::PointerEvent& event) {
         event.over(MainElement::closeup) || event.over(MainElement::closedown)
             ? config::player("button_closeup")
             : config::player("MouseUp");
-    config::guard(p_.errors, procedure, [&] { releaseAt(event); });
+    config::guard(p_.core.errors, procedure, [&] { releaseAt(event); });
 }
 
 void MainInput::pressAt(const ui::PointerEvent& event) {
-    if (p_.equalizer.mouseDown(event) || !isLeft(event)) {
+    if (sliders_.mouseDown(event) || !isLeft(event)) {
         return;
     }
-    p_.bars.mouseDown(event);
+    bars_.mouseDown(event);
     if (const PressButton* const button = pressedOf(event); button != nullptr) {
         press(*button, true);
     } else if (event.over(MainElement::prebt)) {
-        p_.commands.run(commands::CommandId::preferences);
+        p_.keys.commands().run(commands::CommandId::preferences);
     }
 }
 
@@ -66,19 +68,19 @@ void MainInput::moveTo(const ui::PointerEvent& event) {
     if (event.leftHeld && event.over(MainElement::mainIMG)) {
         p_.window.beginDrag();
     }
-    if (!p_.equalizer.mouseMove(event)) {
-        p_.bars.mouseMove(event);
+    if (!sliders_.mouseMove(event)) {
+        bars_.mouseMove(event);
     }
 }
 
 void MainInput::releaseAt(const ui::PointerEvent& event) {
-    if (p_.equalizer.mouseUp(event) || !isLeft(event)) {
+    if (sliders_.mouseUp(event) || !isLeft(event)) {
         return;
     }
-    p_.bars.mouseUp(event);
+    bars_.mouseUp(event);
     if (const PressButton* const button = pressedOf(event); button != nullptr) {
         press(*button, false);
-        p_.commands.run(button->command);
+        p_.keys.commands().run(button->command);
     } else {
         click(event);
     }
@@ -90,30 +92,30 @@ void MainInput::click(const ui::PointerEvent& event) {
     });
     if (found != clickButtons().end() &&
         p_.elements.get(found->name, found->index).box().contains(event.windowX, event.windowY)) {
-        p_.commands.run(found->command);
+        p_.keys.commands().run(found->command);
     }
 }
 
 void MainInput::doubleClick(const ui::PointerEvent& event) {
-    if (p_.equalizer.doubleClick(event)) {
+    if (sliders_.doubleClick(event)) {
         return;
     }
     // Number 0 is the minus sign.
     if (isLeft(event) && event.over(MainElement::timed) && event.element->index > 0) {
-        p_.timeDisplay.flip();
+        TimeDisplay(p_.core).flip();
     }
 }
 
 void MainInput::wheel(const ui::PointerEvent& event, double notches) {
-    if (!p_.equalizer.wheel(event, notches)) {
-        p_.volumeBar.turn(notches);
+    if (!sliders_.wheel(event, notches)) {
+        p_.grips.volume.turn(notches);
     }
 }
 
 bool MainInput::keyDown(const ui::KeyEvent& event) {
     bool used = true;
-    config::guard(p_.errors, config::player("Keydown"),
-                  [&] { used = p_.shortcuts.ShortCut(event.code, shiftState(event.modifiers)); });
+    config::guard(p_.core.errors, config::player("Keydown"),
+                  [&] { used = p_.keys.ShortCut(event.code, shiftState(event.modifiers)); });
     if (!used && event.code == kEscape) {
         p_.window.takeFocus();
         used = true;
@@ -122,7 +124,7 @@ bool MainInput::keyDown(const ui::KeyEvent& event) {
 }
 
 void MainInput::closeRequested() {
-    p_.commands.run(commands::CommandId::exit);
+    p_.keys.commands().run(commands::CommandId::exit);
 }
 
 } // namespace tovik::window

@@ -3,35 +3,30 @@
 #pragma once
 
 #include "commands/ClsShortcut.h"
-#include "commands/Commands.h"
-#include "config/Errors.h"
+#include "player/Core.h"
 #include "ui/WindowInput.h"
 #include "window/EqualizerInput.h"
+#include "window/Grips.h"
 #include "window/MainBars.h"
 #include "window/MainButtons.h"
 #include "window/MainElements.h"
 #include "window/PlayerWindow.h"
-#include "window/TimeDisplay.h"
-#include "window/VolumeBar.h"
 
 namespace tovik::window {
 
 /// What the input works with; all of it outlives it.
 struct MainInputParts {
+    const player::Core& core;
     MainElements& elements;
-    const config::Errors& errors;
-    const commands::Commands& commands;
-    const commands::ClsShortcut& shortcuts;
-    MainBars& bars;
-    EqualizerInput& equalizer;
-    VolumeBar& volumeBar;
-    TimeDisplay& timeDisplay;
+    const commands::ClsShortcut& keys;
+    Grips grips;
     PlayerWindow& window;
 };
 
 class MainInput final : public ui::WindowInput {
 public:
-    explicit MainInput(const MainInputParts& parts) : p_(parts) {}
+    explicit MainInput(const MainInputParts& parts)
+        : p_(parts), bars_(parts.elements, parts.grips), sliders_(parts.grips.sliders) {}
 
     void mouseDown(const ui::PointerEvent& event) override;
     void mouseMove(const ui::PointerEvent& event) override;
@@ -54,6 +49,8 @@ private:
     void click(const ui::PointerEvent& event);
 
     MainInputParts p_;
+    MainBars bars_;
+    EqualizerInput sliders_;
 };
 
 } // namespace tovik::window

@@ -4,7 +4,8 @@
 #pragma once
 
 #include "commands/ClsShortcut.h"
-#include "player/Playback.h"
+#include "host/Host.h"
+#include "player/Knobs.h"
 #include "ui/ImgScroller.h"
 #include "window/ElementActions.h"
 #include "window/EqualizerSliders.h"
@@ -18,6 +19,7 @@
 #include "window/PositionBar.h"
 #include "window/RotatingCaption.h"
 #include "window/SkinInput.h"
+#include "window/TimeDisplay.h"
 
 #include <string_view>
 
@@ -28,12 +30,10 @@ struct MainView {
     /// What the window shows and drives; all of it outlives the view.
     struct Needs {
         const player::Core& core;
-        player::Playback& playback;
-        player::Equalizer& equalizer;
+        player::Knobs knobs;
         const commands::Commands& commands;
         PlayerWindow& window;
-        host::Dialogs& dialogs;
-        const host::Paths& paths;
+        const host::Host& host;
     };
 
     explicit MainView(const Needs& needs);
@@ -64,12 +64,11 @@ struct MainView {
     VolumeBar volumeBar;
     BalanceBar balanceBar;
     PositionBar positionBar;
+    Grips grips;
     RotatingCaption caption;
     Panels panels;
     TimeDisplay timeDisplay;
     commands::ClsShortcut shortcuts;
-    MainBars bars;
-    EqualizerInput equalizerInput;
     MainInput input;
     ElementActions access;
     MainSkin skin;

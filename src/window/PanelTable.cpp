@@ -58,8 +58,8 @@ constexpr auto kRows = std::to_array<PanelRow>({
     {N::poswin, onlyMain()},
     {N::balwin, onlyMain()},
     {N::volwin, onlyMain()},
-    {N::fxWin, onlyMain()},
-    {N::infoWin, onlyMain()},
+    {N::fxWin, onlyMain(whileFolded)},
+    {N::infoWin, onlyMain(whileFolded)},
     {N::Picture1, onlyMain()},
     {N::Line1, onlyMain()},
     {N::Line2, onlyMain()},
@@ -73,8 +73,8 @@ constexpr auto kRows = std::to_array<PanelRow>({
     {N::Image3, kEqualizerOnly},
     {N::stdSS, kPlaylistOnly},
     {N::lstTracks, kRipOnly},
-    // No other panel hides it here: the tick of `Timer6` does.
-    {N::RadioLst, {kept, kept, kept, kept, yes}},
+    // It goes at the tick of `Timer6` after its panel went.
+    {N::RadioLst, {untilRadioWent, untilRadioWent, untilRadioWent, untilRadioWent, yes}},
     {N::slDRV, kRipOnly},
     {N::cmbCDDrives, kRipOnly},
     {N::Picture6, kEqualizerOnly},
@@ -91,7 +91,9 @@ constexpr auto kRows = std::to_array<PanelRow>({
     {N::timed, onlyMain(), 1},
     {N::songname, onlyMain()},
     {N::lbltag, onlyMain(withoutRadio)},
-    {N::lblPos, onlyMain()}, // the quick list decides about number 3
+    {N::lblPos, onlyMain(), 0, 3},
+    {N::lblPos, onlyMain(whileFolded), 3, 1},
+    {N::lblPos, onlyMain(), 4},
     {N::balbar, onlyMain()},
     {N::lblinfo, onlyMain(withoutRadio)},
     {N::Image1, kRadioOnly, 0, 3},
@@ -111,14 +113,12 @@ constexpr auto kTabs = std::to_array<Tab>({
     {N::prebt, Panel::preferences, 5, 11, 12},
 });
 
-bool shown(Show when, const player::PlayerState& state, bool before) {
+bool shown(Show when, const player::PlayerState& state) {
     switch (when) {
     case Show::yes:
         return true;
     case Show::no:
         return false;
-    case Show::kept:
-        return before;
     case Show::withCrossfade:
         return state.CrossfadeOn;
     case Show::withoutCrossfade:
@@ -153,8 +153,12 @@ bool shown(Show when, const player::PlayerState& state, bool before) {
         return state.StreamRecording;
     case Show::whileNotRecording:
         return !state.StreamRecording;
+    case Show::whileFolded:
+        return !state.QuickListOpen;
+    case Show::untilRadioWent:
+        return state.RadioPanelActive;
     }
-    return before;
+    return true;
 }
 
 void applyRow(const PanelRow& row, MainElements& elements, const player::PlayerState& state) {
@@ -165,7 +169,7 @@ void applyRow(const PanelRow& row, MainElements& elements, const player::PlayerS
     const std::size_t last = row.count == 0 ? elements.count(row.name) : row.first + row.count;
     for (std::size_t i = row.first; i < last; ++i) {
         ui::Element& element = elements.touch(row.name, i);
-        element.visible = shown(row.on.at(panel), state, element.visible);
+        element.visible = shown(row.on.at(panel), state);
     }
 }
 

@@ -29,7 +29,6 @@ inline constexpr std::size_t kPanels = 5;
 enum class Show : std::uint8_t {
     yes,
     no,
-    kept, ///< left as it stands
     withCrossfade,
     withoutCrossfade,
     withLoop,
@@ -47,6 +46,8 @@ enum class Show : std::uint8_t {
     whileStopping,  ///< after the track that plays
     whileRecording, ///< of a station
     whileNotRecording,
+    whileFolded,    ///< the quick list
+    untilRadioWent, ///< as long as the state still has the radio's panel as the shown one
 };
 
 struct PanelRow {
@@ -56,7 +57,8 @@ struct PanelRow {
     std::size_t count = 0; ///< 0: all from `first` on
 };
 
-/// In the order in which they are applied. What is in no row is visible on all panels.
+/// In the order in which they are applied. What is in no row is visible on all panels, but for the
+/// two faces of a button that is pressed (`MainInput`). Nobody else shows or hides an element.
 [[nodiscard]] std::span<const PanelRow> panelTable() noexcept;
 
 /// Gives the elements of all rows the visibility that they have on the current panel. Nothing while

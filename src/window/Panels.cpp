@@ -16,12 +16,11 @@ struct QuickListLayout {
     double listHeight;
     double headingTop; ///< of lblPos(4)
     double buttonTop;
-    bool fieldsVisible;
     MainElement face; ///< store of the button's picture
 };
 
-constexpr QuickListLayout kOpen{60, 163, 202, 46, 46, false, MainElement::qpl_col};
-constexpr QuickListLayout kClosed{169, 161, 80, 154, 156, true, MainElement::qpl_exp};
+constexpr QuickListLayout kOpen{60, 163, 202, 46, 46, MainElement::qpl_col};
+constexpr QuickListLayout kClosed{169, 161, 80, 154, 156, MainElement::qpl_exp};
 
 const Tab* tabNamed(MainElement name) {
     const auto found = std::ranges::find(tabs(), name, &Tab::name);
@@ -59,7 +58,7 @@ void Panels::Switch_Win(std::string_view mask) {
 void Panels::Timer6() {
     config::guard(core_.errors, config::player("timer6"), [this] {
         Timer6_->setEnabled(false);
-        elements_.touch(MainElement::RadioLst).visible = state_.RadioPanelActive;
+        applyPanel(elements_, state_, MainElement::RadioLst);
     });
 }
 
@@ -133,11 +132,9 @@ void Panels::ApplyQuickList() {
     list.height = layout.listHeight;
     elements_.touch(MainElement::lblPos, 4).top = layout.headingTop;
     // The list may be folded from anywhere, and nothing of it may come up over another panel.
-    const bool visible =
-        layout.fieldsVisible && static_cast<Panel>(state_.CurrentPanel) == Panel::main;
-    elements_.touch(MainElement::lblPos, 3).visible = visible;
-    elements_.touch(MainElement::infoWin).visible = visible;
-    elements_.touch(MainElement::fxWin).visible = visible;
+    for (const MainElement name : {MainElement::lblPos, MainElement::infoWin, MainElement::fxWin}) {
+        applyPanel(elements_, state_, name);
+    }
     const ui::Picture face = elements_.get(layout.face).picture;
     ui::Element& button = elements_.touch(MainElement::qpl_but);
     button.picture = face;

@@ -17,15 +17,13 @@ using window::MainElement;
 
 class ElementActions : public InputRig {
 protected:
-    window::ElementActions actions_{{.state = state_,
-                                     .playing = playing_,
-                                     .elements = elements_,
-                                     .commands = commands_,
-                                     .position = seek_,
-                                     .volume = volumeBar_,
-                                     .balance = balanceBar_,
-                                     .equalizer = equalizer_,
-                                     .timeDisplay = timeDisplay_}};
+    window::ElementActions actions_{
+        {.core = core_,
+         .elements = elements_,
+         .commands = commands_,
+         .grips = grips_,
+         .knobs = {
+             .seek = seek_, .volume = volume_, .balance = balance_, .equalizer = equalizer_}}};
 
     [[nodiscard]] ui::ElementFacts facts(MainElement name, std::size_t index = 0) const {
         return actions_.factsOf(ui::addressOf(name, index));

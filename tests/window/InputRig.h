@@ -4,9 +4,7 @@
 
 #include "commands/ClsShortcut.h"
 #include "commands/Commands.h"
-#include "window/MainBars.h"
 #include "window/MainInput.h"
-#include "window/TimeDisplay.h"
 #include "window/ViewRig.h"
 
 namespace tovik::test {
@@ -53,17 +51,14 @@ protected:
     std::vector<commands::CommandId> ran_;
     commands::Commands commands_;
     commands::ClsShortcut shortcuts_{commands_};
-    window::TimeDisplay timeDisplay_{core_};
-    window::MainBars bars_{elements_, positionBar_, volumeBar_, balanceBar_};
-    window::EqualizerInput equalizerInput_{sliders_};
-    window::MainInput input_{{.elements = elements_,
-                              .errors = errors_,
-                              .commands = commands_,
-                              .shortcuts = shortcuts_,
-                              .bars = bars_,
-                              .equalizer = equalizerInput_,
-                              .volumeBar = volumeBar_,
-                              .timeDisplay = timeDisplay_,
+    window::Grips grips_{.position = positionBar_,
+                         .volume = volumeBar_,
+                         .balance = balanceBar_,
+                         .sliders = sliders_};
+    window::MainInput input_{{.core = core_,
+                              .elements = elements_,
+                              .keys = shortcuts_,
+                              .grips = grips_,
                               .window = window_}};
 };
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What is visible on each panel, element by element, for every state that decides about it.
+#include "window/MainButtons.h"
 #include "window/Panels.h"
 #include "window/PanelsRig.h"
 
@@ -17,7 +18,8 @@ using N = MainElement;
 /// One line of the table as users see it: 'Y' shown, 'n' hidden, '-' as before, a letter in lower
 /// case for a mode that shows it, the same in upper case for one that hides it.
 ///   c crossfade, l loop, s shuffle, k silence skip, p ripping, e equalizer, r radio, t counting
-///   down, w recording a station, a stopping after the track
+///   down, w recording a station, a stopping after the track, q quick list
+///   open
 struct Line {
     std::vector<N> names;
     std::string on; ///< five characters, by panel
@@ -43,15 +45,15 @@ const std::vector<Line>& lines() {
         {{N::ShuffleDown}, "Snnnn"},
         {{N::Sld}, "knnnn"},
         {{N::sld2}, "Knnnn"},
-        {{N::ScreenIMG, N::poswin, N::balwin, N::volwin, N::fxWin, N::infoWin, N::Picture1,
-          N::Line1, N::Line2, N::Line3, N::Line4, N::Line5, N::posbar, N::track, N::volbar,
-          N::volbarIMG},
+        {{N::ScreenIMG, N::poswin, N::balwin, N::volwin, N::Picture1, N::Line1, N::Line2, N::Line3,
+          N::Line4, N::Line5, N::posbar, N::track, N::volbar, N::volbarIMG},
          "Ynnnn"},
+        {{N::fxWin, N::infoWin}, "Qnnnn"},
         {{N::stopNote}, "annnn"},
         {{N::Image3}, "nYnnn"},
         {{N::stdSS}, "nnYnn"},
         {{N::lstTracks, N::slDRV, N::cmbCDDrives, N::ripperbt}, "nnnYn"},
-        {{N::RadioLst}, "----Y"},
+        {{N::RadioLst}, "nnnnY"},
         {{N::Picture6, N::eq_sld, N::presetbt, N::eq_val}, "nYnnn"},
         {{N::EQ_on}, "nennn"},
         {{N::EQ_off}, "nEnnn"},
@@ -59,7 +61,9 @@ const std::vector<Line>& lines() {
         {{N::timed}, "tnnnn", 0, 0},
         {{N::timed}, "Ynnnn", 1},
         {{N::lbltag, N::lblinfo}, "Rnnnn"},
-        {{N::lblPos}, "Ynnnn"},
+        {{N::lblPos}, "Ynnnn", 0, 2},
+        {{N::lblPos}, "Qnnnn", 3, 3},
+        {{N::lblPos}, "Ynnnn", 4},
         {{N::Image1}, "nnnnY", 0, 2},
         {{N::Image1}, "nnnnW", 3, 3},
         {{N::Image1}, "nnnnw", 4, 4},
@@ -93,6 +97,8 @@ bool modeOf(const player::PlayerState& state, char letter) {
         return state.TimeDisplayMode != 0;
     case 'a':
         return state.StopAfterCurrent;
+    case 'q':
+        return state.QuickListOpen;
     case 'w':
         return state.StreamRecording;
     default:
@@ -141,15 +147,35 @@ TEST_P(PanelTable, showsWhatEachPanelShows) {
     player::PlayerState& state = rig_.state;
     state.CrossfadeOn = state.RepeatOn = state.ShuffleOn = state.SilenceSkipOn = modes();
     state.RipRunning = state.EqualizerOn = state.RadioMode = state.StreamRecording = modes();
-    state.StopAfterCurrent = modes();
+    state.StopAfterCurrent = state.QuickListOpen = modes();
     state.TimeDisplayMode = modes() ? 1 : 0;
     for (std::size_t panel = 0; panel < kPanels; ++panel) {
         SCOPED_TRACE(kMasks.at(panel));
         rig_.showAll(before());
         rig_.panels.Switch_Win(kMasks.at(panel));
         for (const Line& line : lines()) {
-            // Closed, the quick list shows the two areas; open it hides them.
             expectLine(line, panel);
+        }
+    }
+}
+
+TEST_P(PanelTable, saysItAllByItself) {
+    // Not only at a switch: whoever changes the state applies the table.
+    rig_.state.QuickListOpen = modes();
+    rig_.showAll(before());
+    applyPanel(rig_.elements, rig_.state);
+    for (const N name : {N::fxWin, N::infoWin}) {
+        EXPECT_EQ(rig_.elements.get(name).visible, !modes());
+    }
+    EXPECT_EQ(rig_.elements.get(N::lblPos, 3).visible, !modes());
+    EXPECT_FALSE(rig_.elements.get(N::RadioLst).visible);
+}
+
+TEST(PanelRows, showNoFaceOfAPressedButton) {
+    for (const PressButton& button : pressButtons()) {
+        for (const PanelRow& row : panelTable()) {
+            EXPECT_NE(row.name, button.up);
+            EXPECT_NE(row.name, button.down);
         }
     }
 }
