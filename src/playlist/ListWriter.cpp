@@ -9,10 +9,10 @@ namespace tovik::playlist {
 
 ListWriter::~ListWriter() {
     {
-        const std::lock_guard lock(mutex_);
+        const base::MutexLock lock(mutex_);
         ending_ = true;
     }
-    changed_.notify_all();
+    changed_.notifyAll();
     if (thread_.joinable()) {
         thread_.join();
     }
@@ -20,34 +20,39 @@ ListWriter::~ListWriter() {
 
 void ListWriter::write(std::string path, std::string text) {
     {
-        const std::lock_guard lock(mutex_);
+        const base::MutexLock lock(mutex_);
         next_ = Job{std::move(path), std::move(text)};
     }
     if (!thread_.joinable()) {
         thread_ = std::thread([this] { run(); });
     }
-    changed_.notify_all();
+    changed_.notifyAll();
 }
 
 void ListWriter::wait() {
-    std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] { return !next_ && !writing_; });
+    const base::MutexLock lock(mutex_);
+    while (next_ || writing_) {
+        changed_.wait(mutex_);
+    }
 }
 
 void ListWriter::run() {
-    std::unique_lock lock(mutex_);
+    const base::MutexLock lock(mutex_);
     while (true) {
-        changed_.wait(lock, [this] { return next_ || ending_; });
+        while (!next_ && !ending_) {
+            changed_.wait(mutex_);
+        }
         if (ending_) {
             return;
         }
         const Job job = *std::exchange(next_, std::nullopt);
         writing_ = true;
-        lock.unlock();
-        static_cast<void>(base::replaceFile(job.path, job.text, base::Flush::Yes));
-        lock.lock();
+        {
+            const base::MutexUnlock unlock(mutex_);
+            static_cast<void>(base::replaceFile(job.path, job.text, base::Flush::Yes));
+        }
         writing_ = false;
-        changed_.notify_all();
+        changed_.notifyAll();
     }
 }
 

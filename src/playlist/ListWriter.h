@@ -2,8 +2,8 @@
 // Writes a file over and over on a thread of its own. Used from one thread.
 #pragma once
 
-#include <condition_variable>
-#include <mutex>
+#include "base/Mutex.h"
+
 #include <optional>
 #include <string>
 #include <thread>
@@ -35,11 +35,11 @@ private:
 
     void run();
 
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    std::optional<Job> next_; ///< guarded, like the two below
-    bool writing_ = false;
-    bool ending_ = false;
+    base::Mutex mutex_;
+    base::Condition changed_;
+    std::optional<Job> next_ TOVIK_GUARDED_BY(mutex_);
+    bool writing_ TOVIK_GUARDED_BY(mutex_) = false;
+    bool ending_ TOVIK_GUARDED_BY(mutex_) = false;
     std::thread thread_;
 };
 

@@ -27,10 +27,10 @@ Recorder::Recorder(Handle handle, RecordRoutine routine, std::uintptr_t user)
 
 Recorder::~Recorder() {
     {
-        const std::scoped_lock lock(mutex_);
+        const base::MutexLock lock(mutex_);
         ending_ = true;
     }
-    wakeUp_.notify_one();
+    wakeUp_.notifyOne();
     thread_.join();
 }
 
@@ -48,16 +48,20 @@ bool Recorder::deliver() {
 
 void Recorder::run() {
     ::pthread_setname_np(::pthread_self(), "recorder");
-    std::unique_lock lock(mutex_);
-    while (!wakeUp_.wait_for(lock, kPeriod, [this] { return ending_; })) {
-        lock.unlock();
-        const bool goesOn = deliver();
-        lock.lock();
-        if (!goesOn) {
+    for (;;) {
+        {
+            const auto due = std::chrono::steady_clock::now() + kPeriod;
+            const base::MutexLock lock(mutex_);
+            while (!ending_ && wakeUp_.waitUntil(mutex_, due)) {
+            }
+            if (ending_) {
+                break;
+            }
+        }
+        if (!deliver()) {
             return;
         }
     }
-    lock.unlock();
     static_cast<void>(deliver()); // the mixer has left the ring: this is the rest
 }
 

@@ -3,13 +3,12 @@
 // recorder's own, which exists only while there is a routine, takes it from there.
 #pragma once
 
+#include "base/Mutex.h"
 #include "sound/api/RecordOperations.h"
 #include "sound/mix/FrameRing.h"
 
-#include <condition_variable>
 #include <cstdint>
 #include <memory>
-#include <mutex>
 #include <thread>
 #include <vector>
 
@@ -34,11 +33,11 @@ private:
     const RecordRoutine routine_;
     const std::uintptr_t user_;
     const Handle handle_;
-    bool ending_ = false; ///< guarded by mutex_
+    bool ending_ TOVIK_GUARDED_BY(mutex_) = false;
     std::vector<float> taken_;
     std::vector<std::int16_t> samples_;
-    std::mutex mutex_;
-    std::condition_variable wakeUp_;
+    base::Mutex mutex_;
+    base::Condition wakeUp_;
     std::thread thread_; ///< last: it starts when all else is there
 };
 

@@ -22,123 +22,128 @@ DeviceWorker::DeviceWorker(std::unique_ptr<OutputDevice> device, DeviceObserver&
 }
 
 void DeviceWorker::warmUp(MixSource& source) {
-    const std::lock_guard lock(mutex_);
-    requestOpenLocked(source);
+    const base::MutexLock lock(mutex_);
+    requestOpen(source);
 }
 
 bool DeviceWorker::openNow(MixSource& source) {
-    std::unique_lock lock(mutex_);
+    const base::MutexLock lock(mutex_);
     if (situation_.countedOn) {
-        requestOpenLocked(source);
+        requestOpen(source);
         return true;
     }
     if (!failureUnheard_) {
-        requestOpenLocked(source);
-        const bool answered = answered_.wait_for(
-            lock, times_.patience, [this] { return situation_.countedOn || failureUnheard_; });
+        requestOpen(source);
+        const auto deadline = std::chrono::steady_clock::now() + times_.patience;
+        while (!situation_.countedOn && !failureUnheard_ && answered_.waitUntil(mutex_, deadline)) {
+        }
         // Whatever does not answer may still do so: it is like a device that is away for a while.
-        situation_.countedOn = situation_.countedOn || !answered;
+        situation_.countedOn = situation_.countedOn || !failureUnheard_;
     }
     failureUnheard_ = false;
     return situation_.countedOn;
 }
 
 void DeviceWorker::want(Demand demand) {
-    const std::lock_guard lock(mutex_);
+    const base::MutexLock lock(mutex_);
     if (situation_.demand != demand) {
         situation_.demand = demand;
         situation_.demandSince = std::chrono::steady_clock::now();
-        wake_.notify_one();
+        wake_.notifyOne();
     }
 }
 
 bool DeviceWorker::end() {
-    std::unique_lock lock(mutex_);
-    ending_ = true;
-    wake_.notify_one();
-    if (!answered_.wait_for(lock, times_.patience, [this] { return ended_; })) {
+    {
+        const auto deadline = std::chrono::steady_clock::now() + times_.patience;
+        const base::MutexLock lock(mutex_);
+        ending_ = true;
+        wake_.notifyOne();
+        while (!ended_ && answered_.waitUntil(mutex_, deadline)) {
+        }
         // Only the device may take so long; the observer is waited for.
-        answered_.wait(lock, [this] { return ended_ || inDevice_; });
+        while (!ended_ && !inDevice_) {
+            answered_.wait(mutex_);
+        }
+        if (ended_) {
+            return true;
+        }
+        leftAlone_ = true;
+        callbackRunning_ = false;
     }
-    if (ended_) {
-        return true;
-    }
-    leftAlone_ = true;
-    callbackRunning_ = false;
-    lock.unlock();
     gate_.shutAndWait();
     return false;
 }
 
 /// Calls the device without the lock.
 template <typename Call>
-void DeviceWorker::inDevice(std::unique_lock<std::mutex>& lock, Call call) {
+void DeviceWorker::inDevice(Call call) {
     inDevice_ = true;
-    answered_.notify_all();
-    lock.unlock();
-    call();
-    lock.lock();
+    answered_.notifyAll();
+    {
+        const base::MutexUnlock unlock(mutex_);
+        call();
+    }
     inDevice_ = false;
 }
 
 /// Calls the observer without the lock.
-void DeviceWorker::tell(std::unique_lock<std::mutex>& lock, void (DeviceObserver::*news)()) {
+void DeviceWorker::tell(void (DeviceObserver::*news)()) {
     if (!leftAlone_) {
-        lock.unlock();
+        const base::MutexUnlock unlock(mutex_);
         (observer_.*news)();
-        lock.lock();
     }
 }
 
 void DeviceWorker::run() {
     ::pthread_setname_np(::pthread_self(), "device");
-    std::unique_lock lock(mutex_);
+    const base::MutexLock lock(mutex_);
     while (!ending_) {
         const NextStep next = nextStep(situation_, times_, std::chrono::steady_clock::now());
         if (next.step != DeviceStep::wait) {
-            take(lock, next.step);
+            take(next.step);
         } else if (next.until) {
-            wake_.wait_until(lock, *next.until);
+            static_cast<void>(wake_.waitUntil(mutex_, *next.until));
         } else {
-            wake_.wait(lock);
+            wake_.wait(mutex_);
         }
     }
     if (situation_.device == DeviceState::running || situation_.device == DeviceState::paused) {
-        close(lock, DeviceState::closed);
+        close(DeviceState::closed);
     }
     ended_ = true;
-    answered_.notify_all();
+    answered_.notifyAll();
 }
 
-void DeviceWorker::take(std::unique_lock<std::mutex>& lock, DeviceStep step) {
+void DeviceWorker::take(DeviceStep step) {
     switch (step) {
     case DeviceStep::open:
-        open(lock);
+        open();
         break;
     case DeviceStep::close:
-        close(lock, DeviceState::closed);
+        close(DeviceState::closed);
         break;
     case DeviceStep::pause:
-        setPaused(lock, true);
+        setPaused(true);
         break;
     case DeviceStep::resume:
-        setPaused(lock, false);
+        setPaused(false);
         break;
     case DeviceStep::takeLoss:
-        close(lock, DeviceState::lost);
-        tell(lock, &DeviceObserver::deviceLost);
+        close(DeviceState::lost);
+        tell(&DeviceObserver::deviceLost);
         break;
     case DeviceStep::wait:
         break;
     }
 }
 
-void DeviceWorker::open(std::unique_lock<std::mutex>& lock) {
+void DeviceWorker::open() {
     const bool wasLost = situation_.device == DeviceState::lost;
     situation_.arrived = false;
     situation_.lossReported = false;
     bool opened = false;
-    inDevice(lock, [&] { opened = device_->open(gate_); });
+    inDevice([&] { opened = device_->open(gate_); });
     const bool first = !situation_.countedOn;
     situation_.openRequested = false;
     const KeeperTime now = std::chrono::steady_clock::now();
@@ -155,56 +160,56 @@ void DeviceWorker::open(std::unique_lock<std::mutex>& lock) {
         situation_.awaySince = now;
         failureUnheard_ = first;
     }
-    answered_.notify_all();
+    answered_.notifyAll();
     const bool isLost = situation_.device == DeviceState::lost;
     if (isLost != wasLost) {
-        tell(lock, isLost ? &DeviceObserver::deviceLost : &DeviceObserver::deviceBack);
+        tell(isLost ? &DeviceObserver::deviceLost : &DeviceObserver::deviceBack);
     }
 }
 
-void DeviceWorker::close(std::unique_lock<std::mutex>& lock, DeviceState next) {
+void DeviceWorker::close(DeviceState next) {
     callbackRunning_ = false;
     situation_.openRequested = false;
-    inDevice(lock, [this] { device_->close(); });
-    tell(lock, &DeviceObserver::callbackStopped);
+    inDevice([this] { device_->close(); });
+    tell(&DeviceObserver::callbackStopped);
     situation_.device = next;
     situation_.lossReported = false;
     situation_.awaySince = std::chrono::steady_clock::now();
 }
 
-void DeviceWorker::setPaused(std::unique_lock<std::mutex>& lock, bool paused) {
+void DeviceWorker::setPaused(bool paused) {
     if (paused) {
         callbackRunning_ = false;
     }
-    inDevice(lock, [&] { device_->setPaused(paused); });
+    inDevice([&] { device_->setPaused(paused); });
     if (paused) {
-        tell(lock, &DeviceObserver::callbackStopped);
+        tell(&DeviceObserver::callbackStopped);
     }
     situation_.device = paused ? DeviceState::paused : DeviceState::running;
     callbackRunning_ = !paused && !situation_.lossReported && !leftAlone_;
 }
 
-void DeviceWorker::requestOpenLocked(MixSource& source) {
+void DeviceWorker::requestOpen(MixSource& source) {
     if (!ending_) {
         gate_.open(source);
     }
     // Also noted while the device is open: it may be in the middle of being closed.
     situation_.openRequested = true;
-    wake_.notify_one();
+    wake_.notifyOne();
 }
 
 void DeviceWorker::noteLoss() {
-    const std::lock_guard lock(mutex_);
+    const base::MutexLock lock(mutex_);
     callbackRunning_ = false;
     situation_.lossReported = true;
-    wake_.notify_one();
+    wake_.notifyOne();
 }
 
 void DeviceWorker::noteArrival() {
-    const std::lock_guard lock(mutex_);
+    const base::MutexLock lock(mutex_);
     if (situation_.lossReported || situation_.device == DeviceState::lost) {
         situation_.arrived = true;
-        wake_.notify_one();
+        wake_.notifyOne();
     }
 }
 

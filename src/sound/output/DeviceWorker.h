@@ -3,14 +3,13 @@
 // the mix through a gate, so that it can be left alone in a call of the system that never returns.
 #pragma once
 
+#include "base/Mutex.h"
 #include "sound/output/KeeperSchedule.h"
 #include "sound/output/OutputDevice.h"
 #include "sound/output/SourceGate.h"
 
 #include <atomic>
-#include <condition_variable>
 #include <memory>
-#include <mutex>
 
 namespace tovik::sound {
 
@@ -42,14 +41,14 @@ public:
     [[nodiscard]] bool end();
 
 private:
-    void take(std::unique_lock<std::mutex>& lock, DeviceStep step);
-    void open(std::unique_lock<std::mutex>& lock);
-    void close(std::unique_lock<std::mutex>& lock, DeviceState next);
-    void setPaused(std::unique_lock<std::mutex>& lock, bool paused);
+    void take(DeviceStep step) TOVIK_REQUIRES(mutex_);
+    void open() TOVIK_REQUIRES(mutex_);
+    void close(DeviceState next) TOVIK_REQUIRES(mutex_);
+    void setPaused(bool paused) TOVIK_REQUIRES(mutex_);
     template <typename Call>
-    void inDevice(std::unique_lock<std::mutex>& lock, Call call);
-    void tell(std::unique_lock<std::mutex>& lock, void (DeviceObserver::*news)());
-    void requestOpenLocked(MixSource& source);
+    void inDevice(Call call) TOVIK_REQUIRES(mutex_);
+    void tell(void (DeviceObserver::*news)()) TOVIK_REQUIRES(mutex_);
+    void requestOpen(MixSource& source) TOVIK_REQUIRES(mutex_);
     void noteLoss();
     void noteArrival();
 
@@ -58,15 +57,16 @@ private:
     std::atomic<bool> callbackRunning_ = false; // written with the mutex held
     std::atomic<int> latencyFrames_ = 0;
     SourceGate gate_;
-    std::mutex mutex_; // guards the rest; never held while the device or the observer is called
-    KeeperSituation situation_;
-    bool failureUnheard_ = false; // a failure before the first success that no openNow returned yet
-    bool ending_ = false;
-    bool inDevice_ = false;  // the thread is in a call of the device
-    bool leftAlone_ = false; // the end has not waited for it
-    bool ended_ = false;
-    std::condition_variable wake_;     // for the keeper's thread
-    std::condition_variable answered_; // for openNow and end
+    base::Mutex mutex_; // never held while the device or the observer is called
+    KeeperSituation situation_ TOVIK_GUARDED_BY(mutex_);
+    // A failure before the first success that no openNow returned yet.
+    bool failureUnheard_ TOVIK_GUARDED_BY(mutex_) = false;
+    bool ending_ TOVIK_GUARDED_BY(mutex_) = false;
+    bool inDevice_ TOVIK_GUARDED_BY(mutex_) = false;  // the thread is in a call of the device
+    bool leftAlone_ TOVIK_GUARDED_BY(mutex_) = false; // the end has not waited for it
+    bool ended_ TOVIK_GUARDED_BY(mutex_) = false;
+    base::Condition wake_;     // for the keeper's thread
+    base::Condition answered_; // for openNow and end
     const std::unique_ptr<OutputDevice> device_;
 };
 

@@ -39,9 +39,12 @@ PulseOutput::~PulseOutput() {
 
 bool PulseOutput::open(MixSource& source) {
     close();
-    request_ = Request::none;
-    answer_ = Answer::none;
-    opened_ = false;
+    {
+        const base::MutexLock lock(mutex_);
+        request_ = Request::none;
+        answer_ = Answer::none;
+        opened_ = false;
+    }
     serverFound_ = false;
     thread_ = std::thread([this, &source] { run(source); });
     if (ask(Request::none, kOpenPatience) != Answer::done) {
@@ -56,7 +59,7 @@ void PulseOutput::close() {
         return;
     }
     {
-        const std::lock_guard lock(mutex_);
+        const base::MutexLock lock(mutex_);
         opened_ = false;
     }
     static_cast<void>(ask(Request::end, milliseconds(0)));
@@ -79,7 +82,8 @@ std::optional<std::int64_t> PulseOutput::heardClock() const noexcept {
 }
 
 PulseOutput::Answer PulseOutput::ask(Request request, milliseconds patience) {
-    std::unique_lock lock(mutex_);
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    const base::MutexLock lock(mutex_);
     if (request != Request::none) {
         if (!opened_ && request != Request::end) {
             return Answer::failed; // lost, which was told
@@ -88,24 +92,25 @@ PulseOutput::Answer PulseOutput::ask(Request request, milliseconds patience) {
         answer_ = Answer::none;
         wake_.raise();
     }
-    answered_.wait_for(lock, patience, [this] { return answer_ != Answer::none; });
+    while (answer_ == Answer::none && answered_.waitUntil(mutex_, deadline)) {
+    }
     opened_ = opened_ || (request == Request::none && answer_ == Answer::done);
     return answer_;
 }
 
 void PulseOutput::answer(Answer answer) {
-    const std::lock_guard lock(mutex_);
+    const base::MutexLock lock(mutex_);
     answer_ = answer;
-    answered_.notify_all();
+    answered_.notifyAll();
 }
 
 void PulseOutput::streamFailed() {
     bool lost = false;
     {
-        const std::lock_guard lock(mutex_);
+        const base::MutexLock lock(mutex_);
         lost = std::exchange(opened_, false);
         answer_ = Answer::failed;
-        answered_.notify_all();
+        answered_.notifyAll();
     }
     if (lost && lost_) {
         lost_();
@@ -116,7 +121,7 @@ void PulseOutput::woken() {
     wake_.take();
     Request request = Request::none;
     {
-        const std::lock_guard lock(mutex_);
+        const base::MutexLock lock(mutex_);
         request = std::exchange(request_, Request::none);
     }
     switch (request) {

@@ -3,14 +3,13 @@
 // thread; the mix is taken on a thread of its own, which lives while the device is open.
 #pragma once
 
+#include "base/Mutex.h"
 #include "sound/output/HeardClock.h"
 #include "sound/output/OutputDevice.h"
 #include "sound/output/PulseStream.h"
 #include "sound/output/WakeEvent.h"
 
 #include <atomic>
-#include <condition_variable>
-#include <mutex>
 #include <string>
 #include <thread>
 #include <vector>
@@ -83,11 +82,11 @@ private:
     WakeEvent wake_;
     std::atomic<bool> serverFound_ = false;
 
-    std::mutex mutex_; // guards the next three
-    Request request_ = Request::none;
-    Answer answer_ = Answer::none;
-    bool opened_ = false; // a loss is to be reported
-    std::condition_variable answered_;
+    base::Mutex mutex_;
+    Request request_ TOVIK_GUARDED_BY(mutex_) = Request::none;
+    Answer answer_ TOVIK_GUARDED_BY(mutex_) = Answer::none;
+    bool opened_ TOVIK_GUARDED_BY(mutex_) = false; // a loss is to be reported
+    base::Condition answered_;
 
     pa_mainloop* loop_ = nullptr;   // of the thread, like the next one
     PulseStream* stream_ = nullptr; // while the loop runs

@@ -33,8 +33,11 @@ SilentOutput::~SilentOutput() {
 
 bool SilentOutput::open(MixSource& source) {
     close();
-    paused_ = false;
-    ending_ = false;
+    {
+        const base::MutexLock lock(mutex_);
+        paused_ = false;
+        ending_ = false;
+    }
     thread_ = std::thread([this, &source] { run(source); });
     return true;
 }
@@ -44,19 +47,19 @@ void SilentOutput::close() {
         return;
     }
     {
-        const std::lock_guard lock(mutex_);
+        const base::MutexLock lock(mutex_);
         ending_ = true;
     }
-    changed_.notify_all();
+    changed_.notifyAll();
     thread_.join();
 }
 
 void SilentOutput::setPaused(bool paused) {
     {
-        const std::lock_guard lock(mutex_);
+        const base::MutexLock lock(mutex_);
         paused_ = paused;
     }
-    changed_.notify_all();
+    changed_.notifyAll();
 }
 
 int SilentOutput::latencyFrames() const noexcept {
@@ -68,12 +71,15 @@ void SilentOutput::run(MixSource& source) {
     std::array<float, std::size_t{kBlockFrames} * kMixChannels> block{};
     Clock::time_point start = Clock::now();
     std::int64_t taken = 0;
-    std::unique_lock lock(mutex_);
+    const base::MutexLock lock(mutex_);
     while (!ending_) {
         const auto due = start + silentBlockDue(taken);
-        const bool woken = changed_.wait_until(lock, due, [this] { return ending_ || paused_; });
-        if (woken) {
-            changed_.wait(lock, [this] { return ending_ || !paused_; });
+        while (!ending_ && !paused_ && changed_.waitUntil(mutex_, due)) {
+        }
+        if (ending_ || paused_) {
+            while (!ending_ && paused_) {
+                changed_.wait(mutex_);
+            }
             start = Clock::now();
             taken = 0;
             continue;

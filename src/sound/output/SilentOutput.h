@@ -3,12 +3,11 @@
 // one. The mix is taken on a thread of the device.
 #pragma once
 
+#include "base/Mutex.h"
 #include "sound/output/OutputDevice.h"
 
 #include <chrono>
-#include <condition_variable>
 #include <cstdint>
-#include <mutex>
 #include <thread>
 
 namespace tovik::sound {
@@ -40,10 +39,10 @@ public:
 private:
     void run(MixSource& source);
 
-    std::mutex mutex_; // guards the next two; held while a block is mixed
-    bool paused_ = false;
-    bool ending_ = false;
-    std::condition_variable changed_;
+    base::Mutex mutex_; // held while a block is mixed
+    bool paused_ TOVIK_GUARDED_BY(mutex_) = false;
+    bool ending_ TOVIK_GUARDED_BY(mutex_) = false;
+    base::Condition changed_;
     std::thread thread_; // runs while open
 };
 

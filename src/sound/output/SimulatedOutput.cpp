@@ -14,12 +14,12 @@ std::size_t SimulatedOutput::advance(std::size_t frames) {
     std::size_t taken = 0;
     while (taken < frames) {
         // Locked anew for each block, so that a close or a fault comes between two blocks.
-        const std::lock_guard lock(mutex_);
-        if (!takingLocked()) {
+        const base::MutexLock lock(mutex_);
+        if (!taking()) {
             break;
         }
         if (queue_ != nullptr) {
-            taken += hearLocked(frames - taken);
+            taken += hear(frames - taken);
             continue;
         }
         const std::size_t now = std::min(frames - taken, block_.size() / kMixChannels);
@@ -36,7 +36,7 @@ std::size_t SimulatedOutput::advance(std::size_t frames) {
     return taken;
 }
 
-std::size_t SimulatedOutput::hearLocked(std::size_t frames) {
+std::size_t SimulatedOutput::hear(std::size_t frames) {
     if (woken_.exchange(false)) {
         queue_->change();
     }
@@ -47,7 +47,7 @@ std::size_t SimulatedOutput::hearLocked(std::size_t frames) {
     return heard.size() / kMixChannels;
 }
 
-void SimulatedOutput::endQueueLocked() {
+void SimulatedOutput::endQueue() {
     if (queue_ != nullptr) {
         queue_->end();
         queue_.reset();
@@ -55,23 +55,23 @@ void SimulatedOutput::endQueueLocked() {
 }
 
 std::optional<std::int64_t> SimulatedOutput::heardClock() const noexcept {
-    const std::lock_guard lock(mutex_);
+    const base::MutexLock lock(mutex_);
     return queue_ != nullptr ? std::optional(queue_->heardClock()) : std::nullopt;
 }
 
 void SimulatedOutput::refuseOpen(bool refuse) {
-    const std::lock_guard lock(mutex_);
+    const base::MutexLock lock(mutex_);
     refusing_ = refuse;
 }
 
 void SimulatedOutput::vanish() {
     std::function<void()> routine;
     {
-        const std::lock_guard lock(mutex_);
+        const base::MutexLock lock(mutex_);
         present_ = false;
         if (source_ != nullptr && !lostSinceOpen_) {
             lostSinceOpen_ = true;
-            endQueueLocked();
+            endQueue();
             routine = lost_;
         }
     }
@@ -83,7 +83,7 @@ void SimulatedOutput::vanish() {
 void SimulatedOutput::arrive() {
     std::function<void()> routine;
     {
-        const std::lock_guard lock(mutex_);
+        const base::MutexLock lock(mutex_);
         present_ = true;
         routine = arrival_;
     }
@@ -93,30 +93,33 @@ void SimulatedOutput::arrive() {
 }
 
 void SimulatedOutput::stall(bool stalled) {
-    const std::lock_guard lock(mutex_);
+    const base::MutexLock lock(mutex_);
     stalled_ = stalled;
-    changed_.notify_all();
+    changed_.notifyAll();
 }
 
 std::vector<DeviceCallRecord> SimulatedOutput::calls() const {
-    const std::lock_guard lock(mutex_);
+    const base::MutexLock lock(mutex_);
     return calls_;
 }
 
 int SimulatedOutput::count(DeviceCall call) const {
-    const std::lock_guard lock(mutex_);
-    return countLocked(call);
+    const base::MutexLock lock(mutex_);
+    return counted(call);
 }
 
 bool SimulatedOutput::waitFor(DeviceCall call, int times, std::chrono::milliseconds limit) const {
-    std::unique_lock lock(mutex_);
-    return changed_.wait_for(lock, limit, [&] { return countLocked(call) >= times; });
+    const auto deadline = std::chrono::steady_clock::now() + limit;
+    const base::MutexLock lock(mutex_);
+    while (counted(call) < times && changed_.waitUntil(mutex_, deadline)) {
+    }
+    return counted(call) >= times;
 }
 
 bool SimulatedOutput::open(MixSource& source) {
-    const std::lock_guard lock(mutex_);
+    const base::MutexLock lock(mutex_);
     if (!present_ || refusing_) {
-        recordLocked(DeviceCall::refused);
+        record(DeviceCall::refused);
         return false;
     }
     source_ = &source;
@@ -128,19 +131,19 @@ bool SimulatedOutput::open(MixSource& source) {
             queue_->begin();
         }
     }
-    recordLocked(DeviceCall::opened);
+    record(DeviceCall::opened);
     return true;
 }
 
 void SimulatedOutput::close() {
-    const std::lock_guard lock(mutex_);
-    endQueueLocked();
+    const base::MutexLock lock(mutex_);
+    endQueue();
     source_ = nullptr;
-    recordLocked(DeviceCall::closed);
+    record(DeviceCall::closed);
 }
 
 void SimulatedOutput::setPaused(bool paused) {
-    const std::lock_guard lock(mutex_);
+    const base::MutexLock lock(mutex_);
     if (queue_ != nullptr && paused != paused_) {
         if (paused) {
             queue_->end();
@@ -149,41 +152,43 @@ void SimulatedOutput::setPaused(bool paused) {
         }
     }
     paused_ = paused;
-    recordLocked(paused ? DeviceCall::paused : DeviceCall::resumed);
+    record(paused ? DeviceCall::paused : DeviceCall::resumed);
 }
 
 void SimulatedOutput::onLost(std::function<void()> routine) {
-    const std::lock_guard lock(mutex_);
+    const base::MutexLock lock(mutex_);
     lost_ = std::move(routine);
 }
 
 void SimulatedOutput::onArrival(std::function<void()> routine) {
-    const std::lock_guard lock(mutex_);
+    const base::MutexLock lock(mutex_);
     arrival_ = std::move(routine);
 }
 
 void SimulatedOutput::waitUntilTaking() {
-    std::unique_lock lock(mutex_);
-    changed_.wait(lock, [&] { return waitingEnded_ || takingLocked(); });
+    const base::MutexLock lock(mutex_);
+    while (!waitingEnded_ && !taking()) {
+        changed_.wait(mutex_);
+    }
 }
 
 void SimulatedOutput::stopWaiting() {
-    const std::lock_guard lock(mutex_);
+    const base::MutexLock lock(mutex_);
     waitingEnded_ = true;
-    changed_.notify_all();
+    changed_.notifyAll();
 }
 
-bool SimulatedOutput::takingLocked() const {
+bool SimulatedOutput::taking() const {
     return source_ != nullptr && !paused_ && !stalled_ && !lostSinceOpen_;
 }
 
-int SimulatedOutput::countLocked(DeviceCall call) const {
+int SimulatedOutput::counted(DeviceCall call) const {
     return static_cast<int>(std::ranges::count(calls_, call, &DeviceCallRecord::call));
 }
 
-void SimulatedOutput::recordLocked(DeviceCall call) {
+void SimulatedOutput::record(DeviceCall call) {
     calls_.push_back({call, std::chrono::steady_clock::now()});
-    changed_.notify_all();
+    changed_.notifyAll();
 }
 
 } // namespace tovik::sound

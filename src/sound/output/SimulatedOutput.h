@@ -4,14 +4,13 @@
 // steps it.
 #pragma once
 
+#include "base/Mutex.h"
 #include "sound/output/OutputDevice.h"
 #include "sound/output/SimulatedQueue.h"
 
 #include <atomic>
 #include <chrono>
-#include <condition_variable>
 #include <memory>
-#include <mutex>
 #include <vector>
 
 namespace tovik::sound {
@@ -96,28 +95,29 @@ protected:
     void stopWaiting();
 
 private:
-    [[nodiscard]] bool takingLocked() const;
-    std::size_t hearLocked(std::size_t frames);
-    void endQueueLocked();
-    [[nodiscard]] int countLocked(DeviceCall call) const;
-    void recordLocked(DeviceCall call);
+    [[nodiscard]] bool taking() const TOVIK_REQUIRES(mutex_);
+    std::size_t hear(std::size_t frames) TOVIK_REQUIRES(mutex_);
+    void endQueue() TOVIK_REQUIRES(mutex_);
+    [[nodiscard]] int counted(DeviceCall call) const TOVIK_REQUIRES(mutex_);
+    void record(DeviceCall call) TOVIK_REQUIRES(mutex_);
 
     const Settings settings_;
     std::atomic<bool> woken_ = false;
-    mutable std::mutex mutex_; // guards everything below
-    mutable std::condition_variable changed_;
-    std::vector<float> block_;
-    std::unique_ptr<SimulatedQueue> queue_; // while open, of a device that mixes ahead
-    std::vector<DeviceCallRecord> calls_;
-    std::function<void()> lost_;
-    std::function<void()> arrival_;
-    MixSource* source_ = nullptr; // not null while open
-    bool present_ = true;
-    bool lostSinceOpen_ = false;
-    bool paused_ = false;
-    bool stalled_ = false;
-    bool refusing_ = false;
-    bool waitingEnded_ = false;
+    mutable base::Mutex mutex_;
+    mutable base::Condition changed_;
+    std::vector<float> block_ TOVIK_GUARDED_BY(mutex_);
+    // While open, of a device that mixes ahead.
+    std::unique_ptr<SimulatedQueue> queue_ TOVIK_GUARDED_BY(mutex_);
+    std::vector<DeviceCallRecord> calls_ TOVIK_GUARDED_BY(mutex_);
+    std::function<void()> lost_ TOVIK_GUARDED_BY(mutex_);
+    std::function<void()> arrival_ TOVIK_GUARDED_BY(mutex_);
+    MixSource* source_ TOVIK_GUARDED_BY(mutex_) = nullptr; // not null while open
+    bool present_ TOVIK_GUARDED_BY(mutex_) = true;
+    bool lostSinceOpen_ TOVIK_GUARDED_BY(mutex_) = false;
+    bool paused_ TOVIK_GUARDED_BY(mutex_) = false;
+    bool stalled_ TOVIK_GUARDED_BY(mutex_) = false;
+    bool refusing_ TOVIK_GUARDED_BY(mutex_) = false;
+    bool waitingEnded_ TOVIK_GUARDED_BY(mutex_) = false;
 };
 
 } // namespace tovik::sound

@@ -13,7 +13,7 @@ constexpr std::size_t kBlockFrames = 1024;
 } // namespace
 
 void WavOutput::advance(std::size_t frames) {
-    const std::lock_guard lock(mutex_);
+    const base::MutexLock lock(mutex_);
     if (source_ == nullptr || paused_) {
         return;
     }
@@ -29,17 +29,17 @@ void WavOutput::advance(std::size_t frames) {
 }
 
 bool WavOutput::ok() const {
-    const std::lock_guard lock(mutex_);
+    const base::MutexLock lock(mutex_);
     return writer_ == nullptr || writer_->ok();
 }
 
 std::string WavOutput::error() const {
-    const std::lock_guard lock(mutex_);
+    const base::MutexLock lock(mutex_);
     return writer_ == nullptr ? std::string() : writer_->error();
 }
 
 bool WavOutput::open(MixSource& source) {
-    const std::lock_guard lock(mutex_);
+    const base::MutexLock lock(mutex_);
     writer_ = std::make_unique<WavWriter>(path_, kMixRate, kMixChannels);
     if (!writer_->ok()) {
         return false;
@@ -50,7 +50,7 @@ bool WavOutput::open(MixSource& source) {
 }
 
 void WavOutput::close() {
-    const std::lock_guard lock(mutex_);
+    const base::MutexLock lock(mutex_);
     source_ = nullptr;
     if (writer_ != nullptr) {
         writer_->close();
@@ -58,7 +58,7 @@ void WavOutput::close() {
 }
 
 void WavOutput::setPaused(bool paused) {
-    const std::lock_guard lock(mutex_);
+    const base::MutexLock lock(mutex_);
     paused_ = paused;
 }
 

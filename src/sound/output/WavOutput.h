@@ -3,11 +3,11 @@
 // the mix is taken on the thread that steps it. Members may be called on any thread.
 #pragma once
 
+#include "base/Mutex.h"
 #include "sound/output/OutputDevice.h"
 #include "sound/output/WavWriter.h"
 
 #include <memory>
-#include <mutex>
 #include <string>
 
 namespace tovik::sound {
@@ -44,10 +44,10 @@ public:
 
 private:
     const std::string path_;
-    mutable std::mutex mutex_;          // guards everything below
-    std::unique_ptr<WavWriter> writer_; // kept after `close` for its error
-    MixSource* source_ = nullptr;       // not null while open
-    bool paused_ = false;
+    mutable base::Mutex mutex_;
+    std::unique_ptr<WavWriter> writer_ TOVIK_GUARDED_BY(mutex_); // kept after `close` for its error
+    MixSource* source_ TOVIK_GUARDED_BY(mutex_) = nullptr;       // not null while open
+    bool paused_ TOVIK_GUARDED_BY(mutex_) = false;
 };
 
 } // namespace tovik::sound
