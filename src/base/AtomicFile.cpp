@@ -72,7 +72,15 @@ void AtomicFile::open() {
 
     struct stat old {};
 
-    if (::stat(path_.c_str(), &old) == 0 && ::fchmod(descriptor_, old.st_mode & kModeBits) != 0) {
+    struct stat fresh {};
+
+    if (::stat(path_.c_str(), &old) != 0 || ::fstat(descriptor_, &fresh) != 0) {
+        return;
+    }
+    // In this order: a change of the owner may take bits off the mode.
+    keepsOwner_ = (old.st_uid == fresh.st_uid && old.st_gid == fresh.st_gid) ||
+                  ::fchown(descriptor_, old.st_uid, old.st_gid) == 0;
+    if (::fchmod(descriptor_, old.st_mode & kModeBits) != 0) {
         fail();
     }
 }

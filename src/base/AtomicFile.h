@@ -14,13 +14,17 @@ enum class Flush { No, Yes };
 
 /// A file being written beside the one that it is to replace. Until `commit` succeeds the old file
 /// stays as it was; without it the new bytes are dropped. The new file takes over the access mode
-/// of the old one, and where the name is a symbolic link, the file it points to is replaced.
+/// of the old one and, where that is allowed, its owner and group, and where the name is a symbolic
+/// link, the file it points to is replaced.
 class AtomicFile {
 public:
     explicit AtomicFile(const std::string& path);
     ~AtomicFile();
     AtomicFile(const AtomicFile&) = delete;
     AtomicFile& operator=(const AtomicFile&) = delete;
+
+    /// Whether the new file has, as far as is known, the owner and group of the old one.
+    [[nodiscard]] bool keepsOwner() const noexcept { return keepsOwner_; }
 
     /// Appends bytes to the new file. After a failure every further call answers with it.
     std::error_code write(std::string_view bytes);
@@ -35,6 +39,7 @@ private:
     std::string path_;
     std::string temporaryPath_;
     int descriptor_ = -1;
+    bool keepsOwner_ = true;
     std::error_code failure_;
 };
 

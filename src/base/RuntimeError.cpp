@@ -30,6 +30,7 @@ constexpr std::array kDescriptions{
     Row{ErrorNumber::FileAlreadyExists, "File already exists"},
     Row{ErrorNumber::DiskFull, "Disk full"},
     Row{ErrorNumber::InputPastEndOfFile, "Input past end of file"},
+    Row{ErrorNumber::BadRecordNumber, "Bad record number"},
     Row{ErrorNumber::TooManyFiles, "Too many files"},
     Row{ErrorNumber::DeviceUnavailable, "Device unavailable"},
     Row{ErrorNumber::PermissionDenied, "Permission denied"},

@@ -25,6 +25,7 @@ enum class ErrorNumber {
     FileAlreadyExists = 58,
     DiskFull = 61,
     InputPastEndOfFile = 62,
+    BadRecordNumber = 63,
     TooManyFiles = 67,
     DeviceUnavailable = 68,
     PermissionDenied = 70,

@@ -10,4 +10,10 @@ void TagWarning::showOnce() {
     }
 }
 
+void TagWarning::showWhileSaving() {
+    if (TagSaving) {
+        showOnce();
+    }
+}
+
 } // namespace tovik::tags

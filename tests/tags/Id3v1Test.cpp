@@ -2,6 +2,7 @@
 #include "tags/cMP3ID3v1.h"
 
 #include "base/RuntimeError.h"
+#include "Samples.h"
 #include "support/host/RecordingDialogs.h"
 #include "support/host/TemporaryFolder.h"
 #include "support/host/Unprivileged.h"
@@ -16,13 +17,7 @@
 namespace tovik::tags {
 namespace {
 
-using namespace std::string_literals;
-
-/// A field of this width, filled up with blanks.
-std::string field(std::string text, std::size_t width, char filling = ' ') {
-    text.resize(width, filling);
-    return text;
-}
+using namespace samples;
 
 std::string tagBytes(char filling = ' ') {
     return "TAG" + field("Title", 30, filling) + field("Artist", 30, filling) +

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Sound and tags, made byte by byte.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tovik::tags::samples {
+
+using namespace std::string_literals;
+
+inline constexpr std::size_t kFrameBytes = 417; ///< 128 kbit/s at 44100 Hz, no padding
+
+/// Frames of version 1, layer 3, without a checksum; each with bytes of its own.
+inline std::string sound(int frames) {
+    std::string bytes;
+    for (int frame = 0; frame < frames; ++frame) {
+        std::string one = "\xFF\xFB\x90\x44";
+        while (one.size() < kFrameBytes) {
+            one += static_cast<char>((one.size() * 7 + static_cast<std::size_t>(frame) * 13) % 199);
+        }
+        bytes += one;
+    }
+    return bytes;
+}
+
+/// A field of a fixed width.
+inline std::string field(std::string text, std::size_t width, char filling = ' ') {
+    text.resize(width, filling);
+    return text;
+}
+
+inline std::string bigEndian(std::uint32_t number) {
+    return {static_cast<char>(number >> 24U), static_cast<char>(number >> 16U & 0xFFU),
+            static_cast<char>(number >> 8U & 0xFFU), static_cast<char>(number & 0xFFU)};
+}
+
+inline std::string sevenBits(std::uint32_t number) {
+    return {static_cast<char>(number >> 21U & 0x7FU), static_cast<char>(number >> 14U & 0x7FU),
+            static_cast<char>(number >> 7U & 0x7FU), static_cast<char>(number & 0x7FU)};
+}
+
+inline std::string frame(std::string_view id, const std::string& content,
+                         std::string_view flags = {"\0\0", 2}) {
+    return std::string(id) + bigEndian(static_cast<std::uint32_t>(content.size())) +
+           std::string(flags) + content;
+}
+
+/// A frame as the program writes it.
+inline std::string textFrame(std::string_view id, const std::string& text) {
+    return frame(id, "\0"s + text);
+}
+
+inline std::string head(const std::string& size, char version = 3, char flags = 0) {
+    return "ID3"s + version + '\0' + flags + size;
+}
+
+/// Frames with the four zero bytes behind them, and a plain size that covers all.
+inline std::string tag(const std::string& frames, char version = 3) {
+    const std::string body = frames + "\0\0\0\0"s;
+    return head(bigEndian(static_cast<std::uint32_t>(body.size() + 10)), version) + body;
+}
+
+} // namespace tovik::tags::samples
