@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How work on a file that may take long is run.
+// How work on a file that may take long is run. Interface thread.
 #pragma once
 
 #include <functional>
