@@ -42,6 +42,9 @@ class FakeDecoder final : public Decoder {
 public:
     explicit FakeDecoder(FakeFile& file) : file_(file) {}
 
+    /// A file that lives as long as the decoder, whose read may outlast the test.
+    explicit FakeDecoder(std::shared_ptr<FakeFile> file) : kept_(std::move(file)), file_(*kept_) {}
+
     [[nodiscard]] int sampleRate() const noexcept override { return 44100; }
 
     [[nodiscard]] int channels() const noexcept override { return 2; }
@@ -76,6 +79,7 @@ public:
     }
 
 private:
+    std::shared_ptr<FakeFile> kept_;
     FakeFile& file_;
     std::int64_t position_ = 0;
 };
