@@ -1,51 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainControls.h"
 
+#include "app/ListWatch.h"
 #include "app/SearchField.h"
 
 namespace tovik::app {
 
 using window::MainElement;
-
-/// Tells a list widget what changed in its list.
-class MainControls::ListWatch final : public playlist::ListObserver {
-public:
-    /// `follows`: the widget scrolls to what the list wants to be seen.
-    ListWatch(playlist::stdSS& list, ui::ListWidget& widget, bool follows)
-        : list_(list), widget_(widget), follows_(follows) {
-        list_.addObserver(*this);
-    }
-
-    ~ListWatch() override { list_.removeObserver(*this); }
-
-    ListWatch(const ListWatch&) = delete;
-    ListWatch& operator=(const ListWatch&) = delete;
-
-    /// A long read gives way to the window again and again: a list that was painted anew each time
-    /// would make it wait for the painting.
-    void rowsInserted(playlist::Row, playlist::Row) override { widget_.refreshSoon(); }
-
-    void rowsRemoved(std::span<const playlist::Row>) override { widget_.refresh(); }
-
-    void rowsCleared() override { widget_.refresh(); }
-
-    void rowChanged(playlist::Row row) override {
-        widget_.refreshRow(static_cast<std::size_t>(row) - 1);
-    }
-
-    void looksChanged(playlist::Row, playlist::Row) override { widget_.refresh(); }
-
-    void showRow(playlist::Row row) override {
-        if (follows_ && row > 0) {
-            widget_.scrollToRow(static_cast<std::size_t>(row) - 1);
-        }
-    }
-
-private:
-    playlist::stdSS& list_;
-    ui::ListWidget& widget_;
-    bool follows_;
-};
 
 MainControls::MainControls(frmPlayer& player, ui::SkinWindow& window,
                            const host::Dispatcher& dispatcher)
@@ -68,7 +29,9 @@ MainControls::MainControls(frmPlayer& player, ui::SkinWindow& window,
     takeFocus();
 }
 
-MainControls::~MainControls() = default;
+MainControls::~MainControls() {
+    player_.List1().watchSelection({});
+}
 
 void MainControls::takeFocus() {
     text4_->setFocus();
@@ -79,6 +42,10 @@ void MainControls::addQuickList() {
     widget->setObjectName(QStringLiteral("List1"));
     window_.hostControl(MainElement::List1, 0, widget);
     watches_.push_back(std::make_unique<ListWatch>(player_.stdSS(), *widget, false));
+    player_.List1().watchSelection([widget](std::int32_t item) {
+        const auto row = static_cast<std::size_t>(item);
+        widget->looksChanged(row, row);
+    });
 }
 
 void MainControls::addList(MainElement element, const char* objectName, playlist::stdSS& list) {

@@ -14,6 +14,8 @@
 
 namespace tovik::app {
 
+class ListWatch;
+
 /// The window's object tree owns the widgets; what they show and ask is here.
 class MainControls {
 public:
@@ -27,8 +29,6 @@ public:
     void takeFocus();
 
 private:
-    class ListWatch;
-
     void addList(window::MainElement element, const char* objectName, playlist::stdSS& list);
     void addQuickList();
     void addSearchField();

@@ -46,6 +46,13 @@ inline constexpr auto kEnglishNames = std::to_array<std::string_view>({
     "Master",
 });
 
+/// The English of "TovikLists".
+inline constexpr auto kEnglishLists = std::to_array<std::string_view>({
+    "Drop files here, or press a button to add some",
+    "Put in a disc and choose its drive",
+    "Press a button to add a station",
+});
+
 inline constexpr std::array<LanguageSectionRow, kLanguageSections> kSections{{
     {S::MainMenu, "MainMenu", 37, W::frmTSR},
     {S::VisMenu, "VisMenu", 2, W::frmTSR},
@@ -72,6 +79,8 @@ inline constexpr std::array<LanguageSectionRow, kLanguageSections> kSections{{
     {S::Notice, "TovikNotice", 1, W::None, kEnglishNotices},
     {S::TovikNames, "TovikNames", static_cast<int>(kEnglishNames.size()), W::frmPlayer,
      kEnglishNames},
+    {S::TovikLists, "TovikLists", static_cast<int>(kEnglishLists.size()), W::frmPlayer,
+     kEnglishLists},
 }};
 
 constexpr Row put(S section, int item, std::string_view element, K kind = K::Caption, int index = 0,

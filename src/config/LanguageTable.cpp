@@ -253,6 +253,11 @@ constexpr auto kRows = std::to_array<Row>({
     name(S::TovikNames, 10, "RadioLst"),
     name(S::TovikNames, 11, "lblRDinfo"),
     name(S::TovikNames, 12, "eq_sld", 0, 11),
+
+    put(S::TovikLists, 0, "List1"),
+    put(S::TovikLists, 0, "stdSS"),
+    put(S::TovikLists, 1, "lstTracks"),
+    put(S::TovikLists, 2, "RadioLst"),
 });
 
 /// Sections in the order of the enumeration, rows in the order of sections and items, and each item

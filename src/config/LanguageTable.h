@@ -35,9 +35,10 @@ enum class LanguageSection : std::uint8_t {
     Shortcuts,
     Notice,     ///< our own: what the window says of the program's state
     TovikNames, ///< what a screen reader calls elements
+    TovikLists, ///< what empty lists say
 };
 
-inline constexpr std::size_t kLanguageSections = 23;
+inline constexpr std::size_t kLanguageSections = 24;
 
 /// The windows that texts go to. The main menu's texts name tabs of the main window, too.
 enum class TextWindow : std::uint8_t {

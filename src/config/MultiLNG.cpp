@@ -183,6 +183,7 @@ void MultiLNG::Get_Shortcut_List() {
 
 void MultiLNG::loadNames() {
     load(S::TovikNames);
+    load(S::TovikLists);
 }
 
 } // namespace tovik::config

@@ -41,15 +41,16 @@ protected:
     ListModel() = default;
 };
 
-/// Every call is made through the program's dispatcher. The widget draws itself anew after each.
+/// Every call is made through the program's dispatcher. The widget draws nothing anew by itself:
+/// who answers tells it what changed.
 class ListInput {
 public:
     virtual ~ListInput() = default;
     ListInput(const ListInput&) = delete;
     ListInput& operator=(const ListInput&) = delete;
 
-    /// The user chose a row, by a press or by the cursor keys. The modifiers of a press say how;
-    /// the keys choose one row alone.
+    /// The user chose a row, by a press or by the cursor keys. The modifiers say how; of the keys
+    /// only Shift counts.
     virtual void selectRow(std::size_t row, Modifiers modifiers) = 0;
 
     /// A double click on a row.
@@ -60,6 +61,18 @@ public:
 
     /// A button that asks about a row went down on it; a row that was not selected is by now.
     virtual void contextRow(std::size_t /*row*/) {}
+
+    /// The same where no row is.
+    virtual void contextNowhere() {}
+
+    /// Which modifiers are down while the list has the keyboard.
+    virtual void holdModifiers(Modifiers /*modifiers*/) {}
+
+    /// Whether the user may take rows to other places.
+    [[nodiscard]] virtual bool movesRows() const { return false; }
+
+    /// A row is to stand in front of the row that is `before` now; the number of rows: at the end.
+    virtual void moveRow(std::size_t /*row*/, std::size_t /*before*/) {}
 
     /// Delete. Whether the key was used; an unused one goes on to the window.
     virtual bool removeRows() { return false; }

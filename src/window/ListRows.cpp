@@ -47,9 +47,7 @@ bool ListRows::marked(std::size_t row) const {
 }
 
 void ListRows::selectRow(std::size_t row, ui::Modifiers modifiers) {
-    list_.ModifierHeld = modifiers.shift || modifiers.control;
-    list_.ModifierMask =
-        (modifiers.shift ? stdSS::kShiftMask : 0) | (modifiers.control ? kCtrlMask : 0);
+    holdModifiers(modifiers);
     if (list_.ModifierHeld) {
         list_.MS(numberOf(row));
     } else {
@@ -72,6 +70,21 @@ void ListRows::enterRow(std::size_t /*row*/) {
 
 void ListRows::contextRow(std::size_t row) {
     list_.SelectedIndex = numberOf(row);
+    list_.ContextClick();
+}
+
+void ListRows::contextNowhere() {
+    list_.ContextClick();
+}
+
+void ListRows::holdModifiers(ui::Modifiers modifiers) {
+    list_.ModifierHeld = modifiers.shift || modifiers.control;
+    list_.ModifierMask =
+        (modifiers.shift ? stdSS::kShiftMask : 0) | (modifiers.control ? kCtrlMask : 0);
+}
+
+void ListRows::moveRow(std::size_t row, std::size_t before) {
+    list_.MoveRow(numberOf(row), numberOf(before));
 }
 
 bool ListRows::removeRows() {

@@ -48,6 +48,12 @@ public:
     void enterRow(std::size_t row) override;
 
     void contextRow(std::size_t row) override;
+    void contextNowhere() override;
+    void holdModifiers(ui::Modifiers modifiers) override;
+
+    [[nodiscard]] bool movesRows() const override { return true; }
+
+    void moveRow(std::size_t row, std::size_t before) override;
     bool removeRows() override;
 
 private:

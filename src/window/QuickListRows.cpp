@@ -34,4 +34,13 @@ void QuickListRows::activateRow(std::size_t row) {
     player_.List1_DblClick();
 }
 
+void QuickListRows::moveRow(std::size_t row, std::size_t before) {
+    list_.MoveRow(static_cast<playlist::Row>(row) + 1, static_cast<playlist::Row>(before) + 1);
+}
+
+bool QuickListRows::removeRows() {
+    list_.Remove(mirror_.ListIndex() + 1);
+    return true;
+}
+
 } // namespace tovik::window

@@ -25,6 +25,14 @@ public:
     void selectRow(std::size_t row, ui::Modifiers modifiers) override;
     void activateRow(std::size_t row) override;
 
+    [[nodiscard]] bool movesRows() const override { return true; }
+
+    /// Of the playlist; the selection goes along.
+    void moveRow(std::size_t row, std::size_t before) override;
+
+    /// Removes the selected row of the playlist.
+    bool removeRows() override;
+
 private:
     playlist::ListMirror& mirror_;
     playlist::stdSS& list_;

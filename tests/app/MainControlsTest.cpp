@@ -2,6 +2,7 @@
 // The controls of the whole player's window.
 #include "app/AppRig.h"
 #include "app/MainWindow.h"
+#include "ui/qt/WindowRig.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -107,6 +108,79 @@ TEST_F(MainControlsTest, aDoubleClickOnARowPlaysIt) {
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, second);
     EXPECT_TRUE(real_->state().IsPlaying);
     EXPECT_EQ(real_->state().CurrentTitle, "b.mp3");
+}
+
+TEST_F(MainControlsTest, bothListsPaintNoMoreThanTheRowsThatChanged) {
+    auto& quick = control<ui::ListWidget>("List1");
+    ui::test::PaintWatch seen(*quick.viewport());
+    const auto settled = [&] {
+        settle();
+        return seen.take();
+    };
+    static_cast<void>(settled());
+    const int pitch = quick.rowHeight();
+    const int width = quick.viewport()->width();
+    real_->stdSS().RefreshTitle(2, "x");
+    EXPECT_EQ(settled(), QRegion(0, pitch, width, pitch));
+    real_->List1().ListIndex(2);
+    EXPECT_EQ(settled(), QRegion(0, pitch, width, 3 * pitch));
+    real_->stdSS().MoveRow(1, 4);
+    EXPECT_EQ(settled(), QRegion(0, 0, width, 4 * pitch)) << "it shows what the other list does";
+    real_->stdSS().Remove(3);
+    EXPECT_EQ(settled(), QRegion(0, pitch, width, quick.viewport()->height() - pitch));
+}
+
+TEST_F(MainControlsTest, rowsAreReorderedByMouseAndByKeys) {
+    switchTo("00100");
+    auto& list = control<ui::ListWidget>("stdSS");
+    const auto middleOf = [&](int row) {
+        return QPoint(40, row * list.rowHeight() + list.rowHeight() / 2);
+    };
+    const auto titles = [&] {
+        std::string all;
+        for (playlist::Row row = 1; row <= real_->stdSS().ListCount(); ++row) {
+            all += real_->stdSS().text(row, playlist::RowText::Title).front();
+        }
+        return all;
+    };
+    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, middleOf(2));
+    QMouseEvent move(QEvent::MouseMove, middleOf(0),
+                     list.viewport()->mapToGlobal(QPointF(middleOf(0))), Qt::NoButton,
+                     Qt::LeftButton, {});
+    QCoreApplication::sendEvent(list.viewport(), &move);
+    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, middleOf(0));
+    EXPECT_EQ(titles(), "cab");
+    QTest::keyClick(&list, Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(titles(), "acb");
+    QTest::keyClick(&list, Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(titles(), "abc");
+    EXPECT_EQ(real_->stdSS().SelectedIndex, 3);
+}
+
+TEST_F(MainControlsTest, deleteTakesABlockThatShiftAndTheArrowsMarked) {
+    switchTo("00100");
+    auto& list = control<ui::ListWidget>("stdSS");
+    QTest::keyClick(&list, Qt::Key_Down);
+    QTest::keyClick(&list, Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(&list, Qt::Key_Delete);
+    ASSERT_EQ(real_->stdSS().ListCount(), 1);
+    EXPECT_EQ(real_->stdSS().text(1, playlist::RowText::Title), "a.mp3");
+    EXPECT_EQ(real_->List1().ListCount(), 1);
+}
+
+TEST_F(MainControlsTest, emptyListsSayWhatToDoInTheLanguage) {
+    const auto hintOf = [this](const char* name) {
+        return control<ui::ListWidget>(name).hint().toStdString();
+    };
+    const std::string drop = "Drop files here, or press a button to add some";
+    EXPECT_EQ(hintOf("List1"), drop);
+    switchTo("00100");
+    EXPECT_EQ(hintOf("stdSS"), drop);
+    switchTo("00010");
+    EXPECT_EQ(hintOf("lstTracks"), "Put in a disc and choose its drive");
+    switchTo("00001");
+    tick();
+    EXPECT_EQ(hintOf("RadioLst"), "Press a button to add a station");
 }
 
 TEST_F(MainControlsTest, theHolderOfTheFocusLetsKeysGoOnToTheWindow) {

@@ -265,6 +265,8 @@ TEST_F(MultiLNGTest, ownSectionsAreReadAndNeverBlank) {
     EXPECT_EQ(player.at("minmodeUP", 0, K::Name), "Mini mode") << "blank in the file";
     EXPECT_EQ(player.at("songname", 0, K::Name), "Track") << "not in the file";
     EXPECT_EQ(player.at("eq_sld", 10, K::Name), "Master");
+    EXPECT_EQ(player.at("RadioLst", 0, K::Caption), "Press a button to add a station");
+    EXPECT_EQ(player.at("stdSS", 0, K::Caption), player.at("List1", 0, K::Caption));
     language_.Language_File("None");
     language_.loadAttached();
     EXPECT_EQ(player.at("EQ_on", 0, K::Name), "Equalizer");

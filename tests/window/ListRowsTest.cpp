@@ -20,6 +20,7 @@ protected:
     window::ListRows rows_{list_};
     std::vector<int> played_; ///< the selected row at each `Play`
     int again_ = 0;
+    int asked_ = 0;
 
     void SetUp() override {
         list_.setEvents(this);
@@ -44,6 +45,8 @@ private:
     void Play(const std::string& /*ItemData*/) override { played_.push_back(list_.SelectedIndex); }
 
     void PlayedAgain() override { ++again_; }
+
+    void ContextClick() override { ++asked_; }
 };
 
 TEST_F(ListRowsTest, aRowShowsItsNumberItsTitleAndItsTime) {
@@ -124,6 +127,37 @@ TEST_F(ListRowsTest, aRowThatIsAskedAboutBecomesTheSelectedOneAndTheSelectionSta
     rows_.contextRow(2);
     EXPECT_EQ(list_.SelectedIndex, 3);
     EXPECT_THAT(selected(), ElementsAre(1, 2, 3));
+}
+
+TEST_F(ListRowsTest, theOwnerHearsOfAClickThatAsks) {
+    rows_.contextRow(2);
+    EXPECT_EQ(asked_, 1);
+    rows_.contextNowhere();
+    EXPECT_EQ(asked_, 2);
+    EXPECT_EQ(list_.SelectedIndex, 3);
+}
+
+TEST_F(ListRowsTest, heldModifiersAreKept) {
+    rows_.holdModifiers({.shift = true});
+    EXPECT_TRUE(list_.ModifierHeld);
+    EXPECT_EQ(list_.ModifierMask, playlist::stdSS::kShiftMask);
+    rows_.holdModifiers({.control = true});
+    EXPECT_TRUE(list_.ModifierHeld);
+    EXPECT_EQ(list_.ModifierMask, 2);
+    rows_.holdModifiers({});
+    EXPECT_FALSE(list_.ModifierHeld);
+    EXPECT_EQ(list_.ModifierMask, 0);
+}
+
+TEST_F(ListRowsTest, aMovedRowIsSelectedAtItsNewPlaceAndStartsNothing) {
+    ASSERT_TRUE(rows_.movesRows());
+    rows_.moveRow(0, 3);
+    EXPECT_EQ(rows_.text(2), "One");
+    EXPECT_THAT(rows_.current(), Optional(2U));
+    rows_.moveRow(4, 0);
+    EXPECT_EQ(rows_.text(0), "Five");
+    EXPECT_THAT(selected(), ElementsAre(0));
+    EXPECT_TRUE(played_.empty());
 }
 
 TEST_F(ListRowsTest, deleteRemovesTheSelectedRowOrAllThatAreMarked) {

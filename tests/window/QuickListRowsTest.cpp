@@ -46,6 +46,29 @@ TEST_F(QuickList, theMarkIsOfTheRowThatSounds) {
     EXPECT_FALSE(rows_.marked(0));
 }
 
+TEST_F(QuickList, aMovedRowGoesWithItsSelectionInBothLists) {
+    addRows(4, {.seconds = 10});
+    rows_.selectRow(3, {});
+    ASSERT_TRUE(rows_.movesRows());
+    rows_.moveRow(3, 1);
+    EXPECT_EQ(rows_.text(1), "T4");
+    EXPECT_TRUE(rows_.selected(1));
+    EXPECT_EQ(list_.SelectedIndex, 2);
+    EXPECT_THAT(sound_.calls, IsEmpty());
+}
+
+TEST_F(QuickList, deleteRemovesItsOwnRowOnly) {
+    addRows(4, {.seconds = 10});
+    list_.MS(1);
+    list_.MS(4);
+    mirror_.ListIndex(1);
+    EXPECT_TRUE(rows_.removeRows());
+    EXPECT_EQ(rows_.rows(), 3U);
+    EXPECT_EQ(rows_.text(1), "T3");
+    EXPECT_TRUE(rows_.removeRows()) << "none is selected any more";
+    EXPECT_EQ(rows_.rows(), 3U);
+}
+
 TEST_F(QuickList, aDoubleClickOnARowPlaysIt) {
     list_.AddItem("", track("a.mp3", {.seconds = 10}), "One", "00:10", 10);
     list_.AddItem("", track("b.mp3", {.seconds = 10}), "Two", "00:10", 10);

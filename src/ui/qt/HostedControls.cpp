@@ -2,6 +2,7 @@
 #include "ui/qt/HostedControls.h"
 
 #include "ui/qt/DisplayText.h"
+#include "ui/qt/ListWidget.h"
 
 #include <algorithm>
 #include <QLineEdit>
@@ -12,6 +13,9 @@ namespace tovik::ui {
 namespace {
 
 void showCaption(QWidget& widget, const std::string& caption) {
+    if (auto* const list = dynamic_cast<ListWidget*>(&widget)) {
+        list->setHint(displayString(caption));
+    }
     auto* const field = qobject_cast<QLineEdit*>(&widget);
     // Setting it anew would throw away cursor and selection.
     if (const QString text = displayString(caption); field != nullptr && field->text() != text) {

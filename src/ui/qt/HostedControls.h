@@ -13,7 +13,7 @@
 namespace tovik::ui {
 
 /// Each follows its record: place, visibility, state, tooltip, font height, colours (text and
-/// base), and what a text field holds the caption. One that is deleted is forgotten.
+/// base); what a text field holds, and what an empty list says, is the caption. One that is deleted is forgotten.
 class HostedControls {
 public:
     /// Both must outlive it.

@@ -147,6 +147,13 @@ ListAccess::~ListAccess() {
     forgetCells();
 }
 
+QString ListAccess::text(QAccessible::Text kind) const {
+    if (kind == QAccessible::Description && rowCount() == 0 && isValid()) {
+        return list_.hint();
+    }
+    return QAccessibleWidget::text(kind);
+}
+
 void ListAccess::forgetCells() const {
     for (const auto& [index, id] : cells_) {
         QAccessible::deleteAccessibleInterface(id);

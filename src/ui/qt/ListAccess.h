@@ -20,6 +20,9 @@ public:
 
     [[nodiscard]] ListWidget& list() const noexcept { return list_; }
 
+    /// The description of an empty list is what it says.
+    [[nodiscard]] QString text(QAccessible::Text kind) const override;
+
     /// Cells count along the rows.
     [[nodiscard]] int childCount() const override;
     [[nodiscard]] QAccessibleInterface* child(int index) const override;

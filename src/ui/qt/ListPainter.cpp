@@ -3,12 +3,21 @@
 
 #include "ui/qt/DisplayText.h"
 
+#include <algorithm>
+
 namespace tovik::ui {
 
 namespace {
 
 constexpr int kTextMargin = 4;
 constexpr int kTimeMargin = 2;
+
+/// Longer titles are cut before they are measured: a line of a list may hold thousands of letters.
+constexpr qsizetype kMostLetters = 1024;
+
+QString titleOf(const ListModel& model, std::size_t row) {
+    return displayString(model.text(row)).left(kMostLetters);
+}
 
 } // namespace
 
@@ -18,6 +27,16 @@ void ListPainter::drawGround(QPainter& painter, const QRect& part, int viewWidth
         const QRect column(viewWidth - timeWidth_, part.top(), timeWidth_, part.height());
         painter.fillRect(column & part, qtColour(*colours_.BackgroundTimeColor));
     }
+}
+
+void ListPainter::drawPicture(QPainter& painter, const QImage& picture, const QRect& place,
+                              const QRect& view) const {
+    painter.save();
+    if (colours_.BackgroundTimeColor) {
+        painter.setClipRect(view.adjusted(0, 0, -timeWidth_, 0), Qt::IntersectClip);
+    }
+    painter.drawImage(place, picture);
+    painter.restore();
 }
 
 void ListPainter::drawRow(QPainter& painter, std::size_t row, const QRect& place) const {
@@ -34,13 +53,13 @@ void ListPainter::drawRow(QPainter& painter, std::size_t row, const QRect& place
         painter.drawText(QRect(title.left() - number, title.top(), number, title.height()),
                          kFlags | Qt::AlignLeft, displayString(model_.numberText(row)));
     }
-    painter.drawText(
-        title, kFlags | Qt::AlignLeft,
-        metrics_.elidedText(displayString(model_.text(row)), Qt::ElideRight, title.width()));
+    painter.drawText(title, kFlags | Qt::AlignLeft,
+                     metrics_.elidedText(titleOf(model_, row), Qt::ElideRight, title.width()));
     if (timeWidth_ > 0) {
         painter.setPen(qtColour(colours.timeText));
-        painter.drawText(timePlace(place).adjusted(0, 0, -kTimeMargin, 0), kFlags | Qt::AlignRight,
-                         displayString(model_.timeText(row)));
+        QRect time = timePlace(place).adjusted(0, 0, -kTimeMargin, 0);
+        time.setLeft(place.right() + 1 - timeRoom(row));
+        painter.drawText(time, kFlags | Qt::AlignRight, displayString(model_.timeText(row)));
     }
     if (played && colours_.PlayedBorderColor) {
         painter.setPen(qtColour(*colours_.PlayedBorderColor));
@@ -66,7 +85,7 @@ void ListPainter::drawBack(QPainter& painter, std::size_t row, const QRect& plac
 }
 
 bool ListPainter::overruns(std::size_t row, int width) const {
-    return metrics_.horizontalAdvance(displayString(model_.text(row))) >
+    return metrics_.horizontalAdvance(titleOf(model_, row)) >
            titlePlace(row, {0, 0, width, 1}).width();
 }
 
@@ -75,7 +94,15 @@ int ListPainter::numberWidth(std::size_t row) const {
 }
 
 QRect ListPainter::titlePlace(std::size_t row, const QRect& place) const {
-    return place.adjusted(kTextMargin + numberWidth(row), 0, -kTextMargin - timeWidth_, 0);
+    return place.adjusted(kTextMargin + numberWidth(row), 0, -kTextMargin - timeRoom(row), 0);
+}
+
+int ListPainter::timeRoom(std::size_t row) const {
+    if (timeWidth_ == 0) {
+        return 0;
+    }
+    return std::max(timeWidth_, metrics_.horizontalAdvance(displayString(model_.timeText(row))) +
+                                    2 * kTimeMargin);
 }
 
 QRect ListPainter::timePlace(const QRect& place) const {

@@ -7,6 +7,7 @@
 #include "ui/ListModel.h"
 
 #include <QFontMetrics>
+#include <QImage>
 #include <QPainter>
 #include <QRect>
 
@@ -22,6 +23,10 @@ public:
     /// What is behind all rows in that part of the view.
     void drawGround(QPainter& painter, const QRect& part, int viewWidth) const;
 
+    /// A picture over the ground; the column of the times keeps its own colour.
+    void drawPicture(QPainter& painter, const QImage& picture, const QRect& place,
+                     const QRect& view) const;
+
     void drawRow(QPainter& painter, std::size_t row, const QRect& place) const;
 
     /// Whether the title has more room to ask for than it gets.
@@ -33,6 +38,8 @@ private:
     [[nodiscard]] int numberWidth(std::size_t row) const;
     [[nodiscard]] QRect titlePlace(std::size_t row, const QRect& place) const;
     [[nodiscard]] QRect timePlace(const QRect& place) const;
+    /// The column, or more where the text needs it: a time of hours is longer than others.
+    [[nodiscard]] int timeRoom(std::size_t row) const;
 
     const ListModel& model_;
     const ListColours& colours_;

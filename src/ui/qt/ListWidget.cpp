@@ -17,12 +17,16 @@ namespace tovik::ui {
 namespace {
 
 constexpr int kFontPixels = 11;
-constexpr int kRowPadding = 2;
+constexpr double kPitch =
+    15; ///< a box of 13 pixels for the font and one on each side, at its usual size
 constexpr int kTimeColumn = 30; ///< at the usual size of the font
 constexpr int kTimePadding = 6;
-constexpr int kSoonMs = 50;
 constexpr QRgb kSelected = 0xFF404582;
 constexpr Colour kMarked{255, 180, 60};
+constexpr int kHintMargin = 8;
+constexpr int kHintShare = 70; ///< of the text's colour in that of the hint, in hundredths
+constexpr int kTooltipLine = 80;
+constexpr int kTooltipMost = 4000;
 
 /// A slim bar that goes with any back colour.
 const auto* const kScrollBarStyle =
@@ -32,6 +36,30 @@ const auto* const kScrollBarStyle =
     "QScrollBar::handle:vertical:hover { background: rgba(180, 186, 225, 220); }"
     "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
     "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }";
+
+/// Plain text in lines that fit the screen, whatever characters it holds.
+QString tooltipOf(const QString& title) {
+    QString lines;
+    qsizetype begin = 0;
+    const qsizetype end = std::min<qsizetype>(title.size(), kTooltipMost);
+    while (begin < end) {
+        qsizetype length = std::min<qsizetype>(kTooltipLine, end - begin);
+        if (begin + length < end) {
+            const qsizetype blank = title.lastIndexOf(QLatin1Char(' '), begin + length);
+            if (blank > begin) {
+                length = blank - begin + 1;
+            } else if (title.at(begin + length - 1).isHighSurrogate()) {
+                --length;
+            }
+        }
+        lines += (begin > 0 ? QStringLiteral("\n") : QString()) + title.mid(begin, length);
+        begin += length;
+    }
+    if (!Qt::mightBeRichText(lines)) {
+        return lines;
+    }
+    return lines.toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br/>"));
+}
 
 } // namespace
 
@@ -119,46 +147,30 @@ int ListWidget::timeWidth() const {
                   : 0;
 }
 
-void ListWidget::refresh() {
-    fitScrollBar();
+void ListWidget::BackGroundPicture(QImage picture, const ListBackground& how) {
+    picture_ = std::move(picture);
+    background_ = how;
     viewport()->update();
 }
 
-void ListWidget::refreshSoon() {
-    if (!soon_.isActive()) {
-        soon_.start(kSoonMs, this);
+void ListWidget::setHint(const QString& hint) {
+    if (hint != hint_) {
+        hint_ = hint;
+        viewport()->update();
     }
 }
 
-void ListWidget::timerEvent(QTimerEvent* event) {
-    if (event->timerId() == soon_.timerId()) {
-        soon_.stop();
-        refresh();
-    } else {
-        QAbstractScrollArea::timerEvent(event);
-    }
-}
-
-void ListWidget::refreshRow(std::size_t row) {
-    viewport()->update(placeOf(row));
-}
-
-void ListWidget::scrollToRow(std::size_t row) {
-    if (!isVisible()) {
-        // What is hidden has not got its size yet.
-        wanted_ = row;
-        return;
-    }
-    if (row >= model_.rows()) {
-        return;
-    }
-    fitScrollBar();
-    const auto shown = static_cast<std::size_t>(wholeRows());
-    if (row < firstRow()) {
-        verticalScrollBar()->setValue(static_cast<int>(row) * rowHeight());
-    } else if (row >= firstRow() + shown) {
-        verticalScrollBar()->setValue(static_cast<int>(row + 1 - shown) * rowHeight());
-    }
+void ListWidget::drawHint(QPainter& painter) const {
+    const auto mixed = [](int text, int back) {
+        return (text * kHintShare + back * (100 - kHintShare)) / 100;
+    };
+    const Colour text = colours_.TitleTextColor;
+    const Colour back = colours_.BackgroundColor;
+    painter.setPen(QColor(mixed(text.red, back.red), mixed(text.green, back.green),
+                          mixed(text.blue, back.blue)));
+    const int margin = kHintMargin * font().pixelSize() / kFontPixels;
+    painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
+                     Qt::AlignCenter | Qt::TextWordWrap, hint_);
 }
 
 std::optional<std::size_t> ListWidget::cursorRow() const {
@@ -167,13 +179,22 @@ std::optional<std::size_t> ListWidget::cursorRow() const {
 }
 
 int ListWidget::rowHeight() const {
-    return fontMetrics().height() + kRowPadding;
+    return std::max(1, qRound(kPitch * font().pixelSize() / kFontPixels));
 }
 
 void ListWidget::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     const ListPainter rowPainter = painterOfRows();
     rowPainter.drawGround(painter, event->rect(), viewport()->width());
+    if (model_.rows() == 0) {
+        drawHint(painter);
+    } else if (!picture_.isNull()) {
+        const QRect view = viewport()->rect();
+        rowPainter.drawPicture(painter, picture_,
+                               backgroundPlace(background_, picture_.size(), view.size(),
+                                               static_cast<int>(firstRow()) * rowHeight()),
+                               view);
+    }
     const std::size_t first = firstRow();
     const std::size_t end = std::min(model_.rows(), first + static_cast<std::size_t>(wholeRows()));
     auto row = first + static_cast<std::size_t>(event->rect().top() / rowHeight());
@@ -182,7 +203,16 @@ void ListWidget::paintEvent(QPaintEvent* event) {
         if (place.top() > event->rect().bottom()) {
             break;
         }
-        rowPainter.drawRow(painter, row, place);
+        if (event->region().intersects(place)) {
+            rowPainter.drawRow(painter, row, place);
+        }
+    }
+    if (const QRect marker = markerPlace(); !marker.isEmpty()) {
+        painter.fillRect(marker, qtColour(colours_.TitleTextColor));
+    }
+    if (dropping_) {
+        painter.setPen(qtColour(colours_.TitleTextColor));
+        painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
     }
 }
 
@@ -214,24 +244,12 @@ bool ListWidget::viewportEvent(QEvent* event) {
         const auto* const help = static_cast<QHelpEvent*>(event);
         const auto row = rowAt(help->pos().y());
         if (row && painterOfRows().overruns(*row, viewport()->width())) {
-            const QString title = displayString(model_.text(*row));
-            // The title is plain text, whatever characters it holds.
-            QToolTip::showText(help->globalPos(),
-                               Qt::mightBeRichText(title) ? title.toHtmlEscaped() : title,
+            QToolTip::showText(help->globalPos(), tooltipOf(displayString(model_.text(*row))),
                                viewport(), placeOf(*row));
             return true;
         }
     }
     return QAbstractScrollArea::viewportEvent(event);
-}
-
-void ListWidget::fitScrollBar() {
-    const int visible = wholeRows() * rowHeight();
-    const auto all = static_cast<int>(model_.rows()) * rowHeight();
-    QScrollBar* const bar = verticalScrollBar();
-    bar->setSingleStep(rowHeight());
-    bar->setPageStep(visible);
-    bar->setRange(0, std::max(0, all - visible));
 }
 
 int ListWidget::wholeRows() const {

@@ -8,35 +8,71 @@
 
 namespace tovik::ui {
 
+namespace {
+
+bool chooseMore(const Modifiers& modifiers) {
+    return modifiers.shift || modifiers.control;
+}
+
+} // namespace
+
 void ListWidget::mousePressEvent(QMouseEvent* event) {
-    const auto row = rowAt(event->position().toPoint().y());
+    const int y = event->position().toPoint().y();
+    const auto row = rowAt(y);
+    const bool left = event->button() == Qt::LeftButton;
+    pressedNowhere_ = !row;
+    endDrag();
     if (!row) {
         return;
     }
-    const bool left = event->button() == Qt::LeftButton;
+    const Modifiers modifiers = modifiersOf(event->modifiers());
     // A press with another button keeps a selection that it hits, for whatever asks about it.
     if (left || !model_.selected(*row)) {
-        choose(*row, modifiersOf(event->modifiers()));
+        choose(*row, modifiers);
     }
     if (!left) {
-        call([&] { input_.contextRow(*row); });
+        dispatcher_.run([&] { input_.contextRow(*row); });
+    } else if (!chooseMore(modifiers) && input_.movesRows()) {
+        drag_.press(*row, y);
     }
 }
 
-void ListWidget::mouseMoveEvent(QMouseEvent* /*event*/) {}
+void ListWidget::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons() != Qt::LeftButton || chooseMore(modifiersOf(event->modifiers()))) {
+        endDrag();
+    } else if (drag_.row()) {
+        drag(event->position().toPoint().y());
+    }
+}
 
-void ListWidget::mouseReleaseEvent(QMouseEvent* /*event*/) {}
+void ListWidget::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::RightButton && pressedNowhere_ &&
+        !rowAt(event->position().toPoint().y())) {
+        dispatcher_.run([&] { input_.contextNowhere(); });
+    }
+    if (event->button() != Qt::LeftButton || !drag_.row()) {
+        return;
+    }
+    if (drag_.target()) {
+        drag(event->position().toPoint().y());
+    }
+    const RowDrag dragged = drag_;
+    endDrag();
+    if (const auto target = dragged.target()) {
+        dispatcher_.run([&] { input_.moveRow(*dragged.row(), *target); });
+        announceRow(*this);
+    }
+}
 
 void ListWidget::mouseDoubleClickEvent(QMouseEvent* event) {
     const auto row = rowAt(event->position().toPoint().y());
-    const auto modifiers = modifiersOf(event->modifiers());
-    if (row && event->button() == Qt::LeftButton && !modifiers.shift && !modifiers.control) {
+    if (row && event->button() == Qt::LeftButton && !chooseMore(modifiersOf(event->modifiers()))) {
         startRow(*row);
     }
 }
 
 void ListWidget::startRow(std::size_t row) {
-    call([&] { input_.activateRow(row); });
+    dispatcher_.run([&] { input_.activateRow(row); });
 }
 
 void ListWidget::focusInEvent(QFocusEvent* event) {
@@ -44,16 +80,56 @@ void ListWidget::focusInEvent(QFocusEvent* event) {
     announceRow(*this);
 }
 
-void ListWidget::keyPressEvent(QKeyEvent* event) {
-    const auto rows = static_cast<std::ptrdiff_t>(model_.rows());
-    if (rows == 0) {
-        event->ignore();
-        return;
+void ListWidget::focusOutEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusOutEvent(event);
+    hold({});
+    endDrag();
+}
+
+void ListWidget::hold(Modifiers modifiers) {
+    if (modifiers != held_) {
+        held_ = modifiers;
+        dispatcher_.run([&] { input_.holdModifiers(modifiers); });
     }
+}
+
+void ListWidget::keyReleaseEvent(QKeyEvent* event) {
+    hold({});
+    event->ignore();
+}
+
+void ListWidget::keyPressEvent(QKeyEvent* event) {
     const auto cursor = cursorRow();
-    const std::ptrdiff_t page = std::max(1, viewport()->height() / rowHeight() - 1);
-    std::ptrdiff_t target = cursor ? static_cast<std::ptrdiff_t>(*cursor) : -1;
-    switch (event->key()) {
+    const bool alt = event->modifiers().testFlag(Qt::AltModifier);
+    const int key = event->key();
+    if (key == Qt::Key_Escape && drag_.target()) {
+        endDrag();
+    } else if (model_.rows() == 0) {
+        event->ignore();
+    } else if (alt && (key == Qt::Key_Up || key == Qt::Key_Down) && input_.movesRows()) {
+        shiftRow(key);
+    } else if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        if (cursor) {
+            dispatcher_.run([&] { input_.enterRow(*cursor); });
+        }
+    } else if (key == Qt::Key_Delete) {
+        bool used = false;
+        dispatcher_.run([&] { used = input_.removeRows(); });
+        event->setAccepted(used);
+    } else if (targetOf(key, cursor)) {
+        moveCursor(key, event->modifiers().testFlag(Qt::ShiftModifier));
+    } else {
+        event->ignore();
+    }
+    const Modifiers modifiers = modifiersOf(event->modifiers());
+    hold(chooseMore(modifiers) ? modifiers : Modifiers{});
+}
+
+std::optional<std::size_t> ListWidget::targetOf(int key, std::optional<std::size_t> from) const {
+    const auto last = static_cast<std::ptrdiff_t>(model_.rows()) - 1;
+    const std::ptrdiff_t page = std::max(1, wholeRows() - 1);
+    std::ptrdiff_t target = from ? static_cast<std::ptrdiff_t>(*from) : -1;
+    switch (key) {
     case Qt::Key_Up:
         target -= 1;
         break;
@@ -70,25 +146,34 @@ void ListWidget::keyPressEvent(QKeyEvent* event) {
         target = 0;
         break;
     case Qt::Key_End:
-        target = rows - 1;
+        target = last;
         break;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (cursor) {
-            call([&] { input_.enterRow(*cursor); });
-        }
-        return;
-    case Qt::Key_Delete: {
-        bool used = false;
-        call([&] { used = input_.removeRows(); });
-        event->setAccepted(used);
-        return;
-    }
     default:
-        event->ignore();
+        return std::nullopt;
+    }
+    return static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(target, 0, last));
+}
+
+/// With Shift the row that the selection began at stays the chosen one: the far end moves.
+void ListWidget::moveCursor(int key, bool extends) {
+    const auto cursor = cursorRow();
+    if (!extends || !cursor) {
+        choose(*targetOf(key, cursor), {});
         return;
     }
-    choose(static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(target, 0, rows - 1)), {});
+    const bool goesOn = range_ && range_->from == *cursor && range_->end < model_.rows();
+    const std::size_t end = *targetOf(key, goesOn ? range_->end : *cursor);
+    choose(end, {.shift = true});
+    range_ = Range{*cursor, end};
+}
+
+void ListWidget::shiftRow(int key) {
+    const auto row = cursorRow();
+    const bool up = key == Qt::Key_Up;
+    if (row && (up ? *row > 0 : *row + 1 < model_.rows())) {
+        dispatcher_.run([&] { input_.moveRow(*row, up ? *row - 1 : *row + 2); });
+        announceRow(*this);
+    }
 }
 
 void ListWidget::wheelEvent(QWheelEvent* event) {
@@ -98,14 +183,10 @@ void ListWidget::wheelEvent(QWheelEvent* event) {
 }
 
 void ListWidget::choose(std::size_t row, Modifiers modifiers) {
+    range_.reset();
     scrollToRow(row);
-    call([&] { input_.selectRow(row, modifiers); });
+    dispatcher_.run([&] { input_.selectRow(row, modifiers); });
     announceRow(*this);
-}
-
-void ListWidget::call(const std::function<void()>& operation) {
-    dispatcher_.run(operation);
-    refresh();
 }
 
 } // namespace tovik::ui

@@ -84,6 +84,16 @@ protected:
 
     [[nodiscard]] int top(int row) const { return row * list_.rowHeight(); }
 
+    /// The tooltip over the second row.
+    [[nodiscard]] QString ask() {
+        QToolTip::hideText();
+        EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+        QHelpEvent help(QEvent::ToolTip, QPoint(20, top(1) + 3),
+                        list_.viewport()->mapToGlobal(QPoint(20, top(1) + 3)));
+        QApplication::sendEvent(list_.viewport(), &help);
+        return QToolTip::text();
+    }
+
     /// Whether letters of that colour stand in the row, between two places from the left.
     [[nodiscard]] bool hasInk(int row, QColor colour, int from, int to) {
         const QImage image = shown();
@@ -174,17 +184,42 @@ TEST_F(ListLookTest, ownColoursStayWhenThePaletteChanges) {
     EXPECT_EQ(shown().pixelColor(1, top(0) + 2), QColor(1, 0, 0));
 }
 
-TEST_F(ListLookTest, aTitleThatIsCutIsToldByATooltip) {
-    const auto ask = [this] {
-        QToolTip::hideText();
-        QHelpEvent help(QEvent::ToolTip, QPoint(20, top(1) + 3),
-                        list_.viewport()->mapToGlobal(QPoint(20, top(1) + 3)));
-        QApplication::sendEvent(list_.viewport(), &help);
-        return QToolTip::text();
+TEST_F(ListLookTest, aTimeOfHoursIsNotCutButTakesRoomFromTheTitle) {
+    const int column = list_.cellPlace(0, 1).left();
+    constexpr QColor kTime(0, 255, 0);
+    EXPECT_FALSE(hasInk(0, kTime, 0, column));
+    rows_.title = std::string(200, 'H');
+    rows_.time = "11:22:33";
+    list_.refresh();
+    EXPECT_TRUE(hasInk(0, kTime, column - 20, column));
+    EXPECT_FALSE(hasInk(0, {255, 0, 0}, column - 2, column)) << "the title ends before it";
+}
+
+TEST_F(ListLookTest, aTitleThatFitsIsWholeUntilTheListIsTooNarrowForIt) {
+    rows_.title = std::string(20, 'H');
+    const auto redAtTheEnd = [this] {
+        const int column = list_.cellPlace(0, 1).left();
+        return hasInk(0, {255, 0, 0}, column - 24, column);
     };
+    EXPECT_FALSE(redAtTheEnd());
     EXPECT_EQ(ask(), QString());
-    rows_.title = "<b>" + std::string(200, 'H');
-    EXPECT_EQ(ask(), QString::fromStdString("&lt;b&gt;" + std::string(200, 'H')));
+    list_.resize(120, kHeight);
+    test::WindowRig::settle();
+    EXPECT_TRUE(redAtTheEnd()) << "dots say that there is more";
+    EXPECT_EQ(ask(), QString(20, QLatin1Char('H')));
+    list_.resize(kWidth, kHeight);
+    test::WindowRig::settle();
+    EXPECT_EQ(ask(), QString());
+}
+
+TEST_F(ListLookTest, aTitleThatIsCutIsToldByATooltip) {
+    EXPECT_EQ(ask(), QString());
+    rows_.title = "<b>" + std::string(60, 'H');
+    EXPECT_EQ(ask(), QString::fromStdString("&lt;b&gt;" + std::string(60, 'H')));
+    rows_.title = std::string(60, 'H') + " " + std::string(60, 'I');
+    EXPECT_EQ(ask(), QString::fromStdString(std::string(60, 'H') + " \n" + std::string(60, 'I')));
+    rows_.title = std::string(65536, 'H');
+    EXPECT_EQ(ask().count(QLatin1Char('H')), 4000) << "a line of a list may be no title at all";
     QToolTip::hideText();
 }
 

@@ -15,7 +15,7 @@ namespace {
 
 using testing::ElementsAre;
 
-class Rows final : public ListModel, public ListInput {
+class CountedRows final : public ListModel, public ListInput {
 public:
     std::size_t count = 100'000;
     std::size_t chosen = 1;
@@ -61,7 +61,7 @@ class ListWidgetTest : public testing::Test {
 protected:
     static constexpr int kHeight = 80;
 
-    Rows rows_;
+    CountedRows rows_;
     host::Dispatcher dispatcher_;
     ListWidget list_{rows_, rows_, dispatcher_};
 
@@ -143,7 +143,7 @@ TEST_F(ListWidgetTest, cursorKeysMoveAndEnterActivates) {
     const auto page = static_cast<std::size_t>(list_.viewport()->height() / list_.rowHeight() - 1);
     EXPECT_THAT(rows_.calls,
                 ElementsAre("select 0", "select 1", "select 0", "select 0", "select 99999",
-                            "enter 99999", "select 0", "select " + std::to_string(page)));
+                            "enter 99999", "select 0 shift", "select " + std::to_string(page)));
 }
 
 TEST_F(ListWidgetTest, deleteRemovesWhereRowsCanBeRemoved) {
@@ -265,7 +265,7 @@ TEST_F(ListWidgetTest, rowsThatComeOneByOneArePaintedTogether) {
     time.start();
     while (time.elapsed() < 4 * kSoonMs) {
         ++rows_.count;
-        list_.refreshSoon();
+        list_.rowsInserted(rows_.count - 1);
         QApplication::processEvents();
     }
     EXPECT_LE(counter.paints, time.elapsed() / kSoonMs + 1);
@@ -278,12 +278,12 @@ TEST_F(ListWidgetTest, rowsThatComeOneByOneArePaintedTogether) {
 
 TEST_F(ListWidgetTest, oneRowIsPaintedAlone) {
     test::PaintWatch painted(*list_.viewport());
-    list_.refreshRow(1);
+    list_.rowChanged(1);
     test::WindowRig::settle();
     EXPECT_EQ(painted.take(),
               QRegion(0, list_.rowHeight(), list_.viewport()->width(), list_.rowHeight()));
     EXPECT_THAT(rows_.asked, ElementsAre(1U));
-    list_.refreshRow(70'000);
+    list_.rowChanged(70'000);
     test::WindowRig::settle();
     EXPECT_TRUE(painted.regions.empty());
 }
