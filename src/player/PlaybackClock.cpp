@@ -23,11 +23,36 @@ PlaybackClock::PlaybackClock(const Core& core)
     Timer1_->setInterval(kTimer1Ms);
     Timer2_->setInterval(kTimer2Ms);
     Timer3_->setInterval(kTimer3Ms);
+    core_.screen.add(*this);
+}
+
+PlaybackClock::~PlaybackClock() {
+    core_.screen.remove(*this);
 }
 
 void PlaybackClock::begin() {
-    Timer1_->setEnabled(true);
-    Timer2_->setEnabled(true);
+    movesDigits_ = true;
+    showsWords_ = true;
+    stir();
+}
+
+void PlaybackClock::moveDigits(bool moving) {
+    movesDigits_ = moving;
+    Timer1_->setEnabled(moving);
+}
+
+bool PlaybackClock::rests() const {
+    return !Timer1_->enabled() && !Timer2_->enabled() && !Timer3_->enabled();
+}
+
+/// A timer that ticks keeps its rhythm.
+void PlaybackClock::stir() {
+    if (movesDigits_ && !Timer1_->enabled()) {
+        Timer1_->setEnabled(true);
+    }
+    if (showsWords_ && !Timer2_->enabled()) {
+        Timer2_->setEnabled(true);
+    }
 }
 
 /// A position that no 16 bits hold and a channel that is dead both raise 6, and both count as the
@@ -47,12 +72,15 @@ void PlaybackClock::endTrackOnOverflow(Body&& body) {
 void PlaybackClock::Timer1() {
     config::guard(core_.errors, config::player("timer1"), [this] {
         if (core_.state.IsPlaying && core_.state.ActiveChannel != ChannelSlot::none) {
-            endTrackOnOverflow([this] { showTime(); });
+            endTrackOnOverflow([this] { showDigits(); });
         }
     });
+    if (!core_.state.IsPlaying) {
+        Timer1_->setEnabled(false);
+    }
 }
 
-void PlaybackClock::showTime() {
+void PlaybackClock::showDigits() {
     const PlayerState& state = core_.state;
     const std::int32_t position = time_.GetPlayingPos(state.active());
     const std::int32_t shown = state.TimeDisplayMode == kRemaining
@@ -74,6 +102,9 @@ void PlaybackClock::Timer2() {
             screen.showBalance();
         }
     });
+    if (!core_.state.IsPlaying) {
+        Timer2_->setEnabled(false);
+    }
 }
 
 void PlaybackClock::Timer3() {

@@ -11,10 +11,14 @@
 
 namespace tovik::player {
 
-class PlaybackClock {
+/// Its timers rest while nothing plays and nothing is told to be shown.
+class PlaybackClock : private NowPlayingView {
 public:
     /// `core` outlives the clock. Its timers do not tick yet.
     explicit PlaybackClock(const Core& core);
+    ~PlaybackClock() override;
+    PlaybackClock(const PlaybackClock&) = delete;
+    PlaybackClock& operator=(const PlaybackClock&) = delete;
 
     /// Who is told that a track is over; before anything ticks. Outlives the clock.
     void setEnd(TrackEnd& end) { end_ = &end; }
@@ -27,14 +31,17 @@ public:
     void begin();
 
     /// Whether `Timer1` moves the digits: not while a hand is on the position bar.
-    void moveDigits(bool moving) { Timer1_->setEnabled(moving); }
+    void moveDigits(bool moving);
 
-    [[nodiscard]] bool movesDigits() const { return Timer1_->enabled(); }
+    [[nodiscard]] bool movesDigits() const { return movesDigits_; }
 
     /// Whether `Timer3` moves the position mark and looks for the end of the track.
     void watchTrack(bool watching) { Timer3_->setEnabled(watching); }
 
     [[nodiscard]] bool watchesTrack() const { return Timer3_->enabled(); }
+
+    /// No timer ticks until something is told to be shown.
+    [[nodiscard]] bool rests() const;
 
     /// The digits: time played, or time left with `TimeDisplayMode` 1.
     void Timer1();
@@ -46,13 +53,26 @@ public:
     void Timer3();
 
 private:
-    void showTime();
+    void showFacts(const NowPlaying& /*playing*/) override { stir(); }
+
+    void showTitles(const NowPlaying& /*playing*/) override { stir(); }
+
+    void showFormat(const NowPlaying& /*playing*/) override { stir(); }
+
+    void showVolume(const NowPlaying& /*playing*/) override { stir(); }
+
+    void showBalance(const NowPlaying& /*playing*/) override { stir(); }
+
+    void stir();
+    void showDigits();
     void movePosition();
     template <typename Body>
     void endTrackOnOverflow(Body&& body);
 
     const Core& core_;
     TrackEnd* end_ = nullptr;
+    bool movesDigits_ = false;
+    bool showsWords_ = false; ///< from `begin` on
     CBASS_TIME time_{core_.sound};
     std::unique_ptr<host::Timer> Timer1_;
     std::unique_ptr<host::Timer> Timer2_;

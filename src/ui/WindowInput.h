@@ -75,6 +75,9 @@ public:
     /// Whether the key was used; an unused one goes on to the window system.
     virtual bool keyDown(const KeyEvent& /*event*/) { return false; }
 
+    /// The window stands elsewhere on the screen.
+    virtual void windowMoved() {}
+
     /// The user asked to close the window. It stays open until the logic hides it.
     virtual void closeRequested() {}
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/MainInput.h"
 
+#include "ui/Twips.h"
 #include "window/TimeDisplay.h"
 
 #include <algorithm>
@@ -121,6 +122,23 @@ bool MainInput::keyDown(const ui::KeyEvent& event) {
         used = true;
     }
     return used;
+}
+
+/// Before the start has put it where the settings say, its place is nobody's choice.
+void MainInput::windowMoved() {
+    player::PlayerState& state = p_.core.state;
+    if (!state.LoadFinished) {
+        return;
+    }
+    const std::int32_t left = p_.window.left() * ui::kTwipsPerPixel;
+    const std::int32_t top = p_.window.top() * ui::kTwipsPerPixel;
+    if (left == state.WindowLeft && top == state.WindowTop) {
+        return;
+    }
+    state.WindowLeft = left;
+    state.WindowTop = top;
+    p_.core.settings.changed("X");
+    p_.core.settings.changed("Y");
 }
 
 void MainInput::closeRequested() {

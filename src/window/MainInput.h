@@ -39,6 +39,7 @@ public:
     void wheel(const ui::PointerEvent& event, double notches) override;
 
     bool keyDown(const ui::KeyEvent& event) override;
+    void windowMoved() override;
     void closeRequested() override;
 
 private:

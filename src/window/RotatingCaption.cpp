@@ -16,6 +16,17 @@ RotatingCaption::RotatingCaption(const player::Core& core)
     : core_(core), Timer5_(core.timers.makeTimer([this] { Timer5(); })) {
     Timer5_->setInterval(kTimer5Ms);
     Timer5_->setEnabled(true);
+    core_.screen.add(*this);
+}
+
+RotatingCaption::~RotatingCaption() {
+    core_.screen.remove(*this);
+}
+
+void RotatingCaption::stir() {
+    if (!Timer5_->enabled()) {
+        Timer5_->setEnabled(true);
+    }
 }
 
 void RotatingCaption::Timer5() {
@@ -27,6 +38,8 @@ void RotatingCaption::Timer5() {
             std::exchange(caption, rotates ? rotatedLeft(caption) : std::string());
         if (caption != before) {
             core_.screen.showCaptions();
+        } else if (!rotates) {
+            Timer5_->setEnabled(false);
         }
     });
 }

@@ -9,10 +9,14 @@
 
 namespace tovik::window {
 
-class RotatingCaption {
+class RotatingCaption : private player::NowPlayingView {
 public:
-    /// `core` outlives the object. `Timer5` ticks at once.
+    /// `core` outlives the object. `Timer5` ticks at once; without a button on the task bar it
+    /// rests until there is another caption to take away.
     explicit RotatingCaption(const player::Core& core);
+    ~RotatingCaption() override;
+    RotatingCaption(const RotatingCaption&) = delete;
+    RotatingCaption& operator=(const RotatingCaption&) = delete;
 
     static constexpr int kTimer5Ms = 180;
 
@@ -21,7 +25,16 @@ public:
     /// window is told only of a change.
     void Timer5();
 
+    /// The timer does not tick.
+    [[nodiscard]] bool rests() const { return !Timer5_->enabled(); }
+
 private:
+    void showTitles(const player::NowPlaying& /*playing*/) override { stir(); }
+
+    void showCaptions(const player::NowPlaying& /*playing*/) override { stir(); }
+
+    void stir();
+
     const player::Core& core_;
     std::unique_ptr<host::Timer> Timer5_;
 };

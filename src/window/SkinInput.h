@@ -35,6 +35,8 @@ public:
 
     bool keyDown(const ui::KeyEvent& event) override { return next_.keyDown(event); }
 
+    void windowMoved() override { next_.windowMoved(); }
+
     void closeRequested() override { next_.closeRequested(); }
 
 private:

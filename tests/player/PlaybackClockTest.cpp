@@ -116,6 +116,44 @@ TEST_F(Clock, theWordsAreShownAnew) {
     EXPECT_EQ(view_.last.infoText, "128 kbps  44 KHZ");
 }
 
+TEST_F(Clock, theTimersRestWhileNothingPlays) {
+    state_.IsPlaying = false;
+    clock_.begin();
+    EXPECT_FALSE(clock_.rests());
+    advance(1000);
+    EXPECT_TRUE(clock_.rests());
+    view_.told.clear();
+    advance(1000);
+    EXPECT_THAT(view_.told, IsEmpty());
+    EXPECT_TRUE(clock_.movesDigits()) << "as soon as there is something to move";
+}
+
+TEST_F(Clock, theTimersTickAgainOnceSomethingIsShown) {
+    state_.IsPlaying = false;
+    clock_.begin();
+    advance(1000);
+    core_.screen.showVolume();
+    view_.told.clear();
+    advance(player::PlaybackClock::kTimer2Ms);
+    EXPECT_THAT(view_.told, ElementsAre("format", "volume", "balance"));
+    advance(1000);
+    core_.screen.showFacts(); // a track starts
+    state_.IsPlaying = true;
+    sound_.setSeconds(state_.PrimaryChannel, 75);
+    advance(1000);
+    EXPECT_EQ(playing_.time, "01:15");
+    EXPECT_FALSE(clock_.rests());
+}
+
+TEST_F(Clock, aHandOnThePositionBarIsNotDisturbed) {
+    clock_.begin();
+    clock_.moveDigits(false);
+    playing_.time = "00:42";
+    core_.screen.showFacts();
+    advance(1000);
+    EXPECT_EQ(playing_.time, "00:42");
+}
+
 TEST_F(Clock, theBalanceIsLeftAloneWhileThePointerIsOverIt) {
     playing_.balanceHover = true;
     clock_.Timer2();

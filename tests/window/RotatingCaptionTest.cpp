@@ -60,6 +60,21 @@ TEST_F(RotatingCaption, theWindowIsToldOnlyOfChanges) {
     EXPECT_THAT(view_.told, IsEmpty());
 }
 
+TEST_F(RotatingCaption, withoutAButtonOnTheTaskBarItRestsUntilThereIsACaptionToTakeAway) {
+    caption_.Timer5();
+    EXPECT_FALSE(caption_.rests()) << "it shows, and may become longer";
+    state_.ShowInTaskbar = 0;
+    playing_.caption = "main";
+    caption_.Timer5();
+    EXPECT_FALSE(caption_.rests());
+    caption_.Timer5();
+    EXPECT_TRUE(caption_.rests());
+    playing_.caption = "next";
+    core_.screen.showTitles();
+    advance(window::RotatingCaption::kTimer5Ms + 10);
+    EXPECT_EQ(playing_.caption, "");
+}
+
 TEST(RotatedLeft, bytesThatAreNoUtf8GoOneByOne) {
     EXPECT_EQ(rotatedLeft("\xE4xy"), "xy\xE4");
     EXPECT_EQ(rotatedLeft("€uro"), "uro€");

@@ -59,7 +59,9 @@ void SkinWindow::setCaption(std::string_view bytes) {
     QString title = displayString(bytes);
     if (windowHandle() != nullptr && titled_ == windowHandle()) {
         // Past the widget, which would tell screen readers each time that its name is another.
-        windowHandle()->setTitle(title);
+        if (!quietTitle_.set(*windowHandle(), title)) {
+            windowHandle()->setTitle(title);
+        }
         return;
     }
     setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
@@ -233,6 +235,10 @@ void SkinWindow::wheelEvent(QWheelEvent* event) {
     const double notches = event->angleDelta().y() / kWheelNotch;
     route([&] { router_.turned(pointerAt(*event), notches); });
     event->accept();
+}
+
+void SkinWindow::moveEvent(QMoveEvent* /*event*/) {
+    dispatcher_.run([&] { input_.windowMoved(); });
 }
 
 void SkinWindow::closeEvent(QCloseEvent* event) {

@@ -11,6 +11,7 @@
 #include "ui/qt/ElementFocus.h"
 #include "ui/qt/FrontLayer.h"
 #include "ui/qt/HostedControls.h"
+#include "ui/qt/QuietTitle.h"
 #include "ui/qt/SkinScale.h"
 #include "ui/qt/WindowImage.h"
 #include "ui/WindowInput.h"
@@ -87,6 +88,7 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
@@ -116,6 +118,7 @@ private:
     bool placeIsKnown_ = true;        ///< the last press came from where Qt takes the window to be
     bool dragging_ = false;           ///< a drag was begun since the press
     const QWindow* titled_ = nullptr; ///< which got its title through the widget
+    QuietTitle quietTitle_;
     QPoint pressedAt_;                ///< where the pointer last went down, seen from the window
     std::optional<QPoint> draggedBy_; ///< likewise, while the window moves itself
     HostedControls controls_;
