@@ -6,6 +6,7 @@
 #include "base/RuntimeError.h"
 #include "config/Profile.h"
 #include "config/SettingText.h"
+#include "player/LiveSetting.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -40,7 +41,7 @@ void Ground::save(const char* key, const std::string& text) {
 }
 
 void Ground::readLanguage() {
-    language.Language_File(settings.getSetting("CLNG"));
+    language.Language_File(player::readLive(settings, "CLNG"));
 }
 
 void Ground::takeFirstRun() {
@@ -62,7 +63,8 @@ void Ground::refuseOldSystem() {
 }
 
 void Ground::meetOtherInstance() {
-    if (settings.getAs("MI", config::settingToInt16) == 0 && process_.anotherInstance()) {
+    if (player::readLive(settings, "MI", config::settingToInt16) == 0 &&
+        process_.anotherInstance()) {
         window_.hide();
         process_.end(EXIT_SUCCESS);
     }
@@ -98,7 +100,7 @@ void Ground::startHelper(const std::string& name, const std::string& argument) {
 
 void Ground::associateFileTypes() {
     if (state.AssociateAtStart == 1) {
-        startHelper("Tkstart.exe", settings.getSetting("SFA"));
+        startHelper("Tkstart.exe", player::readLive(settings, "SFA"));
     }
 }
 

@@ -5,9 +5,10 @@ namespace tovik::app {
 
 using commands::CommandId;
 
-Tone::Tone(const player::Core& core, host::Dialogs& dialogs, window::WindowOpener& windows)
+Tone::Tone(const player::Core& core, player::StoredSettings& stored, host::Dialogs& dialogs,
+           window::WindowOpener& windows)
     : equalizer(core, dialogs), store(core.settings, equalizer), files(dialogs, store),
-      loadPreset(store), core_(core), windows_(windows) {}
+      loadPreset(store), core_(core), stored_(stored), windows_(windows) {}
 
 void Tone::bind(commands::Commands& commands) {
     commands.bind(CommandId::equalizer, {.run = [this] { equalizer.flip(); },
@@ -27,6 +28,7 @@ void Tone::restoreEqualizer() {
         core_.errors.log(*damage, config::player("Load"));
     }
     store.autoload_db();
+    store.keepIn(stored_);
 }
 
 void Tone::saveEqualizer() {

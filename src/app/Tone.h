@@ -10,6 +10,7 @@
 #include "player/EqualizerFiles.h"
 #include "player/EqualizerStore.h"
 #include "player/frmLoadPreset.h"
+#include "player/StoredSettings.h"
 #include "window/WindowOpener.h"
 
 namespace tovik::app {
@@ -18,7 +19,8 @@ namespace tovik::app {
 class Tone {
 public:
     /// All of them outlive the wing.
-    Tone(const player::Core& core, host::Dialogs& dialogs, window::WindowOpener& windows);
+    Tone(const player::Core& core, player::StoredSettings& stored, host::Dialogs& dialogs,
+         window::WindowOpener& windows);
     Tone(const Tone&) = delete;
     Tone& operator=(const Tone&) = delete;
 
@@ -36,6 +38,7 @@ public:
 
 private:
     const player::Core& core_;
+    player::StoredSettings& stored_;
     window::WindowOpener& windows_;
 };
 

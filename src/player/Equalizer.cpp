@@ -4,6 +4,8 @@
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
 
+#include <utility>
+
 namespace tovik::player {
 
 namespace {
@@ -39,7 +41,9 @@ void Equalizer::eq_sld(std::size_t index, std::int32_t value) {
         return;
     }
     static_cast<void>(eq_sld(index));
-    sliders_.at(index) = value;
+    if (std::exchange(sliders_.at(index), value) != value) {
+        core_.settings.changed(index == kMaster ? "CDB" : "CEQ");
+    }
     core_.screen.showSlider(index, value);
     // The master has no filter of its own.
     if (index != kMaster) {

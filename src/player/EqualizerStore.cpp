@@ -67,9 +67,11 @@ std::optional<base::RuntimeError> EqualizerStore::autoload_eq() {
 
 std::string EqualizerStore::storedCurve() {
     std::string stored;
+    curveRead_ = false;
     try {
         settings_.readSettings([&](const config::clsXML& xml) {
             stored = xml.ReadAttribute(config::Settings::pathOf(kCurveKey), kValue);
+            curveRead_ = true;
         });
     } catch (const base::RuntimeError&) { // NOLINT(bugprone-empty-catch): nothing is stored yet
     }
@@ -77,12 +79,25 @@ std::string EqualizerStore::storedCurve() {
 }
 
 void EqualizerStore::autosave_eq() {
-    const std::string heard = curve();
-    if (heard == halfRead_) {
-        return;
+    if (curve() != halfRead_) {
+        settings_.withSettings([this](config::clsXML& xml) { writeCurve(xml); });
     }
-    settings_.withSettings([&](config::clsXML& xml) {
+}
+
+void EqualizerStore::writeCurve(config::clsXML& xml) const {
+    const std::string heard = curve();
+    if (heard != halfRead_) {
         xml.WriteAttribute(config::Settings::pathOf(kCurveKey), kValue, heard);
+    }
+}
+
+void EqualizerStore::keepIn(StoredSettings& stored) {
+    if (curveRead_) {
+        stored.keptBy(kCurveKey, [this](config::clsXML& xml) { writeCurve(xml); });
+    }
+    stored.keptBy(kMasterKey, [this](config::clsXML& xml) {
+        xml.WriteNode(config::Settings::pathOf(kMasterKey),
+                      gainText(equalizer_.eq_sld(Equalizer::kMaster)));
     });
 }
 

@@ -6,6 +6,7 @@
 #include "base/RuntimeError.h"
 #include "config/Settings.h"
 #include "player/Equalizer.h"
+#include "player/StoredSettings.h"
 
 #include <cstdint>
 #include <optional>
@@ -37,6 +38,10 @@ public:
     /// Raises what writing the settings raises.
     void autosave_db();
 
+    /// What the user changes from now on is also stored when it has rested; of the two, what was
+    /// read.
+    void keepIn(StoredSettings& stored);
+
     /// Replaces a file by the bands. Raises what writing raises.
     void save_teq(const std::string& path) const;
 
@@ -58,12 +63,15 @@ private:
 
     [[nodiscard]] std::string curve() const;
 
+    void writeCurve(config::clsXML& xml) const;
+
     /// Empty where there is none.
     [[nodiscard]] std::string storedCurve();
 
     config::Settings& settings_;
     Equalizer& equalizer_;
     std::optional<std::string> halfRead_; ///< the curve as a damaged setting left it
+    bool curveRead_ = false;              ///< there is an element for it
 };
 
 } // namespace tovik::player

@@ -2,14 +2,15 @@
 #include "player/FadeTime.h"
 
 #include "base/Numbers.h"
+#include "player/LiveSetting.h"
 
 #include <algorithm>
 
 namespace tovik::player {
 
 std::int32_t fadeSeconds(config::Settings& settings) {
-    return settings.getAs(
-        "CFDT", [](std::string_view text) { return base::toInt32(base::textToNumber(text)); });
+    return readLive(settings, "CFDT",
+                    [](std::string_view text) { return base::toInt32(base::textToNumber(text)); });
 }
 
 std::int32_t fadeMilliseconds(std::int32_t seconds) {

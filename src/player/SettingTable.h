@@ -20,14 +20,23 @@ enum class SettingKind : std::uint8_t {
     panelFlag,  ///< on for 1 alone; written as 1 and 2
     firstDigit, ///< the number of the first character; never written as a whole
     text,
+    gain,  ///< of a slider of the equalizer
+    curve, ///< ten of them, in the attribute of an element without a text
 };
 
 /// When the value is read.
 enum class ReadAt : std::uint8_t {
     group,     ///< in the one pass of the start
     groupStep, ///< there, and once more by a step of its own
+    groupLive, ///< there, and anew at each use
     step,      ///< by a step of its own
+    live,      ///< at each use, by `readLive`: a change of the file counts at once
 };
+
+/// Whether the pass of the start reads it.
+constexpr bool inGroup(ReadAt read) {
+    return read == ReadAt::group || read == ReadAt::groupStep || read == ReadAt::groupLive;
+}
 
 /// When the value is written, beside being stored on demand.
 enum class SavedAt : std::uint8_t {
@@ -42,9 +51,12 @@ enum class KeyOf : std::uint8_t {
     player, ///< our own: absent it leaves the value as it is, and storing it makes it
 };
 
+/// In the place of a member: the value is not kept, or by the part that reads it.
+struct NoMember {};
+
 using SettingMember =
-    std::variant<std::int16_t PlayerState::*, std::int32_t PlayerState::*, bool PlayerState::*,
-                 std::string PlayerState::*, bool base::Comfort::*>;
+    std::variant<NoMember, std::int16_t PlayerState::*, std::int32_t PlayerState::*,
+                 bool PlayerState::*, std::string PlayerState::*, bool base::Comfort::*>;
 
 struct SettingRow {
     std::string_view key;
@@ -57,7 +69,7 @@ struct SettingRow {
 
 /// The rows of the group come first, in the order in which they are read.
 inline constexpr std::array kSettingTable{
-    SettingRow{"MI", SettingKind::number, &PlayerState::MultipleInstances},
+    SettingRow{"MI", SettingKind::number, &PlayerState::MultipleInstances, ReadAt::groupLive},
     SettingRow{"AP", SettingKind::flag, &PlayerState::ShowSplash},
     SettingRow{"SHI", SettingKind::firstDigit, &PlayerState::ShowInTaskbar},
     SettingRow{"CVL", SettingKind::number, &PlayerState::CurrentVolume, ReadAt::groupStep,
@@ -70,7 +82,7 @@ inline constexpr std::array kSettingTable{
     SettingRow{"RPT", SettingKind::flag, &PlayerState::RepeatOn, ReadAt::group, SavedAt::end},
     SettingRow{"CVP", SettingKind::number, &PlayerState::CurrentVisPlugin, ReadAt::group,
                SavedAt::end},
-    SettingRow{"CLNG", SettingKind::text, &PlayerState::LanguageFile},
+    SettingRow{"CLNG", SettingKind::text, &PlayerState::LanguageFile, ReadAt::groupLive},
     SettingRow{"ASOT", SettingKind::number, &PlayerState::AlwaysOnTop},
     SettingRow{"AFS", SettingKind::number, &PlayerState::AssociateAtStart},
     SettingRow{"CHKU", SettingKind::number, &PlayerState::CheckUpdates},
@@ -83,8 +95,15 @@ inline constexpr std::array kSettingTable{
     SettingRow{"QPL", SettingKind::panelFlag, &PlayerState::QuickListOpen, ReadAt::step,
                SavedAt::end},
     SettingRow{"MSN", SettingKind::flag, &PlayerState::MessengerOn, ReadAt::step},
-    SettingRow{"X", SettingKind::number, &PlayerState::WindowLeft, ReadAt::step, SavedAt::end},
-    SettingRow{"Y", SettingKind::number, &PlayerState::WindowTop, ReadAt::step, SavedAt::end},
+    SettingRow{"X", SettingKind::number, &PlayerState::WindowLeft, ReadAt::step, SavedAt::rest},
+    SettingRow{"Y", SettingKind::number, &PlayerState::WindowTop, ReadAt::step, SavedAt::rest},
+    SettingRow{"CEQ", SettingKind::curve, NoMember{}, ReadAt::step, SavedAt::rest},
+    SettingRow{"CDB", SettingKind::gain, NoMember{}, ReadAt::step, SavedAt::rest},
+    SettingRow{"CFDT", SettingKind::number, NoMember{}, ReadAt::live},
+    SettingRow{"EV2", SettingKind::number, &PlayerState::GlobalVolumeMode, ReadAt::live},
+    SettingRow{"OSD", SettingKind::flag, NoMember{}, ReadAt::live},
+    SettingRow{"SLDT", SettingKind::number, NoMember{}, ReadAt::live},
+    SettingRow{"SFA", SettingKind::text, NoMember{}, ReadAt::live},
 };
 
 /// The place of a key in the table, found while compiling: a key without a row does not compile.

@@ -4,6 +4,7 @@
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
 #include "config/SettingText.h"
+#include "player/LiveSetting.h"
 
 #include <limits>
 
@@ -68,7 +69,7 @@ void SilenceSkip::button_sld() {
     core_.screen.showMode(Mode::silenceSkip);
     watch();
     if (state.SilenceSkipOn) {
-        silenceThreshold_ = core_.settings.getAs("SLDT", config::settingToInt16);
+        silenceThreshold_ = readLive(core_.settings, "SLDT", config::settingToInt16);
     }
 }
 

@@ -6,6 +6,7 @@
 #include "config/SettingText.h"
 
 #include <type_traits>
+#include <utility>
 
 namespace tovik::player {
 
@@ -16,7 +17,9 @@ template <typename State, typename Use>
 void useMember(State& state, const SettingRow& row, const Use& use) {
     std::visit(
         [&](auto member) {
-            if constexpr (std::is_same_v<decltype(member), bool base::Comfort::*>) {
+            if constexpr (std::is_same_v<decltype(member), NoMember>) {
+                return;
+            } else if constexpr (std::is_same_v<decltype(member), bool base::Comfort::*>) {
                 use(state.comfort.*member);
             } else {
                 use(state.*member);
@@ -72,7 +75,7 @@ StoredSettings::~StoredSettings() {
 void StoredSettings::getSettings() {
     settings_.readSettings([&](const config::clsXML& xml) {
         for (std::size_t row = 0; row < kSettingTable.size(); ++row) {
-            if (kSettingTable.at(row).read != ReadAt::step) {
+            if (inGroup(kSettingTable.at(row).read)) {
                 readRow(xml, row);
             }
         }
@@ -110,7 +113,8 @@ void StoredSettings::saveAtEnd() {
     }
     settings_.withSettings([&](config::clsXML& xml) {
         for (std::size_t row = 0; row < kSettingTable.size(); ++row) {
-            if (known_.test(row) && kSettingTable.at(row).saved != SavedAt::demand) {
+            if (known_.test(row) && kSettingTable.at(row).saved != SavedAt::demand &&
+                !keepers_.at(row)) {
                 write(xml, row);
             }
         }
@@ -118,6 +122,10 @@ void StoredSettings::saveAtEnd() {
 }
 
 void StoredSettings::write(config::clsXML& xml, std::size_t row) const {
+    if (keepers_.at(row)) {
+        keepers_.at(row)(xml);
+        return;
+    }
     const SettingRow& setting = kSettingTable.at(row);
     std::string text;
     useMember(state_, setting, Give{setting.kind, text});
@@ -126,6 +134,11 @@ void StoredSettings::write(config::clsXML& xml, std::size_t row) const {
     } else {
         xml.WriteNode(config::Settings::pathOf(setting.key), text);
     }
+}
+
+void StoredSettings::keptBy(SettingKey key, Keeper write) {
+    keepers_.at(key.row) = std::move(write);
+    known_.set(key.row);
 }
 
 void StoredSettings::noteChange(std::string_view key) {

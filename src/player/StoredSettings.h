@@ -6,7 +6,9 @@
 #include "host/TimerFactory.h"
 #include "player/SettingTable.h"
 
+#include <array>
 #include <bitset>
+#include <functional>
 #include <memory>
 #include <string_view>
 
@@ -40,6 +42,13 @@ public:
     /// raises.
     void saveAtEnd();
 
+    /// Writes a value into the open document.
+    using Keeper = std::function<void(config::clsXML&)>;
+
+    /// From now on the value of a row without a member, which was read, is written by its keeper
+    /// when it has rested. What is kept at the end the keeper writes by itself.
+    void keptBy(SettingKey key, Keeper write);
+
 private:
     void readRow(const config::clsXML& xml, std::size_t row);
     void write(config::clsXML& xml, std::size_t row) const;
@@ -49,8 +58,9 @@ private:
     config::Settings& settings_;
     PlayerState& state_;
     std::unique_ptr<host::Timer> rest_;
-    std::bitset<kSettingTable.size()> known_;    ///< rows that were read or stored
-    std::bitset<kSettingTable.size()> changing_; ///< rows to be written when they rest
+    std::array<Keeper, kSettingTable.size()> keepers_; ///< of rows without a member
+    std::bitset<kSettingTable.size()> known_;          ///< rows that were read or stored
+    std::bitset<kSettingTable.size()> changing_;       ///< rows to be written when they rest
 };
 
 } // namespace tovik::player

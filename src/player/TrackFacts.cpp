@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "base/TimeText.h"
 #include "config/SettingText.h"
+#include "player/LiveSetting.h"
 #include "tags/ShownField.h"
 
 #include <algorithm>
@@ -110,7 +111,7 @@ void TrackFacts::refreshRowTime(sound::Handle channel, playlist::Row row) {
 }
 
 void TrackFacts::showPopup(sound::Handle channel, const std::string& text) {
-    if (!core_.settings.getAs("OSD", config::settingToFlag)) {
+    if (!readLive(core_.settings, "OSD", config::settingToFlag)) {
         return;
     }
     core_.news.showTitlePopup(text + "(" + lastFive(channel) + ")");

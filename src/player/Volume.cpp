@@ -2,6 +2,7 @@
 #include "player/Volume.h"
 
 #include "config/SettingText.h"
+#include "player/LiveSetting.h"
 
 #include <algorithm>
 
@@ -37,7 +38,7 @@ void Volume::Channel_Set_Volume(std::int16_t value) {
 }
 
 void Volume::readMode() {
-    core_.state.GlobalVolumeMode = core_.settings.getAs("EV2", config::settingToInt16);
+    core_.state.GlobalVolumeMode = readLive(core_.settings, "EV2", config::settingToInt16);
 }
 
 void Volume::changed() const {

@@ -82,6 +82,26 @@ TEST_F(End, settingsAreSavedAsTheyStand) {
     EXPECT_EQ(setting("Y"), "-180");
 }
 
+TEST_F(End, aPlaceWhereTheWindowRestsIsStoredBefore) {
+    start();
+    window_.x = 2200;
+    window_.y = -12;
+    player().input().windowMoved();
+    EXPECT_NE(setting("X"), "33000");
+    advance(300);
+    EXPECT_EQ(setting("X"), "33000");
+    EXPECT_EQ(setting("Y"), "-180");
+}
+
+TEST_F(End, aPlaceBeforeTheStartHasChosenOneIsNotStored) {
+    set("CDB", "oops"); // ends the start
+    start();
+    const std::string before = host_.folder.read(kSettings);
+    player().input().windowMoved();
+    advance(300);
+    EXPECT_EQ(host_.folder.read(kSettings), before);
+}
+
 TEST_F(End, flagsThatAreOffAreZeroAndAClosedQuickListIsTwo) {
     start();
     for (const char* key : {"SHF", "EQ", "RPT", "CFD", "SLD", "QPL"}) {

@@ -96,6 +96,30 @@ TEST_F(EqualizerPanel, theEndSavesWhatTheNextStartRestores) {
     EXPECT_EQ(host_.endStatus, 0);
 }
 
+TEST_F(EqualizerPanel, aCurveThatRestsIsStoredBeforeTheEnd) {
+    start();
+    const std::string before = host_.folder.read(kSettings);
+    player().tone().equalizer.eq_sld(0, 3);
+    player().tone().equalizer.eq_sld(10, 7);
+    advance(200);
+    player().tone().equalizer.eq_sld(0, 4);
+    advance(200);
+    EXPECT_EQ(host_.folder.read(kSettings), before) << "a hand still moves it";
+    advance(100);
+    EXPECT_TRUE(holds(R"(<CEQ Value="7.2/0/0/0/0/0/0/0/0/0"/>)"));
+    EXPECT_EQ(setting("CDB"), "3.6");
+}
+
+TEST_F(EqualizerPanel, aCurveThatWasNotReadIsNotStored) {
+    takeOut("CDB");
+    start();
+    ASSERT_FALSE(player().state().LoadFinished);
+    const std::string before = host_.folder.read(kSettings);
+    player().tone().equalizer.eq_sld(0, 3);
+    advance(1000);
+    EXPECT_EQ(host_.folder.read(kSettings), before);
+}
+
 TEST_F(EqualizerPanel, aTrackIsStartedWithTheCurve) {
     setCurve("12/0/0/0/0/0/0/0/0/-12");
     start();

@@ -3,6 +3,7 @@
 import os
 import shutil
 import signal
+import time
 import unittest
 
 from program import LIMIT, ProgramTest, media
@@ -88,6 +89,44 @@ class Window(ProgramTest):
         for x, y in ((139, 283), (107, 283), (434, 18)):  # stop, pause, close
             self.tool("xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1")
         self.assertEqual(player.wait(LIMIT), 0)
+
+    def switches(self, player, thread):
+        """How often a thread of the program has waited so far."""
+        tasks = f"/proc/{player.pid}/task"
+        count = 0
+        for task in os.listdir(tasks):
+            with open(f"{tasks}/{task}/status", encoding="ascii") as file:
+                lines = dict(line.split(":", 1) for line in file.read().splitlines())
+            if lines["Name"].strip() == thread:
+                count += int(lines["voluntary_ctxt_switches"])
+        return count
+
+    def test_a_caption_that_rotates_does_not_wake_the_thread_of_events(self):
+        player = self.silent(media("wav_s16_8000_mono.wav"))
+        window = self.window()
+
+        def names():
+            lines = self.tool("xprop", "-id", window, "_NET_WM_NAME", "WM_NAME").stdout
+            return [line.split("=", 1)[1] for line in lines.splitlines()]
+
+        first = names()
+        self.wait_until(lambda: names() != first, "the rotating caption")
+        time.sleep(2)  # what the start still does
+        before = self.switches(player, "QXcbEventQueue")
+        first = names()
+        time.sleep(2)
+        # Eleven captions meanwhile, of two properties each.
+        self.assertLess(self.switches(player, "QXcbEventQueue") - before, 11)
+        self.assertNotEqual(names(), first)
+        self.end(player)
+
+    def test_a_killed_program_has_stored_where_its_window_was(self):
+        self.start_window_manager()
+        player = self.silent(media("wav_s16_44100_stereo.wav"))
+        self.tool("xdotool", "windowmove", "--sync", self.window(), "123", "77")
+        self.wait_until(lambda: b"<X>1845</X>" in self.read("db/settings.xml"), "the place")
+        self.assertIn(b"<Y>1155</Y>", self.read("db/settings.xml"))
+        player.kill()
 
     def test_a_second_start_leaves_to_the_first(self):
         first = self.silent(media("wav_s16_44100_stereo.wav"))
