@@ -88,7 +88,7 @@ void StoredSettings::read(SettingKey key) {
 
 void StoredSettings::readRow(const config::clsXML& xml, std::size_t row) {
     const SettingRow& setting = kSettingTable.at(row);
-    if (setting.owner == KeyOf::format || settings_.holds(xml, setting.key)) {
+    if (setting.owner == KeyOf::format || config::Settings::holds(xml, setting.key)) {
         const std::string text = settings_.textOf(xml, setting.key);
         try {
             useMember(state_, setting, Take{setting.kind, text});

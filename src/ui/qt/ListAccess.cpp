@@ -3,6 +3,7 @@
 
 #include "ui/qt/DisplayText.h"
 
+#include <algorithm>
 #include <QPointer>
 
 namespace tovik::ui {
@@ -187,7 +188,8 @@ QAccessibleInterface* ListAccess::cell(int index) const {
     if (const auto found = cells_.find(index); found != cells_.end()) {
         return QAccessible::accessibleInterface(found->second);
     }
-    auto* const made = new CellAccess(list_, index / columnCount(), index % columnCount());
+    const int columns = std::max(columnCount(), 1);
+    auto* const made = new CellAccess(list_, index / columns, index % columns);
     cells_[index] = QAccessible::registerAccessibleInterface(made);
     return made;
 }

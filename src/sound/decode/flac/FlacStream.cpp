@@ -49,7 +49,7 @@ struct FlacStream::Callbacks {
 
     static FLAC__StreamDecoderWriteStatus write(const FLAC__StreamDecoder* /*decoder*/,
                                                 const FLAC__Frame* frame,
-                                                const FLAC__int32* const planes[],
+                                                const FLAC__int32* const* planes,
                                                 void* self) noexcept {
         of(self).take(*frame, planes);
         return FLAC__STREAM_DECODER_WRITE_STATUS_CONTINUE;
