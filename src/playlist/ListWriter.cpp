@@ -3,6 +3,7 @@
 
 #include "base/AtomicFile.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tovik::playlist {
@@ -21,7 +22,12 @@ ListWriter::~ListWriter() {
 void ListWriter::write(std::string path, std::string text) {
     {
         const base::MutexLock lock(mutex_);
-        next_ = Job{std::move(path), std::move(text)};
+        const auto waiting = std::ranges::find(next_, path, &Job::path);
+        if (waiting != next_.end()) {
+            waiting->text = std::move(text);
+        } else {
+            next_.push_back({std::move(path), std::move(text)});
+        }
     }
     if (!thread_.joinable()) {
         thread_ = std::thread([this] { run(); });
@@ -31,7 +37,7 @@ void ListWriter::write(std::string path, std::string text) {
 
 void ListWriter::wait() {
     const base::MutexLock lock(mutex_);
-    while (next_ || writing_) {
+    while (!next_.empty() || writing_) {
         changed_.wait(mutex_);
     }
 }
@@ -39,13 +45,14 @@ void ListWriter::wait() {
 void ListWriter::run() {
     const base::MutexLock lock(mutex_);
     while (true) {
-        while (!next_ && !ending_) {
+        while (next_.empty() && !ending_) {
             changed_.wait(mutex_);
         }
         if (ending_) {
             return;
         }
-        const Job job = *std::exchange(next_, std::nullopt);
+        const Job job = std::move(next_.front());
+        next_.pop_front();
         writing_ = true;
         {
             const base::MutexUnlock unlock(mutex_);

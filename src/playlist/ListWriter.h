@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Writes a file over and over on a thread of its own. Used from one thread.
+// Writes files, over and over, on a thread of its own. Used from one thread.
 #pragma once
 
 #include "base/Mutex.h"
 
-#include <optional>
+#include <deque>
 #include <string>
 #include <thread>
 
 namespace tovik::playlist {
 
-/// Replaces one file whole each time. Of texts that come faster than they are written only the
-/// newest counts. The thread begins with the first text. A write that fails is not told: what is
-/// written here is a spare copy, and who saves the list itself tells.
+/// Replaces a file whole each time. Of texts for the same file that come faster than they are
+/// written only the newest counts. The thread begins with the first text. A write that fails is not
+/// told.
 class ListWriter {
 public:
     ListWriter() = default;
@@ -37,7 +37,7 @@ private:
 
     base::Mutex mutex_;
     base::Condition changed_;
-    std::optional<Job> next_ TOVIK_GUARDED_BY(mutex_);
+    std::deque<Job> next_ TOVIK_GUARDED_BY(mutex_);
     bool writing_ TOVIK_GUARDED_BY(mutex_) = false;
     bool ending_ TOVIK_GUARDED_BY(mutex_) = false;
     std::thread thread_;

@@ -1,23 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "playlist/M3uFormat.h"
 
-#include <algorithm>
-#include <iterator>
+#include "playlist/ListLines.h"
 
 namespace tovik::playlist {
-
-namespace {
-
-constexpr std::string_view kLineEnd = "\r\n";
-
-void appendOneLine(std::string& list, std::string_view text) {
-    std::transform(text.begin(), text.end(), std::back_inserter(list), [](char character) {
-        return character == '\r' || character == '\n' ? ' ' : character;
-    });
-    list += kLineEnd;
-}
-
-} // namespace
 
 std::optional<M3uInfo> parseM3uInfo(std::string_view line) noexcept {
     const std::size_t comma = line.find(',');
@@ -39,8 +25,7 @@ std::string_view m3uFileName(std::string_view line) noexcept {
 }
 
 void appendM3uHead(std::string& list) {
-    list += kM3uHead;
-    list += kLineEnd;
+    appendOneLine(list, kM3uHead);
 }
 
 void appendM3uEntry(std::string& list, std::int32_t seconds, std::string_view title,

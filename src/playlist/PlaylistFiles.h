@@ -36,6 +36,10 @@ public:
     /// so far stay.
     int open_m3u(const std::string& Path);
 
+    /// Appends the entries of a PLS file, which may begin with a byte order mark. Nothing is
+    /// raised: of a file that cannot be read nothing is added.
+    void Openpls2(const std::string& Path);
+
     /// Reads the list of the last session and keeps the result in `AutosaveOnExit`: what a session
     /// that was broken off has left (`ListKeeper`), else what the last one saved. Raises as
     /// `open_m3u`.
@@ -46,13 +50,15 @@ public:
     void autosave_playlist() const;
 
     /// Whether the end of the program saves the list: a list that was loaded in part must not
-    /// replace the saved one. `DirAddIdle` is true once a folder was added or its dialog left.
+    /// replace the saved one. `DirAddIdle` is true once a folder was added or its dialog left; it
+    /// counts for nothing while the automatic load goes on.
     [[nodiscard]] bool savesAtExit(bool DirAddIdle) const noexcept;
 
 private:
     stdSS& list_;
     host::MessagePump& pump_;
     const host::Paths& paths_;
+    bool autoloading_ = false;
 };
 
 } // namespace tovik::playlist

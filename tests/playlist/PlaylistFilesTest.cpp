@@ -260,6 +260,32 @@ TEST_F(PlaylistFilesTest, aListLoadedInPartIsNotSaved) {
     EXPECT_TRUE(files.savesAtExit(true));
 }
 
+TEST_F(PlaylistFilesTest, noFolderThatIsAddedMeanwhileMakesAPartOfTheListTheSavedOne) {
+    folder.write("db/autosave.m3u", "#EXTM3U\r\n#EXTINF:1,A\r\n/a\r\n#EXTINF:2,B\r\n/b\r\n");
+    std::vector<bool> saves;
+    pump.inStep = [this, &saves] {
+        saves.push_back(files.savesAtExit(true));
+        return pump.steps < 3;
+    };
+    files.autoload_playlist();
+    EXPECT_THAT(saves, ElementsAre(false, false, false));
+    EXPECT_FALSE(files.savesAtExit(false));
+}
+
+TEST_F(PlaylistFilesTest, aSavedListThatIsBadStaysAsItIs) {
+    folder.write("db/autosave.m3u", "#EXTINF:1,A\n/a\n#EXTINF:x,B\n/b\n");
+    EXPECT_THROW(files.autoload_playlist(), base::RuntimeError);
+    EXPECT_FALSE(files.savesAtExit(true));
+}
+
+TEST_F(PlaylistFilesTest, aPlsFileIsAppendedWhole) {
+    files.Openpls2(folder.write(
+        "x.pls", "\xEF\xBB\xBF[playlist]\nNumberOfEntries=1\nFile1=/a\nTitle1=A\nLength1=60"));
+    files.Openpls2(folder / "none.pls");
+    files.Openpls2("");
+    EXPECT_THAT(rows(), ElementsAre("/a|A|01:00|60"));
+}
+
 TEST(FileNames, extensions) {
     EXPECT_EQ(get_extension("/a/b.mp3"), "mp3");
     EXPECT_EQ(get_extension("a.tar.GZ"), "GZ");
