@@ -9,7 +9,7 @@
 #include "host/PlayerArguments.h"
 #include "player/TrackOpener.h"
 #include "playlist/FileNames.h"
-#include "tags/ShownField.h"
+#include "tags/TagTitle.h"
 
 #include <algorithm>
 
@@ -36,7 +36,7 @@ void StartFile::openArgument() {
         files_.open_m3u(path);
         playList();
     } else if (extension == "PLS") {
-        // Read as soon as this kind of list is known.
+        files_.Openpls2(path);
         playList();
     } else {
         playFile(path);
@@ -68,12 +68,9 @@ void StartFile::playFile(const std::string& path) {
     if (!player::namesCdTrack(path)) {
         tag_.MP3File(path);
     }
-    const std::string_view artist = tags::shownField(tag_.Artist());
-    const std::string_view title = tags::shownField(tag_.Title());
-    const std::string shown = !artist.empty() && !title.empty()
-                                  ? std::string(artist) + "-" + std::string(title)
-                                  : std::string(playlist::GetLastBackSlash(path));
-    core_.lists.stdSS.AddItem("", path, shown, "00:00", 0);
+    const std::string title =
+        tags::tagTitle(tag_).value_or(std::string(playlist::GetLastBackSlash(path)));
+    core_.lists.stdSS.AddItem("", path, title, "00:00", 0);
     core_.lists.stdSS.SelectedIndex = 1;
     playback_.rows.playItem(0);
 }

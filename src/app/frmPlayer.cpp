@@ -33,13 +33,20 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
               .commands = commands_,
               .window = window,
               .host = host},
-             ground_.stored, ground_.language) {
+             ground_.stored, ground_.language),
+      filling_({.core = core_,
+                .lists = lists_,
+                .window = window,
+                .windows = windows,
+                .elements = front_.view.elements},
+               host) {
     ground_.news.add(events);
     autoload_.begin();
     process_.bind(commands_);
     tone_.bind(commands_);
     music_.bind(commands_);
     front_.bind(commands_);
+    filling_.bind(commands_);
     front_.enableButtons(commands_);
 }
 

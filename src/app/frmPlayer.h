@@ -4,6 +4,7 @@
 #pragma once
 
 #include "app/Autoload.h"
+#include "app/Filling.h"
 #include "app/Front.h"
 #include "app/Ground.h"
 #include "app/Lists.h"
@@ -48,6 +49,8 @@ public:
 
     [[nodiscard]] Lists& lists() { return lists_; }
 
+    [[nodiscard]] Filling& filling() { return filling_; }
+
     [[nodiscard]] Tone& tone() { return tone_; }
 
     [[nodiscard]] Music& music() { return music_; }
@@ -56,7 +59,9 @@ public:
 
     [[nodiscard]] commands::Commands& commands() { return commands_; }
 
-    [[nodiscard]] dialogs::DialogLogic dialogs() { return {ground_.language, tone_.loadPreset}; }
+    [[nodiscard]] dialogs::DialogLogic dialogs() {
+        return {ground_.language, tone_.loadPreset, filling_.openDirectory};
+    }
 
     // What is asked for most ----------------------------------------------------------------------
 
@@ -118,6 +123,7 @@ private:
     Autoload autoload_;
     commands::Commands commands_;
     Front front_;
+    Filling filling_;
 };
 
 } // namespace tovik::app

@@ -68,6 +68,7 @@ const std::span<const frmPlayer::Step> frmPlayer::kEndSteps = [] {
         Step{"save the list", in<&P::lists_, &Lists::saveList>, false,
              in<&P::front_, &Front::showWindow>},
         Step{"hide the window", in<&P::front_, &Front::hideWindow>},
+        Step{"finish lists that are being saved", in<&P::filling_, &Filling::finishSaves>},
         Step{"save the settings", &P::saveSettings},
         Step{"save the equalizer", in<&P::tone_, &Tone::saveEqualizer>, false,
              in<&P::tone_, &Tone::restoreEqualizer>},

@@ -8,7 +8,8 @@ class MultiLNG;
 
 namespace tovik::player {
 class frmLoadPreset;
-}
+class frmOpenDirectory;
+} // namespace tovik::player
 
 namespace tovik::dialogs {
 
@@ -16,6 +17,7 @@ namespace tovik::dialogs {
 struct DialogLogic {
     config::MultiLNG& language;
     player::frmLoadPreset& loadPreset;
+    player::frmOpenDirectory& openDirectory;
 };
 
 } // namespace tovik::dialogs

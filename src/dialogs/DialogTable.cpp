@@ -2,6 +2,7 @@
 #include "dialogs/DialogTable.h"
 
 #include "dialogs/LoadPresetDialog.h"
+#include "dialogs/OpenDirectoryDialog.h"
 
 #include <array>
 
@@ -16,6 +17,11 @@ constexpr std::array kTable = {
               [](const DialogParts& parts) -> Dialog& {
                   return *new LoadPresetDialog(parts.logic.loadPreset, parts.logic.language,
                                                parts.dispatcher, parts.parent);
+              }},
+    DialogRow{WindowId::openDirectory, DialogKind::beside,
+              [](const DialogParts& parts) -> Dialog& {
+                  return *new OpenDirectoryDialog(parts.logic.openDirectory, parts.logic.language,
+                                                  parts.dispatcher, parts.parent);
               }},
 };
 

@@ -5,7 +5,9 @@
 #include "base/TimeText.h"
 #include "config/SettingText.h"
 #include "player/LiveSetting.h"
+#include "playlist/FileNames.h"
 #include "tags/ShownField.h"
+#include "tags/TagTitle.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -45,6 +47,7 @@ void TrackFacts::show(sound::Handle channel, const TrackRef& track, const std::s
     if (core_.state.TracksStarted > 1) {
         refreshRowTime(channel, track.row);
     }
+    refreshRowTitle(track);
     showPopup(channel, popup.empty() ? track.title + " " : popup);
     showTitles(channel, track);
     core_.state.IsPlaying = true;
@@ -108,6 +111,19 @@ void TrackFacts::readFields(const std::string& path) {
 void TrackFacts::refreshRowTime(sound::Handle channel, playlist::Row row) {
     const std::int32_t duration = time_.GetDuration(channel);
     core_.lists.stdSS.RefreshTime(row, duration, CBASS_TIME::GetTime(duration));
+}
+
+/// A row that was added by the name of its file gets its real title at its first start. A title
+/// from a list stays: the tag may hold no more than the beginning of it.
+void TrackFacts::refreshRowTitle(const TrackRef& track) {
+    playlist::stdSS& list = core_.lists.stdSS;
+    if (list.text(track.row, playlist::RowText::FileName) != track.path ||
+        !playlist::isNamedAfter(list.text(track.row, playlist::RowText::Title), track.path)) {
+        return;
+    }
+    if (const auto title = tags::tagTitle(tag_)) {
+        list.RefreshTitle(track.row, *title);
+    }
 }
 
 void TrackFacts::showPopup(sound::Handle channel, const std::string& text) {

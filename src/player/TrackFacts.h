@@ -43,6 +43,7 @@ public:
     void refreshRowTime(sound::Handle channel, playlist::Row row);
 
 private:
+    void refreshRowTitle(const TrackRef& track);
     void showFormat(sound::Handle channel, const std::string& path);
     void readFields(const std::string& path);
     void showPopup(sound::Handle channel, const std::string& text);

@@ -14,4 +14,9 @@ std::string_view GetLastBackSlash(std::string_view Path) noexcept {
     return base::lastPart(Path);
 }
 
+bool isNamedAfter(std::string_view title, std::string_view path) noexcept {
+    const std::string_view name = GetLastBackSlash(path);
+    return title == name || title == name.substr(0, name.rfind('.'));
+}
+
 } // namespace tovik::playlist

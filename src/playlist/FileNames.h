@@ -14,4 +14,7 @@ namespace tovik::playlist {
 /// whole name if there is none.
 [[nodiscard]] std::string_view GetLastBackSlash(std::string_view Path) noexcept;
 
+/// Whether a title is nothing but the name of that file, with its extension or without it.
+[[nodiscard]] bool isNamedAfter(std::string_view title, std::string_view path) noexcept;
+
 } // namespace tovik::playlist

@@ -9,8 +9,9 @@ namespace tovik::window {
 
 /// Each has its row in the table of factories (src/dialogs/DialogTable.cpp).
 enum class WindowId : std::uint8_t {
-    loadPreset, ///< the names of the presets
-    count,      ///< how many there are
+    loadPreset,    ///< the names of the presets
+    openDirectory, ///< adds a folder to the playlist
+    count,         ///< how many there are
 };
 
 inline constexpr auto kWindows = static_cast<std::size_t>(WindowId::count);

@@ -175,5 +175,63 @@ TEST_F(Facts, aFileOnlyReadableIsNoReasonForABox) {
     EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
 }
 
+class RealTitle : public PlayerRig {
+protected:
+    /// The title that the row has behind its first start.
+    std::string behindStart(const std::string& title, const TagTexts& tag) {
+        path_ = track("a.b.mp3", {.seconds = 65}, 1000, &tag);
+        list_.Clear();
+        list_.AddItem("", path_, title, "00:00", 0);
+        list_.SelectedIndex = 1;
+        rowPlayer_.Stdss_Play("1");
+        return std::string(list_.text(1, playlist::RowText::Title));
+    }
+
+    std::string path_;
+    TagTexts tag_{.title = "Title", .artist = "Artist"};
+};
+
+TEST_F(RealTitle, itReplacesTheNameOfTheFile) {
+    EXPECT_EQ(behindStart("a.b.mp3", tag_), "Artist-Title");
+    EXPECT_EQ(behindStart("a.b", tag_), "Artist-Title");
+    EXPECT_EQ(mirror_.List(0), "Artist-Title");
+    EXPECT_EQ(list_.text(1, playlist::RowText::TimeText), "00:01:05");
+}
+
+TEST_F(RealTitle, anyOtherTitleStays) {
+    for (const char* title : {"A title of a list", "a", "", "A.B.MP3"}) {
+        EXPECT_EQ(behindStart(title, tag_), title);
+    }
+}
+
+TEST_F(RealTitle, bothFieldsAreNeeded) {
+    EXPECT_EQ(behindStart("a.b", {.title = "Title"}), "a.b");
+    EXPECT_EQ(behindStart("a.b", {.artist = "Artist"}), "a.b");
+    EXPECT_EQ(behindStart("a.b", {.title = "  ", .artist = "Artist"}), "a.b");
+}
+
+TEST_F(RealTitle, whatIsShownOfThatStartIsWhatTheRowHeld) {
+    set("OSD", "1");
+    behindStart("a.b", tag_);
+    EXPECT_EQ(state_.CurrentTitle, "a.b");
+    EXPECT_EQ(playing_.caption, " a.b (01:05)");
+    EXPECT_EQ(events_.report.listTitle, "a.b");
+    rowPlayer_.Stdss_Play("1");
+    EXPECT_EQ(playing_.caption, " Artist-Title (01:05)");
+}
+
+TEST_F(RealTitle, aCrossfadeAndTheFirstTrackOfASessionDoTheSame) {
+    EXPECT_EQ(behindStart("a.b", tag_), "Artist-Title"); // the first of the session
+    state_.CrossfadeOn = true;
+    EXPECT_EQ(behindStart("a.b", tag_), "Artist-Title");
+}
+
+TEST_F(RealTitle, aFileThatDoesNotOpenKeepsItsName) {
+    list_.AddItem("", "/none/a.mp3", "a", "00:00", 0);
+    list_.SelectedIndex = 1;
+    rowPlayer_.Stdss_Play("1");
+    EXPECT_EQ(list_.text(1, playlist::RowText::Title), "a");
+}
+
 } // namespace
 } // namespace tovik::test

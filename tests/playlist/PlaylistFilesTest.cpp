@@ -295,6 +295,15 @@ TEST(FileNames, extensions) {
     EXPECT_EQ(get_extension("/a.b/c"), "b/c");
 }
 
+TEST(FileNames, titlesThatAreNames) {
+    EXPECT_TRUE(isNamedAfter("a.b.mp3", "/m/a.b.mp3"));
+    EXPECT_TRUE(isNamedAfter("a.b", "/m/a.b.mp3"));
+    EXPECT_TRUE(isNamedAfter("a", "/m.x/a"));
+    for (const char* title : {"a", "", "A.B.mp3", "/m/a.b.mp3", "mp3"}) {
+        EXPECT_FALSE(isNamedAfter(title, "/m/a.b.mp3")) << title;
+    }
+}
+
 TEST(FileNames, lastParts) {
     EXPECT_EQ(GetLastBackSlash(R"(c:\music\a.mp3)"), "a.mp3");
     EXPECT_EQ(GetLastBackSlash("/music/a\\b.mp3"), "a\\b.mp3");

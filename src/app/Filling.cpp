@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/Filling.h"
+
+#include <cstddef>
+#include <utility>
+
+namespace tovik::app {
+
+namespace {
+
+using commands::CommandId;
+
+/// The captions that are no captions but the titles of dialogs, by their index.
+std::function<std::string()> titleOf(const window::MainElements& elements, std::size_t index) {
+    return [&elements, index] { return elements.get(window::MainElement::Label4, index).caption; };
+}
+
+constexpr std::size_t kAddTitle = 3;
+constexpr std::size_t kLoadTitle = 6;
+constexpr std::size_t kSaveTitle = 7;
+
+} // namespace
+
+Filling::Filling(const Needs& needs, const host::Host& host)
+    : media(needs.lists.stdSS, host.dialogs, needs.core.errors, titleOf(needs.elements, kAddTitle)),
+      files(needs.lists.stdSS, needs.lists.files, host.dialogs, host.paths,
+            {.load = titleOf(needs.elements, kLoadTitle),
+             .save = titleOf(needs.elements, kSaveTitle)}),
+      openDirectory(needs.core, host.pump), buttons(needs.core, needs.lists.files, openDirectory),
+      window_(needs.window), windows_(needs.windows) {}
+
+void Filling::bind(commands::Commands& commands) {
+    commands.bind(CommandId::addFile, button([this] { media.Add_file(); }));
+    commands.bind(CommandId::addFolder,
+                  button([this] { windows_.open(window::WindowId::openDirectory); }));
+    // There is nothing more to it: addresses are the business of the radio's panel.
+    commands.bind(CommandId::addLocation, button([] {}));
+    commands.bind(CommandId::removeFromList, button([this] { buttons.delIMG_Click(); }));
+    commands.bind(CommandId::clearList, button([this] { buttons.clrIMG_Click(); }));
+    commands.bind(CommandId::loadList, button([this] { files.loadImg_Click(); }));
+    commands.bind(CommandId::saveList, button([this] { files.SaveImg_Click(); }));
+}
+
+std::function<void()> Filling::button(std::function<void()> act) {
+    return [this, act = std::move(act)] {
+        window_.takeFocus();
+        act();
+    };
+}
+
+void Filling::finishSaves() {
+    files.wait();
+}
+
+} // namespace tovik::app

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "player/ListButtons.h"
+
+namespace tovik::player {
+
+void ListButtons::clrIMG_Click() {
+    if (!core_.state.DirAddIdle) {
+        openDirectory_.cancel();
+    }
+    if (files_.AutosaveOnExit != playlist::PlaylistFiles::kRead) {
+        files_.StopM3u = true;
+        files_.AutosaveOnExit = playlist::PlaylistFiles::kRead;
+    }
+    core_.lists.stdSS.Clear();
+}
+
+void ListButtons::delIMG_Click() {
+    core_.lists.stdSS.Remove(core_.lists.stdSS.SelectedIndex);
+}
+
+} // namespace tovik::player

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What fills and empties the playlist, through the whole player.
+#include "app/AppRig.h"
+
+#include <filesystem>
+
+namespace tovik::test {
+namespace {
+
+using commands::CommandId;
+using playlist::RowText;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class Filling : public AppRig {
+protected:
+    [[nodiscard]] std::vector<std::string> titles() {
+        std::vector<std::string> titles;
+        for (playlist::Row row = 1; row <= player().stdSS().ListCount(); ++row) {
+            titles.emplace_back(player().stdSS().text(row, RowText::Title));
+        }
+        return titles;
+    }
+
+    /// The player, started, with its saved list read.
+    void begin() {
+        start();
+        advance(100);
+    }
+
+    bool run(CommandId id) { return player().commands().run(id); }
+
+    /// A list of that many entries, saved by the last session.
+    std::string saved(int entries) {
+        std::string text = "#EXTM3U\r\n";
+        for (int n = 1; n <= entries; ++n) {
+            const std::string number = std::to_string(n);
+            text.append("#EXTINF:1,T").append(number).append("\r\n/").append(number).append("\r\n");
+        }
+        host_.folder.write(kList, text);
+        return text;
+    }
+};
+
+TEST_F(Filling, theDialogsBearTheTitlesOfTheLanguage) {
+    begin();
+    for (const CommandId id : {CommandId::addFile, CommandId::loadList, CommandId::saveList}) {
+        EXPECT_TRUE(run(id));
+    }
+    ASSERT_EQ(host_.dialogs.openDialogs.size(), 2U);
+    EXPECT_EQ(host_.dialogs.openDialogs[0].title, "Add files");
+    EXPECT_EQ(host_.dialogs.openDialogs[1].title, "Load playlist");
+    ASSERT_EQ(host_.dialogs.saveDialogs.size(), 1U);
+    EXPECT_EQ(host_.dialogs.saveDialogs[0].title, "Save playlist");
+}
+
+TEST_F(Filling, everyButtonOfThePanelHasATarget) {
+    begin();
+    for (const CommandId id : {CommandId::addFile, CommandId::addFolder, CommandId::addLocation,
+                               CommandId::removeFromList, CommandId::clearList, CommandId::loadList,
+                               CommandId::saveList}) {
+        EXPECT_TRUE(run(id));
+    }
+    using E = window::MainElement;
+    for (const E name : {E::addfileIMG, E::adddirIMG, E::addlocIMG, E::delIMG, E::clrIMG,
+                         E::loadImg, E::SaveImg}) {
+        EXPECT_TRUE(player().elements().get(name).enabled);
+    }
+    EXPECT_THAT(titles(), IsEmpty());
+    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+}
+
+TEST_F(Filling, whatWasAddedIsFoundAgain) {
+    begin();
+    host_.dialogs.filesToOpen.push_back({track("b.mp3"), track("a.mp3")});
+    run(CommandId::addFile);
+    player().filling().media.Stdss_OleDragDrop(std::vector{track("c.mp3"), track("no.txt")});
+    EXPECT_THAT(titles(), ElementsAre("b.mp3", "a.mp3", "c.mp3"));
+    player().stdSS().SelectIndex(2);
+    run(CommandId::removeFromList);
+    player().kill_me();
+    EXPECT_EQ(host_.folder.read(kList), "#EXTM3U\r\n#EXTINF:0,b.mp3\r\n" +
+                                            (host_.folder / "b.mp3") + "\r\n#EXTINF:0,c.mp3\r\n" +
+                                            (host_.folder / "c.mp3") + "\r\n");
+}
+
+TEST_F(Filling, aListIsSavedBeforeTheProgramEnds) {
+    begin();
+    host_.dialogs.filesToOpen.push_back({track("a.mp3")});
+    run(CommandId::addFile);
+    host_.dialogs.filesToSave.push_back(host_.folder / "x.pls");
+    run(CommandId::saveList);
+    player().kill_me();
+    EXPECT_EQ(host_.folder.read("x.pls"), "[playlist]\r\nFile1=" + (host_.folder / "a.mp3") +
+                                              "\r\nTitle1=a.mp3\r\nLength1=0\r\n"
+                                              "NumberOfEntries=1\r\nVersion=2\r\n");
+}
+
+TEST_F(Filling, aPlsFileOnTheCommandLineIsPlayed) {
+    const std::string list = host_.folder.write(
+        "l.PLS", "[playlist]\nNumberOfEntries=2\nFile1=" + track("one.mp3") +
+                     "\nTitle1=One\nFile2=" + track("two.mp3") + "\nTitle2=Two\nLength2=70\n");
+    options_.commandLine = "\"" + list + "\"";
+    start();
+    EXPECT_THAT(titles(), ElementsAre("One", "Two"));
+    EXPECT_TRUE(player().state().IsPlaying);
+    EXPECT_EQ(player().state().CurrentTitle, "One");
+    EXPECT_EQ(player().stdSS().SelectedIndex, 1);
+}
+
+TEST_F(Filling, closingDuringTheAutomaticLoadLeavesTheSavedListAsItIs) {
+    /// In the middle of the load a folder is added, and the user closes the window.
+    class Closes final : public playlist::ListObserver {
+    public:
+        Closes(app::frmPlayer& player, host::Closing& closing)
+            : player_(player), closing_(closing) {
+            player_.stdSS().addObserver(*this);
+        }
+
+        void rowsInserted(playlist::Row first, playlist::Row /*count*/) override {
+            if (first == 2) {
+                player_.filling().openDirectory.Form_Load();
+                player_.filling().openDirectory.Command2_Click();
+                closing_.request();
+            }
+        }
+
+    private:
+        app::frmPlayer& player_;
+        host::Closing& closing_;
+    };
+
+    const std::string before = saved(5);
+    start();
+    Closes closes(player(), host_.closing);
+    host_.closing.setLeave([this] { player().kill_me(); });
+    advance(100);
+    player().stdSS().removeObserver(closes);
+    EXPECT_TRUE(player().state().DirAddIdle);
+    EXPECT_EQ(host_.endStatus, 0);
+    EXPECT_EQ(host_.folder.read(kList), before);
+    EXPECT_EQ(player().stdSS().ListCount(), 2);
+}
+
+} // namespace
+} // namespace tovik::test

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/BesideJob.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <functional>
+#include <future>
+#include <memory>
+#include <stdexcept>
+#include <thread>
+
+namespace tovik::host {
+namespace {
+
+class StepPump final : public MessagePump {
+public:
+    std::function<bool()> inStep;
+    int steps = 0;
+
+    [[nodiscard]] bool Step() override {
+        ++steps;
+        return !inStep || inStep();
+    }
+};
+
+TEST(BesideJob, theJobIsDoneOnAnotherThread) {
+    StepPump pump;
+    std::thread::id thread;
+    EXPECT_TRUE(runBeside(pump, [&thread] { thread = std::this_thread::get_id(); }));
+    EXPECT_NE(thread, std::this_thread::get_id());
+    EXPECT_NE(thread, std::thread::id());
+}
+
+TEST(BesideJob, theProgramGoesOnMeanwhile) {
+    StepPump pump;
+    std::promise<void> gate;
+    pump.inStep = [&] {
+        if (pump.steps == 3) {
+            gate.set_value();
+        }
+        return true;
+    };
+    bool done = false;
+    EXPECT_TRUE(runBeside(pump, [&done, wait = gate.get_future().share()] {
+        wait.get();
+        done = true;
+    }));
+    EXPECT_TRUE(done);
+    EXPECT_GE(pump.steps, 3);
+}
+
+TEST(BesideJob, itEndsWithTheProgramAndTheJobGoesOnAlone) {
+    StepPump pump;
+    pump.inStep = [] { return false; };
+    const auto gate = std::make_shared<std::promise<void>>();
+    const auto ended = std::make_shared<std::promise<void>>();
+    EXPECT_FALSE(runBeside(pump, [gate, ended] {
+        gate->get_future().get();
+        ended->set_value();
+    }));
+    EXPECT_EQ(pump.steps, 1);
+    gate->set_value();
+    ended->get_future().get();
+}
+
+TEST(BesideJob, whatTheJobRaisesIsRaised) {
+    StepPump pump;
+    EXPECT_THROW(static_cast<void>(runBeside(pump, [] { throw std::runtime_error("x"); })),
+                 std::runtime_error);
+}
+
+TEST(BesideJob, whatTheJobHoldsIsGoneWhenItIsDone) {
+    StepPump pump;
+    auto held = std::make_shared<int>(1);
+    EXPECT_TRUE(runBeside(pump, [held] { ++*held; }));
+    EXPECT_EQ(*held, 2);
+}
+
+} // namespace
+} // namespace tovik::host

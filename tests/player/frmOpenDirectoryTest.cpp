@@ -1,0 +1,265 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Adding a folder, and the buttons that take rows away, also in the middle of it.
+#include "player/frmOpenDirectory.h"
+
+#include "player/ListButtons.h"
+#include "player/PlayerRig.h"
+#include "support/host/Unprivileged.h"
+
+#include <functional>
+
+namespace tovik::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+/// Runs the test's code in each step.
+class WatchedPump final : public host::MessagePump {
+public:
+    std::function<bool()> inStep;
+
+    [[nodiscard]] bool Step() override { return !inStep || inStep(); }
+};
+
+class OpenDirectoryTest : public PlayerRig {
+protected:
+    OpenDirectoryTest() {
+        set("CFLD", "/last");
+        set("ASOT", "0");
+    }
+
+    void make(const std::vector<std::string>& names) {
+        for (const std::string& name : names) {
+            host_.folder.write("m/" + name, "x");
+        }
+    }
+
+    /// Opens the dialog and accepts it.
+    void add(bool subfolders) {
+        dialog_.Form_Load();
+        dialog_.Command1_Click(music_, subfolders);
+    }
+
+    /// Each row as "name|title", the name told from the folder.
+    [[nodiscard]] std::vector<std::string> rows() {
+        std::vector<std::string> rows;
+        for (playlist::Row row = 1; row <= list_.ListCount(); ++row) {
+            list_.GetData(row);
+            const bool inside = list_.OutFileName.starts_with(music_ + "/");
+            rows.push_back(list_.OutFileName.substr(inside ? music_.size() + 1 : 0) + "|" +
+                           list_.OutTitle);
+        }
+        return rows;
+    }
+
+    /// How many rows a file of that name gives in the chosen folder or in one below.
+    [[nodiscard]] playlist::Row rowsOfFile(const std::string& name, bool subfolders) {
+        std::filesystem::remove_all(music_);
+        make({name});
+        list_.Clear();
+        add(subfolders);
+        return list_.ListCount();
+    }
+
+    /// Calls `what` in the first step that sees that many rows.
+    void whenRowsAre(playlist::Row count, std::function<void()> what) {
+        pump_.inStep = [this, count, what = std::move(what), done = false]() mutable {
+            if (!done && list_.ListCount() == count) {
+                done = true;
+                what();
+            }
+            return true;
+        };
+    }
+
+    std::string music_ = host_.folder / "m";
+    WatchedPump pump_;
+    player::frmOpenDirectory dialog_{core_, pump_};
+    playlist::PlaylistFiles files_{list_, pump_, host_.paths};
+    player::ListButtons buttons_{core_, files_, dialog_};
+};
+
+TEST_F(OpenDirectoryTest, whatTheDialogBeginsWith) {
+    state_.DirAddIdle = true;
+    dialog_.Form_Load();
+    EXPECT_EQ(dialog_.folder(), "/last");
+    EXPECT_FALSE(dialog_.staysOnTop());
+    EXPECT_FALSE(state_.DirAddIdle);
+    set("ASOT", "2");
+    dialog_.Form_Load();
+    EXPECT_TRUE(dialog_.staysOnTop());
+}
+
+TEST_F(OpenDirectoryTest, theFolderAlone) {
+    make({"b.mp3", "A.OGG", "name.with.dots.ogg", "no music.txt", "list.m3u", "list.pls", "noext",
+          "d/below.mp3"});
+    add(false);
+    EXPECT_THAT(rows(), ElementsAre("A.OGG|A", "b.mp3|b", "name.with.dots.ogg|name.with.dots"));
+    list_.GetData(1);
+    EXPECT_EQ(list_.OutItemData, "");
+    EXPECT_EQ(list_.OutTimeText, "0:00");
+    EXPECT_EQ(list_.OutSeconds, 0);
+    EXPECT_EQ(mirror_.List(1), "b");
+}
+
+TEST_F(OpenDirectoryTest, withSubfoldersTheChosenFolderComesTwice) {
+    make({"b.mp3", "a.ogg", "d/c.mp3", "d/a.xm", "d/e/a.mp3"});
+    add(true);
+    EXPECT_THAT(rows(), ElementsAre("a.ogg|a", "b.mp3|b", "d/a.xm|a", "b.mp3|b", "d/c.mp3|c",
+                                    "d/e/a.mp3|a", "a.ogg|a"));
+}
+
+TEST_F(OpenDirectoryTest, howManyRowsAFileGives) {
+    EXPECT_EQ(rowsOfFile("x.flac", false), 2);
+    EXPECT_EQ(rowsOfFile("d/x.flac", true), 4);
+    EXPECT_EQ(rowsOfFile("x.flac", true), 6);
+    EXPECT_EQ(rowsOfFile("x.bit", false), 2);
+    EXPECT_EQ(rowsOfFile("x.item", false), 1);
+    EXPECT_EQ(rowsOfFile("x.mp3x", false), 1);
+    EXPECT_EQ(rowsOfFile("x.MP3", false), 1);
+    EXPECT_EQ(rowsOfFile("d/x.mp3.bak", true), 0);
+}
+
+TEST_F(OpenDirectoryTest, aDotInTheNameOfAFolderIsNoExtension) {
+    std::filesystem::create_directories(music_ + "/a.mp3");
+    make({"d.mp3/readme"});
+    add(true);
+    EXPECT_THAT(rows(), IsEmpty());
+}
+
+TEST_F(OpenDirectoryTest, theFolderIsKept) {
+    make({"a.mp3"});
+    add(false);
+    EXPECT_EQ(settings_.getSetting("CFLD"), music_);
+    EXPECT_EQ(dialog_.folder(), music_);
+}
+
+TEST_F(OpenDirectoryTest, aFolderThatCannotBeKeptIsToldAndAddedAllTheSame) {
+    make({"a.mp3"});
+    std::filesystem::permissions(host_.folder.path(), std::filesystem::perms::all);
+    std::filesystem::permissions(host_.folder / "db", std::filesystem::perms(0555));
+    {
+        const Unprivileged guard;
+        dialog_.Command1_Click(music_, false);
+    }
+    std::filesystem::permissions(host_.folder / "db", std::filesystem::perms::all);
+    EXPECT_THAT(rows(), ElementsAre("a.mp3|a"));
+    EXPECT_THAT(host_.dialogs.boxes, SizeIs(1));
+    EXPECT_TRUE(state_.DirAddIdle);
+}
+
+TEST_F(OpenDirectoryTest, whetherAnAddGoesOnIsKnown) {
+    make({"a.mp3"});
+    bool idle = true;
+    whenRowsAre(0, [&] { idle = state_.DirAddIdle; });
+    add(false);
+    EXPECT_FALSE(idle);
+    EXPECT_TRUE(state_.DirAddIdle);
+    dialog_.Form_Load();
+    EXPECT_FALSE(state_.DirAddIdle);
+    dialog_.Command2_Click();
+    EXPECT_TRUE(state_.DirAddIdle);
+}
+
+TEST_F(OpenDirectoryTest, clearingEndsTheAdd) {
+    make({"a.mp3", "b.mp3", "c.mp3"});
+    list_.AddItem("", "/before", "before", "", 0);
+    whenRowsAre(2, [this] { buttons_.clrIMG_Click(); });
+    add(true);
+    EXPECT_THAT(rows(), IsEmpty());
+    EXPECT_TRUE(state_.DirAddIdle);
+    add(false); // the next one runs whole
+    EXPECT_THAT(rows(), SizeIs(3));
+}
+
+TEST_F(OpenDirectoryTest, clearingBesideTheOpenDialogEndsWhatItIsAskedFor) {
+    make({"a.mp3"});
+    dialog_.Form_Load();
+    buttons_.clrIMG_Click();
+    dialog_.Command1_Click(music_, false);
+    EXPECT_THAT(rows(), IsEmpty());
+    EXPECT_TRUE(state_.DirAddIdle);
+}
+
+TEST_F(OpenDirectoryTest, rowsMayBeDroppedAndDeletedMeanwhile) {
+    make({"a.mp3", "b.mp3", "c.mp3"});
+    whenRowsAre(2, [this] {
+        list_.SelectedIndex = 1;
+        buttons_.delIMG_Click();
+        list_.AddItem("", "/dropped", "dropped", "00:00", 0);
+        list_.SelectIndex(2);
+    });
+    add(false);
+    EXPECT_THAT(rows(), ElementsAre("b.mp3|b", "/dropped|dropped", "c.mp3|c"));
+    EXPECT_EQ(list_.SelectedIndex, 2);
+}
+
+TEST_F(OpenDirectoryTest, aFolderMayBeAddedWhileAnotherOneIs) {
+    make({"a.mp3", "b.mp3"});
+    host_.folder.write("other/x.mp3", "x");
+    bool idle = true;
+    whenRowsAre(1, [&, this] {
+        dialog_.Form_Load();
+        dialog_.Command1_Click(host_.folder / "other", false);
+        idle = state_.DirAddIdle;
+    });
+    add(false);
+    EXPECT_THAT(rows(), ElementsAre("a.mp3|a", (host_.folder / "other/x.mp3") + "|x", "b.mp3|b"));
+    EXPECT_FALSE(idle);
+    EXPECT_TRUE(state_.DirAddIdle);
+}
+
+TEST_F(OpenDirectoryTest, itEndsWithTheProgram) {
+    make({"a.mp3", "b.mp3", "c.mp3"});
+    pump_.inStep = [this] { return list_.ListCount() < 2; };
+    add(false);
+    EXPECT_THAT(rows(), SizeIs(2));
+}
+
+class ListButtonsTest : public OpenDirectoryTest {};
+
+TEST_F(ListButtonsTest, clearingDuringTheAutomaticLoadStopsIt) {
+    host_.folder.write("db/autosave.m3u", "#EXTINF:1,A\n/a\n#EXTINF:2,B\n/b\n#EXTINF:3,C\n/c\n");
+    whenRowsAre(1, [this] { buttons_.clrIMG_Click(); });
+    files_.autoload_playlist();
+    EXPECT_THAT(rows(), IsEmpty());
+    EXPECT_TRUE(files_.StopM3u);
+    EXPECT_EQ(files_.AutosaveOnExit, 1);
+}
+
+TEST_F(ListButtonsTest, oneThatIsLoadedIsNotStopped) {
+    files_.AutosaveOnExit = 1;
+    list_.AddItem("", "/a", "a", "", 5);
+    buttons_.clrIMG_Click();
+    EXPECT_THAT(rows(), IsEmpty());
+    EXPECT_FALSE(files_.StopM3u);
+}
+
+TEST_F(ListButtonsTest, rowsMayBeDroppedAndDeletedDuringALoad) {
+    host_.folder.write("db/autosave.m3u", "#EXTINF:1,A\n/a\n#EXTINF:2,B\n/b\n#EXTINF:3,C\n/c\n");
+    whenRowsAre(2, [this] {
+        list_.SelectedIndex = 2;
+        buttons_.delIMG_Click();
+        list_.AddItem("", "/dropped", "dropped", "00:00", 0);
+    });
+    files_.autoload_playlist();
+    EXPECT_THAT(rows(), ElementsAre("/a|A", "/dropped|dropped", "/c|C"));
+}
+
+TEST_F(ListButtonsTest, deletingTakesTheSelectedRowAlone) {
+    for (const char* name : {"a", "b", "c"}) {
+        list_.AddItem("", name, name, "", 0);
+    }
+    list_.SelectIndex(1);
+    list_.ModifierMask = playlist::stdSS::kShiftMask;
+    list_.MS(3);
+    buttons_.delIMG_Click();
+    EXPECT_THAT(rows(), ElementsAre("b|b", "c|c"));
+    buttons_.delIMG_Click(); // nothing is selected any more
+    EXPECT_THAT(rows(), SizeIs(2));
+}
+
+} // namespace
+} // namespace tovik::test
