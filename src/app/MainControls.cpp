@@ -18,7 +18,7 @@ MainControls::MainControls(frmPlayer& player, ui::SkinWindow& window,
     text4_->setObjectName(QStringLiteral("Text4"));
     window_.hostControl(MainElement::Text4, 0, text4_);
     addQuickList();
-    addList(MainElement::stdSS, "stdSS", player.stdSS());
+    takeFiles(addList(MainElement::stdSS, "stdSS", player.stdSS()));
     addList(MainElement::lstTracks, "lstTracks", player.lists().lstTracks);
     addList(MainElement::RadioLst, "RadioLst", player.lists().RadioLst);
     addSearchField();
@@ -41,6 +41,7 @@ void MainControls::addQuickList() {
     auto* widget = new ui::ListWidget(quickList_, quickList_, dispatcher_);
     widget->setObjectName(QStringLiteral("List1"));
     window_.hostControl(MainElement::List1, 0, widget);
+    takeFiles(*widget);
     watches_.push_back(std::make_unique<ListWatch>(player_.stdSS(), *widget, false));
     player_.List1().watchSelection([widget](std::int32_t item) {
         const auto row = static_cast<std::size_t>(item);
@@ -48,7 +49,8 @@ void MainControls::addQuickList() {
     });
 }
 
-void MainControls::addList(MainElement element, const char* objectName, playlist::stdSS& list) {
+ui::ListWidget& MainControls::addList(MainElement element, const char* objectName,
+                                      playlist::stdSS& list) {
     window::ListRows& rows = *rows_.emplace_back(std::make_unique<window::ListRows>(list));
     auto* widget = new ui::ListWidget(rows, rows, dispatcher_);
     widget->setObjectName(QString::fromLatin1(objectName));
@@ -59,6 +61,13 @@ void MainControls::addList(MainElement element, const char* objectName, playlist
     });
     window_.hostControl(element, 0, widget);
     watches_.push_back(std::make_unique<ListWatch>(list, *widget, true));
+    return *widget;
+}
+
+void MainControls::takeFiles(ui::ListWidget& list) {
+    list.takeFiles([this](std::span<const std::string> paths, std::optional<std::size_t> /*row*/) {
+        player_.filling().media.Stdss_OleDragDrop(paths);
+    });
 }
 
 void MainControls::addSearchField() {

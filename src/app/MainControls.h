@@ -29,9 +29,13 @@ public:
     void takeFocus();
 
 private:
-    void addList(window::MainElement element, const char* objectName, playlist::stdSS& list);
+    ui::ListWidget& addList(window::MainElement element, const char* objectName,
+                            playlist::stdSS& list);
     void addQuickList();
     void addSearchField();
+
+    /// Files that are dropped on a list of the playlist are added to it.
+    void takeFiles(ui::ListWidget& list);
 
     frmPlayer& player_;
     ui::SkinWindow& window_;

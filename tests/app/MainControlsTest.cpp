@@ -6,7 +6,9 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDragEnterEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QTest>
 #include <QWindow>
 #include <set>
@@ -281,6 +283,24 @@ TEST_F(MainControlsTest, stayingOnTopDoesNotTakeTheWindowOffTheScreen) {
     shown_->setTaskbarButton(false);
     shown_->setTaskbarButton(true);
     EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(MainControlsTest, filesDroppedOnEitherListAreAdded) {
+    switchTo("00100");
+    playlist::Row rows = real_->stdSS().ListCount();
+    for (const auto& [mask, name] : {std::pair("00100", "stdSS"), std::pair("10000", "List1")}) {
+        switchTo(mask);
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile("/m/d.mp3"), QUrl::fromLocalFile("/m/no.txt")});
+        QWidget* const area = control<ui::ListWidget>(name).viewport();
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(area, &enter);
+        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(area, &drop);
+        settle();
+        ASSERT_EQ(real_->stdSS().ListCount(), ++rows) << name;
+        EXPECT_EQ(real_->stdSS().text(rows, playlist::RowText::Title), "d.mp3");
+    }
 }
 
 } // namespace
