@@ -4,6 +4,7 @@
 
 #include "ui/Element.h"
 
+#include <cstdint>
 #include <optional>
 
 namespace tovik::ui {
@@ -27,6 +28,17 @@ struct ListColours {
 
     friend bool operator==(const ListColours&, const ListColours&) = default;
 };
+
+/// What an empty list says is quieter than a title: between that and the ground.
+[[nodiscard]] constexpr Colour hintColour(const ListColours& of) {
+    constexpr int kShare = 70; // of the title's colour, in hundredths
+    const auto mixed = [](int text, int back) {
+        return static_cast<std::uint8_t>((text * kShare + back * (100 - kShare)) / 100);
+    };
+    return {.red = mixed(of.TitleTextColor.red, of.BackgroundColor.red),
+            .green = mixed(of.TitleTextColor.green, of.BackgroundColor.green),
+            .blue = mixed(of.TitleTextColor.blue, of.BackgroundColor.blue)};
+}
 
 /// The colours of one row.
 struct RowColours {

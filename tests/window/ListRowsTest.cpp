@@ -65,6 +65,13 @@ TEST(ListColours, allWordsStandOutFromWhatIsBehindThem) {
     }
 }
 
+TEST(ListColours, theQuietWordsOfAnEmptyListCanBeReadAndAreQuieter) {
+    const ui::ListColours& colours = window::kListColours;
+    const double quiet = ui::test::contrast(ui::hintColour(colours), colours.BackgroundColor);
+    EXPECT_GE(quiet, 4.5);
+    EXPECT_LT(quiet, ui::test::contrast(colours.TitleTextColor, colours.BackgroundColor));
+}
+
 TEST(ListColours, theRowThatPlaysIsSeenAtAGlance) {
     // Another hue than all other rows: warm, where they are grey, blue or white.
     const auto warmth = [](ui::Colour colour) { return colour.red - colour.blue; };

@@ -24,7 +24,6 @@ constexpr int kTimePadding = 6;
 constexpr QRgb kSelected = 0xFF404582;
 constexpr Colour kMarked{255, 180, 60};
 constexpr int kHintMargin = 8;
-constexpr int kHintShare = 70; ///< of the text's colour in that of the hint, in hundredths
 constexpr int kTooltipLine = 80;
 constexpr int kTooltipMost = 4000;
 
@@ -161,13 +160,7 @@ void ListWidget::setHint(const QString& hint) {
 }
 
 void ListWidget::drawHint(QPainter& painter) const {
-    const auto mixed = [](int text, int back) {
-        return (text * kHintShare + back * (100 - kHintShare)) / 100;
-    };
-    const Colour text = colours_.TitleTextColor;
-    const Colour back = colours_.BackgroundColor;
-    painter.setPen(QColor(mixed(text.red, back.red), mixed(text.green, back.green),
-                          mixed(text.blue, back.blue)));
+    painter.setPen(qtColour(hintColour(colours_)));
     const int margin = kHintMargin * font().pixelSize() / kFontPixels;
     painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
                      Qt::AlignCenter | Qt::TextWordWrap, hint_);

@@ -170,6 +170,7 @@ TEST_F(ListLookTest, withoutColoursOfItsOwnAllWordsStandOutFromWhatIsBehindThem)
     for (const test::ColourPair& pair : test::pairsOf(plain.colours())) {
         EXPECT_GE(test::contrast(pair.text, pair.back), 4.5) << pair.what;
     }
+    EXPECT_GE(test::contrast(hintColour(plain.colours()), plain.colours().BackgroundColor), 4.5);
 }
 
 TEST_F(ListLookTest, anEmptyListHasNoColumn) {
