@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The playlist in the real window: reordered, deleted, scrolled, and found again."""
+"""The playlist in the real window: reordered, deleted, dropped on, scrolled, and found again."""
 import os
 import re
 import signal
@@ -9,6 +9,7 @@ import wave
 
 from program import LIMIT, ProgramTest
 
+DRAG_SOURCE = os.environ["TOVIK_DRAG_SOURCE"]
 LIST_LEFT, LIST_TOP, LIST_WIDTH, LIST_HEIGHT = 20, 45, 432, 190  # of the playlist in the window
 QUICK_LEFT, QUICK_TOP = 288, 169
 PITCH = 15
@@ -161,6 +162,38 @@ class Playlist(ProgramTest):
         self.key("Home")
         self.settle()
         self.assertEqual(len(self.end()), 1000)
+
+    def drop(self, files, x, y):
+        """What became of a drag of files onto a place of the window."""
+        source = subprocess.Popen([DRAG_SOURCE, *files], env=self.environment, text=True,
+                                  stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        self.stack.callback(source.communicate)
+        self.stack.callback(source.kill)
+        window = self.first(lambda: self.shown("--name", "^Files to drag$"), "the files")
+        self.tool("xdotool", "windowactivate", "--sync", window)
+        self.tool("xdotool", "mousemove", "--window", window, "40", "40", "mousedown", "1")
+        for step in range(6):
+            # Who drags asks the window under the pointer at each move, and waits for its answer.
+            self.mouse(x + step, y, "sleep", "0.1")
+        self.keep_screenshot("list-drop.png")
+        self.tool("xdotool", "mouseup", "1")
+        return source.stdout.readline().strip()
+
+    def test_dropped_files_become_rows(self):
+        self.begin([], panel="3")
+        self.keep_screenshot("list-empty.png")
+        files = [self.song("one.wav"), self.song("zwei \u010d #%.mp3"), self.path("text.txt")]
+        self.assertEqual(self.drop(files, LIST_LEFT + 100, LIST_TOP + 60), "copied")
+        self.settle()
+        self.assertEqual(self.end(), ["one.wav", "zwei \u010d #%.mp3"])
+
+    def test_files_dropped_on_the_quick_list_become_rows(self):
+        self.begin(["a"], panel="1")
+        self.keep_screenshot("list-quick-empty.png")
+        self.assertEqual(self.drop([self.song("one.ogg")], QUICK_LEFT + 50, QUICK_TOP + 40),
+                         "copied")
+        self.settle()
+        self.assertEqual(self.end(), ["a", "one.ogg"])
 
 
 if __name__ == "__main__":
