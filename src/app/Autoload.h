@@ -21,6 +21,9 @@ public:
     /// From now on it looks whether the start is over.
     void begin();
 
+    /// Whether the list will still be read.
+    [[nodiscard]] bool awaited() const { return core_.state.LoadFinished && Timer4_->enabled(); }
+
 private:
     void Timer4();
     void autoload_playlist();

@@ -5,11 +5,9 @@
 #include "base/RegularFile.h"
 #include "base/RuntimeError.h"
 #include "config/Profile.h"
-#include "config/SettingText.h"
 #include "player/LiveSetting.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
@@ -59,14 +57,6 @@ void Ground::refuseOldSystem() {
     if (host_.operatingSystem.major < kOldestSystem) {
         readLanguage();
         process_.endWith(language.get_Error_String(1), language.get_Error_String(0));
-    }
-}
-
-void Ground::meetOtherInstance() {
-    if (player::readLive(settings, "MI", config::settingToInt16) == 0 &&
-        process_.anotherInstance()) {
-        window_.hide();
-        process_.end(EXIT_SUCCESS);
     }
 }
 

@@ -38,7 +38,6 @@ public:
 
     void takeFirstRun();
     void refuseOldSystem();
-    void meetOtherInstance();
     void lookForOtherInstance();
     void enterDataFolder();
     void readMessenger();

@@ -63,6 +63,17 @@ void MainWindow::minimise() {
     skin_->showMinimized();
 }
 
+void MainWindow::bringToFront(const std::string& token) {
+    // Where it finds it, a Wayland desktop's part of Qt takes it from there.
+    if (!token.empty() && QGuiApplication::platformName().startsWith(u"wayland")) {
+        qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token));
+    }
+    skin_->setWindowState(skin_->windowState() & ~Qt::WindowMinimized);
+    skin_->show();
+    skin_->raise();
+    skin_->activateWindow();
+}
+
 void MainWindow::takeFocus() {
     controls_->takeFocus();
 }

@@ -32,6 +32,7 @@ public:
     void show() override;
     void hide() override;
     void minimise() override;
+    void bringToFront(const std::string& token) override;
     [[nodiscard]] bool visible() const override;
     void showSplash() override;
     void endSplash() override;

@@ -113,6 +113,7 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
     dialogs::DialogOpener dialogs(host.dispatcher);
     frmPlayer player(host, engine, window, dialogs, events,
                      {.commandLine = line.player.text,
+                      .activationToken = environment.activationToken,
                       .checkInstance = !line.screenshotFile,
                       .keepsList = !line.screenshotFile,
                       .shippedFolder = place.shippedFolder,

@@ -16,7 +16,18 @@ void Process::endWith(const std::string& text, const std::string& title) {
 }
 
 bool Process::anotherInstance() {
-    return checkInstance_ && !host_.lock.hold();
+    if (!checkInstance_ || first_) {
+        return false;
+    }
+    first_ = host_.lock.hold();
+    if (first_) {
+        mailbox_.open();
+    }
+    return !first_;
+}
+
+bool Process::send(const host::InstanceMessage& message) {
+    return host_.messages.send(message, [this] { return anotherInstance(); });
 }
 
 void Process::bind(commands::Commands& commands) {

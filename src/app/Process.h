@@ -2,6 +2,7 @@
 // The process that the player is: how it ends, and whether it is the only one. Interface thread.
 #pragma once
 
+#include "app/Mailbox.h"
 #include "commands/Commands.h"
 #include "host/Host.h"
 
@@ -13,7 +14,7 @@ class Process {
 public:
     /// `checkInstance`: other instances count. What the host names outlives the object.
     Process(const host::Host& host, bool checkInstance)
-        : host_(host), checkInstance_(checkInstance) {}
+        : host_(host), checkInstance_(checkInstance), mailbox_(host) {}
 
     /// The process was told to end: nothing more is done.
     [[nodiscard]] bool ended() const { return ended_; }
@@ -23,7 +24,8 @@ public:
     /// Says why in a box first.
     void endWith(const std::string& text, const std::string& title);
 
-    /// Whether another instance runs. If none does, this one is the first from now on.
+    /// Whether another instance runs. If none does, this one is the first from now on, and hears
+    /// what later ones ask for.
     [[nodiscard]] bool anotherInstance();
 
     /// Other instances count, and none was there before this one.
@@ -35,6 +37,11 @@ public:
 
     void passBy() { passingBy_ = true; }
 
+    /// Sends a message to the other instance; see `InstanceMessages::send`.
+    [[nodiscard]] bool send(const host::InstanceMessage& message);
+
+    [[nodiscard]] Mailbox& mailbox() { return mailbox_; }
+
     void bind(commands::Commands& commands);
 
 private:
@@ -42,6 +49,8 @@ private:
     bool checkInstance_;
     bool ended_ = false;
     bool passingBy_ = false;
+    bool first_ = false;
+    Mailbox mailbox_;
 };
 
 } // namespace tovik::app

@@ -12,8 +12,26 @@
 #include "tags/TagTitle.h"
 
 #include <algorithm>
+#include <optional>
+#include <system_error>
 
 namespace tovik::app {
+
+namespace {
+
+/// Why a file cannot be read.
+std::optional<base::RuntimeError> problemOf(const std::string& path) {
+    if (player::namesCdTrack(path)) {
+        return std::nullopt;
+    }
+    const std::error_code failure =
+        base::RegularFile(path, base::RegularFile::Access::Read).failure();
+    return failure ? std::optional(
+                         base::withPlace(base::RuntimeError(base::errorNumberOf(failure)), path))
+                   : std::nullopt;
+}
+
+} // namespace
 
 void StartFile::readCommandLine() {
     core_.state.NoCommandLine = commandLine_.empty();
@@ -28,9 +46,23 @@ void StartFile::openArgument() {
     }
     const std::string path = host::withQuotes(core_.state.CommandArgs.at(1));
     core_.lists.stdSS.Clear();
-    if (!player::namesCdTrack(path) && !canRead(path)) {
-        return;
+    if (const auto problem = problemOf(path)) {
+        // Told; the start goes on without it.
+        core_.errors.reportAndTell(*problem, config::player("Load"));
+    } else {
+        play(path, From::start);
     }
+}
+
+void StartFile::playHandedOver(const std::string& path) {
+    core_.lists.stdSS.Clear();
+    if (const auto problem = problemOf(path)) {
+        throw *problem;
+    }
+    play(path, From::otherInstance);
+}
+
+void StartFile::play(const std::string& path, From from) {
     const std::string extension = base::toUpperAscii(playlist::get_extension(path));
     if (extension == "M3U") {
         files_.open_m3u(path);
@@ -39,21 +71,8 @@ void StartFile::openArgument() {
         files_.Openpls2(path);
         playList();
     } else {
-        playFile(path);
+        playFile(path, from);
     }
-}
-
-/// Says so when it cannot: the start goes on without it.
-bool StartFile::canRead(const std::string& path) const {
-    const std::error_code failure =
-        base::RegularFile(path, base::RegularFile::Access::Read).failure();
-    if (!failure) {
-        return true;
-    }
-    core_.errors.reportAndTell(
-        base::withPlace(base::RuntimeError(base::errorNumberOf(failure)), path),
-        config::player("Load"));
-    return false;
 }
 
 void StartFile::playList() {
@@ -64,7 +83,7 @@ void StartFile::playList() {
     playback_.rows.List1_DblClick();
 }
 
-void StartFile::playFile(const std::string& path) {
+void StartFile::playFile(const std::string& path, From from) {
     if (!player::namesCdTrack(path)) {
         tag_.MP3File(path);
     }
@@ -72,6 +91,11 @@ void StartFile::playFile(const std::string& path) {
         tags::tagTitle(tag_).value_or(std::string(playlist::GetLastBackSlash(path)));
     core_.lists.stdSS.AddItem("", path, title, "00:00", 0);
     core_.lists.stdSS.SelectedIndex = 1;
+    if (from == From::otherInstance) {
+        // Whatever sounds ends at once, also where tracks fade into each other.
+        core_.sound.BASS_Free();
+        core_.state.ClearCounterOnPlay = true;
+    }
     playback_.rows.playItem(0);
 }
 

@@ -7,6 +7,7 @@
 #include "playlist/PlaylistFiles.h"
 #include "tags/cMP3ID3v1.h"
 
+#include <cstdint>
 #include <string>
 
 namespace tovik::app {
@@ -25,10 +26,18 @@ public:
     /// Plays the file or the list; what cannot be read is told.
     void openArgument();
 
+    // While the player runs -----------------------------------------------------------------------
+
+    /// The file or the list takes the place of the list, and plays. Raises what reading it raises;
+    /// the list is then empty.
+    void playHandedOver(const std::string& path);
+
 private:
-    [[nodiscard]] bool canRead(const std::string& path) const;
+    enum class From : std::uint8_t { start, otherInstance };
+
+    void play(const std::string& path, From from);
     void playList();
-    void playFile(const std::string& path);
+    void playFile(const std::string& path, From from);
 
     const player::Core& core_;
     player::Playback& playback_;

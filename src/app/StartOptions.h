@@ -10,10 +10,11 @@
 namespace tovik::app {
 
 struct StartOptions {
-    std::string commandLine;     ///< the player's part of it, as text
-    bool checkInstance = true;   ///< false: no other instance is looked for or made known
-    bool keepsList = true;       ///< false: the list is not saved while the program runs
-    std::string shippedFolder{}; ///< what came with the program; empty: nothing
+    std::string commandLine;       ///< the player's part of it, as text
+    std::string activationToken{}; ///< by which the desktop lets another window come to the front
+    bool checkInstance = true;     ///< false: no other instance is looked for or made known
+    bool keepsList = true;         ///< false: the list is not saved while the program runs
+    std::string shippedFolder{};   ///< what came with the program; empty: nothing
     std::optional<base::RuntimeError> unkept{}; ///< why nothing of this session is kept, if so
 };
 

@@ -39,7 +39,8 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                 .window = window,
                 .windows = windows,
                 .elements = front_.view.elements},
-               host) {
+               host),
+      handOver_(core_, process_, options_, window, startFile_, autoload_) {
     ground_.news.add(events);
     autoload_.begin();
     process_.bind(commands_);
@@ -78,6 +79,7 @@ void frmPlayer::Form_Load() {
         front_.endSplash();
         ground_.errors.reportAndTell(error, config::player("Load"));
     }
+    handOver_.begin();
 }
 
 void frmPlayer::kill_me() {

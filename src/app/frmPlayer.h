@@ -7,6 +7,7 @@
 #include "app/Filling.h"
 #include "app/Front.h"
 #include "app/Ground.h"
+#include "app/HandOver.h"
 #include "app/Lists.h"
 #include "app/Music.h"
 #include "app/Process.h"
@@ -124,6 +125,7 @@ private:
     commands::Commands commands_;
     Front front_;
     Filling filling_;
+    HandOver handOver_;
 };
 
 } // namespace tovik::app

@@ -11,7 +11,8 @@ const std::span<const frmPlayer::Step> frmPlayer::kInitializeSteps = [] {
     static constexpr std::array kSteps = {
         Step{"take over the language of the installation", in<&P::ground_, &Ground::takeFirstRun>},
         Step{"refuse a system that is too old", in<&P::ground_, &Ground::refuseOldSystem>},
-        Step{"leave to an instance that runs already", in<&P::ground_, &Ground::meetOtherInstance>},
+        Step{"leave to an instance that runs already",
+             in<&P::handOver_, &HandOver::meetOtherInstance>},
     };
     return std::span<const Step>(kSteps);
 }();
@@ -50,7 +51,6 @@ const std::span<const frmPlayer::Step> frmPlayer::kLoadSteps = [] {
         Step{"show the balance as text", in<&P::front_, &Front::showBalanceText>},
         Step{"open the file of the command line", in<&P::startFile_, &StartFile::openArgument>},
         Step{"make this window known to later instances", in<&P::ground_, &Ground::makeKnown>},
-        Step{"listen to later instances", &P::later},
         Step{"stay on top or not", in<&P::front_, &Front::applyTopmost>, true},
         Step{"associate the file types", in<&P::ground_, &Ground::associateFileTypes>, true},
         Step{"check for updates", in<&P::ground_, &Ground::checkForUpdates>, true},

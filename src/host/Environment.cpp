@@ -55,6 +55,7 @@ Environment Environment::current() {
                                  ? std::filesystem::temp_directory_path(failure).native()
                                  : std::move(runtime),
             .locale = firstSet({"LC_ALL", "LC_MESSAGES", "LANG"}),
+            .activationToken = variable("XDG_ACTIVATION_TOKEN"),
             .searchPath = variable("PATH"),
             .workingFolder = std::filesystem::current_path(failure).native(),
             .executableFolder =

@@ -7,14 +7,15 @@
 namespace tovik::host {
 
 struct Environment {
-    std::string home;             ///< HOME, else what the password database tells
-    std::string dataHome;         ///< XDG_DATA_HOME
-    std::string configHome{};     ///< XDG_CONFIG_HOME
-    std::string runtimeFolder{};  ///< XDG_RUNTIME_DIR, else the folder for temporary files
-    std::string locale;           ///< the first set of LC_ALL, LC_MESSAGES, LANG
-    std::string searchPath;       ///< PATH
-    std::string workingFolder;    ///< absolute
-    std::string executableFolder; ///< where this program's file lies, absolute
+    std::string home;              ///< HOME, else what the password database tells
+    std::string dataHome;          ///< XDG_DATA_HOME
+    std::string configHome{};      ///< XDG_CONFIG_HOME
+    std::string runtimeFolder{};   ///< XDG_RUNTIME_DIR, else the folder for temporary files
+    std::string locale;            ///< the first set of LC_ALL, LC_MESSAGES, LANG
+    std::string activationToken{}; ///< XDG_ACTIVATION_TOKEN
+    std::string searchPath;        ///< PATH
+    std::string workingFolder;     ///< absolute
+    std::string executableFolder;  ///< where this program's file lies, absolute
 
     /// The environment of this process. To be called before threads are started.
     [[nodiscard]] static Environment current();

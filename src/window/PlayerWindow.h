@@ -18,6 +18,10 @@ public:
 
     virtual void minimise() {}
 
+    /// The user asked for the window in use: it is shown, also from the task bar, and gets the
+    /// keyboard. The token is what the desktop gave who asked; empty where it gave none.
+    virtual void bringToFront(const std::string& /*token*/) {}
+
     /// Whether anyone can see what moves on it.
     [[nodiscard]] virtual bool visible() const { return true; }
 

@@ -50,6 +50,10 @@ public:
 
     [[nodiscard]] bool visible() const override { return seen; }
 
+    void bringToFront(const std::string& token) override {
+        calls_.push_back(token.empty() ? "to the front" : "to the front " + token);
+    }
+
     void hide() override { calls_.emplace_back("window hidden"); }
 
     void setCaption(const std::string& text) override {

@@ -7,6 +7,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using Kind = host::InstanceMessageKind;
 
 class SecondInstance : public AppRig {
 protected:
@@ -22,6 +23,69 @@ TEST_F(SecondInstance, leavesWhenOnlyOneIsAllowed) {
     EXPECT_THAT(sound_.calls, ElementsAre("window hidden"));
     EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
     EXPECT_EQ(setting("SHWND"), "4711");
+}
+
+TEST_F(SecondInstance, withoutAFileItBringsTheOtherToTheFront) {
+    options_.activationToken = "token";
+    start();
+    EXPECT_THAT(host_.messages.sent, ElementsAre(host::InstanceMessage{Kind::toTheFront, "token"}));
+    EXPECT_EQ(host_.endStatus, 0);
+}
+
+class HandedOver : public SecondInstance,
+                   public testing::WithParamInterface<std::pair<const char*, const char*>> {};
+
+TEST_P(HandedOver, isTheFirstNameWhateverSwitchStandsBeforeIt) {
+    options_.commandLine = GetParam().first;
+    start();
+    EXPECT_THAT(host_.messages.sent,
+                ElementsAre(host::InstanceMessage{Kind::file, GetParam().second}));
+    EXPECT_EQ(host_.endStatus, 0);
+    EXPECT_THAT(sound_.calls, ElementsAre("window hidden"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, HandedOver,
+    testing::Values(std::pair{"\"/music/a b.mp3\"", "/music/a b.mp3"},
+                    std::pair{R"(/Play "/music/a.mp3")", "/music/a.mp3"},
+                    std::pair{R"(/ADD "/music/a.mp3" "/music/b.mp3")", "/music/a.mp3"},
+                    std::pair{R"(/Open "http://here/radio")", "http://here/radio"},
+                    std::pair{"\"/music/\x1F"
+                              "a\x1F.mp3\"",
+                              "/music/\"a\".mp3"},
+                    std::pair{"/x", "x"}));
+
+TEST_F(SecondInstance, aLongNameLosesNothing) {
+    const std::string path = "/" + std::string(300, 'a');
+    options_.commandLine = "\"" + path + "\"";
+    start();
+    EXPECT_THAT(host_.messages.sent, ElementsAre(host::InstanceMessage{Kind::longFile, path}));
+}
+
+TEST_F(SecondInstance, endsAlsoWhenTheOtherDoesNotAnswer) {
+    host_.messages.answers = false;
+    options_.commandLine = "\"/music/a.mp3\"";
+    start();
+    EXPECT_EQ(host_.endStatus, 0);
+    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+}
+
+TEST_F(SecondInstance, isTheFirstOnceTheOtherHasEnded) {
+    host_.messages.whileSending = [this] { host_.lock.heldByAnother = false; };
+    host_.messages.answers = false;
+    options_.commandLine = "\"" + track("song.mp3") + "\"";
+    start();
+    EXPECT_FALSE(host_.endStatus);
+    EXPECT_TRUE(player().state().IsPlaying);
+    EXPECT_TRUE(static_cast<bool>(host_.messages.keep));
+    EXPECT_EQ(setting("SHWND"), std::to_string(RecordingWindow::kNumber));
+}
+
+TEST_F(SecondInstance, hearsNothingItself) {
+    set("MI", "1");
+    start();
+    EXPECT_FALSE(static_cast<bool>(host_.messages.keep));
+    EXPECT_THAT(host_.messages.sent, IsEmpty());
 }
 
 TEST_F(SecondInstance, isAFullPlayerWhenSeveralAreAllowed) {

@@ -5,6 +5,7 @@
 
 #include "host/InstanceMessages.h"
 
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -13,17 +14,19 @@ namespace tovik::test {
 class RecordingMessages final : public host::InstanceMessages {
 public:
     std::vector<host::InstanceMessage> sent;
-    bool answers = true;   ///< whether a message that is sent is kept
-    bool otherRan = false; ///< whether there was another when something was sent
-    Keep keep;             ///< empty as long as nobody receives
+    bool answers = true;                  ///< whether a message that is sent is kept
+    std::function<void()> whileSending{}; ///< what happens meanwhile
+    Keep keep;                            ///< empty as long as nobody receives
 
     void receive(Keep kept) override { keep = std::move(kept); }
 
     [[nodiscard]] bool send(const host::InstanceMessage& message,
                             const OtherRuns& otherRuns) override {
-        otherRan = otherRuns();
         sent.push_back(message);
-        return answers;
+        if (whileSending) {
+            whileSending();
+        }
+        return otherRuns() && answers;
     }
 };
 
