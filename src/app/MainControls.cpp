@@ -71,7 +71,11 @@ void MainControls::takeFiles(ui::ListWidget& list) {
 }
 
 void MainControls::addSearchField() {
-    auto* field = new SearchField([this] { takeFocus(); });
+    auto* field = new SearchField([this] { takeFocus(); },
+                                  [this](const QString& text) {
+                                      dispatcher_.run(
+                                          [&] { player_.search().searchFor(text.toStdString()); });
+                                  });
     field->setObjectName(QStringLiteral("musicSearchTxt"));
     // The record holds what is in the field, whoever writes it.
     QObject::connect(field, &QLineEdit::textEdited, field, [this](const QString& text) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <utility>
 
@@ -13,8 +14,10 @@ namespace tovik::app {
 /// keyboard back.
 class SearchField final : public QLineEdit {
 public:
-    /// `handBack` gives the keyboard to who should have it then.
-    explicit SearchField(std::function<void()> handBack) : handBack_(std::move(handBack)) {
+    /// `handBack` gives the keyboard to who should have it then; `typed` takes the text each time
+    /// that a key has put a character into it.
+    SearchField(std::function<void()> handBack, std::function<void(const QString&)> typed)
+        : handBack_(std::move(handBack)), typed_(std::move(typed)) {
         setFocusPolicy(Qt::ClickFocus);
     }
 
@@ -28,9 +31,26 @@ protected:
         QLineEdit::focusOutEvent(event);
         deselect();
         // The one that took it keeps it until this event is through.
-        if (event->reason() == Qt::MouseFocusReason) {
+        const bool toSearch = std::exchange(searches_, false);
+        if (event->reason() == Qt::MouseFocusReason || toSearch) {
             QMetaObject::invokeMethod(
                 this, [this] { handBack_(); }, Qt::QueuedConnection);
+        }
+    }
+
+    void keyPressEvent(QKeyEvent* event) override {
+        QLineEdit::keyPressEvent(event);
+        constexpr Qt::KeyboardModifiers kCommand = Qt::ControlModifier | Qt::AltModifier;
+        const QString typed = event->text();
+        if (!typed.isEmpty() && typed.front().isPrint() && !(event->modifiers() & kCommand)) {
+            search();
+        }
+    }
+
+    void inputMethodEvent(QInputMethodEvent* event) override {
+        QLineEdit::inputMethodEvent(event);
+        if (!event->commitString().isEmpty()) {
+            search();
         }
     }
 
@@ -40,7 +60,15 @@ protected:
     }
 
 private:
+    void search() {
+        // Until the search has the keyboard, further keys arrive here, too.
+        searches_ = true;
+        typed_(text());
+    }
+
     std::function<void()> handBack_;
+    std::function<void(const QString&)> typed_;
+    bool searches_ = false; ///< who gets the keyboard next is the search
 };
 
 } // namespace tovik::app

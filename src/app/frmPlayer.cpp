@@ -23,6 +23,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                                                              .news = ground_.news},
       tone_(core_, ground_.stored, host.dialogs, windows),
       music_(core_, tone_.equalizer, window, host, process_),
+      search_(core_, music_.playback, windows),
       startFile_(core_, music_.playback, lists_.files, music_.tag, options_.commandLine),
       autoload_(core_, lists_, music_.playback.rows),
       front_({.core = core_,
@@ -46,6 +47,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     process_.bind(commands_);
     tone_.bind(commands_);
     music_.bind(commands_);
+    search_.bind(commands_);
     front_.bind(commands_);
     filling_.bind(commands_);
     front_.enableButtons(commands_);

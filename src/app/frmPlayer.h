@@ -11,6 +11,7 @@
 #include "app/Lists.h"
 #include "app/Music.h"
 #include "app/Process.h"
+#include "app/Search.h"
 #include "app/StartFile.h"
 #include "app/Tone.h"
 #include "dialogs/DialogLogic.h"
@@ -60,8 +61,15 @@ public:
 
     [[nodiscard]] commands::Commands& commands() { return commands_; }
 
+    [[nodiscard]] Search& search() { return search_; }
+
     [[nodiscard]] dialogs::DialogLogic dialogs() {
-        return {ground_.language, tone_.loadPreset, filling_.openDirectory};
+        return {.language = ground_.language,
+                .loadPreset = tone_.loadPreset,
+                .openDirectory = filling_.openDirectory,
+                .jump2File = search_.jump2File,
+                .jump2Track = search_.jump2Track,
+                .jump2time = search_.jump2time};
     }
 
     // What is asked for most ----------------------------------------------------------------------
@@ -120,6 +128,7 @@ private:
     player::Core core_;
     Tone tone_;
     Music music_;
+    Search search_;
     StartFile startFile_;
     Autoload autoload_;
     commands::Commands commands_;

@@ -7,6 +7,9 @@ class MultiLNG;
 }
 
 namespace tovik::player {
+class frmJump2File;
+class frmJump2Track;
+class frmjump2time;
 class frmLoadPreset;
 class frmOpenDirectory;
 } // namespace tovik::player
@@ -18,6 +21,9 @@ struct DialogLogic {
     config::MultiLNG& language;
     player::frmLoadPreset& loadPreset;
     player::frmOpenDirectory& openDirectory;
+    player::frmJump2File& jump2File;
+    player::frmJump2Track& jump2Track;
+    player::frmjump2time& jump2time;
 };
 
 } // namespace tovik::dialogs

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialogs/DialogTable.h"
 
+#include "dialogs/JumpToTimeDialog.h"
+#include "dialogs/JumpToTrackDialog.h"
 #include "dialogs/LoadPresetDialog.h"
+#include "dialogs/MusicSearchDialog.h"
 #include "dialogs/OpenDirectoryDialog.h"
 
 #include <array>
@@ -22,6 +25,21 @@ constexpr std::array kTable = {
               [](const DialogParts& parts) -> Dialog& {
                   return *new OpenDirectoryDialog(parts.logic.openDirectory, parts.logic.language,
                                                   parts.dispatcher, parts.parent);
+              }},
+    DialogRow{WindowId::musicSearch, DialogKind::beside,
+              [](const DialogParts& parts) -> Dialog& {
+                  return *new MusicSearchDialog(parts.logic.jump2File, parts.logic.language,
+                                                parts.dispatcher, parts.parent);
+              }},
+    DialogRow{WindowId::jumpToTrack, DialogKind::beside,
+              [](const DialogParts& parts) -> Dialog& {
+                  return *new JumpToTrackDialog(parts.logic.jump2Track, parts.logic.language,
+                                                parts.dispatcher, parts.parent);
+              }},
+    DialogRow{WindowId::jumpToTime, DialogKind::beside,
+              [](const DialogParts& parts) -> Dialog& {
+                  return *new JumpToTimeDialog(parts.logic.jump2time, parts.logic.language,
+                                               parts.dispatcher, parts.parent);
               }},
 };
 

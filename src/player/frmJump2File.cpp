@@ -47,8 +47,11 @@ frmJump2File::frmJump2File(const Core& core, Transport& transport, Crossfade& cr
 }
 
 void frmJump2File::Form_Load(Jump2FileView& view) {
-    view_ = &view;
     Timer1_->setEnabled(false);
+    if (view_ == &view) {
+        return; // it is open, or about to close: it stays as it is
+    }
+    view_ = &view;
     Timer2_->setEnabled(true);
     if (!search_) {
         search_.emplace(core_.lists.stdSS);
@@ -77,6 +80,12 @@ void frmJump2File::Check1_Click(Check which, bool ticked) {
     if (check != ticked) {
         check = ticked;
         search();
+    }
+}
+
+void frmJump2File::SearchString(const std::string& text) {
+    if (view_ != nullptr) {
+        view_->showText(text);
     }
 }
 
@@ -151,7 +160,7 @@ void frmJump2File::SearchString_KeyDown(Move move) {
         select(std::max(listIndex_ - kPage, 0));
         break;
     }
-    view_->showHits();
+    view_->showSelected();
 }
 
 void frmJump2File::SearchString_Enter() {

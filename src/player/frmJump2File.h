@@ -23,8 +23,14 @@ class Jump2FileView {
 public:
     virtual ~Jump2FileView() = default;
 
-    /// The hits or the selected one of them are others.
+    /// That text is to stand in the box for the words that are looked for, the caret behind it.
+    virtual void showText(const std::string& text) = 0;
+
+    /// The hits are others, and perhaps the selected one of them.
     virtual void showHits() = 0;
+
+    /// Another hit is selected.
+    virtual void showSelected() = 0;
 
     /// The number of hits may be another.
     virtual void showCount() = 0;
@@ -67,6 +73,10 @@ public:
 
     /// A tick box was set: the search is done anew.
     void Check1_Click(Check which, bool ticked);
+
+    /// Puts a text into the box, as if it were typed there. Nothing happens while the dialog is not
+    /// open.
+    void SearchString(const std::string& text);
 
     /// The text that is looked for became another: the first hit is selected.
     void SearchString_Change(std::string_view text);

@@ -11,6 +11,9 @@ namespace tovik::window {
 enum class WindowId : std::uint8_t {
     loadPreset,    ///< the names of the presets
     openDirectory, ///< adds a folder to the playlist
+    musicSearch,   ///< the search of the list by title
+    jumpToTrack,   ///< the row of a number
+    jumpToTime,    ///< a time of the track
     count,         ///< how many there are
 };
 

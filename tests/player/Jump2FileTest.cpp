@@ -37,7 +37,14 @@ protected:
         return titles;
     }
 
+    void showText(const std::string& text) override {
+        told_.push_back("text " + text);
+        dialog_.SearchString_Change(text);
+    }
+
     void showHits() override { told_.emplace_back("hits"); }
+
+    void showSelected() override { told_.emplace_back("selected"); }
 
     void showCount() override { told_.emplace_back("count"); }
 
@@ -63,6 +70,15 @@ TEST_F(Jump2File, opensWithEveryTitle) {
     EXPECT_EQ(dialog_.ListIndex(), 0);
     EXPECT_FALSE(dialog_.staysOnTop());
     EXPECT_EQ(dialog_.Label1("Titles found: [x]"), "Titles found: 2");
+}
+
+TEST_F(Jump2File, aTextThatWasTypedElsewhereIsLookedFor) {
+    addTitles({"one", "two"});
+    dialog_.SearchString("tw");
+    EXPECT_THAT(told_, IsEmpty());
+    open();
+    dialog_.SearchString("tw");
+    EXPECT_THAT(hits(), ElementsAre("two"));
 }
 
 TEST_F(Jump2File, eachChangeOfTheTextSelectsTheFirstHit) {
@@ -125,7 +141,9 @@ TEST_F(Moves, downGoesOnAndFromTheLastToTheFirst) {
     startWith(3);
     EXPECT_EQ(after(Move::down), 1);
     EXPECT_EQ(after(Move::down), 2);
+    told_.clear();
     EXPECT_EQ(after(Move::down), 0);
+    EXPECT_THAT(told_, ElementsAre("selected"));
 }
 
 TEST_F(Moves, upGoesBackAndFromTheFirstToTheLast) {
