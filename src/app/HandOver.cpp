@@ -50,7 +50,7 @@ void HandOver::carryOut(const host::InstanceMessage& message) {
 
 void HandOver::api_msg_change(const std::string& api_msg) {
     config::guard(core_.errors, config::player("api_msg"), [&] {
-        const double known = core_.settings.getAs("SHWND", base::textToNumber);
+        const double known = player::readLive(core_.settings, "SHWND", base::textToNumber);
         if (known == static_cast<double>(window_.handle())) {
             startFile_.playHandedOver(api_msg);
         }

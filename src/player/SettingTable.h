@@ -83,7 +83,7 @@ inline constexpr std::array kSettingTable{
     SettingRow{"CVP", SettingKind::number, &PlayerState::CurrentVisPlugin, ReadAt::group,
                SavedAt::end},
     SettingRow{"CLNG", SettingKind::text, &PlayerState::LanguageFile, ReadAt::groupLive},
-    SettingRow{"ASOT", SettingKind::number, &PlayerState::AlwaysOnTop},
+    SettingRow{"ASOT", SettingKind::number, &PlayerState::AlwaysOnTop, ReadAt::groupLive},
     SettingRow{"AFS", SettingKind::number, &PlayerState::AssociateAtStart},
     SettingRow{"CHKU", SettingKind::number, &PlayerState::CheckUpdates},
     SettingRow{"PICKROW", SettingKind::flag, &base::Comfort::alwaysPicksRow, ReadAt::group,
@@ -104,6 +104,9 @@ inline constexpr std::array kSettingTable{
     SettingRow{"OSD", SettingKind::flag, NoMember{}, ReadAt::live},
     SettingRow{"SLDT", SettingKind::number, NoMember{}, ReadAt::live},
     SettingRow{"SFA", SettingKind::text, NoMember{}, ReadAt::live},
+    SettingRow{"SHWND", SettingKind::number, NoMember{}, ReadAt::live},
+    SettingRow{"EM", SettingKind::flag, NoMember{}, ReadAt::live},
+    SettingRow{"MC", SettingKind::flag, NoMember{}, ReadAt::live},
 };
 
 /// The place of a key in the table, found while compiling: a key without a row does not compile.

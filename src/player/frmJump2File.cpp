@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "config/SettingText.h"
 #include "player/FadeTime.h"
+#include "player/LiveSetting.h"
 
 #include <algorithm>
 #include <iterator>
@@ -19,7 +20,7 @@ using playlist::TitleMatch;
 constexpr int kTimer1Ms = 100;
 constexpr int kTimer2Ms = 250;
 
-constexpr std::array<const char*, 2> kCheckSettings = {"EM", "MC"};
+constexpr std::array<LiveKey, 2> kCheckSettings = {LiveKey("EM"), LiveKey("MC")};
 
 /// How titles are compared, by the tick boxes: first exact match, then match case. A deliberate
 /// oddity: for exact matches the second box means the opposite.
@@ -56,9 +57,10 @@ void frmJump2File::Form_Load(Jump2FileView& view) {
     if (!search_) {
         search_.emplace(core_.lists.stdSS);
     }
-    staysOnTop_ = core_.settings.getAs("ASOT", config::settingToInt16) != 0;
+    staysOnTop_ = readLive(core_.settings, "ASOT", config::settingToInt16) != 0;
     for (std::size_t check = 0; check < checks_.size(); ++check) {
-        checks_.at(check) = core_.settings.getAs(kCheckSettings.at(check), config::settingToFlag);
+        checks_.at(check) =
+            readLive(core_.settings, kCheckSettings.at(check), config::settingToFlag);
     }
     search();
 }
@@ -71,7 +73,8 @@ void frmJump2File::Form_Unload() {
     listIndex_ = kNone;
     search_.reset();
     for (std::size_t check = 0; check < checks_.size(); ++check) {
-        core_.settings.saveSetting(kCheckSettings.at(check), config::flagText(checks_.at(check)));
+        core_.settings.saveSetting(kSettingTable.at(kCheckSettings.at(check).key.row).key,
+                                   config::flagText(checks_.at(check)));
     }
 }
 
