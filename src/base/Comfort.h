@@ -14,6 +14,14 @@ struct Comfort {
     bool resetsTitles = false;          ///< titles carried over in M3U files
     bool resolvesNames = false;         ///< relative names in M3U files
     bool keepsListOfFileStart = false;  ///< a session that began with a file
+    bool loadsChosenList = false;       ///< the M3U file of the load button
+    bool savesAnyEnding = false;        ///< a list saved under another ending
+    bool addsFilesOnce = false;         ///< files that come more than once with a folder
+    bool asksForLocation = false;       ///< the button for a location
+    bool clearsOnlyList = false;        ///< clearing beside the folder dialog
+    bool findsLargeFiles = false;       ///< large files below a folder
+    bool opensDroppedLists = false;     ///< a playlist file that is dropped
+    bool deletesMarkedRows = false;     ///< the delete button and marked rows
     bool writesFirstLength = false;     ///< the length of the first track
     bool showsOneFormOfTime = false;    ///< the time column of a played row
     bool goesOnFromSoundingRow = false; ///< the row chosen for Play

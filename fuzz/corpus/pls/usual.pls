@@ -1,0 +1,9 @@
+[playlist]
+File1=/a.mp3
+Title1=A
+Length1=215
+File2=http://x/y
+Title2=S
+Length2=-1
+NumberOfEntries=2
+Version=2
