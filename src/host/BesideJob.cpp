@@ -14,7 +14,7 @@ namespace tovik::host {
 namespace {
 
 /// What is done by then needs no step, and nothing changes under who waits for it.
-constexpr std::chrono::milliseconds kMoment{50};
+constexpr std::chrono::milliseconds kMoment{100};
 
 constexpr std::chrono::milliseconds kBetweenSteps{1};
 

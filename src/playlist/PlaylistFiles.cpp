@@ -5,10 +5,12 @@
 #include "base/FileErrors.h"
 #include "base/RegularFile.h"
 #include "base/Unicode.h"
+#include "host/BesideJob.h"
 #include "playlist/M3uList.h"
 #include "playlist/PlsList.h"
 
 #include <filesystem>
+#include <memory>
 #include <system_error>
 #include <utility>
 
@@ -17,10 +19,20 @@ namespace tovik::playlist {
 namespace {
 
 /// Read as a whole: a save of the same file during a pump step then changes nothing.
-std::error_code readText(const std::string& path, std::string& text) {
-    const std::error_code failure = base::readWholeFile(path, text);
-    text = base::withoutByteOrderMark(std::move(text));
-    return failure;
+struct WholeText {
+    std::error_code failure{};
+    std::string text{};
+};
+
+/// The text of a file; nothing when the program is ending. A disk that does not answer holds up
+/// nobody but the list.
+std::shared_ptr<const WholeText> readText(const std::string& path, host::MessagePump& pump) {
+    const auto read = std::make_shared<WholeText>();
+    const bool done = host::runBeside(pump, [read, path] {
+        read->failure = base::readWholeFile(path, read->text);
+        read->text = base::withoutByteOrderMark(std::move(read->text));
+    });
+    return done ? read : nullptr;
 }
 
 } // namespace
@@ -32,15 +44,18 @@ int PlaylistFiles::open_m3u(const std::string& Path) {
     if (Path.empty()) {
         return 0;
     }
-    std::string text;
-    base::raiseFailure(readText(Path, text));
-    return appendM3u(text, list_, pump_, StopM3u) == ReadEnd::ProgramEnding ? 0 : kRead;
+    const auto read = readText(Path, pump_);
+    if (!read) {
+        return 0;
+    }
+    base::raiseFailure(read->failure);
+    return appendM3u(read->text, list_, pump_, StopM3u) == ReadEnd::ProgramEnding ? 0 : kRead;
 }
 
 void PlaylistFiles::Openpls2(const std::string& Path) {
-    std::string text;
-    if (!readText(Path, text)) {
-        static_cast<void>(appendPls(text, list_, pump_));
+    const auto read = readText(Path, pump_);
+    if (read && !read->failure) {
+        static_cast<void>(appendPls(read->text, list_, pump_));
     }
 }
 

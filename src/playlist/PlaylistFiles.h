@@ -13,7 +13,8 @@ namespace tovik::playlist {
 class stdSS;
 
 /// Reads into one list and saves it between sessions. A read gives way to the rest of the program
-/// again and again, so the list may change meanwhile.
+/// again and again, so the list may change meanwhile; the file itself is read on a thread of its
+/// own.
 class PlaylistFiles {
 public:
     /// What a reader answers when it came to its end.

@@ -63,7 +63,10 @@ PlsKeys::PlsKeys(std::string_view text) {
             takeLine(*line);
         }
     }
-    std::ranges::stable_sort(keys_, {}, &Key::number);
+    // Lists that programs write are in order already.
+    if (!std::ranges::is_sorted(keys_, {}, &Key::number)) {
+        std::ranges::stable_sort(keys_, {}, &Key::number);
+    }
 }
 
 void PlsKeys::takeLine(std::string_view line) {
@@ -94,14 +97,16 @@ std::int32_t PlsKeys::highestNumber() const noexcept {
     return keys_.empty() ? 0 : keys_.back().number;
 }
 
-PlsEntry PlsKeys::entry(std::int32_t number) const {
+PlsEntry PlsKeys::entry(std::int32_t number) {
     PlsEntry entry;
-    for (auto key = std::ranges::lower_bound(keys_, number, {}, &Key::number);
-         key != keys_.end() && key->number == number; ++key) {
-        std::optional<std::string_view>& value = key->kind == Kind::File    ? entry.file
-                                                 : key->kind == Kind::Title ? entry.title
-                                                                            : entry.length;
-        value = value ? value : key->value;
+    for (; next_ < keys_.size() && keys_[next_].number <= number; ++next_) {
+        const Key& key = keys_[next_];
+        if (key.number == number) {
+            std::optional<std::string_view>& value = key.kind == Kind::File    ? entry.file
+                                                     : key.kind == Kind::Title ? entry.title
+                                                                               : entry.length;
+            value = value ? value : key.value;
+        }
     }
     return entry;
 }

@@ -33,7 +33,8 @@ public:
     /// The highest number that any key bears; 0 for none.
     [[nodiscard]] std::int32_t highestNumber() const noexcept;
 
-    [[nodiscard]] PlsEntry entry(std::int32_t number) const;
+    /// The keys with that number; numbers are asked for in ascending order.
+    [[nodiscard]] PlsEntry entry(std::int32_t number);
 
 private:
     enum class Kind : std::uint8_t { File, Title, Length };
@@ -48,6 +49,7 @@ private:
 
     std::optional<std::string_view> numberOfEntries_{};
     std::vector<Key> keys_; ///< by their numbers, those of one number as they stand in the file
+    std::size_t next_ = 0;  ///< the first that was not asked for yet
 };
 
 /// Appends the line that begins the list.

@@ -28,7 +28,7 @@ std::optional<std::int32_t> numberIn(std::optional<std::string_view> value) {
 } // namespace
 
 ReadEnd appendPls(std::string_view text, stdSS& list, host::MessagePump& pump) {
-    const PlsKeys keys(text);
+    PlsKeys keys(text);
     const std::int32_t count = std::min(numberIn(keys.numberOfEntries()).value_or(0),
                                         std::max(keys.highestNumber(), kMostEmptyEntries));
     std::int32_t seconds = 0;

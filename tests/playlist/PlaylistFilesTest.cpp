@@ -133,6 +133,35 @@ TEST_F(PlaylistFilesTest, listsThatBeginWithAByteOrderMark) {
     }
 }
 
+TEST_F(PlaylistFilesTest, whatOtherPlayersWrite) {
+    using namespace std::string_literals;
+    const std::string wide(64 * 1024, 'x');
+    // Line ends of three kinds, bytes of Windows-1252, names of other systems and addresses, a line
+    // of 64 KiB, a zero, and nothing behind the last line.
+    EXPECT_EQ(read("#EXTM3U\r#EXTINF:10,\x8Al\xE4ger\rB\xFChne\\\xE4.mp3\r\n"
+                   "#EXTINF:20,\xC5\xBD"
+                   "elja\n../up/a.mp3\n#EXTINF:-1,S\nhttp://h:80/s?a=1,2#x\n"
+                   "#EXTINF:30,"s +
+                   wide + "\n/" + wide + "\n#EXTINF:40,A\0B\n/a\0b"s),
+              1);
+    EXPECT_THAT(rows(), ElementsAre("B\xFChne\\\xE4.mp3|\x8Al\xE4ger|00:10|10",
+                                    "../up/a.mp3|\xC5\xBD"
+                                    "elja|00:20|20",
+                                    "http://h:80/s?a=1,2#x|S|00:00|-1",
+                                    "/" + wide + "|" + wide + "|00:30|30", "/a\0b|A\0B|00:40|40"s));
+}
+
+TEST_F(PlaylistFilesTest, aSavedListOfSuchNamesComesBack) {
+    using namespace std::string_literals;
+    folder.write("db/settings.xml", "");
+    EXPECT_EQ(read("#EXTINF:40,A\0B\n/a\0b\n#EXTINF:10,\x8Al\n\xE4.mp3"s), 1);
+    const std::vector<std::string> before = rows();
+    files.autosave_playlist();
+    list.Clear();
+    files.autoload_playlist();
+    EXPECT_EQ(rows(), before);
+}
+
 TEST_F(PlaylistFilesTest, filesThatCannotBeRead) {
     EXPECT_EQ(errorOf(folder / "none.m3u"), 53);
     EXPECT_EQ(errorOf(folder.path()), 75);
