@@ -46,7 +46,7 @@ inline constexpr std::uint32_t BASS_SAMPLE_FX = 128;  ///< the channel may have 
 inline constexpr std::uint32_t BASS_MUSIC_RAMP = 512; ///< accepted; modules are always ramped
 inline constexpr std::uint32_t BASS_STREAM_AUTOFREE = 0x40000; ///< freed when stopped
 inline constexpr std::uint32_t BASS_STREAM_DECODE = 0x200000;  ///< read by the caller, not heard
-inline constexpr std::uint32_t BASS_STREAM_META = 0x400000;
+inline constexpr std::uint32_t BASS_STREAM_META = 0x400000;    ///< ask for titles
 
 /// Filter type: one parametric equalizer band.
 inline constexpr std::uint32_t BASS_FX_PARAMEQ = 7;

@@ -59,6 +59,16 @@ std::optional<std::string> UnavailableCalls::BASS_StreamGetTags(Handle, std::uin
     return std::nullopt;
 }
 
+Handle UnavailableCalls::BASS_ChannelSetSyncMeta(Handle, MetaRoutine, std::uintptr_t) {
+    noteUnavailable();
+    return kNoHandle;
+}
+
+std::optional<StreamReport> UnavailableCalls::streamReport(Handle) {
+    noteUnavailable();
+    return std::nullopt;
+}
+
 bool UnavailableCalls::BASS_Encode_Start(Handle, std::string_view, std::uint32_t) {
     noteUnavailable();
     return false;

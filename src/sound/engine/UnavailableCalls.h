@@ -32,6 +32,9 @@ public:
     Handle BASS_StreamCreateURL(std::string_view url, std::uint32_t offset, std::uint32_t flags,
                                 DownloadRoutine routine, std::uintptr_t user) override;
     std::optional<std::string> BASS_StreamGetTags(Handle stream, std::uint32_t tags) override;
+    Handle BASS_ChannelSetSyncMeta(Handle stream, MetaRoutine routine,
+                                   std::uintptr_t user) override;
+    std::optional<StreamReport> streamReport(Handle stream) override;
 
     bool BASS_Encode_Start(Handle channel, std::string_view commandLine,
                            std::uint32_t flags) override;

@@ -62,6 +62,9 @@ void FakeSoundLibrary::elapse(std::int64_t milliseconds) {
         }
         const std::int64_t length = bytesOf(channel.file, channel.file.seconds);
         channel.position += milliseconds * channel.file.rate / 1000 * frameBytes(channel.file);
+        if (channel.file.kind == FakeKind::station) {
+            continue;
+        }
         if (channel.position >= length && channel.file.kind == FakeKind::music) {
             channel.position -= length;
         } else if (channel.position >= length) {
@@ -98,6 +101,7 @@ bool FakeSoundLibrary::free(Handle handle, bool music) {
         return false;
     }
     std::erase_if(effects, [&](const auto& effect) { return effect.second.channel == handle; });
+    stations.erase(handle);
     return channels_.erase(handle) == 1;
 }
 
@@ -121,6 +125,7 @@ bool FakeSoundLibrary::BASS_Init(int device, std::uint32_t freq, std::uint32_t f
 bool FakeSoundLibrary::BASS_Free() {
     calls.push_back(call("BASS_Free"));
     channels_.clear();
+    stations.clear();
     effects.clear();
     return std::exchange(initialized, false);
 }
@@ -200,6 +205,12 @@ Handle FakeSoundLibrary::BASS_CD_StreamCreate(std::uint32_t drive, std::uint32_t
     calls.push_back(call("BASS_CD_StreamCreate", drive, track, flags));
     const auto found = discTracks.find(track);
     return drive == 0 && found != discTracks.end() ? add(found->second, flags) : sound::kNoHandle;
+}
+
+Handle FakeSoundLibrary::addStation(std::string_view url, std::uint32_t offset,
+                                    std::uint32_t flags) {
+    calls.push_back(call("BASS_StreamCreateURL", url, offset, flags));
+    return initialized ? add({.kind = FakeKind::station}, flags) : sound::kNoHandle;
 }
 
 std::uint32_t FakeSoundLibrary::BASS_WMA_GetIWMReader(Handle stream) {

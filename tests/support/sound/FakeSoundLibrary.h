@@ -4,6 +4,7 @@
 #pragma once
 
 #include "sound/SoundLibrary.h"
+#include "support/sound/FakeStations.h"
 #include "support/sound/UnusedOperations.h"
 
 #include <map>
@@ -13,7 +14,7 @@
 
 namespace tovik::test {
 
-enum class FakeKind { stream, music, wma, flac, disc };
+enum class FakeKind { stream, music, wma, flac, disc, station };
 
 /// What a decoder finds in a file.
 struct FakeFile {
@@ -26,7 +27,7 @@ struct FakeFile {
 
 class FakeSoundLibrary final : public sound::SoundLibrary,
                                public UnusedDiscs,
-                               public UnusedNetwork,
+                               public FakeStations,
                                public UnusedEncoders,
                                public UnusedVisuals {
 public:
@@ -150,6 +151,10 @@ public:
     sound::Handle BASS_RecordStart(std::uint32_t freq, std::uint32_t channels,
                                    sound::RecordRoutine routine, std::uintptr_t user) override;
     bool BASS_RecordFree() override;
+
+protected:
+    sound::Handle addStation(std::string_view url, std::uint32_t offset,
+                             std::uint32_t flags) override;
 
 private:
     [[nodiscard]] Channel* find(sound::Handle handle);

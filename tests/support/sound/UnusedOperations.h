@@ -25,18 +25,6 @@ public:
     bool BASS_CD_Door(std::uint32_t, std::uint32_t) override { return false; }
 };
 
-class UnusedNetwork : public virtual sound::NetworkOperations {
-public:
-    sound::Handle BASS_StreamCreateURL(std::string_view, std::uint32_t, std::uint32_t,
-                                       sound::DownloadRoutine, std::uintptr_t) override {
-        return sound::kNoHandle;
-    }
-
-    std::optional<std::string> BASS_StreamGetTags(sound::Handle, std::uint32_t) override {
-        return {};
-    }
-};
-
 class UnusedEncoders : public virtual sound::EncodeOperations {
 public:
     bool BASS_Encode_Start(sound::Handle, std::string_view, std::uint32_t) override {
