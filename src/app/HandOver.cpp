@@ -23,6 +23,7 @@ host::InstanceMessage messageOf(const StartOptions& options) {
 
 } // namespace
 
+/// A deliberate oddity: no switch is looked at, and of several files the first goes over.
 void HandOver::meetOtherInstance() {
     if (player::readLive(core_.settings, "MI", config::settingToInt16) != 0 ||
         !process_.anotherInstance()) {
@@ -50,6 +51,7 @@ void HandOver::carryOut(const host::InstanceMessage& message) {
 
 void HandOver::api_msg_change(const std::string& api_msg) {
     config::guard(core_.errors, config::player("api_msg"), [&] {
+        // A deliberate oddity: with another number in the settings the file is lost without a word.
         const double known = player::readLive(core_.settings, "SHWND", base::textToNumber);
         if (known == static_cast<double>(window_.handle())) {
             startFile_.playHandedOver(api_msg);

@@ -55,6 +55,7 @@ void StartFile::openArgument() {
 }
 
 void StartFile::playHandedOver(const std::string& path) {
+    // A deliberate oddity: emptied also for a file that is not there.
     core_.lists.stdSS.Clear();
     if (const auto problem = problemOf(path)) {
         throw *problem;

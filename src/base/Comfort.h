@@ -28,6 +28,13 @@ struct Comfort {
     bool keepsLookOnEntry = false;      ///< the played look when rows make room
     bool clearsLookAtStop = false;      ///< the played look behind Stop
 
+    bool addsHandedOver = false;      ///< a switch for a player that runs
+    bool keepsListForMissing = false; ///< a file that is handed over and is not there
+    bool takesAnyHandOver = false;    ///< a window's number that is out of date
+    bool keepsMeaningOfCase = false;  ///< exact matches and the box for the case
+    bool namesSoundingTrack = false;  ///< the track of the jump to a row
+    bool showsHours = false;          ///< the hours in the jump to a time
+
     // What follows, and how.
     bool alwaysPicksRow = false;        ///< the pick that is no row
     bool remembersPicks = false;        ///< shuffle without a memory

@@ -21,6 +21,7 @@ playlist::Row numberIn(std::string_view text) {
 
 void frmJump2Track::Form_Load() {
     ListCount_ = core_.lists.stdSS.ListCount();
+    // A deliberate oddity: what was fetched last, by whomever, not what sounds.
     playing_ = core_.lists.stdSS.OutTitle;
     row_ = 0;
 }

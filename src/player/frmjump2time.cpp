@@ -48,6 +48,7 @@ std::string frmjump2time::lbldur() const {
 }
 
 std::string frmjump2time::Text1() const {
+    // A deliberate oddity: without the hours it is another place.
     return base::lastFive(time_.GetPlayingPos(core_.state.active()));
 }
 

@@ -88,7 +88,14 @@ class RecordingOpener final : public window::WindowOpener {
 public:
     std::vector<window::WindowId> opened;
 
-    void open(window::WindowId id) override { opened.push_back(id); }
+    window::WindowOpener* next = nullptr; ///< who opens it in truth; none: nobody
+
+    void open(window::WindowId id) override {
+        opened.push_back(id);
+        if (next != nullptr) {
+            next->open(id);
+        }
+    }
 };
 
 /// Writes into the same list that nothing plays.

@@ -2,6 +2,7 @@
 // The controls of the whole player's window.
 #include "app/AppRig.h"
 #include "app/MainWindow.h"
+#include "dialogs/DialogOpener.h"
 #include "ui/qt/WindowRig.h"
 
 #include <QApplication>
@@ -99,6 +100,29 @@ TEST_F(MainControlsTest, theStationsLeaveWithTheNextTickAfterTheirPanel) {
     EXPECT_THAT(visibleControls(), ElementsAre("stdSS", "RadioLst", "musicSearchTxt"));
     tick();
     EXPECT_THAT(visibleControls(), ElementsAre("stdSS", "musicSearchTxt"));
+}
+
+TEST_F(MainControlsTest, whatIsTypedIntoTheSearchFieldGoesToTheSearch) {
+    dialogs::DialogOpener opener(host_.dispatcher);
+    windows_.next = &opener;
+    opener.attach(real_->dialogs(), shown_->widget());
+    switchTo("00100");
+    auto& field = control<QLineEdit>("musicSearchTxt");
+    QTest::mouseClick(&field, Qt::LeftButton);
+    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Left, Qt::Key_Backspace}) {
+        QTest::keyClick(&field, key);
+        EXPECT_TRUE(windows_.opened.empty());
+    }
+    field.selectAll();
+    QTest::keyClick(&field, Qt::Key_B);
+    ASSERT_EQ(windows_.opened, std::vector{window::WindowId::musicSearch});
+    auto& text = control<QLineEdit>("SearchString");
+    EXPECT_EQ(text.text(), "b");
+    EXPECT_EQ(text.cursorPosition(), 1);
+    QTest::keyClick(&field, Qt::Key_Period); // typed on before the search has the keyboard
+    EXPECT_EQ(text.text(), "b.");
+    EXPECT_EQ(real_->search().jump2File.List1(), std::vector<playlist::Row>{2});
+    windows_.next = nullptr;
 }
 
 TEST_F(MainControlsTest, aDoubleClickOnARowPlaysIt) {
