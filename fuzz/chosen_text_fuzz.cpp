@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Takes the input for what a file dialog answered, and for the paths that it was made of: these
-// come back as they were.
+// come back as they were, if they are as dialogs give them, with one "/" between folders.
 #include "host/DialogText.h"
 #include "playlist/AddMedia.h"
 
@@ -17,7 +17,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::vector<std::string> paths;
     playlist::splitChosen(text, [&paths](const std::string& path) { paths.push_back(path); });
     std::erase_if(paths, [](const std::string& path) {
-        return !path.starts_with('/') || path.ends_with('/');
+        return !path.starts_with('/') || path.ends_with('/') ||
+               path.find("//") != std::string::npos;
     });
     std::vector<std::string> again;
     playlist::splitChosen(host::chosenText(paths),

@@ -22,11 +22,12 @@ constexpr std::size_t kSaveTitle = 7;
 } // namespace
 
 Filling::Filling(const Needs& needs, const host::Host& host)
-    : media(needs.lists.stdSS, host.dialogs, needs.core.errors, titleOf(needs.elements, kAddTitle)),
-      files(needs.lists.stdSS, needs.lists.files, host.dialogs, host.paths,
+    : media(needs.core.lists.stdSS, host.dialogs, needs.core.errors,
+            titleOf(needs.elements, kAddTitle)),
+      files(needs.core.lists.stdSS, needs.files, host.dialogs, host.paths,
             {.load = titleOf(needs.elements, kLoadTitle),
              .save = titleOf(needs.elements, kSaveTitle)}),
-      openDirectory(needs.core, host.pump), buttons(needs.core, needs.lists.files, openDirectory),
+      openDirectory(needs.core, host.pump), buttons(needs.core, needs.files, openDirectory),
       window_(needs.window), windows_(needs.windows) {}
 
 void Filling::bind(commands::Commands& commands) {

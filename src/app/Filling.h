@@ -3,7 +3,6 @@
 // thread.
 #pragma once
 
-#include "app/Lists.h"
 #include "commands/Commands.h"
 #include "host/Host.h"
 #include "player/Core.h"
@@ -11,6 +10,7 @@
 #include "player/ListButtons.h"
 #include "playlist/AddMedia.h"
 #include "playlist/ListDialogs.h"
+#include "playlist/PlaylistFiles.h"
 #include "window/MainElements.h"
 #include "window/PlayerWindow.h"
 #include "window/WindowOpener.h"
@@ -24,7 +24,7 @@ class Filling {
 public:
     struct Needs {
         const player::Core& core;
-        Lists& lists;
+        playlist::PlaylistFiles& files;
         window::PlayerWindow& window;
         window::WindowOpener& windows;
         const window::MainElements& elements; ///< hold the titles of the dialogs
