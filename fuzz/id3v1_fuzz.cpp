@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Takes the input for an MP3 file: its tag is read, written back and removed. Everything in front
 // of the tag stays as it was.
-#include "base/AtomicFile.h"
-#include "base/RegularFile.h"
 #include "base/RuntimeError.h"
-#include "host/Dialogs.h"
+#include "SilentDialogs.h"
 #include "tags/cMP3ID3v1.h"
 #include "tags/ShownField.h"
 
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
 #include <unistd.h>
@@ -18,36 +15,8 @@ namespace {
 
 using namespace tovik;
 
-class SilentDialogs final : public host::Dialogs {
-public:
-    host::MessageAnswer showMessage(const host::MessageBox& box) override {
-        return box.defaultAnswer;
-    }
-
-    [[nodiscard]] std::vector<std::string> openFiles(const host::FileDialog&) override {
-        return {};
-    }
-
-    [[nodiscard]] std::optional<std::string> saveFile(const host::FileDialog&) override {
-        return std::nullopt;
-    }
-
-    [[nodiscard]] std::optional<std::string> chooseFolder(const host::FolderDialog&) override {
-        return std::nullopt;
-    }
-};
-
-void demand(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
-
-std::string content(const std::string& path) {
-    std::string bytes;
-    demand(!base::readWholeFile(path, bytes));
-    return bytes;
-}
+using fuzz::content;
+using fuzz::demand;
 
 constexpr std::size_t kTagBytes = 128;
 
@@ -58,7 +27,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const std::string path = "/dev/shm/tovik-id3v1-fuzz-" + std::to_string(::getpid());
     const std::string bytes(data, data + size);
     demand(!base::replaceFile(path, bytes, base::Flush::No));
-    SilentDialogs dialogs;
+    fuzz::SilentDialogs dialogs;
     tags::TagWarning warning(dialogs);
     tags::cMP3ID3v1 tag(warning);
     tag.MP3File(path);

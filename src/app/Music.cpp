@@ -22,7 +22,7 @@ constexpr std::uint32_t kInputOn = 131072;
 
 Music::Music(const player::Core& core, player::StartEqualizer& equalizer,
              const player::PlayerHandle& window, const host::Host& host, Process& process)
-    : core_(core), window_(window), process_(process), tagWarning_(host.dialogs), tag(tagWarning_),
+    : core_(core), window_(window), process_(process), tagWarning(host.dialogs), tag(tagWarning),
       playback(core, tag, equalizer, window, host.random) {
     core.lists.stdSS.setEvents(this);
     // The other timers wait until a track plays, their mode is on or a panel is switched.

@@ -52,9 +52,9 @@ private:
     const player::Core& core_;
     const player::PlayerHandle& window_;
     Process& process_;
-    tags::TagWarning tagWarning_;
 
 public:
+    tags::TagWarning tagWarning;
     tags::cMP3ID3v1 tag;
     player::Playback playback;
 };

@@ -24,6 +24,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
       tone_(core_, ground_.stored, host.dialogs, windows),
       music_(core_, tone_.equalizer, window, host, process_),
       search_(core_, music_.playback, windows),
+      tagging_(core_, host, music_.tagWarning, ground_.language, windows),
       startFile_(core_, music_.playback, lists_.files, music_.tag, options_.commandLine),
       autoload_(core_, lists_, music_.playback.rows),
       front_({.core = core_,
@@ -48,6 +49,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     tone_.bind(commands_);
     music_.bind(commands_);
     search_.bind(commands_);
+    tagging_.bind(commands_);
     front_.bind(commands_);
     filling_.bind(commands_);
     front_.enableButtons(commands_);

@@ -13,6 +13,7 @@
 #include "app/Process.h"
 #include "app/Search.h"
 #include "app/StartFile.h"
+#include "app/Tagging.h"
 #include "app/Tone.h"
 #include "dialogs/DialogLogic.h"
 
@@ -57,6 +58,8 @@ public:
 
     [[nodiscard]] Music& music() { return music_; }
 
+    [[nodiscard]] Tagging& tagging() { return tagging_; }
+
     [[nodiscard]] window::MainView& view() { return front_.view; }
 
     [[nodiscard]] commands::Commands& commands() { return commands_; }
@@ -69,7 +72,8 @@ public:
                 .openDirectory = filling_.openDirectory,
                 .jump2File = search_.jump2File,
                 .jump2Track = search_.jump2Track,
-                .jump2time = search_.jump2time};
+                .jump2time = search_.jump2time,
+                .mp3Tag = tagging_.editor};
     }
 
     // What is asked for most ----------------------------------------------------------------------
@@ -129,6 +133,7 @@ private:
     Tone tone_;
     Music music_;
     Search search_;
+    Tagging tagging_;
     StartFile startFile_;
     Autoload autoload_;
     commands::Commands commands_;

@@ -17,6 +17,10 @@ using Row = LanguageRow;
 /// The English of "TovikNotice".
 inline constexpr auto kEnglishNotices = std::to_array<std::string_view>({
     "Changes are not kept",
+    "These parts of the ID3v2 tag will be lost: [x]",
+    "Save all the same",
+    "Cancel",
+    "This file is no MPEG audio: its tags cannot be changed.",
 });
 
 /// The English of "TovikNames".
@@ -76,7 +80,7 @@ inline constexpr std::array<LanguageSectionRow, kLanguageSections> kSections{{
     {S::Prompt, "Prompt", 4, W::None},
     {S::Error, "Error", 2, W::None},
     {S::Shortcuts, "Shortcuts", 36, W::frmPreferences},
-    {S::Notice, "TovikNotice", 1, W::None, kEnglishNotices},
+    {S::Notice, "TovikNotice", static_cast<int>(kEnglishNotices.size()), W::None, kEnglishNotices},
     {S::TovikNames, "TovikNames", static_cast<int>(kEnglishNames.size()), W::frmPlayer,
      kEnglishNames},
     {S::TovikLists, "TovikLists", static_cast<int>(kEnglishLists.size()), W::frmPlayer,

@@ -12,6 +12,7 @@ class frmJump2Track;
 class frmjump2time;
 class frmLoadPreset;
 class frmOpenDirectory;
+class frmMp3Tag;
 } // namespace tovik::player
 
 namespace tovik::dialogs {
@@ -24,6 +25,7 @@ struct DialogLogic {
     player::frmJump2File& jump2File;
     player::frmJump2Track& jump2Track;
     player::frmjump2time& jump2time;
+    player::frmMp3Tag& mp3Tag;
 };
 
 } // namespace tovik::dialogs

@@ -4,6 +4,7 @@
 #include "dialogs/JumpToTimeDialog.h"
 #include "dialogs/JumpToTrackDialog.h"
 #include "dialogs/LoadPresetDialog.h"
+#include "dialogs/Mp3TagDialog.h"
 #include "dialogs/MusicSearchDialog.h"
 #include "dialogs/OpenDirectoryDialog.h"
 
@@ -40,6 +41,11 @@ constexpr std::array kTable = {
               [](const DialogParts& parts) -> Dialog& {
                   return *new JumpToTimeDialog(parts.logic.jump2time, parts.logic.language,
                                                parts.dispatcher, parts.parent);
+              }},
+    DialogRow{WindowId::mp3Tag, DialogKind::beside,
+              [](const DialogParts& parts) -> Dialog& {
+                  return *new Mp3TagDialog(parts.logic.mp3Tag, parts.logic.language,
+                                           parts.dispatcher, parts.parent);
               }},
 };
 

@@ -23,6 +23,8 @@ struct MessageBox {
     MessageIcon icon = MessageIcon::None;
     MessageButtons buttons = MessageButtons::Ok;
     MessageAnswer defaultAnswer = MessageAnswer::Ok;
+    std::string okCaption{};     ///< empty: the system's word for that button
+    std::string cancelCaption{}; ///< the same
 };
 
 /// One line of a file dialog's filter, such as {"Audio files (*.mp3)", {"*.mp3", "*.mp?"}}: the

@@ -32,7 +32,8 @@ std::error_code findRoom(const RegularFile& file, Room& room) {
         return failure;
     }
     if (head.size() == static_cast<std::size_t>(kTagHeadBytes) && head.starts_with(kTagMark)) {
-        room.bytes = firstSound(file, kTagHeadBytes).value_or(0);
+        // From the mark on: what only looks like a head may be sound.
+        room.bytes = firstSound(file, static_cast<std::int64_t>(kTagMark.size())).value_or(0);
         room.size = head.substr(kSizeAt);
     }
     return {};

@@ -14,6 +14,7 @@ enum class WindowId : std::uint8_t {
     musicSearch,   ///< the search of the list by title
     jumpToTrack,   ///< the row of a number
     jumpToTime,    ///< a time of the track
+    mp3Tag,        ///< the tag editor
     count,         ///< how many there are
 };
 

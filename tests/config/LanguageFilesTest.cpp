@@ -130,7 +130,7 @@ TEST_P(LanguageFiles, placeholdersStandWhereTheyAreReplaced) {
     const std::map<std::pair<std::string, int>, std::size_t> expected{
         {{"PlayerWin", 41}, 1}, {{"PlayerWin", 42}, 1},    {{"PlayerWin", 43}, 1},
         {{"PlayerWin", 50}, 1}, {{"frmSearchSong", 2}, 1}, {{"frmMp3Tag", 19}, 1},
-        {{"Prompt", 2}, 1}};
+        {{"Prompt", 2}, 1},     {{"TovikNotice", 1}, 1}};
     for (const LanguageSectionRow& section : languageSections()) {
         for (int number = 0; number < itemsInFiles(section); ++number) {
             const auto row = expected.find({std::string(section.name), number});

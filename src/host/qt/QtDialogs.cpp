@@ -4,6 +4,7 @@
 #include "base/PathText.h"
 #include "base/Windows1252.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QFile>
 #include <QFileDialog>
@@ -110,6 +111,13 @@ MessageAnswer QtDialogs::showMessage(const MessageBox& box) {
                        lookUp(kButtons, box.buttons), QApplication::activeWindow());
     window.setTextFormat(Qt::PlainText);
     window.setDefaultButton(lookUp(kAnswers, box.defaultAnswer));
+    for (const auto& [button, caption] :
+         {std::pair{Button::Ok, &box.okCaption}, {Button::Cancel, &box.cancelCaption}}) {
+        if (QAbstractButton* const widget = window.button(button);
+            widget != nullptr && !caption->empty()) {
+            widget->setText(shown(*caption));
+        }
+    }
     const int pressed = window.exec();
     openTexts_.erase(box.text);
     const auto* const answer =
