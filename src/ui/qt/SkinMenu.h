@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A menu on the screen: it shows what stands below an item of `cMenus`, asks it by messages how
+// large its items are and to draw them, and tells it by messages what is chosen. Interface thread.
+#pragma once
+
+#include "host/Dispatcher.h"
+#include "menus/cMenus.h"
+#include "ui/qt/MenuPictures.h"
+#include "ui/qt/QtText.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <QMenu>
+#include <QPointer>
+#include <QProxyStyle>
+
+namespace tovik::ui {
+
+class SkinMenus;
+
+class SkinMenu final : public QMenu {
+public:
+    /// Shows what is below the item with that id. `menus` outlives the menu.
+    SkinMenu(SkinMenus& menus, int parentId);
+
+    [[nodiscard]] SkinMenus& menus() const { return menus_; }
+
+    /// The item of the action that an option was made for; 0 for none.
+    [[nodiscard]] static int idOf(const QStyleOption* option);
+
+    /// Its text, for a style that draws it itself.
+    [[nodiscard]] QString textOf(int id) const;
+
+protected:
+    void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
+
+private:
+    void fill();
+    void addItem(int index);
+
+    SkinMenus& menus_;
+    int parentId_;
+};
+
+/// The menus of one model. Made when the first is to be shown.
+class SkinMenus final : public menus::MenuFacility {
+public:
+    struct Needs {
+        const menus::cMenus& model;
+        MessageWindow& window; ///< that the model listens to
+        const host::Dispatcher& dispatcher;
+        /// Where a box of the window that pops menus up is on the screen.
+        std::function<QRect(const menus::MenuPlace&)> onScreen;
+    };
+
+    /// What the needs name outlives the menus.
+    explicit SkinMenus(Needs needs);
+    ~SkinMenus() override;
+    SkinMenus(const SkinMenus&) = delete;
+    SkinMenus& operator=(const SkinMenus&) = delete;
+
+    [[nodiscard]] menus::MenuHandle CreatePopupMenu(int parentId) override;
+    void DestroyMenu(menus::MenuHandle menu) override;
+    void TrackPopupMenu(menus::MenuHandle menu, const menus::MenuPlace& place) override;
+
+    /// Null for a handle that is none.
+    [[nodiscard]] SkinMenu* menu(menus::MenuHandle menu) const;
+
+    [[nodiscard]] const menus::cMenus& model() const { return needs_.model; }
+
+    [[nodiscard]] const TextEngine& text() const { return text_; }
+
+    [[nodiscard]] QStyle& style() const { return *style_; }
+
+    /// Sends a message to the window, through the dispatcher.
+    MessageResult send(const WindowMessage& message) const;
+
+private:
+    Needs needs_;
+    QtText text_;
+    std::unique_ptr<QStyle> style_;
+    std::map<menus::MenuHandle, std::unique_ptr<SkinMenu>> menus_;
+    menus::MenuHandle last_ = 0;
+};
+
+} // namespace tovik::ui
