@@ -11,7 +11,8 @@ using window::MainElement;
 MainControls::MainControls(frmPlayer& player, ui::SkinWindow& window,
                            const host::Dispatcher& dispatcher)
     : player_(player), window_(window), dispatcher_(dispatcher),
-      quickList_(player.List1(), player.stdSS(), player.music().playback.rows),
+      quickList_(player.List1(), player.stdSS(), player.music().playback.rows,
+                 &player.menus().frmTSR),
       text4_(new QWidget) {
     text4_->setFocusPolicy(Qt::StrongFocus);
     text4_->setAttribute(Qt::WA_NoSystemBackground);
@@ -51,7 +52,8 @@ void MainControls::addQuickList() {
 
 ui::ListWidget& MainControls::addList(MainElement element, const char* objectName,
                                       playlist::stdSS& list) {
-    window::ListRows& rows = *rows_.emplace_back(std::make_unique<window::ListRows>(list));
+    window::ListRows& rows = *rows_.emplace_back(std::make_unique<window::ListRows>(
+        list, element == MainElement::lstTracks ? nullptr : &player_.menus().frmTSR));
     auto* widget = new ui::ListWidget(rows, rows, dispatcher_);
     widget->setObjectName(QString::fromLatin1(objectName));
     widget->setColours(window::kListColours);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
 
+#include "ui/qt/SkinMenu.h"
+#include "ui/qt/SystemColour.h"
 #include "window/MainAccess.h"
 #include "window/MainRows.h"
 
@@ -111,6 +113,24 @@ bool MainWindow::fitsScreen(int width, int height) const {
     return std::ranges::any_of(screens, [width, height](const QScreen* screen) {
         return screen->size().width() >= width && screen->size().height() >= height;
     });
+}
+
+std::optional<ui::Colour> MainWindow::systemColour(int number) const {
+    return ui::systemColour(number);
+}
+
+std::unique_ptr<menus::MenuFacility> MainWindow::makeMenus(const menus::cMenus& model,
+                                                           ui::MessageWindow& messages) {
+    if (!skin_) {
+        return nullptr;
+    }
+    return std::make_unique<ui::SkinMenus>(
+        ui::SkinMenus::Needs{.model = model,
+                             .window = messages,
+                             .dispatcher = host_.dispatcher,
+                             .onScreen = [this](const menus::MenuPlace& place) {
+                                 return skin_ ? skin_->onScreen(place) : QRect();
+                             }});
 }
 
 std::uintptr_t MainWindow::handle() const {

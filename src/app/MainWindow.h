@@ -5,6 +5,7 @@
 
 #include "app/frmPlayer.h"
 #include "app/MainControls.h"
+#include "ui/qt/MenuPictures.h"
 #include "ui/qt/SkinWindow.h"
 #include "ui/qt/SplashWindow.h"
 #include "window/PlayerWindow.h"
@@ -46,6 +47,12 @@ public:
     void setTopmost(bool topmost) override;
     [[nodiscard]] bool fitsScreen(int width, int height) const override;
     [[nodiscard]] std::uintptr_t handle() const override;
+
+    [[nodiscard]] const menus::MenuImages* menuImages() const override { return &menuImages_; }
+
+    [[nodiscard]] std::optional<ui::Colour> systemColour(int number) const override;
+    [[nodiscard]] std::unique_ptr<menus::MenuFacility>
+    makeMenus(const menus::cMenus& model, ui::MessageWindow& messages) override;
     void moveTo(int left, int top) override;
     [[nodiscard]] int left() const override;
     [[nodiscard]] int top() const override;
@@ -67,6 +74,7 @@ private:
     };
 
     host::Host host_;
+    ui::MenuPictures menuImages_;
     Outline outline_{*this};
     std::unique_ptr<MainControls> controls_; ///< outlives the widgets, which ask it
     std::unique_ptr<ui::SkinWindow> skin_;

@@ -14,10 +14,7 @@ void Tone::bind(commands::Commands& commands) {
     commands.bind(CommandId::equalizer, {.run = [this] { equalizer.flip(); },
                                          .checked = [this] { return core_.state.EqualizerOn; }});
     commands.bind(CommandId::resetEqualizer, [this] { equalizer.resetbt_Click(); });
-    // The button's menu is not there yet: its first entry answers.
-    for (const CommandId id : {CommandId::loadPreset, CommandId::presetMenu}) {
-        commands.bind(id, [this] { windows_.open(window::WindowId::loadPreset); });
-    }
+    commands.bind(CommandId::loadPreset, [this] { windows_.open(window::WindowId::loadPreset); });
     commands.bind(CommandId::loadPresetFile, [this] { files.load_teq(); });
     commands.bind(CommandId::savePresetFile, [this] { files.save_teq(); });
 }

@@ -27,6 +27,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
       tagging_(core_, host, music_.tagWarning, ground_.language, windows),
       startFile_(core_, music_.playback, lists_.files, music_.tag, options_.commandLine),
       autoload_(core_, lists_, music_.playback.rows),
+      menus_(commands_, ground_.menuTexts, window, ground_.errors, host.paths),
       front_({.core = core_,
               .knobs = {.seek = music_.playback.seek,
                         .volume = music_.playback.volume,
@@ -34,7 +35,8 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                         .equalizer = tone_.equalizer},
               .commands = commands_,
               .window = window,
-              .host = host},
+              .host = host,
+              .menus = &menus_.frmTSR},
              ground_.stored, ground_.language),
       filling_({.core = core_,
                 .files = lists_.files,
@@ -52,6 +54,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     tagging_.bind(commands_);
     front_.bind(commands_);
     filling_.bind(commands_);
+    menus_.bind(commands_, front_.view.elements, front_.view.input.keyWindow());
     front_.enableButtons(commands_);
 }
 

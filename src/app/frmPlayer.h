@@ -9,6 +9,7 @@
 #include "app/Ground.h"
 #include "app/HandOver.h"
 #include "app/Lists.h"
+#include "app/Menus.h"
 #include "app/Music.h"
 #include "app/Process.h"
 #include "app/Search.h"
@@ -61,6 +62,8 @@ public:
     [[nodiscard]] Tagging& tagging() { return tagging_; }
 
     [[nodiscard]] window::MainView& view() { return front_.view; }
+
+    [[nodiscard]] Menus& menus() { return menus_; }
 
     [[nodiscard]] commands::Commands& commands() { return commands_; }
 
@@ -137,6 +140,7 @@ private:
     StartFile startFile_;
     Autoload autoload_;
     commands::Commands commands_;
+    Menus menus_;
     Front front_;
     Filling filling_;
     HandOver handOver_;

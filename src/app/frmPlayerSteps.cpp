@@ -37,6 +37,7 @@ const std::span<const frmPlayer::Step> frmPlayer::kLoadSteps = [] {
         Step{"record the mix for visualisations", in<&P::music_, &Music::openRecording>},
         Step{"draw the equalizer", in<&P::front_, &Front::drawEqualizer>},
         Step{"show the volume", in<&P::front_, &Front::showVolume>},
+        Step{"load the menus", in<&P::menus_, &Menus::load>},
         Step{"show the modes", in<&P::front_, &Front::showModes>},
         Step{"lay out the quick list", in<&P::front_, &Front::showQuickList>},
         Step{"apply the balance", in<&P::music_, &Music::applyBalance>},
@@ -67,6 +68,8 @@ const std::span<const frmPlayer::Step> frmPlayer::kEndSteps = [] {
         // The saved list is read once the window is shown.
         Step{"save the list", in<&P::lists_, &Lists::saveList>, false,
              in<&P::front_, &Front::showWindow>},
+        Step{"save the shortcuts", in<&P::menus_, &Menus::saveShortcuts>, false,
+             in<&P::menus_, &Menus::load>},
         Step{"hide the window", in<&P::front_, &Front::hideWindow>},
         Step{"finish lists that are being saved", in<&P::filling_, &Filling::finishSaves>},
         Step{"save the settings", &P::saveSettings},

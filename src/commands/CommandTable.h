@@ -84,6 +84,10 @@ enum class CommandId : std::uint8_t {
     radioPlay,
     radioDelete,
     radioInfo,
+    // The list that was asked for a menu.
+    listPlay,
+    listDelete,
+    listInfo,
     // The program.
     mainMenu,
     minimise,

@@ -26,6 +26,7 @@ constexpr std::array kNames{
     Row{DataItem::UnsavedList, "db/autosave.new.m3u"},
     Row{DataItem::ErrorLog, "db/err.log"},
     Row{DataItem::Stations, "db/stations.dat"},
+    Row{DataItem::Shortcuts, "db/shortcuts.dat"},
     Row{DataItem::Languages, "Languages"},
     Row{DataItem::SkinPackage, "skins/base.tsf"},
     Row{DataItem::CurrentSkin, "skins/CurrentSkin"},

@@ -14,6 +14,7 @@ enum class DataItem {
     UnsavedList,
     ErrorLog,
     Stations,
+    Shortcuts,
     Languages,
     SkinPackage,
     CurrentSkin,

@@ -6,10 +6,11 @@
 #include "menus/clsStoreMenu.h"
 #include "ui/Element.h"
 
+#include <optional>
+
 namespace tovik::menus {
 
-/// Where a menu appears: below a box of the window that pops it up, in skin pixels. An empty box is
-/// a point.
+/// Where a menu appears: below a box of the window that pops it up, in skin pixels.
 using MenuPlace = ui::Box;
 
 class MenuFacility {
@@ -23,8 +24,9 @@ public:
 
     virtual void DestroyMenu(MenuHandle menu) = 0;
 
-    /// Shows a menu and returns at once; only one is shown at a time.
-    virtual void TrackPopupMenu(MenuHandle menu, const MenuPlace& place) = 0;
+    /// Shows a menu and returns at once; only one is shown at a time. Without a place it appears
+    /// at the pointer.
+    virtual void TrackPopupMenu(MenuHandle menu, const std::optional<MenuPlace>& place) = 0;
 
 protected:
     MenuFacility() = default;

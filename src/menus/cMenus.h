@@ -65,7 +65,7 @@ public:
 
     /// Shows what is below an item. Returns whether a menu was shown: not before `BuildOn`, nor
     /// for an item with nothing below it.
-    bool PopUpMenu(int index, const MenuPlace& place);
+    bool PopUpMenu(int index, const std::optional<MenuPlace>& place);
 
     // The collection ------------------------------------------------------------------------------
 

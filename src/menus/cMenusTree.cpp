@@ -127,7 +127,7 @@ void cMenus::destroyMenus() {
     facility_ = nullptr;
 }
 
-bool cMenus::PopUpMenu(int index, const MenuPlace& place) {
+bool cMenus::PopUpMenu(int index, const std::optional<MenuPlace>& place) {
     const MenuHandle menu = handle(index);
     if (facility_ == nullptr || menu == 0) {
         return false;

@@ -70,11 +70,14 @@ void ListRows::enterRow(std::size_t /*row*/) {
 
 void ListRows::contextRow(std::size_t row) {
     list_.SelectedIndex = numberOf(row);
-    list_.ContextClick();
+    contextNowhere();
 }
 
 void ListRows::contextNowhere() {
     list_.ContextClick();
+    if (menus_ != nullptr) {
+        menus_->popUpFor({this, this});
+    }
 }
 
 void ListRows::holdModifiers(ui::Modifiers modifiers) {

@@ -5,6 +5,7 @@
 #include "playlist/stdSS.h"
 #include "ui/ListColours.h"
 #include "ui/ListModel.h"
+#include "window/MenuPopper.h"
 
 namespace tovik::window {
 
@@ -29,7 +30,9 @@ inline constexpr ui::ListColours kListColours{
 class ListRows final : public ui::ListModel, public ui::ListInput {
 public:
     /// The list must outlive it.
-    explicit ListRows(playlist::stdSS& list) : list_(list) {}
+    /// `menus`, if it is there, pops up the menu of a row, and outlives it, too.
+    explicit ListRows(playlist::stdSS& list, MenuPopper* menus = nullptr)
+        : list_(list), menus_(menus) {}
 
     [[nodiscard]] std::size_t rows() const override;
     [[nodiscard]] std::string text(std::size_t row) const override;
@@ -58,6 +61,7 @@ public:
 
 private:
     playlist::stdSS& list_;
+    MenuPopper* menus_;
 };
 
 } // namespace tovik::window

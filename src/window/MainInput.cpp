@@ -11,6 +11,8 @@ namespace tovik::window {
 namespace {
 
 constexpr int kEscape = 27;
+constexpr int kMenuKey = 0x5D;
+constexpr int kF10 = 0x79;
 
 bool isLeft(const ui::PointerEvent& event) {
     return event.button == ui::MouseButton::Left;
@@ -30,6 +32,14 @@ int shiftState(const ui::Modifiers& modifiers) {
 }
 
 } // namespace
+
+MainInput::MainInput(const MainInputParts& parts)
+    : p_(parts), bars_(parts.elements, parts.grips), sliders_(parts.grips.sliders),
+      keyWindow_([this](const ui::WindowMessage& key) {
+          const bool used =
+              p_.keys.ShortCut(static_cast<int>(key.wParam), static_cast<int>(key.lParam));
+          return ui::MessageResult{used ? 1 : 0};
+      }) {}
 
 void MainInput::press(const PressButton& button, bool pressed) {
     p_.elements.touch(button.up).visible = !pressed;
@@ -53,7 +63,13 @@ void MainInput::mouseUp(const ui::PointerEvent& event) {
 }
 
 void MainInput::pressAt(const ui::PointerEvent& event) {
-    if (sliders_.mouseDown(event) || !isLeft(event)) {
+    if (sliders_.mouseDown(event)) {
+        return;
+    }
+    if (event.button == ui::MouseButton::Right) {
+        popUpMenu(event);
+    }
+    if (!isLeft(event)) {
         return;
     }
     bars_.mouseDown(event);
@@ -62,6 +78,26 @@ void MainInput::pressAt(const ui::PointerEvent& event) {
     } else if (event.over(MainElement::prebt)) {
         p_.keys.commands().run(commands::CommandId::preferences);
     }
+}
+
+void MainInput::popUpMenu(const ui::PointerEvent& event) {
+    if (p_.menus == nullptr) {
+        return;
+    }
+    if (event.over(MainElement::mainIMG) || event.over(MainElement::iconIMG)) {
+        p_.menus->popUp(MenuRoot::mnuMain);
+    } else if (event.over(MainElement::Picture1)) {
+        p_.menus->popUp(MenuRoot::vis);
+    }
+}
+
+bool MainInput::popUpByKey(const ui::KeyEvent& event) {
+    const bool asks = event.code == kMenuKey || (event.code == kF10 && event.modifiers.shift);
+    if (!asks || p_.menus == nullptr) {
+        return false;
+    }
+    p_.menus->popUp(MenuRoot::mnuMain, p_.elements.get(MainElement::iconIMG).box());
+    return true;
 }
 
 void MainInput::moveTo(const ui::PointerEvent& event) {
@@ -115,8 +151,11 @@ void MainInput::wheel(const ui::PointerEvent& event, double notches) {
 
 bool MainInput::keyDown(const ui::KeyEvent& event) {
     bool used = true;
-    config::guard(p_.core.errors, config::player("Keydown"),
-                  [&] { used = p_.keys.ShortCut(event.code, shiftState(event.modifiers)); });
+    config::guard(p_.core.errors, config::player("Keydown"), [&] {
+        used = keyWindow_.send({ui::messages::kKeyDown, event.code, shiftState(event.modifiers)}) !=
+                   0 ||
+               popUpByKey(event);
+    });
     if (!used && event.code == kEscape) {
         p_.window.takeFocus();
         used = true;

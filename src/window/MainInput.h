@@ -4,12 +4,14 @@
 
 #include "commands/ClsShortcut.h"
 #include "player/Core.h"
+#include "ui/MessageWindow.h"
 #include "ui/WindowInput.h"
 #include "window/EqualizerInput.h"
 #include "window/Grips.h"
 #include "window/MainBars.h"
 #include "window/MainButtons.h"
 #include "window/MainElements.h"
+#include "window/MenuPopper.h"
 #include "window/PlayerWindow.h"
 
 namespace tovik::window {
@@ -21,12 +23,16 @@ struct MainInputParts {
     const commands::ClsShortcut& keys;
     Grips grips;
     PlayerWindow& window;
+    MenuPopper* menus = nullptr; ///< null: a right click shows no menu
 };
 
 class MainInput final : public ui::WindowInput {
 public:
-    explicit MainInput(const MainInputParts& parts)
-        : p_(parts), bars_(parts.elements, parts.grips), sliders_(parts.grips.sliders) {}
+    explicit MainInput(const MainInputParts& parts);
+
+    /// Where keys go. Its own procedure is the keyboard map; who stands in front of it gets them
+    /// first (`ui::messages::kKeyDown`: key code and shift state as the map has them).
+    [[nodiscard]] ui::MessageWindow& keyWindow() { return keyWindow_; }
 
     void mouseDown(const ui::PointerEvent& event) override;
     void mouseMove(const ui::PointerEvent& event) override;
@@ -45,6 +51,8 @@ public:
 private:
     void press(const PressButton& button, bool pressed);
     void pressAt(const ui::PointerEvent& event);
+    void popUpMenu(const ui::PointerEvent& event);
+    [[nodiscard]] bool popUpByKey(const ui::KeyEvent& event);
     void moveTo(const ui::PointerEvent& event);
     void releaseAt(const ui::PointerEvent& event);
     void click(const ui::PointerEvent& event);
@@ -52,6 +60,7 @@ private:
     MainInputParts p_;
     MainBars bars_;
     EqualizerInput sliders_;
+    ui::MessageWindow keyWindow_;
 };
 
 } // namespace tovik::window

@@ -34,6 +34,7 @@ struct MainView {
         const commands::Commands& commands;
         PlayerWindow& window;
         const host::Host& host;
+        MenuPopper* menus = nullptr; ///< null: there are no menus
     };
 
     explicit MainView(const Needs& needs);

@@ -2,9 +2,12 @@
 // What the main window's logic asks of the window beyond the elements in it. Interface thread.
 #pragma once
 
+#include "menus/cMenus.h"
 #include "player/PlayerHandle.h"
 #include "ui/cDIBSectionRegion.h"
 
+#include <memory>
+#include <optional>
 #include <string>
 
 namespace tovik::window {
@@ -48,6 +51,21 @@ public:
 
     /// Whether a window of that many skin pixels fits on a screen; without one everything does.
     [[nodiscard]] virtual bool fitsScreen(int /*width*/, int /*height*/) const { return true; }
+
+    /// The images of menus; null without a window. They live as long as it does.
+    [[nodiscard]] virtual const menus::MenuImages* menuImages() const { return nullptr; }
+
+    /// What a system colour of the published numbers is on this desktop.
+    [[nodiscard]] virtual std::optional<ui::Colour> systemColour(int /*number*/) const {
+        return std::nullopt;
+    }
+
+    /// Makes the menus of a model whose window gets their messages; null where none can be shown.
+    /// Both outlive the result.
+    [[nodiscard]] virtual std::unique_ptr<menus::MenuFacility>
+    makeMenus(const menus::cMenus& /*model*/, ui::MessageWindow& /*messages*/) {
+        return nullptr;
+    }
 
     /// Left and top in pixels; applied when the window is shown, held to a screen that exists.
     virtual void moveTo(int /*left*/, int /*top*/) {}

@@ -43,4 +43,14 @@ bool QuickListRows::removeRows() {
     return true;
 }
 
+void QuickListRows::contextRow(std::size_t /*row*/) {
+    contextNowhere();
+}
+
+void QuickListRows::contextNowhere() {
+    if (menus_ != nullptr) {
+        menus_->popUpFor({this, this});
+    }
+}
+
 } // namespace tovik::window

@@ -6,14 +6,17 @@
 #include "playlist/ListMirror.h"
 #include "playlist/stdSS.h"
 #include "ui/ListModel.h"
+#include "window/MenuPopper.h"
 
 namespace tovik::window {
 
 /// Titles with the selection of `List1`.
 class QuickListRows final : public ui::ListModel, public ui::ListInput {
 public:
-    QuickListRows(playlist::ListMirror& mirror, playlist::stdSS& list, player::RowPlayer& player)
-        : mirror_(mirror), list_(list), player_(player) {}
+    /// `menus`, if it is there, pops up the menu of a row. All of them outlive it.
+    QuickListRows(playlist::ListMirror& mirror, playlist::stdSS& list, player::RowPlayer& player,
+                  MenuPopper* menus = nullptr)
+        : mirror_(mirror), list_(list), player_(player), menus_(menus) {}
 
     [[nodiscard]] std::size_t rows() const override;
     [[nodiscard]] std::string text(std::size_t row) const override;
@@ -24,6 +27,8 @@ public:
     /// Also selects the row of the playlist, which is the one that Play starts.
     void selectRow(std::size_t row, ui::Modifiers modifiers) override;
     void activateRow(std::size_t row) override;
+    void contextRow(std::size_t row) override;
+    void contextNowhere() override;
 
     [[nodiscard]] bool movesRows() const override { return true; }
 
@@ -37,6 +42,7 @@ private:
     playlist::ListMirror& mirror_;
     playlist::stdSS& list_;
     player::RowPlayer& player_;
+    MenuPopper* menus_;
 };
 
 } // namespace tovik::window

@@ -18,13 +18,13 @@ public:
 
     void DestroyMenu(MenuHandle menu) override { destroyed.push_back(menu); }
 
-    void TrackPopupMenu(MenuHandle menu, const MenuPlace& place) override {
+    void TrackPopupMenu(MenuHandle menu, const std::optional<MenuPlace>& place) override {
         shown.emplace_back(menu, place);
     }
 
     std::vector<int> parents; ///< of the menus in the order of their handles, from 1
     std::vector<MenuHandle> destroyed;
-    std::vector<std::pair<MenuHandle, MenuPlace>> shown;
+    std::vector<std::pair<MenuHandle, std::optional<MenuPlace>>> shown;
 };
 
 struct MenusRig {

@@ -130,8 +130,9 @@ TEST_F(Menus, menusOfTheWindowSystemAreMadeOnceForWhatHasItemsBelow) {
     EXPECT_EQ(menus.item(at("deep")).handle, menus.handle(at("more")));
     EXPECT_EQ(menus.handle(at("open")), 0U);
     EXPECT_FALSE(menus.PopUpMenu(at("open"), {}));
-    EXPECT_TRUE(menus.PopUpMenu(at("tools"), {1, 2, 3, 4}));
-    EXPECT_THAT(facility.shown, ElementsAre(std::pair(MenuHandle{2}, MenuPlace{1, 2, 3, 4})));
+    EXPECT_TRUE(menus.PopUpMenu(at("tools"), MenuPlace{1, 2, 3, 4}));
+    EXPECT_THAT(facility.shown,
+                ElementsAre(std::pair(MenuHandle{2}, std::optional(MenuPlace{1, 2, 3, 4}))));
 
     const int late = menus.AddItem("Late", "late", at("open"));
     menus.BuildOn(facility);

@@ -5,6 +5,7 @@
 #include "commands/ClsShortcut.h"
 #include "commands/Commands.h"
 #include "window/MainInput.h"
+#include "window/NotedMenuPopper.h"
 #include "window/ViewRig.h"
 
 namespace tovik::test {
@@ -49,6 +50,7 @@ protected:
     }
 
     std::vector<commands::CommandId> ran_;
+    NotedMenuPopper menus_;
     commands::Commands commands_;
     commands::ClsShortcut shortcuts_{commands_};
     window::Grips grips_{.position = positionBar_,
@@ -59,7 +61,8 @@ protected:
                               .elements = elements_,
                               .keys = shortcuts_,
                               .grips = grips_,
-                              .window = window_}};
+                              .window = window_,
+                              .menus = &menus_}};
 };
 
 } // namespace tovik::test

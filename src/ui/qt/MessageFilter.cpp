@@ -7,7 +7,9 @@
 #include <array>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QWheelEvent>
+#include <tuple>
 #include <utility>
 
 namespace tovik::ui {
@@ -136,7 +138,11 @@ bool MessageFilter::eventFilter(QObject* watched, QEvent* event) {
     const auto before = std::pair(watched_, current_);
     watched_ = watched;
     current_ = event;
+    const QPointer<MessageFilter> alive(this);
     dispatcher_.run([&] { window_.send(message); });
+    if (alive.isNull()) {
+        return true; // the event was the end of the widget
+    }
     std::tie(watched_, current_) = before;
     return true;
 }

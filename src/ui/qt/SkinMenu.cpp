@@ -4,6 +4,7 @@
 #include "ui/qt/DisplayText.h"
 #include "ui/qt/SkinMenuStyle.h"
 
+#include <QCursor>
 #include <QStyleOptionMenuItem>
 #include <utility>
 
@@ -103,13 +104,13 @@ MessageResult SkinMenus::send(const WindowMessage& message) const {
     return result;
 }
 
-void SkinMenus::TrackPopupMenu(menus::MenuHandle handle, const menus::MenuPlace& place) {
+void SkinMenus::TrackPopupMenu(menus::MenuHandle handle,
+                               const std::optional<menus::MenuPlace>& place) {
     SkinMenu* const shown = menu(handle);
     if (shown == nullptr) {
         return;
     }
-    const QRect at = needs_.onScreen(place);
-    shown->popup(at.isEmpty() ? at.topLeft() : at.bottomLeft() + QPoint(0, 1));
+    shown->popup(place ? needs_.onScreen(*place).bottomLeft() + QPoint(0, 1) : QCursor::pos());
 }
 
 } // namespace tovik::ui

@@ -62,7 +62,8 @@ public:
 
     [[nodiscard]] menus::MenuHandle CreatePopupMenu(int parentId) override;
     void DestroyMenu(menus::MenuHandle menu) override;
-    void TrackPopupMenu(menus::MenuHandle menu, const menus::MenuPlace& place) override;
+    void TrackPopupMenu(menus::MenuHandle menu,
+                        const std::optional<menus::MenuPlace>& place) override;
 
     /// Null for a handle that is none.
     [[nodiscard]] SkinMenu* menu(menus::MenuHandle menu) const;
