@@ -83,7 +83,6 @@ enum class CommandId : std::uint8_t {
     cancelRip,
     radioPlay,
     radioDelete,
-    radioInfo,
     // The list that was asked for a menu.
     listPlay,
     listDelete,

@@ -45,8 +45,9 @@ public:
         return std::max(1, static_cast<int>(std::lround(size * scale_)));
     }
 
-    [[nodiscard]] ui::FontDescription font(ui::FontDescription of) const {
-        of.pixelHeight = of.pixelHeight > 0 ? (*this)(of.pixelHeight) : 0;
+    [[nodiscard]] ui::FontDescription font(ui::FontDescription of,
+                                           const ui::TextEngine& engine) const {
+        of.pixelHeight = (*this)(of.pixelHeight > 0 ? of.pixelHeight : engine.standardHeight());
         return of;
     }
 
@@ -102,7 +103,9 @@ class ItemDrawing {
 public:
     ItemDrawing(const cMenus& menus, const DrawItem& item)
         : menus_(menus), item_(item), surface_(*item.surface), px_(item.scale) {
-        surface_.Font = px_.font(menus.Font);
+        if (surface_.Engine != nullptr) {
+            surface_.Font = px_.font(menus.Font, *surface_.Engine);
+        }
         const Colour style = colourOf(menus, menus.DrawStyle, kPlainFace);
         const Colour column = colourOf(menus, menus.BackColor);
         surface_.Edges = {mixed(style, column, 30), mixed({0, 0, 0}, column, 45)};
@@ -268,7 +271,7 @@ void measureItem(const cMenus& menus, int index, MeasureItem& item) {
     if (of.separator || item.engine == nullptr) {
         return;
     }
-    const ui::FontDescription font = px.font(menus.Font);
+    const ui::FontDescription font = px.font(menus.Font, *item.engine);
     const ui::PictureSize caption = item.engine->measure(font, ui::mnemonicOf(of.caption).text);
     const int accelerators = acceleratorColumn(menus, index, *item.engine, font);
     item.width += caption.width;

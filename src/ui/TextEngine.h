@@ -14,7 +14,7 @@ namespace tovik::ui {
 /// A font by what one asks of it.
 struct FontDescription {
     std::string family;  ///< empty: the desktop's
-    int pixelHeight = 0; ///< of its capitals and descents together; 0: the desktop's
+    int pixelHeight = 0; ///< of its letters, with what hangs below the line; 0: the desktop's
     bool bold = false;
 
     friend bool operator==(const FontDescription&, const FontDescription&) = default;
@@ -46,6 +46,9 @@ public:
     virtual ~TextEngine() = default;
     TextEngine(const TextEngine&) = delete;
     TextEngine& operator=(const TextEngine&) = delete;
+
+    /// The pixel height of the desktop's font at a scale of 1.
+    [[nodiscard]] virtual int standardHeight() const = 0;
 
     [[nodiscard]] virtual PictureSize measure(const FontDescription& font,
                                               std::string_view text) const = 0;

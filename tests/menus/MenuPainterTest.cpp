@@ -45,7 +45,6 @@ private:
 struct MenuDrawing : testing::Test, MenusRig {
     MenuDrawing() {
         menus.ImageList = &images;
-        menus.Font.pixelHeight = 10;
         menus.ForeColor = 0;
     }
 
@@ -89,6 +88,8 @@ TEST_F(MenuDrawing, anItemAsksForItsColumns) {
     menus.ItemVisible(at("open"), false);
     EXPECT_EQ(measure("save").width, bare);
     EXPECT_EQ(measure("open", 2).height, 44);
+    EXPECT_EQ(measure("save", 2).width, 2 * measure("save").width)
+        << "the font, too, has the scale";
     menus.Font.pixelHeight = 40;
     EXPECT_EQ(measure("save").height, 48);
 }

@@ -3,6 +3,8 @@
 
 #include "ui/qt/DisplayText.h"
 
+#include <algorithm>
+#include <QFontInfo>
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QImage>
@@ -25,6 +27,10 @@ QFont qtFont(const FontDescription& of) {
 }
 
 } // namespace
+
+int QtText::standardHeight() const {
+    return QFontInfo(QGuiApplication::font()).pixelSize();
+}
 
 PictureSize QtText::measure(const FontDescription& font, std::string_view text) const {
     const QFontMetrics metrics(qtFont(font));

@@ -8,6 +8,7 @@ namespace tovik::ui {
 
 class QtText final : public TextEngine {
 public:
+    [[nodiscard]] int standardHeight() const override;
     [[nodiscard]] PictureSize measure(const FontDescription& font,
                                       std::string_view text) const override;
 

@@ -15,6 +15,8 @@ public:
     static constexpr int kWidth = 6;
     static constexpr int kHeight = 10;
 
+    [[nodiscard]] int standardHeight() const override { return kHeight; }
+
     [[nodiscard]] PictureSize measure(const FontDescription& font,
                                       std::string_view text) const override {
         const int height = font.pixelHeight > 0 ? font.pixelHeight : kHeight;
