@@ -5,6 +5,7 @@
 #include "ui/qt/SkinMenuStyle.h"
 
 #include <QCursor>
+#include <QKeyEvent>
 #include <QStyleOptionMenuItem>
 #include <utility>
 
@@ -33,6 +34,25 @@ void SkinMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* acti
     QMenu::initStyleOption(option, action);
     // An option has no place for an item; its text is asked of the model.
     option->text = action != nullptr ? action->data().toString() : QString();
+}
+
+void SkinMenu::keyPressEvent(QKeyEvent* event) {
+    const QString text = event->text();
+    const char letter = text.size() == 1 && !event->modifiers().testFlag(Qt::ControlModifier)
+                            ? text[0].toLatin1()
+                            : '\0';
+    const menus::cMenus& model = menus_.model();
+    const int parent = model.IndexForID(parentId_);
+    const int index = letter != '\0' && parent != 0 ? model.AccelPressed(letter, parent) : 0;
+    for (QAction* const action : actions()) {
+        if (index != 0 && action->data().toInt() == model.ItemID(index)) {
+            setActiveAction(action);
+            QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+            QMenu::keyPressEvent(&enter);
+            return;
+        }
+    }
+    QMenu::keyPressEvent(event);
 }
 
 void SkinMenu::fill() {

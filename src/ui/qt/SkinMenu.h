@@ -35,6 +35,9 @@ public:
 protected:
     void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
 
+    /// Letters choose by mnemonic where there is one; others select what begins with them.
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     void fill();
     void addItem(int index);
