@@ -23,8 +23,6 @@ enum class MenuRoot : std::uint8_t {
 struct MenuList {
     const ui::ListModel* rows = nullptr;
     ui::ListInput* input = nullptr;
-    std::function<void(std::size_t row)>
-        remove{}; ///< takes what is selected out; told one row of it
 };
 
 class MenuPopper {

@@ -53,7 +53,7 @@ TEST_F(MenuInput, anAcceleratorWinsOverTheMapWhichGoesOnBesideIt) {
     ui::MessageWindow window;
     menus::cMenus model;
     model.CreateFromNothing(window);
-    model.hWndKeyOwner(&keys_);
+    model.hWndKeyOwner(&input_.keyWindow());
     int chosen = 0;
     model.onClick([&chosen](int /*index*/) { ++chosen; });
     model.ItemKeyAccel(model.AddItem("Item"), "V");
@@ -74,12 +74,14 @@ TEST_F(MenuInput, listsPopUpTheMenuOfTheirRows) {
     ASSERT_EQ(menus_.lists.size(), 1U);
     EXPECT_EQ(menus_.lists[0].rows->current(), 1U);
     EXPECT_EQ(menus_.lists[0].input, &rows);
-    menus_.lists[0].remove(1);
+    menus_.lists[0].input->removeRows();
     EXPECT_EQ(list_.ListCount(), 2);
     EXPECT_EQ(list_.text(2, playlist::RowText::Title), "c");
+    rows.contextNowhere();
+    EXPECT_EQ(menus_.lists.size(), 2U);
     window::ListRows quiet(list_);
     quiet.contextRow(0);
-    EXPECT_EQ(menus_.lists.size(), 1U);
+    EXPECT_EQ(menus_.lists.size(), 2U);
 }
 
 TEST_F(MenuInput, theQuickListPopsUpTheSameAndStaysInStep) {
@@ -90,7 +92,7 @@ TEST_F(MenuInput, theQuickListPopsUpTheSameAndStaysInStep) {
     rows.selectRow(1, {});
     rows.contextRow(1);
     ASSERT_EQ(menus_.lists.size(), 1U);
-    menus_.lists[0].remove(*menus_.lists[0].rows->current());
+    menus_.lists[0].input->removeRows();
     EXPECT_EQ(rows.rows(), 2U);
     EXPECT_EQ(rows.text(1), "c");
     EXPECT_EQ(list_.ListCount(), 2);
