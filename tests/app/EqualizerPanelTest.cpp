@@ -152,6 +152,11 @@ TEST_F(EqualizerPanel, theButtonsAndSlidersOfThePanel) {
 TEST_F(EqualizerPanel, thePresetCommandsAskTheirWindows) {
     start();
     click(MainElement::presetbt);
+    EXPECT_THAT(windows_.opened, IsEmpty()) << "it pops up a menu";
+    auto& menus = player().menus().frmTSR.m_Menus;
+    EXPECT_TRUE(menus.ItemEnabled(menus.IndexForKey("mnuldpreset")));
+    EXPECT_TRUE(menus.ItemKeyAccel(menus.IndexForKey("mnuldpreset"), "Ctrl+L"));
+    EXPECT_TRUE(player().input().keyDown({.code = 'L', .modifiers = {.control = true}}));
     EXPECT_THAT(windows_.opened, ElementsAre(window::WindowId::loadPreset));
     windows_.opened.clear();
     EXPECT_TRUE(player().input().keyDown({.code = 'S', .modifiers = {.control = true}}));

@@ -45,7 +45,7 @@ class Menus(ProgramTest):
     def menus(self):
         """The menus that are shown."""
         return [window for window in self.shown("--class", "tovik")
-                if "POPUP_MENU" in self.tool("xprop", "-id", window, "_NET_WM_WINDOW_TYPE").stdout]
+                if '"player"' not in self.tool("xprop", "-id", window, "WM_WINDOW_ROLE").stdout]
 
     def wait_for_menus(self, count):
         self.wait_until(lambda: len(self.menus()) == count, f"{count} menus")
