@@ -18,7 +18,7 @@ struct MenuLook {
     std::int32_t BackColor = 8388608; ///< behind the column of the images
     std::int32_t ForeColor = 0x522121;
     std::int32_t HighlightColor = 12615808; ///< behind the caption of the selected item
-    std::int32_t HighlightForeColor = 0xFFFFFF;
+    std::int32_t HighlightForeColor = 0x1E0A0A; ///< white would be too near to it
     std::int32_t DisabledForeColor = 0xAE837C;
     std::int32_t FaceColor = 0xFCF6F4;      ///< of the menu itself, at its upper edge
     std::int32_t LowerFaceColor = 0xF0E1DD; ///< at its lower edge

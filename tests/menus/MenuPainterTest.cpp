@@ -124,7 +124,7 @@ TEST_F(MenuDrawing, theSelectedItemStandsOnTheHighlight) {
     EXPECT_EQ(pixel(kColumn, 0), kHighlight);
     EXPECT_EQ(pixel(surface.Width() - 1, 21), kHighlight);
     EXPECT_NE(pixel(kColumn - 1, 11), kHighlight);
-    EXPECT_EQ(pixel(kColumn + 8, 11), (Colour{255, 255, 255}));
+    EXPECT_EQ(pixel(kColumn + 8, 11), (Colour{10, 10, 30}));
     menus.ItemEnabled(at("open"), false);
     draw("open", true);
     EXPECT_NE(pixel(kColumn, 0), kHighlight) << "what is disabled is not offered";
