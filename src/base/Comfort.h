@@ -64,6 +64,16 @@ struct Comfort {
     bool writesOnlyChanges = false;    ///< the settings file is written by each read
     bool obeysEarlySwitches = false;   ///< a path with "/" on the command text
     bool looksForTagFirst = false;     ///< removing a tag from a file without one
+    bool readsSevenBits = false;       ///< the numbers of an ID3v2 tag
+    bool decodesFrames = false;        ///< the text of an ID3v2 frame
+    bool readsWholeGenre = false;      ///< the genre number of ID3v2
+    bool savesWithoutAlarm = false;    ///< the false alarm of a save
+    bool showsOwnGenre = false;        ///< the genre of the ID3v2 page
+    bool showsLastGenre = false;       ///< the last genre of the lists
+    bool enablesAlbum = false;         ///< the album beside the tick
+    bool leavesUntickedTag = false;    ///< a save without the ID3v2 tick
+    bool tellsOwnSound = false;        ///< the sound on the technical page
+    bool findsAllHeaders = false;      ///< headers that are not found
     bool keepsMissingWords = false;    ///< what a language file leaves out
 
     // What the window shows.
