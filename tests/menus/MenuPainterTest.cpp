@@ -2,6 +2,7 @@
 #include "menus/MenuMessages.h"
 #include "MenusRig.h"
 #include "support/ui/BlockText.h"
+#include "support/ui/Contrast.h"
 
 #include <gmock/gmock.h>
 
@@ -226,6 +227,18 @@ TEST_F(MenuDrawing, itemsThatItDoesNotDrawAreLeftToTheWindow) {
     EXPECT_EQ(window.send({ui::messages::kMeasureItem, 0, messageParameter(record)}), 0);
     EXPECT_THAT(reached, testing::ElementsAre(ui::messages::kMeasureItem));
     EXPECT_EQ(window.send({ui::messages::kDrawItem, 0, 0}), 0);
+}
+
+TEST(MenuColours, wordsCanBeRead) {
+    const MenuLook look;
+    const auto contrast = [](std::int32_t one, std::int32_t other) {
+        return ui::test::contrast(ui::cMemDC::TranslateColor(one),
+                                  ui::cMemDC::TranslateColor(other));
+    };
+    EXPECT_GE(contrast(look.ForeColor, look.FaceColor), 4.5);
+    EXPECT_GE(contrast(look.ForeColor, look.LowerFaceColor), 4.5);
+    EXPECT_GE(contrast(look.HighlightForeColor, look.HighlightColor), 4.5);
+    EXPECT_GE(contrast(look.ImageColor, look.BackColor), 4.5);
 }
 
 } // namespace
