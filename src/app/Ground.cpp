@@ -30,9 +30,9 @@ Ground::Ground(const host::Host& host, Process& process, const StartOptions& opt
     language.attach(config::TextWindow::frmTSR, menuTexts);
 }
 
-void Ground::save(const char* key, const std::string& text) {
+void Ground::save(player::SettingKey key, const std::string& text) {
     try {
-        settings.saveSetting(key, text);
+        player::storeText(settings, key, text);
     } catch (const base::RuntimeError& error) {
         unkept.note(error);
     }

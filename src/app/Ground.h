@@ -51,7 +51,7 @@ public:
 
 private:
     /// Saves a setting that the start can do without.
-    void save(const char* key, const std::string& text);
+    void save(player::SettingKey key, const std::string& text);
 
     void startHelper(const std::string& name, const std::string& argument);
 

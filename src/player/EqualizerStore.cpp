@@ -8,6 +8,7 @@
 #include "config/SettingText.h"
 #include "config/WriteFailure.h"
 #include "player/EqualizerGains.h"
+#include "player/LiveSetting.h"
 
 #include <array>
 
@@ -102,11 +103,11 @@ void EqualizerStore::keepIn(StoredSettings& stored) {
 }
 
 void EqualizerStore::autoload_db() {
-    equalizer_.eq_sld(Equalizer::kMaster, settings_.getAs(kMasterKey, sliderOfGain));
+    equalizer_.eq_sld(Equalizer::kMaster, readInStep(settings_, kMasterKey, sliderOfGain));
 }
 
 void EqualizerStore::autosave_db() {
-    settings_.saveSetting(kMasterKey, gainText(equalizer_.eq_sld(Equalizer::kMaster)));
+    storeText(settings_, kMasterKey, gainText(equalizer_.eq_sld(Equalizer::kMaster)));
 }
 
 void EqualizerStore::save_teq(const std::string& path) const {

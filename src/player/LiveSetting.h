@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Settings that are read where they are used, each time anew: what another program or a hand wrote
-// into the file counts at once. Interface thread.
+// Settings that are read and written where they are used. Those that the table calls live are read
+// each time anew: what another program or a hand wrote into the file counts at once. No other file
+// reads or writes one by its key. Interface thread.
 #pragma once
 
 #include "config/Settings.h"
 #include "player/SettingTable.h"
 
 #include <string>
+#include <string_view>
 
 namespace tovik::player {
 
@@ -33,6 +35,30 @@ template <typename Convert>
 /// The text itself.
 [[nodiscard]] inline std::string readLive(config::Settings& settings, LiveKey key) {
     return settings.getSetting(kSettingTable.at(key.key.row).key);
+}
+
+/// A key that a step of the start reads by itself; another does not compile.
+struct StepKey {
+    SettingKey key;
+
+    // NOLINTNEXTLINE(google-explicit-constructor): a key is written as its text
+    consteval StepKey(const char* text) : key(text) {
+        if (kSettingTable.at(key.row).read != ReadAt::step) {
+            throw "the table of settings has no step read it";
+        }
+    }
+};
+
+/// What `convert` makes of the text of such a key; the same in all else.
+template <typename Convert>
+[[nodiscard]] auto readInStep(config::Settings& settings, StepKey key, const Convert& convert) {
+    return settings.getAs(kSettingTable.at(key.key.row).key, convert);
+}
+
+/// Sets the text of a key whose value no member of the state keeps; it has reached the disk on
+/// return. Raises what writing raises.
+inline void storeText(config::Settings& settings, SettingKey key, std::string_view text) {
+    settings.saveSetting(kSettingTable.at(key.row).key, text);
 }
 
 } // namespace tovik::player

@@ -107,6 +107,7 @@ inline constexpr std::array kSettingTable{
     SettingRow{"SHWND", SettingKind::number, NoMember{}, ReadAt::live},
     SettingRow{"EM", SettingKind::flag, NoMember{}, ReadAt::live},
     SettingRow{"MC", SettingKind::flag, NoMember{}, ReadAt::live},
+    SettingRow{"CFLD", SettingKind::text, NoMember{}, ReadAt::live},
 };
 
 /// The place of a key in the table, found while compiling: a key without a row does not compile.

@@ -73,8 +73,8 @@ void frmJump2File::Form_Unload() {
     listIndex_ = kNone;
     search_.reset();
     for (std::size_t check = 0; check < checks_.size(); ++check) {
-        core_.settings.saveSetting(kSettingTable.at(kCheckSettings.at(check).key.row).key,
-                                   config::flagText(checks_.at(check)));
+        storeText(core_.settings, kCheckSettings.at(check).key,
+                  config::flagText(checks_.at(check)));
     }
 }
 

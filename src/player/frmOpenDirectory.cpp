@@ -3,6 +3,7 @@
 
 #include "config/SettingText.h"
 #include "host/BesideJob.h"
+#include "player/LiveSetting.h"
 #include "playlist/AddMedia.h"
 #include "playlist/AudioExtensions.h"
 #include "playlist/FileNames.h"
@@ -16,7 +17,7 @@ namespace tovik::player {
 
 namespace {
 
-constexpr const char* kFolderKey = "CFLD";
+constexpr LiveKey kFolderKey = "CFLD";
 constexpr std::string_view kUnplayedTime = "0:00";
 
 /// The folder's own files, whatever they are, and then what the search finds there and below.
@@ -67,8 +68,8 @@ private:
 };
 
 void frmOpenDirectory::Form_Load() {
-    staysOnTop_ = core_.settings.getAs("ASOT", config::settingToInt16) != 0;
-    folder_ = core_.settings.getSetting(kFolderKey);
+    staysOnTop_ = readLive(core_.settings, "ASOT", config::settingToInt16) != 0;
+    folder_ = readLive(core_.settings, kFolderKey);
     core_.state.DirAddIdle = false;
     opening_ = std::make_shared<std::atomic<bool>>(false);
 }
@@ -95,7 +96,7 @@ void frmOpenDirectory::cancel() {
 
 void frmOpenDirectory::keepFolder(const std::string& folder) {
     try {
-        core_.settings.saveSetting(kFolderKey, folder);
+        storeText(core_.settings, kFolderKey.key, folder);
         folder_ = folder;
     } catch (const base::RuntimeError& error) {
         core_.errors.reportUnguarded(error);

@@ -10,6 +10,7 @@ import files  # noqa: E402
 import headers  # noqa: E402
 import includes  # noqa: E402
 import names  # noqa: E402
+import settings  # noqa: E402
 
 
 def main(root, widgets_folder):
@@ -18,6 +19,7 @@ def main(root, widgets_folder):
     faults = [
         *includes.check(root / "src", here / "floors.txt", here / "libraries.txt", widgets),
         *headers.check(root / "src", here / "exceptions.txt"),
+        *settings.check(root / "src"),
         *names.check(root / "docs" / "names.md", root / "src"),
         *comfort.check(root / "docs" / "oddities.md", root / "src" / "base" / "Comfort.h"),
         *files.check_sources(root),

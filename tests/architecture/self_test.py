@@ -13,6 +13,7 @@ import files  # noqa: E402
 import headers  # noqa: E402
 import includes  # noqa: E402
 import names  # noqa: E402
+import settings  # noqa: E402
 
 LINE = "// SPDX-License-Identifier: GPL-3.0-or-later\n"
 FLOORS = "base:\nsound: base\nsound/mix: base sound\nui: base # a comment\nui/qt: base ui\n"
@@ -266,6 +267,24 @@ class ComfortChecks(Tree):
     def test_switch_that_names_no_row(self):
         self.assert_fault(
             self.faults(header=self.HEADER.replace("};", "    bool x = false;\n};")), "names no row")
+
+
+class SettingChecks(Tree):
+    def faults(self, name, line):
+        self.write("src/" + name, LINE + line + "\n")
+        return list(settings.check(self.root / "src"))
+
+    def test_road_through_the_table(self):
+        for name in ("config/Settings.cpp", "player/LiveSetting.h"):
+            self.assertEqual(self.faults(name, 'settings.getSetting("MI");'), [])
+        self.assertEqual(self.faults("ui/Good.cpp", 'readLive(settings, "MI"); // getSetting("MI")'),
+                         [])
+
+    def test_calls_past_it(self):
+        for call, name in (('core.settings.getAs("MI", toNumber)', "getAs"),
+                           ("settings->getSetting(kKey)", "getSetting"),
+                           ('settings_.saveSetting ("MI", text)', "saveSetting")):
+            self.assert_fault(self.faults("ui/Bad.cpp", call + ";"), "Bad.cpp: %s is" % name)
 
 
 class FileChecks(Tree):
