@@ -26,6 +26,14 @@ std::optional<std::int64_t> Timer::dueMs() const {
     return nextMs_;
 }
 
+std::optional<int> Timer::remainingMs() const {
+    const auto due = dueMs();
+    if (!due) {
+        return std::nullopt;
+    }
+    return static_cast<int>(std::max<std::int64_t>(*due - clock_.monotonicMs(), 0));
+}
+
 void Timer::fire() {
     if (!dueMs()) {
         return;

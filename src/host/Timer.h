@@ -36,6 +36,9 @@ public:
 
     [[nodiscard]] bool enabled() const { return enabled_; }
 
+    /// Milliseconds until the next tick, 0 for one that is late; none while none is to come.
+    [[nodiscard]] std::optional<int> remainingMs() const;
+
     /// In milliseconds; below 0 counts as 0.
     void setInterval(int milliseconds);
     void setEnabled(bool enabled);

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace tovik::player {
 
@@ -19,9 +20,15 @@ public:
     void FadeOutTrack();
 
     /// What stops or starts calls it off.
-    void callOff() { timer_->setEnabled(false); }
+    void callOff();
 
-    [[nodiscard]] bool runs() const { return timer_->enabled(); }
+    /// The output pauses, and the slide with it: the stop waits, too.
+    void hold();
+
+    /// The output goes on; the stop comes when the slide has ended.
+    void goOn();
+
+    [[nodiscard]] bool runs() const { return timer_->enabled() || held_; }
 
     /// The tick of `FadeOut`.
     void FadeOut_Timer() { stop_(); }
@@ -30,6 +37,7 @@ private:
     const Core& core_;
     std::function<void()> stop_;
     std::unique_ptr<host::Timer> timer_;
+    std::optional<int> held_; ///< milliseconds that were left when the output paused
 };
 
 } // namespace tovik::player

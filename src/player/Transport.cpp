@@ -98,8 +98,10 @@ void Transport::pause() {
     state.IsPaused = !state.IsPaused;
     if (state.IsPaused) {
         core_.sound.BASS_Pause();
+        fadeOut_.hold();
     } else {
         core_.sound.BASS_Start();
+        fadeOut_.goOn();
     }
 }
 

@@ -56,6 +56,18 @@ TEST_F(TimerTest, intervalZeroNeverTicksThoughEnabled) {
     EXPECT_THAT(ticks_, ElementsAre(1100));
 }
 
+TEST_F(TimerTest, tellsHowLongTheNextTickIsAway) {
+    const auto timer = noting(100);
+    EXPECT_EQ(timer->remainingMs(), 100);
+    host_.clock.advanceTo(130);
+    EXPECT_EQ(timer->remainingMs(), 70);
+    timer->setEnabled(false);
+    EXPECT_EQ(timer->remainingMs(), std::nullopt);
+    timer->setEnabled(true);
+    timer->setInterval(0);
+    EXPECT_EQ(timer->remainingMs(), std::nullopt);
+}
+
 TEST_F(TimerTest, enablingAndSettingTheIntervalStartTheCountAnew) {
     const auto timer = noting(100);
     host_.clock.advanceTo(90);

@@ -92,6 +92,48 @@ TEST_F(FadeOut, stopCallsItOff) {
     EXPECT_FALSE(fadeOut_.runs());
 }
 
+TEST_F(FadeOut, aPauseHoldsItAndItGoesOnFromThere) {
+    play(60);
+    fadeOut_.FadeOutTrack(); // 5 s
+    advance(2000);
+    transport_.button_pause();
+    advance(60000);
+    EXPECT_TRUE(state_.IsPlaying) << "nothing of it is heard meanwhile";
+    EXPECT_TRUE(state_.IsPaused);
+    EXPECT_TRUE(fadeOut_.runs());
+    transport_.button_pause();
+    advance(2990);
+    EXPECT_TRUE(state_.IsPlaying);
+    advance(10);
+    EXPECT_FALSE(state_.IsPlaying);
+    EXPECT_FALSE(fadeOut_.runs());
+}
+
+TEST_F(FadeOut, onceHeldItIsCalledOffByWhatStopsOrStarts) {
+    play(60);
+    fadeOut_.FadeOutTrack();
+    advance(1000);
+    transport_.button_pause();
+    play(60); // as Play does
+    EXPECT_FALSE(fadeOut_.runs());
+    state_.IsPaused = true;
+    transport_.button_pause();
+    advance(10000);
+    EXPECT_TRUE(state_.IsPlaying);
+    fadeOut_.FadeOutTrack();
+    transport_.button_pause();
+    transport_.button_stop();
+    EXPECT_FALSE(fadeOut_.runs());
+}
+
+TEST_F(FadeOut, aPauseWithoutAFadeStopsNothing) {
+    play(60);
+    transport_.button_pause();
+    transport_.button_pause();
+    advance(10000);
+    EXPECT_TRUE(state_.IsPlaying);
+}
+
 TEST_F(FadeOut, aTrackThatEndsMeanwhileIsNotFollowed) {
     addRows(2, {.seconds = 4});
     mirror_.ListIndex(0);
