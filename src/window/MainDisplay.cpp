@@ -2,6 +2,7 @@
 #include "window/MainDisplay.h"
 
 #include "window/PanelTable.h"
+#include "window/PositionMark.h"
 
 #include <array>
 #include <cstddef>
@@ -70,8 +71,7 @@ void MainDisplay::showDigit(std::size_t place, char digit) {
 
 void MainDisplay::showPosition(const player::NowPlaying& playing) {
     const double onePercent = elements_.get(MainElement::posbar).width / 100.0;
-    const double barLeft = elements_.get(MainElement::posbar).left;
-    elements_.touch(MainElement::track).left = barLeft + playing.percent * onePercent;
+    placeMark(elements_, playing.percent * onePercent);
 }
 
 void MainDisplay::showVolume(const player::NowPlaying& playing) {

@@ -3,6 +3,7 @@
 
 #include "base/Numbers.h"
 #include "ui/Twips.h"
+#include "window/PositionMark.h"
 
 #include <algorithm>
 
@@ -41,9 +42,8 @@ void PositionBar::Posbar_MouseUp(double x) {
 }
 
 void PositionBar::moveMark(double x) {
-    const ui::Element& bar = elements_.get(MainElement::posbar);
-    const double left = bar.left + std::clamp(x, 0.0, bar.width - 1) + ui::kPointerWidth;
-    elements_.touch(MainElement::track).left = left;
+    const double width = elements_.get(MainElement::posbar).width;
+    placeMark(elements_, std::clamp(x, 0.0, width - 1) + ui::kPointerWidth);
 }
 
 double PositionBar::percentAt(double x) const {

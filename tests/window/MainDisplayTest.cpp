@@ -1,10 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/MainDisplay.h"
 
+#include "base/RegularFile.h"
+#include "config/Profile.h"
 #include "support/host/TestHost.h"
+#include "ui/BaseLetters.h"
+#include "ui/GlyphText.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <iterator>
+#include <span>
 
 namespace tovik::window {
 namespace {
@@ -79,6 +88,33 @@ TEST_F(Display, wordsAreDrawnWithTheStripsOnceThereAreSome) {
     EXPECT_EQ(ink(MainElement::shwchange, 1), 0xFF00FF00U);
 }
 
+TEST_F(Display, noLetterOfTheNoticeIsCutInAnyLanguage) {
+    // Every glyph is ink as wide as it may be, so that what is cut off is missed.
+    constexpr std::uint32_t kInk = 0xFF00FF00U;
+    elements_.touch(MainElement::textImg).picture =
+        pictures_.add({155, 18, std::vector<std::uint32_t>(155U * 18U, kInk)});
+    int languages = 0;
+    for (const auto& file : std::filesystem::directory_iterator(TOVIK_DATA_DIR "/Languages")) {
+        SCOPED_TRACE(file.path().filename().string());
+        std::string bytes;
+        ASSERT_FALSE(base::readWholeFile(file.path().string(), bytes));
+        playing_.notice = config::profileValue(bytes, "TovikNotice", "item0");
+        ASSERT_FALSE(playing_.notice.empty());
+        display_.showNotice(playing_);
+        const ui::PixelImage* const drawn =
+            pictures_.find(element(MainElement::notice_img).picture);
+        ASSERT_NE(drawn, nullptr);
+        const auto line = std::span(drawn->pixels)
+                              .subspan(static_cast<std::size_t>(4 * drawn->width),
+                                       static_cast<std::size_t>(drawn->width));
+        EXPECT_EQ(std::ranges::count(line, kInk),
+                  ui::kGlyphWidth * std::ssize(ui::drawableCharacters(playing_.notice)));
+        EXPECT_TRUE(element(MainElement::notice_img).smallText.empty());
+        ++languages;
+    }
+    EXPECT_EQ(languages, 2);
+}
+
 TEST_F(Display, titles) {
     playing_.scrollerText = " Song (01:00)";
     playing_.caption = " Caption";
@@ -107,10 +143,17 @@ TEST_F(Display, digits) {
 
 TEST_F(Display, theMarkGoesFromTheLeftEndOfTheBarToTheRight) {
     const ui::Element& bar = element(MainElement::posbar);
-    for (const double percent : {0.0, 50.0, 100.0}) {
+    const ui::Element& mark = element(MainElement::track);
+    ASSERT_GT(mark.width, bar.width / 100);
+    for (const double percent : {0.0, 50.0, 90.0}) {
         playing_.percent = percent;
         display_.showPosition(playing_);
-        EXPECT_DOUBLE_EQ(element(MainElement::track).left, bar.left + bar.width * percent / 100);
+        EXPECT_DOUBLE_EQ(mark.left, bar.left + bar.width * percent / 100);
+    }
+    for (const double percent : {99.0, 100.0, 120.0}) {
+        playing_.percent = percent;
+        display_.showPosition(playing_);
+        EXPECT_DOUBLE_EQ(mark.left + mark.width, bar.left + bar.width) << "it ends with its bar";
     }
 }
 
