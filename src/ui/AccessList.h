@@ -20,7 +20,7 @@ enum class ElementRole : std::uint8_t {
     Slider,    ///< a bar counts as one
     Label,     ///< words
     Field,     ///< a text that follows what happens, under a name
-    Lamp,      ///< tells a state
+    Lamp,      ///< tells a state, and changes it for a screen reader; no stop of the keyboard
     Picture,   ///< tells something that has no words
     Control,   ///< a widget of its own, with a role of its own
     KeyHolder, ///< the widget that has the focus when nothing that is seen has it

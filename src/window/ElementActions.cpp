@@ -83,6 +83,7 @@ ui::ElementFacts ElementActions::factsOf(ui::ElementAddress element) const {
     facts.range = rangeOf(element);
     if (const auto* const lamp = std::ranges::find(kLamps, name, &Lamp::name);
         lamp != kLamps.end()) {
+        facts.enabled = p_.commands.enabled(lamp->command);
         facts.checked = p_.commands.checked(lamp->command);
         return facts;
     }
@@ -145,8 +146,11 @@ std::optional<ElementRange> ElementActions::rangeOf(ui::ElementAddress element) 
 }
 
 void ElementActions::activate(ui::ElementAddress element) {
+    const auto* const lamp = std::ranges::find(kLamps, element.as<MainElement>(), &Lamp::name);
     if (isDigit(element)) {
         TimeDisplay(p_.core).flip();
+    } else if (lamp != kLamps.end()) {
+        p_.commands.run(lamp->command);
     } else {
         p_.commands.run(commandBehind(element));
     }

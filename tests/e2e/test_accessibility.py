@@ -110,6 +110,26 @@ class Accessibility(ProgramTest):
         self.assertEqual(self.seen()["1 kHz"]["value"], [0, -10, 10])
         self.end()
 
+    def lamps(self, *requests):
+        """The lamps over the display: whatever bears a mode's name and takes no keyboard."""
+        return {one["name"]: one for one in self.tree(*requests)["children"]
+                if one["role"] == "check box" and "focusable" not in one["states"]
+                and "showing" in one["states"]}
+
+    def test_the_lamps_of_the_modes_tell_and_switch_them(self):
+        self.start(self.playlist())
+        lamps = self.lamps()
+        self.assertEqual(len(lamps), 4, lamps)
+        for name, lamp in lamps.items():
+            self.assertNotIn("checked", lamp["states"])
+            # The lamp comes before the button that bears the same name.
+            self.assertEqual(lamp["actions"][0], "Toggle", name)
+            self.tree(f"press|{name}")
+            self.wait_until(lambda name=name: "checked" in self.lamps()[name]["states"], name)
+            self.tree(f"press|{name}")
+            self.wait_until(lambda name=name: "checked" not in self.lamps()[name]["states"], name)
+        self.end()
+
     def slider(self, name):
         """Other elements may bear the same name."""
         return next(one for one in self.tree()["children"]

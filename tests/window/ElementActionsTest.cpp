@@ -151,6 +151,18 @@ TEST_F(ElementActions, togglesLampsAndTabsTellTheirState) {
     EXPECT_FALSE(facts(MainElement::mainbt).checked);
 }
 
+TEST_F(ElementActions, aLampSwitchesItsMode) {
+    using enum MainElement;
+    for (const auto& [lamp, command] :
+         {std::pair{Shuffle, CommandId::shuffle}, std::pair{loopImg, CommandId::repeat},
+          std::pair{CFD, CommandId::crossfade}, std::pair{Sld, CommandId::silenceSkip}}) {
+        ran_.clear();
+        EXPECT_TRUE(facts(lamp).enabled);
+        actions_.activate(ui::addressOf(lamp));
+        EXPECT_THAT(ran_, ElementsAre(command));
+    }
+}
+
 TEST_F(ElementActions, fieldsReadWhatTheyShow) {
     playing_.scrollerText = "Artist - Title";
     playing_.mode = "Stereo";

@@ -14,6 +14,7 @@ QAccessible::Role roleOf(ElementRole role) {
     case ElementRole::Button:
         return QAccessible::Button;
     case ElementRole::Toggle:
+    case ElementRole::Lamp:
         return QAccessible::CheckBox;
     case ElementRole::Tab:
         return QAccessible::PageTab;
@@ -23,7 +24,6 @@ QAccessible::Role roleOf(ElementRole role) {
         return QAccessible::Graphic;
     case ElementRole::Label:
     case ElementRole::Field:
-    case ElementRole::Lamp:
         return QAccessible::StaticText;
     case ElementRole::Control:
     case ElementRole::KeyHolder:
@@ -33,7 +33,8 @@ QAccessible::Role roleOf(ElementRole role) {
 }
 
 bool acts(ElementRole role) {
-    return isStop(role) && role != ElementRole::Slider && role != ElementRole::Control;
+    return role == ElementRole::Lamp ||
+           (isStop(role) && role != ElementRole::Slider && role != ElementRole::Control);
 }
 
 } // namespace
@@ -122,12 +123,15 @@ QAccessible::State ElementAccess::state() const {
         state.selectable = true;
         state.selected = known.checked;
     }
-    state.readOnly = role == ElementRole::Field || role == ElementRole::Lamp;
+    if (role == ElementRole::Lamp) {
+        state.disabled = !known.enabled;
+    }
+    state.readOnly = role == ElementRole::Field;
     return state;
 }
 
 void* ElementAccess::interface_cast(QAccessible::InterfaceType type) {
-    if (type == QAccessible::ActionInterface && isStop(elementRole())) {
+    if (type == QAccessible::ActionInterface && (isStop(elementRole()) || acts(elementRole()))) {
         return static_cast<QAccessibleActionInterface*>(this);
     }
     if (type == QAccessible::ValueInterface && facts().range) {
@@ -143,18 +147,24 @@ void* ElementAccess::interface_cast(QAccessible::InterfaceType type) {
 QStringList ElementAccess::actionNames() const {
     const ElementRole role = elementRole();
     QStringList names;
-    if (role == ElementRole::Toggle) {
+    if (role == ElementRole::Toggle || role == ElementRole::Lamp) {
         names << toggleAction();
     } else if (role == ElementRole::Slider) {
         names << increaseAction() << decreaseAction();
     } else if (acts(role)) {
         names << pressAction();
     }
-    return names << setFocusAction();
+    if (isStop(role)) {
+        names << setFocusAction();
+    }
+    return names;
 }
 
 void ElementAccess::doAction(const QString& action) {
     if (!isValid() || state().disabled) {
+        return;
+    }
+    if (!actionNames().contains(action)) {
         return;
     }
     if (action == setFocusAction()) {
@@ -163,7 +173,7 @@ void ElementAccess::doAction(const QString& action) {
         focus_.adjust(place_, Adjustment::Up);
     } else if (action == decreaseAction()) {
         focus_.adjust(place_, Adjustment::Down);
-    } else if (acts(elementRole()) && actionNames().contains(action)) {
+    } else if (acts(elementRole())) {
         focus_.activate(place_);
     }
 }
