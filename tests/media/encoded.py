@@ -51,6 +51,12 @@ TABLE = {
                            [*FFMPEG, "-i", "{in}", "-c:a", "adpcm_ima_wav", "{out}"]),
     "flac_in_ogg.ogg": ("wav_s16_44100_stereo.wav",
                         [*FLAC, "--ogg", "--serial-number=1", "-o", "{out}", "{in}"]),
+    **{"flac_link_%d.ogg" % n: ("gapless_%d.wav" % n,
+                               [*FLAC, "--ogg", "--serial-number=%d" % (n + 1), "-o", "{out}",
+                                "{in}"]) for n in (1, 2, 3)},
+    **{"flac_link_same_%d.ogg" % n: ("gapless_%d.wav" % n,
+                                    [*FLAC, "--ogg", "--serial-number=7", "-o", "{out}", "{in}"])
+       for n in (1, 2, 3)},
     "link_1.ogg": ("gapless_1.wav", [*OGGENC[:3], "2", *OGGENC[4:], "-o", "{out}", "{in}"]),
     "link_2.ogg": ("gapless_2.wav", [*OGGENC[:3], "3", *OGGENC[4:], "-o", "{out}", "{in}"]),
     "link_3.ogg": ("gapless_3.wav", [*OGGENC[:3], "4", *OGGENC[4:], "-o", "{out}", "{in}"]),
@@ -84,6 +90,8 @@ LENGTH_UNKNOWN = ("mp3_vbr_no_xing.mp3", "mp3_cbr_no_info.mp3", "mp3_truncated.m
 # Files whose kind is not what their names end in.
 KINDS = {"layer2.mp2": "mp3", "mp3_in_wav.wav": "mp3", "adpcm_ms.wav": "adpcm",
          "adpcm_ima.wav": "adpcm", "adpcm_ima_mono.wav": "adpcm", "flac_in_ogg.ogg": "flac",
+         "flac_chained.ogg": "flac", "flac_chained_same.ogg": "flac",
+         **{"flac_link_%s%d.ogg" % (kind, n): "flac" for kind in ("", "same_") for n in (1, 2, 3)},
          "two_blocks.wma": "short", "two_frames.mp3": "short"}
 
 
@@ -117,4 +125,8 @@ def derived(folder):
     yield "two_frames.mp3", "mp3_cbr_no_info.mp3", first_frames(read("mp3_cbr_no_info.mp3"), 2)
     links = [read("link_%d.ogg" % n) for n in (1, 2, 3)]
     yield "ogg_chained.ogg", "gapless_whole.wav", b"".join(links)
+    for kind in ("", "same_"):
+        flac_links = [read("flac_link_%s%d.ogg" % (kind, n)) for n in (1, 2, 3)]
+        yield ("flac_chained_%s" % kind).rstrip("_") + ".ogg", "gapless_whole.wav", \
+            b"".join(flac_links)
     yield "mp3_truncated.mp3", "mp3_vbr.mp3", vbr[:len(vbr) * 6 // 10]

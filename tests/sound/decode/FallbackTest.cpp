@@ -16,7 +16,8 @@ namespace {
 bool isBeyondFfmpeg(const MediaFile& file) {
     return isModule(file) || file.kind == "adpcm" || file.name == "mp3_in_wav.wav" ||
            file.name == "mp3_free_format.mp3" || file.name == "ogg_chained.ogg" ||
-           file.name == "flac_in_ogg.ogg" || (file.kind == "mp3" && file.frames == 0);
+           (file.kind == "flac" && file.name.ends_with(".ogg")) ||
+           (file.kind == "mp3" && file.frames == 0);
 }
 
 std::unique_ptr<Decoder> byFfmpeg(const MediaFile& file) {

@@ -160,6 +160,37 @@ TEST(Kinds, TheLinksOfAChainedOggFollowEachOther) {
     EXPECT_TRUE(std::equal(part.begin(), part.end(), links.begin() + 2 * place));
 }
 
+TEST(Kinds, TheLinksOfAChainedFlacFollowEachOther) {
+    const std::vector<float> whole = readAll(*openMedia("gapless_whole.wav"));
+    for (const std::string name : {"flac_chained.ogg", "flac_chained_same.ogg"}) {
+        SCOPED_TRACE(name);
+        const std::unique_ptr<Decoder> chain = openMedia(name);
+        EXPECT_EQ(chain->lengthFrames(), std::ssize(whole) / 2);
+        EXPECT_EQ(readAll(*chain), whole);
+        for (const std::int64_t place : {100'000, 5000, 88'211, 88'210, 250'000}) {
+            ASSERT_EQ(chain->seek(place), place);
+            const std::vector<float> part = readFrames(*chain, 3000);
+            EXPECT_TRUE(std::equal(part.begin(), part.end(), whole.begin() + 2 * place)) << place;
+        }
+    }
+}
+
+TEST(Kinds, AChainedFlacThatBreaksOffEndsThere) {
+    const std::vector<float> whole = readAll(*openMedia("gapless_whole.wav"));
+    const auto all = fileBytes(mediaPath("flac_chained.ogg"));
+    const auto last =
+        static_cast<std::size_t>(std::filesystem::file_size(mediaPath("flac_link_3.ogg")));
+    for (const std::size_t kept : {last / 2, std::size_t{60}, std::size_t{20}}) {
+        const auto bytes = std::span(all).first(all.size() - last + kept);
+        const OpenResult opened = openDecoder(FormatFamily::flac, bytes);
+        ASSERT_TRUE(opened.decoder) << kept;
+        const std::vector<float> heard = readAll(*opened.decoder);
+        EXPECT_EQ(opened.decoder->lengthFrames(), std::ssize(heard) / 2) << kept;
+        ASSERT_GE(std::ssize(heard), 176'399 * 2) << kept;
+        EXPECT_TRUE(std::equal(heard.begin(), heard.end(), whole.begin())) << kept;
+    }
+}
+
 TEST(Kinds, AChainMayChangeItsRate) {
     auto bytes = fileBytes(mediaPath("ogg_48000.ogg"));
     const auto second = fileBytes(mediaPath("link_1.ogg"));

@@ -4,11 +4,16 @@
 #include "sound/decode/Downmix.h"
 #include "sound/decode/flac/FlacScan.h"
 #include "sound/decode/LeadingTags.h"
+#include "sound/decode/LinkedDecoder.h"
 #include "sound/decode/OggHead.h"
+#include "sound/decode/OggLinks.h"
 #include "sound/decode/Resampler.h"
 
 #include <algorithm>
+#include <optional>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace tovik::sound::flac {
 namespace {
@@ -22,6 +27,42 @@ bool isNative(const ByteStore& store) {
     return std::ranges::equal(head, std::as_bytes(std::span(kMagic)));
 }
 
+OpenResult openStream(const std::shared_ptr<const ByteStore>& store, bool inOgg,
+                      std::optional<std::int64_t> length = std::nullopt) {
+    std::unique_ptr<FlacStream> stream = FlacStream::open(store, inOgg);
+    if (!stream || stream->info().rate < Resampler::kLowestRate ||
+        stream->info().rate > Resampler::kHighestRate || !stream->next()) {
+        return {OpenStatus::broken, nullptr};
+    }
+    const std::int64_t frames = length.value_or(stream->info().frames);
+    return {OpenStatus::opened,
+            std::make_unique<FlacDecoder>(store, inOgg, std::move(stream), frames)};
+}
+
+// The library plays the first stream, or runs into the next where that has the same number: so each
+// is opened for itself. How long it is, its last page tells even where its head does not.
+OpenResult openInOgg(const std::shared_ptr<const ByteStore>& store) {
+    OpenResult first = openStream(store, true);
+    if (!first.decoder || endsWithFirstLink(*store, first.decoder->lengthFrames())) {
+        return first;
+    }
+    const std::vector<OggLink> links = oggLinks(*store);
+    if (links.size() < 2) {
+        return first;
+    }
+    std::vector<std::unique_ptr<Decoder>> decoders;
+    for (const OggLink& link : links) {
+        const auto part = partOf(store, link.begin, link.end - link.begin);
+        if (oggContent(*part) == OggContent::flac) {
+            if (OpenResult opened = openStream(part, true, link.frames); opened.decoder) {
+                decoders.push_back(std::move(opened.decoder));
+            }
+        }
+    }
+    std::unique_ptr<Decoder> decoder = LinkedDecoder::create(std::move(decoders));
+    return {decoder ? OpenStatus::opened : OpenStatus::broken, std::move(decoder)};
+}
+
 } // namespace
 
 bool isFlac(const ByteStore& store) {
@@ -29,21 +70,15 @@ bool isFlac(const ByteStore& store) {
 }
 
 OpenResult openFlac(const std::shared_ptr<const ByteStore>& store) {
-    const bool inOgg = oggContent(*store) == OggContent::flac;
-    if (!inOgg && !isNative(*store)) {
-        return {OpenStatus::notMine, nullptr};
+    if (oggContent(*store) == OggContent::flac) {
+        return openInOgg(store);
     }
-    std::unique_ptr<FlacStream> stream = FlacStream::open(store, inOgg);
-    if (!stream || stream->info().rate < Resampler::kLowestRate ||
-        stream->info().rate > Resampler::kHighestRate || !stream->next()) {
-        return {OpenStatus::broken, nullptr};
-    }
-    return {OpenStatus::opened, std::make_unique<FlacDecoder>(store, inOgg, std::move(stream))};
+    return isNative(*store) ? openStream(store, false) : OpenResult{OpenStatus::notMine, nullptr};
 }
 
 FlacDecoder::FlacDecoder(std::shared_ptr<const ByteStore> store, bool inOgg,
-                         std::unique_ptr<FlacStream> stream)
-    : store_(std::move(store)), inOgg_(inOgg), stream_(std::move(stream)),
+                         std::unique_ptr<FlacStream> stream, std::int64_t length)
+    : store_(std::move(store)), inOgg_(inOgg), length_(length), stream_(std::move(stream)),
       channels_(stream_->info().channels == 1 ? 1 : 2), blocks_(stream_->info().rate, channels_) {
     placeFrom(stream_->block().place);
 }

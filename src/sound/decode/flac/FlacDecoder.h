@@ -13,21 +13,20 @@ namespace tovik::sound::flac {
 [[nodiscard]] bool isFlac(const ByteStore& store);
 
 /// Any thread. "Mine" are files that begin as native FLAC, behind leading tags or not, and Ogg
-/// files whose first stream is FLAC.
+/// files whose first stream is FLAC. Streams that follow each other in one Ogg file are one track.
 [[nodiscard]] OpenResult openFlac(const std::shared_ptr<const ByteStore>& store);
 
 class FlacDecoder : public Decoder {
 public:
+    /// `length` in frames; 0 when it is not known.
     FlacDecoder(std::shared_ptr<const ByteStore> store, bool inOgg,
-                std::unique_ptr<FlacStream> stream);
+                std::unique_ptr<FlacStream> stream, std::int64_t length);
 
     [[nodiscard]] int sampleRate() const noexcept override { return stream_->info().rate; }
 
     [[nodiscard]] int channels() const noexcept override { return channels_; }
 
-    [[nodiscard]] std::int64_t lengthFrames() const noexcept override {
-        return stream_->info().frames;
-    }
+    [[nodiscard]] std::int64_t lengthFrames() const noexcept override { return length_; }
 
     [[nodiscard]] std::unique_ptr<PacketScan> lengthScan() override;
     std::size_t read(std::span<float> interleaved) override;
@@ -39,6 +38,7 @@ private:
 
     std::shared_ptr<const ByteStore> store_;
     bool inOgg_;
+    std::int64_t length_;
     std::unique_ptr<FlacStream> stream_;
     int channels_;
     PlacedBlocks blocks_;
