@@ -20,3 +20,18 @@ endif()
 if(TOVIK_BENCH)
     find_package(benchmark REQUIRED)
 endif()
+
+# What the about window tells.
+set(TOVIK_LIBRARIES
+    "Qt ${Qt6_VERSION}"
+    "FFmpeg (libavcodec ${FFMPEG_libavcodec_VERSION}, libavformat ${FFMPEG_libavformat_VERSION})"
+    "libmpg123 ${MPG123_VERSION}"
+    "libvorbis ${VORBISFILE_VERSION}"
+    "FLAC ${FLAC_VERSION}"
+    "libopenmpt ${OPENMPT_VERSION}"
+    "libsoxr ${SOXR_VERSION}"
+    "libpulse ${PULSE_VERSION}"
+    "SDL ${SDL2_VERSION}"
+    "pugixml ${pugixml_VERSION}"
+    "Expat ${EXPAT_VERSION}")
+list(JOIN TOVIK_LIBRARIES "|" TOVIK_LIBRARIES)

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Menus.h"
 
+#include "commands/MenuTree.h"
+
+#include <algorithm>
 #include <tuple>
 
 namespace tovik::app {
@@ -34,6 +37,17 @@ void Menus::bind(commands::Commands& commands, const window::MainElements& eleme
                                                 return frmTSR.listHasSelection() &&
                                                        commands_.enabled(CommandId::editTag);
                                             }});
+}
+
+preferences::AcceleratorMenus Menus::accelerators() {
+    const auto entryOf = [this](CommandId command) {
+        const auto tree = commands::menuTree();
+        const auto entry = std::ranges::find_if(tree, [command](const auto& candidate) {
+            return candidate.command == command && command != CommandId::none;
+        });
+        return entry == tree.end() ? 0 : frmTSR.m_Menus.IndexForKey(entry->key());
+    };
+    return {.menus = &frmTSR.m_Menus, .entryOf = entryOf, .refresh = [this] { frmTSR.refresh(); }};
 }
 
 void Menus::load() {

@@ -6,6 +6,7 @@
 #include "commands/Commands.h"
 #include "config/Errors.h"
 #include "host/Paths.h"
+#include "preferences/ShortcutList.h"
 #include "window/frmTSR.h"
 #include "window/MainElements.h"
 
@@ -22,6 +23,9 @@ public:
     /// `keys` is the window whose keys are looked at for accelerators.
     void bind(commands::Commands& commands, const window::MainElements& elements,
               ui::MessageWindow& keys);
+
+    /// The accelerators, for who changes them.
+    [[nodiscard]] preferences::AcceleratorMenus accelerators();
 
     // Steps of the start and the end --------------------------------------------------------------
 

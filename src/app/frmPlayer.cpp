@@ -44,6 +44,16 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                 .windows = windows,
                 .elements = front_.view.elements},
                host),
+      choices_({.preferences = {.core = core_,
+                                .silenceSkip = music_.playback.silenceSkip,
+                                .window = window,
+                                .windows = windows,
+                                .language = ground_.language,
+                                .paths = host.paths,
+                                .shippedFolder = options_.shippedFolder},
+                .version = ground_.version,
+                .host = host,
+                .changeLanguage = [this] { changeLanguage(); }}),
       handOver_(core_, process_, options_, window, startFile_, autoload_) {
     ground_.news.add(events);
     autoload_.begin();
@@ -55,6 +65,8 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     front_.bind(commands_);
     filling_.bind(commands_);
     menus_.bind(commands_, front_.view.elements, front_.view.input.keyWindow());
+    choices_.bind(commands_);
+    choices_.preferences.shortcuts.attach(menus_.accelerators());
     front_.enableButtons(commands_);
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "app/Autoload.h"
+#include "app/Choices.h"
 #include "app/Filling.h"
 #include "app/Front.h"
 #include "app/Ground.h"
@@ -69,6 +70,8 @@ public:
 
     [[nodiscard]] Search& search() { return search_; }
 
+    [[nodiscard]] Choices& choices() { return choices_; }
+
     [[nodiscard]] dialogs::DialogLogic dialogs() {
         return {.language = ground_.language,
                 .loadPreset = tone_.loadPreset,
@@ -76,7 +79,9 @@ public:
                 .jump2File = search_.jump2File,
                 .jump2Track = search_.jump2Track,
                 .jump2time = search_.jump2time,
-                .mp3Tag = tagging_.editor};
+                .mp3Tag = tagging_.editor,
+                .preferences = choices_.preferences,
+                .about = choices_.about};
     }
 
     // What is asked for most ----------------------------------------------------------------------
@@ -143,6 +148,7 @@ private:
     Menus menus_;
     Front front_;
     Filling filling_;
+    Choices choices_;
     HandOver handOver_;
 };
 

@@ -57,6 +57,31 @@ inline constexpr auto kEnglishLists = std::to_array<std::string_view>({
     "Press a button to add a station",
 });
 
+/// The English of "TovikPreferences".
+inline constexpr auto kEnglishPreferences = std::to_array<std::string_view>({
+    "&Show the title when a track starts",
+    "Command",
+    "Keys",
+    "Always",
+    "New &keys",
+    "C&lear",
+    "Press the new keys of the command here.",
+    "The keys of this command cannot be changed.",
+    "Refused: these are the keys of [x].",
+    "From now on these keys no longer do what they always did: [x].",
+    "These keys cannot be used.",
+    "Takes effect at the next start",
+    "Folder",
+    "Folders",
+});
+
+/// The English of "TovikAbout".
+inline constexpr auto kEnglishAbout = std::to_array<std::string_view>({
+    "&Libraries",
+    "Free software under the GNU General Public License, version 3 or later",
+    "The program that looks for updates is not installed",
+});
+
 inline constexpr std::array<LanguageSectionRow, kLanguageSections> kSections{{
     {S::MainMenu, "MainMenu", 37, W::frmTSR},
     {S::VisMenu, "VisMenu", 2, W::frmTSR},
@@ -85,6 +110,10 @@ inline constexpr std::array<LanguageSectionRow, kLanguageSections> kSections{{
      kEnglishNames},
     {S::TovikLists, "TovikLists", static_cast<int>(kEnglishLists.size()), W::frmPlayer,
      kEnglishLists},
+    {S::TovikPreferences, "TovikPreferences", static_cast<int>(kEnglishPreferences.size()),
+     W::frmPreferences, kEnglishPreferences},
+    {S::TovikAbout, "TovikAbout", static_cast<int>(kEnglishAbout.size()), W::frmAbout,
+     kEnglishAbout},
 }};
 
 constexpr Row put(S section, int item, std::string_view element, K kind = K::Caption, int index = 0,
@@ -104,6 +133,11 @@ constexpr Row title(S section) {
 
 constexpr Row tip(S section, int item, std::string_view element, int index = 0, int count = 1) {
     return put(section, item, element, K::Tooltip, index, count);
+}
+
+/// An element of a window other than that of the section.
+constexpr Row inWindow(S section, int item, W window, std::string_view element, K kind) {
+    return {section, item, 1, window, element, 0, kind};
 }
 
 /// An element of the main window that has its words from another window's section.

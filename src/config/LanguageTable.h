@@ -36,9 +36,11 @@ enum class LanguageSection : std::uint8_t {
     Notice,     ///< our own: what the window says of the program's state
     TovikNames, ///< what a screen reader calls elements
     TovikLists, ///< what empty lists say
+    TovikPreferences,
+    TovikAbout,
 };
 
-inline constexpr std::size_t kLanguageSections = 24;
+inline constexpr std::size_t kLanguageSections = 26;
 
 /// The windows that texts go to. The main menu's texts name tabs of the main window, too.
 enum class TextWindow : std::uint8_t {

@@ -39,11 +39,29 @@ void MultiLNG::Language_File(std::string_view name) {
     file_ = std::string(name) + std::string(kExtension);
 }
 
+const host::Paths& MultiLNG::holder() const {
+    const bool fromShipped = !shipped_.dataFolder().empty() && !isReadable(paths_);
+    return fromShipped ? shipped_ : paths_;
+}
+
+std::vector<std::string> MultiLNG::names() const {
+    std::vector<std::string> found;
+    std::error_code failure;
+    const std::filesystem::path folder = holder().of(host::DataItem::Languages);
+    for (std::filesystem::directory_iterator entry(folder, failure), end; !failure && entry != end;
+         entry.increment(failure)) {
+        if (base::equalsIgnoringCase(entry->path().extension().native(), kExtension)) {
+            found.push_back(entry->path().stem().native());
+        }
+    }
+    std::ranges::sort(found);
+    return found;
+}
+
 std::string MultiLNG::path() const {
     // The separator of the name is that of the whole, so that either kind leads out of the folder.
     const std::string name = std::string(kFolder) + base::separatorOf(file_) + file_;
-    const bool fromShipped = !shipped_.dataFolder().empty() && !isReadable(paths_);
-    return (fromShipped ? shipped_ : paths_).inside(name);
+    return holder().inside(name);
 }
 
 std::string MultiLNG::textOf(const std::string& path, LanguageSection section, int number) {
@@ -179,6 +197,14 @@ void MultiLNG::Load_frmJump2track() {
 
 void MultiLNG::Get_Shortcut_List() {
     load(S::Shortcuts);
+}
+
+void MultiLNG::loadPreferenceWords() {
+    load(S::TovikPreferences);
+}
+
+void MultiLNG::loadAboutWords() {
+    load(S::TovikAbout);
 }
 
 void MultiLNG::loadNames() {

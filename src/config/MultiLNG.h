@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace tovik::config {
 
@@ -24,6 +25,9 @@ public:
     /// one in `shippedFolder` takes its place.
     explicit MultiLNG(const host::Paths& paths, std::string shippedFolder = {})
         : paths_(paths), shipped_(std::move(shippedFolder)) {}
+
+    /// The languages that there are: the files in the folder by their names, without the extension.
+    [[nodiscard]] std::vector<std::string> names() const;
 
     /// From now on the texts for this window go there. The targets must outlive this object or be
     /// detached before they go.
@@ -57,6 +61,11 @@ public:
     /// The names of the commands go to the list of the preferences.
     void Get_Shortcut_List();
 
+    /// The words of the preferences and of the choice of a folder that no section of old has, and
+    /// those of the about window.
+    void loadPreferenceWords();
+    void loadAboutWords();
+
     /// What a screen reader calls the elements of the main window.
     void loadNames();
 
@@ -71,6 +80,7 @@ public:
 
 private:
     void load(LanguageSection section);
+    [[nodiscard]] const host::Paths& holder() const;
     [[nodiscard]] std::string path() const;
     [[nodiscard]] static std::string textOf(const std::string& path, LanguageSection section,
                                             int number);

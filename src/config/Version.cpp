@@ -11,6 +11,7 @@ namespace {
 constexpr char kSeparator = ',';
 constexpr std::string_view kRecordKey = "TKXV";
 constexpr std::string_view kSecondPartKey = "TKV2";
+constexpr std::string_view kDateKey = "TKD";
 constexpr std::string_view kProgramName = "Tovik ";
 constexpr std::string_view kUpdateSwitch = "chk4update=";
 
@@ -43,6 +44,10 @@ std::string Version::getTovikversion() {
 
 std::int16_t Version::getTovikbuildNm() {
     return settings_.getAs(kRecordKey, buildNumber);
+}
+
+std::string Version::buildDate() {
+    return settings_.getSetting(kDateKey);
 }
 
 std::string Version::get_Tovik_Version() {

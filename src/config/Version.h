@@ -31,6 +31,9 @@ public:
 
     [[nodiscard]] std::int16_t getTovikbuildNm();
 
+    /// The date of the build, as its maker wrote it.
+    [[nodiscard]] std::string buildDate();
+
     /// The caption of a window while nothing plays, for example "Tovik 0.1".
     [[nodiscard]] std::string get_Tovik_Version();
 

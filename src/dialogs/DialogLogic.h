@@ -15,6 +15,14 @@ class frmOpenDirectory;
 class frmMp3Tag;
 } // namespace tovik::player
 
+namespace tovik::preferences {
+class frmPreferences;
+}
+
+namespace tovik::window {
+class frmAbout;
+}
+
 namespace tovik::dialogs {
 
 /// All of it outlives the dialogs.
@@ -26,6 +34,8 @@ struct DialogLogic {
     player::frmJump2Track& jump2Track;
     player::frmjump2time& jump2time;
     player::frmMp3Tag& mp3Tag;
+    preferences::frmPreferences& preferences;
+    window::frmAbout& about;
 };
 
 } // namespace tovik::dialogs

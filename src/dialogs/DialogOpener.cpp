@@ -2,6 +2,7 @@
 #include "dialogs/DialogOpener.h"
 
 #include <algorithm>
+#include <QApplication>
 
 namespace tovik::dialogs {
 
@@ -31,7 +32,11 @@ void DialogOpener::open(window::WindowId window) {
         bringToFront(*open);
         return;
     }
-    Dialog& dialog = row->make({.logic = *logic_, .dispatcher = dispatcher_, .parent = parent_});
+    // What is opened from a dialog that holds up the others stands in front of that one.
+    QWidget* const front = QApplication::activeModalWidget();
+    Dialog& dialog = row->make({.logic = *logic_,
+                                .dispatcher = dispatcher_,
+                                .parent = front != nullptr ? front : parent_.data()});
     made = &dialog;
     dialog.load();
     if (row->kind == DialogKind::beside) {

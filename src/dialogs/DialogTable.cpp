@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialogs/DialogTable.h"
 
+#include "dialogs/AboutDialog.h"
 #include "dialogs/JumpToTimeDialog.h"
 #include "dialogs/JumpToTrackDialog.h"
 #include "dialogs/LoadPresetDialog.h"
 #include "dialogs/Mp3TagDialog.h"
 #include "dialogs/MusicSearchDialog.h"
 #include "dialogs/OpenDirectoryDialog.h"
+#include "dialogs/PreferencesDialog.h"
+#include "dialogs/RipDirDialog.h"
 
 #include <array>
 
@@ -46,6 +49,21 @@ constexpr std::array kTable = {
               [](const DialogParts& parts) -> Dialog& {
                   return *new Mp3TagDialog(parts.logic.mp3Tag, parts.logic.language,
                                            parts.dispatcher, parts.parent);
+              }},
+    DialogRow{WindowId::preferences, DialogKind::first,
+              [](const DialogParts& parts) -> Dialog& {
+                  return *new PreferencesDialog(parts.logic.preferences, parts.logic.language,
+                                                parts.dispatcher, parts.parent);
+              }},
+    DialogRow{WindowId::ripFolder, DialogKind::first,
+              [](const DialogParts& parts) -> Dialog& {
+                  return *new RipDirDialog(parts.logic.preferences.ripDir, parts.logic.language,
+                                           parts.dispatcher, parts.parent);
+              }},
+    DialogRow{WindowId::about, DialogKind::first,
+              [](const DialogParts& parts) -> Dialog& {
+                  return *new AboutDialog(parts.logic.about, parts.logic.language, parts.dispatcher,
+                                          parts.parent);
               }},
 };
 

@@ -108,6 +108,18 @@ inline constexpr std::array kSettingTable{
     SettingRow{"EM", SettingKind::flag, NoMember{}, ReadAt::live},
     SettingRow{"MC", SettingKind::flag, NoMember{}, ReadAt::live},
     SettingRow{"CFLD", SettingKind::text, NoMember{}, ReadAt::live},
+    SettingRow{"STI", SettingKind::number, NoMember{}, ReadAt::live},
+    SettingRow{"VPS", SettingKind::number, NoMember{}, ReadAt::live},
+    SettingRow{"DOF", SettingKind::text, NoMember{}, ReadAt::live},
+    SettingRow{"DOB", SettingKind::text, NoMember{}, ReadAt::live},
+    SettingRow{"DBR", SettingKind::number, NoMember{}, ReadAt::live},
+    SettingRow{"EPRIO", SettingKind::number, NoMember{}, ReadAt::live},
+    SettingRow{"ROP", SettingKind::text, NoMember{}, ReadAt::live},
+    SettingRow{"IROP", SettingKind::text, NoMember{}, ReadAt::live},
+    SettingRow{"SCD", SettingKind::flag, NoMember{}, ReadAt::live},
+    SettingRow{"ASO", SettingKind::flag, NoMember{}, ReadAt::live},
+    SettingRow{"CDSEARCH", SettingKind::flag, NoMember{}, ReadAt::live, SavedAt::demand,
+               KeyOf::player},
 };
 
 /// The place of a key in the table, found while compiling: a key without a row does not compile.

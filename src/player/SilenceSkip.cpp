@@ -63,13 +63,17 @@ void SilenceSkip::SLD_Timer() {
     config::guard(core_.errors, config::player("sldTimer"), [this] { end_->endTrack(); });
 }
 
+void SilenceSkip::readThreshold() {
+    silenceThreshold_ = readLive(core_.settings, "SLDT", config::settingToInt16);
+}
+
 void SilenceSkip::button_sld() {
     PlayerState& state = core_.state;
     state.SilenceSkipOn = !state.SilenceSkipOn;
     core_.screen.showMode(Mode::silenceSkip);
     watch();
     if (state.SilenceSkipOn) {
-        silenceThreshold_ = readLive(core_.settings, "SLDT", config::settingToInt16);
+        readThreshold();
     }
 }
 

@@ -30,6 +30,10 @@ public:
     /// The tick of `sldTimer`. It carries on behind a figure that cannot be had.
     void SLD_Timer();
 
+    /// Takes the threshold from "SLDT". Raises 94 and 13 like a missing setting and one that is no
+    /// number.
+    void readThreshold();
+
     /// The switch of the mode. Switching it on reads the threshold from "SLDT". Raises 94 and 13
     /// like a missing setting and one that is no number.
     void button_sld();

@@ -76,7 +76,10 @@ void MainInput::pressAt(const ui::PointerEvent& event) {
     if (const PressButton* const button = pressedOf(event); button != nullptr) {
         press(*button, true);
     } else if (event.over(MainElement::prebt)) {
-        p_.keys.commands().run(commands::CommandId::preferences);
+        p_.panels.pressPreferences(
+            [this] { p_.keys.commands().run(commands::CommandId::preferences); });
+        // Whatever closed the dialog, the button is up by then.
+        p_.panels.releasePreferences();
     }
 }
 

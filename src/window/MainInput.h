@@ -12,6 +12,7 @@
 #include "window/MainButtons.h"
 #include "window/MainElements.h"
 #include "window/MenuPopper.h"
+#include "window/Panels.h"
 #include "window/PlayerWindow.h"
 
 namespace tovik::window {
@@ -22,6 +23,7 @@ struct MainInputParts {
     MainElements& elements;
     const commands::ClsShortcut& keys;
     Grips grips;
+    Panels& panels;
     PlayerWindow& window;
     MenuPopper* menus = nullptr; ///< null: a right click shows no menu
 };

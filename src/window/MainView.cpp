@@ -26,6 +26,7 @@ MainView::MainView(const Needs& needs)
              .elements = elements,
              .keys = shortcuts,
              .grips = grips,
+             .panels = panels,
              .window = window,
              .menus = needs.menus}),
       access({.core = core,

@@ -15,6 +15,9 @@ enum class WindowId : std::uint8_t {
     jumpToTrack,   ///< the row of a number
     jumpToTime,    ///< a time of the track
     mp3Tag,        ///< the tag editor
+    preferences,   ///< the settings
+    ripFolder,     ///< the choice of a folder for new files
+    about,         ///< what this program is
     count,         ///< how many there are
 };
 

@@ -57,10 +57,12 @@ protected:
                          .volume = volumeBar_,
                          .balance = balanceBar_,
                          .sliders = sliders_};
+    window::Panels panels_{core_, elements_, window_};
     window::MainInput input_{{.core = core_,
                               .elements = elements_,
                               .keys = shortcuts_,
                               .grips = grips_,
+                              .panels = panels_,
                               .window = window_,
                               .menus = &menus_}};
 };

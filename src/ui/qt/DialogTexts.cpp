@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/qt/DialogTexts.h"
 
+#include "ui/Mnemonic.h"
 #include "ui/qt/DisplayText.h"
 
 #include <QAbstractButton>
@@ -11,6 +12,7 @@
 #include <QListWidget>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTreeWidget>
 
 namespace tovik::ui {
 
@@ -51,8 +53,13 @@ void setEntry(QWidget* widget, int index, const QString& text) {
     as<QComboBox>(
         widget,
         [&](auto& box) { into(box, [&](auto& combo) { combo.setItemText(index, text); }); }) ||
-        as<QListWidget>(widget, [&](auto& box) {
-            into(box, [&](auto& list) { list.item(index)->setText(text); });
+        as<QListWidget>(
+            widget,
+            [&](auto& box) { into(box, [&](auto& list) { list.item(index)->setText(text); }); }) ||
+        as<QTreeWidget>(widget, [&](auto& tree) {
+            if (QTreeWidgetItem* const item = tree.topLevelItem(index); item != nullptr) {
+                item->setText(0, text);
+            }
         });
 }
 
@@ -82,7 +89,8 @@ void DialogTexts::setText(std::string_view element, int index, TextKind kind,
         return;
     case TextKind::Name:
         if (QWidget* const widget = find(element, index); widget != nullptr) {
-            widget->setAccessibleName(shown);
+            // The word may serve as a caption, too.
+            widget->setAccessibleName(displayString(mnemonicOf(text).text));
         }
         return;
     case TextKind::Caption:

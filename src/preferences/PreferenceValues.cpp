@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "preferences/PreferenceValues.h"
+
+#include <algorithm>
+
+namespace tovik::preferences {
+
+void PreferenceValues::put(Control control, std::int32_t number) {
+    const ControlRow& row = rowOf(control);
+    const std::int32_t held = std::clamp(number, row.least, row.most);
+    numbers_.at(at(control)) = held - (held - row.least) % row.step;
+    known_.set(at(control));
+}
+
+void PreferenceValues::setNumber(Control control, std::int32_t number) {
+    put(control, number);
+    switch (control) {
+    case Control::Check2:
+        put(Control::Check15, ticked(control) ? 0 : 1);
+        break;
+    case Control::Check15:
+        put(Control::Check2, ticked(control) ? 0 : 1);
+        break;
+    case Control::Combo1:
+        texts_.at(at(control)) = kFormats.at(static_cast<std::size_t>(this->number(control)));
+        showRate();
+        break;
+    case Control::Slider2:
+        if (choosesRate()) {
+            rates_.at(static_cast<std::size_t>(this->number(Control::Combo1))) =
+                this->number(control);
+        }
+        break;
+    default:
+        break;
+    }
+}
+
+void PreferenceValues::setText(Control control, std::string_view text) {
+    texts_.at(at(control)) = text;
+    known_.set(at(control));
+    if (control == Control::Combo1) {
+        const auto* const found = std::ranges::find(kFormats, text);
+        numbers_.at(at(control)) =
+            found == kFormats.end() ? -1 : static_cast<std::int32_t>(found - kFormats.begin());
+        showRate();
+    }
+}
+
+void PreferenceValues::setTypes(const Ticks& types) {
+    types_ = types;
+    known_.set(at(Control::List1));
+}
+
+void PreferenceValues::setRates(const Rates& rates) {
+    rates_ = rates;
+    rates_.front() = kWaveRate;
+    showRate();
+}
+
+void PreferenceValues::showRate() {
+    if (choosesRate()) {
+        put(Control::Slider2, rates_.at(static_cast<std::size_t>(number(Control::Combo1))));
+    }
+}
+
+std::string PreferenceValues::rateText() const {
+    const bool wave = number(Control::Combo1) == 0;
+    return std::to_string(wave ? kWaveRate : number(Control::Slider2)) + " kbps";
+}
+
+} // namespace tovik::preferences
