@@ -21,7 +21,7 @@ using base::RegularFile;
 class MakeRoomTest : public testing::Test {
 protected:
     MakeRoomTest() {
-        for (int number = 0; number < 300000; ++number) {
+        for (std::int64_t number = 0; number < 300000; ++number) {
             old_ += static_cast<char>(number * 7919 / 13);
         }
         path_ = folder_.write("song.mp3", old_);
