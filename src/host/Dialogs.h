@@ -37,7 +37,7 @@ struct FileFilter {
 struct FileDialog {
     std::string title{};
     std::vector<FileFilter> filters{};
-    std::string folder{};           ///< where it opens; empty: where the last one was
+    std::string folder{};           ///< where it opens; empty: where the last one was, or the music
     std::string fileName{};         ///< the name proposed
     std::string defaultExtension{}; ///< added to a typed name that has none; without a dot
     bool manyFiles = false;         ///< open dialogs only
@@ -45,7 +45,7 @@ struct FileDialog {
 
 struct FolderDialog {
     std::string title{};
-    std::string folder{};
+    std::string folder{}; ///< as that of a file dialog
 };
 
 class Dialogs {

@@ -6,9 +6,12 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <array>
@@ -61,9 +64,9 @@ std::string pathFrom(const QString& name) {
     return QFile::encodeName(name).toStdString();
 }
 
-void prepare(QFileDialog& window, const FileDialog& dialog, const std::string& folder) {
+void prepare(QFileDialog& window, const FileDialog& dialog, const QString& folder) {
     window.setWindowTitle(shown(dialog.title));
-    window.setDirectory(nameFrom(folder));
+    window.setDirectory(folder);
     // The names of the filters are complete; the patterns behind them would only repeat them.
     window.setOption(QFileDialog::HideNameFilterDetails);
     QStringList filters;
@@ -91,6 +94,11 @@ std::vector<std::string> choices(QFileDialog& window, std::string& lastFolder) {
         lastFolder = pathFrom(window.directory().absolutePath());
     }
     return paths;
+}
+
+QString folderOfMusic() {
+    const QString music = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
+    return QFileInfo(music).isDir() ? music : QDir::homePath();
 }
 
 std::optional<std::string> firstOf(const std::vector<std::string>& paths) {
@@ -126,11 +134,17 @@ MessageAnswer QtDialogs::showMessage(const MessageBox& box) {
     return answer == kAnswers.end() ? box.defaultAnswer : answer->first;
 }
 
+/// An empty name would be the list of all drives.
+QString QtDialogs::startFolder(const std::string& wanted) const {
+    const QString folder = nameFrom(wanted.empty() ? lastFolder_ : wanted);
+    return folder.isEmpty() ? folderOfMusic() : folder;
+}
+
 std::vector<std::string> QtDialogs::openFiles(const FileDialog& dialog) {
     QFileDialog window(QApplication::activeWindow());
     window.setAcceptMode(QFileDialog::AcceptOpen);
     window.setFileMode(dialog.manyFiles ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
-    prepare(window, dialog, dialog.folder.empty() ? lastFolder_ : dialog.folder);
+    prepare(window, dialog, startFolder(dialog.folder));
     return choices(window, lastFolder_);
 }
 
@@ -138,13 +152,13 @@ std::optional<std::string> QtDialogs::saveFile(const FileDialog& dialog) {
     QFileDialog window(QApplication::activeWindow());
     window.setAcceptMode(QFileDialog::AcceptSave);
     window.setFileMode(QFileDialog::AnyFile);
-    prepare(window, dialog, dialog.folder.empty() ? lastFolder_ : dialog.folder);
+    prepare(window, dialog, startFolder(dialog.folder));
     return firstOf(choices(window, lastFolder_));
 }
 
 std::optional<std::string> QtDialogs::chooseFolder(const FolderDialog& dialog) {
     QFileDialog window(QApplication::activeWindow(), shown(dialog.title),
-                       nameFrom(dialog.folder.empty() ? lastFolder_ : dialog.folder));
+                       startFolder(dialog.folder));
     window.setFileMode(QFileDialog::Directory);
     window.setOption(QFileDialog::ShowDirsOnly);
     return firstOf(choices(window, lastFolder_));

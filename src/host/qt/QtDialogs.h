@@ -5,7 +5,10 @@
 #include "host/Dialogs.h"
 
 #include <functional>
+#include <QString>
 #include <set>
+#include <string>
+#include <vector>
 
 namespace tovik::host {
 
@@ -24,6 +27,9 @@ public:
     [[nodiscard]] std::optional<std::string> chooseFolder(const FolderDialog& dialog) override;
 
 private:
+    /// Where a dialog opens that is wanted in this folder, or in none in particular.
+    [[nodiscard]] QString startFolder(const std::string& wanted) const;
+
     Log log_;
     std::set<std::string> openTexts_;
     std::string lastFolder_;

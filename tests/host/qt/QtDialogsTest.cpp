@@ -134,6 +134,22 @@ TEST_F(QtDialogsTest, saveAddsTheExtensionAndRemembersTheFolder) {
     EXPECT_EQ(dialogs_.saveFile({.title = "Save"}), std::nullopt);
 }
 
+TEST_F(QtDialogsTest, theFirstOneOpensWithTheMusicOrAtHome) {
+    const QByteArray home = qgetenv("HOME");
+    qputenv("HOME", folder_.path().c_str());
+    const auto opensIn = [this](const std::string& folder) {
+        const WhenShown<QFileDialog> user([&](QFileDialog& window) {
+            EXPECT_EQ(window.directory().absolutePath().toStdString(), folder);
+            window.reject();
+        });
+        EXPECT_THAT(dialogs_.openFiles({.title = "Add"}), ElementsAre());
+    };
+    opensIn(folder_.path());
+    std::filesystem::create_directory(folder_ / "Music");
+    opensIn(folder_ / "Music");
+    qputenv("HOME", home);
+}
+
 TEST_F(QtDialogsTest, aFolderIsChosenOrNot) {
     std::filesystem::create_directory(folder_ / "music");
     const WhenShown<QFileDialog> user([&](QFileDialog& window) {
