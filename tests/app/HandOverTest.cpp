@@ -2,6 +2,8 @@
 // What a running player does with what later starts hand over.
 #include "app/AppRig.h"
 
+#include <algorithm>
+
 namespace tovik::test {
 namespace {
 
@@ -27,6 +29,17 @@ protected:
     void handOver(const std::string& path) {
         ASSERT_TRUE(arrives(path));
         advance(20);
+    }
+
+    /// At how many moments of the next second a timer fires.
+    [[nodiscard]] int wakesOfASecond() {
+        int wakes = 0;
+        const std::int64_t end = host_.clock.monotonicMs() + 1000;
+        for (auto due = host_.clock.nextDue(); due && *due < end; due = host_.clock.nextDue()) {
+            host_.clock.advanceTo(std::max(*due, host_.clock.monotonicMs() + 1));
+            ++wakes;
+        }
+        return wakes;
     }
 
     [[nodiscard]] std::vector<std::string> titles() {
@@ -185,6 +198,54 @@ TEST_F(HandOver, theWindowComesToTheFront) {
     advance(20);
     EXPECT_EQ(sound_.calls.back(), "to the front token");
     EXPECT_FALSE(player().state().IsPlaying);
+}
+
+TEST_F(HandOver, aLongJobDoesNotKeepTheWindowFromTheFront) {
+    host_.folder.write(kList, "#EXTM3U\n#EXTINF:1,One\n/1.mp3\n#EXTINF:1,Two\n/2.mp3\n");
+    const std::string path = track("song.mp3");
+    player().Form_Initialize();
+    bool cameToFront = false;
+    const auto timer = host_.clock.makeTimer([&] {
+        timer_->setEnabled(false);
+        ASSERT_TRUE(arrives(path)); // has to wait, with nobody behind it having to
+        ASSERT_TRUE(host_.messages.keep({Kind::toTheFront, "old"}));
+        ASSERT_TRUE(host_.messages.keep({Kind::toTheFront, "new"}));
+        host_.clock.advanceTo(host_.clock.monotonicMs() + 50);
+        cameToFront = sound_.calls.back() == "to the front new";
+        EXPECT_FALSE(player().state().IsPlaying);
+    });
+    timer_ = timer.get();
+    timer->setInterval(app::Autoload::kTimer4Ms);
+    timer->setEnabled(true);
+    player().Form_Load();
+    advance(200);
+    EXPECT_TRUE(cameToFront);
+    EXPECT_THAT(sound_.calls, testing::Not(Contains("to the front old")));
+    EXPECT_EQ(std::ranges::count(sound_.calls, "to the front new"), 1);
+    EXPECT_THAT(titles(), ElementsAre("song.mp3"));
+}
+
+TEST_F(HandOver, withNothingLeftToDoNothingWakes) {
+    startAndSettle();
+    const int before = wakesOfASecond();
+    ASSERT_TRUE(host_.messages.keep({Kind::toTheFront, ""}));
+    advance(20);
+    EXPECT_LE(wakesOfASecond(), before);
+}
+
+TEST_F(HandOver, whatEndsTheProgramIsTheLastThatIsCarriedOut) {
+    startAndSettle();
+    host_.closing.setLeave([this] { player().kill_me(); });
+    host_.dialogs.onMessage = [this] {
+        host_.closing.request();
+        host_.closing.leaveIfAsked();
+    };
+    ASSERT_TRUE(arrives(host_.folder / "none.mp3")); // a box, in which the user closes the player
+    ASSERT_TRUE(arrives(track("song.mp3")));
+    advance(50);
+    EXPECT_TRUE(host_.closing.ending());
+    EXPECT_THAT(titles(), IsEmpty());
+    EXPECT_EQ(callsOf("BASS_StreamPlay"), 0U);
 }
 
 TEST_F(HandOver, alsoAfterAStartThatFailed) {
