@@ -151,10 +151,13 @@ void drawPlain(QPainter& painter, const Element& element, PlainState state) {
         break;
     case ElementKind::Image:
     case ElementKind::Label:
-    case ElementKind::Control:
         drawPanel(painter, element, state.ground);
         drawCaption(painter, element,
                     Qt::AlignLeft | (element.wraps ? Qt::AlignTop : Qt::AlignVCenter));
+        break;
+    case ElementKind::Control:
+        // The words are the widget's: they would be seen once more where it lets something through.
+        drawPanel(painter, element, state.ground);
         break;
     }
     painter.restore();

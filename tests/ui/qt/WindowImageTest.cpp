@@ -70,6 +70,15 @@ TEST_F(WindowImageTest, pixelsOfAPictureStayWholeWhereverItStands) {
     EXPECT_NE(composed().pixel(60, 140), 0xFFFF0000);
 }
 
+TEST_F(WindowImageTest, theWordsOfAWidgetAreLeftToIt) {
+    table.touch(Small::list).textColour = {255, 255, 255};
+    const QImage without = composed();
+    table.touch(Small::list).caption = "Title";
+    EXPECT_EQ(composed(), without);
+    table.touch(Small::list).kind = ElementKind::Label;
+    EXPECT_NE(composed(), without);
+}
+
 TEST_F(WindowImageTest, wordsAreDrawnInTheSizeOfTheImage) {
     table.touch(Small::title).caption = "Title";
     table.touch(Small::title).textColour = {255, 255, 255};
