@@ -26,7 +26,7 @@ namespace tovik::sound {
 using DownloadRoutine = std::function<void(std::span<const std::byte> bytes, std::uintptr_t user)>;
 
 /// Gets each metadata string of a stream ("StreamTitle='...';...", bytes as sent, without the NULs
-/// that fill its block) when it comes in. See DownloadRoutine.
+/// that fill its block) when it comes in and is another than the one before. See DownloadRoutine.
 using MetaRoutine = std::function<void(std::string_view metadata, std::uintptr_t user)>;
 
 /// Kinds of tags.
@@ -44,8 +44,9 @@ public:
     ///
     /// An M3U or PLS answer stands for the first of its addresses that opens. `offset` must be 0;
     /// of `flags`, BASS_STREAM_META asks the server for titles, BASS_STREAM_DECODE is refused
-    /// (notAvailable). `routine` may be empty. 0 only where there is no library, no room or a wrong
-    /// argument: an address that cannot be opened, also an empty one, has a handle and a report.
+    /// (notAvailable), and filters are always possible. `routine` may be empty. 0 only where there
+    /// is no library, no room or a wrong argument: an address that cannot be opened, also an empty
+    /// one, has a handle and a report.
     ///
     /// It cannot be sought in. Its position counts what was heard; its length is 0 (unknown).
     [[nodiscard]] virtual Handle BASS_StreamCreateURL(std::string_view url, std::uint32_t offset,

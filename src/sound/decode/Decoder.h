@@ -5,6 +5,7 @@
 
 #include "sound/decode/PacketScan.h"
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -42,6 +43,10 @@ public:
     /// Goes to `frame` and returns where it stands then: exactly there for MP3, Vorbis, WAV and
     /// FLAC, within 40 frames for WMA, on a row for modules. Beyond the end stands at the end.
     virtual std::int64_t seek(std::int64_t frame) = 0;
+
+    /// How much of what was read lies ready and unheard, told before each read of what is played;
+    /// of use to who waits for a network and wants to know when that is heard.
+    virtual void noteAhead(std::chrono::milliseconds /*ahead*/) {}
 
     /// True for modules told to repeat: `read` then never ends and positions wrap at the length.
     [[nodiscard]] virtual bool loops() const noexcept { return false; }

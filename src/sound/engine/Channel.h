@@ -7,6 +7,7 @@
 #include "sound/decode/Decoder.h"
 #include "sound/engine/Source.h"
 #include "sound/mix/Voice.h"
+#include "sound/net/NetStream.h"
 
 #include <array>
 #include <cstddef>
@@ -66,6 +67,9 @@ public:
 
     /// True once every sample was heard or, for a decoding channel, taken by the caller.
     [[nodiscard]] bool ended(std::int64_t heardClock) const noexcept;
+
+    /// Of a stream from the Internet; null for all others.
+    std::shared_ptr<NetStream> net;
 
     bool started = false; ///< told to play and not stopped since
 

@@ -48,6 +48,9 @@ bool ChannelCalls::BASS_ChannelSetPosition(Handle handle, std::int64_t bytes) {
     if (channel == nullptr) {
         return false;
     }
+    if (channel->net != nullptr) {
+        return core_.fail(ErrorCode::notAvailable);
+    }
     const std::int64_t length = channel->lengthFrames(core_.heardFrame(*channel));
     if (bytes < 0 || bytes > channel->bytesFromFrames(length)) {
         return core_.fail(ErrorCode::invalidPosition);

@@ -9,6 +9,7 @@
 #include "sound/engine/EffectCalls.h"
 #include "sound/engine/EngineCore.h"
 #include "sound/engine/EngineOptions.h"
+#include "sound/engine/NetworkCalls.h"
 #include "sound/engine/RecordCalls.h"
 #include "sound/engine/StreamCalls.h"
 #include "sound/engine/UnavailableCalls.h"
@@ -34,6 +35,7 @@ class Engine final : private EngineCoreHolder,
                      private ChannelCalls,
                      private EffectCalls,
                      private RecordCalls,
+                     private NetworkCalls,
                      private UnavailableCalls {
 public:
     explicit Engine(std::unique_ptr<OutputDevice> device, const EngineOptions& options = {});

@@ -23,13 +23,13 @@ ErrorCode reason(OpenStatus status) {
 
 EngineCore::EngineCore(std::unique_ptr<OutputDevice> device, const EngineOptions& options)
     : remix_(device->mixesAhead() ? Remix::possible : Remix::never),
-      openPatience_(options.openPatience), openFile_(options.openFile), observer_(options.observer),
-      feeder_(options.feeder,
-              [this] {
-                  if (mixer_.hungry()) {
-                      keeper_.wakeDevice();
-                  }
-              }),
+      openPatience_(options.openPatience), openFile_(options.openFile), net_(options.net),
+      observer_(options.observer), feeder_(options.feeder,
+                                           [this] {
+                                               if (mixer_.hungry()) {
+                                                   keeper_.wakeDevice();
+                                               }
+                                           }),
       keeper_(std::move(device), *this, options.keeperTimes) {}
 
 EngineCore::~EngineCore() {
@@ -164,6 +164,9 @@ void EngineCore::kill(Handle handle) {
 }
 
 void EngineCore::bury(std::unique_ptr<Channel> channel) {
+    if (channel->net != nullptr) {
+        channel->net->close();
+    }
     feeder_.retire(channel->giveAwaySource());
     if (channel->isDecoding()) {
         return;

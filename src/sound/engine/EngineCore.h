@@ -74,6 +74,9 @@ public:
     /// How files are opened.
     [[nodiscard]] const auto& openFile() const noexcept { return openFile_; }
 
+    /// How streams from the Internet are had.
+    [[nodiscard]] const NetOptions& net() const noexcept { return net_; }
+
     // Channels --------------------------------------------------------------------------------
 
     [[nodiscard]] ChannelTable& channels() noexcept { return channels_; }
@@ -150,6 +153,7 @@ private:
     const Remix remix_;
     const std::chrono::milliseconds openPatience_;
     const decltype(EngineOptions::openFile) openFile_;
+    const NetOptions net_;
     Mixer mixer_;
     DeviceObserver* observer_;
     Feeder feeder_;

@@ -4,6 +4,7 @@
 
 #include "sound/decode/Decoder.h"
 #include "sound/engine/Feeder.h"
+#include "sound/net/NetStream.h"
 #include "sound/output/DeviceKeeper.h"
 
 #include <chrono>
@@ -31,6 +32,9 @@ struct EngineOptions {
         [](FormatFamily family, const std::string& path, OpenOptions how) {
             return openDecoder(family, path, how);
         };
+
+    /// How streams from the Internet are had.
+    NetOptions net{};
 };
 
 } // namespace tovik::sound

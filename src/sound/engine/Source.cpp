@@ -213,6 +213,7 @@ std::size_t Source::decode(std::span<float> interleaved) {
 }
 
 void Source::decodeSlice() {
+    decoder_->noteAhead(std::chrono::milliseconds(feed_->readableFrames() * 1000 / kMixRate));
     const std::size_t frames = decode(decoded_);
     const std::span<const float> decoded =
         std::span<const float>(decoded_).first(frames * static_cast<std::size_t>(facts_.channels));

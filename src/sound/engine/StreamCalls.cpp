@@ -112,6 +112,9 @@ bool StreamCalls::BASS_MusicFree(Handle music) {
 
 std::int64_t StreamCalls::lengthBytes(const Channel& channel) {
     core_.succeed();
+    if (channel.net != nullptr) {
+        return 0; // unknown
+    }
     return channel.bytesFromFrames(channel.lengthFrames(core_.heardFrame(channel)));
 }
 

@@ -48,27 +48,6 @@ Handle UnavailableCalls::BASS_CD_StreamCreate(std::uint32_t, std::uint32_t, std:
     return kNoHandle;
 }
 
-Handle UnavailableCalls::BASS_StreamCreateURL(std::string_view, std::uint32_t, std::uint32_t,
-                                              DownloadRoutine, std::uintptr_t) {
-    noteUnavailable();
-    return kNoHandle;
-}
-
-std::optional<std::string> UnavailableCalls::BASS_StreamGetTags(Handle, std::uint32_t) {
-    noteUnavailable();
-    return std::nullopt;
-}
-
-Handle UnavailableCalls::BASS_ChannelSetSyncMeta(Handle, MetaRoutine, std::uintptr_t) {
-    noteUnavailable();
-    return kNoHandle;
-}
-
-std::optional<StreamReport> UnavailableCalls::streamReport(Handle) {
-    noteUnavailable();
-    return std::nullopt;
-}
-
 bool UnavailableCalls::BASS_Encode_Start(Handle, std::string_view, std::uint32_t) {
     noteUnavailable();
     return false;

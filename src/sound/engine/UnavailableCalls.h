@@ -5,14 +5,12 @@
 
 #include "sound/api/DiscOperations.h"
 #include "sound/api/EncodeOperations.h"
-#include "sound/api/NetworkOperations.h"
 #include "sound/api/VisualOperations.h"
 #include "sound/engine/EngineCore.h"
 
 namespace tovik::sound {
 
 class UnavailableCalls : public virtual DiscOperations,
-                         public virtual NetworkOperations,
                          public virtual EncodeOperations,
                          public virtual VisualOperations {
 public:
@@ -28,13 +26,6 @@ public:
     bool BASS_CD_Door(std::uint32_t drive, std::uint32_t action) override;
     Handle BASS_CD_StreamCreate(std::uint32_t drive, std::uint32_t track,
                                 std::uint32_t flags) override;
-
-    Handle BASS_StreamCreateURL(std::string_view url, std::uint32_t offset, std::uint32_t flags,
-                                DownloadRoutine routine, std::uintptr_t user) override;
-    std::optional<std::string> BASS_StreamGetTags(Handle stream, std::uint32_t tags) override;
-    Handle BASS_ChannelSetSyncMeta(Handle stream, MetaRoutine routine,
-                                   std::uintptr_t user) override;
-    std::optional<StreamReport> streamReport(Handle stream) override;
 
     bool BASS_Encode_Start(Handle channel, std::string_view commandLine,
                            std::uint32_t flags) override;

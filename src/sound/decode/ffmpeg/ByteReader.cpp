@@ -12,7 +12,10 @@ constexpr int kBufferBytes = 32 * 1024;
 
 ByteReader::ByteReader(std::shared_ptr<const ByteStore> store) : store_(std::move(store)) {
     auto* buffer = static_cast<unsigned char*>(av_malloc(kBufferBytes));
-    context_ = avio_alloc_context(buffer, kBufferBytes, 0, this, &read, nullptr, &seek);
+    // Without a size it is a stream, in which there is no way but on.
+    const bool seekable = store_->size() >= 0;
+    context_ = avio_alloc_context(buffer, kBufferBytes, 0, this, &read, nullptr,
+                                  seekable ? &seek : nullptr);
     if (context_ == nullptr) {
         av_free(buffer);
     }

@@ -7,6 +7,10 @@ namespace {
 // A demuxer that cannot make sense of one place often goes on behind it.
 constexpr int kErrorsInARow = 16;
 
+// How much of a stream is looked at before it sounds, in bytes and in units of the library.
+constexpr std::int64_t kLiveProbeBytes = 128 * 1024;
+constexpr std::int64_t kLiveProbeTime = AV_TIME_BASE / 2;
+
 // No file of ours may make a demuxer open another one.
 int refuseToOpen(AVFormatContext* /*context*/, AVIOContext** /*opened*/, const char* /*name*/,
                  int /*flags*/, AVDictionary** /*options*/) {
@@ -16,12 +20,12 @@ int refuseToOpen(AVFormatContext* /*context*/, AVIOContext** /*opened*/, const c
 } // namespace
 
 std::unique_ptr<Demuxer> Demuxer::open(std::shared_ptr<const ByteStore> store,
-                                       const AVInputFormat& format) {
+                                       const AVInputFormat& format, Reach reach) {
     std::unique_ptr<Demuxer> demuxer(new Demuxer(std::move(store)));
-    return demuxer->start(format) ? std::move(demuxer) : nullptr;
+    return demuxer->start(format, reach) ? std::move(demuxer) : nullptr;
 }
 
-bool Demuxer::start(const AVInputFormat& format) {
+bool Demuxer::start(const AVInputFormat& format, Reach reach) {
     AVFormatContext* context = avformat_alloc_context();
     if (context == nullptr || reader_.context() == nullptr) {
         avformat_free_context(context);
@@ -30,6 +34,10 @@ bool Demuxer::start(const AVInputFormat& format) {
     context->pb = reader_.context();
     context->io_open = &refuseToOpen;
     context->max_probe_packets = 0; // or 16-bit WAV files are searched for other codecs for 10 ms
+    if (reach == Reach::live) {
+        context->probesize = kLiveProbeBytes;
+        context->max_analyze_duration = kLiveProbeTime;
+    }
     if (avformat_open_input(&context, "", &format, nullptr) < 0) {
         return false; // the library has freed the context
     }
@@ -66,6 +74,20 @@ bool Demuxer::read(AVPacket& packet) noexcept {
 
 bool Demuxer::seek(std::int64_t pts) noexcept {
     return av_seek_frame(context_.get(), stream_->index, pts, AVSEEK_FLAG_BACKWARD) >= 0;
+}
+
+std::string Demuxer::takeTitle() {
+    if ((stream_->event_flags & AVSTREAM_EVENT_FLAG_METADATA_UPDATED) == 0) {
+        return {};
+    }
+    stream_->event_flags &= ~AVSTREAM_EVENT_FLAG_METADATA_UPDATED;
+    const auto text = [this](const char* key) {
+        const AVDictionaryEntry* const entry = av_dict_get(stream_->metadata, key, nullptr, 0);
+        return std::string(entry != nullptr ? entry->value : "");
+    };
+    const std::string artist = text("artist");
+    const std::string title = text("title");
+    return artist.empty() || title.empty() ? artist + title : artist + " - " + title;
 }
 
 } // namespace tovik::sound::ffmpeg

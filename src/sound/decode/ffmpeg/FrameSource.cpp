@@ -94,6 +94,7 @@ void FrameSource::note(const AVPacket& packet) noexcept {
         firstByte_ = packet.pos;
         firstPts_ = packet.pts;
     }
+    lastByte_ = packet.pos;
     lastPacketEnd_ = packetEnd(packet, stream().time_base, stream().codecpar->sample_rate);
 }
 

@@ -28,6 +28,12 @@ public:
     /// Where in the file the data of the first packet stand; -1 when unknown.
     [[nodiscard]] std::int64_t firstByte() const noexcept { return firstByte_; }
 
+    /// Where the data of the packet decoded last stand; -1 when unknown.
+    [[nodiscard]] std::int64_t lastByte() const noexcept { return lastByte_; }
+
+    /// See Demuxer.
+    [[nodiscard]] std::string takeTitle() { return demuxer_->takeTitle(); }
+
     /// Time stamp of the first packet of the file.
     [[nodiscard]] std::int64_t firstPts() const noexcept { return firstPts_; }
 
@@ -48,6 +54,7 @@ private:
     PacketPtr packet_;
     FramePtr frame_;
     std::int64_t firstByte_ = -1;
+    std::int64_t lastByte_ = -1;
     std::int64_t firstPts_ = AV_NOPTS_VALUE;
     std::int64_t decodeFrom_ = AV_NOPTS_VALUE;
     std::int64_t lastPacketEnd_ = AV_NOPTS_VALUE;

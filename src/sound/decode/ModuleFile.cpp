@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sound/decode/ModuleFile.h"
+
+#include <array>
+#include <dlfcn.h>
+#include <filesystem>
+
+namespace tovik::sound {
+namespace {
+
+/// Beside the program, as it is built, or where programs keep their modules once installed.
+constexpr std::array<const char*, 2> kFolders = {".", "../lib/tovik"};
+
+} // namespace
+
+const void* symbolOfModule(const char* file, const char* symbol) {
+    std::error_code error;
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+    for (const char* folder : kFolders) {
+        const std::filesystem::path path = program.parent_path() / folder / file;
+        // Never closed again: its libraries do not like to be taken away.
+        void* const module = ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+        const void* const found = module != nullptr ? ::dlsym(module, symbol) : nullptr;
+        if (found != nullptr) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace tovik::sound
