@@ -53,7 +53,9 @@ void MainControls::addQuickList() {
 ui::ListWidget& MainControls::addList(MainElement element, const char* objectName,
                                       playlist::stdSS& list) {
     window::ListRows& rows = *rows_.emplace_back(std::make_unique<window::ListRows>(
-        list, element == MainElement::lstTracks ? nullptr : &player_.menus().frmTSR));
+        list, element == MainElement::lstTracks ? nullptr : &player_.menus().frmTSR,
+        element == MainElement::RadioLst ? commands::CommandId::radioInfo
+                                         : commands::CommandId::editTag));
     auto* widget = new ui::ListWidget(rows, rows, dispatcher_);
     widget->setObjectName(QString::fromLatin1(objectName));
     widget->setColours(window::kListColours);

@@ -31,12 +31,11 @@ void Menus::bind(commands::Commands& commands, const window::MainElements& eleme
                                         .enabled = [this] { return frmTSR.listHasSelection(); }});
     commands.bind(CommandId::listDelete, {.run = [this] { frmTSR.mnuplsDel(); },
                                           .enabled = [this] { return frmTSR.listHasSelection(); }});
-    commands.bind(CommandId::listInfo, {.run = [this] { commands_.run(CommandId::editTag); },
-                                        .enabled =
-                                            [this] {
-                                                return frmTSR.listHasSelection() &&
-                                                       commands_.enabled(CommandId::editTag);
-                                            }});
+    commands.bind(
+        CommandId::listInfo,
+        {.run = [this] { commands_.run(frmTSR.listInfo()); },
+         .enabled =
+             [this] { return frmTSR.listHasSelection() && commands_.enabled(frmTSR.listInfo()); }});
 }
 
 preferences::AcceleratorMenus Menus::accelerators() {

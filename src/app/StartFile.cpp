@@ -6,6 +6,7 @@
 #include "base/FileErrors.h"
 #include "base/RegularFile.h"
 #include "base/Text.h"
+#include "base/Url.h"
 #include "host/PlayerArguments.h"
 #include "player/TrackOpener.h"
 #include "playlist/FileNames.h"
@@ -21,7 +22,7 @@ namespace {
 
 /// Why a file cannot be read.
 std::optional<base::RuntimeError> problemOf(const std::string& path) {
-    if (player::namesCdTrack(path)) {
+    if (player::namesCdTrack(path) || base::isWebUrl(path)) {
         return std::nullopt;
     }
     const std::error_code failure =
@@ -64,6 +65,10 @@ void StartFile::playHandedOver(const std::string& path) {
 }
 
 void StartFile::play(const std::string& path, From from) {
+    if (base::isWebUrl(path)) {
+        playAddress(path);
+        return;
+    }
     const std::string extension = base::toUpperAscii(playlist::get_extension(path));
     if (extension == "M3U") {
         files_.open_m3u(path);
@@ -74,6 +79,12 @@ void StartFile::play(const std::string& path, From from) {
     } else {
         playFile(path, from);
     }
+}
+
+void StartFile::playAddress(const std::string& address) {
+    core_.lists.stdSS.AddItem("", address, address, "00:00", 0);
+    core_.lists.stdSS.SelectedIndex = 1;
+    playback_.rows.playItem(0);
 }
 
 void StartFile::playList() {

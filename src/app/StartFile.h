@@ -36,6 +36,7 @@ private:
     enum class From : std::uint8_t { start, otherInstance };
 
     void play(const std::string& path, From from);
+    void playAddress(const std::string& address);
     void playList();
     void playFile(const std::string& path, From from);
 

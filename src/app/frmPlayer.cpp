@@ -25,6 +25,12 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
       music_(core_, tone_.equalizer, window, host, process_),
       search_(core_, music_.playback, windows),
       tagging_(core_, host, music_.tagWarning, ground_.language, windows),
+      stations_({.core = core_,
+                 .playback = music_.playback,
+                 .RadioLst = lists_.RadioLst,
+                 .language = ground_.language,
+                 .windows = windows},
+                host),
       startFile_(core_, music_.playback, lists_.files, music_.tag, options_.commandLine),
       autoload_(core_, lists_, music_.playback.rows),
       menus_(commands_, ground_.menuTexts, window, ground_.errors, host.paths),
@@ -62,6 +68,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     music_.bind(commands_);
     search_.bind(commands_);
     tagging_.bind(commands_);
+    stations_.bind(commands_);
     front_.bind(commands_);
     filling_.bind(commands_);
     menus_.bind(commands_, front_.view.elements, front_.view.input.keyWindow());
@@ -117,6 +124,7 @@ void frmPlayer::changeLanguage() {
     ground_.language.loadAttached();
     front_.view.showWords();
     ground_.unkept.show();
+    stations_.player.screen.readWords();
 }
 
 void frmPlayer::loadSettings(frmPlayer& player) {
@@ -131,6 +139,7 @@ void frmPlayer::loadLanguage(frmPlayer& player) {
     language.Load_Menus_Lng();
     language.loadNames();
     player.front_.view.showWords();
+    player.stations_.player.screen.readWords();
 }
 
 void frmPlayer::saveSettings(frmPlayer& player) {

@@ -15,6 +15,7 @@
 #include "app/Process.h"
 #include "app/Search.h"
 #include "app/StartFile.h"
+#include "app/Stations.h"
 #include "app/Tagging.h"
 #include "app/Tone.h"
 #include "dialogs/DialogLogic.h"
@@ -68,6 +69,8 @@ public:
 
     [[nodiscard]] commands::Commands& commands() { return commands_; }
 
+    [[nodiscard]] Stations& stations() { return stations_; }
+
     [[nodiscard]] Search& search() { return search_; }
 
     [[nodiscard]] Choices& choices() { return choices_; }
@@ -81,7 +84,8 @@ public:
                 .jump2time = search_.jump2time,
                 .mp3Tag = tagging_.editor,
                 .preferences = choices_.preferences,
-                .about = choices_.about};
+                .about = choices_.about,
+                .addStation = stations_.addStation};
     }
 
     // What is asked for most ----------------------------------------------------------------------
@@ -142,6 +146,7 @@ private:
     Music music_;
     Search search_;
     Tagging tagging_;
+    Stations stations_;
     StartFile startFile_;
     Autoload autoload_;
     commands::Commands commands_;

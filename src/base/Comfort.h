@@ -76,6 +76,14 @@ struct Comfort {
     bool findsAllHeaders = false;      ///< headers that are not found
     bool keepsMissingWords = false;    ///< what a language file leaves out
 
+    // Radio.
+    bool readsTitlesWhole = false;    ///< a semicolon in a station's title
+    bool savesPlainSongs = false;     ///< the beginning of a saved song
+    bool savesAnyFormat = false;      ///< songs of stations that are no MP3
+    bool keepsStationsAtOnce = false; ///< stations of a session that was broken off
+    bool keepsLongAddresses = false;  ///< stations with long addresses
+    bool showsSavingAsItIs = false;   ///< the save button of a new station
+
     // What the window shows.
     bool titlesFileStart = false;         ///< the caption of a start with a file
     bool hidesLampsOverList = false;      ///< indicators over the playlist

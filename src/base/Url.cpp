@@ -63,6 +63,13 @@ bool isUrl(std::string_view text) noexcept {
                        isSchemeCharacter);
 }
 
+bool isWebUrl(std::string_view text) noexcept {
+    constexpr std::string_view kPlain = "http://";
+    constexpr std::string_view kSecure = "https://";
+    return equalsIgnoringCase(text.substr(0, kPlain.size()), kPlain) ||
+           equalsIgnoringCase(text.substr(0, kSecure.size()), kSecure);
+}
+
 std::optional<std::string> pathFromFileUrl(std::string_view url) {
     if (!equalsIgnoringCase(url.substr(0, kFileScheme.size()), kFileScheme)) {
         return std::nullopt;

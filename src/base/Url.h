@@ -11,6 +11,10 @@ namespace tovik::base {
 /// Whether the text begins with a scheme and "://".
 [[nodiscard]] bool isUrl(std::string_view text) noexcept;
 
+/// Whether the text is an address of the web: "http://" or "https://", in any case of letters, and
+/// whatever follows.
+[[nodiscard]] bool isWebUrl(std::string_view text) noexcept;
+
 /// The bytes of the path that a `file:` address of this machine names, its percent escapes
 /// decoded. Nothing for any other text, another machine or an escape that is none or is a zero.
 [[nodiscard]] std::optional<std::string> pathFromFileUrl(std::string_view url);

@@ -83,6 +83,10 @@ enum class CommandId : std::uint8_t {
     cancelRip,
     radioPlay,
     radioDelete,
+    radioInfo,
+    addStation,
+    startRecording,
+    endRecording,
     // The list that was asked for a menu.
     listPlay,
     listDelete,

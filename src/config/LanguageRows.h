@@ -21,6 +21,10 @@ inline constexpr auto kEnglishNotices = std::to_array<std::string_view>({
     "Save all the same",
     "Cancel",
     "This file is no MPEG audio: its tags cannot be changed.",
+    "connecting",
+    "buffering [x] %",
+    "reconnecting",
+    "no such station",
 });
 
 /// The English of "TovikNames".

@@ -33,6 +33,10 @@ std::string_view unquoted(std::string_view value) {
     return quoted ? value.substr(1, value.size() - 2) : value;
 }
 
+std::string valueOf(const KeyLine& line) {
+    return std::string(base::cutToWidth(unquoted(line.value), kProfileValueWidth));
+}
+
 bool isSection(std::string_view line, std::string_view section) {
     return line.size() >= 2 && line.front() == '[' && line.back() == ']' &&
            base::equalsIgnoringCase(base::trimmed(line.substr(1, line.size() - 2)), section);
@@ -129,7 +133,18 @@ std::optional<std::string> findProfileValue(std::string_view bytes, std::string_
     if (line == nullptr) {
         return std::nullopt;
     }
-    return std::string(base::cutToWidth(unquoted(line->value), kProfileValueWidth));
+    return valueOf(*line);
+}
+
+std::vector<ProfileEntry> profileEntries(std::string_view bytes, std::string_view section) {
+    std::vector<ProfileEntry> entries;
+    const SectionView view(bytes, section);
+    for (const KeyLine& line : view.keys()) {
+        if (!line.name.starts_with(kComment)) {
+            entries.push_back({std::string(line.name), valueOf(line)});
+        }
+    }
+    return entries;
 }
 
 std::string profileValue(std::string_view bytes, std::string_view section, std::string_view key) {

@@ -27,6 +27,16 @@ findProfileValue(std::string_view bytes, std::string_view section, std::string_v
 [[nodiscard]] std::vector<std::string> profileKeys(std::string_view bytes,
                                                    std::string_view section);
 
+/// A key of a section with its value, as `findProfileValue` gives it.
+struct ProfileEntry {
+    std::string name;
+    std::string value;
+};
+
+/// The keys in a section with their values, in their order, comments left out.
+[[nodiscard]] std::vector<ProfileEntry> profileEntries(std::string_view bytes,
+                                                       std::string_view section);
+
 /// The bytes with a key set: in its place, else behind the last line of its section that is not
 /// blank, else in a new section at the end. New lines end in CR LF, every other byte stays. Line
 /// ends and zeros inside the value become blanks.

@@ -23,6 +23,10 @@ namespace tovik::window {
 class frmAbout;
 }
 
+namespace tovik::radio {
+class frmaddst;
+}
+
 namespace tovik::dialogs {
 
 /// All of it outlives the dialogs.
@@ -36,6 +40,7 @@ struct DialogLogic {
     player::frmMp3Tag& mp3Tag;
     preferences::frmPreferences& preferences;
     window::frmAbout& about;
+    radio::frmaddst& addStation;
 };
 
 } // namespace tovik::dialogs

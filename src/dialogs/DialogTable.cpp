@@ -2,6 +2,7 @@
 #include "dialogs/DialogTable.h"
 
 #include "dialogs/AboutDialog.h"
+#include "dialogs/AddStationDialog.h"
 #include "dialogs/JumpToTimeDialog.h"
 #include "dialogs/JumpToTrackDialog.h"
 #include "dialogs/LoadPresetDialog.h"
@@ -64,6 +65,11 @@ constexpr std::array kTable = {
               [](const DialogParts& parts) -> Dialog& {
                   return *new AboutDialog(parts.logic.about, parts.logic.language, parts.dispatcher,
                                           parts.parent);
+              }},
+    DialogRow{WindowId::addStation, DialogKind::first,
+              [](const DialogParts& parts) -> Dialog& {
+                  return *new AddStationDialog(parts.logic.addStation, parts.logic.language,
+                                               parts.dispatcher, parts.parent);
               }},
 };
 

@@ -32,6 +32,10 @@ std::int16_t CBASS_TIME::GetPlayingPos(sound::Handle channel) const {
     return base::toInt16(sound_.BASS_ChannelBytes2Seconds(channel, position));
 }
 
+std::int32_t CBASS_TIME::GetHeardSeconds(sound::Handle channel) const {
+    return wholeSeconds(channel, sound_.BASS_ChannelGetPosition(channel));
+}
+
 std::int32_t CBASS_TIME::GetDuration(sound::Handle channel) const {
     std::int64_t length = sound_.BASS_StreamGetLength(channel);
     if (length == -1) {

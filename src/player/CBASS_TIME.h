@@ -24,6 +24,9 @@ public:
     /// Rounded, halves to even. Raises 6 beyond 32767 seconds.
     [[nodiscard]] std::int16_t GetPlayingPos(sound::Handle channel) const;
 
+    /// The same for what goes on for days. Raises 6 beyond 32 bits.
+    [[nodiscard]] std::int32_t GetHeardSeconds(sound::Handle channel) const;
+
     /// Rounded, halves to even; 0 for a dead handle.
     [[nodiscard]] std::int32_t GetDuration(sound::Handle channel) const;
 

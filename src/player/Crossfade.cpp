@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/Crossfade.h"
 
+#include "base/Url.h"
+
 #include "player/FadeTime.h"
 
 namespace tovik::player {
@@ -46,6 +48,10 @@ bool Crossfade::CrossFade_BurnBaby(const TrackRef& track, std::int32_t fadeMilli
 
 bool Crossfade::start(const TrackRef& track, std::int32_t fade, const std::string& popup) {
     PlayerState& state = core_.state;
+    if (addresses_ != nullptr && base::isWebUrl(track.path)) {
+        addresses_->play(track);
+        return false;
+    }
     starter_.readVolumeMode();
     state.SilenceTicks = 0;
     facts_.takeOverFields();

@@ -2,6 +2,7 @@
 // Starts a track beside the one that sounds, which slides to silence. Interface thread.
 #pragma once
 
+#include "player/AddressPlayer.h"
 #include "player/Core.h"
 #include "player/FadeOut.h"
 #include "player/PlaybackClock.h"
@@ -22,10 +23,14 @@ public:
     Crossfade(const Core& core, TrackStarter& starter, TrackFacts& facts, PlaybackClock& clock,
               FadeOut& fadeOut);
 
+    /// Who plays addresses of the web; before anything is started. Outlives the object.
+    void setAddresses(AddressPlayer& addresses) { addresses_ = &addresses; }
+
     /// Starts a track on the channel that is not the current one, at full volume, while the current
     /// one slides to silence in `fadeMilliseconds`; with 0 it ends at once. A file that no decoder
     /// takes is left without a word, and the old track plays on under the title of that row.
-    /// `popup` is the text of the title popup; empty takes the row's. Whether it started.
+    /// `popup` is the text of the title popup; empty takes the row's. Whether it started;
+    /// an address of the web does not fade, and counts as not started.
     bool CrossFade_BurnBaby(const TrackRef& track, std::int32_t fadeMilliseconds,
                             const std::string& popup = {});
 
@@ -58,6 +63,7 @@ private:
     TrackFacts& facts_;
     PlaybackClock& clock_;
     FadeOut& fadeOut_;
+    AddressPlayer* addresses_ = nullptr;
     TrackOpener opener_{core_.sound};
     std::unique_ptr<host::Timer> CrossFade_;
 };

@@ -63,7 +63,7 @@ std::array<sound::Handle, Equalizer::kBands> Equalizer::makeFilters(sound::Handl
 void Equalizer::Set_EQ() {
     config::guard(core_.errors, config::player("SetEQ"), [this] {
         // Filters of the track before keep sounding with it, but nothing reaches them any more.
-        if (core_.state.CrossfadeLeg == 2) {
+        if (core_.state.CrossfadeLeg == 2 || core_.state.playsStation()) {
             BandEffects_ = makeFilters(core_.state.PrimaryChannel);
         } else if (core_.state.CrossfadeLeg == 1) {
             BandEffects_ = makeFilters(core_.state.SecondaryChannel);

@@ -23,6 +23,8 @@ struct NowPlaying {
     /// Artist, title, album, year, genre.
     std::array<std::string, kTagFields> fields;
 
+    std::string stationText; ///< what a station says of itself; lines end in LF
+
     std::string scrollerText;
     std::string caption;     ///< of the main window, as far as it has rotated
     std::string miniCaption; ///< of the mini window, likewise
@@ -70,6 +72,12 @@ public:
 
     /// A balance from -100 to 100 is heard.
     virtual void showBalanceLevel(std::int16_t /*pan*/) {}
+
+    /// What a station says of itself.
+    virtual void showStation(const NowPlaying& /*playing*/) {}
+
+    /// Whether a station is being saved, as the state has it.
+    virtual void showRecording() {}
 
     /// A file or a station, as the state has it, is the current source.
     virtual void showSource() {}

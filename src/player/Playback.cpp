@@ -15,4 +15,9 @@ Playback::Playback(const Core& core, tags::cMP3ID3v1& tag, StartEqualizer& equal
     silenceSkip.setEnd(advance);
 }
 
+void Playback::setAddresses(AddressPlayer& addresses) {
+    transport.setAddresses(addresses);
+    crossfade.setAddresses(addresses);
+}
+
 } // namespace tovik::player

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "host/RandomNumbers.h"
+#include "player/AddressPlayer.h"
 #include "player/Balance.h"
 #include "player/CBASS_TIME.h"
 #include "player/Core.h"
@@ -26,6 +27,9 @@ struct Playback {
     /// All of them outlive the parts.
     Playback(const Core& core, tags::cMP3ID3v1& tag, StartEqualizer& equalizer,
              const PlayerHandle& window, host::RandomNumbers& random);
+
+    /// Who plays addresses of the web; before anything is started. Outlives the parts.
+    void setAddresses(AddressPlayer& addresses);
 
     CBASS_TIME time;
     Volume volume;

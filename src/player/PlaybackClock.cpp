@@ -4,11 +4,15 @@
 #include "base/Numbers.h"
 #include "base/TimeText.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace tovik::player {
 
 namespace {
 
 constexpr std::int16_t kRemaining = 1;
+constexpr std::int64_t kMostSeconds = std::numeric_limits<std::int32_t>::max();
 
 } // namespace
 
@@ -82,12 +86,27 @@ void PlaybackClock::Timer1() {
 
 void PlaybackClock::showDigits() {
     const PlayerState& state = core_.state;
+    if (state.RadioMode) {
+        showHeard();
+        return;
+    }
     const std::int32_t position = time_.GetPlayingPos(state.active());
     const std::int32_t shown = state.TimeDisplayMode == kRemaining
                                    ? time_.GetDuration(state.active()) - position
                                    : position;
     core_.screen.playing.time = base::lastFive(shown);
     core_.screen.playing.countsDown = state.TimeDisplayMode != 0;
+    core_.screen.showTime();
+}
+
+/// A station has no end that could be counted down to.
+void PlaybackClock::showHeard() {
+    const PlayerState& state = core_.state;
+    const std::int64_t heard =
+        std::int64_t{state.HeardBefore} + time_.GetHeardSeconds(state.active());
+    core_.screen.playing.time =
+        base::lastFive(static_cast<std::int32_t>(std::min(heard, kMostSeconds)));
+    core_.screen.playing.countsDown = false;
     core_.screen.showTime();
 }
 
@@ -109,7 +128,7 @@ void PlaybackClock::Timer2() {
 
 void PlaybackClock::Timer3() {
     config::guard(core_.errors, config::player("timer3"), [this] {
-        if (core_.state.IsPlaying) {
+        if (core_.state.IsPlaying && !core_.state.RadioMode) {
             endTrackOnOverflow([this] { movePosition(); });
         }
     });

@@ -65,6 +65,7 @@ private:
 
     void stir();
     void showDigits();
+    void showHeard();
     void movePosition();
     template <typename Body>
     void endTrackOnOverflow(Body&& body);

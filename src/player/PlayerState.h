@@ -83,8 +83,13 @@ struct PlayerState {
     bool RadioPanelActive = false; ///< the radio's panel is shown
 
     bool RadioMode = false;       ///< a radio stream is the current source
+    bool RadioPlaying = false;    ///< a station was started in this session
+    std::int32_t HeardBefore = 0; ///< seconds heard of the station before it was opened again
     bool StreamRecording = false; ///< that stream is being written to a file
     bool RipRunning = false;
+
+    /// A station has the primary channel, and no leg is set up.
+    [[nodiscard]] bool playsStation() const { return RadioMode && CrossfadeLeg == 0; }
 
     /// The channel that the clock and the seek commands read, or none.
     [[nodiscard]] sound::Handle active() const {

@@ -76,6 +76,9 @@ void RowPlayer::PlayRow(playlist::Row row, std::int32_t fadeSeconds) {
     } else {
         transport_.Burnbaby(track);
     }
+    if (state.RadioMode) {
+        return; // a stream tells itself what it plays
+    }
     state.CurrentTitle = track.title;
     const std::string shown = " " + track.title;
     NowPlaying& playing = core_.screen.playing;

@@ -44,6 +44,10 @@ public:
 
     void showBalanceLevel(std::int16_t pan) { tell(&NowPlayingView::showBalanceLevel, pan); }
 
+    void showStation() { tell(&NowPlayingView::showStation, playing); }
+
+    void showRecording() { tell(&NowPlayingView::showRecording); }
+
     void showSource() { tell(&NowPlayingView::showSource); }
 
     void showMode(Mode mode) { tell(&NowPlayingView::showMode, mode); }

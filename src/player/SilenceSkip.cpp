@@ -49,7 +49,8 @@ bool SilenceSkip::opened() const {
 
 void SilenceSkip::SLD_Timer() {
     PlayerState& state = core_.state;
-    if (crossfade_.runs() || !state.SilenceSkipOn || !state.IsPlaying || !opened()) {
+    if (crossfade_.runs() || !state.SilenceSkipOn || !state.IsPlaying || state.RadioMode ||
+        !opened()) {
         return;
     }
     if (core_.sound.BASS_ChannelGetLevel(state.active()) == 0 &&

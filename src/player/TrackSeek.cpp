@@ -51,7 +51,8 @@ void TrackSeek::seek(double percent) {
 
 void TrackSeek::letGo() {
     taken_ = false;
-    clock_.watchTrack(true);
+    // A station may have begun meanwhile, whose end nobody waits for.
+    clock_.watchTrack(!core_.state.RadioMode);
     clock_.moveDigits(true);
     core_.state.SilenceTicks = 0;
 }
@@ -68,7 +69,8 @@ std::int32_t TrackSeek::second() const {
 }
 
 std::int32_t TrackSeek::length() const {
-    return core_.state.IsPlaying ? time_.GetDuration(core_.state.active()) : 0;
+    return core_.state.IsPlaying && !core_.state.RadioMode ? time_.GetDuration(core_.state.active())
+                                                           : 0;
 }
 
 } // namespace tovik::player

@@ -18,7 +18,10 @@ public:
     /// Both outlive the object.
     TrackSeek(const Core& core, PlaybackClock& clock) : core_(core), clock_(clock) {}
 
-    [[nodiscard]] bool sounds() const { return core_.state.IsPlaying && !core_.state.IsPaused; }
+    /// A station is none: it has no other place.
+    [[nodiscard]] bool sounds() const {
+        return core_.state.IsPlaying && !core_.state.IsPaused && !core_.state.RadioMode;
+    }
 
     /// A hand took the bar: the mark waits for it. Whether a track sounds.
     bool take();

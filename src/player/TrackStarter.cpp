@@ -39,6 +39,13 @@ void TrackStarter::startDiscBeside(sound::Handle channel) {
     core_.sound.BASS_StreamPlay(channel, true, 0);
 }
 
+void TrackStarter::startStream(sound::Handle channel) {
+    static constexpr std::array kStream = {Act::equalizer, Act::readMode, Act::volume, Act::balance,
+                                           Act::playStream};
+    run(channel, kStream);
+    core_.state.IsWmaStream = false;
+}
+
 void TrackStarter::start(sound::Handle channel, const std::string& path, const Ways& ways) {
     if (core_.sound.BASS_WMA_GetIWMReader(channel) > 0) {
         openForNothing(path);

@@ -35,6 +35,10 @@ public:
     /// The same for a CD track.
     void startDiscBeside(sound::Handle channel);
 
+    /// For a stream that is being opened: all is set before anything of it sounds. Its own channel
+    /// is the active one already. Raises like `Volume::readMode`.
+    void startStream(sound::Handle channel);
+
     /// Reads where the volume goes. Raises like `Volume::readMode`.
     void readVolumeMode() { volume_.readMode(); }
 

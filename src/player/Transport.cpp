@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/Transport.h"
 
+#include "base/Url.h"
+
 namespace tovik::player {
 
 namespace {
@@ -24,6 +26,10 @@ bool Transport::Burnbaby(const TrackRef& track, const std::string& popup) {
 
 bool Transport::start(const TrackRef& track, const std::string& popup) {
     PlayerState& state = core_.state;
+    if (addresses_ != nullptr && base::isWebUrl(track.path)) {
+        addresses_->play(track);
+        return false;
+    }
     state.CrossfadeLeg = 2;
     state.SilenceTicks = 0;
     ++state.TracksStarted;
@@ -102,6 +108,9 @@ void Transport::pause() {
     } else {
         core_.sound.BASS_Start();
         fadeOut_.goOn();
+        if (state.RadioMode && addresses_ != nullptr) {
+            addresses_->goOn();
+        }
     }
 }
 
@@ -122,6 +131,9 @@ void Transport::reset_time() {
 }
 
 void Transport::skip(std::int32_t seconds) {
+    if (core_.state.RadioMode) {
+        return; // a stream has no other place to go to
+    }
     const sound::Handle channel = core_.state.active();
     time_.SetPlayingPos(channel, time_.GetPlayingPos(channel) + seconds, false);
 }

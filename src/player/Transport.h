@@ -2,6 +2,7 @@
 // Starts, pauses and stops tracks. Interface thread.
 #pragma once
 
+#include "player/AddressPlayer.h"
 #include "player/CBASS_TIME.h"
 #include "player/Core.h"
 #include "player/FadeOut.h"
@@ -22,10 +23,14 @@ public:
               FadeOut& fadeOut)
         : core_(core), starter_(starter), facts_(facts), clock_(clock), fadeOut_(fadeOut) {}
 
+    /// Who plays addresses of the web; before anything is started. Outlives the object.
+    void setAddresses(AddressPlayer& addresses) { addresses_ = &addresses; }
+
     /// Loads and starts a track on the primary channel, after the device was reset, which silences
     /// what sounded and calls a fade-out off. A file that no decoder takes is left without a word,
     /// with its title and a clock at the start. `popup` is the text of the title popup; empty takes
-    /// the row's. Whether it started.
+    /// the row's. Whether it started; an address of the web is left to its player, which shows it,
+    /// and counts as not started.
     bool Burnbaby(const TrackRef& track, const std::string& popup = {});
 
     /// Silences streams, which are freed, and modules, which the next start frees.
@@ -54,6 +59,7 @@ private:
     TrackFacts& facts_;
     PlaybackClock& clock_;
     FadeOut& fadeOut_;
+    AddressPlayer* addresses_ = nullptr;
     TrackOpener opener_{core_.sound};
     CBASS_TIME time_{core_.sound};
 };

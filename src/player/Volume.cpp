@@ -30,7 +30,7 @@ void Volume::change_volume(std::int16_t value, std::int16_t /*absolute*/) {
 void Volume::Channel_Set_Volume(std::int16_t value) {
     const PlayerState& state = core_.state;
     const int pan = state.comfort.keepsBalance ? state.BalanceValue : kCentredPan;
-    if (state.CrossfadeLeg == 2) {
+    if (state.CrossfadeLeg == 2 || state.playsStation()) {
         core_.sound.BASS_ChannelSetAttributes(state.PrimaryChannel, kKeep, value, pan);
     } else if (state.CrossfadeLeg == 1) {
         core_.sound.BASS_ChannelSetAttributes(state.SecondaryChannel, kKeep, value, pan);

@@ -49,7 +49,7 @@ std::string frmjump2time::lbldur() const {
 
 std::string frmjump2time::Text1() const {
     // A deliberate oddity: without the hours it is another place.
-    return base::lastFive(time_.GetPlayingPos(core_.state.active()));
+    return base::lastFive(core_.state.RadioMode ? 0 : time_.GetPlayingPos(core_.state.active()));
 }
 
 bool frmjump2time::Command1_Click(std::string_view text) const {
@@ -58,6 +58,9 @@ bool frmjump2time::Command1_Click(std::string_view text) const {
         return false;
     }
     const PlayerState& state = core_.state;
+    if (state.RadioMode) {
+        return true; // a stream has no other place to go to
+    }
     time_.SetPlayingPos(state.active(), *seconds, false);
     if (crossfade_.runs()) {
         const bool primary = state.ActiveChannel == ChannelSlot::primary;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "playlist/AddMedia.h"
 
+#include "base/Url.h"
 #include "host/DialogText.h"
 #include "playlist/AudioExtensions.h"
 #include "playlist/FileNames.h"
@@ -74,7 +75,9 @@ void AddMedia::Add_file() {
 void AddMedia::Stdss_OleDragDrop(std::span<const std::string> paths) {
     config::guard(errors_, config::player("list1_dragdrop"), [this, paths] {
         for (const std::string& path : paths) {
-            if (isDropped(path)) {
+            if (base::isWebUrl(path)) {
+                list_.AddItem({}, path, path, kNoTime, 0);
+            } else if (isDropped(path)) {
                 add(path);
             }
         }

@@ -76,7 +76,7 @@ void ListRows::contextRow(std::size_t row) {
 void ListRows::contextNowhere() {
     list_.ContextClick();
     if (menus_ != nullptr) {
-        menus_->popUpFor({this, this});
+        menus_->popUpFor({this, this, info_});
     }
 }
 

@@ -31,8 +31,10 @@ class ListRows final : public ui::ListModel, public ui::ListInput {
 public:
     /// The list must outlive it.
     /// `menus`, if it is there, pops up the menu of a row, and outlives it, too.
-    explicit ListRows(playlist::stdSS& list, MenuPopper* menus = nullptr)
-        : list_(list), menus_(menus) {}
+    /// `info` is the command that tells of a row.
+    explicit ListRows(playlist::stdSS& list, MenuPopper* menus = nullptr,
+                      commands::CommandId info = commands::CommandId::editTag)
+        : list_(list), menus_(menus), info_(info) {}
 
     [[nodiscard]] std::size_t rows() const override;
     [[nodiscard]] std::string text(std::size_t row) const override;
@@ -62,6 +64,7 @@ public:
 private:
     playlist::stdSS& list_;
     MenuPopper* menus_;
+    commands::CommandId info_;
 };
 
 } // namespace tovik::window

@@ -93,6 +93,14 @@ void MainDisplay::showNotice(const player::NowPlaying& playing) {
     fields_.show(MainElement::notice_img, 0, playing.notice, Strip::Bright);
 }
 
+void MainDisplay::showStation(const player::NowPlaying& playing) {
+    elements_.touch(MainElement::lblRDinfo).caption = playing.stationText;
+}
+
+void MainDisplay::showRecording() {
+    applyPanel(elements_, state_, MainElement::Image1);
+}
+
 void MainDisplay::showSource() {
     applyPanel(elements_, state_, MainElement::lbltag);
     applyPanel(elements_, state_, MainElement::lblinfo);

@@ -29,6 +29,8 @@ public:
     void showPosition(const player::NowPlaying& playing) override;
     void showVolume(const player::NowPlaying& playing) override;
     void showBalance(const player::NowPlaying& playing) override;
+    void showStation(const player::NowPlaying& playing) override;
+    void showRecording() override;
     void showSource() override;
 
     /// In the language's words.

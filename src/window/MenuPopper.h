@@ -2,6 +2,7 @@
 // Who pops up the menus of the program, as those who ask for one know it. Interface thread.
 #pragma once
 
+#include "commands/CommandTable.h"
 #include "menus/MenuFacility.h"
 #include "ui/ListModel.h"
 
@@ -23,6 +24,7 @@ enum class MenuRoot : std::uint8_t {
 struct MenuList {
     const ui::ListModel* rows = nullptr;
     ui::ListInput* input = nullptr;
+    commands::CommandId info = commands::CommandId::editTag; ///< tells of the selected row
 };
 
 class MenuPopper {

@@ -146,7 +146,7 @@ bool shown(Show when, const player::PlayerState& state) {
     case Show::withoutRadio:
         return !state.RadioMode;
     case Show::countingDown:
-        return state.TimeDisplayMode != 0;
+        return state.TimeDisplayMode != 0 && !state.RadioMode;
     case Show::whileStopping:
         return state.StopAfterCurrent;
     case Show::whileRecording:

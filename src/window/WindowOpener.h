@@ -18,6 +18,7 @@ enum class WindowId : std::uint8_t {
     preferences,   ///< the settings
     ripFolder,     ///< the choice of a folder for new files
     about,         ///< what this program is
+    addStation,    ///< a radio station
     count,         ///< how many there are
 };
 

@@ -56,6 +56,9 @@ public:
     void mnuplsDel();
     [[nodiscard]] bool listHasSelection() const;
 
+    /// What tells of the selected row of that list.
+    [[nodiscard]] commands::CommandId listInfo() const { return list_.info; }
+
     menus::cMenus m_Menus;
 
 private:

@@ -15,6 +15,15 @@ TEST(Url, schemes) {
     }
 }
 
+TEST(Url, addressesOfTheWeb) {
+    for (const char* url : {"http://x", "HTTPS://x/y?z", "http://", "Http://a.mp3"}) {
+        EXPECT_TRUE(isWebUrl(url)) << url;
+    }
+    for (const char* text : {"", "http:/x", "ftp://x", "/http://x", " http://x", "httpsx://y"}) {
+        EXPECT_FALSE(isWebUrl(text)) << text;
+    }
+}
+
 TEST(Url, fileAddressesArePaths) {
     EXPECT_EQ(pathFromFileUrl("file:///a%20b/%C3%BC.ogg"), "/a b/ü.ogg");
     EXPECT_EQ(pathFromFileUrl("FILE://localhost/a"), "/a");

@@ -60,6 +60,8 @@ const std::map<std::string, std::vector<std::string>> kWords{
     {"About",
      {"Load", "MouseDown", "MouseUp", "command1", "Click", "image1_click", "image2_click",
       "image3_click", "Label2_click", "Label3_click", "label6_click", "label7_click"}},
+    {"AddStation",
+     {"Load", "Command1", "ReadStationList", "WriteStationList", "Play", "DoMeta", "record"}},
     {"CDNFO",
      {"Load", "command1", "list1_click", "text2_change", "Get_Selected", "load_local_cddb"}},
     {"Title", {"keydown"}},

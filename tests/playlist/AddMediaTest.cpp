@@ -77,6 +77,15 @@ TEST_F(AddMediaTest, theDialogAsksForMusic) {
     EXPECT_EQ(list.ListCount(), 0); // cancelled
 }
 
+TEST_F(AddMediaTest, addressesOfTheWebThatAreDroppedStayAsTheyAre) {
+    const std::vector<std::string> dropped = {"http://one.example/live", "ftp://one.example/a",
+                                              "HTTPS://one.example/"};
+    media.Stdss_OleDragDrop(dropped);
+    EXPECT_THAT(rowsOf(list),
+                ElementsAre("|http://one.example/live|http://one.example/live|00:00|0",
+                            "|HTTPS://one.example/|HTTPS://one.example/|00:00|0"));
+}
+
 TEST_F(AddMediaTest, theTitleFollowsTheLanguage) {
     title = "Dodaj datoteke";
     media.Add_file();

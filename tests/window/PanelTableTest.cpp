@@ -94,7 +94,7 @@ bool modeOf(const player::PlayerState& state, char letter) {
     case 'r':
         return state.RadioMode;
     case 't':
-        return state.TimeDisplayMode != 0;
+        return state.TimeDisplayMode != 0 && !state.RadioMode;
     case 'a':
         return state.StopAfterCurrent;
     case 'q':

@@ -23,12 +23,20 @@ std::optional<std::string> localPath(const QUrl& url) {
     return path.isEmpty() ? std::nullopt : std::optional(path.toStdString());
 }
 
+/// The path of a file here, or an address of the web as it stands.
+std::optional<std::string> pathOrAddress(const QUrl& url) {
+    if (url.scheme() == QStringLiteral("http") || url.scheme() == QStringLiteral("https")) {
+        return url.toEncoded().toStdString();
+    }
+    return localPath(url);
+}
+
 } // namespace
 
 std::vector<std::string> droppedPaths(const QMimeData& data) {
     std::vector<std::string> paths;
     for (const QUrl& url : data.urls()) {
-        if (auto path = localPath(url)) {
+        if (auto path = pathOrAddress(url)) {
             paths.push_back(std::move(*path));
         }
     }
@@ -37,7 +45,8 @@ std::vector<std::string> droppedPaths(const QMimeData& data) {
 
 bool offersFiles(const QMimeData& data) {
     const QList<QUrl> urls = data.urls();
-    return std::ranges::any_of(urls, [](const QUrl& url) { return localPath(url).has_value(); });
+    return std::ranges::any_of(urls,
+                               [](const QUrl& url) { return pathOrAddress(url).has_value(); });
 }
 
 } // namespace tovik::ui

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The files that something dragged onto a window stands for. Any thread.
+// The files and stations that something dragged onto a window stands for. Any thread.
 #pragma once
 
 #include <QMimeData>
@@ -8,8 +8,8 @@
 
 namespace tovik::ui {
 
-/// The paths of the local files among the addresses, in their order, byte for byte; addresses of
-/// other kinds or of other machines are left out.
+/// The paths of the local files among the addresses, in their order, byte for byte, and addresses
+/// of the web ("http", "https") as they stand; those of other kinds or other machines are left out.
 [[nodiscard]] std::vector<std::string> droppedPaths(const QMimeData& data);
 
 /// Whether there is at least one such path.

@@ -29,12 +29,13 @@ TEST(DroppedFiles, bytesThatAreNoTextStayAsTheyAre) {
                 ElementsAre("/caf\xC3\xA9.mp3", "/caf\xE9.mp3"));
 }
 
-TEST(DroppedFiles, onlyFilesOfThisMachineCount) {
+TEST(DroppedFiles, onlyFilesOfThisMachineAndAddressesOfTheWebCount) {
     const QByteArray own = QSysInfo::machineHostName().toLower().toLatin1();
-    EXPECT_THAT(pathsOf("http://host/a.mp3\r\nfile://elsewhere/a.mp3\r\nfile://localhost/b.mp3\r\n"
+    EXPECT_THAT(pathsOf("http://host/a.mp3?x=%20\r\nftp://host/a.mp3\r\nfile://elsewhere/"
+                        "a.mp3\r\nfile://localhost/b.mp3\r\n"
                         "file://" +
                         own + "/c.mp3\r\nnonsense\r\n"),
-                ElementsAre("/b.mp3", "/c.mp3"));
+                ElementsAre("http://host/a.mp3?x=%20", "/b.mp3", "/c.mp3"));
 }
 
 TEST(DroppedFiles, otherDataOffersNone) {

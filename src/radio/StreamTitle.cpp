@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "radio/StreamTitle.h"
+
+#include "base/Text.h"
+#include "base/Windows1252.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tovik::radio {
+
+namespace {
+
+constexpr std::string_view kTitleMark = "StreamTitle='";
+constexpr std::string_view kNameMark = "icy-name:";
+constexpr std::string_view kForbidden = ":/\\?*|<>\"";
+constexpr std::string_view kExtension = ".mp3";
+constexpr std::size_t kMostNameBytes = 255;
+
+/// C0, DEL and C1 (as UTF-8 has it).
+std::string withoutControls(std::string_view text) {
+    std::string kept;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        const auto next = static_cast<unsigned char>(i + 1 < text.size() ? text[i + 1] : '\0');
+        if (byte == 0xC2 && next >= 0x80 && next <= 0x9F) {
+            ++i;
+        } else if (byte >= 0x20 && byte != 0x7F) {
+            kept += text[i];
+        }
+    }
+    return kept;
+}
+
+} // namespace
+
+StreamTitle streamTitle(std::string_view metadata) noexcept {
+    metadata = metadata.substr(0, metadata.find('\0'));
+    if (!metadata.starts_with(kTitleMark)) {
+        return {};
+    }
+    const std::string_view text = metadata.substr(kTitleMark.size());
+    const std::size_t end = text.find(';');
+    // The character before the semicolon is the closing quote.
+    if (end == std::string_view::npos || end == 0) {
+        return {TitleAnswer::broken};
+    }
+    return {TitleAnswer::title, text.substr(0, end - 1)};
+}
+
+std::optional<std::string_view> stationName(std::string_view headers) noexcept {
+    std::optional<std::string_view> name;
+    bool status = true;
+    while (!headers.empty()) {
+        const std::string_view header = headers.substr(0, headers.find('\0'));
+        headers.remove_prefix(std::min(header.size() + 1, headers.size()));
+        if (std::exchange(status, false)) {
+            continue;
+        }
+        if (header.empty()) {
+            break;
+        }
+        if (header.starts_with(kNameMark)) {
+            name = header.substr(kNameMark.size());
+        }
+    }
+    return name;
+}
+
+std::string CleanName(std::string_view text) {
+    std::string clean;
+    for (const char character : text) {
+        if (kForbidden.find(character) == std::string_view::npos) {
+            clean += character;
+        }
+    }
+    return clean;
+}
+
+std::string songFileName(std::string_view title) {
+    const std::string name = CleanName(base::displayText(title));
+    return std::string(base::cutToWidth(name, kMostNameBytes - kExtension.size())) +
+           std::string(kExtension);
+}
+
+std::string shownText(std::string_view text) {
+    const std::string shown = withoutControls(base::displayText(text));
+    return std::string(base::trimmed(shown));
+}
+
+} // namespace tovik::radio

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "radio/modNetRadio.h"
+
+#include "base/PathText.h"
+#include "radio/StreamTitle.h"
+
+#include <limits>
+#include <utility>
+
+namespace tovik::radio {
+
+using base::MutexLock;
+
+modNetRadio::modNetRadio(std::string folder) : folder_(std::move(folder)) {}
+
+modNetRadio::modNetRadio(modNetRadio& broken) : folder_(broken.folder_) {
+    const MutexLock lock(broken.mutex_);
+    const MutexLock own(mutex_);
+    StreamRecording_ = std::exchange(broken.StreamRecording_, false);
+    StreamFileName_ = broken.StreamFileName_;
+    const bool opened = broken.StreamFileOpen_ && broken.StreamFileOk_;
+    interrupted_ = opened ? broken.StreamFileName_ : broken.interrupted_;
+    failure_ = std::exchange(broken.failure_, std::nullopt);
+}
+
+void modNetRadio::setStreamRecording(bool on) {
+    const MutexLock lock(mutex_);
+    StreamRecording_ = on;
+    if (!on) {
+        interrupted_.clear();
+    }
+}
+
+bool modNetRadio::StreamRecording() const {
+    const MutexLock lock(mutex_);
+    return StreamRecording_;
+}
+
+std::string modNetRadio::StreamFileName() const {
+    const MutexLock lock(mutex_);
+    return StreamFileName_;
+}
+
+std::int16_t modNetRadio::StreamBlocks() const {
+    const MutexLock lock(mutex_);
+    return StreamBlocks_;
+}
+
+std::optional<modNetRadio::Failure> modNetRadio::takeFailure() {
+    const MutexLock lock(mutex_);
+    return std::exchange(failure_, std::nullopt);
+}
+
+void modNetRadio::DoMeta(std::string_view metadata) {
+    const StreamTitle title = streamTitle(metadata);
+    if (title.answer != TitleAnswer::title) {
+        return;
+    }
+    std::string name = base::joinPath(folder_, songFileName(title.title));
+    const MutexLock lock(mutex_);
+    if (name == StreamFileName_) {
+        // Servers repeat the title: what was saved of the song must not be replaced by its rest.
+        return;
+    }
+    StreamSynced_ = false;
+    StreamFileOpen_ = false;
+    StreamFileName_ = std::move(name);
+}
+
+void modNetRadio::download(std::span<const std::byte> block) {
+    Turn turn = takeTurn();
+    if (!turn.recording) {
+        StreamFile_.CloseFile();
+        return;
+    }
+    if (turn.name.empty()) {
+        return;
+    }
+    if (turn.opens) {
+        open(turn);
+    }
+    if (turn.ok) {
+        save(turn, block);
+    } else {
+        fail(turn);
+    }
+}
+
+modNetRadio::Turn modNetRadio::takeTurn() {
+    const MutexLock lock(mutex_);
+    if (StreamBlocks_ < std::numeric_limits<std::int16_t>::max()) {
+        ++StreamBlocks_;
+    }
+    if (!StreamRecording_) {
+        StreamFileOpen_ = false;
+        return {};
+    }
+    Turn turn{
+        .recording = true, .ok = StreamFileOk_, .synced = StreamSynced_, .name = StreamFileName_};
+    if (!turn.name.empty() && !StreamFileOpen_) {
+        StreamFileOpen_ = true;
+        turn.opens = true;
+        turn.how =
+            std::exchange(interrupted_, {}) == turn.name ? SongFile::goingOn : SongFile::anew;
+    }
+    return turn;
+}
+
+void modNetRadio::open(Turn& turn) {
+    turn.ok = StreamFile_.OpenFile(turn.name, turn.how);
+    const MutexLock lock(mutex_);
+    StreamFileOk_ = turn.ok;
+    if (turn.ok) {
+        StreamSynced_ = false;
+        turn.synced = false;
+    }
+}
+
+void modNetRadio::save(Turn& turn, std::span<const std::byte> block) {
+    if (block.empty()) {
+        StreamFile_.CloseFile();
+        turn.synced = false;
+    } else if (!StreamFile_.WriteBytes(block, turn.synced)) {
+        fail(turn);
+        return;
+    }
+    const MutexLock lock(mutex_);
+    StreamSynced_ = turn.synced;
+}
+
+/// Whatever keeps a file from being written keeps the next block from it, too: saving ends.
+void modNetRadio::fail(const Turn& turn) {
+    const std::error_code why = StreamFile_.failure();
+    StreamFile_.CloseFile();
+    const MutexLock lock(mutex_);
+    StreamFileOpen_ = false;
+    StreamSynced_ = false;
+    if (StreamRecording_) {
+        StreamRecording_ = false;
+        failure_ = Failure{why, turn.name};
+    }
+}
+
+} // namespace tovik::radio

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Saves what a station sends, one file a song. `DoMeta` and `download` belong to the thread of the
+// engine that the stream comes in on, the rest to the interface thread.
+#pragma once
+
+#include "base/Mutex.h"
+#include "radio/clsFileIo.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace tovik::radio {
+
+/// One for each stream, shared with its routines, which outlive it. A change of title takes effect
+/// at the block behind it.
+class modNetRadio {
+public:
+    /// Why saving ended by itself.
+    struct Failure {
+        std::error_code why;
+        std::string path;
+    };
+
+    /// Files go to `folder` and nowhere else.
+    explicit modNetRadio(std::string folder);
+
+    /// The same for the stream that takes the place of a broken one: saving goes on, in the file of
+    /// the song that was interrupted, and `broken` saves no more.
+    explicit modNetRadio(modNetRadio& broken);
+
+    [[nodiscard]] const std::string& folder() const { return folder_; }
+
+    /// Whether the record button is on. Off at first; the file is closed with the next block.
+    void setStreamRecording(bool on);
+    [[nodiscard]] bool StreamRecording() const;
+
+    /// The full name of the current song's file; empty before the first title.
+    [[nodiscard]] std::string StreamFileName() const;
+
+    /// Blocks seen, up to 32767.
+    [[nodiscard]] std::int16_t StreamBlocks() const;
+
+    /// Why saving ended by itself, once.
+    [[nodiscard]] std::optional<Failure> takeFailure();
+
+    /// A metadata string came in. The title it had already goes on in the file it has.
+    void DoMeta(std::string_view metadata);
+
+    /// A block came in; an empty one when the stream has ended.
+    void download(std::span<const std::byte> block);
+
+private:
+    /// What a block does, taken from the flags at once.
+    struct Turn {
+        bool recording = false;
+        bool opens = false;
+        bool ok = false;
+        bool synced = false;
+        SongFile how = SongFile::anew;
+        std::string name{};
+    };
+
+    [[nodiscard]] Turn takeTurn();
+    void open(Turn& turn);
+    void save(Turn& turn, std::span<const std::byte> block);
+    void fail(const Turn& turn);
+
+    std::string folder_;
+    clsFileIo StreamFile_; ///< of the engine's thread alone
+
+    mutable base::Mutex mutex_; ///< never held over a file or a call out
+    bool StreamRecording_ TOVIK_GUARDED_BY(mutex_) = false;
+    std::string StreamFileName_ TOVIK_GUARDED_BY(mutex_);
+    bool StreamFileOpen_ TOVIK_GUARDED_BY(mutex_) = false;
+    bool StreamFileOk_ TOVIK_GUARDED_BY(mutex_) = false;
+    bool StreamSynced_ TOVIK_GUARDED_BY(mutex_) = false;
+    std::int16_t StreamBlocks_ TOVIK_GUARDED_BY(mutex_) = 0;
+    std::string interrupted_ TOVIK_GUARDED_BY(mutex_); ///< the file that goes on; empty: none
+    std::optional<Failure> failure_ TOVIK_GUARDED_BY(mutex_);
+};
+
+} // namespace tovik::radio

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "radio/StationRig.h"
+#include "support/host/FullDisk.h"
+
+namespace tovik::test {
+namespace {
+
+using sound::StreamStage;
+using testing::HasSubstr;
+
+class StationSavingTest : public StationRig {};
+
+TEST_F(StationSavingTest, songsAreSavedFromTheButtonOn) {
+    start();
+    sounds();
+    sound_.metadataComes(stream(), "StreamTitle='One';");
+    player_.record(true);
+    EXPECT_TRUE(state_.StreamRecording);
+    sound_.bytesCome(stream(), "\xFF\xFB\x90 a");
+    sound_.metadataComes(stream(), "StreamTitle='Two';");
+    sound_.bytesCome(stream(), "\xFF\xFB\x90 b");
+    player_.record(false);
+    sound_.bytesCome(stream(), "c");
+    EXPECT_THAT(host_.folder.read("One.mp3"), testing::EndsWith(" a"));
+    EXPECT_THAT(host_.folder.read("Two.mp3"), testing::EndsWith(" b"));
+}
+
+TEST_F(StationSavingTest, aNewStationSavesNothingUntilToldTo) {
+    start();
+    sounds();
+    player_.record(true);
+    start("http://two.example/", "Two");
+    EXPECT_FALSE(state_.StreamRecording);
+    sound_.metadataComes(stream(), "StreamTitle='Song';");
+    sound_.bytesCome(stream(), "\xFF\xFB\x90 a");
+    EXPECT_FALSE(std::filesystem::exists(host_.folder / "Song.mp3"));
+}
+
+TEST_F(StationSavingTest, savingGoesOnWhenAStationComesBack) {
+    start();
+    sounds();
+    player_.record(true);
+    sound_.metadataComes(stream(), "StreamTitle='Song';");
+    sound_.bytesCome(stream(), "\xFF\xFB\x90 a");
+    over(StreamStage::ended);
+    advance(1100);
+    EXPECT_TRUE(state_.StreamRecording);
+    sound_.metadataComes(stream(), "StreamTitle='Song';");
+    sound_.bytesCome(stream(), "\xFF\xFB\x90 b");
+    const std::string saved = host_.folder.read("Song.mp3");
+    EXPECT_THAT(saved, HasSubstr(" a"));
+    EXPECT_THAT(saved, HasSubstr(" b"));
+}
+
+TEST_F(StationSavingTest, aFullDiskIsToldOnceAndTheSoundGoesOn) {
+    start();
+    sounds();
+    player_.record(true);
+    sound_.metadataComes(stream(), "StreamTitle='Song';");
+    {
+        const FullDisk full(2);
+        sound_.bytesCome(stream(), "\xFF\xFB\x90 a");
+        sound_.bytesCome(stream(), "\xFF\xFB\x90 a");
+    }
+    advance(2000);
+    EXPECT_EQ(host_.dialogs.boxes.size(), 1U);
+    EXPECT_THAT(host_.dialogs.boxes.at(0).text, HasSubstr("Song.mp3"));
+    EXPECT_FALSE(state_.StreamRecording);
+    EXPECT_TRUE(sound_.lives(stream()));
+    EXPECT_TRUE(state_.IsPlaying);
+}
+
+} // namespace
+} // namespace tovik::test
