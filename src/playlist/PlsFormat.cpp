@@ -50,6 +50,8 @@ void appendKey(std::string& list, std::string_view word, std::int32_t number,
 } // namespace
 
 PlsKeys::PlsKeys(std::string_view text) {
+    // At once: a list that grows is moved again and again. Hardly a line bears no key.
+    keys_.reserve(static_cast<std::size_t>(std::ranges::count(text, '\n')));
     base::LineReader lines(text);
     bool inside = false;
     while (const auto line = lines.next()) {
