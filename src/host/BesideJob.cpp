@@ -13,8 +13,9 @@ namespace tovik::host {
 
 namespace {
 
-/// What is done by then needs no step, and nothing changes under who waits for it.
-constexpr std::chrono::milliseconds kMoment{100};
+/// What is done by then needs no step, and nothing changes under who waits for it. No longer than
+/// two frames, so that nobody sees the window stand still.
+constexpr std::chrono::milliseconds kMoment{33};
 
 constexpr std::chrono::milliseconds kBetweenSteps{1};
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <functional>
 #include <future>
 #include <memory>
@@ -48,6 +49,21 @@ TEST(BesideJob, theProgramGoesOnMeanwhile) {
     }));
     EXPECT_TRUE(done);
     EXPECT_GE(pump.steps, 3);
+}
+
+TEST(BesideJob, theWindowStandsStillForTwoFramesAtMost) {
+    static constexpr std::chrono::milliseconds kFiveFrames{83};
+    StepPump pump;
+    std::promise<void> stepped;
+    pump.inStep = [&] {
+        if (pump.steps == 1) {
+            stepped.set_value();
+        }
+        return true;
+    };
+    auto step = std::make_shared<std::future<void>>(stepped.get_future());
+    EXPECT_TRUE(runBeside(pump, [step] { static_cast<void>(step->wait_for(kFiveFrames)); }));
+    EXPECT_GE(pump.steps, 1);
 }
 
 TEST(BesideJob, itEndsWithTheProgramAndTheJobGoesOnAlone) {
