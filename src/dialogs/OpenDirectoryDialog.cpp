@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialogs/OpenDirectoryDialog.h"
 
+#include "dialogs/PlainFileModel.h"
+
 #include <QDir>
 #include <QFile>
 #include <QGridLayout>
@@ -26,7 +28,7 @@ OpenDirectoryDialog::OpenDirectoryDialog(player::frmOpenDirectory& logic,
                                          config::MultiLNG& language,
                                          const host::Dispatcher& dispatcher, QWidget* parent)
     : Dialog(parent), logic_(logic), language_(language), dispatcher_(dispatcher),
-      folders_(new QFileSystemModel(this)), files_(new QFileSystemModel(this)),
+      folders_(new PlainFileModel(this)), files_(new PlainFileModel(this)),
       tree_(new QTreeView(this)), list_(new QListView(this)), subfolders_(new QCheckBox(this)) {
     setObjectName(QStringLiteral("frmOpenDirectory"));
     setWindowTitle(QStringLiteral("Add folder"));

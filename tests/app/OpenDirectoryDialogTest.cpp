@@ -5,6 +5,8 @@
 #include "app/AppRig.h"
 #include "dialogs/DialogOpener.h"
 
+#include <QAbstractFileIconProvider>
+#include <QFileSystemModel>
 #include <QPushButton>
 
 namespace tovik::test {
@@ -64,6 +66,18 @@ TEST_F(OpenDirectoryDialog, addsWhatIsBelowWhenAsked) {
     dialog_->findChild<QCheckBox*>("Check1")->setChecked(true);
     press("Command1");
     EXPECT_EQ(player().stdSS().ListCount(), 3);
+}
+
+TEST_F(OpenDirectoryDialog, looksIntoNoFileForItsPicture) {
+    open();
+    for (const char* view : {"FolderTreeview1", "File1"}) {
+        auto* const model =
+            dynamic_cast<QFileSystemModel*>(dialog_->findChild<QAbstractItemView*>(view)->model());
+        ASSERT_NE(model, nullptr);
+        const QFileInfo song(QString::fromStdString(host_.folder / "m/a.mp3"));
+        EXPECT_FALSE(model->iconProvider()->icon(song).isNull());
+        EXPECT_EQ(model->iconProvider()->type(song), "");
+    }
 }
 
 TEST_F(OpenDirectoryDialog, aFolderThatIsGoneLeavesTheChoice) {
