@@ -105,6 +105,19 @@ TEST_F(PlsListTest, aValueIsTakenWhole) {
                 ElementsAre("|/" + name + "|A\0B|00:00|0"s));
 }
 
+TEST_F(PlsListTest, whatOtherPlayersWrite) {
+    // Line ends of three kinds, bytes of Windows-1252 and of UTF-8, names that are relative or of
+    // another system, addresses, and nothing behind the last line.
+    EXPECT_THAT(rowsIn("[playlist]\rFile1=B\xFChne\\\xE4.mp3\rTitle1=\x8Al\xE4ger\rLength1=10\r\n"
+                       "File2=../up/a.mp3\nTitle2=\xC5\xBD"
+                       "elja\nLength2=20\n\nFile3=http://h:80/s?a=1,2#x\r\n"
+                       "Title3=\r\nLength3=-1\nNumberOfEntries=3\rVersion=2"),
+                ElementsAre("|B\xFChne\\\xE4.mp3|\x8Al\xE4ger|00:10|10",
+                            "|../up/a.mp3|\xC5\xBD"
+                            "elja|00:20|20",
+                            "|http://h:80/s?a=1,2#x||00:00|-1"));
+}
+
 TEST_F(PlsListTest, itGivesWayOnceAndAtEachEntry) {
     EXPECT_EQ(read("[playlist]\nNumberOfEntries=2\nFile1=/a\nFile2=/b\n"), ReadEnd::Complete);
     EXPECT_EQ(pump.steps, 3);
