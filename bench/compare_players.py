@@ -23,7 +23,7 @@ TICKS = os.sysconf("SC_CLK_TCK")
 LIMIT = 20.0
 
 PEERS = {
-    "audacious": lambda f: ["audacious", "-Z", f],
+    "audacious": lambda f: ["audacious", "-Q", f],
     "qmmp": lambda f: ["qmmp", f],
     "mpv": lambda f: ["mpv", "--no-video", "--no-terminal", f],
 }
