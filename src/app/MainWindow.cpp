@@ -28,9 +28,13 @@ void MainWindow::attach(frmPlayer& player) {
     skin_->setWindowRole(QStringLiteral("player"));
     controls_ = std::make_unique<MainControls>(player, *skin_, host_.dispatcher);
     skin_->setAccess(window::mainAccess(), player.view().access, window::rows::kAmber);
+    sight_ = std::make_unique<ui::WindowSight>(*skin_, [this, &player] {
+        host_.dispatcher.run([&player] { player.visuals().stirVisualisation(); });
+    });
 }
 
 void MainWindow::detach() {
+    sight_.reset();
     skin_.reset();
     controls_.reset();
 }
@@ -41,7 +45,7 @@ void MainWindow::show() {
 }
 
 bool MainWindow::visible() const {
-    return skin_ != nullptr && skin_->isVisible() && !skin_->isMinimized();
+    return skin_ != nullptr && ui::WindowSight::seen(*skin_);
 }
 
 void MainWindow::showSplash() {

@@ -8,6 +8,7 @@
 #include "ui/qt/MenuPictures.h"
 #include "ui/qt/SkinWindow.h"
 #include "ui/qt/SplashWindow.h"
+#include "ui/qt/WindowSight.h"
 #include "window/PlayerWindow.h"
 
 #include <memory>
@@ -78,6 +79,7 @@ private:
     Outline outline_{*this};
     std::unique_ptr<MainControls> controls_; ///< outlives the widgets, which ask it
     std::unique_ptr<ui::SkinWindow> skin_;
+    std::unique_ptr<ui::WindowSight> sight_;
     std::unique_ptr<ui::SplashWindow> splash_;
 };
 

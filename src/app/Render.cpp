@@ -43,6 +43,12 @@ constexpr std::int64_t kStartMs = 200;
 /// What shells give for a program that a signal ended, less its number.
 constexpr int kSignalStatus = 128;
 
+/// What nobody sees need not move.
+class NoWindow final : public window::PlayerWindow {
+public:
+    [[nodiscard]] bool visible() const override { return false; }
+};
+
 int fail(const std::string& text) {
     base::tell(text);
     return EXIT_FAILURE;
@@ -67,7 +73,7 @@ int render(const host::CommandLine& line, const host::Environment& environment) 
     auto wav = std::make_unique<sound::WavOutput>(*line.renderFile);
     sound::WavOutput& output = *wav;
     sound::Engine engine(std::move(wav), {.feeder = sound::FeederMode::inCaller});
-    window::PlayerWindow noWindow;
+    NoWindow noWindow;
     player::TrackEvents events;
     window::WindowOpener noDialogs;
     frmPlayer player(host, engine, noWindow, noDialogs, events,

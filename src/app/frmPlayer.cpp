@@ -44,6 +44,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
               .host = host,
               .menus = &menus_.frmTSR},
              ground_.stored, ground_.language),
+      visuals_(core_, window, front_.view.elements, front_.view.pictures),
       filling_({.core = core_,
                 .files = lists_.files,
                 .window = window,
@@ -70,6 +71,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     tagging_.bind(commands_);
     stations_.bind(commands_);
     front_.bind(commands_);
+    visuals_.bind(commands_);
     filling_.bind(commands_);
     menus_.bind(commands_, front_.view.elements, front_.view.input.keyWindow());
     choices_.bind(commands_);

@@ -18,6 +18,7 @@
 #include "app/Stations.h"
 #include "app/Tagging.h"
 #include "app/Tone.h"
+#include "app/Visuals.h"
 #include "dialogs/DialogLogic.h"
 
 #include <span>
@@ -70,6 +71,8 @@ public:
     [[nodiscard]] commands::Commands& commands() { return commands_; }
 
     [[nodiscard]] Stations& stations() { return stations_; }
+
+    [[nodiscard]] Visuals& visuals() { return visuals_; }
 
     [[nodiscard]] Search& search() { return search_; }
 
@@ -152,6 +155,7 @@ private:
     commands::Commands commands_;
     Menus menus_;
     Front front_;
+    Visuals visuals_;
     Filling filling_;
     Choices choices_;
     HandOver handOver_;

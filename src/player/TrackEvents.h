@@ -38,6 +38,10 @@ public:
     virtual void restartVisualisation() {}
 
     virtual void stopVisualisation() {}
+
+    /// What rests may have something to move for again: sound goes on after a pause, or the place
+    /// where a visualisation is drawn comes in sight. Told rather too often than too seldom.
+    virtual void stirVisualisation() {}
 };
 
 } // namespace tovik::player

@@ -33,6 +33,8 @@ public:
 
     void stopVisualisation() override { tell(&TrackEvents::stopVisualisation); }
 
+    void stirVisualisation() override { tell(&TrackEvents::stirVisualisation); }
+
 private:
     template <typename... Parameters, typename... Arguments>
     void tell(void (TrackEvents::*what)(Parameters...), const Arguments&... arguments) {

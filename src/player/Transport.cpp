@@ -111,6 +111,7 @@ void Transport::pause() {
         if (state.RadioMode && addresses_ != nullptr) {
             addresses_->goOn();
         }
+        core_.news.stirVisualisation();
     }
 }
 

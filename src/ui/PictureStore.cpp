@@ -36,6 +36,16 @@ Picture PictureStore::replace(Picture picture, PixelImage image) {
     return {picture.number, entry.version};
 }
 
+Picture PictureStore::draw(Picture picture, const std::function<void(PixelImage&)>& paint) {
+    if (find(picture) == nullptr) {
+        throw base::RuntimeError(base::ErrorNumber::InvalidProcedureCall);
+    }
+    Entry& entry = entries_[picture.number - 1];
+    paint(entry.image);
+    ++entry.version;
+    return {picture.number, entry.version};
+}
+
 const PixelImage* PictureStore::find(Picture picture) const noexcept {
     return picture && picture.number <= entries_.size() ? &entries_[picture.number - 1].image
                                                         : nullptr;

@@ -4,6 +4,7 @@
 
 #include "ui/Element.h"
 
+#include <functional>
 #include <vector>
 
 namespace tovik::ui {
@@ -22,6 +23,10 @@ public:
 
     /// Changes the pixels. Elements show them once they carry the value returned here.
     [[nodiscard]] Picture replace(Picture picture, PixelImage image);
+
+    /// Lets `paint` change pixels where they are, but not the size. Elements show them once they
+    /// carry the value returned here. Raises 5 for no picture and for one of another store.
+    [[nodiscard]] Picture draw(Picture picture, const std::function<void(PixelImage&)>& paint);
 
     /// The image of a picture; null for no picture and for one of another store.
     [[nodiscard]] const PixelImage* find(Picture picture) const noexcept;

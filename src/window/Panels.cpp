@@ -51,6 +51,7 @@ void Panels::Switch_Win(std::string_view mask) {
         Timer6_->setEnabled(true);
         if (static_cast<Panel>(state_.CurrentPanel) == Panel::main) {
             ApplyQuickList();
+            core_.news.stirVisualisation();
         }
     });
 }
@@ -108,6 +109,7 @@ void Panels::pressPreferences(const std::function<void()>& dialog) {
         applyPanel(elements_, state_);
         if (static_cast<Panel>(before) == Panel::main) {
             ApplyQuickList();
+            core_.news.stirVisualisation();
         }
     };
     try {

@@ -31,6 +31,18 @@ TEST(PictureStore, newPixelsMakeAnotherValueOfTheSamePicture) {
     EXPECT_NE(store.replace(before, {1, 1, {5}}), after);
 }
 
+TEST(PictureStore, pixelsMayBeChangedWhereTheyAre) {
+    PictureStore store;
+    const Picture before = store.add({2, 1, {1, 2}});
+    const std::uint32_t* const pixels = store.find(before)->pixels.data();
+    const Picture after = store.draw(before, [](PixelImage& image) { image.pixels[1] = 7; });
+    EXPECT_EQ(after.number, before.number);
+    EXPECT_NE(after, before);
+    EXPECT_EQ(store.find(after)->pixels, (std::vector<std::uint32_t>{1, 7}));
+    EXPECT_EQ(store.find(after)->pixels.data(), pixels);
+    EXPECT_THROW(static_cast<void>(store.draw({}, [](PixelImage&) {})), base::RuntimeError);
+}
+
 TEST(PictureStore, refusesPixelsThatDoNotFillTheSize) {
     PictureStore store;
     EXPECT_THROW(static_cast<void>(store.add({2, 2, {1, 2, 3}})), base::RuntimeError);

@@ -38,6 +38,8 @@ TEST(Spectrum, AFullSineReadsOneInItsBin) {
         const Bins bins = measured(sineOfBin(static_cast<double>(bin), 1.0));
         EXPECT_NEAR(bins[bin], 1.0F, 1e-3F);
         EXPECT_EQ(std::ranges::max_element(bins) - bins.begin(), static_cast<long>(bin));
+        EXPECT_NEAR(bins[bin - 1], 0.5F, 1e-3F);
+        EXPECT_NEAR(bins[bin + 1], 0.5F, 1e-3F);
         for (std::size_t i = 0; i < bins.size(); ++i) {
             if (i + 1 < bin || i > bin + 1) {
                 EXPECT_LT(bins[i], 1e-4F) << bin << " leaks into " << i;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/sound/FakeSoundLibrary.h"
 
+#include <algorithm>
 #include <cmath>
 #include <type_traits>
 
@@ -339,8 +340,15 @@ std::int32_t FakeSoundLibrary::BASS_ChannelGetLevel(Handle handle) {
     return channel->activity == Activity::stopped ? 0 : channel->level;
 }
 
-std::int32_t FakeSoundLibrary::BASS_ChannelGetData(Handle, void*, std::uint32_t) {
-    return -1;
+std::int32_t FakeSoundLibrary::BASS_ChannelGetData(Handle handle, void* buffer,
+                                                   std::uint32_t length) {
+    const auto found = spectra.find(handle);
+    if (length != sound::BASS_DATA_FFT512 || found == spectra.end()) {
+        return -1;
+    }
+    ++spectraRead;
+    std::ranges::copy(found->second, static_cast<float*>(buffer));
+    return static_cast<std::int32_t>(sizeof(found->second));
 }
 
 Activity FakeSoundLibrary::BASS_ChannelIsActive(Handle handle) {

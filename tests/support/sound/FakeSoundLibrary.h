@@ -7,6 +7,7 @@
 #include "support/sound/FakeStations.h"
 #include "support/sound/UnusedOperations.h"
 
+#include <array>
 #include <map>
 #include <string>
 #include <utility>
@@ -49,7 +50,8 @@ public:
     // The world ----------------------------------------------------------------------------------
 
     std::map<std::string, FakeFile, std::less<>> files;
-    std::map<std::uint32_t, FakeFile> discTracks; ///< of drive 0, counted from 0
+    std::map<std::uint32_t, FakeFile> discTracks;            ///< of drive 0, counted from 0
+    std::map<sound::Handle, std::array<float, 256>> spectra; ///< what is heard of a channel
     std::uint32_t version = 2;
     sound::ErrorCode error = sound::ErrorCode::ok; ///< what is told of any operation
     bool hasDevice = true;
@@ -80,6 +82,7 @@ public:
     /// Lets time pass for what plays. A stream ends at its length, a module begins anew.
     void elapse(std::int64_t milliseconds);
 
+    int spectraRead = 0;
     bool initialized = false;
     bool paused = false;
     int masterVolume = 100;

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Where the spectrum is drawn, as it sees it; who owns the window implements it. Interface thread.
+#pragma once
+
+#include "ui/PictureStore.h"
+
+#include <functional>
+
+namespace tovik::vis {
+
+class SpectrumArea {
+public:
+    virtual ~SpectrumArea() = default;
+
+    /// Whether anyone can see what is drawn there.
+    [[nodiscard]] virtual bool canBeSeen() const = 0;
+
+    /// The picture that the bars are cut out of; null while no skin gives one.
+    [[nodiscard]] virtual const ui::PixelImage* bars() const = 0;
+
+    /// Lets `paint` change the area's picture, which keeps its pixels from one call to the next
+    /// until it is cleared.
+    virtual void draw(const std::function<void(ui::PixelImage&)>& paint) = 0;
+
+    /// In pixels of the picture.
+    [[nodiscard]] virtual int height() const = 0;
+
+    /// Nothing is shown any more.
+    virtual void clear() = 0;
+};
+
+} // namespace tovik::vis
