@@ -62,6 +62,9 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                 .host = host,
                 .changeLanguage = [this] { changeLanguage(); }}),
       handOver_(core_, process_, options_, window, startFile_, autoload_) {
+    choices_.preferences.hooks.spectrumSpeed = [this](std::int32_t milliseconds) {
+        visuals_.spectrum.setSpeed(milliseconds);
+    };
     ground_.news.add(events);
     autoload_.begin();
     process_.bind(commands_);

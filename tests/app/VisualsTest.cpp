@@ -58,6 +58,17 @@ TEST_P(EveryOtherNumber, isNoneAndStaysInTheSettings) {
 INSTANTIATE_TEST_SUITE_P(Visuals, EveryOtherNumber,
                          testing::Values("-1", "1", "2", "3", "17", "-5"));
 
+TEST_F(VisualsOfThePlayer, aSpeedFromThePreferencesCountsAtOnce) {
+    set("CVP", "0");
+    set("VPS", "0");
+    play();
+    EXPECT_EQ(reads(1000), 0);
+    player().choices().preferences.hooks.spectrumSpeed(100);
+    EXPECT_EQ(reads(1000), 10);
+    player().choices().preferences.hooks.spectrumSpeed(50);
+    EXPECT_EQ(reads(1000), 20);
+}
+
 TEST_F(VisualsOfThePlayer, theMenuSwitches) {
     set("CVP", "-1");
     play();
