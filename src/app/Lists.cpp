@@ -5,18 +5,12 @@ namespace tovik::app {
 
 Lists::Lists(const host::Host& host, const player::PlayerState& state, bool keepsList)
     : files(stdSS, host.pump, host.paths), state_(state),
-      keeper_(stdSS, host.clock, host.timers, host.paths, [this, keepsList] {
-          return keepsList && !lost_ && files.savesAtExit(state_.DirAddIdle);
-      }) {}
+      keeper_(stdSS, host.clock, host.timers, host.paths,
+              [this, keepsList] { return keepsList && files.savesAtExit(state_.DirAddIdle); }) {}
 
 void Lists::load() {
     const playlist::ListKeeper::Loading loading(keeper_);
-    try {
-        files.autoload_playlist();
-    } catch (...) {
-        lost_ = true; // already while the box tells it
-        throw;
-    }
+    files.autoload_playlist();
 }
 
 void Lists::selectFirstRow() {
@@ -27,9 +21,6 @@ void Lists::selectFirstRow() {
 
 void Lists::saveList() {
     keeper_.end();
-    if (lost_) {
-        return; // what could not be read stays where it is
-    }
     const bool saves = files.savesAtExit(state_.DirAddIdle);
     if (saves) {
         files.autosave_playlist();

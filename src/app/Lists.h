@@ -21,8 +21,8 @@ public:
     Lists(const Lists&) = delete;
     Lists& operator=(const Lists&) = delete;
 
-    /// Reads the saved list. Raises what reading a list raises; the file is then left as it is
-    /// until the next session.
+    /// Reads the saved list. Raises what reading a list raises; the file is then left as it is,
+    /// unless the user clears the list and begins another.
     void load();
 
     // Steps of the start and the end --------------------------------------------------------------
@@ -38,7 +38,6 @@ public:
 
 private:
     const player::PlayerState& state_;
-    bool lost_ = false; ///< the saved list could not be read
     playlist::ListKeeper keeper_;
 };
 

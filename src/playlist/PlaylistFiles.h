@@ -52,14 +52,15 @@ public:
 
     /// Whether the end of the program saves the list: a list that was loaded in part must not
     /// replace the saved one. `DirAddIdle` is true once a folder was added or its dialog left; it
-    /// counts for nothing while the automatic load goes on.
+    /// counts for nothing while the automatic load goes on, or if it has failed: clearing the list
+    /// ends that.
     [[nodiscard]] bool savesAtExit(bool DirAddIdle) const noexcept;
 
 private:
     stdSS& list_;
     host::MessagePump& pump_;
     const host::Paths& paths_;
-    bool autoloading_ = false;
+    bool autoloading_ = false; ///< it began, and has not come to an end
 };
 
 } // namespace tovik::playlist

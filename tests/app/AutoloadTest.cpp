@@ -84,6 +84,46 @@ TEST_F(Autoload, aListThatIsMissingIsToldOnceAndNotReplacedAtTheEnd) {
     EXPECT_EQ(host_.endStatus, 0);
 }
 
+class BadList : public Autoload {
+protected:
+    static constexpr const char* kBad = "#EXTM3U\n#EXTINF:1,One\n/1.mp3\n#EXTINF:x,Two\n/2.mp3\n";
+
+    void startWithIt() {
+        host_.folder.write(kList, kBad);
+        host_.folder.write(kUnsaved, kBad);
+        start();
+        advance(1000);
+        ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
+        ASSERT_EQ(player().stdSS().ListCount(), 1);
+    }
+
+    void addFolder() {
+        std::filesystem::create_directory(host_.folder / "music");
+        host_.folder.write("music/a.mp3", "");
+        player().filling().openDirectory.Form_Load();
+        player().filling().openDirectory.Command1_Click(host_.folder / "music", false);
+    }
+};
+
+TEST_F(BadList, isNotReplacedByTheHalfThatWasRead) {
+    startWithIt();
+    addFolder();
+    advance(10000);
+    player().kill_me();
+    EXPECT_EQ(host_.folder.read(kList), kBad);
+    EXPECT_EQ(host_.folder.read(kUnsaved), kBad);
+}
+
+TEST_F(BadList, givesWayToTheOneThatTheUserBeginsAnew) {
+    startWithIt();
+    player().filling().buttons.clrIMG_Click();
+    addFolder();
+    player().kill_me();
+    EXPECT_EQ(host_.folder.read(kList),
+              "#EXTM3U\r\n#EXTINF:0,a\r\n" + (host_.folder / "music/a.mp3") + "\r\n");
+    EXPECT_FALSE(std::filesystem::exists(host_.folder / kUnsaved));
+}
+
 /// What stands in the list of a session that did not come to its end. It is written on a thread
 /// of its own, so the test gives it time on the real clock.
 std::string unsaved(const std::string& path) {
