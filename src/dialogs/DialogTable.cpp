@@ -46,7 +46,7 @@ constexpr std::array kTable = {
                   return *new JumpToTimeDialog(parts.logic.jump2time, parts.logic.language,
                                                parts.dispatcher, parts.parent);
               }},
-    DialogRow{WindowId::mp3Tag, DialogKind::beside,
+    DialogRow{WindowId::mp3Tag, DialogKind::first,
               [](const DialogParts& parts) -> Dialog& {
                   return *new Mp3TagDialog(parts.logic.mp3Tag, parts.logic.language,
                                            parts.dispatcher, parts.parent);

@@ -3,7 +3,7 @@
 
 #include "ui/qt/DisplayText.h"
 
-#include <QSignalBlocker>
+#include <QKeyEvent>
 
 namespace tovik::dialogs {
 
@@ -77,7 +77,12 @@ void Mp3TagDialog::load() {
         return;
     }
     dispatcher_.run([this] { language_.Load_FRM_MP3Tag(); });
-    press(Button::reload);
+    runLocked([this] { logic_.Form_Load(); });
+    if (text2_.front()->isEnabled()) {
+        text2_.front()->setFocus();
+    } else {
+        checks_.front()->setFocus();
+    }
 }
 
 void Mp3TagDialog::reject() {
@@ -86,16 +91,31 @@ void Mp3TagDialog::reject() {
     }
 }
 
-void Mp3TagDialog::press(Button button) {
-    const QWidget* const focus = focusWidget();
-    setEnabled(false); // other handlers run while a big file is read or written
-    bool closes = false;
-    dispatcher_.run([&] { closes = logic_.Command1_Click(button); });
+void Mp3TagDialog::keyPressEvent(QKeyEvent* event) {
+    const bool tab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
+    if (tab && event->modifiers().testFlag(Qt::ControlModifier)) {
+        const int step = event->key() == Qt::Key_Tab ? 1 : tabs_->count() - 1;
+        tabs_->setCurrentIndex((tabs_->currentIndex() + step) % tabs_->count());
+        return;
+    }
+    Dialog::keyPressEvent(event);
+}
+
+/// Other handlers run while a big file is read or written: nothing is typed or pressed then.
+void Mp3TagDialog::runLocked(const std::function<void()>& work) {
+    QWidget* const focus = focusWidget();
+    setEnabled(false);
+    dispatcher_.run(work);
     setEnabled(true);
     showForm();
     if (focus != nullptr && focus->isEnabled()) {
-        const_cast<QWidget*>(focus)->setFocus(); // NOLINT(cppcoreguidelines-pro-type-const-cast)
+        focus->setFocus();
     }
+}
+
+void Mp3TagDialog::press(Button button) {
+    bool closes = false;
+    runLocked([&] { closes = logic_.Command1_Click(button); });
     if (closes) {
         hide();
     }

@@ -9,6 +9,7 @@
 #include "ui/qt/DialogTexts.h"
 
 #include <array>
+#include <functional>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -32,6 +33,10 @@ public:
     /// Escape and the window's own button; not while a file is being written.
     void reject() override;
 
+protected:
+    /// Ctrl+Tab turns the pages wherever the focus is.
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     template <std::size_t Count>
     using Edits = std::array<QLineEdit*, Count>;
@@ -54,6 +59,7 @@ private:
     void connectEdit(QLineEdit* edit, tags::TagField& field);
 
     void press(player::frmMp3Tag::Button button);
+    void runLocked(const std::function<void()>& work);
     void copy(player::frmMp3Tag::Copy copy);
     void showForm();
     void showFacts();

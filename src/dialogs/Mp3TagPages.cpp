@@ -22,6 +22,7 @@ constexpr std::array kFields{
     Row{0, 0}, Row{1, 1}, Row{9, 2}, Row{2, 3},  Row{3, 4},
     Row{4, 7}, Row{5, 8}, Row{6, 9}, Row{7, 10}, Row{8, 11},
 };
+constexpr int kLeastWidth = 440; ///< room for a path and for texts of some words
 constexpr int kTrackLabel = 5;
 constexpr int kGenreLabel = 6;
 
@@ -132,6 +133,7 @@ void Mp3TagDialog::addPages() {
     path_->setReadOnly(true);
     path_->setAccessibleName(QStringLiteral("Path"));
     column->addWidget(path_);
+    setMinimumWidth(kLeastWidth);
     tabs_->setObjectName(QStringLiteral("TabStrip1"));
     column->addWidget(tabs_);
     constexpr std::array<const char*, 2> kNames{"ID3v1", "ID3v2"};

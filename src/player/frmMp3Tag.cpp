@@ -138,7 +138,7 @@ void frmMp3Tag::loadVersion2() {
     form_.Genre2 = entryOf(version1_.genre());
 }
 
-void frmMp3Tag::loadFacts() {
+std::int64_t frmMp3Tag::lookAtFile() {
     std::int64_t fileBytes = 0;
     needs_.work.run([&] {
         const base::RegularFile file(form_.Text1, base::RegularFile::Access::Read);
@@ -146,9 +146,15 @@ void frmMp3Tag::loadFacts() {
             fileBytes = file.size();
             form_.mayWrite = tags::isMpegAudio(file);
         }
-        lost_ = tags::lostFrames(form_.Text1, genreOf(form_.Genre2));
+        lost_ = tags::lostFrames(form_.Text1, shownGenre_);
         lostWithoutFields_ = tags::lostFrames(form_.Text1, std::nullopt);
     });
+    return fileBytes;
+}
+
+void frmMp3Tag::loadFacts() {
+    shownGenre_ = genreOf(form_.Genre2);
+    const std::int64_t fileBytes = lookAtFile();
     facts_.size = std::to_string(fileBytes);
     loadSound(fileBytes);
     loadHeader();
@@ -248,7 +254,9 @@ bool frmMp3Tag::save() {
         return false;
     }
     const BusyGuard busy(busy_);
-    if (!acceptsLosses()) {
+    // Another program may have put something else there since it was shown.
+    lookAtFile();
+    if (!form_.mayWrite || !acceptsLosses()) {
         return false;
     }
     needs_.warning.TagSaving = true;

@@ -94,6 +94,11 @@ private:
     void loadVersion1();
     void loadVersion2();
     void loadFacts();
+
+    /// Finds out what the file is and what a save drops of it; returns its size in bytes. One that
+    /// cannot be read stays what it was taken for.
+    std::int64_t lookAtFile();
+
     void loadSound(std::int64_t fileBytes);
     void loadHeader();
     [[nodiscard]] bool save();
@@ -106,6 +111,7 @@ private:
     tags::cMP3ID3v2 version2_;
     TagForm form_;
     Facts facts_;
+    std::uint8_t shownGenre_ = 0;                ///< that was loaded for version 2
     std::vector<std::string> lost_;              ///< the frames that a save drops
     std::vector<std::string> lostWithoutFields_; ///< the same where the editor sets no field
     std::set<std::string> toldFiles_;            ///< whose losses were accepted

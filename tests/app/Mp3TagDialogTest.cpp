@@ -4,8 +4,11 @@
 
 #include "app/AppRig.h"
 #include "dialogs/DialogOpener.h"
+#include "dialogs/DialogTable.h"
 #include "tags/Samples.h"
 
+#include <algorithm>
+#include <array>
 #include <QPushButton>
 #include <QTest>
 
@@ -16,12 +19,23 @@ using namespace tags::samples;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+using dialogs::DialogKind;
+using dialogs::DialogRow;
+
+const DialogRow& tableRow() {
+    return *std::ranges::find(dialogs::dialogTable(), window::WindowId::mp3Tag, &DialogRow::window);
+}
+
 class Mp3TagDialog : public AppRig {
 protected:
     Mp3TagDialog() {
         start();
         opener_.attach(player().dialogs(), parent_);
     }
+
+    // One that goes on waits for nobody: as a test wants it.
+    const std::array<DialogRow, 1> beside_{
+        DialogRow{tableRow().window, DialogKind::beside, tableRow().make}};
 
     /// The dialog for a file of these bytes as the selected row.
     void open(const std::string& bytes) {
@@ -43,7 +57,7 @@ protected:
 
     [[nodiscard]] std::string file() const { return host_.folder.read("song.mp3"); }
 
-    dialogs::DialogOpener opener_{host_.dispatcher};
+    dialogs::DialogOpener opener_{host_.dispatcher, beside_};
     QWidget parent_;
     QDialog* dialog_ = nullptr;
     std::string path_;
@@ -63,6 +77,33 @@ TEST_F(Mp3TagDialog, opensForTheSelectedRowOnly) {
     player().stdSS().SelectIndex(1);
     player().commands().run(commands::CommandId::editTag);
     EXPECT_THAT(windows_.opened, ElementsAre(window::WindowId::mp3Tag));
+}
+
+TEST_F(Mp3TagDialog, holdsUpTheOtherWindows) {
+    EXPECT_EQ(tableRow().kind, DialogKind::first);
+}
+
+TEST_F(Mp3TagDialog, beginsAtWhatCanBeTyped) {
+    open(mp3_ + version1_);
+    EXPECT_EQ(dialog_->focusWidget(), &at<QLineEdit>("Text2_0"));
+    open(mp3_);
+    EXPECT_EQ(dialog_->focusWidget(), &at<QCheckBox>("Check1"));
+}
+
+TEST_F(Mp3TagDialog, keysTurnThePagesWhereverTheFocusIs) {
+    open(mp3_ + version1_);
+    auto& tabs = at<QTabWidget>("TabStrip1");
+    for (const char* const name : {"Text1", "Command1_1", "TabStrip1"}) {
+        QWidget& from = at<QWidget>(name);
+        from.setFocus();
+        for (const int page : {1, 2, 0}) {
+            QTest::keyClick(&from, Qt::Key_Tab, Qt::ControlModifier);
+            EXPECT_EQ(tabs.currentIndex(), page) << name;
+        }
+        QTest::keyClick(&from, Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+        EXPECT_EQ(tabs.currentIndex(), 2) << name;
+        tabs.setCurrentIndex(0);
+    }
 }
 
 TEST_F(Mp3TagDialog, bearsTheWordsOfTheLanguage) {

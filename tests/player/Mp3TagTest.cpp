@@ -243,6 +243,24 @@ TEST_F(Mp3Tag, whatIsNoMpegAudioIsOnlyShown) {
     EXPECT_EQ(file(), "RIFF" + mp3_ + version1Tag());
 }
 
+TEST_F(Mp3Tag, aFileThatBecameAnotherIsLookedAtAgain) {
+    load(mp3_ + version1Tag());
+    host_.folder.write("song.mp3", "RIFF" + mp3_);
+    dialog_.Check1_Click(false);
+    EXPECT_FALSE(dialog_.Command1_Click(Button::save));
+    EXPECT_FALSE(form().mayWrite);
+    EXPECT_EQ(file(), "RIFF" + mp3_);
+
+    load(mp3_ + version1Tag());
+    const std::string pictured =
+        tag(frame("APIC", "\0image/png\0\3\0\x89PNG"s)) + mp3_ + version1Tag();
+    host_.folder.write("song.mp3", pictured);
+    EXPECT_FALSE(dialog_.Command1_Click(Button::save));
+    ASSERT_THAT(boxes(), SizeIs(1));
+    EXPECT_EQ(boxes()[0].text, "These parts of the ID3v2 tag will be lost: APIC");
+    EXPECT_TRUE(file() == pictured);
+}
+
 TEST_F(Mp3Tag, aMissingFileIsOnlyShown) {
     list_.AddItem("/none.mp3", "/none.mp3", "None", "00:01", 1);
     list_.SelectIndex(1);
