@@ -151,6 +151,9 @@ void Mp3TagDialog::addPages() {
         page->setObjectName(QStringLiteral("Frame%1").arg(index + 1));
         tabs_->addTab(page, QLatin1String(kNames.at(index)));
         index == 0 ? addVersion1(*fields) : addVersion2(*fields);
+        // The keys go down the page, to the button last.
+        setTabOrder(index == 0 ? static_cast<QWidget*>(genre_) : text4_.at(kFields.back().field),
+                    command2_.at(index));
     }
     QWidget* const facts = factsPage();
     facts->setObjectName(QStringLiteral("Frame3"));

@@ -5,7 +5,8 @@ namespace tovik::tags {
 
 void TagWarning::showOnce() {
     if (!TagWarned) {
-        dialogs_.showMessage({.text = "Can't modify tags , file is read only"});
+        dialogs_.showMessage(
+            {.text = "Can't modify tags , file is read only", .title = host::kProgramTitle});
         TagWarned = true;
     }
 }

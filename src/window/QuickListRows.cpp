@@ -49,6 +49,11 @@ void QuickListRows::contextRow(std::size_t /*row*/) {
 
 void QuickListRows::contextNowhere() {
     if (menus_ != nullptr) {
+        // What tells of a row goes by the playlist, which may have another one selected.
+        const playlist::Row row = mirror_.ListIndex() + 1;
+        if (row > 0 && row != list_.SelectedIndex) {
+            list_.SelectIndex(row);
+        }
         menus_->popUpFor({this, this});
     }
 }

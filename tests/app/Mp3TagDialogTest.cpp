@@ -90,6 +90,21 @@ TEST_F(Mp3TagDialog, beginsAtWhatCanBeTyped) {
     EXPECT_EQ(dialog_->focusWidget(), &at<QCheckBox>("Check1"));
 }
 
+TEST_F(Mp3TagDialog, theTabKeyGoesDownThePages) {
+    open(mp3_ + version1_);
+    std::vector<std::string> names;
+    for (const QWidget* widget = &at<QCheckBox>("Check1"); widget != &at<QWidget>("Command1_0");
+         widget = widget->nextInFocusChain()) {
+        if ((widget->focusPolicy() & Qt::TabFocus) != 0) {
+            names.push_back(widget->objectName().toStdString());
+        }
+    }
+    EXPECT_THAT(names, ElementsAre("Check1", "Text2_0", "Text2_1", "Text2_2", "Text2_3", "Text2_4",
+                                   "Text5", "genre", "Command2_0", "Check2", "Text4_0", "Text4_1",
+                                   "Text4_9", "Text4_2", "Text4_3", "Text3", "Genre2", "Text4_4",
+                                   "Text4_5", "Text4_6", "Text4_7", "Text4_8", "Command2_1"));
+}
+
 TEST_F(Mp3TagDialog, keysTurnThePagesWhereverTheFocusIs) {
     open(mp3_ + version1_);
     auto& tabs = at<QTabWidget>("TabStrip1");

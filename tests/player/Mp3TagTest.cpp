@@ -138,6 +138,7 @@ TEST_F(Mp3Tag, savesBothTags) {
     // The false alarm, once a save: the frames were not there before.
     ASSERT_THAT(boxes(), SizeIs(1));
     EXPECT_EQ(boxes()[0].text, "Can't modify tags , file is read only");
+    EXPECT_EQ(boxes()[0].title, "Tovik");
 }
 
 TEST_F(Mp3Tag, fieldsThatNobodyEditedKeepTheirBytes) {
