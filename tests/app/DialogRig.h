@@ -28,7 +28,7 @@ protected:
         acted_ = 0;
         next(act);
         opener_.open(id);
-        EXPECT_EQ(acted_, 1) << "the dialog did not open";
+        EXPECT_GE(acted_, 1) << "the dialog did not open"; // one that it opens counts, too
     }
 
     /// The same for what opens next.

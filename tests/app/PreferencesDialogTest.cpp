@@ -254,6 +254,7 @@ TEST_F(PreferencesDialog, pagesAreTurnedByKeysFromAnyControl) {
     open([&](QDialog& dialog) {
         auto& tabs = control<QTabWidget>(dialog, "TabStrip1");
         dialog.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog)); // shortcuts want the active window
         for (int turn = 1; turn <= tabs.count(); ++turn) {
             QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
             EXPECT_EQ(tabs.currentIndex(), turn % tabs.count());
