@@ -12,7 +12,7 @@ import icecast
 from program import LIMIT, ProgramTest
 
 PANEL = (229, 20)  # the tab of the radio's panel
-FIRST_ROW = (120, 62)
+FIRST_ROW = (120, 52)
 PLAY, ADD, REMOVE, SAVE = (45, 253), (95, 253), (145, 253), (195, 253)
 SONG_SECONDS = 120
 LOUD = 300  # of 32768: what counts as sound

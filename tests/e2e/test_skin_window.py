@@ -27,7 +27,7 @@ PANELS = {
 }
 
 # Buttons that have nothing to do yet.
-DISABLED = ("btn_rip", "file", "minmode")
+DISABLED = ("minmode",)
 PALE = 0.45  # how much of such a picture is seen over the ground
 
 # Each button that has an up, an over and a down face, and where it stands.
