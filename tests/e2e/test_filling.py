@@ -59,6 +59,9 @@ class Filling(ProgramTest):
             self.key("Tab", "Tab", "space")  # from the tree past the files to the check box
         self.key("alt+a")
         self.wait_until(lambda: not self.boxes("Add folder"), "the end of the dialog")
+        # A program that ends while it walks the tree adds nothing more: what is in the list is kept
+        # in a file of its own some seconds later.
+        self.wait_until(lambda: os.path.exists(self.data("db/autosave.new.m3u")), "the kept list")
 
     def titles(self):
         """Those of the saved list."""
