@@ -41,9 +41,9 @@ step() {
 run_tests() {
     local preset=$1 place=() again=()
     shift
-    # A real window manager, display and sound server on a busy machine: what fails once gets a
-    # second turn, and the report shows both.
-    [ "$preset" != release ] || again=(--repeat until-pass:2)
+    # Real threads, displays and servers on a busy machine: what fails once gets a second turn, and
+    # the report shows both.
+    again=(--repeat until-pass:2)
     # The thread sanitizer of this compiler does not bear a widely scattered address space.
     [ "$preset" != tsan ] || ! setarch -R true 2>/dev/null || place=(setarch -R)
     "${place[@]}" ctest --test-dir "$root/build/$preset" -j 2 --output-on-failure --timeout 600 \
