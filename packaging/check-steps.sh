@@ -39,15 +39,14 @@ step() {
 
 # run_tests PRESET [ctest option...]
 run_tests() {
-    local preset=$1 place=() again=()
+    local preset=$1 place=()
     shift
-    # Real threads, displays and servers on a busy machine: what fails once gets a second turn, and
-    # the report shows both.
-    again=(--repeat until-pass:2)
     # The thread sanitizer of this compiler does not bear a widely scattered address space.
     [ "$preset" != tsan ] || ! setarch -R true 2>/dev/null || place=(setarch -R)
+    # Real threads, displays and servers on a busy machine: what fails once gets a second turn, and
+    # the report shows both.
     "${place[@]}" ctest --test-dir "$root/build/$preset" -j 2 --output-on-failure --timeout 600 \
-        --no-tests=error "${again[@]}" "$@"
+        --no-tests=error --repeat until-pass:2 "$@"
 }
 
 sources() {
