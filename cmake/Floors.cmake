@@ -96,6 +96,21 @@ set(TOVIK_MEDIA_DIR ${PROJECT_SOURCE_DIR}/build/media)
 # All test programs, and nothing that no test needs.
 add_custom_target(tovik_test_programs)
 
+# The tests' own bodies: not optimised, and without the checks for undefined behaviour, which cost a third
+# of their compile time. The code under test has both.
+set(TOVIK_TEST_OPTIONS -O0 -fPIC)
+if(TOVIK_SANITIZE MATCHES "undefined")
+    list(APPEND TOVIK_TEST_OPTIONS -fno-sanitize=undefined)
+endif()
+
+# The test library's headers, compiled once for all test programs that are not optimised.
+file(GENERATE OUTPUT ${CMAKE_BINARY_DIR}/test_precompiled.cpp CONTENT "")
+add_library(tovik_test_precompiled STATIC EXCLUDE_FROM_ALL ${CMAKE_BINARY_DIR}/test_precompiled.cpp)
+target_link_libraries(tovik_test_precompiled PRIVATE tovik_warnings GTest::gmock_main)
+target_compile_options(tovik_test_precompiled PRIVATE ${TOVIK_TEST_OPTIONS})
+target_precompile_headers(tovik_test_precompiled
+                          PRIVATE ${PROJECT_SOURCE_DIR}/cmake/TestPrecompiled.h)
+
 # tovik_tests(NAME SOURCES ... [USES target ...] [QT] [OPTIMISED]): one test program for one folder. A test
 # that needs media finds the folder of generated files in the environment variable TOVIK_MEDIA.
 function(tovik_tests name)
@@ -111,8 +126,8 @@ function(tovik_tests name)
         target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
     endif()
     if(TOVIK_SANITIZE OR NOT ARG_OPTIMISED)
-        # The code under test is optimised as everywhere; the tests themselves need not be.
-        target_compile_options(${name} PRIVATE -O0)
+        target_compile_options(${name} PRIVATE ${TOVIK_TEST_OPTIONS})
+        target_precompile_headers(${name} REUSE_FROM tovik_test_precompiled)
     endif()
     if(ARG_QT)
         set_target_properties(${name} PROPERTIES AUTOMOC ON)
