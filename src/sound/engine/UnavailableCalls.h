@@ -16,6 +16,18 @@ class UnavailableCalls : public virtual DiscOperations,
 public:
     explicit UnavailableCalls(EngineCore& core) : core_(core) {}
 
+    void lookAtDrives() override { noteUnavailable(); }
+
+    bool lookingAtDrives() override { return false; }
+
+    void watchDrive(std::uint32_t, bool) override { noteUnavailable(); }
+
+    std::uint32_t discNumber(std::uint32_t) override { return 0; }
+
+    std::optional<DiscToc> discToc(std::uint32_t) override { return std::nullopt; }
+
+    std::optional<DiscReport> discReport(Handle) override { return std::nullopt; }
+
     std::optional<std::string> BASS_CD_GetDriveDescription(std::uint32_t drive) override;
     int BASS_CD_GetDriveLetter(std::uint32_t drive) override;
     bool BASS_CD_GetInfo(std::uint32_t drive, BASS_CD_INFO& info) override;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "sound/SoundLibrary.h"
+#include "support/sound/FakeDiscs.h"
 #include "support/sound/FakeStations.h"
 #include "support/sound/UnusedOperations.h"
 
@@ -27,7 +28,7 @@ struct FakeFile {
 };
 
 class FakeSoundLibrary final : public sound::SoundLibrary,
-                               public UnusedDiscs,
+                               public FakeDiscs,
                                public FakeStations,
                                public UnusedEncoders,
                                public UnusedVisuals {

@@ -6,25 +6,6 @@
 
 namespace tovik::test {
 
-class UnusedDiscs : public virtual sound::DiscOperations {
-public:
-    std::optional<std::string> BASS_CD_GetDriveDescription(std::uint32_t) override { return {}; }
-
-    int BASS_CD_GetDriveLetter(std::uint32_t) override { return -1; }
-
-    bool BASS_CD_GetInfo(std::uint32_t, sound::BASS_CD_INFO&) override { return false; }
-
-    bool BASS_CD_IsReady(std::uint32_t) override { return false; }
-
-    int BASS_CD_GetTracks(std::uint32_t) override { return -1; }
-
-    std::int64_t BASS_CD_GetTrackLength(std::uint32_t, std::uint32_t) override { return -1; }
-
-    std::optional<std::string> BASS_CD_GetID(std::uint32_t, std::uint32_t) override { return {}; }
-
-    bool BASS_CD_Door(std::uint32_t, std::uint32_t) override { return false; }
-};
-
 class UnusedEncoders : public virtual sound::EncodeOperations {
 public:
     bool BASS_Encode_Start(sound::Handle, std::string_view, std::uint32_t) override {
