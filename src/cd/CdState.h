@@ -6,6 +6,7 @@
 #include "sound/api/Types.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -30,6 +31,27 @@ struct DiscForm {
 
     /// Called by who has changed the form from outside; the dialog listens while it is open.
     std::function<void()> changed;
+
+    /// The tracks of a disc were listed: takes what its CD-Text says of the album, both empty where
+    /// it has none. What was told before changes nothing, so that what was typed over it stays.
+    void tell(const std::string& title, const std::string& artist) {
+        if (std::array{title, artist} == told) {
+            return;
+        }
+        told = {title, artist};
+        Text1.front() = title;
+        Text2.front() = artist;
+        if (changed) {
+            changed();
+        }
+    }
+
+    std::array<std::string, 2> told; ///< album and artist, by the disc itself
 };
+
+/// The name of a track; empty for one that has none.
+[[nodiscard]] inline std::string trackName(const DiscForm& form, std::size_t track) {
+    return track < form.List1.size() ? form.List1[track] : std::string();
+}
 
 } // namespace tovik::cd

@@ -34,6 +34,15 @@ std::string fullVersionText(std::string_view tkxv, std::string_view tkv2) {
     return text + std::string(tkv2);
 }
 
+std::string clientVersionText(std::string_view tkxv) {
+    constexpr char kUntold = 'B';
+    if (tkxv.starts_with(kUntold)) {
+        return {};
+    }
+    const Fields fields(tkxv, kSeparator);
+    return std::string(kProgramName) + fields.at(0) + " Build " + fields.at(1);
+}
+
 Version::Version(Settings& settings) : settings_(settings) {}
 
 std::string Version::getTovikversion() {
@@ -52,6 +61,10 @@ std::string Version::buildDate() {
 
 std::string Version::get_Tovik_Version() {
     return std::string(kProgramName) + getTovikversion();
+}
+
+std::string Version::clientVersion() {
+    return settings_.getAs(kRecordKey, clientVersionText);
 }
 
 std::string Version::updateArgument() {

@@ -20,6 +20,10 @@ namespace tovik::config {
 /// All fields of TKXV and TKV2 behind them, joined by ".".
 [[nodiscard]] std::string fullVersionText(std::string_view tkxv, std::string_view tkv2);
 
+/// What a server is told, such as "Tovik 0 Build 1": the first two fields of TKXV. Empty for one
+/// that begins with "B". Raises 9 where there is no second field.
+[[nodiscard]] std::string clientVersionText(std::string_view tkxv);
+
 /// The versions that the program shows and hands on. Each call reads the settings file and raises
 /// what that raises.
 class Version {
@@ -36,6 +40,9 @@ public:
 
     /// The caption of a window while nothing plays, for example "Tovik 0.1".
     [[nodiscard]] std::string get_Tovik_Version();
+
+    /// See `clientVersionText`.
+    [[nodiscard]] std::string clientVersion();
 
     /// The argument for the update program: "chk4update=" and the full version.
     [[nodiscard]] std::string updateArgument();
