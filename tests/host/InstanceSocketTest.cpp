@@ -18,6 +18,8 @@
 namespace tovik::host {
 namespace {
 
+using base::Descriptor;
+
 using namespace std::chrono_literals;
 using namespace std::string_literals;
 

@@ -22,7 +22,7 @@ bool InstanceReceiver::open() {
     }
     constexpr mode_t kMode = 0600;
     constexpr int kWaiting = 64;
-    Descriptor listener(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    base::Descriptor listener(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     const LocalAddress address(path_);
     if (!listener.open() || !address.valid()) {
         return false;
@@ -32,8 +32,8 @@ bool InstanceReceiver::open() {
         return false;
     }
     listener_ = std::move(listener);
-    alarm_ = Descriptor(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK));
-    events_ = Descriptor(::epoll_create1(EPOLL_CLOEXEC));
+    alarm_ = base::Descriptor(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK));
+    events_ = base::Descriptor(::epoll_create1(EPOLL_CLOEXEC));
     if (::listen(listener_.get(), kWaiting) == 0 && alarm_.open() && events_.open() &&
         watch(listener_.get()) && watch(alarm_.get())) {
         return true;
@@ -77,7 +77,7 @@ void InstanceReceiver::service(const InstanceMessages::Keep& keep) {
 void InstanceReceiver::accept() {
     // No more than there is room for: the rest waits for the next call.
     for (std::size_t count = 0; count < kMostSenders; ++count) {
-        Descriptor socket(
+        base::Descriptor socket(
             ::accept4(listener_.get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
         if (!socket.open()) {
             return;

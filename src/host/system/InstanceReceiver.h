@@ -4,7 +4,7 @@
 #pragma once
 
 #include "host/InstanceMessages.h"
-#include "host/system/Descriptor.h"
+#include "base/Descriptor.h"
 
 #include <chrono>
 #include <list>
@@ -50,7 +50,7 @@ private:
     using Clock = std::chrono::steady_clock;
 
     struct Sender {
-        Descriptor socket;
+        base::Descriptor socket;
         Clock::time_point end; ///< when it is dropped
         InstanceRecord record{};
     };
@@ -63,9 +63,9 @@ private:
 
     std::string path_;
     std::chrono::milliseconds longestRecord_;
-    Descriptor events_; ///< the one of all that is waited for
-    Descriptor alarm_;  ///< the end of the sender that came first
-    Descriptor listener_;
+    base::Descriptor events_; ///< the one of all that is waited for
+    base::Descriptor alarm_;  ///< the end of the sender that came first
+    base::Descriptor listener_;
     std::list<Sender> senders_; ///< in the order in which they came
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/system/InstanceSender.h"
 
-#include "host/system/Descriptor.h"
+#include "base/Descriptor.h"
 #include "host/system/InstanceReceiver.h"
 #include "host/system/LocalAddress.h"
 
@@ -73,7 +73,7 @@ private:
         connected_ = size < 0 && blocked();
     }
 
-    Descriptor socket_;
+    base::Descriptor socket_;
     std::string_view rest_;
     bool connected_;
     bool kept_ = false;

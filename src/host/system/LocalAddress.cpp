@@ -55,7 +55,7 @@ LocalAddress::LocalAddress(const std::string& path) {
     address_.sun_family = AF_UNIX;
     if (!set(path)) {
         const fs::path whole(path);
-        folder_ = Descriptor(::open(whole.parent_path().c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+        folder_ = base::Descriptor(::open(whole.parent_path().c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
         if (folder_.open()) {
             set("/proc/self/fd/" + std::to_string(folder_.get()) + "/" + whole.filename().native());
         }

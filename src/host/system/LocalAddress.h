@@ -2,7 +2,7 @@
 // Where the instances that share a data folder meet: a local socket. Any thread.
 #pragma once
 
-#include "host/system/Descriptor.h"
+#include "base/Descriptor.h"
 
 #include <string>
 
@@ -35,7 +35,7 @@ private:
     bool set(const std::string& path);
 
     sockaddr_un address_{};
-    Descriptor folder_;
+    base::Descriptor folder_;
 };
 
 /// Whether the process at the other end of a connected local socket is of this user.

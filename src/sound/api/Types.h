@@ -33,6 +33,7 @@ enum class ErrorCode : int {
     notPlaying = 24,
     illegalRate = 25,
     notFileStream = 27,
+    cannotCreateFile = 33,
     effectsNotEnabled = 34,
     notAvailable = 37,
     decodingChannel = 38,

@@ -8,11 +8,9 @@
 namespace tovik::sound {
 namespace {
 
-constexpr const char* kFile = "tovik-ffmpeg.so";
-
 const FallbackDecoders* module() {
     static const FallbackDecoders* const decoders =
-        findInModule<FallbackDecoders>(kFile, kFallbackSymbol, kFallbackVersion);
+        findInModule<FallbackDecoders>(kFallbackFile, kFallbackSymbol, kFallbackVersion);
     return decoders;
 }
 

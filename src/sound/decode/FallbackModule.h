@@ -23,6 +23,8 @@ struct FallbackDecoders {
 };
 
 inline constexpr std::uint32_t kFallbackVersion = 2;
+/// The module's file name.
+inline constexpr const char* kFallbackFile = "tovik-ffmpeg.so";
 inline constexpr const char* kFallbackSymbol = "tovikFallbackDecoders";
 
 /// Opens by the module, which the first call loads (tens of milliseconds). `notMine` where there is

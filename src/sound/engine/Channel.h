@@ -5,6 +5,7 @@
 
 #include "sound/api/Types.h"
 #include "sound/decode/Decoder.h"
+#include "sound/encode/Encoder.h"
 #include "sound/engine/Source.h"
 #include "sound/mix/Voice.h"
 #include "sound/net/NetStream.h"
@@ -70,6 +71,9 @@ public:
 
     /// Of a stream from the Internet; null for all others.
     std::shared_ptr<NetStream> net;
+
+    /// Gets what the caller reads of a decoding channel, or got it; null for most.
+    std::unique_ptr<Encoder> encoder;
 
     bool started = false; ///< told to play and not stopped since
 

@@ -181,6 +181,9 @@ std::int32_t ChannelCalls::readSamples(Channel& channel, std::span<std::int16_t>
     const std::size_t frames = channel.source()->read(scratch_);
     const std::size_t count = frames * channels;
     toPcm16(std::span<const float>(scratch_).first(count), samples.first(count));
+    if (channel.encoder != nullptr && count > 0) {
+        channel.encoder->feed(std::as_bytes(samples.first(count)));
+    }
     return static_cast<std::int32_t>(count * sizeof(std::int16_t));
 }
 

@@ -7,6 +7,7 @@
 #include "sound/engine/ChannelCalls.h"
 #include "sound/engine/DeviceCalls.h"
 #include "sound/engine/EffectCalls.h"
+#include "sound/engine/EncodeCalls.h"
 #include "sound/engine/EngineCore.h"
 #include "sound/engine/EngineOptions.h"
 #include "sound/engine/NetworkCalls.h"
@@ -36,6 +37,7 @@ class Engine final : private EngineCoreHolder,
                      private EffectCalls,
                      private RecordCalls,
                      private NetworkCalls,
+                     private EncodeCalls,
                      private UnavailableCalls {
 public:
     explicit Engine(std::unique_ptr<OutputDevice> device, const EngineOptions& options = {});

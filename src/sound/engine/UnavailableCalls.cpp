@@ -48,37 +48,6 @@ Handle UnavailableCalls::BASS_CD_StreamCreate(std::uint32_t, std::uint32_t, std:
     return kNoHandle;
 }
 
-bool UnavailableCalls::BASS_Encode_Start(Handle, std::string_view, std::uint32_t) {
-    noteUnavailable();
-    return false;
-}
-
-bool UnavailableCalls::BASS_Encode_Stop(Handle) {
-    noteUnavailable();
-    return false;
-}
-
-Handle UnavailableCalls::BASS_WMA_EncodeOpenFile(std::uint32_t, std::uint32_t, std::uint32_t,
-                                                 std::string_view) {
-    noteUnavailable();
-    return kNoHandle;
-}
-
-bool UnavailableCalls::BASS_WMA_EncodeSetTag(Handle, std::string_view, std::string_view) {
-    noteUnavailable();
-    return false;
-}
-
-bool UnavailableCalls::BASS_WMA_EncodeWrite(Handle, std::span<const std::byte>) {
-    noteUnavailable();
-    return false;
-}
-
-bool UnavailableCalls::BASS_WMA_EncodeClose(Handle) {
-    noteUnavailable();
-    return false;
-}
-
 bool UnavailableCalls::BASS_SONIQUEVIS_CreateFakeSoniqueWnd() {
     noteUnavailable();
     return false;

@@ -4,14 +4,12 @@
 #pragma once
 
 #include "sound/api/DiscOperations.h"
-#include "sound/api/EncodeOperations.h"
 #include "sound/api/VisualOperations.h"
 #include "sound/engine/EngineCore.h"
 
 namespace tovik::sound {
 
 class UnavailableCalls : public virtual DiscOperations,
-                         public virtual EncodeOperations,
                          public virtual VisualOperations {
 public:
     explicit UnavailableCalls(EngineCore& core) : core_(core) {}
@@ -38,16 +36,6 @@ public:
     bool BASS_CD_Door(std::uint32_t drive, std::uint32_t action) override;
     Handle BASS_CD_StreamCreate(std::uint32_t drive, std::uint32_t track,
                                 std::uint32_t flags) override;
-
-    bool BASS_Encode_Start(Handle channel, std::string_view commandLine,
-                           std::uint32_t flags) override;
-    bool BASS_Encode_Stop(Handle channel) override;
-    Handle BASS_WMA_EncodeOpenFile(std::uint32_t freq, std::uint32_t flags, std::uint32_t bitrate,
-                                   std::string_view path) override;
-    bool BASS_WMA_EncodeSetTag(Handle encoder, std::string_view tag,
-                               std::string_view value) override;
-    bool BASS_WMA_EncodeWrite(Handle encoder, std::span<const std::byte> samples) override;
-    bool BASS_WMA_EncodeClose(Handle encoder) override;
 
     bool BASS_SONIQUEVIS_CreateFakeSoniqueWnd() override;
     Handle BASS_SONIQUEVIS_CreateVis(std::string_view path, std::string_view iniPath,

@@ -8,7 +8,7 @@ namespace tovik::test {
 
 class UnusedEncoders : public virtual sound::EncodeOperations {
 public:
-    bool BASS_Encode_Start(sound::Handle, std::string_view, std::uint32_t) override {
+    bool BASS_Encode_Start(sound::Handle, const sound::EncoderCommand&, std::uint32_t) override {
         return false;
     }
 
@@ -26,6 +26,8 @@ public:
     bool BASS_WMA_EncodeWrite(sound::Handle, std::span<const std::byte>) override { return false; }
 
     bool BASS_WMA_EncodeClose(sound::Handle) override { return false; }
+
+    std::optional<sound::EncodeReport> encodeReport(sound::Handle) override { return {}; }
 };
 
 class UnusedVisuals : public virtual sound::VisualOperations {

@@ -6,7 +6,7 @@
 
 #include <unistd.h>
 
-namespace tovik::host {
+namespace tovik::base {
 
 /// Closes it when the object goes.
 class Descriptor {
@@ -45,4 +45,4 @@ private:
     int descriptor_ = -1;
 };
 
-} // namespace tovik::host
+} // namespace tovik::base
