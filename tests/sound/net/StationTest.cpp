@@ -81,6 +81,18 @@ TEST(AStation, IsJoinedInTheMiddleOfAFrame) {
     EXPECT_GT(rig.readAll().size(), 44'100U);
 }
 
+TEST(AStation, MayTakeLongerBehindItsHeadThanBeforeIt) {
+    ScriptedServer server([](Peer& peer) {
+        peer.send(kMp3Head + "\r\n");
+        peer.wait(400ms);
+        peer.send(mediaText("mp3_cbr128.mp3"));
+    });
+    NetOptions options = quickOptions();
+    options.times.head = 200ms;
+    NetRig rig(server.url(), options);
+    EXPECT_TRUE(rig.open());
+}
+
 TEST(AStation, HandsOverItsBytesWithoutMetadataAndItsTitlesInTheirPlaces) {
     const std::string body = mediaText("mp3_cbr128.mp3");
     const std::vector<std::string> titles = {"StreamTitle='One';", "", "StreamTitle='One';",

@@ -16,6 +16,8 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr long kMostRedirects = 8;
+constexpr long kFirstGood = 200;
+constexpr long kFirstRedirect = 300;
 constexpr long kBufferBytes = 64L * 1024; ///< what is taken from the system at once
 constexpr const char* kSchemes = "http,https";
 constexpr const char* kAgent = "Tovik/0.1";
@@ -76,6 +78,7 @@ private:
     [[nodiscard]] HttpEnd drive(const std::stop_token& calledOff);
     [[nodiscard]] std::optional<HttpEnd> finished();
     [[nodiscard]] Clock::time_point deadline() const;
+    void headEnds();
     static std::size_t onHeader(char* data, std::size_t size, std::size_t count, void* self);
     static std::size_t onBody(char* data, std::size_t size, std::size_t count, void* self);
 
@@ -89,17 +92,31 @@ private:
     Lines headers_;
     Lines aliases_;
     Easy easy_;
-    Multi multi_; ///< before the transfer, which it lets go
+    Multi multi_;           ///< before the transfer, which it lets go
+    bool answered_ = false; ///< the head has ended that belongs to the body
     bool inBody_ = false;
     bool refused_ = false;
-    Clock::time_point last_ = Clock::now(); ///< when it began, then when bytes of the body came
+    /// When it began; then when the head ended; then when bytes of the body came.
+    Clock::time_point last_ = Clock::now();
 };
+
+void Transfer::headEnds() {
+    long status = 0;
+    curl_easy_getinfo(easy_.get(), CURLINFO_RESPONSE_CODE, &status);
+    if (status >= kFirstGood && status < kFirstRedirect) {
+        answered_ = true;
+        last_ = Clock::now();
+    }
+}
 
 std::size_t Transfer::onHeader(char* data, std::size_t size, std::size_t count, void* self) {
     auto& transfer = *static_cast<Transfer*>(self);
     std::string_view line(data, size * count);
     while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) {
         line.remove_suffix(1);
+    }
+    if (line.empty()) {
+        transfer.headEnds();
     }
     transfer.refused_ = !transfer.sink_.header(line);
     return transfer.refused_ ? 0 : size * count;
@@ -148,7 +165,7 @@ bool Transfer::prepare() {
 }
 
 Clock::time_point Transfer::deadline() const {
-    return last_ + (inBody_ ? request_.bodyPatience : request_.headerPatience);
+    return last_ + (answered_ ? request_.bodyPatience : request_.headerPatience);
 }
 
 std::optional<HttpEnd> Transfer::finished() {
@@ -180,7 +197,7 @@ HttpEnd Transfer::drive(const std::stop_token& calledOff) {
         const auto left =
             std::chrono::duration_cast<std::chrono::milliseconds>(deadline() - Clock::now());
         if (left.count() <= 0) {
-            return inBody_ ? HttpEnd::silence : HttpEnd::noAnswer;
+            return answered_ ? HttpEnd::silence : HttpEnd::noAnswer;
         }
         // It sets the time of its own timers against this one.
         curl_multi_poll(multi_.get(), nullptr, 0, static_cast<int>(left.count()) + 1, nullptr);
