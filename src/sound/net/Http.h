@@ -18,7 +18,8 @@ namespace tovik::sound {
 /// What a request wants.
 struct HttpRequest {
     std::string url;
-    std::uint64_t from = 0; ///< first byte wanted; 0: no range is asked for
+    std::uint64_t from = 0; ///< first byte wanted
+    std::uint64_t to = 0;   ///< last byte wanted; 0: to the end. With both 0 no range is asked for
     bool titles = false;    ///< asks for metadata between the sound
     std::chrono::milliseconds headerPatience{10'000}; ///< from name look-up to the end of the head
     std::chrono::milliseconds bodyPatience{10'000};   ///< silence in the body
@@ -67,7 +68,7 @@ struct HttpModule {
     HttpEnd (*fetch)(const HttpRequest& request, HttpSink& sink, const std::stop_token& calledOff);
 };
 
-inline constexpr std::uint32_t kHttpVersion = 1;
+inline constexpr std::uint32_t kHttpVersion = 2;
 inline constexpr const char* kHttpSymbol = "tovikHttp";
 
 /// Fetches by the module, which the first call loads.

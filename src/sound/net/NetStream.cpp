@@ -2,67 +2,36 @@
 #include "sound/net/NetStream.h"
 
 #include "sound/net/NetDecoder.h"
-#include "sound/net/Receiver.h"
+#include "sound/net/PieceReader.h"
+#include "sound/net/StreamFetcher.h"
 
 #include <pthread.h>
 
-#include <algorithm>
-#include <array>
 #include <system_error>
 #include <thread>
 #include <utility>
+#include <vector>
 
 namespace tovik::sound {
-namespace {
-
-/// A file whose server gives nothing more is asked this often before its track counts as over.
-constexpr int kMostResumes = 8;
-constexpr int kMostDoublings = 5;
-
-struct Reason {
-    HttpEnd end;
-    StreamTrouble trouble;
-};
-
-constexpr std::array kReasons = {
-    Reason{HttpEnd::complete, StreamTrouble::notAudio}, // complete, and nothing came
-    Reason{HttpEnd::badAddress, StreamTrouble::badAddress},
-    Reason{HttpEnd::nameNotFound, StreamTrouble::nameNotFound},
-    Reason{HttpEnd::noConnection, StreamTrouble::refused},
-    Reason{HttpEnd::noAnswer, StreamTrouble::noAnswer},
-    Reason{HttpEnd::silence, StreamTrouble::noAnswer},
-    Reason{HttpEnd::badCertificate, StreamTrouble::badCertificate},
-    Reason{HttpEnd::badAnswer, StreamTrouble::badAnswer},
-    Reason{HttpEnd::notAvailable, StreamTrouble::notAvailable},
-};
-
-StreamTrouble troubleOf(HttpEnd end, const Receiver& receiver) {
-    if (receiver.trouble() != StreamTrouble::none) {
-        return receiver.trouble();
-    }
-    const auto* const row = std::ranges::find(kReasons, end, &Reason::end);
-    return row != kReasons.end() ? row->trouble : StreamTrouble::broken;
-}
-
-} // namespace
 
 /// The thread that receives.
 class NetStream::Thread {
 public:
-    explicit Thread(std::shared_ptr<Work> work) : work_(std::move(work)) {}
+    explicit Thread(std::shared_ptr<Work> work)
+        : work_(std::move(work)), fetcher_(work_->fetch, work_->titles, work_->state) {}
 
     void run();
 
 private:
     [[nodiscard]] StreamTrouble tryAddress(const std::string& url, int depth);
     [[nodiscard]] StreamTrouble tryList(const Receiver& list, int depth);
-    [[nodiscard]] HttpEnd fetch(const std::string& url, std::uint64_t from, Receiver& receiver);
-    [[nodiscard]] HttpEnd goOn(HttpEnd end, Receiver& receiver);
+    [[nodiscard]] StreamTrouble tryEach(const std::vector<std::string>& addresses, int depth);
     void finish(HttpEnd end, const Receiver& receiver);
 
     [[nodiscard]] StreamState& state() { return work_->state; }
 
     std::shared_ptr<Work> work_;
+    StreamFetcher fetcher_;
 };
 
 void NetStream::Thread::run() {
@@ -74,71 +43,41 @@ void NetStream::Thread::run() {
     work_->routines.bytes({});
 }
 
-HttpEnd NetStream::Thread::fetch(const std::string& url, std::uint64_t from, Receiver& receiver) {
-    if (!isHttpAddress(url)) {
-        return HttpEnd::badAddress;
-    }
-    const NetTimes& times = state().times();
-    const HttpEnd end = work_->fetch({.url = url,
-                                      .from = from,
-                                      .titles = work_->titles,
-                                      .headerPatience = times.head,
-                                      .bodyPatience = times.silence},
-                                     receiver, state().givenUp());
-    if (from == 0) {
-        receiver.finish();
-    }
-    return end;
-}
-
 /// None when sound came of it, which has ended by then.
 StreamTrouble NetStream::Thread::tryAddress(const std::string& url, int depth) {
     state().connect();
     Receiver receiver(state(), work_->routines);
-    const HttpEnd end = fetch(url, 0, receiver);
+    const HttpEnd end = fetcher_.stream(url, receiver);
     if (receiver.kind() == AnswerKind::list && receiver.trouble() == StreamTrouble::none) {
         return tryList(receiver, depth);
     }
     if (receiver.kind() != AnswerKind::sound) {
-        return troubleOf(end, receiver);
+        return troubleOf(end, receiver.trouble());
     }
-    finish(goOn(end, receiver), receiver);
+    finish(fetcher_.goOn(end, receiver), receiver);
     return StreamTrouble::none;
 }
 
 StreamTrouble NetStream::Thread::tryList(const Receiver& list, int depth) {
-    if (isListOfPieces(list.text())) {
-        return StreamTrouble::notAudio;
-    }
     if (depth == kMostListDepth) {
         return StreamTrouble::emptyList;
     }
-    for (const std::string& address : addressesOfList(list.text(), list.url())) {
+    if (!isListOfPieces(list.text())) {
+        return tryEach(addressesOfList(list.text(), list.url()), depth);
+    }
+    if (isListOfForms(list.text())) {
+        return tryEach(formsOfList(list.text(), list.url()), depth);
+    }
+    return PieceReader(fetcher_, state(), work_->routines).play(list.text(), list.url());
+}
+
+StreamTrouble NetStream::Thread::tryEach(const std::vector<std::string>& addresses, int depth) {
+    for (const std::string& address : addresses) {
         if (!state().wanted() || tryAddress(address, depth + 1) == StreamTrouble::none) {
             return StreamTrouble::none;
         }
     }
     return StreamTrouble::emptyList;
-}
-
-/// Asks for the rest of a file as long as there is hope.
-HttpEnd NetStream::Thread::goOn(HttpEnd end, Receiver& receiver) {
-    int fruitless = 0;
-    while (receiver.incomplete() && state().wanted() && fruitless < kMostResumes) {
-        const bool left = end == HttpEnd::refusedBySink;
-        const auto pause = state().times().resume * (1 << std::min(fruitless, kMostDoublings));
-        if (left ? !state().waitForRoom() : fruitless > 0 && !state().waitFor(pause)) {
-            break;
-        }
-        const std::uint64_t had = receiver.received();
-        receiver.resume();
-        end = fetch(receiver.url(), had, receiver);
-        fruitless = receiver.received() > had ? 0 : fruitless + 1;
-        if (receiver.trouble() != StreamTrouble::none) {
-            break; // it is not the same file any more
-        }
-    }
-    return end;
 }
 
 void NetStream::Thread::finish(HttpEnd end, const Receiver& receiver) {

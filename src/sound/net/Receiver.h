@@ -17,9 +17,21 @@
 
 namespace tovik::sound {
 
+/// How a piece of a stream is received: as a part of a file, without metadata, never a list.
+struct PieceOrder {
+    std::uint64_t first = 0;              ///< of its bytes, in what the address gives
+    std::optional<std::uint64_t> bytes{}; ///< nothing: all behind that
+    bool begins = false;                  ///< no piece of the stream came before
+    bool live = true;                     ///< more will be made
+    std::string_view type; ///< for a server that tells none of use; outlives the answer
+};
+
 class Receiver final : public HttpSink, private IcySink {
 public:
     Receiver(StreamState& state, StreamRoutines& routines) : state_(state), routines_(routines) {}
+
+    Receiver(StreamState& state, StreamRoutines& routines, const PieceOrder& piece)
+        : state_(state), routines_(routines), piece_(piece) {}
 
     [[nodiscard]] bool header(std::string_view line) override;
     [[nodiscard]] bool body(std::span<const std::byte> bytes) override;
@@ -43,10 +55,15 @@ public:
     /// The text of a list, as far as it is looked at.
     [[nodiscard]] const std::string& text() const noexcept { return head_; }
 
-    /// Bytes of a file that came in.
+    /// Bytes of a file, or of a piece, that came in.
     [[nodiscard]] std::uint64_t received() const noexcept { return received_; }
 
-    /// A file of which bytes are missing.
+    /// The next byte to ask for, counted from the beginning of what the address gives.
+    [[nodiscard]] std::uint64_t next() const noexcept {
+        return received_ + (piece_ ? piece_->first : 0);
+    }
+
+    /// A file, or a piece, of which bytes are missing.
     [[nodiscard]] bool incomplete() const noexcept;
 
     /// The next answer goes on with the file behind what was received.
@@ -54,7 +71,11 @@ public:
 
 private:
     [[nodiscard]] bool headEnds();
+    [[nodiscard]] bool pieceHeadEnds();
     [[nodiscard]] bool resumedHeadEnds();
+    [[nodiscard]] bool isPlaced();
+    void beginSound();
+    [[nodiscard]] std::uint64_t expected() const noexcept;
     [[nodiscard]] bool decide(bool all);
     [[nodiscard]] bool pass(std::span<const std::byte> bytes);
     [[nodiscard]] bool refuse(StreamTrouble trouble);
@@ -63,6 +84,7 @@ private:
 
     StreamState& state_;
     StreamRoutines& routines_;
+    const std::optional<PieceOrder> piece_;
     HeaderReader reader_;
     StationHeaders headers_; ///< of the first answer that sounded
     std::string url_;
@@ -71,7 +93,7 @@ private:
     StreamTrouble trouble_ = StreamTrouble::none;
     IcyFilter filter_{0};
     std::uint64_t received_ = 0;
-    std::uint64_t skip_ = 0; ///< bytes of a resumed file that were had before
+    std::uint64_t skip_ = 0; ///< bytes that come before those that are wanted
     bool resumed_ = false;
     bool wanted_ = true;
 };

@@ -7,12 +7,12 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <iterator>
 #include <map>
 
 namespace tovik::sound {
 namespace {
 
-constexpr std::size_t kMostAddresses = 64;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kPlsHead = "[playlist]";
 constexpr std::string_view kM3uHead = "#extm3u";
@@ -31,11 +31,11 @@ constexpr std::array<std::string_view, 5> kPageHeads = {"<!doctype", "<html", "<
                                                         "<!--"};
 constexpr std::size_t kLongestHead = kPlsHead.size();
 
-bool isWhite(char c) {
+bool isWhite(char c) noexcept {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';
 }
 
-std::string_view withoutLeadingWhite(std::string_view text) {
+std::string_view withoutLeadingWhite(std::string_view text) noexcept {
     if (text.starts_with(kByteOrderMark)) {
         text.remove_prefix(kByteOrderMark.size());
     }
@@ -43,12 +43,15 @@ std::string_view withoutLeadingWhite(std::string_view text) {
     return text.substr(static_cast<std::size_t>(first - text.begin()));
 }
 
-std::string_view withoutWhite(std::string_view text) {
-    text = withoutLeadingWhite(text);
-    while (!text.empty() && isWhite(text.back())) {
-        text.remove_suffix(1);
-    }
-    return text;
+/// Whether it begins as "http:" does (RFC 3986, 3.1).
+bool hasScheme(std::string_view reference) {
+    const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
+    const auto isMore = [](char c) {
+        return (c >= '0' && c <= '9') || c == '+' || c == '-' || c == '.';
+    };
+    const auto* const end =
+        std::ranges::find_if_not(reference, [&](char c) { return isLetter(c) || isMore(c); });
+    return end != reference.end() && *end == ':' && isLetter(reference.front());
 }
 
 /// The addresses of "FileN=" in the order of N.
@@ -67,9 +70,13 @@ std::vector<std::string> plsAddresses(std::string_view text, std::string_view ba
                 std::errc()) {
             continue;
         }
+        const bool full = files.size() == kMostAddresses;
+        if (full && number > files.rbegin()->first) {
+            continue;
+        }
         std::string address = wholeAddress(base, withoutWhite(line->substr(equals + 1)));
-        if (!address.empty()) {
-            files.try_emplace(number, std::move(address));
+        if (!address.empty() && files.try_emplace(number, std::move(address)).second && full) {
+            files.erase(std::prev(files.end())); // what an address is seen from may be long
         }
     }
     std::vector<std::string> addresses;
@@ -82,7 +89,11 @@ std::vector<std::string> plsAddresses(std::string_view text, std::string_view ba
 std::vector<std::string> m3uAddresses(std::string_view text, std::string_view base) {
     std::vector<std::string> addresses;
     base::LineReader lines(text);
-    while (const auto line = lines.next()) {
+    while (addresses.size() < kMostAddresses) {
+        const auto line = lines.next();
+        if (!line) {
+            break;
+        }
         const std::string_view entry = withoutWhite(*line);
         if (entry.empty() || entry.front() == '#') {
             continue;
@@ -122,15 +133,19 @@ AnswerKind kindOfAnswer(std::string_view contentType, std::string_view begin, bo
 std::vector<std::string> addressesOfList(std::string_view text, std::string_view base) {
     text = withoutLeadingWhite(text.substr(0, kMostListBytes));
     const bool pls = base::equalsIgnoringCase(text.substr(0, kPlsHead.size()), kPlsHead);
-    std::vector<std::string> addresses = pls ? plsAddresses(text, base) : m3uAddresses(text, base);
-    if (addresses.size() > kMostAddresses) {
-        addresses.resize(kMostAddresses);
-    }
-    return addresses;
+    return pls ? plsAddresses(text, base) : m3uAddresses(text, base);
 }
 
 bool isListOfPieces(std::string_view text) {
     return text.find("#EXT-X-") != std::string_view::npos;
+}
+
+std::string_view withoutWhite(std::string_view text) noexcept {
+    text = withoutLeadingWhite(text);
+    while (!text.empty() && isWhite(text.back())) {
+        text.remove_suffix(1);
+    }
+    return text;
 }
 
 bool isHttpAddress(std::string_view text) {
@@ -142,7 +157,7 @@ bool isHttpAddress(std::string_view text) {
 }
 
 std::string wholeAddress(std::string_view base, std::string_view reference) {
-    if (reference.find("://") != std::string_view::npos) {
+    if (hasScheme(reference)) {
         return isHttpAddress(reference) ? std::string(reference) : std::string();
     }
     if (!isHttpAddress(base) || reference.empty()) {

@@ -12,6 +12,7 @@ namespace tovik::sound {
 /// What of a list is read, and how deep lists may name lists.
 inline constexpr std::size_t kMostListBytes = 64 * 1024;
 inline constexpr int kMostListDepth = 3;
+inline constexpr std::size_t kMostAddresses = 64;
 
 /// What the beginning of an answer shows it to be.
 enum class AnswerKind {
@@ -31,7 +32,7 @@ enum class AnswerKind {
 [[nodiscard]] std::vector<std::string> addressesOfList(std::string_view text,
                                                        std::string_view base);
 
-/// A list of the pieces of one stream (HLS) and not of streams.
+/// A list of the pieces of one stream, or of its forms (HLS), and not of streams.
 [[nodiscard]] bool isListOfPieces(std::string_view text);
 
 /// Whether the text begins with "http://" or "https://" and goes on behind it.
@@ -40,5 +41,8 @@ enum class AnswerKind {
 /// `reference` as seen from `base` (RFC 3986, 5.2, without the removal of dots); empty when it
 /// leads to neither http nor https.
 [[nodiscard]] std::string wholeAddress(std::string_view base, std::string_view reference);
+
+/// Without blanks, tabs and line ends round it.
+[[nodiscard]] std::string_view withoutWhite(std::string_view text) noexcept;
 
 } // namespace tovik::sound

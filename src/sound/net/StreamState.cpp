@@ -60,6 +60,8 @@ bool StreamState::put(std::span<const std::byte> bytes) {
             lastIn_ = Clock::now();
             changed_.notifyAll();
         } else if (Clock::now() >= lastOut_ + times_.idle) {
+            left_.assign(bytes.begin(), bytes.end()); // it may go on behind them
+            report_.bytes += bytes.size();
             return false;
         } else {
             static_cast<void>(changed_.waitUntil(mutex_, lastOut_ + times_.idle));
@@ -206,6 +208,8 @@ std::size_t StreamState::take(std::span<std::byte> into) {
         }
         if (there || over()) {
             const std::size_t count = queue_.pop(into);
+            const std::size_t pushed = queue_.push(left_);
+            left_.erase(left_.begin(), left_.begin() + static_cast<std::ptrdiff_t>(pushed));
             lastOut_ = Clock::now();
             changed_.notifyAll();
             return count;

@@ -16,6 +16,7 @@
 #include <span>
 #include <stop_token>
 #include <string>
+#include <vector>
 
 namespace tovik::sound {
 
@@ -28,6 +29,7 @@ struct NetTimes {
     std::chrono::milliseconds idle{10'000};       ///< a full queue of which nobody takes
     std::chrono::milliseconds rest{250};          ///< between looks at the network, with plenty
     std::chrono::milliseconds resume{1000};       ///< before a file is asked for again; doubles
+    std::chrono::milliseconds reload{30'000};     ///< between looks at a list of pieces, at most
 };
 
 class StreamState {
@@ -145,7 +147,8 @@ private:
     mutable base::Mutex mutex_;
     base::Condition changed_;
     ByteQueue queue_ TOVIK_GUARDED_BY(mutex_);
-    StreamReport report_ TOVIK_GUARDED_BY(mutex_); ///< its stage is not used
+    std::vector<std::byte> left_ TOVIK_GUARDED_BY(mutex_); ///< what the full queue did not take
+    StreamReport report_ TOVIK_GUARDED_BY(mutex_);         ///< its stage is not used
     std::string headers_ TOVIK_GUARDED_BY(mutex_);
     std::string contentType_ TOVIK_GUARDED_BY(mutex_);
     std::string metadata_ TOVIK_GUARDED_BY(mutex_); ///< came in last

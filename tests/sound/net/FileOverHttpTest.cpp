@@ -129,9 +129,11 @@ TEST(AFileOverHttp, ThatIsPausedGoesOnAfterwards) {
     NetRig rig(server.url(), options);
     ASSERT_TRUE(rig.open());
     ASSERT_TRUE(soon([&] { return server.open() == 0; }));
-    static_cast<void>(test::readAll(*rig.decoder));
+    const std::size_t heard = test::readAll(*rig.decoder).size();
     EXPECT_GE(server.connections(), 2);
     EXPECT_EQ(rig.report().trouble, StreamTrouble::none);
+    ScriptedServer good([&](Peer& peer) { peer.send(whole(body)); });
+    EXPECT_EQ(heard, NetRig(good.url()).readAll(heard).size()) << "nothing is left out";
 }
 
 } // namespace

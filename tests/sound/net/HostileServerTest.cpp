@@ -160,6 +160,16 @@ TEST(AHostileServer, ThatSendsNoiseAsSoundIsRefused) {
     }
 }
 
+TEST(AHostileServer, ThatSendsBlanksWithoutEndIsRefused) {
+    const StreamReport report = outcome([&](Peer& peer) {
+        peer.send(kMp3Head + "\r\n");
+        while (peer.send(std::string(4096, '\n'))) {
+        }
+    });
+    EXPECT_EQ(report.trouble, StreamTrouble::notAudio);
+    EXPECT_LT(report.bytes, 4U << 20U);
+}
+
 TEST(AHostileServer, ThatEndsBehindItsHeadIsNoStation) {
     EXPECT_EQ(outcome([](Peer& peer) { peer.send(kMp3Head + "\r\n"); }).trouble,
               StreamTrouble::notAudio);

@@ -105,15 +105,5 @@ TEST(AListAnswer, WithoutAnAddressIsEmpty) {
     }
 }
 
-TEST(AListAnswer, OfPiecesIsNoSoundYet) {
-    ScriptedServer server([](Peer& peer) {
-        answer(peer, "application/vnd.apple.mpegurl",
-               "#EXTM3U\n#EXT-X-TARGETDURATION:5\n#EXTINF:5,\n/a.ts\n");
-    });
-    NetRig rig(server.url("/list"));
-    EXPECT_FALSE(rig.open());
-    EXPECT_EQ(rig.report().trouble, StreamTrouble::notAudio);
-}
-
 } // namespace
 } // namespace tovik::sound

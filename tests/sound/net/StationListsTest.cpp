@@ -46,7 +46,16 @@ TEST(WholeAddress, IsSeenFromItsBase) {
     EXPECT_EQ(wholeAddress("https://host/a/b#c/d", "e"), "https://host/a/e");
     EXPECT_EQ(wholeAddress("", "a"), "");
     EXPECT_EQ(wholeAddress("http://host/", ""), "");
-    EXPECT_EQ(wholeAddress("http://host/", "javascript://x"), "");
+    EXPECT_EQ(wholeAddress("http://host/", "/play?u=http://b"), "http://host/play?u=http://b");
+}
+
+TEST(WholeAddress, IsNoneOfAnotherScheme) {
+    for (const char* other : {"javascript://x", "file:///etc/passwd", "file:/etc/passwd",
+                              "concat:a|b", "data:audio/mpeg,x", "a+b-c.1:x", "http:x"}) {
+        EXPECT_EQ(wholeAddress("http://host/", other), "") << other;
+    }
+    EXPECT_EQ(wholeAddress("http://host/", "./a:b"), "http://host/./a:b");
+    EXPECT_EQ(wholeAddress("http://host/", "1:b"), "http://host/1:b");
 }
 
 TEST(HttpAddress, HasASchemeAndMore) {
@@ -66,6 +75,18 @@ TEST(KindOfAnAnswer, IsToldByItsBytesBeforeItsType) {
     EXPECT_EQ(kindOfAnswer("text/html", "OggS", false), AnswerKind::page);
     EXPECT_EQ(kindOfAnswer("", "OggS", false), AnswerKind::sound);
     EXPECT_EQ(kindOfAnswer("audio/x-mpegurl", "http://a", false), AnswerKind::list);
+}
+
+TEST(AddressesOfAList, TakeLittleMemoryWhateverItsOwnAddressIs) {
+    std::string m3u;
+    std::string pls = "[playlist]\n";
+    for (int i = 0; m3u.size() < kMostListBytes / 2; ++i) {
+        m3u += "a\n";
+        pls += "file" + std::to_string(i) + "=a\n";
+    }
+    const std::string base = "http://host/" + std::string(kMostListBytes, 'x') + "/";
+    EXPECT_EQ(addressesOfList(m3u, base).size(), kMostAddresses);
+    EXPECT_EQ(addressesOfList(pls, base).size(), kMostAddresses);
 }
 
 TEST(KindOfAnAnswer, WaitsForAsManyBytesAsItNeeds) {

@@ -30,11 +30,14 @@ constexpr std::array kTypes = {
     Kind{"audio/ogg", "ogg"},     Kind{"audio/vorbis", "ogg"}, Kind{"audio/opus", "ogg"},
     Kind{"audio/x-flac", "flac"}, Kind{"audio/flac", "flac"},  Kind{"audio/wav", "wav"},
     Kind{"audio/x-wav", "wav"},   Kind{"video/ogg", "ogg"},    Kind{"audio/webm", "matroska"},
+    Kind{"video/mp2t", "mpegts"}, Kind{"audio/mp4", "mov"},    Kind{"video/mp4", "mov"},
+    Kind{"audio/x-m4a", "mov"},
 };
 
 /// What may be found by content, by the names of the library.
-constexpr std::array<std::string_view, 8> kKnown = {
-    "mp3", "aac", "ogg", "flac", "wav", "asf", "mov,mp4,m4a,3gp,3g2,mj2", "matroska,webm"};
+constexpr std::array<std::string_view, 9> kKnown = {
+    "mpegts",       "mp3", "aac", "ogg", "flac", "wav", "asf", "mov,mp4,m4a,3gp,3g2,mj2",
+    "matroska,webm"};
 
 /// The stream as a store that is read from front to back. Its first bytes may be read once before.
 class LiveStore final : public ByteStore {

@@ -141,10 +141,13 @@ bool Transfer::prepareHead() {
     if (request_.titles) {
         headers_.reset(curl_slist_append(nullptr, "Icy-MetaData: 1"));
     }
-    const std::string range = std::to_string(request_.from) + "-";
+    std::string range = std::to_string(request_.from) + "-";
+    if (request_.to > 0) {
+        range += std::to_string(request_.to);
+    }
     return set(CURLOPT_HTTP200ALIASES, aliases_.get()) && set(CURLOPT_HTTPHEADER, headers_.get()) &&
            set(CURLOPT_USERAGENT, kAgent) &&
-           (request_.from == 0 || set(CURLOPT_RANGE, range.c_str()));
+           ((request_.from == 0 && request_.to == 0) || set(CURLOPT_RANGE, range.c_str()));
 }
 
 bool Transfer::prepare() {
