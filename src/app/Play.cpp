@@ -51,7 +51,8 @@ void saveScreenshot(QWidget& window, const std::string& file, host::Closing& clo
 
 /// The host of a start that nobody watches: every box is answered by itself, and no helper
 /// program is started.
-host::Host unattended(const host::Host& host, host::Dialogs& dialogs, host::Programs& programs) {
+host::Host unattended(const host::Host& host, host::Dialogs& dialogs, host::Programs& programs,
+                      host::MessengerWindows& messengers) {
     return {.clock = host.clock,
             .timers = host.timers,
             .pump = host.pump,
@@ -60,6 +61,7 @@ host::Host unattended(const host::Host& host, host::Dialogs& dialogs, host::Prog
             .random = host.random,
             .lock = host.lock,
             .messages = host.messages,
+            .messengers = messengers,
             .dispatcher = host.dispatcher,
             .closing = host.closing,
             .paths = host.paths,
@@ -105,8 +107,10 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
                             environment.runtimeFolder, [&place] { place.standIn.reset(); });
     host::UnattendedDialogs answers;
     host::UnattendedPrograms noHelpers(realHost.host().paths, environment.searchPath);
-    const host::Host host =
-        line.screenshotFile ? unattended(realHost.host(), answers, noHelpers) : realHost.host();
+    host::NoMessengers nobody;
+    const host::Host host = line.screenshotFile
+                                ? unattended(realHost.host(), answers, noHelpers, nobody)
+                                : realHost.host();
 
     player::TrackEvents events;
     MainWindow window(host);
@@ -117,7 +121,9 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
                       .checkInstance = !line.screenshotFile,
                       .keepsList = !line.screenshotFile,
                       .shippedFolder = place.shippedFolder,
-                      .unkept = place.unkept});
+                      .unkept = place.unkept,
+                      .program = line.screenshotFile ? "" : environment.executableFolder + "/tovik",
+                      .typePlaces = desktop::TypePlaces::of(environment, place.folder)});
     window::giveWindowPictures(player.elements(), player.view().pictures, windowPicture);
     window.attach(player);
     dialogs.attach(player.dialogs(), window.widget());

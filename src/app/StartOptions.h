@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/RuntimeError.h"
+#include "desktop/TypeExport.h"
 
 #include <optional>
 #include <string>
@@ -16,6 +17,9 @@ struct StartOptions {
     bool keepsList = true;         ///< false: the list is not saved while the program runs
     std::string shippedFolder{};   ///< what came with the program; empty: nothing
     std::optional<base::RuntimeError> unkept{}; ///< why nothing of this session is kept, if so
+    std::string
+        program{}; ///< the path by which desktops start this one; empty: they are left alone
+    desktop::TypePlaces typePlaces{}; ///< where desktops look for file types
 };
 
 } // namespace tovik::app

@@ -61,10 +61,12 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                 .version = ground_.version,
                 .host = host,
                 .changeLanguage = [this] { changeLanguage(); }}),
+      desktop_(core_, host, options_),
       handOver_(core_, process_, options_, window, startFile_, autoload_) {
     choices_.preferences.hooks.spectrumSpeed = [this](std::int32_t milliseconds) {
         visuals_.spectrum.setSpeed(milliseconds);
     };
+    desktop_.attach(choices_.preferences.hooks);
     ground_.news.add(events);
     autoload_.begin();
     process_.bind(commands_);

@@ -5,6 +5,7 @@
 
 #include "app/Autoload.h"
 #include "app/Choices.h"
+#include "app/Desktop.h"
 #include "app/Filling.h"
 #include "app/Front.h"
 #include "app/Ground.h"
@@ -158,6 +159,7 @@ private:
     Visuals visuals_;
     Filling filling_;
     Choices choices_;
+    Desktop desktop_;
     HandOver handOver_;
 };
 

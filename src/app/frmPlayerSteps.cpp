@@ -77,6 +77,7 @@ const std::span<const frmPlayer::Step> frmPlayer::kEndSteps = [] {
              in<&P::tone_, &Tone::restoreEqualizer>},
         Step{"save the stations", in<&P::stations_, &Stations::saveStations>, false,
              in<&P::stations_, &Stations::readStations>},
+        Step{"let messengers hear the last of it", in<&P::desktop_, &Desktop::finishMessengers>},
         Step{"free the visualisation", in<&P::visuals_, &Visuals::free>},
         Step{"free the sound library", in<&P::music_, &Music::freeSound>},
         Step{"remove the tray icon", &P::later},

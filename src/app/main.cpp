@@ -5,6 +5,7 @@
 #include "app/Render.h"
 #include "app/Version.h"
 #include "base/ErrorStream.h"
+#include "desktop/TypeExport.h"
 #include "host/CommandLine.h"
 #include "host/DataFolder.h"
 #include "host/Environment.h"
@@ -17,6 +18,16 @@
 #include <vector>
 
 namespace {
+
+int forgetTypes(const tovik::host::CommandLine& line, const tovik::host::Environment& environment) {
+    using namespace tovik;
+    const auto failure = desktop::forgetTypes(
+        desktop::TypePlaces::of(environment, host::chooseDataFolder(environment, line.dataFolder)));
+    if (failure) {
+        base::tell("cannot forget all file types: " + failure.message());
+    }
+    return failure ? EXIT_FAILURE : EXIT_SUCCESS;
+}
 
 int run(std::span<const std::string> words) {
     using namespace tovik;
@@ -39,6 +50,9 @@ int run(std::span<const std::string> words) {
     if (const auto problem = host::homeProblem(environment, line.dataFolder)) {
         base::tell(*problem);
         return EXIT_FAILURE;
+    }
+    if (line.forgetTypes) {
+        return forgetTypes(line, environment);
     }
     return line.renderFile ? app::render(line, environment) : app::play(line, environment);
 }

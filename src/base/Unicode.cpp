@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Unicode.h"
 
+#include "base/LittleEndian.h"
+
 #include <cstddef>
 #include <optional>
 
@@ -89,6 +91,23 @@ std::string utf8FromUtf16(std::string_view bytes, ByteOrder order) {
         }
     }
     return text;
+}
+
+std::string utf16LeOf(std::u32string_view characters) {
+    std::string bytes;
+    bytes.reserve(2 * characters.size());
+    const auto append = [&bytes](std::uint32_t unit) {
+        appendLittleEndian(bytes, static_cast<std::uint16_t>(unit));
+    };
+    for (const std::uint32_t character : characters) {
+        if (character < kFirstOfPairs) {
+            append(character);
+        } else {
+            append(kFirstHigh + ((character - kFirstOfPairs) >> 10U));
+            append(kFirstLow + ((character - kFirstOfPairs) & 0x3FFU));
+        }
+    }
+    return bytes;
 }
 
 std::string withoutByteOrderMark(std::string bytes) {

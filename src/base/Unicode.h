@@ -16,6 +16,9 @@ enum class ByteOrder { LittleEndian, BigEndian };
 /// UTF-16 text in UTF-8 (RFC 2781). U+FFFD stands for half a pair and for half a unit at the end.
 [[nodiscard]] std::string utf8FromUtf16(std::string_view bytes, ByteOrder order);
 
+/// Characters in UTF-16, low byte first (RFC 2781).
+[[nodiscard]] std::string utf16LeOf(std::u32string_view characters);
+
 /// A text file's text: UTF-16 that begins with a byte order mark is turned into UTF-8, the mark of
 /// UTF-8 is dropped, and bytes without a mark stay as they are.
 [[nodiscard]] std::string withoutByteOrderMark(std::string bytes);

@@ -45,6 +45,8 @@ constexpr std::array kOptions{
            [](CommandLine& line, const Value&) { return line.help = true; }},
     Option{"version", "", "print the version and end",
            [](CommandLine& line, const Value&) { return line.version = true; }},
+    Option{"forget-types", "", "be no longer what the desktop opens files with, and end",
+           [](CommandLine& line, const Value&) { return line.forgetTypes = true; }},
     Option{"data", "DIR", "keep settings, lists and skins in this folder",
            [](CommandLine& line, const Value& value) {
                line.dataFolder = value.path();

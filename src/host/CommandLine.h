@@ -20,6 +20,7 @@ inline constexpr std::string_view kListDevices = "list";    ///< prints the name
 struct CommandLine {
     bool help = false;
     bool version = false;
+    bool forgetTypes = false;
     std::optional<std::string> dataFolder;
     std::optional<std::string> device;
     std::optional<std::string> renderFile;

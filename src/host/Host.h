@@ -10,6 +10,7 @@
 #include "host/InstanceLock.h"
 #include "host/InstanceMessages.h"
 #include "host/MessagePump.h"
+#include "host/MessengerWindows.h"
 #include "host/OperatingSystem.h"
 #include "host/Paths.h"
 #include "host/Programs.h"
@@ -28,6 +29,7 @@ struct Host {
     RandomNumbers& random;
     InstanceLock& lock;
     InstanceMessages& messages;
+    MessengerWindows& messengers;
     Dispatcher& dispatcher;
     Closing& closing;
     const Paths& paths;

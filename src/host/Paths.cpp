@@ -27,6 +27,7 @@ constexpr std::array kNames{
     Row{DataItem::ErrorLog, "db/err.log"},
     Row{DataItem::Stations, "db/stations.dat"},
     Row{DataItem::Shortcuts, "db/shortcuts.dat"},
+    Row{DataItem::Classes, "db/classes.ini"},
     Row{DataItem::Languages, "Languages"},
     Row{DataItem::SkinPackage, "skins/base.tsf"},
     Row{DataItem::CurrentSkin, "skins/CurrentSkin"},

@@ -15,6 +15,7 @@ enum class DataItem {
     ErrorLog,
     Stations,
     Shortcuts,
+    Classes,
     Languages,
     SkinPackage,
     CurrentSkin,

@@ -37,6 +37,11 @@ TEST(Unicode, utf16BothWays) {
     EXPECT_EQ(utf8FromUtf16("", ByteOrder::BigEndian), "");
 }
 
+TEST(Unicode, charactersInUtf16) {
+    EXPECT_EQ(utf16LeOf(U"a\U0000010D\U0001F600"), "a\0\x0D\x01\x3D\xD8\x00\xDE"s);
+    EXPECT_EQ(utf16LeOf(U""), "");
+}
+
 TEST(Unicode, halvesAreReplaced) {
     const std::string bad = "\xEF\xBF\xBD";
     EXPECT_EQ(utf8FromUtf16("\xD8\x3D"s, ByteOrder::BigEndian), bad);

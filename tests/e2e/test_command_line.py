@@ -19,6 +19,21 @@ class CommandLine(ProgramTest):
         self.assertEqual(result.returncode, 0)
         self.assertRegex(result.stdout, rb"^tovik \d+\.\d+\.\d+\n$")
 
+    def test_file_types_are_forgotten(self):
+        os.makedirs(self.path(".config"))
+        defaults = self.path(".config/mimeapps.list")
+        with open(defaults, "w", encoding="utf-8") as file:
+            file.write("[Default Applications]\naudio/mpeg=tovik.desktop;other.desktop;\n")
+        entry = os.path.join(self.environment["XDG_DATA_HOME"], "applications", "tovik.desktop")
+        os.makedirs(os.path.dirname(entry))
+        with open(entry, "w", encoding="utf-8") as file:
+            file.write("[Desktop Entry]\nX-Tovik-FileTypes=true\n")
+        self.assertEqual(self.run_program("--forget-types").returncode, 0)
+        self.assertFalse(os.path.exists(entry))
+        with open(defaults, encoding="utf-8") as file:
+            self.assertEqual(file.read(),
+                             "[Default Applications]\naudio/mpeg=other.desktop;\n")
+
     def test_unknown_option(self):
         result = self.run_program("--no-such-option")
         self.assertEqual(result.returncode, 2)

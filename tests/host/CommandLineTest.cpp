@@ -110,8 +110,9 @@ TEST(CommandLine, aLengthWithoutARender) {
 
 TEST(CommandLine, theHelpNamesEveryOption) {
     const std::string help = helpText();
-    for (const char* option : {"--help", "--version", "--data DIR", "--device NAME",
-                               "--render FILE.wav", "--seconds N", "--screenshot FILE.png"}) {
+    for (const char* option :
+         {"--help", "--version", "--forget-types", "--data DIR", "--device NAME",
+          "--render FILE.wav", "--seconds N", "--screenshot FILE.png"}) {
         EXPECT_THAT(help, HasSubstr(option));
     }
     EXPECT_TRUE(help.ends_with('\n'));

@@ -25,7 +25,7 @@ RealHost::RealHost(std::string dataFolder, std::string searchPath, const std::st
       programs_(paths_, std::move(searchPath)), random_(std::random_device()()),
       lock_(paths_.of(DataItem::InstanceLock)),
       messages_(instanceSocketPath(runtimeFolder, paths_.dataFolder(), ::getuid()), dispatcher_),
-      signals_([this] { closing_.request(ClosedBy::System); }) {
+      messengers_(runtimeFolder), signals_([this] { closing_.request(ClosedBy::System); }) {
     leaveSoon_.setSingleShot(true);
     QObject::connect(&leaveSoon_, &QTimer::timeout, &leaveSoon_,
                      [this] { dispatcher_.run([this] { closing_.leaveIfAsked(); }); });
@@ -41,6 +41,7 @@ Host RealHost::host() {
             .random = random_,
             .lock = lock_,
             .messages = messages_,
+            .messengers = messengers_,
             .dispatcher = dispatcher_,
             .closing = closing_,
             .paths = paths_,

@@ -12,6 +12,7 @@
 #include "host/SeededRandom.h"
 #include "host/system/DetachedPrograms.h"
 #include "host/system/FileLock.h"
+#include "host/system/LocalMessengers.h"
 #include "host/system/SystemClock.h"
 
 #include <QTimer>
@@ -47,6 +48,7 @@ private:
     SeededRandom random_;
     FileLock lock_;
     QtInstanceMessages messages_;
+    LocalMessengers messengers_;
     QTimer leaveSoon_;
     UnixSignals signals_;
 };

@@ -20,6 +20,7 @@ Host RenderHost::host() {
             .random = random_,
             .lock = lock_,
             .messages = messages_,
+            .messengers = messengers_,
             .dispatcher = dispatcher_,
             .closing = closing_,
             .paths = paths_,

@@ -52,6 +52,7 @@ private:
     SeededRandom random_{kSeed};
     NoLock lock_;
     NoInstanceMessages messages_;
+    NoMessengers messengers_;
 };
 
 } // namespace tovik::host

@@ -8,6 +8,7 @@
 #include "host/virtual/VirtualPump.h"
 #include "support/host/RecordingDialogs.h"
 #include "support/host/RecordingMessages.h"
+#include "support/host/RecordingMessengers.h"
 #include "support/host/RecordingPrograms.h"
 #include "support/host/ScriptedRandom.h"
 #include "support/host/TemporaryFolder.h"
@@ -43,6 +44,7 @@ struct TestHost {
     ScriptedRandom random;
     SettableLock lock;
     RecordingMessages messages;
+    RecordingMessengers messengers;
 
     TestHost() {
         dispatcher.reportTo([this](const base::RuntimeError& error) { errors.push_back(error); });
@@ -57,6 +59,7 @@ struct TestHost {
                 .random = random,
                 .lock = lock,
                 .messages = messages,
+                .messengers = messengers,
                 .dispatcher = dispatcher,
                 .closing = closing,
                 .paths = paths,

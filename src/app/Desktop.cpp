@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/Desktop.h"
+
+#include "base/FileErrors.h"
+#include "desktop/TypeExport.h"
+#include "host/BesideJob.h"
+
+#include <filesystem>
+#include <memory>
+#include <vector>
+
+namespace tovik::app {
+
+namespace {
+
+/// The picture of the files is the second one of the launcher.
+constexpr const char* kIcon = "\\tkstart.exe,1";
+
+/// Makes what desktops remember of their entries true again. Where it is missing they look anew by
+/// themselves, a little later.
+constexpr const char* kEntriesChanged = "update-desktop-database";
+
+} // namespace
+
+Desktop::Desktop(const player::Core& core, const host::Host& host, const StartOptions& options)
+    : messenger(core, host.messengers), host_(host), options_(options) {
+    core.news.add(messenger);
+}
+
+void Desktop::attach(preferences::PreferenceHooks& hooks) {
+    if (!options_.program.empty()) {
+        hooks.associate = [this](std::span<const std::string> extensions) {
+            associate(extensions);
+        };
+    }
+}
+
+void Desktop::finishMessengers() {
+    host_.messengers.finish();
+}
+
+void Desktop::associate(std::span<const std::string> extensions) {
+    const auto failure = std::make_shared<std::error_code>();
+    const bool done = host::runBeside(
+        host_.pump, [failure, places = options_.typePlaces, program = options_.program,
+                     chosen = std::vector<std::string>(extensions.begin(), extensions.end())] {
+            const std::string folder = std::filesystem::path(program).parent_path().native();
+            *failure = desktop::claimTypes(places, chosen, program, folder + kIcon);
+        });
+    if (!done) {
+        return;
+    }
+    base::raiseFailure(*failure);
+    static_cast<void>(host_.programs.start(kEntriesChanged, {options_.typePlaces.applications}));
+}
+
+} // namespace tovik::app

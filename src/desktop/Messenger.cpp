@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/Messenger.h"
+
+#include "base/Text.h"
+
+#include <cstddef>
+
+namespace tovik::desktop {
+
+namespace {
+
+constexpr const char* kUnknown = "N/A";
+constexpr const char* kTitleAlone = "{0}";
+constexpr std::size_t kTitleCharacters = 256;
+
+} // namespace
+
+void Messenger::SendMessengerStatus(const MessengerStatus& status) {
+    windows_.send(messengerRecord(status));
+}
+
+void Messenger::UpdateMessengerStatus() {
+    if (!core_.state.MessengerOn) {
+        SendMessengerStatus({});
+        return;
+    }
+    const std::string& artist = core_.screen.playing.fields.at(0);
+    const std::string& title = core_.screen.playing.fields.at(1);
+    if (artist != kUnknown && title != kUnknown) {
+        SendMessengerStatus({.enabled = true,
+                             .value1 = std::string(base::trimmed(artist)),
+                             .value2 = std::string(base::trimmed(title))});
+        return;
+    }
+    const std::string_view whole = base::trimmed(core_.state.CurrentTitle);
+    SendMessengerStatus({.enabled = true,
+                         .format = kTitleAlone,
+                         .value1 = std::string(base::firstCharacters(whole, kTitleCharacters))});
+}
+
+void Messenger::reportNothing(const std::string& format, const std::string& word) {
+    SendMessengerStatus({.category = word, .format = format});
+}
+
+} // namespace tovik::desktop
