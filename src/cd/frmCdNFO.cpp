@@ -92,6 +92,7 @@ void frmCdNFO::Unload() {
 
 void frmCdNFO::Form_Load(CdNFOView& view, const std::function<void()>& words) {
     view_ = &view;
+    form().changed = [this] { show(); };
     searchEnd_.reset();
     fresh_ = !loaded_;
     config::guard(needs_.core.errors, config::procedureOf("CDNFO", "Load"), [&] {
@@ -120,7 +121,8 @@ void frmCdNFO::Form_Activate() {
     toc_ = toc;
     if (!load_local_cddb() && !toc.empty() && view_ != nullptr) {
         config::guard(needs_.core.errors, config::procedureOf("CDNFO", "command1"), [this] {
-            if (player::readLive(needs_.core.settings, "CDSEARCH", config::settingToFlag)) {
+            if (player::readLiveOr(needs_.core.settings, "CDSEARCH", config::settingToFlag,
+                                   false)) {
                 search();
             }
         });
@@ -129,6 +131,7 @@ void frmCdNFO::Form_Activate() {
 
 void frmCdNFO::Form_Unload() {
     view_ = nullptr;
+    form().changed = nullptr;
     needs_.FREEDB.callOff();
 }
 
@@ -248,7 +251,7 @@ void frmCdNFO::search() {
     } const running(*this);
 
     discs::FREEDB& freedb = needs_.FREEDB;
-    freedb.CacheDirectory = base::joinPath(needs_.paths.dataFolder(), "CDDB");
+    freedb.CacheDirectory = needs_.paths.of(host::DataItem::DiscFiles);
     freedb.ClientName = "Tovik";
     freedb.ClientVersion = config::Version(needs_.core.settings).clientVersion();
     freedb.firstNumber = freedb.secondNumber = kDrivesNumber;

@@ -26,12 +26,12 @@ constexpr std::array<std::string_view, 3> kShippedPlaces{"data", "../share/tovik
 /// Stands in the folder while the first fill runs.
 constexpr std::string_view kFillingMark = ".filling";
 
-/// Folders whose files give the player its words and its looks. A data folder that an earlier
-/// version filled, or somebody tidied, may lack some.
-constexpr std::array<std::string_view, 2> kNeededFolders{"Languages", "skins"};
+/// Folders whose files give the player its words, its looks, and whom to ask about discs. A data
+/// folder that an earlier version filled, or somebody tidied, may lack some.
+constexpr std::array<std::string_view, 3> kNeededFolders{"Languages", "skins", "CDDB"};
 
 /// What a stand-in takes over.
-constexpr std::array<std::string_view, 3> kTakenOver{"db", "Languages", "skins"};
+constexpr std::array<std::string_view, 4> kTakenOver{"db", "Languages", "skins", "CDDB"};
 
 /// As many bytes as settings have: a full disk may still have room for an empty file.
 constexpr std::size_t kTrialBytes = 8192;

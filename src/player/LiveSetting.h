@@ -37,6 +37,17 @@ template <typename Convert>
     return settings.getSetting(kSettingTable.at(key.key.row).key);
 }
 
+/// What `convert` makes of the text of such a key of our own; `otherwise` where the file lacks it.
+/// Raises what `convert` raises.
+template <typename Convert, typename Value>
+[[nodiscard]] Value readLiveOr(config::Settings& settings, LiveKey key, const Convert& convert,
+                               Value otherwise) {
+    const std::string_view name = kSettingTable.at(key.key.row).key;
+    bool held = false;
+    settings.readSettings([&](const config::clsXML& xml) { held = settings.holds(xml, name); });
+    return held ? settings.getAs(name, convert) : otherwise;
+}
+
 /// A key that a step of the start reads by itself; another does not compile.
 struct StepKey {
     SettingKey key;

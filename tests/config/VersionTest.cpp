@@ -34,6 +34,14 @@ TEST(VersionText, theFullVersionHasAllFields) {
     EXPECT_EQ(fullVersionText("", "6"), "6");
 }
 
+TEST(VersionText, whatServersAreTold) {
+    EXPECT_EQ(clientVersionText("0,1"), "Tovik 0 Build 1");
+    EXPECT_EQ(clientVersionText("23,45,6"), "Tovik 23 Build 45");
+    EXPECT_EQ(clientVersionText("B2,45"), "");
+    EXPECT_EQ(raisedNumber([] { std::ignore = clientVersionText("1"); }), 9);
+    EXPECT_EQ(raisedNumber([] { std::ignore = clientVersionText(""); }), 9);
+}
+
 class VersionTest : public test::SettingsFixture {
 protected:
     Version version_{settings_};
@@ -45,6 +53,7 @@ TEST_F(VersionTest, comesFromTheSettings) {
     EXPECT_EQ(version_.getTovikbuildNm(), 42);
     EXPECT_EQ(version_.get_Tovik_Version(), "Tovik 1.3");
     EXPECT_EQ(version_.updateArgument(), "chk4update=1.42.3");
+    EXPECT_EQ(version_.clientVersion(), "Tovik 1 Build 42");
 }
 
 TEST_F(VersionTest, aMissingKeyIsTheUseOfANull) {

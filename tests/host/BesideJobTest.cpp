@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/BesideJob.h"
 
+#include "support/host/ScriptedPump.h"
+
 #include <gtest/gtest.h>
 
 #include <atomic>
 #include <chrono>
-#include <functional>
 #include <future>
 #include <memory>
 #include <stdexcept>
@@ -14,16 +15,7 @@
 namespace tovik::host {
 namespace {
 
-class StepPump final : public MessagePump {
-public:
-    std::function<bool()> inStep;
-    int steps = 0;
-
-    [[nodiscard]] bool Step() override {
-        ++steps;
-        return !inStep || inStep();
-    }
-};
+using StepPump = test::ScriptedPump;
 
 TEST(BesideJob, theJobIsDoneOnAnotherThread) {
     StepPump pump;

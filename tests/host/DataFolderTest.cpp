@@ -140,11 +140,13 @@ TEST_F(DataFolderTest, aBrokenOffFillIsTakenUpAgain) {
 
 TEST_F(DataFolderTest, aDataFolderOfAnEarlierVersionGetsTheLanguages) {
     folder_.write("shipped/skins/base.tsf", "skin");
+    folder_.write("shipped/CDDB/server.ini", "[server]");
     folder_.write("shipped/music/x.ogg", "tune");
     folder_.write("data/db/settings.xml", "<Settings>mine</Settings>");
     EXPECT_FALSE(fill("data"));
     EXPECT_EQ(folder_.read("data/Languages/Slovenian.lng"), "[x]");
     EXPECT_EQ(folder_.read("data/skins/base.tsf"), "skin");
+    EXPECT_EQ(folder_.read("data/CDDB/server.ini"), "[server]");
     EXPECT_EQ(folder_.read("data/db/settings.xml"), "<Settings>mine</Settings>");
     for (const char* name : {"data/music", "data/firstrun.ini"}) {
         EXPECT_FALSE(fs::exists(folder_ / name)) << name;
@@ -203,12 +205,14 @@ TEST_F(DataFolderTest, aStandInForAFolderInUseKeepsWhatItHolds) {
     folder_.write("user/db/settings.xml", "<Settings><A>1</A></Settings>");
     folder_.write("user/db/autosave.m3u", "#EXTM3U\r\n");
     folder_.write("user/skins/CurrentSkin/main.bmp", "own");
+    folder_.write("user/CDDB/05025602", "DTITLE=own");
     folder_.write("user/huge/film", "not taken over");
     fs::create_directory(folder_ / "in");
     ASSERT_FALSE(fillStandIn(folder_ / "in", folder_ / "user", folder_ / "shipped", "C"));
     EXPECT_EQ(folder_.read("in/db/settings.xml"), "<Settings><A>1</A></Settings>");
     EXPECT_EQ(folder_.read("in/db/autosave.m3u"), "#EXTM3U\r\n");
     EXPECT_EQ(folder_.read("in/skins/CurrentSkin/main.bmp"), "own");
+    EXPECT_EQ(folder_.read("in/CDDB/05025602"), "DTITLE=own");
     EXPECT_TRUE(fs::exists(folder_ / "in/Languages/English.lng"));
     EXPECT_FALSE(fs::exists(folder_ / "in/huge"));
     EXPECT_FALSE(fs::exists(folder_ / "in/firstrun.ini"));
