@@ -81,7 +81,7 @@ std::string desktopEntry(const KeyStore& store) {
     const std::string id(kProgId);
     std::string text = "[Desktop Entry]\n"
                        "Type=Application\n"
-                       "Version=1.5\n"
+                       "Version=1.4\n"
                        "Name=Tovik\n"
                        "GenericName=Audio Player\n"
                        "GenericName[sl]=Predvajalnik zvoka\n"

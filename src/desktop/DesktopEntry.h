@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The keys of file types as an entry of the desktop's applications. The format is that of the
-// Desktop Entry Specification 1.5. Pure; any thread.
+// Desktop Entry Specification 1.4. Pure; any thread.
 #pragma once
 
 #include "desktop/KeyStore.h"

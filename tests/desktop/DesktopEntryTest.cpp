@@ -27,7 +27,7 @@ TEST(DesktopEntry, typesAndActions) {
     EXPECT_EQ(desktopEntry(claiming({"mp3", "wma"})),
               "[Desktop Entry]\n"
               "Type=Application\n"
-              "Version=1.5\n"
+              "Version=1.4\n"
               "Name=Tovik\n"
               "GenericName=Audio Player\n"
               "GenericName[sl]=Predvajalnik zvoka\n"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/system/LocalMessengers.h"
 
-#include "host/system/Descriptor.h"
+#include "base/Descriptor.h"
 #include "host/system/LocalAddress.h"
 #include "support/host/TemporaryFolder.h"
 
@@ -37,7 +37,7 @@ public:
         if (::poll(&waiting, 1, static_cast<int>(longest.count())) <= 0) {
             return {};
         }
-        const Descriptor peer(::accept(socket_.get(), nullptr, nullptr));
+        const base::Descriptor peer(::accept(socket_.get(), nullptr, nullptr));
         std::string bytes;
         std::array<char, 256> part{};
         for (ssize_t size = 1; size > 0;) {
@@ -48,7 +48,7 @@ public:
     }
 
 private:
-    Descriptor socket_;
+    base::Descriptor socket_;
 };
 
 class LocalMessengersTest : public testing::Test {

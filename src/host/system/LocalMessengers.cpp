@@ -2,7 +2,7 @@
 #include "host/system/LocalMessengers.h"
 
 #include "base/LittleEndian.h"
-#include "host/system/Descriptor.h"
+#include "base/Descriptor.h"
 #include "host/system/LocalAddress.h"
 
 #include <algorithm>
@@ -49,7 +49,7 @@ bool awaitRoom(int socket, Clock::time_point end) {
 
 void sendTo(const std::string& path, std::string_view rest, Clock::time_point end) {
     const LocalAddress address(path);
-    const Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    const base::Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     if (!socket.open() || address.connect(socket.get()) != 0 || !peerIsThisUser(socket.get())) {
         return;
     }
