@@ -22,9 +22,17 @@ constexpr const char* kEntriesChanged = "update-desktop-database";
 
 } // namespace
 
-Desktop::Desktop(const player::Core& core, const host::Host& host, const StartOptions& options)
-    : messenger(core, host.messengers), host_(host), options_(options) {
-    core.news.add(messenger);
+Desktop::Desktop(const Needs& needs, const host::Host& host)
+    : messenger(needs.core, host.messengers),
+      remote({.core = needs.core,
+              .playback = needs.playback,
+              .commands = needs.commands,
+              .addFile =
+                  [&media = needs.media](const std::string& path) {
+                      media.Stdss_OleDragDrop(std::vector<std::string>{path});
+                  }}),
+      host_(host), options_(needs.options) {
+    needs.core.news.add(messenger);
 }
 
 void Desktop::attach(preferences::PreferenceHooks& hooks) {

@@ -5,8 +5,11 @@
 
 #include "app/StartOptions.h"
 #include "desktop/Messenger.h"
+#include "desktop/Remote.h"
 #include "host/Host.h"
 #include "player/Core.h"
+#include "player/Playback.h"
+#include "playlist/AddMedia.h"
 #include "preferences/frmPreferences.h"
 
 #include <span>
@@ -17,8 +20,16 @@ namespace tovik::app {
 /// The parts are used as they are.
 class Desktop {
 public:
-    /// All of them outlive the wing.
-    Desktop(const player::Core& core, const host::Host& host, const StartOptions& options);
+    /// All of it outlives the wing.
+    struct Needs {
+        const player::Core& core;
+        player::Playback& playback;
+        const commands::Commands& commands;
+        playlist::AddMedia& media;
+        const StartOptions& options;
+    };
+
+    Desktop(const Needs& needs, const host::Host& host);
     Desktop(const Desktop&) = delete;
     Desktop& operator=(const Desktop&) = delete;
 
@@ -31,6 +42,7 @@ public:
     void finishMessengers();
 
     desktop::Messenger messenger;
+    desktop::Remote remote;
 
 private:
     /// Claims these types of files. Raises what goes wrong.

@@ -6,6 +6,7 @@
 #include "app/MainWindow.h"
 #include "app/OutputChoice.h"
 #include "base/ErrorStream.h"
+#include "desktop/bus/Mpris.h"
 #include "dialogs/DialogOpener.h"
 #include "host/qt/RealHost.h"
 #include "host/virtual/UnattendedDialogs.h"
@@ -151,6 +152,13 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
         // Once the event loop runs: what the start left to it is then in the picture.
         shot->setInterval(1);
         shot->setEnabled(true);
+    }
+    desktop::Mpris mpris(player.desktop().remote,
+                         {.Raise = [&window] { window.bringToFront({}); },
+                          .Quit = [&player] { player.commands().run(commands::CommandId::exit); }},
+                         host.dispatcher);
+    if (!line.screenshotFile) {
+        mpris.begin();
     }
     const int status = QApplication::exec();
     window.detach();

@@ -61,7 +61,12 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                 .version = ground_.version,
                 .host = host,
                 .changeLanguage = [this] { changeLanguage(); }}),
-      desktop_(core_, host, options_),
+      desktop_({.core = core_,
+                .playback = music_.playback,
+                .commands = commands_,
+                .media = filling_.media,
+                .options = options_},
+               host),
       handOver_(core_, process_, options_, window, startFile_, autoload_) {
     choices_.preferences.hooks.spectrumSpeed = [this](std::int32_t milliseconds) {
         visuals_.spectrum.setSpeed(milliseconds);

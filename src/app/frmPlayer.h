@@ -75,6 +75,8 @@ public:
 
     [[nodiscard]] Visuals& visuals() { return visuals_; }
 
+    [[nodiscard]] Desktop& desktop() { return desktop_; }
+
     [[nodiscard]] Search& search() { return search_; }
 
     [[nodiscard]] Choices& choices() { return choices_; }

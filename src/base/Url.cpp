@@ -89,4 +89,20 @@ std::optional<std::string> pathFromFileUrl(std::string_view url) {
     return decoded(path);
 }
 
+std::string fileUrl(std::string_view path) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    constexpr std::string_view kPlain = "-._~/";
+    std::string url = "file://";
+    for (const char c : path) {
+        const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+        if (letter || (c >= '0' && c <= '9') || kPlain.find(c) != std::string_view::npos) {
+            url += c;
+        } else {
+            const auto byte = static_cast<unsigned char>(c);
+            url.append(1, '%').append(1, kDigits[byte >> 4U]).append(1, kDigits[byte & 0xFU]);
+        }
+    }
+    return url;
+}
+
 } // namespace tovik::base

@@ -19,4 +19,8 @@ namespace tovik::base {
 /// decoded. Nothing for any other text, another machine or an escape that is none or is a zero.
 [[nodiscard]] std::optional<std::string> pathFromFileUrl(std::string_view url);
 
+/// The address of a file by its absolute path, in which all bytes but letters, digits and "-._~/"
+/// stand as a percent sign and two digits (RFC 3986).
+[[nodiscard]] std::string fileUrl(std::string_view path);
+
 } // namespace tovik::base

@@ -34,6 +34,12 @@ public:
     /// Nothing plays; `format` and `word` are the parts of the status message.
     virtual void reportNothing(const std::string& /*format*/, const std::string& /*word*/) {}
 
+    /// What plays was paused or goes on.
+    virtual void reportPause() {}
+
+    /// What plays was taken to another place.
+    virtual void reportSeek() {}
+
     /// The sound that a running visualisation shows is another one.
     virtual void restartVisualisation() {}
 

@@ -29,6 +29,10 @@ public:
         tell(&TrackEvents::reportNothing, format, word);
     }
 
+    void reportPause() override { tell(&TrackEvents::reportPause); }
+
+    void reportSeek() override { tell(&TrackEvents::reportSeek); }
+
     void restartVisualisation() override { tell(&TrackEvents::restartVisualisation); }
 
     void stopVisualisation() override { tell(&TrackEvents::stopVisualisation); }

@@ -47,6 +47,7 @@ void TrackSeek::seek(double percent) {
     const sound::Handle channel = core_.state.active();
     const double seconds = time_.GetDuration(channel) / kAll * percent;
     time_.SetPlayingPos(channel, base::toInt32(seconds), false);
+    core_.news.reportSeek();
 }
 
 void TrackSeek::letGo() {
@@ -61,6 +62,7 @@ void TrackSeek::goTo(std::int32_t second) {
     if (sounds()) {
         time_.SetPlayingPos(core_.state.active(), std::clamp(second, 0, length()), false);
         core_.state.SilenceTicks = 0;
+        core_.news.reportSeek();
     }
 }
 

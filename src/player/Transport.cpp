@@ -113,6 +113,7 @@ void Transport::pause() {
         }
         core_.news.stirVisualisation();
     }
+    core_.news.reportPause();
 }
 
 void Transport::button_pause() {
@@ -137,6 +138,7 @@ void Transport::skip(std::int32_t seconds) {
     }
     const sound::Handle channel = core_.state.active();
     time_.SetPlayingPos(channel, time_.GetPlayingPos(channel) + seconds, false);
+    core_.news.reportSeek();
 }
 
 void Transport::five_seconds_fwd() {

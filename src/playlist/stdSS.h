@@ -131,6 +131,9 @@ public:
     [[nodiscard]] std::int32_t seconds(Row row) const noexcept;
     [[nodiscard]] bool isMarked(Row row) const noexcept;
 
+    /// The row with the played look, 0 for none.
+    [[nodiscard]] Row SoundingRow() const noexcept { return lookRow(); }
+
     /// Whether the row has the played look.
     [[nodiscard]] bool isPlayed(Row row) const noexcept;
 

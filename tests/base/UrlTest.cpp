@@ -39,5 +39,11 @@ TEST(Url, otherAddressesAreNot) {
     }
 }
 
+TEST(Url, pathsAreFileAddresses) {
+    EXPECT_EQ(fileUrl("/a b/\xC3\xBC~1.ogg"), "file:///a%20b/%C3%BC~1.ogg");
+    EXPECT_EQ(fileUrl("/caf\xE9#1?2%"), "file:///caf%E9%231%3F2%25");
+    EXPECT_EQ(pathFromFileUrl(fileUrl("/caf\xE9#1?2% x;=&")), "/caf\xE9#1?2% x;=&");
+}
+
 } // namespace
 } // namespace tovik::base

@@ -83,6 +83,19 @@ class ProgramTest(unittest.TestCase):
             number = pipe.readline().strip()
         self.environment["DISPLAY"] = ":" + number
 
+    def start_bus(self):
+        """A private session bus."""
+        read_end, write_end = os.pipe()
+        bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork",
+                                f"--print-address={write_end}"], env=self.environment,
+                               pass_fds=[write_end], stdout=subprocess.DEVNULL,
+                               stderr=subprocess.DEVNULL)
+        self.stack.callback(bus.wait)
+        self.stack.callback(bus.terminate)
+        os.close(write_end)
+        with os.fdopen(read_end) as pipe:
+            self.environment["DBUS_SESSION_BUS_ADDRESS"] = pipe.readline().strip()
+
     def start_window_manager(self):
         manager = subprocess.Popen(["openbox", "--sm-disable"], env=self.environment,
                                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)

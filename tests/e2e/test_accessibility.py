@@ -21,19 +21,6 @@ class Accessibility(ProgramTest):
         self.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
         self.start_window_manager()
 
-    def start_bus(self):
-        """A private session bus; the bus of the screen readers is started through it."""
-        read_end, write_end = os.pipe()
-        bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork",
-                                f"--print-address={write_end}"], env=self.environment,
-                               pass_fds=[write_end], stdout=subprocess.DEVNULL,
-                               stderr=subprocess.DEVNULL)
-        self.stack.callback(bus.wait)
-        self.stack.callback(bus.terminate)
-        os.close(write_end)
-        with os.fdopen(read_end) as pipe:
-            self.environment["DBUS_SESSION_BUS_ADDRESS"] = pipe.readline().strip()
-
     def start(self, *words):
         self.player = self.start_program("--device", "silent", *words)
         self.shown_window = self.window_of(self.player)

@@ -1,0 +1,279 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/bus/Mpris.h"
+
+#include "desktop/bus/SessionBus.h"
+
+#include <algorithm>
+#include <optional>
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+#include <QDBusVirtualObject>
+#include <QTimer>
+#include <utility>
+#include <vector>
+
+namespace tovik::desktop {
+
+namespace {
+
+const QString kPath = QStringLiteral("/org/mpris/MediaPlayer2");
+const QString kName = QStringLiteral("org.mpris.MediaPlayer2.tovik");
+const QString kIntrospectable = QStringLiteral("org.freedesktop.DBus.Introspectable");
+const QString kProperties = QStringLiteral("org.freedesktop.DBus.Properties");
+
+/// Of the bus: a name that is taken is not waited for; the answer that it is ours.
+constexpr uint kDoNotQueue = 4;
+constexpr uint kPrimaryOwner = 1;
+
+QString textOf(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+bool is(std::string_view text, const QString& other) {
+    return textOf(text) == other;
+}
+
+} // namespace
+
+class Mpris::Service final : public QDBusVirtualObject {
+public:
+    Service(Remote& remote, RemoteProgram program, host::Dispatcher& dispatcher)
+        : remote_(remote), program_(std::move(program)), dispatcher_(dispatcher) {
+        qDBusRegisterMetaType<QList<QVariantMap>>();
+        // Many changes at once are told as one.
+        soon_.setSingleShot(true);
+        connect(&soon_, &QTimer::timeout, this, [this] { tellChanges(); });
+    }
+
+    ~Service() override {
+        remote_.changed = {};
+        remote_.seeked = {};
+        remote_.rows.changed = {};
+    }
+
+    void begin() {
+        connectToSessionBus(*this, [this](const QDBusConnection& bus) { arrive(bus); });
+    }
+
+    [[nodiscard]] QString introspect(const QString& /*path*/) const override {
+        return mprisIntrospection();
+    }
+
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override {
+        if (message.interface() == kIntrospectable) {
+            return false; // the library answers it with `introspect`
+        }
+        // What it does may fail as if a button had been pressed: it is told, and the bus answered.
+        QDBusMessage answer = message.createReply();
+        dispatcher_.run([&] {
+            answer = message.interface() == kProperties ? property(message) : method(message);
+        });
+        if (message.isReplyRequired()) {
+            bus.send(answer);
+        }
+        return true;
+    }
+
+private:
+    [[nodiscard]] MprisTarget target() const { return {remote_, program_}; }
+
+    void arrive(const QDBusConnection& bus) {
+        bus_ = bus;
+        bus_->registerVirtualObject(kPath, this);
+        told_ = values();
+        remote_.changed = [this] { soon_.start(0); };
+        remote_.rows.changed = [this] {
+            listChanged_ = true;
+            soon_.start(0);
+        };
+        remote_.seeked = [this](std::int64_t position) {
+            tellChanges();
+            signal(kPlayerInterface, "Seeked", {static_cast<qlonglong>(position)});
+        };
+        requestName(kName);
+    }
+
+    void requestName(const QString& name) {
+        QDBusMessage request = QDBusMessage::createMethodCall(
+            QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+            QStringLiteral("org.freedesktop.DBus"), QStringLiteral("RequestName"));
+        request << name << kDoNotQueue;
+        auto* const watcher = new QDBusPendingCallWatcher(bus_->asyncCall(request), this);
+        connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, name, watcher] {
+            const QDBusPendingReply<uint> reply = *watcher;
+            watcher->deleteLater();
+            if (!reply.isError() && reply.value() != kPrimaryOwner && name == kName) {
+                // Another instance has it.
+                requestName(kName +
+                            QStringLiteral(".instance%1").arg(QCoreApplication::applicationPid()));
+            }
+        });
+    }
+
+    QDBusMessage method(const QDBusMessage& message) {
+        const auto methods = mprisMethods();
+        // Without an interface the first of the name is meant.
+        const auto found = std::ranges::find_if(methods, [&](const MprisMethod& method) {
+            return is(method.name, message.member()) &&
+                   (message.interface().isEmpty() || is(method.interface, message.interface()));
+        });
+        if (found == methods.end()) {
+            return message.createErrorReply(QDBusError::UnknownMethod,
+                                            QStringLiteral("no such method"));
+        }
+        if (message.signature() != signatureOf(found->arguments)) {
+            return message.createErrorReply(QDBusError::InvalidArgs,
+                                            QStringLiteral("other arguments are needed"));
+        }
+        const auto answer = found->call(target(), message.arguments());
+        return answer ? message.createReply(*answer)
+                      : message.createErrorReply(QDBusError::InvalidArgs,
+                                                 QStringLiteral("this cannot be opened"));
+    }
+
+    QDBusMessage property(const QDBusMessage& message) {
+        const QVariantList arguments = message.arguments();
+        const QString interface = arguments.value(0).toString();
+        if (message.member() == u"GetAll" && message.signature() == u"s") {
+            return getAll(message, interface);
+        }
+        const bool get = message.member() == u"Get" && message.signature() == u"ss";
+        if (!get && (message.member() != u"Set" || message.signature() != u"ssv")) {
+            return message.createErrorReply(QDBusError::UnknownMethod,
+                                            QStringLiteral("no such method"));
+        }
+        const auto properties = mprisProperties();
+        const auto found = std::ranges::find_if(properties, [&](const MprisProperty& property) {
+            return is(property.interface, interface) &&
+                   is(property.name, arguments.at(1).toString());
+        });
+        if (found == properties.end()) {
+            return message.createErrorReply(QDBusError::UnknownProperty,
+                                            QStringLiteral("no such property"));
+        }
+        if (get) {
+            const QVariant value = found->get(target(), remote_.state());
+            return message.createReply(QVariant::fromValue(QDBusVariant(value)));
+        }
+        return set(message, *found, arguments.at(2).value<QDBusVariant>().variant());
+    }
+
+    QDBusMessage getAll(const QDBusMessage& message, const QString& interface) {
+        const RemoteState state = remote_.state();
+        QVariantMap map;
+        for (const MprisProperty& property : mprisProperties()) {
+            if (is(property.interface, interface)) {
+                map.insert(textOf(property.name), property.get(target(), state));
+            }
+        }
+        return map.isEmpty() ? message.createErrorReply(QDBusError::UnknownInterface,
+                                                        QStringLiteral("no such interface"))
+                             : message.createReply(QVariant(map));
+    }
+
+    QDBusMessage set(const QDBusMessage& message, const MprisProperty& property,
+                     const QVariant& value) {
+        if (property.set == nullptr) {
+            return message.createErrorReply(QDBusError::PropertyReadOnly,
+                                            QStringLiteral("it is only read"));
+        }
+        const char* const type = QDBusMetaType::typeToSignature(value.metaType());
+        if (type == nullptr || property.type != type || !property.set(target(), value)) {
+            return message.createErrorReply(QDBusError::InvalidArgs,
+                                            QStringLiteral("it cannot be that"));
+        }
+        return message.createReply();
+    }
+
+    void signal(std::string_view interface, std::string_view name, const QVariantList& arguments) {
+        QDBusMessage message = QDBusMessage::createSignal(kPath, textOf(interface), textOf(name));
+        message.setArguments(arguments);
+        bus_->send(message);
+    }
+
+    /// The values of all properties that are told of, in the order of the table.
+    [[nodiscard]] std::vector<QVariant> values() const {
+        const RemoteState state = remote_.state();
+        std::vector<QVariant> all;
+        for (const MprisProperty& property : mprisProperties()) {
+            all.push_back(property.told == Told::withValue ? property.get(target(), state)
+                                                           : QVariant());
+        }
+        return all;
+    }
+
+    void tellChanges() {
+        soon_.stop();
+        std::vector<QVariant> now = values();
+        const auto properties = mprisProperties();
+        for (const std::string_view interface : {kRootInterface, kPlayerInterface}) {
+            QVariantMap changes;
+            for (std::size_t i = 0; i < now.size(); ++i) {
+                const bool other = properties[i].told == Told::withValue &&
+                                   properties[i].interface == interface &&
+                                   !same(now.at(i), told_.at(i));
+                if (other) {
+                    changes.insert(textOf(properties[i].name), now.at(i));
+                }
+            }
+            if (!changes.isEmpty()) {
+                signal(kProperties.toStdString(), "PropertiesChanged",
+                       {textOf(interface), changes, QStringList()});
+            }
+        }
+        told_ = std::move(now);
+        if (std::exchange(listChanged_, false)) {
+            tellList();
+        }
+    }
+
+    /// Object paths within a map are no values that compare.
+    static bool same(const QVariant& left, const QVariant& right) {
+        if (left.metaType() != QMetaType::fromType<QVariantMap>()) {
+            return left == right;
+        }
+        const auto comparable = [](const QVariant& value) {
+            QVariantMap map = value.toMap();
+            const QString key = QStringLiteral("mpris:trackid");
+            map.insert(key, map.value(key).value<QDBusObjectPath>().path());
+            return map;
+        };
+        return comparable(left) == comparable(right);
+    }
+
+    void tellList() {
+        signal(kProperties.toStdString(), "PropertiesChanged",
+               {textOf(kTracksInterface), QVariantMap(), QStringList{QStringLiteral("Tracks")}});
+        QList<QDBusObjectPath> paths;
+        for (const std::string& path : remote_.Tracks()) {
+            paths.append(QDBusObjectPath(QString::fromStdString(path)));
+        }
+        const QDBusObjectPath current(QString::fromStdString(remote_.currentTrack()));
+        signal(kTracksInterface, "TrackListReplaced",
+               {QVariant::fromValue(paths), QVariant::fromValue(current)});
+    }
+
+    Remote& remote_;
+    const RemoteProgram program_;
+    host::Dispatcher& dispatcher_;
+    std::optional<QDBusConnection> bus_;
+    std::vector<QVariant> told_; ///< what the bus was told last
+    bool listChanged_ = false;
+    QTimer soon_;
+};
+
+Mpris::Mpris(Remote& remote, RemoteProgram program, host::Dispatcher& dispatcher)
+    : service_(std::make_unique<Service>(remote, std::move(program), dispatcher)) {}
+
+Mpris::~Mpris() = default;
+
+void Mpris::begin() {
+    service_->begin();
+}
+
+} // namespace tovik::desktop
