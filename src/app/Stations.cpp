@@ -66,7 +66,8 @@ void Stations::readStations() {
 }
 
 void Stations::saveStations() {
-    if (lost_) {
+    if (lost_ && (RadioLst_.ListCount() == 0 ||
+                  !radio::StationList::setAside(paths_.of(host::DataItem::Stations)))) {
         return;
     }
     const playlist::Row count =

@@ -64,8 +64,12 @@ std::int16_t CBASS_TIME::GetBitsPerSecond(sound::Handle channel, std::int64_t fi
     return base::toInt16(static_cast<double>(fileLength) * 8 / duration / 1000);
 }
 
+std::string CBASS_TIME::modeOf(int channels) {
+    return channels == 1 ? "Mono" : "Stereo";
+}
+
 std::string CBASS_TIME::GetMode(sound::Handle channel) const {
-    return info(channel).chans == 1 ? "Mono" : "Stereo";
+    return modeOf(static_cast<int>(info(channel).chans));
 }
 
 std::uint8_t CBASS_TIME::GetBits(sound::Handle channel) const {

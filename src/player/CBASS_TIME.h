@@ -40,6 +40,7 @@ public:
 
     /// "Mono" or "Stereo".
     [[nodiscard]] std::string GetMode(sound::Handle channel) const;
+    [[nodiscard]] static std::string modeOf(int channels);
 
     /// 8 or 16.
     [[nodiscard]] std::uint8_t GetBits(sound::Handle channel) const;

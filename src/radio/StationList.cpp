@@ -8,6 +8,7 @@
 #include "config/Profile.h"
 #include "radio/StationFile.h"
 
+#include <filesystem>
 #include <system_error>
 
 namespace tovik::radio {
@@ -16,6 +17,8 @@ namespace {
 
 /// Far more than as many stations as there may be take.
 constexpr std::int64_t kMostFileBytes = std::int64_t{64} << 20;
+
+constexpr std::string_view kAside = ".unread";
 
 } // namespace
 
@@ -67,6 +70,12 @@ bool StationList::load(const std::string& path) {
         addStation(list_, file.value(addressKey(number)), file.value(nameKey(number)));
     }
     return true;
+}
+
+bool StationList::setAside(const std::string& path) {
+    std::error_code failure;
+    std::filesystem::rename(path, path + std::string(kAside), failure);
+    return !failure || failure == std::errc::no_such_file_or_directory;
 }
 
 void StationList::log(const base::RuntimeError& error, const std::string& path,

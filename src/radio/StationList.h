@@ -35,6 +35,10 @@ public:
     /// read or whose count is none: it is logged, and such a file must not be written over.
     [[nodiscard]] bool load(const std::string& path);
 
+    /// Makes room for a new file: what stands there gets ".unread" behind its name. False when it
+    /// stays where it is.
+    [[nodiscard]] static bool setAside(const std::string& path);
+
 private:
     void log(const base::RuntimeError& error, const std::string& path,
              const config::Procedure& procedure) const;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "radio/StationPlayer.h"
 
+#include "base/Text.h"
 #include "player/TrackOpener.h"
 
 #include <algorithm>
@@ -39,6 +40,7 @@ StationPlayer::StationPlayer(const player::Core& core, player::Playback& playbac
           config::guard(core_.errors, config::procedureOf("AddStation", "Play"),
                         [this] { look(); });
       })),
+      telling_(core.timers.makeTimer([this] { tellFailures(); })),
       reopening_(core.timers,
                  [this] {
                      config::guard(core_.errors, config::procedureOf("AddStation", "Play"), [this] {
@@ -73,7 +75,6 @@ void StationPlayer::start(const player::TrackRef& track, From from) {
         starting_ = true;
         leave();
         playback_.transport.Stop_play();
-        saving_ = std::make_shared<modNetRadio>(saving_->folder());
         becomeSource(track, from);
         starting_ = false;
         open(StationStatus::connecting);
@@ -99,6 +100,7 @@ void StationPlayer::becomeSource(const player::TrackRef& track, From from) {
     current_ = true;
     sounded_ = false;
     metadata_.clear();
+    brokenTold_ = false;
     announced_.clear();
     state.RadioPlaying = true;
     state.RadioMode = true;
@@ -113,7 +115,7 @@ void StationPlayer::open(StationStatus status) {
     core_.sound.BASS_StreamFree(state.PrimaryChannel);
     const std::shared_ptr<modNetRadio> saving = saving_;
     state.PrimaryChannel = core_.sound.BASS_StreamCreateURL(
-        track_.path, 0, sound::BASS_STREAM_META,
+        std::string(base::trimmed(track_.path)), 0, sound::BASS_STREAM_META,
         [saving](std::span<const std::byte> block, std::uintptr_t /*user*/) {
             saving->download(block);
         },
@@ -142,6 +144,8 @@ void StationPlayer::leave() {
     looking_->setEnabled(false);
     reopening_.callOff();
     saving_->setStreamRecording(false);
+    // The file of the song is closed when the stream lets it go.
+    saving_ = std::make_shared<modNetRadio>(saving_->folder());
     current_ = false;
     screen.end();
 }
@@ -165,10 +169,29 @@ void StationPlayer::reportNothing(const std::string& /*format*/, const std::stri
 }
 
 void StationPlayer::goOn() {
-    if (current_) {
-        reopening_.callOff();
-        open(StationStatus::connecting);
+    if (!current_) {
+        return;
     }
+    const auto report = core_.sound.streamReport(core_.state.PrimaryChannel);
+    if (report && !report->live) {
+        return; // a file goes on where it stands
+    }
+    reopening_.callOff();
+    if (report) {
+        noteHeard();
+    }
+    takeSavingOver();
+    open(StationStatus::connecting);
+}
+
+/// What was heard of the stream that is left counts on.
+void StationPlayer::noteHeard() {
+    core_.state.HeardBefore += playback_.time.GetHeardSeconds(core_.state.PrimaryChannel);
+}
+
+/// What a stream that is left has on its way is saved no more.
+void StationPlayer::takeSavingOver() {
+    saving_ = std::make_shared<modNetRadio>(*saving_);
 }
 
 void StationPlayer::record(bool on) {
@@ -187,10 +210,9 @@ void StationPlayer::over(const StreamReport& report) {
         giveUp();
         return;
     }
-    core_.state.HeardBefore += playback_.time.GetHeardSeconds(core_.state.PrimaryChannel);
+    noteHeard();
     core_.sound.BASS_StreamFree(core_.state.PrimaryChannel);
-    // What the broken stream has on its way is saved no more.
-    saving_ = std::make_shared<modNetRadio>(*saving_);
+    takeSavingOver();
     screen.setStatus(StationStatus::reconnecting);
     reopening_.lost();
 }

@@ -38,7 +38,7 @@ public:
     /// Starts the address of a row of the playlist.
     void play(const player::TrackRef& track) override;
 
-    /// Behind a pause: the station is opened again, live.
+    /// Behind a pause: the station is opened again, live. A file goes on where it stands.
     void goOn() override;
 
     /// The record buttons. What sounds already of a song is saved from the next block on.
@@ -64,15 +64,21 @@ private:
     void showReport(const sound::StreamReport& report);
     void showTitle(const std::string& metadata);
     void announce();
+    void noteHeard();
+    void takeSavingOver();
     void over(const sound::StreamReport& report);
     void endFile();
     void giveUp();
     void lookAtSaving();
+    void tellFailures();
 
     const player::Core& core_;
     player::Playback& playback_;
     playlist::stdSS& RadioLst_;
     std::unique_ptr<host::Timer> looking_;
+    std::unique_ptr<host::Timer> telling_; ///< a box may stand for hours; looks go on meanwhile
+    std::optional<modNetRadio::Failure> untold_;
+    bool boxStands_ = false;
     Reopening reopening_;
 
     std::shared_ptr<modNetRadio> saving_;
@@ -85,7 +91,8 @@ private:
     bool closed_ = false;      ///< the connection was given up while it is paused
     std::uint64_t pausedBytes_ = 0;
     int looksWhileFull_ = 0;
-    std::string metadata_; ///< shown last
+    std::string metadata_;    ///< shown last
+    bool brokenTold_ = false; ///< metadata without an end, of this station
     std::string announced_;
 };
 

@@ -16,8 +16,11 @@ using sound::StreamReport;
 using sound::StreamStage;
 using sound::StreamTrouble;
 
-/// A paused stream whose buffer took nothing in for as many looks is full.
-constexpr int kLooksWhileFull = 8;
+/// A paused stream whose buffer took nothing in for as many looks is full. Some servers send in
+/// portions of several seconds.
+constexpr int kLooksWhileFull = 40;
+
+constexpr int kAtOnceMs = 1;
 
 } // namespace
 
@@ -25,7 +28,7 @@ void StationPlayer::look() {
     const auto report = core_.sound.streamReport(core_.state.PrimaryChannel);
     lookAtSaving();
     if (core_.state.IsPaused) {
-        if (report && !closed_) {
+        if (report && report->live && !closed_) {
             lookAtPaused(*report);
         }
         return;
@@ -50,10 +53,11 @@ void StationPlayer::look() {
 
 /// The buffer fills, then nothing is asked of the server any more.
 void StationPlayer::lookAtPaused(const StreamReport& report) {
+    looking_->setInterval(kPlayingMs);
     looksWhileFull_ = report.bytes == pausedBytes_ ? looksWhileFull_ + 1 : 0;
     pausedBytes_ = report.bytes;
     if (looksWhileFull_ >= kLooksWhileFull || sound::isFinal(report.stage)) {
-        core_.state.HeardBefore += playback_.time.GetHeardSeconds(core_.state.PrimaryChannel);
+        noteHeard();
         core_.sound.BASS_StreamFree(core_.state.PrimaryChannel);
         closed_ = true;
     }
@@ -84,7 +88,7 @@ void StationPlayer::showReport(const StreamReport& report) {
         screen.setStatus(StationStatus::buffering, report.percent);
     }
     screen.setFormat(report.kbps, report.rate,
-                     sounds ? playback_.time.GetMode(core_.state.PrimaryChannel) : std::string());
+                     sounds ? player::CBASS_TIME::modeOf(report.channels) : std::string());
     showTitle(report.heardMetadata);
     if (sounds) {
         announce();
@@ -96,10 +100,10 @@ void StationPlayer::showTitle(const std::string& metadata) {
         return;
     }
     metadata_ = metadata;
-    const StreamTitle title = streamTitle(metadata);
-    if (title.answer == TitleAnswer::title) {
-        screen.setTitle(title.title);
-    } else if (title.answer == TitleAnswer::broken) {
+    if (const auto title = shownTitle(metadata)) {
+        screen.setTitle(*title);
+    } else if (streamTitle(metadata).answer == TitleAnswer::broken && !brokenTold_) {
+        brokenTold_ = true;
         static_cast<void>(
             core_.errors.log(base::RuntimeError(base::ErrorNumber::InvalidProcedureCall),
                              config::procedureOf("AddStation", "DoMeta")));
@@ -122,17 +126,33 @@ void StationPlayer::announce() {
     core_.news.reportTrack(report);
 }
 
-/// A disk that is full ends the saving, and is told once.
+/// A file that cannot be made is told once, and a disk that is full, which ends the saving.
 void StationPlayer::lookAtSaving() {
     const auto failure = saving_->takeFailure();
     if (!failure) {
         return;
     }
-    core_.state.StreamRecording = false;
-    core_.screen.showRecording();
-    core_.errors.reportAndTell(
-        base::withPlace(base::RuntimeError(base::errorNumberOf(failure->why)), failure->path),
-        config::procedureOf("AddStation", "record"));
+    if (failure->ends) {
+        core_.state.StreamRecording = false;
+        core_.screen.showRecording();
+    }
+    untold_ = failure;
+    telling_->setInterval(kAtOnceMs);
+    telling_->setEnabled(true);
+}
+
+void StationPlayer::tellFailures() {
+    telling_->setEnabled(false);
+    if (boxStands_) {
+        return;
+    }
+    boxStands_ = true;
+    while (const auto failure = std::exchange(untold_, std::nullopt)) {
+        core_.errors.reportAndTell(
+            base::withPlace(base::RuntimeError(base::errorNumberOf(failure->why)), failure->path),
+            config::procedureOf("AddStation", "record"));
+    }
+    boxStands_ = false;
 }
 
 } // namespace tovik::radio

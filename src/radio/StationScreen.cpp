@@ -50,7 +50,7 @@ void StationScreen::begin(std::string_view title) {
 }
 
 void StationScreen::setName(std::string_view name) {
-    std::string shown = shownText(name);
+    std::string shown = shownServerText(name);
     if (shown_ && shown != name_) {
         name_ = std::move(shown);
         show();
@@ -58,9 +58,9 @@ void StationScreen::setName(std::string_view name) {
 }
 
 void StationScreen::setTitle(std::string_view title) {
-    std::string shown = shownText(title);
-    if (shown_ && shown != title_) {
-        title_ = std::move(shown);
+    // A station that is between two songs is still that station.
+    if (const std::string_view shown = title.empty() ? name_ : title; shown_ && shown != title_) {
+        title_ = shown;
         show();
     }
 }
@@ -107,7 +107,7 @@ void StationScreen::show() {
     playing.stationText = line == name_ ? name_ : name_ + "\n" + line;
     core_.screen.showStation();
     core_.state.CurrentTitle = title_;
-    playing.caption = " " + title_;
+    playing.caption = " " + title_ + (status.empty() ? "" : " - " + status);
     playing.miniCaption = playing.caption;
     playing.scrollerText = " " + line;
     core_.screen.showTitles();

@@ -35,10 +35,10 @@ public:
     /// A station of the list with that title takes the display; nothing else is known of it.
     void begin(std::string_view title);
 
-    /// The name that it gives itself.
+    /// The name that it gives itself; bytes as sent.
     void setName(std::string_view name);
 
-    /// What it plays; bytes as sent.
+    /// What it plays, as people see it.
     void setTitle(std::string_view title);
 
     /// `percent`: of what is buffered.

@@ -3,6 +3,7 @@
 
 #include "base/Text.h"
 #include "base/Windows1252.h"
+#include "radio/CharacterReferences.h"
 
 #include <algorithm>
 #include <utility>
@@ -48,6 +49,16 @@ StreamTitle streamTitle(std::string_view metadata) noexcept {
     return {TitleAnswer::title, text.substr(0, end - 1)};
 }
 
+std::optional<std::string> shownTitle(std::string_view metadata) {
+    metadata = metadata.substr(0, metadata.find('\0'));
+    if (streamTitle(metadata).answer != TitleAnswer::title) {
+        return std::nullopt;
+    }
+    const std::string_view text = metadata.substr(kTitleMark.size());
+    const std::size_t end = std::min(findBesideReferences(text, ';'), text.size());
+    return shownServerText(text.substr(0, end - std::min<std::size_t>(end, 1)));
+}
+
 std::optional<std::string_view> stationName(std::string_view headers) noexcept {
     std::optional<std::string_view> name;
     bool status = true;
@@ -86,6 +97,10 @@ std::string songFileName(std::string_view title) {
 std::string shownText(std::string_view text) {
     const std::string shown = withoutControls(base::displayText(text));
     return std::string(base::trimmed(shown));
+}
+
+std::string shownServerText(std::string_view text) {
+    return shownText(withoutReferences(base::displayText(text)));
 }
 
 } // namespace tovik::radio

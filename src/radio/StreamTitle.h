@@ -25,6 +25,10 @@ struct StreamTitle {
 /// character before it, too.
 [[nodiscard]] StreamTitle streamTitle(std::string_view metadata) noexcept;
 
+/// The same as people see it: in UTF-8, with characters for references such as "&amp;" and
+/// "&#1046;", whose ";" ends no title. Nothing where there is no title.
+[[nodiscard]] std::optional<std::string> shownTitle(std::string_view metadata);
+
 /// The name that a station gives itself in its headers (see `BASS_TAG_ICY`): what stands behind
 /// "icy-name:", spelled so, of the last such header. Nothing without one.
 [[nodiscard]] std::optional<std::string_view> stationName(std::string_view headers) noexcept;
@@ -37,8 +41,11 @@ struct StreamTitle {
 /// never half a character. Nothing in it leads out of a folder.
 [[nodiscard]] std::string songFileName(std::string_view title);
 
-/// What people see of a text of a server: UTF-8, or else Windows-1252, without control characters
-/// and the blanks around it.
+/// What people see of a text: UTF-8, or else Windows-1252, without control characters and the
+/// blanks around it.
 [[nodiscard]] std::string shownText(std::string_view text);
+
+/// The same of a text of a server, which may have references for characters.
+[[nodiscard]] std::string shownServerText(std::string_view text);
 
 } // namespace tovik::radio

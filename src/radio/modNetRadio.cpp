@@ -4,12 +4,20 @@
 #include "base/PathText.h"
 #include "radio/StreamTitle.h"
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
 namespace tovik::radio {
 
 using base::MutexLock;
+
+namespace {
+
+/// Files that may be opened at once; then one a second.
+constexpr int kMostOpens = 32;
+
+} // namespace
 
 modNetRadio::modNetRadio(std::string folder) : folder_(std::move(folder)) {}
 
@@ -18,14 +26,18 @@ modNetRadio::modNetRadio(modNetRadio& broken) : folder_(broken.folder_) {
     const MutexLock own(mutex_);
     StreamRecording_ = std::exchange(broken.StreamRecording_, false);
     StreamFileName_ = broken.StreamFileName_;
-    const bool opened = broken.StreamFileOpen_ && broken.StreamFileOk_;
+    const bool opened = StreamRecording_ && broken.StreamFileOpen_ && broken.StreamFileOk_;
     interrupted_ = opened ? broken.StreamFileName_ : broken.interrupted_;
+    refused_ = broken.refused_;
+    opens_ = broken.opens_;
+    counted_ = broken.counted_;
     failure_ = std::exchange(broken.failure_, std::nullopt);
 }
 
 void modNetRadio::setStreamRecording(bool on) {
     const MutexLock lock(mutex_);
     StreamRecording_ = on;
+    refused_.clear();
     if (!on) {
         interrupted_.clear();
     }
@@ -82,7 +94,7 @@ void modNetRadio::download(std::span<const std::byte> block) {
     if (turn.ok) {
         save(turn, block);
     } else {
-        fail(turn);
+        refuse(turn);
     }
 }
 
@@ -97,13 +109,31 @@ modNetRadio::Turn modNetRadio::takeTurn() {
     }
     Turn turn{
         .recording = true, .ok = StreamFileOk_, .synced = StreamSynced_, .name = StreamFileName_};
-    if (!turn.name.empty() && !StreamFileOpen_) {
+    if (!turn.name.empty() && !StreamFileOpen_ && !mayOpen()) {
+        turn.name.clear();
+    } else if (!turn.name.empty() && !StreamFileOpen_) {
         StreamFileOpen_ = true;
         turn.opens = true;
         turn.how =
             std::exchange(interrupted_, {}) == turn.name ? SongFile::goingOn : SongFile::anew;
     }
     return turn;
+}
+
+/// No song is so short that this keeps it from being saved; it keeps a server that sends a title
+/// with every byte from filling the folder with files.
+bool modNetRadio::mayOpen() {
+    const auto now = Clock::now();
+    const auto past = std::chrono::duration_cast<std::chrono::seconds>(now - counted_).count();
+    if (past > 0) {
+        opens_ -= static_cast<int>(std::min<std::int64_t>(past, opens_));
+        counted_ = now;
+    }
+    if (opens_ >= kMostOpens) {
+        return false;
+    }
+    ++opens_;
+    return true;
 }
 
 void modNetRadio::open(Turn& turn) {
@@ -128,6 +158,23 @@ void modNetRadio::save(Turn& turn, std::span<const std::byte> block) {
     StreamSynced_ = turn.synced;
 }
 
+/// The next block tries again, the next song may have a better name: only a full disk ends all.
+void modNetRadio::refuse(const Turn& turn) {
+    const std::error_code why = StreamFile_.failure();
+    if (why == std::errc::no_space_on_device || why == std::errc::read_only_file_system) {
+        fail(turn);
+        return;
+    }
+    StreamFile_.CloseFile();
+    const MutexLock lock(mutex_);
+    StreamFileOpen_ = false;
+    StreamSynced_ = false;
+    if (refused_ != turn.name) {
+        refused_ = turn.name;
+        failure_ = Failure{why, turn.name, false};
+    }
+}
+
 /// Whatever keeps a file from being written keeps the next block from it, too: saving ends.
 void modNetRadio::fail(const Turn& turn) {
     const std::error_code why = StreamFile_.failure();
@@ -137,7 +184,7 @@ void modNetRadio::fail(const Turn& turn) {
     StreamSynced_ = false;
     if (StreamRecording_) {
         StreamRecording_ = false;
-        failure_ = Failure{why, turn.name};
+        failure_ = Failure{why, turn.name, true};
     }
 }
 

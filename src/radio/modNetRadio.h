@@ -6,6 +6,7 @@
 #include "base/Mutex.h"
 #include "radio/clsFileIo.h"
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -20,10 +21,11 @@ namespace tovik::radio {
 /// at the block behind it.
 class modNetRadio {
 public:
-    /// Why saving ended by itself.
+    /// Why a song is not saved.
     struct Failure {
         std::error_code why;
         std::string path;
+        bool ends; ///< saving ended by itself; else the next song may do better
     };
 
     /// Files go to `folder` and nowhere else.
@@ -45,7 +47,7 @@ public:
     /// Blocks seen, up to 32767.
     [[nodiscard]] std::int16_t StreamBlocks() const;
 
-    /// Why saving ended by itself, once.
+    /// Why a song is not saved, once for each.
     [[nodiscard]] std::optional<Failure> takeFailure();
 
     /// A metadata string came in. The title it had already goes on in the file it has.
@@ -65,10 +67,14 @@ private:
         std::string name{};
     };
 
+    using Clock = std::chrono::steady_clock;
+
     [[nodiscard]] Turn takeTurn();
+    [[nodiscard]] bool mayOpen() TOVIK_REQUIRES(mutex_);
     void open(Turn& turn);
     void save(Turn& turn, std::span<const std::byte> block);
     void fail(const Turn& turn);
+    void refuse(const Turn& turn);
 
     std::string folder_;
     clsFileIo StreamFile_; ///< of the engine's thread alone
@@ -81,7 +87,10 @@ private:
     bool StreamSynced_ TOVIK_GUARDED_BY(mutex_) = false;
     std::int16_t StreamBlocks_ TOVIK_GUARDED_BY(mutex_) = 0;
     std::string interrupted_ TOVIK_GUARDED_BY(mutex_); ///< the file that goes on; empty: none
+    std::string refused_ TOVIK_GUARDED_BY(mutex_); ///< the file that could not be made; empty: none
     std::optional<Failure> failure_ TOVIK_GUARDED_BY(mutex_);
+    int opens_ TOVIK_GUARDED_BY(mutex_) = 0; ///< of late: one a second is forgotten
+    Clock::time_point counted_ TOVIK_GUARDED_BY(mutex_) = Clock::now();
 };
 
 } // namespace tovik::radio

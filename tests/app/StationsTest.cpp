@@ -88,6 +88,16 @@ TEST_F(StationsTest, aFileThatWasNotUnderstoodIsNotWrittenOver) {
     EXPECT_EQ(host_.folder.read(kFile), damaged);
 }
 
+TEST_F(StationsTest, aFileThatWasNotUnderstoodIsSetAsideForNewStations) {
+    const std::string damaged = "[stationlist]\r\nStation1=u\r\nNumberOfEntries=many\r\n";
+    host_.folder.write(kFile, damaged);
+    start();
+    player().stations().addStation.Command1_Click("Three", "http://three.example/");
+    player().kill_me();
+    EXPECT_THAT(host_.folder.read(kFile), HasSubstr("Station1=http://three.example/\r\n"));
+    EXPECT_EQ(host_.folder.read("db/stations.dat.unread"), damaged);
+}
+
 TEST_F(StationsTest, theButtonsPlayAddAndRemove) {
     startWithTwo();
     stations().SelectIndex(2);

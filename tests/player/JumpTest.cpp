@@ -131,6 +131,15 @@ TEST_F(Jump2Time, aPlaceBehindTheEndIsLeftUnvisited) {
     EXPECT_EQ(second(state_.active()), 30);
 }
 
+TEST_F(Jump2Time, aStationHasNoOtherPlace) {
+    burn(list_.OutFileName);
+    advance(65'000);
+    state_.RadioMode = true;
+    EXPECT_EQ(dialog_.Text1(), "00:00");
+    EXPECT_TRUE(dialog_.Command1_Click("1:30"));
+    EXPECT_EQ(second(state_.active()), 65);
+}
+
 TEST_F(Jump2Time, whatIsNoTimeLeavesTheDialogOpen) {
     burn(list_.OutFileName);
     EXPECT_FALSE(dialog_.Command1_Click("soon"));

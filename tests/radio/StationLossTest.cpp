@@ -94,7 +94,9 @@ TEST_F(StationLossTest, aPauseLetsTheBufferFillAndGoingOnIsLive) {
         look();
     }
     EXPECT_TRUE(sound_.lives(stream()));
-    advance(5000);
+    advance(9000);
+    EXPECT_TRUE(sound_.lives(stream())) << "some servers send in large portions";
+    advance(3000);
     EXPECT_FALSE(sound_.lives(stream())) << "the buffer is full, the connection is closed";
     EXPECT_EQ(opened(), 1U);
     transport_.pause();
@@ -102,6 +104,32 @@ TEST_F(StationLossTest, aPauseLetsTheBufferFillAndGoingOnIsLive) {
     EXPECT_FALSE(sound_.paused);
     sounds();
     EXPECT_EQ(playing_.scrollerText, " One");
+}
+
+TEST_F(StationLossTest, theSecondsHeardAddUpOverAPause) {
+    start();
+    sounds();
+    sound_.setSeconds(stream(), 65);
+    transport_.pause();
+    transport_.pause();
+    EXPECT_EQ(opened(), 2U);
+    sounds();
+    sound_.setSeconds(stream(), 10);
+    clock_.Timer1();
+    EXPECT_EQ(playing_.time, "01:15");
+}
+
+TEST_F(StationLossTest, aFileOfTheWebGoesOnWhereItWasPaused) {
+    start("http://one.example/a.mp3");
+    station().report.live = false;
+    sounds({"HTTP/1.1 200 OK", "Content-Length: 5"});
+    transport_.pause();
+    advance(60000);
+    EXPECT_TRUE(sound_.lives(stream()));
+    transport_.pause();
+    EXPECT_FALSE(sound_.paused);
+    EXPECT_TRUE(sound_.lives(stream()));
+    EXPECT_EQ(opened(), 1U);
 }
 
 TEST_F(StationLossTest, aStationThatIsLostWhilePausedWaitsForTheUser) {

@@ -12,6 +12,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::IsSupersetOf;
+using testing::SizeIs;
 
 class StationPlayerTest : public StationRig {
 protected:
@@ -65,7 +66,6 @@ TEST_F(StationPlayerTest, theDisplaySaysHowItStands) {
     start();
     EXPECT_EQ(view_.last.stationText, "One\nconnecting");
     EXPECT_EQ(view_.last.scrollerText, " connecting");
-    EXPECT_EQ(view_.last.caption, " One");
     sound_.answer(stream(), {"ICY 200 OK", "icy-br:128", "icy-name:Station One"});
     station().report.percent = 40;
     look();
@@ -98,6 +98,43 @@ TEST_F(StationPlayerTest, metadataWithoutAnEndIsLoggedOnceAndTheTitleStays) {
     look();
     EXPECT_EQ(playing_.caption, " Song");
     EXPECT_THAT(logged(), ElementsAre(HasSubstr(",5,AddStation,DoMeta")));
+    heard("StreamTitle='another without end");
+    EXPECT_THAT(logged(), SizeIs(1)) << "once a station";
+}
+
+TEST_F(StationPlayerTest, aStationWithoutATitleIsShownByItsName) {
+    start();
+    sounds();
+    heard("StreamTitle='';");
+    EXPECT_EQ(playing_.caption, " Name");
+    EXPECT_EQ(playing_.scrollerText, " Name");
+    heard("StreamTitle='Song';");
+    EXPECT_EQ(playing_.caption, " Song");
+    heard("StreamTitle='';");
+    EXPECT_EQ(playing_.caption, " Name") << "between two songs";
+    EXPECT_EQ(playing_.stationText, "Name");
+}
+
+TEST_F(StationPlayerTest, referencesInATitleAreShownAsCharacters) {
+    start();
+    sounds({"ICY 200 OK", "icy-name:R &amp; B"});
+    heard("StreamTitle='A &amp; B - &#1046;';");
+    EXPECT_EQ(playing_.caption, " A & B - \xD0\x96");
+    EXPECT_EQ(playing_.stationText, "R & B\nA & B - \xD0\x96");
+    heard("StreamTitle='" + std::string(4060, 'x') + "';");
+    EXPECT_EQ(playing_.caption, " " + std::string(4060, 'x'));
+}
+
+TEST_F(StationPlayerTest, blanksRoundAnAddressDoNotCount) {
+    start(" http://one.example/ ");
+    EXPECT_EQ(station().url, "http://one.example/");
+}
+
+TEST_F(StationPlayerTest, theCaptionTellsWhatOtherPanelsDoNotShow) {
+    start();
+    EXPECT_EQ(playing_.caption, " One - connecting");
+    over(StreamStage::failed, sound::StreamTrouble::badAddress);
+    EXPECT_EQ(playing_.caption, " One - no such station");
 }
 
 TEST_F(StationPlayerTest, popupAndMessengerHearOfEachTitleThatSounds) {
@@ -127,6 +164,9 @@ TEST_F(StationPlayerTest, theFormatIsTheStreamsOnceItIsKnown) {
     EXPECT_EQ(state_.TrackInfoText, "128 kbps  44 KHZ");
     EXPECT_EQ(state_.TrackInfoMode, "Stereo");
     EXPECT_EQ(playing_.infoText, "128 kbps  44 KHZ");
+    station().report.channels = 1;
+    look();
+    EXPECT_EQ(state_.TrackInfoMode, "Mono");
 }
 
 TEST_F(StationPlayerTest, theClockCountsUpAndDoesNotEnd) {
@@ -154,9 +194,11 @@ TEST_F(StationPlayerTest, silenceAndTheEndOfAStationLeadNowhere) {
     advance(5000);
     EXPECT_EQ(state_.SilenceTicks, 0);
     over(StreamStage::ended);
-    advance(500);
+    advance(120'000); // it is opened again and again
+    EXPECT_GT(opened(), 1U);
     EXPECT_TRUE(state_.RadioMode);
     EXPECT_TRUE(state_.IsPlaying);
+    EXPECT_FALSE(list_.isPlayed(1));
 }
 
 TEST_F(StationPlayerTest, aStationHasNoOtherPlaceToGoTo) {

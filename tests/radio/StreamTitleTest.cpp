@@ -95,5 +95,33 @@ TEST(ShownTextTest, bytesAreUtf8OrElseWindows1252WithoutControls) {
     EXPECT_EQ(shownText("\0x"sv), "x");
 }
 
+TEST(ShownTextTest, referencesForCharactersAreThoseOfAServerAlone) {
+    EXPECT_EQ(shownText("a &amp; b"), "a &amp; b");
+    EXPECT_EQ(shownServerText("a &amp; b"), "a & b");
+    EXPECT_EQ(shownServerText("&#1046;&#x416;&#X416; &lt;&gt;&quot;&apos;"),
+              "\xD0\x96\xD0\x96\xD0\x96 <>\"'");
+    EXPECT_EQ(shownServerText("\xC4 &#228; &#128512;"), "\xC3\x84 \xC3\xA4 \xF0\x9F\x98\x80");
+    EXPECT_EQ(shownServerText("don&#146;t"), "don\xE2\x80\x99t") << "as pages have it";
+    EXPECT_EQ(shownServerText("a&#10;b&#0x;&#7;"), "ab&#0x;") << "controls are dropped";
+    EXPECT_EQ(shownServerText("&amp;lt;"), "&lt;") << "once";
+}
+
+TEST(ShownTextTest, whatIsNoReferenceStays) {
+    for (const char* raw : {"&", "&;", "&#;", "&#x;", "&#-1;", "&#0;", "&#xD800;", "&#1114112;",
+                            "&#99999999999;", "&nbsp;", "&AMP;", "&amp", "& amp;", "&#1 2;"}) {
+        EXPECT_EQ(shownServerText(raw), raw);
+    }
+}
+
+TEST(ShownTitleTest, isTheTitleWithItsReferences) {
+    EXPECT_EQ(shownTitle("StreamTitle='A &amp; B - &#1046;';StreamUrl='';"), "A & B - \xD0\x96");
+    EXPECT_EQ(shownTitle("StreamTitle='';"), "");
+    EXPECT_EQ(shownTitle("StreamTitle='a;b';"), "") << "a semicolon of its own ends it";
+    EXPECT_EQ(shownTitle("StreamTitle='ab&c;d';"), "ab&");
+    EXPECT_EQ(shownTitle("StreamTitle='x"), std::nullopt);
+    EXPECT_EQ(shownTitle("StreamUrl='';"), std::nullopt);
+    EXPECT_EQ(shownTitle("StreamTitle='a&amp;"), "a&amp") << "whose end is missing";
+}
+
 } // namespace
 } // namespace tovik::radio

@@ -167,20 +167,57 @@ TEST_F(modNetRadioTest, aFullDiskEndsTheSavingAndIsToldOnce) {
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->why, std::errc::file_too_large);
     EXPECT_EQ(failure->path, folder_ / "One.mp3");
+    EXPECT_TRUE(failure->ends);
     EXPECT_FALSE(radio_.takeFailure());
 }
 
-TEST_F(modNetRadioTest, aFileThatCannotBeMadeEndsTheSaving) {
+TEST_F(modNetRadioTest, aFileThatCannotBeMadeIsToldOnceAndTriedAgain) {
     std::filesystem::create_directory(folder_ / "One.mp3");
     radio_.setStreamRecording(true);
     title("One");
     come(kFrame);
-    EXPECT_FALSE(radio_.StreamRecording());
-    ASSERT_TRUE(radio_.takeFailure());
+    EXPECT_TRUE(radio_.StreamRecording());
+    const auto failure = radio_.takeFailure();
+    ASSERT_TRUE(failure);
+    EXPECT_FALSE(failure->ends);
+    EXPECT_EQ(failure->path, folder_ / "One.mp3");
+    come(kFrame);
+    EXPECT_FALSE(radio_.takeFailure());
+    std::filesystem::remove(folder_ / "One.mp3");
+    come(kFrame);
+    EXPECT_EQ(folder_.read("One.mp3"), kBegin);
+}
+
+TEST_F(modNetRadioTest, theSongBehindOneThatCannotBeSavedIs) {
+    std::filesystem::create_directory(folder_ / "One.mp3");
     radio_.setStreamRecording(true);
+    title("One");
+    come(kFrame);
     title("Two");
     come(kFrame);
-    EXPECT_EQ(folder_.read("Two.mp3"), kBegin) << "it may be tried again";
+    EXPECT_EQ(folder_.read("Two.mp3"), kBegin);
+}
+
+TEST_F(modNetRadioTest, aTitleWithEachByteMakesFewFiles) {
+    radio_.setStreamRecording(true);
+    for (int i = 0; i < 2000; ++i) {
+        title(std::to_string(i));
+        come("x");
+    }
+    EXPECT_GE(files(), 32U);
+    EXPECT_LE(files(), 64U); // in some seconds, on the slowest machine
+}
+
+TEST_F(modNetRadioTest, whatWasEndedDoesNotGoOnInAnotherStream) {
+    radio_.setStreamRecording(true);
+    title("One");
+    come(kFrame);
+    radio_.setStreamRecording(false);
+    modNetRadio next(radio_);
+    next.setStreamRecording(true);
+    next.DoMeta("StreamTitle='One';");
+    come(next, kFrame);
+    EXPECT_EQ(folder_.read("One.mp3"), kBegin);
 }
 
 TEST_F(modNetRadioTest, theCountOfBlocksStops) {

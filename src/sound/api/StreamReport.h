@@ -28,7 +28,7 @@ enum class StreamTrouble {
     badCertificate, ///< https that cannot be trusted
     badAnswer,      ///< no http, endless headers, redirects in a circle
     notAudio,       ///< nothing in it decodes
-    emptyList,      ///< a playlist without an address that opens
+    emptyList,      ///< a playlist without an address, or too many of them one in the other
     broken,         ///< the connection was lost
     notAvailable,   ///< the part of the program that reads the network is not installed
 };
@@ -44,6 +44,7 @@ struct StreamReport {
     bool live = true;
     int kbps = 0;              ///< as the server says, else as measured; 0 while unknown
     int rate = 0;              ///< Hz of what is decoded; 0 while unknown
+    int channels = 0;          ///< of what is decoded, 1 or 2; 0 while unknown
     std::uint64_t bytes = 0;   ///< taken in so far, metadata left out
     std::string heardMetadata; ///< metadata string that belongs to what is heard now; may be empty
     std::string finalAddress;  ///< behind lists and redirects; empty while unknown

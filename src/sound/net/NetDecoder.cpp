@@ -20,6 +20,10 @@ constexpr std::size_t kMostBytesToOpen = 512 * 1024;
 /// something (a chain of Ogg streams of other kinds, say).
 constexpr int kMostFruitlessOpens = 3;
 
+/// Half a second of what the decoder gives is decoded before it sounds.
+constexpr std::size_t kFirstSamples = Resampler::kOutputRate;
+constexpr std::int64_t kMilliseconds = 1000;
+
 /// What came in, as the decoders pull it.
 class StateBytes final : public LiveBytes {
 public:
@@ -59,7 +63,7 @@ public:
         : state_(std::move(state)), bytes_(std::make_shared<StateBytes>(state_)),
           close_(calledOff, [state = state_] { state->close(); }) {}
 
-    /// Decodes the first block; false when there is none.
+    /// Decodes the first blocks; false when there are none.
     [[nodiscard]] bool start();
 
     [[nodiscard]] int sampleRate() const noexcept override { return Resampler::kOutputRate; }
@@ -78,6 +82,7 @@ public:
 
 private:
     [[nodiscard]] bool open();
+    void decodeFirst();
     [[nodiscard]] bool advance();
     [[nodiscard]] bool convert(const LiveBlock& block);
     void resample(const LiveBlock& block);
@@ -93,6 +98,8 @@ private:
     std::vector<float> ready_;
     std::size_t taken_ = 0;
     std::int64_t position_ = 0;
+    std::int64_t decodedAhead_ = 0; ///< frames behind `position_` that were decoded before a block
+    std::int64_t byte_ = 0;         ///< where the block that was decoded last began
     bool ended_ = false;
     std::stop_callback<std::function<void()>> close_;
 };
@@ -116,8 +123,35 @@ bool NetDecoder::start() {
         state_->notAudio();
         return false;
     }
-    state_->opened(sound_->bitRate());
+    const std::int64_t bitRate = sound_->bitRate();
+    decodeFirst();
+    const auto frames = static_cast<std::int64_t>(ready_.size() / 2);
+    state_->waitForRest(std::chrono::milliseconds(frames * kMilliseconds / Resampler::kOutputRate));
+    state_->opened(bitRate);
     return true;
+}
+
+/// How much sound a byte is shows only by decoding some; few streams tell it, and not all that do
+/// are right.
+void NetDecoder::decodeFirst() {
+    std::vector<float> first = std::move(ready_);
+    const std::int64_t begin = byte_;
+    std::int64_t frames = 0; // before the block that begins at byte_
+    while (first.size() < kFirstSamples && !ended_) {
+        const auto before = static_cast<std::int64_t>(first.size() / 2);
+        decodedAhead_ = before;
+        if (!advance()) {
+            break;
+        }
+        frames = before;
+        first.insert(first.end(), ready_.begin(), ready_.end());
+    }
+    decodedAhead_ = 0;
+    ready_ = std::move(first);
+    taken_ = 0;
+    if (byte_ > begin && frames > 0) {
+        state_->measured(byte_ - begin, frames);
+    }
 }
 
 /// Makes the next samples ready; false at the end.
@@ -142,9 +176,11 @@ bool NetDecoder::convert(const LiveBlock& block) {
     if (block.rate != rate_ || block.channels != channels_) {
         changeRate(block);
     }
-    state_->decoded(base_ + block.byte, position_, block.rate);
+    const std::int64_t frame = position_ + decodedAhead_;
+    byte_ = base_ + block.byte;
+    state_->decoded(byte_, frame, block.rate, block.channels);
     if (const std::string title = sound_->takeTitle(); !title.empty()) {
-        state_->foundTitle(title, position_);
+        state_->foundTitle(title, frame);
     }
     resample(block);
     return true;

@@ -14,6 +14,16 @@
 
 namespace tovik::sound {
 
+namespace {
+
+/// A server that is away, and comes back as a rule.
+bool isPassing(StreamTrouble trouble) {
+    return trouble == StreamTrouble::refused || trouble == StreamTrouble::noAnswer ||
+           trouble == StreamTrouble::broken;
+}
+
+} // namespace
+
 /// The thread that receives.
 class NetStream::Thread {
 public:
@@ -71,13 +81,18 @@ StreamTrouble NetStream::Thread::tryList(const Receiver& list, int depth) {
     return PieceReader(fetcher_, state(), work_->routines).play(list.text(), list.url());
 }
 
+/// The trouble is that of an address that may open another time, else that of the last one.
 StreamTrouble NetStream::Thread::tryEach(const std::vector<std::string>& addresses, int depth) {
+    StreamTrouble all = StreamTrouble::emptyList;
     for (const std::string& address : addresses) {
-        if (!state().wanted() || tryAddress(address, depth + 1) == StreamTrouble::none) {
-            return StreamTrouble::none;
+        const StreamTrouble one =
+            state().wanted() ? tryAddress(address, depth + 1) : StreamTrouble::none;
+        if (one == StreamTrouble::none) {
+            return one;
         }
+        all = isPassing(all) ? all : one;
     }
-    return StreamTrouble::emptyList;
+    return all;
 }
 
 void NetStream::Thread::finish(HttpEnd end, const Receiver& receiver) {

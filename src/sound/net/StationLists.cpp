@@ -30,6 +30,7 @@ constexpr std::array<std::string_view, 10> kListTypes = {
 constexpr std::array<std::string_view, 5> kPageHeads = {"<!doctype", "<html", "<head", "<?xml",
                                                         "<!--"};
 constexpr std::size_t kLongestHead = kPlsHead.size();
+constexpr std::array<std::string_view, 2> kSchemes = {"http://", "https://"};
 
 bool isWhite(char c) noexcept {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';
@@ -110,7 +111,7 @@ std::vector<std::string> m3uAddresses(std::string_view text, std::string_view ba
 
 AnswerKind kindOfAnswer(std::string_view contentType, std::string_view begin, bool all) {
     const std::string head = base::toLowerAscii(withoutLeadingWhite(begin).substr(0, kLongestHead));
-    if (head.starts_with(kPlsHead) || head.starts_with(kM3uHead)) {
+    if (head.starts_with(kPlsHead) || head.starts_with(kM3uHead) || isHttpAddress(head)) {
         return AnswerKind::list;
     }
     const auto isHead = [&](std::string_view mark) { return head.starts_with(mark); };
@@ -122,8 +123,9 @@ AnswerKind kindOfAnswer(std::string_view contentType, std::string_view begin, bo
     }
     // Sound begins with a byte that no text begins with, or is told by four.
     const auto mayBecome = [&](std::string_view mark) { return mark.starts_with(head); };
-    const bool mayBeText =
-        mayBecome(kPlsHead) || mayBecome(kM3uHead) || std::ranges::any_of(kPageHeads, mayBecome);
+    const bool mayBeText = mayBecome(kPlsHead) || mayBecome(kM3uHead) ||
+                           std::ranges::any_of(kSchemes, mayBecome) ||
+                           std::ranges::any_of(kPageHeads, mayBecome);
     if (mayBeText && !all) {
         return AnswerKind::unsure;
     }
@@ -149,7 +151,6 @@ std::string_view withoutWhite(std::string_view text) noexcept {
 }
 
 bool isHttpAddress(std::string_view text) {
-    constexpr std::array<std::string_view, 2> kSchemes = {"http://", "https://"};
     return std::ranges::any_of(kSchemes, [&](std::string_view scheme) {
         return text.size() > scheme.size() &&
                base::equalsIgnoringCase(text.substr(0, scheme.size()), scheme);
@@ -165,10 +166,14 @@ std::string wholeAddress(std::string_view base, std::string_view reference) {
     }
     const std::size_t host = base.find("://") + 3;
     if (reference.starts_with("//")) {
-        return std::string(base.substr(0, host - 2)).append(reference);
+        std::string other = std::string(base.substr(0, host - 2)).append(reference);
+        return isHttpAddress(other) ? other : std::string(); // there may be nothing behind them
     }
     const std::string_view whole = base.substr(0, base.find_first_of("?#", host));
     const std::size_t path = std::min(whole.find('/', host), whole.size());
+    if (reference.front() == '?') {
+        return std::string(whole).append(reference);
+    }
     if (reference.front() == '/') {
         return std::string(whole.substr(0, path)).append(reference);
     }

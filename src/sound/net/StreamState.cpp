@@ -20,7 +20,7 @@ constexpr std::int64_t kFramesPerSecond = 44'100;
 constexpr std::int64_t kMeasureFrames = 5 * kFramesPerSecond;
 
 /// Titles that came in and were not heard yet; a server may send one after every byte.
-constexpr std::size_t kMostMarks = 64;
+constexpr std::size_t kMostMarks = 16;
 
 } // namespace
 
@@ -87,10 +87,7 @@ bool StreamState::metadataCame(std::string_view text) {
         return false; // some servers send it with every block
     }
     metadata_ = text;
-    if (marks_.size() == kMostMarks) {
-        marks_.pop_front();
-    }
-    marks_.push_back({report_.bytes, -1, std::string(text)});
+    mark({report_.bytes, -1, std::string(text)});
     return true;
 }
 
@@ -233,7 +230,7 @@ bool StreamState::waitForBytes() {
     enough_ = false;
     BufferRule rule = rule_;
     rule.least *= kCautious;
-    enough_ = waitForRule(rule, Clock::now() + times_.gap);
+    enough_ = waitForRule(rule, Clock::now() + (report_.live ? times_.gap : times_.gapOfFile));
     return enough_;
 }
 
@@ -260,9 +257,10 @@ void StreamState::notAudio() {
     stop_.request_stop();
 }
 
-void StreamState::decoded(std::int64_t byte, std::int64_t frame, int rate) {
+void StreamState::decoded(std::int64_t byte, std::int64_t frame, int rate, int channels) {
     const base::MutexLock lock(mutex_);
     report_.rate = rate;
+    report_.channels = channels;
     for (Mark& mark : marks_) {
         if (mark.frame < 0 &&
             mark.byte <= static_cast<std::uint64_t>(std::max<std::int64_t>(byte, 0))) {
@@ -270,22 +268,44 @@ void StreamState::decoded(std::int64_t byte, std::int64_t frame, int rate) {
         }
     }
     if (frame >= kMeasureFrames && byte > 0) {
-        measured_ =
-            static_cast<std::size_t>(std::max<std::int64_t>(byte / (frame / kFramesPerSecond), 1));
+        measure(byte, frame);
         if (report_.kbps == 0) {
             report_.kbps = static_cast<int>(measured_ / kBytesPerKbps);
         }
     }
 }
 
+void StreamState::measure(std::int64_t bytes, std::int64_t frames) {
+    measured_ = static_cast<std::size_t>(
+        std::max<std::int64_t>(bytes * kFramesPerSecond / std::max<std::int64_t>(frames, 1), 1));
+}
+
+void StreamState::measured(std::int64_t bytes, std::int64_t frames) {
+    const base::MutexLock lock(mutex_);
+    measure(bytes, frames);
+}
+
+void StreamState::waitForRest(std::chrono::milliseconds decoded) {
+    const base::MutexLock lock(mutex_);
+    BufferRule rest = rule_;
+    rest.full -= std::min(rest.full, decoded);
+    rest.least -= std::min(rest.least, decoded);
+    static_cast<void>(waitForRule(rest, created_ + times_.firstSound));
+}
+
 void StreamState::foundTitle(std::string_view title, std::int64_t frame) {
     const base::MutexLock lock(mutex_);
     metadata_ = "StreamTitle='" + std::string(title) + "';";
     found_ = metadata_;
+    mark({report_.bytes, frame, metadata_});
+}
+
+/// The oldest are heard next: what would be shown for the shortest time is left out.
+void StreamState::mark(Mark&& mark) {
     if (marks_.size() == kMostMarks) {
-        marks_.pop_front();
+        marks_.pop_back();
     }
-    marks_.push_back({report_.bytes, frame, metadata_});
+    marks_.push_back(std::move(mark));
 }
 
 void StreamState::decodedAll() {

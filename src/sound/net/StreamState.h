@@ -25,7 +25,8 @@ struct NetTimes {
     std::chrono::milliseconds head{10'000};       ///< the head of an answer
     std::chrono::milliseconds silence{10'000};    ///< the next bytes
     std::chrono::milliseconds firstSound{30'000}; ///< enough to be heard, from the beginning
-    std::chrono::milliseconds gap{10'000};        ///< enough to go on, in silence
+    std::chrono::milliseconds gap{10'000};        ///< enough to go on, in silence, of a station
+    std::chrono::milliseconds gapOfFile{180'000}; ///< the same of a file, which is asked for again
     std::chrono::milliseconds idle{10'000};       ///< a full queue of which nobody takes
     std::chrono::milliseconds rest{250};          ///< between looks at the network, with plenty
     std::chrono::milliseconds resume{1000};       ///< before a file is asked for again; doubles
@@ -38,7 +39,7 @@ public:
 
     /// Compressed bytes of a stream that lie ready at most; with samples and the library's own
     /// buffers a stream stays below 2 MB.
-    static constexpr std::size_t kMostBytes = 1024 * 1024;
+    static constexpr std::size_t kMostBytes = 512 * 1024;
 
     StreamState(const NetTimes& times, const BufferRule& rule, std::size_t mostBytes)
         : times_(times), rule_(rule), queue_(mostBytes) {}
@@ -99,7 +100,13 @@ public:
     void notAudio();
 
     /// Frame `frame` (counted in what the decoder gave) was decoded from byte `byte`.
-    void decoded(std::int64_t byte, std::int64_t frame, int rate);
+    void decoded(std::int64_t byte, std::int64_t frame, int rate, int channels);
+
+    /// So many bytes were that many frames of what the decoder gives.
+    void measured(std::int64_t bytes, std::int64_t frames);
+
+    /// The same as `waitForEnough`, with the rate known by now and so much decoded already.
+    void waitForRest(std::chrono::milliseconds decoded);
 
     /// The stream itself told what plays from `frame` on.
     void foundTitle(std::string_view title, std::int64_t frame);
@@ -136,6 +143,8 @@ private:
     [[nodiscard]] bool waitForBytes() TOVIK_REQUIRES(mutex_);
     void fail(StreamTrouble trouble) TOVIK_REQUIRES(mutex_);
     void end(StreamStage stage, StreamTrouble trouble) TOVIK_REQUIRES(mutex_);
+    void mark(Mark&& mark) TOVIK_REQUIRES(mutex_);
+    void measure(std::int64_t bytes, std::int64_t frames) TOVIK_REQUIRES(mutex_);
 
     [[nodiscard]] bool over() const TOVIK_REQUIRES(mutex_) { return closed_ || done_; }
 

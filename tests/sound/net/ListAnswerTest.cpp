@@ -81,6 +81,26 @@ TEST(AListAnswer, ThatNamesItselfEnds) {
     EXPECT_EQ(server.connections(), kMostListDepth + 1);
 }
 
+TEST(AListAnswer, WhoseServersAreAwayIsNotEmpty) {
+    const std::string closed =
+        "http://127.0.0.1:" + std::to_string(tovik::test::closedPort()) + "/\n";
+    const auto troubleOf = [](const std::string& list) {
+        ScriptedServer server([&](Peer& peer) {
+            if (peer.path() == "/list") {
+                answer(peer, "audio/x-mpegurl", list);
+            } else {
+                peer.send("HTTP/1.0 404 No\r\n\r\n");
+            }
+        });
+        NetRig rig(server.url("/list"));
+        EXPECT_FALSE(rig.open());
+        return rig.report().trouble;
+    };
+    EXPECT_EQ(troubleOf("/gone\n" + closed + "/gone\n"), StreamTrouble::refused);
+    EXPECT_EQ(troubleOf(closed + "http://no.invalid/\n/gone"), StreamTrouble::refused);
+    EXPECT_EQ(troubleOf("/gone\n"), StreamTrouble::httpError);
+}
+
 TEST(AListAnswer, WithoutEndIsReadAsFarAsItMayBe) {
     ScriptedServer server([](Peer& peer) {
         if (peer.path() != "/list") {

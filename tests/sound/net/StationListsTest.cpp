@@ -45,7 +45,9 @@ TEST(WholeAddress, IsSeenFromItsBase) {
     EXPECT_EQ(wholeAddress("http://host?x/y", "a"), "http://host/a");
     EXPECT_EQ(wholeAddress("https://host/a/b#c/d", "e"), "https://host/a/e");
     EXPECT_EQ(wholeAddress("", "a"), "");
+    EXPECT_EQ(wholeAddress("http://host/a/b?c", "?d"), "http://host/a/b?d");
     EXPECT_EQ(wholeAddress("http://host/", ""), "");
+    EXPECT_EQ(wholeAddress("http://host/", "//"), "");
     EXPECT_EQ(wholeAddress("http://host/", "/play?u=http://b"), "http://host/play?u=http://b");
 }
 
@@ -75,6 +77,9 @@ TEST(KindOfAnAnswer, IsToldByItsBytesBeforeItsType) {
     EXPECT_EQ(kindOfAnswer("text/html", "OggS", false), AnswerKind::page);
     EXPECT_EQ(kindOfAnswer("", "OggS", false), AnswerKind::sound);
     EXPECT_EQ(kindOfAnswer("audio/x-mpegurl", "http://a", false), AnswerKind::list);
+    EXPECT_EQ(kindOfAnswer("text/plain", "http://a\n", false), AnswerKind::list);
+    EXPECT_EQ(kindOfAnswer("application/octet-stream", "\r\nHTTPS://a", false), AnswerKind::list);
+    EXPECT_EQ(kindOfAnswer("text/plain", "http: a word", true), AnswerKind::page);
 }
 
 TEST(AddressesOfAList, TakeLittleMemoryWhateverItsOwnAddressIs) {
@@ -93,6 +98,7 @@ TEST(KindOfAnAnswer, WaitsForAsManyBytesAsItNeeds) {
     EXPECT_EQ(kindOfAnswer("audio/mpeg", "", false), AnswerKind::unsure);
     EXPECT_EQ(kindOfAnswer("audio/mpeg", "<!d", false), AnswerKind::unsure);
     EXPECT_EQ(kindOfAnswer("audio/mpeg", "[playlis", false), AnswerKind::unsure);
+    EXPECT_EQ(kindOfAnswer("audio/mpeg", "https:/", false), AnswerKind::unsure);
     EXPECT_EQ(kindOfAnswer("audio/mpeg", "<!d", true), AnswerKind::sound);
 }
 
