@@ -31,7 +31,9 @@ set(TOVIK_LIBRARIES
     "FLAC ${FLAC_VERSION}"
     "libopenmpt ${OPENMPT_VERSION}"
     "libsoxr ${SOXR_VERSION}"
+    "libcurl ${CURL_VERSION}"
     "libpulse ${PULSE_VERSION}"
+    "libxcb ${XCB_VERSION}"
     "SDL ${SDL2_VERSION}"
     "pugixml ${pugixml_VERSION}"
     "Expat ${EXPAT_VERSION}")

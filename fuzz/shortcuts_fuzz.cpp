@@ -25,6 +25,8 @@ void fill(menus::cMenus& menus, ui::MessageWindow& window) {
     menus.AddItem("-", "bar", top);
     menus.AddItem("Save", "save", top);
     menus.AddItem("Nameless", "", top);
+    menus.AddItem("Of an array", "item(3)", top);
+    menus.ItemVisible(menus.AddItem("Hidden", "hidden", top), false);
 }
 
 } // namespace

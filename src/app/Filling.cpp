@@ -35,7 +35,7 @@ void Filling::bind(commands::Commands& commands) {
     commands.bind(CommandId::addFolder,
                   button([this] { windows_.open(window::WindowId::openDirectory); }));
     // There is nothing more to it: addresses are the business of the radio's panel.
-    commands.bind(CommandId::addLocation, button([] {}));
+    commands.bind(CommandId::locationButton, button([] {}));
     commands.bind(CommandId::removeFromList, button([this] { buttons.delIMG_Click(); }));
     commands.bind(CommandId::clearList, button([this] { buttons.clrIMG_Click(); }));
     commands.bind(CommandId::loadList, button([this] { files.loadImg_Click(); }));

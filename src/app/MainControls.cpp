@@ -4,6 +4,8 @@
 #include "app/ListWatch.h"
 #include "app/SearchField.h"
 
+#include <algorithm>
+
 namespace tovik::app {
 
 using window::MainElement;
@@ -38,9 +40,24 @@ void MainControls::takeFocus() {
     text4_->setFocus();
 }
 
+template <typename Rows>
+ui::ListWidget& MainControls::makeList(MainElement element, const char* objectName, Rows& rows) {
+    auto* const widget = new ui::ListWidget(rows, rows, dispatcher_);
+    widget->setObjectName(QString::fromLatin1(objectName));
+    widget->leaveToWindow(
+        [this](const ui::KeyEvent& key) { return player_.menus().frmTSR.hasAccelerator(key); });
+    rows.showsRowsAt([this, element, widget](std::size_t row) {
+        const ui::Box box = player_.elements().get(element).box();
+        const double scale = box.width / std::max(1, widget->width());
+        const QRect cell = widget->cellPlace(row, 0);
+        return menus::MenuPlace{box.left + cell.left() * scale, box.top + cell.top() * scale,
+                                cell.width() * scale, cell.height() * scale};
+    });
+    return *widget;
+}
+
 void MainControls::addQuickList() {
-    auto* widget = new ui::ListWidget(quickList_, quickList_, dispatcher_);
-    widget->setObjectName(QStringLiteral("List1"));
+    auto* widget = &makeList(MainElement::List1, "List1", quickList_);
     window_.hostControl(MainElement::List1, 0, widget);
     takeFiles(*widget);
     watches_.push_back(std::make_unique<ListWatch>(player_.stdSS(), *widget, false));
@@ -56,8 +73,7 @@ ui::ListWidget& MainControls::addList(MainElement element, const char* objectNam
         list, element == MainElement::lstTracks ? nullptr : &player_.menus().frmTSR,
         element == MainElement::RadioLst ? commands::CommandId::radioInfo
                                          : commands::CommandId::editTag));
-    auto* widget = new ui::ListWidget(rows, rows, dispatcher_);
-    widget->setObjectName(QString::fromLatin1(objectName));
+    auto* widget = &makeList(element, objectName, rows);
     widget->setColours(window::kListColours);
     widget->showTimes();
     widget->setScrollerPicture([this] {

@@ -29,6 +29,10 @@ public:
     void takeFocus();
 
 private:
+    /// A list at the place of an element, whose own keys come after the accelerators of the menus.
+    template <typename Rows>
+    ui::ListWidget& makeList(window::MainElement element, const char* objectName, Rows& rows);
+
     ui::ListWidget& addList(window::MainElement element, const char* objectName,
                             playlist::stdSS& list);
     void addQuickList();

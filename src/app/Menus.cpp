@@ -46,7 +46,10 @@ preferences::AcceleratorMenus Menus::accelerators() {
         });
         return entry == tree.end() ? 0 : frmTSR.m_Menus.IndexForKey(entry->key());
     };
-    return {.menus = &frmTSR.m_Menus, .entryOf = entryOf, .refresh = [this] { frmTSR.refresh(); }};
+    return {.menus = &frmTSR.m_Menus,
+            .entryOf = entryOf,
+            .refresh = [this] { frmTSR.showWords(); },
+            .kept = [this] { return frmTSR.keepsShortcuts(); }};
 }
 
 void Menus::load() {
@@ -62,7 +65,11 @@ void Menus::load() {
 }
 
 void Menus::saveShortcuts() {
-    frmTSR.saveShortcuts(paths_.of(host::DataItem::Shortcuts));
+    try {
+        frmTSR.saveShortcuts(paths_.of(host::DataItem::Shortcuts));
+    } catch (...) {
+        errors_.log(config::currentError(), config::player("kill process"));
+    }
 }
 
 } // namespace tovik::app

@@ -32,6 +32,7 @@ public:
     /// A file of accelerators that cannot be read or is none is logged and left as it is.
     void load();
 
+    /// One that cannot be written is logged, too: more is saved behind it.
     void saveShortcuts();
 
     window::frmTSR frmTSR;

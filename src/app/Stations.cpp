@@ -34,7 +34,10 @@ void Stations::bind(commands::Commands& commands) {
         }
     });
     commands.bind(CommandId::radioInfo, [this] { tellInfo(); });
-    commands.bind(CommandId::addStation, [this] { windows_.open(window::WindowId::addStation); });
+    // The only locations that are kept are stations.
+    for (const CommandId id : {CommandId::addStation, CommandId::addLocation}) {
+        commands.bind(id, [this] { windows_.open(window::WindowId::addStation); });
+    }
     commands.bind(CommandId::startRecording, [this] { player.record(true); });
     commands.bind(CommandId::endRecording, [this] { player.record(false); });
 }

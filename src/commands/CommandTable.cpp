@@ -58,6 +58,7 @@ constexpr auto kTable = std::to_array<Command>({
     {Id::addFile, "File", menu(2)},
     {Id::addFolder, "Folder", menu(3)},
     {Id::addLocation, "Location", menu(4)},
+    {Id::locationButton, "Add location", window(29)},
     {Id::playDrive1, "Audio CD"},
     {Id::playDrive2, "Audio CD"},
     {Id::playDrive3, "Audio CD"},

@@ -37,6 +37,7 @@ enum class CommandId : std::uint8_t {
     addFile,
     addFolder,
     addLocation,
+    locationButton, ///< the panel's button
     playDrive1,
     playDrive2,
     playDrive3,

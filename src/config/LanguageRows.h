@@ -52,6 +52,12 @@ inline constexpr auto kEnglishNames = std::to_array<std::string_view>({
     "14 kHz",
     "16 kHz",
     "Master",
+    "Main menu",
+    "Ripping",
+    "Presets",
+    "Visualisation",
+    "Row of the list",
+    "Audio CD",
 });
 
 /// The English of "TovikLists".
@@ -77,6 +83,8 @@ inline constexpr auto kEnglishPreferences = std::to_array<std::string_view>({
     "Takes effect at the next start",
     "Folder",
     "Folders",
+    "New keys are not kept: shortcuts.dat is no file of this player.",
+    "The key of the last column is that of [x] by now.",
 });
 
 /// The English of "TovikAbout".

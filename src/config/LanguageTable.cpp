@@ -263,6 +263,12 @@ constexpr auto kRows = std::to_array<Row>({
     name(S::TovikNames, 10, "RadioLst"),
     name(S::TovikNames, 11, "lblRDinfo"),
     name(S::TovikNames, 12, "eq_sld", 0, 11),
+    inWindow(S::TovikNames, 23, W::frmTSR, "mnuMain", K::Caption),
+    inWindow(S::TovikNames, 24, W::frmTSR, "mnuRip", K::Caption),
+    inWindow(S::TovikNames, 25, W::frmTSR, "mnuPreset", K::Caption),
+    inWindow(S::TovikNames, 26, W::frmTSR, "vis", K::Caption),
+    inWindow(S::TovikNames, 27, W::frmTSR, "mnupls", K::Caption),
+    inWindow(S::TovikNames, 28, W::frmTSR, "mnuDevice", K::Caption),
 
     put(S::TovikLists, 0, "List1"),
     put(S::TovikLists, 0, "stdSS"),
@@ -277,6 +283,7 @@ constexpr auto kRows = std::to_array<Row>({
     put(S::TovikPreferences, 11, "NextStart", K::Kept),
     inWindow(S::TovikPreferences, 12, W::frmRipDir, "Text1", K::Name),
     inWindow(S::TovikPreferences, 13, W::frmRipDir, "Dir1", K::Name),
+    put(S::TovikPreferences, 14, "ShortcutText", K::Kept, 5, 2),
 
     put(S::TovikAbout, 0, "LibrariesCaption"),
     put(S::TovikAbout, 1, "Licence"),

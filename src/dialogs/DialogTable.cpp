@@ -21,7 +21,7 @@ namespace {
 using window::WindowId;
 
 constexpr std::array kTable = {
-    DialogRow{WindowId::loadPreset, DialogKind::beside,
+    DialogRow{WindowId::loadPreset, DialogKind::first,
               [](const DialogParts& parts) -> Dialog& {
                   return *new LoadPresetDialog(parts.logic.loadPreset, parts.logic.language,
                                                parts.dispatcher, parts.parent);

@@ -56,7 +56,7 @@ void LoadPresetDialog::load() {
 void LoadPresetDialog::press(Button button) {
     dispatcher_.run([&] {
         if (logic_.Command1_Click(button, list_->currentRow())) {
-            hide();
+            accept();
         }
     });
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The dialog with the names of the presets on the screen. It stays open beside the player, so that
-// a curve can be heard before it is kept. Interface thread.
+// The dialog with the names of the presets on the screen. It holds up the player, whose sound goes
+// on, so that a curve can be heard before it is kept. Interface thread.
 #pragma once
 
 #include "config/MultiLNG.h"

@@ -69,9 +69,13 @@ OpenDirectoryDialog::OpenDirectoryDialog(player::frmOpenDirectory& logic,
 }
 
 void OpenDirectoryDialog::load() {
+    const bool again = isVisible();
     dispatcher_.run([this] { logic_.Form_Load(); });
     dispatcher_.run([this] { language_.Load_FRM_addDir_LNG(); });
     setWindowFlag(Qt::WindowStaysOnTopHint, logic_.staysOnTop());
+    if (again) {
+        return; // what the user has chosen since stays
+    }
     choose(logic_.folder());
     if (!tree_->currentIndex().isValid()) {
         choose(QFile::encodeName(QDir::homePath()).toStdString());

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QFile>
 #include <QListWidget>
 #include <QPushButton>
@@ -33,6 +34,21 @@ constexpr auto kLines = std::to_array<ControlLine>({
 
 constexpr int kPagesOfSlider = 10;
 constexpr int kShownRows = 9; ///< of the file types
+
+/// Whoever turns the wheel wants to see more of the page, not to change what the pointer passes.
+class WheelStop final : public QObject {
+public:
+    explicit WheelStop(QWidget& watched) : QObject(&watched) { watched.installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == QEvent::Wheel) {
+            event->ignore();
+            return true;
+        }
+        return false;
+    }
+};
 
 QString nameOf(Control control) {
     return ui::displayString(preferences::rowOf(control).name);
@@ -68,6 +84,9 @@ QWidget& PreferenceControls::make(Control control) {
     };
     QWidget& made = widget();
     made.setObjectName(nameOf(control));
+    if (row.kind == ControlKind::slider || row.kind == ControlKind::choice) {
+        new WheelStop(made);
+    }
     made_.at(at(control)) = &made;
     return made;
 }

@@ -243,21 +243,23 @@ void PreferencesDialog::addPageKey(QKeySequence::StandardKey key, int step) {
 }
 
 void PreferencesDialog::alignCaptions() {
-    // The sliders of a frame begin below each other.
+    // The sliders of a frame begin below each other, and end so.
     for (const preferences::FrameRow& frame : preferences::frameTable()) {
-        std::vector<QLabel*> captions;
-        int width = 0;
-        for (const ControlRow& row : preferences::controlTable()) {
-            const bool standsBeside = row.kind == preferences::ControlKind::slider ||
-                                      row.kind == preferences::ControlKind::choice;
-            const std::string_view name = lineOf(row.control).caption;
-            if (row.frame == frame.name && standsBeside && !name.empty()) {
-                captions.push_back(findChild<QLabel*>(nameOf(name)));
-                width = std::max(width, captions.back()->sizeHint().width());
+        for (const auto words : {&ControlLine::caption, &ControlLine::value, &ControlLine::unit}) {
+            std::vector<QLabel*> labels;
+            int width = 0;
+            for (const ControlRow& row : preferences::controlTable()) {
+                const bool standsBeside = row.kind == preferences::ControlKind::slider ||
+                                          row.kind == preferences::ControlKind::choice;
+                const std::string_view name = lineOf(row.control).*words;
+                if (row.frame == frame.name && standsBeside && !name.empty()) {
+                    labels.push_back(findChild<QLabel*>(nameOf(name)));
+                    width = std::max(width, labels.back()->sizeHint().width());
+                }
             }
-        }
-        for (QLabel* const caption : captions) {
-            caption->setMinimumWidth(width);
+            for (QLabel* const label : labels) {
+                label->setMinimumWidth(width);
+            }
         }
     }
 }

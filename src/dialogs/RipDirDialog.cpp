@@ -52,6 +52,8 @@ RipDirDialog::RipDirDialog(preferences::frmRipDir& logic, config::MultiLNG& lang
 
     connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& current) { path_->setText(folders_->filePath(current)); });
+    // What the model reads comes later, and moves what is shown already.
+    connect(folders_, &QFileSystemModel::directoryLoaded, this, [this] { scrollToPlace(); });
     connect(path_, &QLineEdit::textChanged, this, [this](const QString& path) {
         ok_->setEnabled(preferences::frmRipDir::mayTake(QFile::encodeName(path).toStdString()));
     });
@@ -69,16 +71,23 @@ void RipDirDialog::load() {
 
 void RipDirDialog::showPath(const QString& path) {
     const QString shown = path.isEmpty() ? QDir::homePath() : path;
-    // The folder may be told by a name that is not there: its text stays.
+    // The folder may be told by a name that is not there: its text stays, and the tree stands on
+    // the nearest one that is. Without a place the tree would go to its first when it gets the
+    // keyboard.
     const QSignalBlocker quiet(tree_->selectionModel());
-    const QModelIndex place = folders_->index(shown);
-    if (place.isValid()) {
-        tree_->setCurrentIndex(place);
-        tree_->scrollTo(place, QAbstractItemView::PositionAtCenter);
+    QString nearest = shown;
+    while (!folders_->index(nearest).isValid() && nearest.contains('/')) {
+        nearest.truncate(nearest.lastIndexOf('/'));
     }
+    tree_->setCurrentIndex(folders_->index(nearest.isEmpty() ? QDir::rootPath() : nearest));
+    scrollToPlace();
     path_->setText(shown);
     path_->selectAll();
     path_->setFocus();
+}
+
+void RipDirDialog::scrollToPlace() {
+    tree_->scrollTo(tree_->currentIndex(), QAbstractItemView::PositionAtCenter);
 }
 
 void RipDirDialog::press(Button button) {

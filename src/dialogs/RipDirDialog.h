@@ -28,6 +28,7 @@ public:
 private:
     void press(preferences::frmRipDir::Button button);
     void showPath(const QString& path);
+    void scrollToPlace();
 
     preferences::frmRipDir& logic_;
     config::MultiLNG& language_;

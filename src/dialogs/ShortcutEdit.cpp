@@ -39,13 +39,8 @@ void ShortcutEdit::keyPressEvent(QKeyEvent* event) {
         event->ignore();
         return;
     }
-    const ui::KeyEvent pressed = ui::keyEventOf(*event);
-    const ui::Modifiers& with = pressed.modifiers;
-    const int shift = (with.shift ? menus::AcceleratorKey::kShift : 0) |
-                      (with.control ? menus::AcceleratorKey::kCtrl : 0) |
-                      (with.alt ? menus::AcceleratorKey::kAlt : 0);
     if (keys_) {
-        keys_({.keyCode = pressed.code, .shift = shift});
+        keys_(menus::acceleratorKeyOf(ui::keyEventOf(*event)));
     }
 }
 

@@ -16,7 +16,7 @@ namespace {
 enum Column { kCommand, kKeys, kFixedKey, kColumns };
 
 /// What is said about a row and its keys, by the index of "ShortcutText".
-enum Text { kPressKeys, kIsFixed, kHasOwner, kHides, kNoKeys };
+enum Text { kPressKeys, kIsFixed, kHasOwner, kHides, kNoKeys, kNotKept, kIsTaken };
 
 } // namespace
 
@@ -97,6 +97,9 @@ void ShortcutsPage::showKeys() {
         QTreeWidgetItem& item = *rows_->topLevelItem(static_cast<int>(row));
         item.setText(kKeys, ui::displayString(rows[row].accelerator));
         item.setText(kFixedKey, ui::displayString(rows[row].fixedKey));
+        QFont font = item.font(kFixedKey);
+        font.setStrikeOut(!list_.takerOf(row).empty());
+        item.setFont(kFixedKey, font);
         // Without a brush of its own a row keeps its words readable when it is selected.
         const QBrush brush =
             list_.changeable(row) ? QBrush() : palette().brush(QPalette::Disabled, QPalette::Text);
@@ -117,7 +120,14 @@ void ShortcutsPage::showRow() {
     const bool changeable = list_.changeable(row());
     edit_->setEnabled(changeable);
     showKeys();
-    say(changeable ? kPressKeys : kIsFixed);
+    const std::string taker = list_.takerOf(row());
+    if (!list_.kept()) {
+        say(kNotKept);
+    } else if (!taker.empty()) {
+        say(kIsTaken, ui::displayString(taker));
+    } else {
+        say(changeable ? kPressKeys : kIsFixed);
+    }
 }
 
 void ShortcutsPage::take(const menus::AcceleratorKey& key) {

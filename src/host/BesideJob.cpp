@@ -19,6 +19,8 @@ constexpr std::chrono::milliseconds kMoment{33};
 
 constexpr std::chrono::milliseconds kBetweenSteps{1};
 
+constexpr std::chrono::minutes kLongest{1}; ///< in one go
+
 class Outcome {
 public:
     void finish(std::exception_ptr error) {
@@ -34,6 +36,11 @@ public:
         while (!done_ && changed_.waitUntil(mutex_, end)) {
         }
         return done_;
+    }
+
+    void wait() {
+        while (!waitFor(kLongest)) {
+        }
     }
 
     /// Only once it is done.
@@ -53,7 +60,7 @@ private:
 
 } // namespace
 
-bool runBeside(MessagePump& pump, std::function<void()> job) {
+bool runBeside(MessagePump& pump, std::function<void()> job, AtEnd atEnd) {
     const auto outcome = std::make_shared<Outcome>();
     std::thread([outcome, job = std::move(job)]() mutable {
         std::exception_ptr error;
@@ -65,11 +72,22 @@ bool runBeside(MessagePump& pump, std::function<void()> job) {
         job = nullptr; // what it holds goes before the other thread goes on
         outcome->finish(std::move(error));
     }).detach();
-    for (bool done = outcome->waitFor(kMoment); !done; done = outcome->waitFor(kBetweenSteps)) {
-        if (!pump.Step()) {
-            return false;
+    try {
+        for (bool done = outcome->waitFor(kMoment); !done; done = outcome->waitFor(kBetweenSteps)) {
+            if (!pump.Step()) {
+                if (atEnd == AtEnd::leave) {
+                    return false;
+                }
+                break;
+            }
         }
+    } catch (...) {
+        if (atEnd == AtEnd::finish) {
+            outcome->wait(); // the job may work on what the caller holds
+        }
+        throw;
     }
+    outcome->wait();
     outcome->raise();
     return true;
 }

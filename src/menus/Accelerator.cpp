@@ -2,6 +2,7 @@
 #include "menus/Accelerator.h"
 
 #include "base/Text.h"
+#include "ui/WindowInput.h"
 
 #include <algorithm>
 #include <array>
@@ -73,6 +74,14 @@ int keyNumber(std::string_view name) {
 }
 
 } // namespace
+
+AcceleratorKey acceleratorKeyOf(const ui::KeyEvent& event) noexcept {
+    const ui::Modifiers& with = event.modifiers;
+    return {.keyCode = event.code,
+            .shift = (with.shift ? AcceleratorKey::kShift : 0) |
+                     (with.control ? AcceleratorKey::kCtrl : 0) |
+                     (with.alt ? AcceleratorKey::kAlt : 0)};
+}
 
 std::string acceleratorText(const AcceleratorKey& key) {
     const std::string name = keyName(key.keyCode);

@@ -7,6 +7,10 @@
 #include <string>
 #include <string_view>
 
+namespace tovik::ui {
+struct KeyEvent;
+}
+
 namespace tovik::menus {
 
 /// A key with its shift state.
@@ -21,6 +25,9 @@ struct AcceleratorKey {
 
     friend constexpr bool operator==(const AcceleratorKey&, const AcceleratorKey&) = default;
 };
+
+/// The key that was pressed, as it would be an accelerator.
+[[nodiscard]] AcceleratorKey acceleratorKeyOf(const ui::KeyEvent& event) noexcept;
 
 /// Empty for a key that has no name: it cannot be an accelerator.
 [[nodiscard]] std::string acceleratorText(const AcceleratorKey& key);

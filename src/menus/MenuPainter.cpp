@@ -69,8 +69,12 @@ Colour mixed(Colour one, Colour other, int percentOfOther) {
     return {part(one.red, other.red), part(one.green, other.green), part(one.blue, other.blue)};
 }
 
-std::string_view acceleratorOf(const clsStoreMenu& item) {
-    return item.accelerator.empty() ? item.fixedKey : item.accelerator;
+/// A fixed key is not told where it is the accelerator of another item: that one wins.
+std::string_view acceleratorOf(const cMenus& menus, const clsStoreMenu& item) {
+    if (!item.accelerator.empty()) {
+        return item.accelerator;
+    }
+    return menus.IndexForKeyAccel(item.fixedKey) == 0 ? item.fixedKey : std::string_view();
 }
 
 bool opensMenu(const cMenus& menus, int index) {
@@ -90,8 +94,8 @@ int acceleratorColumn(const cMenus& menus, int index, const ui::TextEngine& engi
     for (int i = 1; i <= menus.ItemCount(); ++i) {
         const clsStoreMenu& item = menus.item(i);
         if (item.parentId == menus.ItemParentID(index) && item.visible &&
-            !acceleratorOf(item).empty()) {
-            widest = std::max(widest, engine.measure(font, acceleratorOf(item)).width);
+            !acceleratorOf(menus, item).empty()) {
+            widest = std::max(widest, engine.measure(font, acceleratorOf(menus, item)).width);
         }
     }
     return widest;
@@ -153,7 +157,8 @@ public:
              {item_.box.left + px_(kImageColumn) + px_(kGap), item_.box.top, arrows,
               item_.box.bottom},
              0);
-        text(acceleratorOf(of), {arrows - accelerators, item_.box.top, arrows, item_.box.bottom},
+        text(acceleratorOf(menus_, of),
+             {arrows - accelerators, item_.box.top, arrows, item_.box.bottom},
              cMemDC::kTextNoPrefix);
         if (opensMenu(menus_, index)) {
             arrow();
@@ -214,7 +219,7 @@ private:
         if (of.checked) {
             fill(column, mixed(colourOf(menus_, menus_.BackColor), {255, 255, 255}, 25));
             edge(column, kSunken);
-        } else if (item_.selected && of.enabled && of.image >= 0) {
+        } else if (item_.selected && of.enabled) {
             edge(column, kRaised);
         }
         if (menus_.ImageList == nullptr) {

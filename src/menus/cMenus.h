@@ -134,6 +134,9 @@ public:
 
     void ItemChecked(int index, bool checked) { at(index).checked = checked; }
 
+    /// Whether the item is one that can be checked: screen readers tell it.
+    void ItemCheckable(int index, bool checkable) { at(index).checkable = checkable; }
+
     [[nodiscard]] bool ItemVisible(int index) const { return at(index).visible; }
 
     void ItemVisible(int index, bool visible) { at(index).visible = visible; }

@@ -108,7 +108,7 @@ bool cMenus::KeyAccelPressed(int keyCode, int shift) {
     const int id = at(index).id;
     // The item's state is set just before it counts.
     if (window_ != nullptr) {
-        window_->send({ui::messages::kInitMenuPopup});
+        window_->send({ui::messages::kInitMenuPopup, at(index).parentId});
     }
     const int now = IndexForID(id);
     if (now == 0 || !at(now).visible) {

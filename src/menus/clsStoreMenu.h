@@ -38,6 +38,7 @@ struct clsStoreMenu {
     bool separator = false;
     bool columnBreak = false; ///< begins a new column
     bool enabled = true;
+    bool checkable = false; ///< shows a state also while it is not checked
     bool checked = false;
     bool visible = true;
     CheckedStyle checkedStyle = CheckedStyle::Check;

@@ -25,6 +25,19 @@ constexpr auto kListKeys = std::to_array<std::string_view>({
     "Alt+Up, Alt+Down",
 });
 
+/// One row may tell several keys.
+bool tells(std::string_view keys, std::string_view accelerator) {
+    constexpr std::string_view kBetween = ", ";
+    for (std::size_t end = 0; end != std::string_view::npos;) {
+        end = keys.find(kBetween);
+        if (menus::sameAccelerator(keys.substr(0, end), accelerator)) {
+            return true;
+        }
+        keys.remove_prefix(std::min(keys.size(), end + kBetween.size()));
+    }
+    return false;
+}
+
 } // namespace
 
 void ShortcutList::load() {
@@ -53,6 +66,16 @@ const std::string& ShortcutList::acceleratorOf(int entry) const {
     return row == rows_.end() ? menus_.menus->ItemKeyAccel(entry) : row->accelerator;
 }
 
+std::string ShortcutList::takerOf(std::size_t row) const {
+    const int count = menus_.menus != nullptr ? menus_.menus->ItemCount() : 0;
+    for (int entry = 1; entry <= count; ++entry) {
+        if (entry != rows_.at(row).entry && tells(rows_.at(row).fixedKey, acceleratorOf(entry))) {
+            return ui::mnemonicOf(menus_.menus->ItemCaption(entry)).text;
+        }
+    }
+    return {};
+}
+
 void ShortcutList::give(std::size_t row, const std::string& accelerator) {
     const int entry = rows_.at(row).entry;
     for (ShortcutRow& same : rows_) {
@@ -76,7 +99,7 @@ ShortcutList::Answer ShortcutList::set(std::size_t row, const menus::Accelerator
     Answer answer{.taken = true};
     for (std::size_t other = 0; other < rows_.size(); ++other) {
         if (rows_.at(other).command != rows_.at(row).command &&
-            menus::sameAccelerator(rows_.at(other).fixedKey, text)) {
+            tells(rows_.at(other).fixedKey, text)) {
             answer.hidden = other;
         }
     }

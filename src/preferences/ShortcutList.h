@@ -27,6 +27,9 @@ struct AcceleratorMenus {
 
     /// Brings the captions up to date; empty: they are.
     std::function<void()> refresh{};
+
+    /// Whether changes will be found again at the next start; empty: they will.
+    std::function<bool()> kept{};
 };
 
 struct ShortcutRow {
@@ -46,6 +49,13 @@ public:
     void load();
 
     [[nodiscard]] const std::vector<ShortcutRow>& rows() const { return rows_; }
+
+    /// Whether what is changed will be found again at the next start.
+    [[nodiscard]] bool kept() const { return !menus_.kept || menus_.kept(); }
+
+    /// The entry that has the fixed key of a row for its accelerator, as its menu calls it; empty
+    /// when none has.
+    [[nodiscard]] std::string takerOf(std::size_t row) const;
 
     [[nodiscard]] bool changeable(std::size_t row) const { return rows_.at(row).entry != 0; }
 

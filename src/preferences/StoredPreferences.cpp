@@ -165,6 +165,20 @@ std::string textFor(const StoredRow& row, const PreferenceValues& values) {
     return {};
 }
 
+/// A number beyond what its slider can show is still there where nobody moved the slider.
+bool showsTheSame(const StoredRow& row, const std::string& kept, const PreferenceValues& values) {
+    if (row.form != Form::number) {
+        return false;
+    }
+    PreferenceValues shown;
+    try {
+        shown.setNumber(row.control, wholeNumber(kept));
+    } catch (const base::RuntimeError&) {
+        return false;
+    }
+    return shown.number(row.control) == values.number(row.control);
+}
+
 const player::SettingRow& settingOf(const StoredRow& row) {
     return player::kSettingTable.at(row.key.row);
 }
@@ -209,8 +223,9 @@ void writePreferences(config::Settings& settings, const PreferenceValues& values
                 continue;
             } else if (setting.owner == player::KeyOf::player) {
                 config::Settings::makeOrWrite(xml, setting.key, textFor(row, values));
-            } else {
-                xml.WriteNode(config::Settings::pathOf(setting.key), textFor(row, values));
+            } else if (const std::string path = config::Settings::pathOf(setting.key);
+                       !showsTheSame(row, xml.ReadNode(path), values)) {
+                xml.WriteNode(path, textFor(row, values));
             }
         }
     });

@@ -6,6 +6,7 @@
 #include "preferences/StoredPreferences.h"
 #include "ui/Twips.h"
 
+#include <array>
 #include <optional>
 #include <utility>
 
@@ -15,6 +16,13 @@ namespace {
 
 constexpr const char* kVersionHistory = "vh.txt";
 constexpr std::int64_t kMostHistoryBytes = 1 << 20;
+
+constexpr auto kModes = std::to_array<std::pair<Control, bool player::PlayerState::*>>({
+    {Control::Check7, &player::PlayerState::CrossfadeOn},
+    {Control::Check8, &player::PlayerState::SilenceSkipOn},
+    {Control::Check10, &player::PlayerState::ShuffleOn},
+    {Control::Check11, &player::PlayerState::RepeatOn},
+});
 
 /// Runs the body; an error ends it there and is shown. Returns whether there was none.
 template <typename Body>
@@ -45,6 +53,12 @@ void frmPreferences::Form_Load() {
 void frmPreferences::get_settings() {
     values_ = {};
     trap(p_.core.errors, [&] { readPreferences(p_.core.settings, values_); });
+    // The settings keep these at the end of the program: until then the player knows better.
+    for (const auto& [control, flag] : kModes) {
+        if (values_.known(control) && p_.core.state.LoadFinished) {
+            values_.setNumber(control, p_.core.state.*flag ? 1 : 0);
+        }
+    }
 }
 
 bool frmPreferences::save_settings() {

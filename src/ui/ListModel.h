@@ -65,6 +65,9 @@ public:
     /// The same where no row is.
     virtual void contextNowhere() {}
 
+    /// A key that asks was pressed with that row as the current one, which is in sight.
+    virtual void contextByKey(std::size_t /*row*/) {}
+
     /// Which modifiers are down while the list has the keyboard.
     virtual void holdModifiers(Modifiers /*modifiers*/) {}
 

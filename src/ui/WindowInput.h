@@ -75,6 +75,9 @@ public:
     /// Whether the key was used; an unused one goes on to the window system.
     virtual bool keyDown(const KeyEvent& /*event*/) { return false; }
 
+    /// Whether a key is to come here before the element that has the keyboard may use it.
+    [[nodiscard]] virtual bool claimsKey(const KeyEvent& /*event*/) const { return false; }
+
     /// The window stands elsewhere on the screen.
     virtual void windowMoved() {}
 

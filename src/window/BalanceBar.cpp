@@ -34,8 +34,8 @@ bool isLit(std::size_t lamp, std::size_t step) {
 
 void BalanceBar::click(std::size_t lamp) {
     if (balance_.Balbar_Click(static_cast<std::int16_t>(lamp))) {
-        core_.screen.playing.balanceText = text(lamp, lamp);
-        core_.screen.showBalance();
+        percentStep_ = lamp;
+        showText();
     }
 }
 
@@ -53,7 +53,12 @@ void BalanceBar::showBalanceLevel(std::int16_t pan) {
 }
 
 void BalanceBar::showStartText() {
-    core_.screen.playing.balanceText = text(stepOf(core_.state.BalanceValue), kStartPercentStep);
+    percentStep_ = kStartPercentStep;
+    showText();
+}
+
+void BalanceBar::showText() {
+    core_.screen.playing.balanceText = text(stepOf(core_.state.BalanceValue), percentStep_);
     core_.screen.showBalance();
 }
 

@@ -28,6 +28,9 @@ public:
     /// Words for the balance that the settings brought.
     void showStartText();
 
+    /// The words anew, in the language of now.
+    void showText();
+
     /// While the pointer is held over a lamp, the words of its step are shown.
     void hover(std::size_t lamp);
 
@@ -40,6 +43,7 @@ private:
     const player::Core& core_;
     player::Balance& balance_;
     MainElements& elements_;
+    std::size_t percentStep_ = 0; ///< whose percentage the words tell
 };
 
 } // namespace tovik::window

@@ -74,9 +74,18 @@ void ListRows::contextRow(std::size_t row) {
 }
 
 void ListRows::contextNowhere() {
+    popUp({});
+}
+
+void ListRows::contextByKey(std::size_t row) {
+    list_.SelectedIndex = numberOf(row);
+    popUp(place_ ? std::optional(place_(row)) : std::nullopt);
+}
+
+void ListRows::popUp(const std::optional<menus::MenuPlace>& place) {
     list_.ContextClick();
     if (menus_ != nullptr) {
-        menus_->popUpFor({this, this, info_});
+        menus_->popUpFor({this, this, info_}, place);
     }
 }
 

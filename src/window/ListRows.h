@@ -7,6 +7,8 @@
 #include "ui/ListModel.h"
 #include "window/MenuPopper.h"
 
+#include <utility>
+
 namespace tovik::window {
 
 /// The colours of all three lists. Words stand out from what is behind them by 4.5 at least.
@@ -36,6 +38,9 @@ public:
                       commands::CommandId info = commands::CommandId::editTag)
         : list_(list), menus_(menus), info_(info) {}
 
+    /// Where a menu that a key asks for appears; without it at the pointer.
+    void showsRowsAt(RowPlace place) { place_ = std::move(place); }
+
     [[nodiscard]] std::size_t rows() const override;
     [[nodiscard]] std::string text(std::size_t row) const override;
     [[nodiscard]] std::string numberText(std::size_t row) const override;
@@ -54,6 +59,7 @@ public:
 
     void contextRow(std::size_t row) override;
     void contextNowhere() override;
+    void contextByKey(std::size_t row) override;
     void holdModifiers(ui::Modifiers modifiers) override;
 
     [[nodiscard]] bool movesRows() const override { return true; }
@@ -62,9 +68,12 @@ public:
     bool removeRows() override;
 
 private:
+    void popUp(const std::optional<menus::MenuPlace>& place);
+
     playlist::stdSS& list_;
     MenuPopper* menus_;
     commands::CommandId info_;
+    RowPlace place_;
 };
 
 } // namespace tovik::window

@@ -23,20 +23,20 @@ constexpr auto kPress = std::to_array<PressButton>({
 });
 
 constexpr auto kClick = std::to_array<ClickButton>({
-    {N::ShuffleBT, 0, Id::shuffle},      {N::LoopBT, 0, Id::repeat},
-    {N::CfdBT, 0, Id::crossfade},        {N::sldBT, 0, Id::silenceSkip},
-    {N::qpl_but, 0, Id::foldQuickList},  {N::mainbt, 0, Id::mainPanel},
-    {N::eqbt, 0, Id::equalizerPanel},    {N::plbt, 0, Id::playlistPanel},
-    {N::ripbt, 0, Id::ripPanel},         {N::irtbt, 0, Id::radioPanel},
-    {N::EQ_on, 0, Id::equalizer},        {N::EQ_off, 0, Id::equalizer},
-    {N::resetbt, 0, Id::resetEqualizer}, {N::presetbt, 0, Id::presetMenu},
-    {N::addfileIMG, 0, Id::addFile},     {N::adddirIMG, 0, Id::addFolder},
-    {N::addlocIMG, 0, Id::addLocation},  {N::delIMG, 0, Id::removeFromList},
-    {N::clrIMG, 0, Id::clearList},       {N::loadImg, 0, Id::loadList},
-    {N::SaveImg, 0, Id::saveList},       {N::ripperbt, 0, Id::ripMenu},
-    {N::cancelrip, 0, Id::cancelRip},    {N::Image1, 0, Id::radioPlay},
-    {N::Image1, 1, Id::addStation},      {N::Image1, 2, Id::radioDelete},
-    {N::Image1, 3, Id::startRecording},  {N::Image1, 4, Id::endRecording},
+    {N::ShuffleBT, 0, Id::shuffle},        {N::LoopBT, 0, Id::repeat},
+    {N::CfdBT, 0, Id::crossfade},          {N::sldBT, 0, Id::silenceSkip},
+    {N::qpl_but, 0, Id::foldQuickList},    {N::mainbt, 0, Id::mainPanel},
+    {N::eqbt, 0, Id::equalizerPanel},      {N::plbt, 0, Id::playlistPanel},
+    {N::ripbt, 0, Id::ripPanel},           {N::irtbt, 0, Id::radioPanel},
+    {N::EQ_on, 0, Id::equalizer},          {N::EQ_off, 0, Id::equalizer},
+    {N::resetbt, 0, Id::resetEqualizer},   {N::presetbt, 0, Id::presetMenu},
+    {N::addfileIMG, 0, Id::addFile},       {N::adddirIMG, 0, Id::addFolder},
+    {N::addlocIMG, 0, Id::locationButton}, {N::delIMG, 0, Id::removeFromList},
+    {N::clrIMG, 0, Id::clearList},         {N::loadImg, 0, Id::loadList},
+    {N::SaveImg, 0, Id::saveList},         {N::ripperbt, 0, Id::ripMenu},
+    {N::cancelrip, 0, Id::cancelRip},      {N::Image1, 0, Id::radioPlay},
+    {N::Image1, 1, Id::addStation},        {N::Image1, 2, Id::radioDelete},
+    {N::Image1, 3, Id::startRecording},    {N::Image1, 4, Id::endRecording},
 });
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/MainInput.h"
 
+#include "menus/Accelerator.h"
 #include "ui/Twips.h"
 #include "window/TimeDisplay.h"
 
@@ -25,10 +26,14 @@ const PressButton* pressedOf(const ui::PointerEvent& event) {
     return found == pressButtons().end() ? nullptr : &*found;
 }
 
-int shiftState(const ui::Modifiers& modifiers) {
-    return (modifiers.shift ? commands::ClsShortcut::kShift : 0) |
-           (modifiers.control ? commands::ClsShortcut::kCtrl : 0) |
-           (modifiers.alt ? commands::ClsShortcut::kAlt : 0);
+/// Held down, such a key would undo with each repetition what it did.
+bool flips(const menus::AcceleratorKey& key) {
+    const auto map = commands::ClsShortcut::map();
+    const auto row = std::ranges::find_if(
+        map, [&](const auto& one) { return one.keyCode == key.keyCode && one.shift == key.shift; });
+    return row != map.end() &&
+           (row->command == commands::CommandId::pause ||
+            commands::commandOf(row->command).kind == commands::CommandKind::toggle);
 }
 
 } // namespace
@@ -153,10 +158,13 @@ void MainInput::wheel(const ui::PointerEvent& event, double notches) {
 }
 
 bool MainInput::keyDown(const ui::KeyEvent& event) {
+    const menus::AcceleratorKey pressed = menus::acceleratorKeyOf(event);
+    if (event.repeated && (claimsKey(event) || flips(pressed))) {
+        return true;
+    }
     bool used = true;
     config::guard(p_.core.errors, config::player("Keydown"), [&] {
-        used = keyWindow_.send({ui::messages::kKeyDown, event.code, shiftState(event.modifiers)}) !=
-                   0 ||
+        used = keyWindow_.send({ui::messages::kKeyDown, pressed.keyCode, pressed.shift}) != 0 ||
                popUpByKey(event);
     });
     if (!used && event.code == kEscape) {
@@ -164,6 +172,10 @@ bool MainInput::keyDown(const ui::KeyEvent& event) {
         used = true;
     }
     return used;
+}
+
+bool MainInput::claimsKey(const ui::KeyEvent& event) const {
+    return p_.menus != nullptr && p_.menus->hasAccelerator(event);
 }
 
 /// Before the start has put it where the settings say, its place is nobody's choice.

@@ -47,6 +47,9 @@ public:
     void wheel(const ui::PointerEvent& event, double notches) override;
 
     bool keyDown(const ui::KeyEvent& event) override;
+
+    /// The accelerators of the menus come before what lists and buttons do with a key.
+    [[nodiscard]] bool claimsKey(const ui::KeyEvent& event) const override;
     void windowMoved() override;
     void closeRequested() override;
 

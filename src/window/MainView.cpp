@@ -75,6 +75,10 @@ void MainView::showModes() {
 
 void MainView::showWords() {
     volumeBar.showText();
+    // Before the start has told the balance there are no words to be put into another language.
+    if (!core.screen.playing.balanceText.empty()) {
+        balanceBar.showText();
+    }
     core.screen.showStopNote();
 }
 

@@ -5,8 +5,11 @@
 #include "commands/CommandTable.h"
 #include "menus/MenuFacility.h"
 #include "ui/ListModel.h"
+#include "ui/WindowInput.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 
 namespace tovik::window {
@@ -27,6 +30,9 @@ struct MenuList {
     commands::CommandId info = commands::CommandId::editTag; ///< tells of the selected row
 };
 
+/// Where a row of a list is in the main window.
+using RowPlace = std::function<menus::MenuPlace(std::size_t row)>;
+
 class MenuPopper {
 public:
     virtual ~MenuPopper() = default;
@@ -37,8 +43,11 @@ public:
     /// the pointer. Nothing on a window that has no menus.
     virtual void popUp(MenuRoot root, const std::optional<menus::MenuPlace>& place = {}) = 0;
 
-    /// Shows the menu of a list's rows at the pointer; what is chosen acts on that list.
-    virtual void popUpFor(MenuList list) = 0;
+    /// Shows the menu of a list's rows, at the place likewise; what is chosen acts on that list.
+    virtual void popUpFor(MenuList list, const std::optional<menus::MenuPlace>& place = {}) = 0;
+
+    /// Whether an entry of a menu has that key for its accelerator.
+    [[nodiscard]] virtual bool hasAccelerator(const ui::KeyEvent& /*key*/) const { return false; }
 
 protected:
     MenuPopper() = default;

@@ -48,13 +48,21 @@ void QuickListRows::contextRow(std::size_t /*row*/) {
 }
 
 void QuickListRows::contextNowhere() {
+    popUp({});
+}
+
+void QuickListRows::contextByKey(std::size_t row) {
+    popUp(place_ ? std::optional(place_(row)) : std::nullopt);
+}
+
+void QuickListRows::popUp(const std::optional<menus::MenuPlace>& place) {
     if (menus_ != nullptr) {
         // What tells of a row goes by the playlist, which may have another one selected.
         const playlist::Row row = mirror_.ListIndex() + 1;
         if (row > 0 && row != list_.SelectedIndex) {
             list_.SelectIndex(row);
         }
-        menus_->popUpFor({this, this});
+        menus_->popUpFor({this, this}, place);
     }
 }
 

@@ -8,6 +8,8 @@
 #include "ui/ListModel.h"
 #include "window/MenuPopper.h"
 
+#include <utility>
+
 namespace tovik::window {
 
 /// Titles with the selection of `List1`.
@@ -17,6 +19,9 @@ public:
     QuickListRows(playlist::ListMirror& mirror, playlist::stdSS& list, player::RowPlayer& player,
                   MenuPopper* menus = nullptr)
         : mirror_(mirror), list_(list), player_(player), menus_(menus) {}
+
+    /// Where a menu that a key asks for appears; without it at the pointer.
+    void showsRowsAt(RowPlace place) { place_ = std::move(place); }
 
     [[nodiscard]] std::size_t rows() const override;
     [[nodiscard]] std::string text(std::size_t row) const override;
@@ -29,6 +34,7 @@ public:
     void activateRow(std::size_t row) override;
     void contextRow(std::size_t row) override;
     void contextNowhere() override;
+    void contextByKey(std::size_t row) override;
 
     [[nodiscard]] bool movesRows() const override { return true; }
 
@@ -39,10 +45,13 @@ public:
     bool removeRows() override;
 
 private:
+    void popUp(const std::optional<menus::MenuPlace>& place);
+
     playlist::ListMirror& mirror_;
     playlist::stdSS& list_;
     player::RowPlayer& player_;
     MenuPopper* menus_;
+    RowPlace place_;
 };
 
 } // namespace tovik::window

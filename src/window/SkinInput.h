@@ -35,6 +35,10 @@ public:
 
     bool keyDown(const ui::KeyEvent& event) override { return next_.keyDown(event); }
 
+    [[nodiscard]] bool claimsKey(const ui::KeyEvent& event) const override {
+        return next_.claimsKey(event);
+    }
+
     void windowMoved() override { next_.windowMoved(); }
 
     void closeRequested() override { next_.closeRequested(); }

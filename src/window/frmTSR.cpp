@@ -4,6 +4,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "commands/ClsShortcut.h"
+#include "config/Fields.h"
 #include "menus/Accelerator.h"
 
 #include <algorithm>
@@ -26,7 +27,8 @@ constexpr std::array kRoots = {"mnuMain", "mnuRip", "mnuPreset", "vis", "mnupls"
 constexpr std::array kDevices = {"mnuDevice1", "mnuDevice2", "mnuDevice3", "mnuDevice4",
                                  "mnuDevice5"};
 constexpr std::string_view kLineBelowDevices = "mnublank2";
-constexpr std::string_view kDeviceCaption = "Audio CD";
+constexpr std::string_view kDevice = "mnuDevice"; ///< by which languages know all of them
+constexpr const char* kDeviceCaption = "Audio CD";
 
 constexpr std::string_view kVisual = "sp";
 constexpr int kFirstPlugin = 3; ///< the index of the first entry of a plug-in
@@ -53,7 +55,9 @@ frmTSR::frmTSR(const commands::Commands& commands, const config::MenuTexts& text
     : commands_(commands), texts_(texts), window_(window),
       messages_([this](const ui::WindowMessage& message) {
           if (message.number == ui::messages::kInitMenuPopup) {
-              refresh();
+              // Who showed the menu has told of an error by now; a command raises its own.
+              showWords();
+              refreshBelow(m_Menus.IndexForID(static_cast<int>(message.wParam)), false);
           }
           return ui::MessageResult{0};
       }) {}
@@ -75,9 +79,12 @@ void frmTSR::Form_Load() {
         const int index = m_Menus.IndexForKey(entry.key());
         entries_.emplace(entry.key(), &entry);
         m_Menus.ItemImage(index, entry.image);
-        if (entry.command != CommandId::none &&
-            commands::commandOf(entry.command).kind == CommandKind::choice) {
-            m_Menus.ItemCheckedStyle(index, menus::CheckedStyle::Radio);
+        if (entry.command != CommandId::none) {
+            const CommandKind kind = commands::commandOf(entry.command).kind;
+            m_Menus.ItemCheckable(index, kind != CommandKind::action);
+            m_Menus.ItemCheckedStyle(index, kind == CommandKind::choice
+                                                ? menus::CheckedStyle::Radio
+                                                : menus::CheckedStyle::Check);
         }
     }
     fillFixedKeys();
@@ -124,20 +131,26 @@ void frmTSR::saveShortcuts(const std::string& fileName) {
 }
 
 void frmTSR::showDrives(std::string_view letters) {
-    bool any = false;
-    for (const std::string_view device : kDevices) {
-        const std::size_t end = letters.find('|');
-        const std::string_view drive = letters.substr(0, end);
-        letters.remove_prefix(end == std::string_view::npos ? letters.size() : end + 1);
-        const int index = m_Menus.IndexForKey(device);
-        m_Menus.ItemVisible(index, !drive.empty());
-        if (!drive.empty()) {
-            m_Menus.ItemCaption(index, std::string(kDeviceCaption) + " " +
-                                           base::toUpperAscii(drive) + ":");
-            any = true;
+    drives_.clear();
+    const config::Fields fields(letters, '|');
+    for (const std::string& letter : fields.all()) {
+        if (!letter.empty() && drives_.size() < kDevices.size()) {
+            drives_.push_back(base::toUpperAscii(letter));
         }
     }
-    m_Menus.ItemVisible(m_Menus.IndexForKey(kLineBelowDevices), any);
+    for (std::size_t number = 0; number < kDevices.size(); ++number) {
+        m_Menus.ItemVisible(m_Menus.IndexForKey(kDevices.at(number)), number < drives_.size());
+    }
+    m_Menus.ItemVisible(m_Menus.IndexForKey(kLineBelowDevices), !drives_.empty());
+    nameDrives();
+}
+
+void frmTSR::nameDrives() {
+    const std::string word = texts_.has(kDevice) ? texts_.caption(kDevice) : kDeviceCaption;
+    for (std::size_t number = 0; number < drives_.size(); ++number) {
+        m_Menus.ItemCaption(m_Menus.IndexForKey(kDevices.at(number)),
+                            word + " " + drives_[number] + ":");
+    }
 }
 
 void frmTSR::addVisualisations(std::span<const std::string> names) {
@@ -154,20 +167,36 @@ void frmTSR::addVisualisations(std::span<const std::string> names) {
     }
 }
 
-void frmTSR::refresh() {
+void frmTSR::showWords() {
+    nameDrives();
     for (const auto& [key, entry] : entries_) {
-        refresh(m_Menus.IndexForKey(key), *entry);
+        if (texts_.has(entry->name, entry->index.value_or(0))) {
+            m_Menus.ItemCaption(m_Menus.IndexForKey(key),
+                                texts_.caption(entry->name, entry->index.value_or(0)));
+        }
     }
 }
 
-void frmTSR::refresh(int index, const MenuEntry& entry) {
-    if (texts_.has(entry.name, entry.index.value_or(0))) {
-        m_Menus.ItemCaption(index, texts_.caption(entry.name, entry.index.value_or(0)));
+/// Only what is to be seen is asked: some states are read from a file. Returns the first error.
+std::exception_ptr frmTSR::refreshBelow(int parent, bool deep) {
+    std::exception_ptr failure;
+    for (const int index : m_Menus.itemsBelow(parent)) {
+        const auto found = entries_.find(m_Menus.ItemKey(index));
+        if (found != entries_.end() && found->second->command != CommandId::none) {
+            try {
+                const CommandId command = found->second->command;
+                m_Menus.ItemEnabled(index, commands_.enabled(command));
+                m_Menus.ItemChecked(index, commands_.checked(command));
+            } catch (...) {
+                failure = failure ? failure : std::current_exception();
+            }
+        }
+        if (deep) {
+            const std::exception_ptr below = refreshBelow(index, deep);
+            failure = failure ? failure : below;
+        }
     }
-    if (entry.command != CommandId::none) {
-        m_Menus.ItemEnabled(index, commands_.enabled(entry.command));
-        m_Menus.ItemChecked(index, commands_.checked(entry.command));
-    }
+    return failure;
 }
 
 void frmTSR::popUp(MenuRoot root, const std::optional<menus::MenuPlace>& place) {
@@ -179,15 +208,23 @@ void frmTSR::popUp(MenuRoot root, const std::optional<menus::MenuPlace>& place) 
         facility_ = window_.makeMenus(m_Menus, messages_);
     }
     if (facility_) {
-        refresh();
+        showWords();
+        const std::exception_ptr failure = refreshBelow(index, true);
         m_Menus.BuildOn(*facility_);
         m_Menus.PopUpMenu(index, place);
+        if (failure) {
+            std::rethrow_exception(failure);
+        }
     }
 }
 
-void frmTSR::popUpFor(MenuList list) {
+void frmTSR::popUpFor(MenuList list, const std::optional<menus::MenuPlace>& place) {
     list_ = list;
-    popUp(MenuRoot::mnupls);
+    popUp(MenuRoot::mnupls, place);
+}
+
+bool frmTSR::hasAccelerator(const ui::KeyEvent& key) const {
+    return m_Menus.IndexForKeyAccel(menus::acceleratorText(menus::acceleratorKeyOf(key))) != 0;
 }
 
 bool frmTSR::listHasSelection() const {

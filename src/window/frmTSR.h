@@ -10,11 +10,13 @@
 #include "window/MenuPopper.h"
 #include "window/PlayerWindow.h"
 
+#include <exception>
 #include <map>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tovik::window {
 
@@ -38,18 +40,25 @@ public:
     /// failure to write.
     void saveShortcuts(const std::string& fileName);
 
+    /// Whether a changed accelerator will be found again: not while the file is none of ours.
+    [[nodiscard]] bool keepsShortcuts() const { return !shortcutsForeign_; }
+
     /// One entry for each drive, up to five; letters told apart by "|".
     void showDrives(std::string_view letters);
 
     /// One entry for each plug-in with a name, in their order, behind the built-in spectrum; once.
     void addVisualisations(std::span<const std::string> names);
 
+    /// An entry whose state cannot be told keeps the one it had: the menu is shown, and then the
+    /// error is raised.
     void popUp(MenuRoot root, const std::optional<menus::MenuPlace>& place = {}) override;
-    void popUpFor(MenuList list) override;
+    void popUpFor(MenuList list, const std::optional<menus::MenuPlace>& place = {}) override;
 
-    /// Captions, check marks and what is enabled follow language and commands. Happens by itself
-    /// before a menu is shown and before an accelerator counts.
-    void refresh();
+    [[nodiscard]] bool hasAccelerator(const ui::KeyEvent& key) const override;
+
+    /// Captions follow the language. Happens by itself before a menu is shown and before an
+    /// accelerator counts, as do check marks and what is enabled there.
+    void showWords();
 
     // What the commands of the list's menu do; nothing without a selection.
     void mnuplsPlay();
@@ -62,8 +71,9 @@ public:
     menus::cMenus m_Menus;
 
 private:
-    void refresh(int index, const commands::MenuEntry& entry);
+    std::exception_ptr refreshBelow(int parent, bool deep);
     void fillFixedKeys();
+    void nameDrives();
 
     const commands::Commands& commands_;
     const config::MenuTexts& texts_;
@@ -71,7 +81,8 @@ private:
     ui::MessageWindow messages_;
     std::map<std::string, const commands::MenuEntry*, std::less<>> entries_; ///< by their keys
     std::unique_ptr<menus::MenuFacility> facility_;
-    MenuList list_; ///< that was asked for its menu last
+    MenuList list_;                   ///< that was asked for its menu last
+    std::vector<std::string> drives_; ///< their letters
     bool shortcutsForeign_ = false;
 };
 

@@ -133,6 +133,34 @@ TEST_F(RipDirDialog, bearsItsOwnCaptionUntilALanguageNamesIt) {
     });
 }
 
+TEST_F(RipDirDialog, whatIsTypedStaysWhenTheTreeGetsTheKeyboard) {
+    std::filesystem::create_directories(host_.folder / "rips");
+    ask(host_.folder / "rips/not yet/there", [&](QDialog& dialog) {
+        auto& tree = control<QTreeView>(dialog, "Dir1");
+        auto& path = control<QLineEdit>(dialog, "Text1");
+        const auto* const model = qobject_cast<QFileSystemModel*>(tree.model());
+        EXPECT_EQ(model->filePath(tree.currentIndex()).toStdString(), host_.folder / "rips");
+        path.setText("/somewhere/new");
+        dialog.activateWindow();
+        QTest::keyClick(&path, Qt::Key_Tab);
+        tree.setFocus(Qt::TabFocusReason);
+        EXPECT_EQ(path.text(), "/somewhere/new");
+        QTest::keyClick(&tree, Qt::Key_Up);
+        EXPECT_NE(path.text(), "/somewhere/new") << "a row that was chosen";
+    });
+}
+
+TEST_F(RipDirDialog, theTreeScrollsToTheFolderOnceItIsRead) {
+    std::filesystem::create_directories(host_.folder / "rips/one");
+    ask(host_.folder / "rips/one", [](QDialog& dialog) {
+        auto& tree = control<QTreeView>(dialog, "Dir1");
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            return tree.viewport()->rect().intersects(tree.visualRect(tree.currentIndex())) &&
+                   tree.visualRect(tree.currentIndex()).height() > 0;
+        }));
+    });
+}
+
 TEST_F(RipDirDialog, aChosenRowOfTheTreeIsThePath) {
     std::filesystem::create_directories(host_.folder / "rips/one");
     ask(host_.folder / "rips", [&](QDialog& dialog) {

@@ -56,7 +56,7 @@ TEST_F(Filling, theDialogsBearTheTitlesOfTheLanguage) {
 
 TEST_F(Filling, everyButtonOfThePanelHasATarget) {
     begin();
-    for (const CommandId id : {CommandId::addFile, CommandId::addFolder, CommandId::addLocation,
+    for (const CommandId id : {CommandId::addFile, CommandId::addFolder, CommandId::locationButton,
                                CommandId::removeFromList, CommandId::clearList, CommandId::loadList,
                                CommandId::saveList}) {
         EXPECT_TRUE(run(id));

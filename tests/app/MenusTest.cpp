@@ -36,5 +36,31 @@ TEST_F(Menus, theInfoOfTheQuickListIsThatOfItsOwnSelection) {
     EXPECT_THAT(windows_.opened, ElementsAre(WindowId::mp3Tag));
 }
 
+TEST_F(Menus, aLocationIsAddedToTheStationsAndTheButtonOnlyGivesTheFocus) {
+    player().commands().run(CommandId::locationButton);
+    EXPECT_THAT(windows_.opened, testing::IsEmpty());
+    player().commands().run(CommandId::addLocation);
+    EXPECT_THAT(windows_.opened, ElementsAre(WindowId::addStation));
+}
+
+TEST_F(Menus, shortcutsThatCannotBeSavedKeepNothingElseFromBeingSaved) {
+    auto& menus = player().menus().frmTSR.m_Menus;
+    menus.ItemKeyAccel(menus.IndexForKey("mnuExit"), "Ctrl+Q");
+    std::filesystem::create_directories(host_.folder / "db/shortcuts.dat/in the way");
+    player().commands().run(CommandId::shuffle);
+    player().kill_me();
+    EXPECT_EQ(setting("SHF"), "1");
+    EXPECT_THAT(logged(), testing::SizeIs(1));
+}
+
+TEST_F(Menus, aMissingSettingKeepsNoMenuAndNoAcceleratorBack) {
+    host_.folder.write(kSettings, "<Settings/>");
+    auto& menus = player().menus().frmTSR.m_Menus;
+    menus.ItemKeyAccel(menus.IndexForKey("mnuLoop"), "Ctrl+R");
+    const bool before = player().state().RepeatOn;
+    EXPECT_TRUE(menus.KeyAccelPressed('R', 2));
+    EXPECT_NE(player().state().RepeatOn, before);
+}
+
 } // namespace
 } // namespace tovik::test

@@ -61,6 +61,14 @@ TEST_F(OpenDirectoryDialog, addsAnotherFolder) {
     EXPECT_EQ(setting("CFLD"), host_.folder / "m/d");
 }
 
+TEST_F(OpenDirectoryDialog, whatIsChosenStaysWhenItIsAskedForAgain) {
+    open();
+    dialog_->choose(host_.folder / "m/d");
+    open();
+    press("Command1");
+    EXPECT_EQ(setting("CFLD"), host_.folder / "m/d");
+}
+
 TEST_F(OpenDirectoryDialog, addsWhatIsBelowWhenAsked) {
     open();
     dialog_->findChild<QCheckBox*>("Check1")->setChecked(true);

@@ -1,16 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The preferences on the screen: every control by mouse and keyboard.
-#include "dialogs/PreferencesDialog.h"
-
-#include "app/DialogRig.h"
-
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QSlider>
-#include <QTreeWidget>
+#include "app/PreferencesDialogRig.h"
 
 namespace tovik::test {
 namespace {
@@ -19,74 +9,20 @@ using preferences::Control;
 using preferences::ControlKind;
 using preferences::ControlRow;
 using preferences::Page;
-using window::WindowId;
 
-class PreferencesDialog : public DialogRig {
-protected:
-    PreferencesDialog() { begin(); }
+class PreferencesDialog : public PreferencesDialogRig {};
 
-    void open(const std::function<void(QDialog&)>& act) { with(WindowId::preferences, act); }
+class PreferencesByHand : public PreferencesDialogRig, public testing::WithParamInterface<bool> {};
 
-    [[nodiscard]] preferences::PreferenceValues& values() {
-        return player().choices().preferences.values();
-    }
-
-    static void press(QDialog& dialog, const char* button) {
-        QTest::mouseClick(&control<QPushButton>(dialog, button), Qt::LeftButton);
-    }
-
-    /// Changes a control as a user would; returns whether it is one that can be changed.
-    bool change(QDialog& dialog, const ControlRow& row) {
-        auto& tabs = control<QTabWidget>(dialog, "TabStrip1");
-        tabs.setCurrentIndex(static_cast<int>(row.page));
-        const QString name = QString::fromUtf8(row.name.data(), qsizetype(row.name.size()));
-        auto& widget = control<QWidget>(dialog, name);
-        EXPECT_TRUE(widget.isVisible()) << row.name;
-        if (!widget.isEnabled()) {
-            return false;
-        }
-        widget.setFocus();
-        switch (row.kind) {
-        case ControlKind::check:
-            QTest::keyClick(&widget, Qt::Key_Space);
-            return true;
-        case ControlKind::slider:
-            QTest::keyClick(&widget, Qt::Key_Right);
-            return true;
-        case ControlKind::choice:
-            QTest::keyClick(&widget, Qt::Key_Down);
-            return true;
-        case ControlKind::ticks:
-            QTest::keyClick(&widget, Qt::Key_Home);
-            QTest::keyClick(&widget, Qt::Key_Space);
-            return true;
-        case ControlKind::folder:
-            next([&](QDialog& folder) {
-                control<QLineEdit>(folder, "Text1").setText("/music/" + name);
-                press(folder, "Command1_0");
-            });
-            QTest::mouseClick(&widget, Qt::LeftButton);
-            return true;
-        }
-        return false;
-    }
-
-    /// What a control holds, as text.
-    [[nodiscard]] std::string held(Control control) {
-        return control == Control::List1
-                   ? values().types().to_string()
-                   : std::to_string(values().number(control)) + " " + values().text(control);
-    }
-};
-
-TEST_F(PreferencesDialog, eachControlIsChangedByTheKeyboardKeptAndReadBack) {
+TEST_P(PreferencesByHand, eachControlIsChangedKeptAndReadBack) {
+    const By by = GetParam() ? By::mouse : By::keyboard;
     int changed = 0;
     for (const ControlRow& row : preferences::controlTable()) {
         std::string before;
         std::string after;
         open([&](QDialog& dialog) {
             before = held(row.control);
-            changed += change(dialog, row) ? 1 : 0;
+            changed += change(dialog, row, by) ? 1 : 0;
             after = held(row.control);
             press(dialog, "Command1");
             EXPECT_FALSE(dialog.isVisible()) << row.name;
@@ -101,21 +37,63 @@ TEST_F(PreferencesDialog, eachControlIsChangedByTheKeyboardKeptAndReadBack) {
     EXPECT_TRUE(host_.dialogs.boxes.empty());
 }
 
-TEST_F(PreferencesDialog, aTickIsChangedByTheMouse) {
+INSTANTIATE_TEST_SUITE_P(By, PreferencesByHand, testing::Bool(), [](const auto& by) {
+    return std::string(by.param ? "mouse" : "keyboard");
+});
+
+/// What is felt at the next start, by what the player holds after it.
+struct Found {
+    Control control;
+    std::function<bool(const player::PlayerState&)> found;
+};
+
+TEST_F(PreferencesDialog, whatIsFeltAtTheNextStartIsFoundByIt) {
+    using State = player::PlayerState;
+    const std::vector<Found> all = {
+        {Control::Check13, [](const State& state) { return state.CheckUpdates == 1; }},
+        {Control::Check9, [](const State& state) { return state.ShowSplash; }},
+        {Control::Check1, [](const State& state) { return state.MultipleInstances == 1; }},
+        {Control::Check4, [](const State& state) { return state.ShowInTaskbar == 0; }},
+        {Control::Check3, [](const State& state) { return state.AlwaysOnTop == 1; }},
+        {Control::Check6, [](const State& state) { return state.AssociateAtStart == 1; }},
+        {Control::Check7, [](const State& state) { return state.CrossfadeOn; }},
+        {Control::Check8, [](const State& state) { return state.SilenceSkipOn; }},
+        {Control::Check10, [](const State& state) { return state.ShuffleOn; }},
+        {Control::Check11, [](const State& state) { return state.RepeatOn; }},
+        {Control::Check17, [](const State& state) { return state.MessengerOn; }},
+        {Control::Combo3, [](const State& state) { return state.LanguageFile == "Slovenian"; }},
+    };
+    open([&](QDialog& dialog) {
+        for (const Found& one : all) {
+            ASSERT_TRUE(change(dialog, preferences::rowOf(one.control)));
+        }
+        press(dialog, "Command1");
+    });
+    player().kill_me();
+    app::frmPlayer next(host_.host(), sound_, window_, windows_, news_, {});
+    next.Form_Initialize();
+    next.Form_Load();
+    for (const Found& one : all) {
+        EXPECT_TRUE(one.found(next.state())) << preferences::rowOf(one.control).name;
+    }
+}
+
+TEST_F(PreferencesDialog, theWheelChangesNothingThatThePointerPasses) {
     open([&](QDialog& dialog) {
         for (const ControlRow& row : preferences::controlTable()) {
-            if (row.kind != ControlKind::check || row.control == Control::Check14) {
-                continue;
-            }
             control<QTabWidget>(dialog, "TabStrip1").setCurrentIndex(static_cast<int>(row.page));
-            auto& box = control<QCheckBox>(
+            auto& widget = control<QWidget>(
                 dialog, QString::fromUtf8(row.name.data(), qsizetype(row.name.size())));
-            const bool before = values().ticked(row.control);
-            QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(8, box.height() / 2));
-            EXPECT_NE(values().ticked(row.control), before) << row.name;
-            EXPECT_EQ(box.isChecked(), values().ticked(row.control)) << row.name;
+            const std::string before = held(row.control);
+            for (const int turn : {120, -120, -120}) {
+                QWheelEvent event({5, 5}, widget.mapToGlobal(QPointF(5, 5)), {}, {0, turn},
+                                  Qt::NoButton, {}, Qt::NoScrollPhase, false);
+                QApplication::sendEvent(&widget, &event);
+                EXPECT_EQ(held(row.control), before) << row.name;
+            }
         }
     });
+    EXPECT_EQ(setting("CLNG"), "English");
 }
 
 TEST_F(PreferencesDialog, escapeAndCancelWriteNothing) {
@@ -282,123 +260,6 @@ TEST_F(PreferencesDialog, aDamagedSettingIsToldAndTheRestStaysUsable) {
     ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
     EXPECT_EQ(setting("STI"), "many");
     EXPECT_EQ(setting("CFD"), "1");
-}
-
-TEST_F(PreferencesDialog, newKeysOfTheMenusAreKeptInTheirFile) {
-    constexpr int kExitRow = 24;
-    constexpr int kMiniRow = 20;
-    open([&](QDialog& dialog) {
-        control<QTabWidget>(dialog, "TabStrip1").setCurrentIndex(int(Page::shortcuts));
-        auto& rows = control<QTreeWidget>(dialog, "Shortcuts");
-        auto& edit = control<QLineEdit>(dialog, "ShortcutEdit");
-        rows.setCurrentItem(rows.topLevelItem(kMiniRow));
-        EXPECT_FALSE(edit.isEnabled()) << "no menu has it";
-        rows.setCurrentItem(rows.topLevelItem(kExitRow));
-        QTest::keyClick(&edit, Qt::Key_Q, Qt::ControlModifier);
-        press(dialog, "Command1");
-    });
-    EXPECT_FALSE(std::filesystem::exists(host_.folder / "db/shortcuts.dat"));
-    player().kill_me();
-    EXPECT_THAT(host_.folder.read("db/shortcuts.dat"), testing::HasSubstr("mnuExit"));
-    EXPECT_THAT(host_.folder.read("db/shortcuts.dat"), testing::HasSubstr("Ctrl+Q"));
-}
-
-class ShortcutsOfPreferences : public PreferencesDialog {
-protected:
-    ShortcutsOfPreferences() {
-        play_ = menus_.AddItem("&Play", "play");
-        stop_ = menus_.AddItem("&Stop", "stop");
-        player().choices().preferences.shortcuts.attach(
-            {.menus = &menus_, .entryOf = [this](commands::CommandId id) {
-                 return id == commands::CommandId::play   ? play_
-                        : id == commands::CommandId::stop ? stop_
-                                                          : 0;
-             }});
-    }
-
-    static constexpr int kPlayRow = 9;
-    static constexpr int kStopRow = 11;
-
-    void onPage(const std::function<void(QDialog&, QTreeWidget&, QLineEdit&)>& act) {
-        open([&](QDialog& dialog) {
-            control<QTabWidget>(dialog, "TabStrip1").setCurrentIndex(int(Page::shortcuts));
-            act(dialog, control<QTreeWidget>(dialog, "Shortcuts"),
-                control<QLineEdit>(dialog, "ShortcutEdit"));
-        });
-    }
-
-    static QString said(QDialog& dialog) { return control<QLabel>(dialog, "ShortcutSaid").text(); }
-
-    menus::cMenus menus_;
-    int play_ = 0;
-    int stop_ = 0;
-};
-
-TEST_F(ShortcutsOfPreferences, newKeysAreTakenByPressingThem) {
-    onPage([&](QDialog& dialog, QTreeWidget& rows, QLineEdit& edit) {
-        ASSERT_EQ(rows.topLevelItemCount(), 36);
-        EXPECT_EQ(rows.topLevelItem(kPlayRow)->text(0), "Play");
-        EXPECT_EQ(rows.topLevelItem(kPlayRow)->text(2), "X");
-        rows.setCurrentItem(rows.topLevelItem(kPlayRow));
-        edit.setFocus();
-        QTest::keyClick(&edit, Qt::Key_Control, Qt::ControlModifier);
-        EXPECT_EQ(edit.text(), "");
-        QTest::keyClick(&edit, Qt::Key_O, Qt::AltModifier); // the mnemonic of OK elsewhere
-        EXPECT_TRUE(dialog.isVisible());
-        EXPECT_EQ(edit.text(), "Alt+O");
-        QTest::keyClick(&edit, Qt::Key_K, Qt::ControlModifier | Qt::ShiftModifier);
-        EXPECT_EQ(edit.text(), "Ctrl+Shift+K");
-        EXPECT_EQ(rows.topLevelItem(kPlayRow)->text(1), "Ctrl+Shift+K");
-        EXPECT_EQ(menus_.ItemKeyAccel(play_), "");
-        press(dialog, "Command1");
-    });
-    EXPECT_EQ(menus_.ItemKeyAccel(play_), "Ctrl+Shift+K");
-    onPage([&](QDialog& dialog, QTreeWidget& rows, QLineEdit& edit) {
-        rows.setCurrentItem(rows.topLevelItem(kPlayRow));
-        EXPECT_EQ(edit.text(), "Ctrl+Shift+K");
-        press(dialog, "ShortcutClear");
-        EXPECT_EQ(edit.text(), "");
-        press(dialog, "Command7");
-    });
-    EXPECT_EQ(menus_.ItemKeyAccel(play_), "");
-}
-
-TEST_F(ShortcutsOfPreferences, aClashNamesTheOwnerAndAFixedKeyIsTold) {
-    menus_.ItemKeyAccel(stop_, "Ctrl+K");
-    onPage([&](QDialog& dialog, QTreeWidget& rows, QLineEdit& edit) {
-        rows.setCurrentItem(rows.topLevelItem(kPlayRow));
-        QTest::keyClick(&edit, Qt::Key_K, Qt::ControlModifier);
-        EXPECT_EQ(edit.text(), "");
-        EXPECT_EQ(said(dialog), "Refused: these are the keys of Stop.");
-        QTest::keyClick(&edit, Qt::Key_D, Qt::ControlModifier);
-        EXPECT_EQ(edit.text(), "Ctrl+D");
-        EXPECT_EQ(said(dialog),
-                  "From now on these keys no longer do what they always did: Add folder.");
-    });
-}
-
-TEST_F(ShortcutsOfPreferences, rowsWithoutAnEntryAreGreyAndStayAsTheyAre) {
-    onPage([&](QDialog& dialog, QTreeWidget& rows, QLineEdit& edit) {
-        const QColor grey = dialog.palette().color(QPalette::Disabled, QPalette::Text);
-        EXPECT_EQ(rows.topLevelItem(35)->foreground(0).color(), grey);
-        EXPECT_NE(rows.topLevelItem(kPlayRow)->foreground(0).color(), grey);
-        rows.setCurrentItem(rows.topLevelItem(35));
-        EXPECT_FALSE(edit.isEnabled());
-        EXPECT_FALSE(control<QPushButton>(dialog, "ShortcutClear").isEnabled());
-        EXPECT_EQ(said(dialog), "The keys of this command cannot be changed.");
-    });
-}
-
-TEST_F(ShortcutsOfPreferences, escapeClosesFromTheFieldAndTabLeavesIt) {
-    onPage([&](QDialog& dialog, QTreeWidget& rows, QLineEdit& edit) {
-        rows.setCurrentItem(rows.topLevelItem(kPlayRow));
-        edit.setFocus();
-        QTest::keyClick(&edit, Qt::Key_Tab);
-        EXPECT_NE(dialog.focusWidget(), &edit);
-        edit.setFocus();
-        QTest::keyClick(&edit, Qt::Key_Escape);
-        EXPECT_FALSE(dialog.isVisible());
-    });
 }
 
 } // namespace

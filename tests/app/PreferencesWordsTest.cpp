@@ -125,6 +125,17 @@ TEST_P(PreferencesWords, theWindowFitsASmallScreen) {
     });
 }
 
+TEST_P(PreferencesWords, slidersOfAFrameBeginAndEndBelowEachOther) {
+    onEachPage([](QDialog& dialog, int page) {
+        if (page == static_cast<int>(Page::playback)) {
+            const QRect time = control<QWidget>(dialog, "Slider1_0").geometry();
+            const QRect threshold = control<QWidget>(dialog, "Slider1_1").geometry();
+            EXPECT_EQ(time.left(), threshold.left());
+            EXPECT_EQ(time.right(), threshold.right());
+        }
+    });
+}
+
 TEST_P(PreferencesWords, soDoTheOthers) {
     for (const WindowId id : {WindowId::about, WindowId::ripFolder}) {
         with(id, [&](QDialog& dialog) {

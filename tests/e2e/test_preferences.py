@@ -7,7 +7,7 @@ import unittest
 from program import LIMIT, ProgramTest, media
 
 TAB_X, TAB_Y = 242 + 15, 9 + 8  # of the preferences, in the window
-PLAYBACK, RIPPER = 2, 3  # pages, counted from the first
+PLAYBACK, RIPPER, SHORTCUTS = 2, 3, 6  # pages, counted from the first
 
 
 class Preferences(ProgramTest):
@@ -103,6 +103,27 @@ class Preferences(ProgramTest):
         """The lower half of the window: nothing moves there."""
         return self.tool_bytes("import", "-silent", "-window", self.shown_window, "-crop",
                                "470x120+0+190", "-depth", "8", "rgb:-")
+
+    def test_new_keys_act_at_once_and_after_a_restart(self):
+        self.key("6")
+        self.opened()
+        self.page(SHORTCUTS)
+        self.key("Down", "alt+k", "ctrl+shift+b", "Tab", "alt+o")  # for the second row
+        self.closed()
+        for _ in range(2):
+            self.tool("xdotool", "windowactivate", "--sync", self.shown_window)
+            self.key("ctrl+shift+b")
+            self.opened("About Tovik")
+            self.key("Escape")
+            self.closed("About Tovik")
+            self.end()
+            self.assertIn(b"K\0mnuAbout\0Ctrl+Shift+B\0", self.read("db/shortcuts.dat"))
+            self.begin()
+        self.end()
+
+    def test_the_program_ends_also_while_a_dialog_holds_it_up(self):
+        self.open_by_mouse()
+        self.end()
 
     def test_about_opens_by_its_key(self):
         self.key("F1")

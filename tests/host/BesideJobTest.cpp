@@ -43,6 +43,34 @@ TEST(BesideJob, theProgramGoesOnMeanwhile) {
     EXPECT_GE(pump.steps, 3);
 }
 
+TEST(BesideJob, oneThatIsToBeFinishedIsWaitedForWhenTheProgramEnds) {
+    for (const bool raises : {false, true}) {
+        StepPump pump;
+        std::promise<void> gate;
+        pump.inStep = [&]() -> bool {
+            gate.set_value();
+            if (raises) {
+                throw std::runtime_error("in the step");
+            }
+            return false;
+        };
+        bool done = false;
+        const auto job = [&done, wait = gate.get_future().share()] {
+            wait.get();
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+            done = true;
+        };
+        if (raises) {
+            EXPECT_THROW(static_cast<void>(runBeside(pump, job, AtEnd::finish)),
+                         std::runtime_error);
+        } else {
+            EXPECT_TRUE(runBeside(pump, job, AtEnd::finish));
+        }
+        EXPECT_TRUE(done);
+        EXPECT_EQ(pump.steps, 1);
+    }
+}
+
 TEST(BesideJob, theWindowStandsStillForTwoFramesAtMost) {
     static constexpr std::chrono::milliseconds kFiveFrames{83};
     StepPump pump;

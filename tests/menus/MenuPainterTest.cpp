@@ -116,6 +116,10 @@ TEST_F(MenuDrawing, aFixedKeyShowsUntilThereIsAnAccelerator) {
     menus.ItemKeyAccel(at("open"), "F1");
     draw("open");
     EXPECT_EQ(engine.lines.back().text, "F1");
+    menus.ItemKeyAccel(at("open"), "");
+    menus.ItemKeyAccel(at("save"), "Z");
+    draw("open");
+    EXPECT_EQ(engine.lines.back().text, "") << "the key is another's by now";
 }
 
 TEST_F(MenuDrawing, theSelectedItemStandsOnTheHighlight) {
@@ -152,6 +156,16 @@ TEST_F(MenuDrawing, imagesAreRaisedWhenSelectedAndSunkenWhenChecked) {
     EXPECT_LT(pixel(0, 11).red, pixel(kColumn - 1, 11).red) << "sunken";
     EXPECT_EQ(pixel(10, 11), kImage);
     EXPECT_THAT(images.marks, testing::IsEmpty());
+}
+
+TEST_F(MenuDrawing, theColumnOfASelectedItemIsRaisedAlsoWithoutAnImage) {
+    draw("open");
+    EXPECT_EQ(pixel(0, 11), pixel(kColumn - 1, 11));
+    draw("open", true);
+    EXPECT_GT(pixel(0, 11).red, pixel(kColumn - 1, 11).red);
+    menus.ItemEnabled(at("open"), false);
+    draw("open", true);
+    EXPECT_EQ(pixel(0, 11), pixel(kColumn - 1, 11));
 }
 
 TEST_F(MenuDrawing, aCheckedItemWithoutAnImageBearsItsMark) {

@@ -118,6 +118,24 @@ TEST_F(ShortcutListTest, whatAFixedKeyWouldHaveDoneIsTold) {
     EXPECT_FALSE(list_.set(rowOf(CommandId::play), {.keyCode = 'X', .shift = 0}).hidden)
         << "its own fixed key";
     EXPECT_EQ(list_.set(rowOf(CommandId::play), {.keyCode = 0x2E, .shift = 0}).hidden, 34U);
+    for (const int arrow : {0x26, 0x28}) {
+        EXPECT_EQ(
+            list_.set(rowOf(CommandId::play), {.keyCode = arrow, .shift = AcceleratorKey::kAlt})
+                .hidden,
+            35U);
+    }
+}
+
+TEST_F(ShortcutListTest, aFixedKeyThatIsAnAcceleratorNamesItsTaker) {
+    EXPECT_TRUE(list_.kept());
+    const std::size_t stop = rowOf(CommandId::stop);
+    EXPECT_EQ(list_.takerOf(stop), "");
+    list_.set(rowOf(CommandId::play), {.keyCode = 'V', .shift = 0});
+    EXPECT_EQ(list_.takerOf(stop), "Play");
+    menus_.ItemKeyAccel(other_, "Alt+Down");
+    EXPECT_EQ(list_.takerOf(35), "Open all");
+    list_.set(rowOf(CommandId::play), {.keyCode = 'X', .shift = 0});
+    EXPECT_EQ(list_.takerOf(rowOf(CommandId::play)), "") << "its own";
 }
 
 TEST_F(ShortcutListTest, aKeyWithoutANameIsRefused) {

@@ -48,6 +48,20 @@ TEST_F(frmPreferences, okWithoutAChangeLeavesTheFileAsItWas) {
     EXPECT_EQ(host_.folder.read(kSettings), before);
 }
 
+TEST_F(frmPreferences, aNumberBeyondItsSliderStaysUntilTheSliderIsMoved) {
+    store("CFDT", "45");
+    store("VPS", "250");
+    again();
+    EXPECT_EQ(values().number(Control::Slider1_0), 30);
+    EXPECT_TRUE(preferences_.Command1_Click());
+    EXPECT_EQ(stored("CFDT"), "45");
+    EXPECT_EQ(stored("VPS"), "250");
+    set(Control::Slider1_0, 29);
+    EXPECT_TRUE(preferences_.Command1_Click());
+    EXPECT_EQ(stored("CFDT"), "29");
+    EXPECT_EQ(stored("VPS"), "250");
+}
+
 TEST_F(frmPreferences, thePlaceOfTheWindowIsWrittenInTwips) {
     preferences_.Command1_Click();
     EXPECT_EQ(stored("X"), "1500");
@@ -185,6 +199,18 @@ TEST_F(frmPreferences, modesChangeAtOnceAndShow) {
     EXPECT_FALSE(silenceSkip_.watches());
 }
 
+TEST_F(frmPreferences, modesThatWereSwitchedSinceTheStartStay) {
+    state_.CrossfadeOn = state_.SilenceSkipOn = state_.ShuffleOn = state_.RepeatOn = true;
+    again();
+    for (const Control control :
+         {Control::Check7, Control::Check8, Control::Check10, Control::Check11}) {
+        EXPECT_TRUE(values().ticked(control));
+    }
+    EXPECT_TRUE(preferences_.Command1_Click());
+    EXPECT_TRUE(state_.CrossfadeOn && state_.SilenceSkipOn && state_.ShuffleOn && state_.RepeatOn);
+    EXPECT_EQ(stored("SHF"), "1");
+}
+
 TEST_F(frmPreferences, theOthersActAtOnceWhereTheyCan) {
     std::vector<bool> tray;
     std::vector<std::int32_t> speeds;
@@ -285,10 +311,11 @@ TEST_F(frmPreferences, whatCannotBeWrittenIsToldAndDoesNotAct) {
     {
         const Unprivileged user;
         EXPECT_FALSE(preferences_.Command1_Click());
+        preferences_.Command7_Click();
     }
     fs::permissions(host_.folder / "db", fs::perms(0755));
     EXPECT_FALSE(state_.CrossfadeOn);
-    EXPECT_THAT(host_.dialogs.boxes, SizeIs(1));
+    EXPECT_THAT(host_.dialogs.boxes, SizeIs(2));
 }
 
 TEST_F(frmPreferences, aFolderIsAskedForAndKept) {

@@ -65,6 +65,23 @@ TEST_F(MenuInput, anAcceleratorWinsOverTheMapWhichGoesOnBesideIt) {
     EXPECT_FALSE(input_.keyDown({.code = 'V', .modifiers = {.shift = true}}));
 }
 
+TEST_F(MenuInput, aKeyThatIsHeldDoesNotUndoWhatItDid) {
+    for (const bool repeated : {false, true, true}) {
+        EXPECT_TRUE(input_.keyDown({.code = 'C', .repeated = repeated}));
+        EXPECT_TRUE(
+            input_.keyDown({.code = 'M', .modifiers = {.control = true}, .repeated = repeated}));
+    }
+    EXPECT_THAT(ran_, ElementsAre(CommandId::pause, CommandId::stopAfterCurrent));
+    ran_.clear();
+    for (const bool repeated : {false, true}) {
+        input_.keyDown({.code = 0x25, .repeated = repeated});
+    }
+    EXPECT_THAT(ran_, ElementsAre(CommandId::backFiveSeconds, CommandId::backFiveSeconds));
+    menus_.accelerators.insert('V');
+    EXPECT_TRUE(input_.keyDown({.code = 'V', .repeated = true}));
+    EXPECT_EQ(ran_.size(), 2U);
+}
+
 TEST_F(MenuInput, listsPopUpTheMenuOfTheirRows) {
     for (const char* const title : {"a", "b", "c"}) {
         list_.AddItem("", "", title, "", 0);
@@ -82,6 +99,26 @@ TEST_F(MenuInput, listsPopUpTheMenuOfTheirRows) {
     window::ListRows quiet(list_);
     quiet.contextRow(0);
     EXPECT_EQ(menus_.lists.size(), 2U);
+}
+
+TEST_F(MenuInput, aKeyShowsTheMenuOfARowAtTheRow) {
+    for (const char* const title : {"a", "b", "c"}) {
+        list_.AddItem("", "", title, "", 0);
+    }
+    const auto place = [](std::size_t row) {
+        return menus::MenuPlace{10, 20 + 15.0 * static_cast<double>(row), 100, 15};
+    };
+    window::ListRows rows(list_, &menus_);
+    rows.showsRowsAt(place);
+    rows.contextByKey(2);
+    window::QuickListRows quick(mirror_, list_, rowPlayer_, &menus_);
+    quick.showsRowsAt(place);
+    quick.contextByKey(1);
+    rows.contextRow(0);
+    EXPECT_THAT(menus_.places, ElementsAre(std::optional(place(2)), std::optional(place(1)),
+                                           std::optional<menus::MenuPlace>()));
+    EXPECT_EQ(menus_.lists[0].input, &rows);
+    EXPECT_EQ(menus_.lists[1].input, &quick);
 }
 
 TEST_F(MenuInput, theQuickListPopsUpTheSameAndStaysInStep) {

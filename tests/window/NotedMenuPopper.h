@@ -4,6 +4,7 @@
 
 #include "window/MenuPopper.h"
 
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -15,10 +16,20 @@ public:
         popped.emplace_back(root, place);
     }
 
-    void popUpFor(window::MenuList list) override { lists.push_back(std::move(list)); }
+    void popUpFor(window::MenuList list, const std::optional<menus::MenuPlace>& place) override {
+        lists.push_back(std::move(list));
+        places.push_back(place);
+    }
+
+    [[nodiscard]] bool hasAccelerator(const ui::KeyEvent& key) const override {
+        return accelerators.contains(key.code);
+    }
+
+    std::set<int> accelerators; ///< by their keys, without a shift state
 
     std::vector<std::pair<window::MenuRoot, std::optional<menus::MenuPlace>>> popped;
     std::vector<window::MenuList> lists;
+    std::vector<std::optional<menus::MenuPlace>> places; ///< of the lists' menus
 };
 
 } // namespace tovik::test

@@ -123,9 +123,10 @@ TEST_F(TSR, loadingMakesNoMenuOfTheWindowSystem) {
 TEST_F(TSR, aWindowWithoutMenusAndAHostThatWasNotLoadedShowNone) {
     PlayerWindow bare;
     frmTSR other(commands, texts, bare);
-    other.popUp(MenuRoot::mnuMain);
+    EXPECT_NO_THROW(other.popUp(MenuRoot::mnuMain));
     other.Form_Load();
-    other.popUp(MenuRoot::mnuMain);
+    EXPECT_NO_THROW(other.popUp(MenuRoot::mnuMain));
+    EXPECT_EQ(other.m_Menus.handle(other.m_Menus.IndexForKey("mnuMain")), 0U);
 }
 
 TEST_F(TSR, theNumbersOfTheLookAreSet) {
@@ -173,11 +174,51 @@ TEST_F(TSR, checkMarksAreSetJustBefore) {
             EXPECT_EQ(tsr.m_Menus.ItemChecked(at(otherKey)), other == id) << otherKey;
         }
         checked.clear();
-        window.window->send({ui::messages::kInitMenuPopup});
+        window.window->send({ui::messages::kInitMenuPopup, tsr.m_Menus.ItemParentID(at(key))});
         EXPECT_FALSE(tsr.m_Menus.ItemChecked(at(key)));
     }
     EXPECT_EQ(tsr.m_Menus.ItemCheckedStyle(at("mnuElapsed")), menus::CheckedStyle::Radio);
     EXPECT_EQ(tsr.m_Menus.ItemCheckedStyle(at("mnuLoop")), menus::CheckedStyle::Check);
+}
+
+TEST_F(TSR, onlyWhatIsToBeSeenIsAsked) {
+    int asked = 0;
+    commands.bind(CommandId::alwaysOnTop, {.run = [] {},
+                                           .checked =
+                                               [&] {
+                                                   ++asked;
+                                                   return false;
+                                               },
+                                           .enabled = {}});
+    for (const MenuRoot root : {MenuRoot::mnuRip, MenuRoot::mnuPreset, MenuRoot::vis}) {
+        tsr.popUp(root);
+    }
+    tsr.m_Menus.ItemKeyAccel(at("mnuExit"), "Ctrl+Q");
+    tsr.m_Menus.KeyAccelPressed('Q', 2);
+    tsr.showWords();
+    EXPECT_EQ(asked, 0);
+    tsr.popUp(MenuRoot::mnuMain);
+    EXPECT_EQ(asked, 1);
+}
+
+TEST_F(TSR, anEntryThatCannotTellItsStateKeepsNoOtherBack) {
+    int exits = 0;
+    bind(CommandId::exit, [&] { ++exits; });
+    bind(CommandId::repeat, [] {});
+    checked = {CommandId::repeat};
+    commands.bind(
+        CommandId::alwaysOnTop,
+        {.run = [] {},
+         .checked = []() -> bool { throw base::RuntimeError(base::ErrorNumber::InvalidUseOfNull); },
+         .enabled = {}});
+    EXPECT_THROW(tsr.popUp(MenuRoot::mnuMain), base::RuntimeError);
+    EXPECT_THAT(window.shown, ElementsAre("mnuMain")) << "it is shown all the same";
+    EXPECT_TRUE(tsr.m_Menus.ItemChecked(at("mnuLoop")));
+    tsr.popUp(MenuRoot::mnupls);
+    window.window->send({ui::messages::kInitMenuPopup, tsr.m_Menus.ItemID(at("mnuOptions"))});
+    tsr.m_Menus.ItemKeyAccel(at("mnuExit"), "Ctrl+Q");
+    EXPECT_TRUE(tsr.m_Menus.KeyAccelPressed('Q', 2));
+    EXPECT_EQ(exits, 1);
 }
 
 TEST_F(TSR, captionsFollowTheLanguage) {
@@ -224,6 +265,14 @@ TEST_F(TSR, drivesAreOfferedUpToTheFifth) {
     }
 }
 
+TEST_F(TSR, drivesAreNamedInTheLanguage) {
+    tsr.showDrives("d||e");
+    EXPECT_EQ(tsr.m_Menus.ItemCaption(at("mnuDevice2")), "Audio CD E:");
+    texts.setText("mnuDevice", 0, config::TextKind::Caption, "Zvočni CD");
+    tsr.popUp(MenuRoot::mnuMain);
+    EXPECT_EQ(tsr.m_Menus.ItemCaption(at("mnuDevice1")), "Zvočni CD D:");
+}
+
 TEST_F(TSR, pluginsWithANameGetAnEntry) {
     tsr.addVisualisations(std::vector<std::string>{"Waves", "", "Stars"});
     EXPECT_EQ(tsr.m_Menus.ItemCaption(at("sp(3)")), "Waves");
@@ -263,6 +312,7 @@ struct TSRShortcuts : TSR {
 
 TEST_F(TSRShortcuts, areWrittenOnlyWhenOneWasChanged) {
     tsr.loadShortcuts(file);
+    EXPECT_TRUE(tsr.keepsShortcuts());
     tsr.saveShortcuts(file);
     EXPECT_FALSE(std::filesystem::exists(file));
     tsr.m_Menus.ItemKeyAccel(at("mnuExit"), "Ctrl+Q");
@@ -281,6 +331,7 @@ TEST_F(TSRShortcuts, ofAForeignFileAreLeftAsTheyAre) {
     folder.write("shortcuts.dat", "something else");
     EXPECT_THROW(tsr.loadShortcuts(file), base::RuntimeError);
     tsr.m_Menus.ItemKeyAccel(at("mnuExit"), "Ctrl+Q");
+    EXPECT_FALSE(tsr.keepsShortcuts());
     tsr.saveShortcuts(file);
     EXPECT_EQ(folder.read("shortcuts.dat"), "something else");
     EXPECT_THROW(tsr.loadShortcuts(folder.path()), base::RuntimeError);

@@ -90,7 +90,10 @@ MouseButton mouseButtonOf(Qt::MouseButton button) noexcept {
 }
 
 KeyEvent keyEventOf(const QKeyEvent& event) noexcept {
-    return {.code = virtualKeyCode(event.key(), event.modifiers().testFlag(Qt::KeypadModifier)),
+    // What is held with the key of the desktop is the desktop's.
+    const bool ours = !event.modifiers().testFlag(Qt::MetaModifier);
+    const bool onNumericPad = event.modifiers().testFlag(Qt::KeypadModifier);
+    return {.code = ours ? virtualKeyCode(event.key(), onNumericPad) : 0,
             .modifiers = modifiersOf(event.modifiers()),
             .repeated = event.isAutoRepeat()};
 }

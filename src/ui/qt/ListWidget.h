@@ -59,6 +59,11 @@ public:
     /// the window system was told that the drop is over.
     void takeFiles(FileDrop take);
 
+    /// Tells which keys the list leaves to the window, though it has a use for them.
+    void leaveToWindow(std::function<bool(const KeyEvent&)> claimed) {
+        claimed_ = std::move(claimed);
+    }
+
     // What changed; each paints what it must and moves the scroll bar
     // -------------------------------
 
@@ -180,6 +185,7 @@ private:
     QBasicTimer edge_; ///< scrolls under a drag that left the view
     bool pressedNowhere_ = false;
     FileDrop take_;
+    std::function<bool(const KeyEvent&)> claimed_;
     bool dropping_ = false;
 };
 

@@ -14,6 +14,12 @@ bool chooseMore(const Modifiers& modifiers) {
     return modifiers.shift || modifiers.control;
 }
 
+/// As on the whole desktop.
+bool asksForMenu(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Menu ||
+           (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier);
+}
+
 } // namespace
 
 void ListWidget::mousePressEvent(QMouseEvent* event) {
@@ -99,6 +105,10 @@ void ListWidget::keyReleaseEvent(QKeyEvent* event) {
 }
 
 void ListWidget::keyPressEvent(QKeyEvent* event) {
+    if (claimed_ && claimed_(keyEventOf(*event))) {
+        event->ignore();
+        return;
+    }
     const auto cursor = cursorRow();
     const bool alt = event->modifiers().testFlag(Qt::AltModifier);
     const int key = event->key();
@@ -112,6 +122,9 @@ void ListWidget::keyPressEvent(QKeyEvent* event) {
         if (cursor) {
             dispatcher_.run([&] { input_.enterRow(*cursor); });
         }
+    } else if (cursor && asksForMenu(*event)) {
+        scrollToRow(*cursor);
+        dispatcher_.run([&] { input_.contextByKey(*cursor); });
     } else if (key == Qt::Key_Delete) {
         bool used = false;
         dispatcher_.run([&] { used = input_.removeRows(); });

@@ -95,7 +95,7 @@ void SkinMenu::addItem(int index) {
     action->setText(displayString(item.caption));
     action->setStatusTip(displayString(item.helpText));
     action->setEnabled(item.enabled && !item.separator);
-    action->setCheckable(item.checked);
+    action->setCheckable(item.checkable || item.checked);
     action->setChecked(item.checked);
 }
 

@@ -174,7 +174,7 @@ void SkinWindow::beginDrag() {
         return;
     }
     dragging_ = true;
-    if (!placeIsKnown_ || windowHandle() == nullptr || !windowHandle()->startSystemMove()) {
+    if (!untold_.isNull() || windowHandle() == nullptr || !windowHandle()->startSystemMove()) {
         draggedBy_ = pressedAt_;
     }
 }
@@ -201,7 +201,7 @@ void SkinWindow::press(QMouseEvent& event, bool twice) {
     // A window manager may move the window before it tells: a system move would then begin at the
     // wrong place, and the window would jump.
     const QPointF origin = event.globalPosition() - event.position() - mapToGlobal(QPointF());
-    placeIsKnown_ = origin.manhattanLength() < kPlaceTolerance;
+    untold_ = origin.manhattanLength() < kPlaceTolerance ? QPoint() : origin.toPoint();
     if (const auto slot = elements_.topmostAt(pointer.x, pointer.y); slot && focus_) {
         focus_->pressed(*slot);
     }
@@ -238,6 +238,7 @@ void SkinWindow::wheelEvent(QWheelEvent* event) {
 }
 
 void SkinWindow::moveEvent(QMoveEvent* /*event*/) {
+    untold_ = {};
     dispatcher_.run([&] { input_.windowMoved(); });
 }
 

@@ -115,7 +115,7 @@ private:
     SkinScale scale_;
     WindowImage image_;
     std::optional<Region> region_;
-    bool placeIsKnown_ = true;        ///< the last press came from where Qt takes the window to be
+    QPoint untold_; ///< how far the window was from where Qt takes it to be, at the last press
     bool dragging_ = false;           ///< a drag was begun since the press
     const QWindow* titled_ = nullptr; ///< which got its title through the widget
     QuietTitle quietTitle_;

@@ -19,7 +19,7 @@ void SkinWindow::setAccess(std::vector<AccessPlace> places, AccessInput& input, 
 
 QRect SkinWindow::onScreen(const Box& box) const {
     const QRect place = scale_.pixels(box);
-    return {mapToGlobal(place.topLeft()), place.size()};
+    return {mapToGlobal(place.topLeft()) + untold_, place.size()};
 }
 
 void SkinWindow::announce(bool focusMoved) {
@@ -74,9 +74,10 @@ void SkinWindow::keyPressEvent(QKeyEvent* event) {
         event->ignore();
         return;
     }
-    bool used = focus_ && focus_->key(*event);
+    const KeyEvent key = keyEventOf(*event);
+    bool used = focus_ && !input_.claimsKey(key) && focus_->key(*event);
     if (!used) {
-        dispatcher_.run([&] { used = input_.keyDown(keyEventOf(*event)); });
+        dispatcher_.run([&] { used = input_.keyDown(key); });
     }
     event->setAccepted(used);
 }

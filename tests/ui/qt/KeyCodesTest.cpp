@@ -35,6 +35,11 @@ TEST(KeyCodes, eventsTellModifiersAndRepetition) {
     EXPECT_TRUE(keyEventOf(held).repeated);
 }
 
+TEST(KeyCodes, whatIsPressedWithTheKeyOfTheDesktopIsNone) {
+    const QKeyEvent pressed(QEvent::KeyPress, Qt::Key_V, Qt::MetaModifier);
+    EXPECT_EQ(keyEventOf(pressed).code, 0);
+}
+
 TEST(KeyCodes, mouseButtons) {
     EXPECT_EQ(mouseButtonOf(Qt::LeftButton), MouseButton::Left);
     EXPECT_EQ(mouseButtonOf(Qt::RightButton), MouseButton::Right);

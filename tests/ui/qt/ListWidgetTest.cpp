@@ -51,6 +51,10 @@ public:
 
     void contextRow(std::size_t row) override { calls.push_back("context " + std::to_string(row)); }
 
+    void contextByKey(std::size_t row) override {
+        calls.push_back("context key " + std::to_string(row));
+    }
+
     bool removeRows() override {
         calls.emplace_back("remove");
         return removes;
@@ -165,6 +169,28 @@ TEST_F(ListWidgetTest, otherKeysGoOnToTheWindow) {
     rows_.count = 0;
     QTest::keyClick(&list_, Qt::Key_Down);
     EXPECT_TRUE(rows_.calls.empty());
+}
+
+TEST_F(ListWidgetTest, keysThatTheWindowClaimsGoOnToIt) {
+    list_.leaveToWindow([](const KeyEvent& key) { return key.code == 0x2E; });
+    for (const int key : {Qt::Key_Delete, Qt::Key_Down}) {
+        QKeyEvent event(QEvent::KeyPress, key, {});
+        QApplication::sendEvent(&list_, &event);
+        EXPECT_EQ(event.isAccepted(), key == Qt::Key_Down);
+    }
+    EXPECT_THAT(rows_.calls, ElementsAre("select 0"));
+}
+
+TEST_F(ListWidgetTest, theKeyForMenusAsksAboutTheCurrentRowWhichComesIntoSight) {
+    QKeyEvent without(QEvent::KeyPress, Qt::Key_Menu, {});
+    QApplication::sendEvent(&list_, &without);
+    EXPECT_FALSE(without.isAccepted()) << "no row, it is the window's";
+    rows_.cursor = 50;
+    QTest::keyClick(&list_, Qt::Key_Menu);
+    EXPECT_TRUE(list_.viewport()->rect().contains(list_.cellPlace(50, 0)));
+    QTest::keyClick(&list_, Qt::Key_F10, Qt::ShiftModifier);
+    QTest::keyClick(&list_, Qt::Key_F10);
+    EXPECT_THAT(rows_.calls, ElementsAre("context key 50", "context key 50"));
 }
 
 TEST_F(ListWidgetTest, theWheelStaysInTheListAlsoAtItsEnds) {

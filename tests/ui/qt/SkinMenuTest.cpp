@@ -204,8 +204,17 @@ TEST_F(ShownMenu, tellsScreenReadersItsItems) {
     ASSERT_EQ(access->childCount(), 4);
     EXPECT_EQ(access->child(0)->text(QAccessible::Name), "Open");
     EXPECT_TRUE(access->child(0)->state().checked);
+    EXPECT_FALSE(access->child(2)->state().checkable);
     EXPECT_EQ(access->child(1)->role(), QAccessible::Separator);
     EXPECT_EQ(access->child(2)->childCount(), 1) << "the menu that it opens";
+}
+
+TEST_F(ShownMenu, tellsScreenReadersThatAnItemCouldBeChecked) {
+    model.ItemCheckable(at("save"), true);
+    SkinMenu& menu = popUp();
+    QAccessibleInterface* const save = QAccessible::queryAccessibleInterface(&menu)->child(3);
+    EXPECT_TRUE(save->state().checkable);
+    EXPECT_FALSE(save->state().checked);
 }
 
 TEST_F(ShownMenu, aHundredOpeningsLeaveNothingBehind) {

@@ -56,6 +56,20 @@ TEST_F(SkinWindowTest, placesAreSkinPixelsAtAnyScale) {
     }
 }
 
+TEST_F(SkinWindowTest, aPressTellsWhereTheWindowIsWhenTheWindowManagerHasNotYet) {
+    const Box box{10, 20, 30, 5};
+    const QPoint told = window.onScreen(box).topLeft();
+    EXPECT_EQ(told, window.mapToGlobal(QPoint(10, 20)));
+    const QPointF place(45, 45);
+    for (const QPoint off : {QPoint(100, 70), QPoint()}) {
+        QMouseEvent press(QEvent::MouseButtonPress, place, window.mapToGlobal(place) + off,
+                          Qt::LeftButton, Qt::LeftButton, {});
+        QApplication::sendEvent(&window, &press);
+        EXPECT_EQ(window.onScreen(box).topLeft(), told + off);
+        QTest::mouseRelease(&window, Qt::LeftButton, {}, place.toPoint());
+    }
+}
+
 TEST_F(SkinWindowTest, aDoubleClickAndTheWheel) {
     QTest::mouseDClick(&window, Qt::LeftButton, {}, QPoint(12, 12));
     QTest::mouseRelease(&window, Qt::LeftButton, {}, QPoint(12, 12));
