@@ -31,6 +31,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                  .language = ground_.language,
                  .windows = windows},
                 host),
+      discInfo_(core_, lists_.lstTracks, host, windows),
       startFile_(core_, music_.playback, lists_.files, music_.tag, options_.commandLine),
       autoload_(core_, lists_, music_.playback.rows),
       menus_(commands_, ground_.menuTexts, window, ground_.errors, host.paths),
@@ -80,6 +81,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     search_.bind(commands_);
     tagging_.bind(commands_);
     stations_.bind(commands_);
+    discInfo_.bind(commands_);
     front_.bind(commands_);
     visuals_.bind(commands_);
     filling_.bind(commands_);

@@ -6,6 +6,7 @@
 #include "app/Autoload.h"
 #include "app/Choices.h"
 #include "app/Desktop.h"
+#include "app/DiscInfo.h"
 #include "app/Filling.h"
 #include "app/Front.h"
 #include "app/Ground.h"
@@ -73,6 +74,8 @@ public:
 
     [[nodiscard]] Stations& stations() { return stations_; }
 
+    [[nodiscard]] DiscInfo& discInfo() { return discInfo_; }
+
     [[nodiscard]] Visuals& visuals() { return visuals_; }
 
     [[nodiscard]] Desktop& desktop() { return desktop_; }
@@ -91,7 +94,10 @@ public:
                 .mp3Tag = tagging_.editor,
                 .preferences = choices_.preferences,
                 .about = choices_.about,
-                .addStation = stations_.addStation};
+                .addStation = stations_.addStation,
+                .discForm = discInfo_.form,
+                .discInfo = discInfo_.dialog,
+                .discMatch = discInfo_.match};
     }
 
     // What is asked for most ----------------------------------------------------------------------
@@ -153,6 +159,7 @@ private:
     Search search_;
     Tagging tagging_;
     Stations stations_;
+    DiscInfo discInfo_;
     StartFile startFile_;
     Autoload autoload_;
     commands::Commands commands_;

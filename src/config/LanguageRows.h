@@ -94,6 +94,26 @@ inline constexpr auto kEnglishAbout = std::to_array<std::string_view>({
     "The program that looks for updates is not installed",
 });
 
+/// The English of "TovikDiscs".
+inline constexpr auto kEnglishDiscs = std::to_array<std::string_view>({
+    "Tracks",
+    "Searching …",
+    "Found, and kept for this disc",
+    "Taken over",
+    "None was chosen",
+    "The server knows no such disc",
+    "The search was called off",
+    "There is no disc in the drive",
+    "No server is set in the file CDDB/server.ini",
+    "The server cannot be reached",
+    "The server does not answer",
+    "The server gives no answer that is of use",
+    "Which disc is it?",
+    "The server &knows several like this one:",
+    "&OK",
+    "&Cancel",
+});
+
 inline constexpr std::array<LanguageSectionRow, kLanguageSections> kSections{{
     {S::MainMenu, "MainMenu", 37, W::frmTSR},
     {S::VisMenu, "VisMenu", 2, W::frmTSR},
@@ -126,6 +146,8 @@ inline constexpr std::array<LanguageSectionRow, kLanguageSections> kSections{{
      W::frmPreferences, kEnglishPreferences},
     {S::TovikAbout, "TovikAbout", static_cast<int>(kEnglishAbout.size()), W::frmAbout,
      kEnglishAbout},
+    {S::TovikDiscs, "TovikDiscs", static_cast<int>(kEnglishDiscs.size()), W::frmCdNFO,
+     kEnglishDiscs},
 }};
 
 constexpr Row put(S section, int item, std::string_view element, K kind = K::Caption, int index = 0,

@@ -288,6 +288,12 @@ constexpr auto kRows = std::to_array<Row>({
     put(S::TovikAbout, 0, "LibrariesCaption"),
     put(S::TovikAbout, 1, "Licence"),
     put(S::TovikAbout, 2, "NoUpdater", K::Kept),
+
+    {S::TovikDiscs, 0, 1, W::frmCdNFO, "List1", 0, K::Name},
+    put(S::TovikDiscs, 1, "SearchText", K::Kept, 0, 11),
+    inWindow(S::TovikDiscs, 12, W::frmDiscMatch, "", K::Caption),
+    inWindow(S::TovikDiscs, 13, W::frmDiscMatch, "Label1", K::Caption),
+    {S::TovikDiscs, 14, 2, W::frmDiscMatch, "Command1", 0, K::Caption},
 });
 
 /// Sections in the order of the enumeration, rows in the order of sections and items, and each item

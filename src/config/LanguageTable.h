@@ -38,9 +38,10 @@ enum class LanguageSection : std::uint8_t {
     TovikLists, ///< what empty lists say
     TovikPreferences,
     TovikAbout,
+    TovikDiscs, ///< the search for what is known of a disc
 };
 
-inline constexpr std::size_t kLanguageSections = 26;
+inline constexpr std::size_t kLanguageSections = 27;
 
 /// The windows that texts go to. The main menu's texts name tabs of the main window, too.
 enum class TextWindow : std::uint8_t {
@@ -58,10 +59,11 @@ enum class TextWindow : std::uint8_t {
     frmMp3Tag,
     frmjump2time,
     frmJump2Track,
-    None, ///< asked for by code
+    frmDiscMatch, ///< the discs that a server knows by one number
+    None,         ///< asked for by code
 };
 
-inline constexpr std::size_t kTextWindows = 14;
+inline constexpr std::size_t kTextWindows = 15;
 
 struct LanguageSectionRow {
     LanguageSection section;

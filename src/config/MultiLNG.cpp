@@ -207,6 +207,10 @@ void MultiLNG::loadAboutWords() {
     load(S::TovikAbout);
 }
 
+void MultiLNG::loadDiscWords() {
+    load(S::TovikDiscs);
+}
+
 void MultiLNG::loadNames() {
     load(S::TovikNames);
     load(S::TovikLists);

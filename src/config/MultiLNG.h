@@ -66,6 +66,9 @@ public:
     void loadPreferenceWords();
     void loadAboutWords();
 
+    /// Those of the search for what is known of a disc.
+    void loadDiscWords();
+
     /// What a screen reader calls the elements of the main window.
     void loadNames();
 

@@ -27,6 +27,12 @@ namespace tovik::radio {
 class frmaddst;
 }
 
+namespace tovik::cd {
+struct DiscForm;
+class frmCdNFO;
+class frmDiscMatch;
+} // namespace tovik::cd
+
 namespace tovik::dialogs {
 
 /// All of it outlives the dialogs.
@@ -41,6 +47,9 @@ struct DialogLogic {
     preferences::frmPreferences& preferences;
     window::frmAbout& about;
     radio::frmaddst& addStation;
+    const cd::DiscForm& discForm;
+    cd::frmCdNFO& discInfo;
+    cd::frmDiscMatch& discMatch;
 };
 
 } // namespace tovik::dialogs

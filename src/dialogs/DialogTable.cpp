@@ -3,6 +3,8 @@
 
 #include "dialogs/AboutDialog.h"
 #include "dialogs/AddStationDialog.h"
+#include "dialogs/DiscInfoDialog.h"
+#include "dialogs/DiscMatchDialog.h"
 #include "dialogs/JumpToTimeDialog.h"
 #include "dialogs/JumpToTrackDialog.h"
 #include "dialogs/LoadPresetDialog.h"
@@ -70,6 +72,16 @@ constexpr std::array kTable = {
               [](const DialogParts& parts) -> Dialog& {
                   return *new AddStationDialog(parts.logic.addStation, parts.logic.language,
                                                parts.dispatcher, parts.parent);
+              }},
+    DialogRow{WindowId::discInfo, DialogKind::first,
+              [](const DialogParts& parts) -> Dialog& {
+                  return *new DiscInfoDialog(parts.logic.discInfo, parts.logic.discForm,
+                                             parts.logic.language, parts.dispatcher, parts.parent);
+              }},
+    DialogRow{WindowId::discMatch, DialogKind::first,
+              [](const DialogParts& parts) -> Dialog& {
+                  return *new DiscMatchDialog(parts.logic.discMatch, parts.logic.language,
+                                              parts.dispatcher, parts.parent);
               }},
 };
 

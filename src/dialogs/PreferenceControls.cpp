@@ -96,8 +96,6 @@ QWidget& PreferenceControls::makeCheck(Control control) {
     QObject::connect(box, &QCheckBox::clicked, box, [this, control](bool ticked) {
         change([&] { logic_.values().setNumber(control, ticked ? 1 : 0); });
     });
-    // Nothing looks up discs by itself yet.
-    box->setEnabled(control != Control::Check14);
     return *box;
 }
 

@@ -19,6 +19,8 @@ enum class WindowId : std::uint8_t {
     ripFolder,     ///< the choice of a folder for new files
     about,         ///< what this program is
     addStation,    ///< a radio station
+    discInfo,      ///< what is known of a disc
+    discMatch,     ///< the discs that a server knows by one number
     count,         ///< how many there are
 };
 

@@ -223,6 +223,7 @@ TEST_F(MultiLNGTest, buttonsOfDialogsInTheirOrder) {
     language_.loadAttached();
     EXPECT_EQ(window(W::frmCdNFO).at("Frame2", 0), "text 2");
     EXPECT_EQ(window(W::frmCdNFO).at("Frame2", 1), "text 4");
+    EXPECT_EQ(window(W::frmCdNFO).at("Command1", 2), "text 8");
     EXPECT_EQ(window(W::frmCdNFO).at("Command1", 4), "text 9");
     EXPECT_EQ(window(W::frmAbout).at("Command1", 1), "text 2");
     EXPECT_EQ(window(W::frmAbout).at("Command1", 0), "text 3");
