@@ -30,7 +30,7 @@ protected:
     void open(const std::function<void(QDialog&)>& act) {
         acted_ = 0;
         next([&act](QDialog& dialog) {
-            QCoreApplication::processEvents();
+            QCoreApplication::sendPostedEvents();
             act(dialog);
         });
         player().commands().run(commands::CommandId::ripAll);
@@ -236,7 +236,7 @@ TEST_F(DiscInfoDialog, theDialogComesBackFromARip) {
         if (++opened == 1) {
             next([&opened](QDialog& dialog) {
                 ++opened;
-                QCoreApplication::processEvents();
+                QCoreApplication::sendPostedEvents();
                 EXPECT_EQ(edit(dialog, "Text1_0").text(), "Album");
             });
             player().discInfo().dialog.Show();
