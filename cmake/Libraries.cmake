@@ -2,6 +2,7 @@
 # Libraries from the distribution. Each is linked by the one folder that wraps it.
 find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)
+pkg_check_modules(CDIO REQUIRED IMPORTED_TARGET libcdio libcdio_cdda libcdio_paranoia)
 pkg_check_modules(CURL REQUIRED IMPORTED_TARGET libcurl>=7.87)
 pkg_check_modules(FFMPEG REQUIRED IMPORTED_TARGET libavformat libavcodec libavutil)
 pkg_check_modules(MPG123 REQUIRED IMPORTED_TARGET libmpg123)
@@ -32,6 +33,7 @@ set(TOVIK_LIBRARIES
     "libopenmpt ${OPENMPT_VERSION}"
     "libsoxr ${SOXR_VERSION}"
     "libcurl ${CURL_VERSION}"
+    "libcdio ${CDIO_libcdio_VERSION}"
     "libpulse ${PULSE_VERSION}"
     "libxcb ${XCB_VERSION}"
     "SDL ${SDL2_VERSION}"

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Audio CDs: drives are counted from 0, tracks from 0. Interface thread only. No operation waits
-// for a drive: what is told of drives and discs is what was found when they were last looked at,
-// see `lookAtDrives`.
+// Audio CDs: drives are counted from 0, tracks from 0. Interface thread only. What is told of
+// drives and discs is what was found when they were last looked at, see `lookAtDrives`. No
+// operation waits for a drive, but for the letter of a drive, or for a stream, where nobody has
+// looked yet: that is done then, and waited for as the opening of a file is.
 #pragma once
 
 #include "sound/api/DiscToc.h"

@@ -22,11 +22,11 @@ struct FoundDrive {
 
 struct DriveOptions {
     /// Images of discs (BIN/CUE, TOC, NRG), each one more drive behind those of the machine.
-    std::vector<std::string> images;
+    std::vector<std::string> images{};
 
     /// Finds the drives of the machine, then those of the images. May wait; called on a thread of
     /// the engine, which may outlive the engine. A test puts its own drives here; empty: none.
-    std::function<std::vector<FoundDrive>(const std::vector<std::string>& images)> find;
+    std::function<std::vector<FoundDrive>(const std::vector<std::string>& images)> find{};
 
     /// How often a drive that is watched looks for another disc.
     std::chrono::milliseconds watchPeriod{2000};

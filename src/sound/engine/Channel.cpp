@@ -19,8 +19,10 @@ constexpr std::int64_t kEstimateMarginDivisor = 20;
 
 } // namespace
 
-Channel::Channel(FormatFamily family, std::uint32_t flags, Opener opener, Remix remix)
-    : family_(family), flags_(flags), source_(std::make_shared<Source>(std::move(opener), remix)) {
+Channel::Channel(FormatFamily family, std::uint32_t flags, Opener opener, Remix remix,
+                 Reading reading)
+    : family_(family), flags_(flags),
+      source_(std::make_shared<Source>(std::move(opener), remix, reading)) {
     if (!isDecoding()) {
         voice_ = std::make_unique<Voice>(askForFeed(0), remix);
     }
@@ -73,6 +75,9 @@ std::int64_t Channel::heardOfFeed(std::int64_t heardClock) const noexcept {
 }
 
 bool Channel::ended(std::int64_t heardClock) const noexcept {
+    if (rip != nullptr) {
+        return rip->ended();
+    }
     if (isDecoding()) {
         return source_->atEnd();
     }
@@ -80,6 +85,9 @@ bool Channel::ended(std::int64_t heardClock) const noexcept {
 }
 
 std::int64_t Channel::heardFrame(std::int64_t heardClock) const noexcept {
+    if (rip != nullptr) {
+        return framesFromBytes(rip->position());
+    }
     if (isDecoding()) {
         return wrapped(source_->position());
     }
@@ -91,6 +99,9 @@ std::int64_t Channel::heardFrame(std::int64_t heardClock) const noexcept {
 }
 
 std::int64_t Channel::lengthFrames(std::int64_t heard) const noexcept {
+    if (rip != nullptr) {
+        return framesFromBytes(rip->length());
+    }
     const std::int64_t length = source_->lengthFrames();
     if (!source_->lengthIsEstimate()) {
         return length;

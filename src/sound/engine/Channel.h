@@ -4,6 +4,8 @@
 #pragma once
 
 #include "sound/api/Types.h"
+#include "sound/cd/RipStream.h"
+#include "sound/cd/TrackHealth.h"
 #include "sound/decode/Decoder.h"
 #include "sound/encode/Encoder.h"
 #include "sound/engine/Source.h"
@@ -24,7 +26,8 @@ public:
     static constexpr std::size_t kMaxEffects = 10;
 
     /// Nothing is opened yet; a channel that is to be heard has asked for its first feed.
-    Channel(FormatFamily family, std::uint32_t flags, Opener opener, Remix remix = Remix::never);
+    Channel(FormatFamily family, std::uint32_t flags, Opener opener, Remix remix = Remix::never,
+            Reading reading = Reading::file);
 
     [[nodiscard]] FormatFamily family() const noexcept { return family_; }
 
@@ -74,6 +77,12 @@ public:
 
     /// Gets what the caller reads of a decoding channel, or got it; null for most.
     std::unique_ptr<Encoder> encoder;
+
+    /// Of a track of a disc: how its reading goes; null for all others.
+    std::shared_ptr<TrackHealth> discHealth;
+
+    /// Of a track of a disc that the caller reads; null for all others. Its source is never opened.
+    std::unique_ptr<RipStream> rip;
 
     bool started = false; ///< told to play and not stopped since
 

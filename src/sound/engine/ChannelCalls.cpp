@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cmath>
+#include <cstddef>
 
 namespace tovik::sound {
 
@@ -13,6 +15,9 @@ namespace {
 
 constexpr int kKeep = -1;
 constexpr int kKeepPan = -101;
+
+/// How long a reading from a disc is waited for: short enough for a window to answer.
+constexpr std::chrono::milliseconds kRipPatience(20);
 
 bool isVolume(int volume) {
     return volume == kKeep || (volume >= 0 && volume <= 100);
@@ -48,7 +53,7 @@ bool ChannelCalls::BASS_ChannelSetPosition(Handle handle, std::int64_t bytes) {
     if (channel == nullptr) {
         return false;
     }
-    if (channel->net != nullptr) {
+    if (channel->net != nullptr || channel->rip != nullptr) {
         return core_.fail(ErrorCode::notAvailable);
     }
     const std::int64_t length = channel->lengthFrames(core_.heardFrame(*channel));
@@ -175,12 +180,20 @@ std::int32_t ChannelCalls::BASS_ChannelGetLevel(Handle handle) {
     return block ? static_cast<std::int32_t>(block->level) : 0;
 }
 
-std::int32_t ChannelCalls::readSamples(Channel& channel, std::span<std::int16_t> samples) {
+std::size_t ChannelCalls::decodeSamples(Channel& channel, std::span<std::int16_t> samples) {
+    if (channel.rip != nullptr) {
+        return channel.rip->take(std::as_writable_bytes(samples), kRipPatience) /
+               sizeof(std::int16_t);
+    }
     const auto channels = static_cast<std::size_t>(channel.source()->channels());
     scratch_.resize(samples.size() / channels * channels);
-    const std::size_t frames = channel.source()->read(scratch_);
-    const std::size_t count = frames * channels;
+    const std::size_t count = channel.source()->read(scratch_) * channels;
     toPcm16(std::span<const float>(scratch_).first(count), samples.first(count));
+    return count;
+}
+
+std::int32_t ChannelCalls::readSamples(Channel& channel, std::span<std::int16_t> samples) {
+    const std::size_t count = decodeSamples(channel, samples);
     if (channel.encoder != nullptr && count > 0) {
         channel.encoder->feed(std::as_bytes(samples.first(count)));
     }

@@ -36,6 +36,8 @@ private:
     /// The channel, or null with the reason noted.
     [[nodiscard]] Channel* living(Handle handle);
     bool slide(Handle handle, int frequency, int volume, int pan, std::int32_t frames);
+    /// Fills samples as far as there are some; how many.
+    [[nodiscard]] std::size_t decodeSamples(Channel& channel, std::span<std::int16_t> samples);
     [[nodiscard]] std::int32_t readSamples(Channel& channel, std::span<std::int16_t> samples);
     [[nodiscard]] std::int32_t readSpectrum(Channel& channel,
                                             std::span<float, Spectrum::kBins> magnitudes);

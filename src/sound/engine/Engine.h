@@ -6,6 +6,7 @@
 
 #include "sound/engine/ChannelCalls.h"
 #include "sound/engine/DeviceCalls.h"
+#include "sound/engine/DiscCalls.h"
 #include "sound/engine/EffectCalls.h"
 #include "sound/engine/EncodeCalls.h"
 #include "sound/engine/EngineCore.h"
@@ -38,6 +39,7 @@ class Engine final : private EngineCoreHolder,
                      private RecordCalls,
                      private NetworkCalls,
                      private EncodeCalls,
+                     private DiscCalls,
                      private UnavailableCalls {
 public:
     explicit Engine(std::unique_ptr<OutputDevice> device, const EngineOptions& options = {});

@@ -24,12 +24,12 @@ ErrorCode reason(OpenStatus status) {
 EngineCore::EngineCore(std::unique_ptr<OutputDevice> device, const EngineOptions& options)
     : remix_(device->mixesAhead() ? Remix::possible : Remix::never),
       openPatience_(options.openPatience), openFile_(options.openFile), net_(options.net),
-      observer_(options.observer), feeder_(options.feeder,
-                                           [this] {
-                                               if (mixer_.hungry()) {
-                                                   keeper_.wakeDevice();
-                                               }
-                                           }),
+      drives_(options.drives), observer_(options.observer), feeder_(options.feeder,
+                                                                    [this] {
+                                                                        if (mixer_.hungry()) {
+                                                                            keeper_.wakeDevice();
+                                                                        }
+                                                                    }),
       keeper_(std::move(device), *this, options.keeperTimes) {}
 
 EngineCore::~EngineCore() {
@@ -99,6 +99,9 @@ bool EngineCore::makeRoom() {
 
 /// Has the source opened; false, with the reason noted, when that is known not to be possible.
 bool EngineCore::begin(Channel& channel, Answer answer) {
+    if (channel.rip != nullptr) {
+        return true; // it has begun by itself
+    }
     feeder_.add(channel.source());
     if (answer == Answer::later) {
         return true;
@@ -133,6 +136,9 @@ void EngineCore::start(Channel& channel) {
 
 void EngineCore::stop(Channel& channel) {
     channel.started = false;
+    if (channel.rip != nullptr) {
+        return;
+    }
     if (channel.isDecoding()) {
         channel.source()->seek(0);
         return;
@@ -167,6 +173,7 @@ void EngineCore::bury(std::unique_ptr<Channel> channel) {
     if (channel->net != nullptr) {
         channel->net->close();
     }
+    channel->rip.reset();
     feeder_.retire(channel->giveAwaySource());
     if (channel->isDecoding()) {
         return;

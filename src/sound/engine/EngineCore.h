@@ -4,6 +4,7 @@
 // Interface thread only, except what the device calls as its MixSource.
 #pragma once
 
+#include "sound/cd/Drives.h"
 #include "sound/engine/Channel.h"
 #include "sound/engine/ChannelTable.h"
 #include "sound/engine/EngineOptions.h"
@@ -76,6 +77,12 @@ public:
 
     /// How streams from the Internet are had.
     [[nodiscard]] const NetOptions& net() const noexcept { return net_; }
+
+    /// The drives of audio CDs.
+    [[nodiscard]] Drives& drives() noexcept { return drives_; }
+
+    /// How long a create operation waits.
+    [[nodiscard]] std::chrono::milliseconds openPatience() const noexcept { return openPatience_; }
 
     // Channels --------------------------------------------------------------------------------
 
@@ -154,6 +161,7 @@ private:
     const std::chrono::milliseconds openPatience_;
     const decltype(EngineOptions::openFile) openFile_;
     const NetOptions net_;
+    Drives drives_;
     Mixer mixer_;
     DeviceObserver* observer_;
     Feeder feeder_;

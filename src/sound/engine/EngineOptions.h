@@ -2,6 +2,7 @@
 // How an engine is to run. Any thread.
 #pragma once
 
+#include "sound/cd/DriveOptions.h"
 #include "sound/decode/Decoder.h"
 #include "sound/engine/Feeder.h"
 #include "sound/net/NetStream.h"
@@ -35,6 +36,9 @@ struct EngineOptions {
 
     /// How streams from the Internet are had.
     NetOptions net{};
+
+    /// The drives of audio CDs; none unless told.
+    DriveOptions drives{};
 };
 
 } // namespace tovik::sound

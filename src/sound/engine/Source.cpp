@@ -17,21 +17,27 @@ struct FeedSizes {
     std::size_t capacity;
     /// A new feed starts with this much, so that it can sound before its reader has woken up.
     std::size_t first;
+    /// A feed that holds fewer is filled up. A slice more always finds room behind these.
+    std::size_t least;
 };
 
 /// About 1.5 s of the mix lie decoded ahead; a start has 93 ms.
-constexpr FeedSizes kSizes{65536, 4096};
+constexpr FeedSizes kSizes{65536, 4096, 32768};
 
 /// As much, and what a device has queued and may want once more; a start lasts until what is
 /// queued can be changed again.
-constexpr FeedSizes kSizesForRemix{131072, 12288};
+constexpr FeedSizes kSizesForRemix{131072, 12288, 32768};
 
-constexpr FeedSizes sizesFor(Remix remix) {
+/// 4 to 6 s of a disc, with what a device has queued.
+constexpr FeedSizes kSizesForDisc{262144, 4096, 176400};
+constexpr FeedSizes kSizesForDiscRemix{524288, 12288, 176400};
+
+constexpr FeedSizes sizesFor(Remix remix, Reading reading) {
+    if (reading == Reading::disc) {
+        return remix == Remix::possible ? kSizesForDiscRemix : kSizesForDisc;
+    }
     return remix == Remix::possible ? kSizesForRemix : kSizes;
 }
-
-/// A slice more always finds room behind these; a feed that holds fewer is filled up.
-constexpr std::size_t kMostReadyFrames = kSizes.capacity / 2;
 
 /// What a feed must still hold when it is left, so that it can fade out: the block being mixed, and
 /// a ramp.
@@ -50,7 +56,8 @@ std::size_t sliceFrames(int rate) {
 
 } // namespace
 
-Source::Source(Opener opener, Remix remix) : remix_(remix), opener_(std::move(opener)) {}
+Source::Source(Opener opener, Remix remix, Reading reading)
+    : remix_(remix), reading_(reading), opener_(std::move(opener)) {}
 
 OpenStatus Source::open() {
     const Opener opener = std::exchange(opener_, nullptr);
@@ -146,7 +153,7 @@ std::int64_t Source::goTo(std::int64_t frame) {
 
 std::shared_ptr<Feed> Source::askForFeed(std::int64_t frame) {
     const base::MutexLock lock(askMutex_);
-    auto feed = std::make_shared<Feed>(frame, sizesFor(remix_).capacity, ++feeds_);
+    auto feed = std::make_shared<Feed>(frame, sizesFor(remix_, reading_).capacity, ++feeds_);
     if (refused_) {
         feed->complete();
     } else {
@@ -178,7 +185,7 @@ bool Source::beginAsked() {
     decodeTo(kFadeFrames);
     asked->moveAnchor(goTo(asked->anchorFrame()));
     feed_ = asked;
-    decodeTo(sizesFor(remix_).first);
+    decodeTo(sizesFor(remix_, reading_).first);
     return true;
 }
 
@@ -249,7 +256,7 @@ bool Source::fillSlice() {
 
 void Source::fillTo(std::size_t frames) {
     const base::MutexLock lock(mutex_);
-    decodeTo(std::min(frames, kMostReadyFrames));
+    decodeTo(std::min(frames, sizesFor(remix_, reading_).least));
 }
 
 std::optional<std::chrono::milliseconds> Source::timeToRefill() const {
@@ -258,7 +265,7 @@ std::optional<std::chrono::milliseconds> Source::timeToRefill() const {
         return std::nullopt;
     }
     const std::size_t ahead = feed_->readableFrames();
-    const std::size_t spare = ahead - std::min(ahead, kMostReadyFrames);
+    const std::size_t spare = ahead - std::min(ahead, sizesFor(remix_, reading_).least);
     return std::chrono::milliseconds(spare * 1000 / kMixRate);
 }
 

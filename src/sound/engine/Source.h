@@ -31,10 +31,19 @@ namespace tovik::sound {
 /// registers a callback for that is called on the interface thread, and returns at once.
 using Opener = std::function<OpenResult(const std::stop_token& calledOff)>;
 
+/// How far ahead of what is heard a source is read.
+enum class Reading {
+    file, ///< about a second
+    disc, ///< 4 s, since a scratch may hold it up for that long
+};
+
 class Source {
 public:
     /// Nothing is opened yet: `begin` does that.
-    explicit Source(Opener opener, Remix remix = Remix::never);
+    explicit Source(Opener opener, Remix remix = Remix::never, Reading reading = Reading::file);
+
+    /// Before it is opened: how long it is thought to be, in frames.
+    void expectLength(std::int64_t frames) { length_.store(frames, std::memory_order_release); }
 
     // Opening -------------------------------------------------------------------------------
 
@@ -143,6 +152,7 @@ private:
     std::int64_t goTo(std::int64_t frame) TOVIK_REQUIRES(mutex_);
 
     const Remix remix_;
+    const Reading reading_;
     std::stop_source calledOff_;
     Facts facts_ = kUnknown; ///< written before `known_` becomes true, and not afterwards
     std::atomic<bool> known_ = false;

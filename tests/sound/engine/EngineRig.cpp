@@ -24,16 +24,22 @@ std::unique_ptr<SimulatedOutput> makeDevice(const RigSetup& setup, Stereo& taken
     return std::make_unique<SimulatedOutput>(settings);
 }
 
+EngineOptions optionsOf(const RigSetup& setup, DeviceObserver& observer) {
+    EngineOptions options;
+    options.feeder = setup.feeder;
+    options.observer = &observer;
+    options.keeperTimes = setup.times;
+    options.openPatience = setup.openPatience;
+    options.openFile = setup.openFile;
+    options.drives = setup.drives;
+    return options;
+}
+
 } // namespace
 
 EngineRig::EngineRig(const RigSetup& setup)
     : owned_(makeDevice(setup, taken_)), device(*owned_),
-      made_(std::move(owned_), {.feeder = setup.feeder,
-                                .observer = &observer,
-                                .keeperTimes = setup.times,
-                                .openPatience = setup.openPatience,
-                                .openFile = setup.openFile}),
-      engine(made_) {
+      made_(std::move(owned_), optionsOf(setup, observer)), engine(made_) {
     if (setup.initialize) {
         EXPECT_TRUE(init());
     }

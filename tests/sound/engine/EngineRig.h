@@ -30,6 +30,7 @@ struct RigSetup {
     KeeperTimes times = kNever;
     std::chrono::milliseconds openPatience = EngineOptions{}.openPatience;
     decltype(EngineOptions::openFile) openFile = EngineOptions{}.openFile;
+    DriveOptions drives = {};
 };
 
 class EngineRig {

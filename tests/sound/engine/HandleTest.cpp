@@ -137,17 +137,7 @@ TEST(NotAvailable, IsToldByEveryOperationOfTheseFamilies) {
     EngineRig rig;
     SoundLibrary& e = rig.engine;
     const Handle playing = rig.play("wav_s16_44100_stereo.wav");
-    BASS_CD_INFO drive;
     const std::vector<std::function<bool()>> calls = {
-        [&] { return e.BASS_CD_GetDriveDescription(0).has_value(); },
-        [&] { return e.BASS_CD_GetDriveLetter(0) != -1; },
-        [&] { return e.BASS_CD_GetInfo(0, drive); },
-        [&] { return e.BASS_CD_IsReady(0); },
-        [&] { return e.BASS_CD_GetTracks(0) != -1; },
-        [&] { return e.BASS_CD_GetTrackLength(0, 0) != -1; },
-        [&] { return e.BASS_CD_GetID(0, 4).has_value(); },
-        [&] { return e.BASS_CD_Door(0, 1); },
-        [&] { return e.BASS_CD_StreamCreate(0, 0, 0) != kNoHandle; },
         [&] { return e.BASS_SONIQUEVIS_CreateFakeSoniqueWnd(); },
         [&] { return e.BASS_SONIQUEVIS_CreateVis("a.svp", "a.ini", 0, 9, 9) != kNoHandle; },
         [&] { return !e.BASS_SONIQUEVIS_GetName(1).empty(); },

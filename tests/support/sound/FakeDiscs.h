@@ -21,7 +21,7 @@ public:
         bool ready = true;               ///< a disc is in it
         bool tracksFail = false;         ///< the number of tracks cannot be had
         sound::DiscToc toc{};            ///< see `discOf`
-        std::optional<std::string> text; ///< CD-Text, with its NULs
+        std::optional<std::string> text{}; ///< CD-Text, with its NULs
         std::uint32_t number = 1;        ///< of the disc
         bool watched = false;
     };
