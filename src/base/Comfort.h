@@ -47,6 +47,12 @@ struct Comfort {
     bool countsUnbrokenSilence = false; ///< silence that adds up
     bool readsThreshold = false;        ///< the threshold after a restart
 
+    // Audio CDs.
+    bool watchesCdTracks = false;  ///< a CD track that is started plainly
+    bool keepsRipList = false;     ///< the rip list beside a CD in the playlist
+    bool separatesNumbers = false; ///< titles of CD-Text
+    bool skipsStrayCdText = false; ///< tracks beyond the CD-Text's count
+
     // Volume, balance, equalizer.
     bool keepsBalance = false;        ///< the centred balance
     bool tellsBalanceOfStart = false; ///< the balance told at the start

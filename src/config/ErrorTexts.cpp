@@ -68,4 +68,12 @@ void ShowErrorBox(host::Dialogs& dialogs, std::string_view text, std::int32_t co
     dialogs.showMessage({.text = message, .title = "Error", .icon = host::MessageIcon::Critical});
 }
 
+void ShowRoutineError(host::Dialogs& dialogs, std::string_view routine, std::string_view module,
+                      const base::RuntimeError& error) {
+    const std::string message = "Error in routine : " + std::string(routine) +
+                                "\r\nin module : " + std::string(module) + "\r\nError #" +
+                                std::to_string(error.number()) + " " + error.description();
+    ShowErrorBox(dialogs, message, kNoCode);
+}
+
 } // namespace tovik::config

@@ -25,6 +25,8 @@ inline constexpr auto kEnglishNotices = std::to_array<std::string_view>({
     "buffering [x] %",
     "reconnecting",
     "no such station",
+    "The disc was taken out of its drive.",
+    "parts of the disc cannot be read",
 });
 
 /// The English of "TovikNames".

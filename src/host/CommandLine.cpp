@@ -57,6 +57,11 @@ constexpr std::array kOptions{
                line.device = value.text;
                return true;
            }},
+    Option{"cd", "FILE.cue", "take this image of a disc for a drive with the disc in it",
+           [](CommandLine& line, const Value& value) {
+               line.discImages.push_back(value.path());
+               return true;
+           }},
     Option{"render", "FILE.wav", "write the sound to this file, as fast as it goes, and end",
            [](CommandLine& line, const Value& value) {
                line.renderFile = value.path();

@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 namespace tovik::host {
 
@@ -26,7 +27,8 @@ struct CommandLine {
     std::optional<std::string> renderFile;
     std::optional<double> renderSeconds; ///< above 0
     std::optional<std::string> screenshotFile;
-    PlayerArguments player; ///< every word that is no option
+    std::vector<std::string> discImages; ///< each is one more drive, with its disc in it
+    PlayerArguments player;              ///< every word that is no option
 };
 
 /// A command line that cannot be followed; the program ends with `kUsageStatus`.
@@ -37,7 +39,9 @@ struct UsageError {
 inline constexpr int kUsageStatus = 2;
 
 /// Reads the words behind the program's name. Options begin with "--", their value is the next
-/// word or stands behind "="; a bare "--" ends them. Of an option given twice the last counts.
+/// word or stands behind "="; a bare "--" ends them. Of an option given twice the last counts, but
+/// for
+/// "--cd".
 [[nodiscard]] std::variant<CommandLine, UsageError>
 parseCommandLine(std::span<const std::string> words, std::string_view workingFolder);
 

@@ -97,7 +97,7 @@ void Crossfade::showUnopened(const TrackRef& track) {
     facts_.showUnopened(track);
 }
 
-bool Crossfade::startCdTrack(std::uint32_t track, sound::Handle& channel) {
+bool Crossfade::startCdTrack(const CdTrack& track, sound::Handle& channel) {
     channel = opener_.openCdTrack(track);
     makeNewActive();
     if (channel != sound::kNoHandle) {

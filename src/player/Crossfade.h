@@ -49,7 +49,7 @@ public:
 private:
     [[nodiscard]] bool start(const TrackRef& track, std::int32_t fadeMilliseconds,
                              const std::string& popup);
-    [[nodiscard]] bool startCdTrack(std::uint32_t track, sound::Handle& newChannel);
+    [[nodiscard]] bool startCdTrack(const CdTrack& track, sound::Handle& newChannel);
     void beginSlides(std::int32_t milliseconds);
 
     /// The channels of the current leg: the one that starts, and the one that fades.

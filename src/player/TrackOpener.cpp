@@ -5,6 +5,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 
+#include <algorithm>
 #include <array>
 
 namespace tovik::player {
@@ -36,7 +37,10 @@ constexpr std::array<Create, 4> kDecoders = {
 /// Flags of a CD track's stream: freed when it stops.
 constexpr std::uint32_t kCdFlags = 327680;
 
-constexpr std::uint32_t kCurrentDrive = 0;
+/// Of a name without a letter.
+constexpr std::uint32_t kFirstDrive = 0;
+
+constexpr char kFirstLetter = 'A';
 
 constexpr std::string_view kCdExtension = ".cda";
 constexpr std::string_view kCdTrackWord = "track";
@@ -55,9 +59,26 @@ sound::Handle TrackOpener::open(std::string_view path) {
     return sound::kNoHandle;
 }
 
-sound::Handle TrackOpener::openCdTrack(std::uint32_t track) {
+std::optional<std::uint32_t> TrackOpener::driveOf(const CdTrack& track) {
+    if (!track.letter) {
+        return kFirstDrive;
+    }
+    for (std::uint32_t drive = 0;; ++drive) {
+        const int letter = sound_.BASS_CD_GetDriveLetter(drive);
+        if (letter < 0) {
+            return std::nullopt;
+        }
+        if (kFirstLetter + letter == *track.letter) {
+            return drive;
+        }
+    }
+}
+
+sound::Handle TrackOpener::openCdTrack(const CdTrack& track) {
+    const auto drive = driveOf(track);
     // Names count tracks from 1, the library from 0.
-    return sound_.BASS_CD_StreamCreate(kCurrentDrive, track - 1, kCdFlags);
+    return drive ? sound_.BASS_CD_StreamCreate(*drive, track.number - 1, kCdFlags)
+                 : sound::kNoHandle;
 }
 
 void TrackOpener::free(sound::Handle channel) {
@@ -69,7 +90,7 @@ bool namesCdTrack(std::string_view path) {
     return base::toLowerAscii(path).find(kCdExtension) != std::string::npos;
 }
 
-std::optional<std::uint32_t> cdTrackOf(std::string_view path) {
+std::optional<CdTrack> cdTrackOf(std::string_view path) {
     if (!namesCdTrack(path)) {
         return std::nullopt;
     }
@@ -82,7 +103,16 @@ std::optional<std::uint32_t> cdTrackOf(std::string_view path) {
     std::string_view number = std::string_view(name).substr(word + kCdTrackWord.size());
     number = number.substr(0, number.find(kCdTrackWord));
     number = number.substr(0, number.find(kCdExtension));
-    return static_cast<std::uint32_t>(base::toInt32(base::textToNumber(number)));
+    CdTrack track{.letter = std::nullopt,
+                  .number = static_cast<std::uint32_t>(base::toInt32(base::textToNumber(number)))};
+    // A word of the command line has a folder in front.
+    constexpr std::string_view kBehindLetter = ":\\";
+    const std::size_t letter = word - std::min(word, kBehindLetter.size() + 1);
+    if (name[letter] >= 'a' && name[letter] <= 'z' &&
+        name.compare(letter + 1, kBehindLetter.size(), kBehindLetter) == 0) {
+        track.letter = base::toUpperAscii(name.substr(letter, 1)).front();
+    }
+    return track;
 }
 
 } // namespace tovik::player

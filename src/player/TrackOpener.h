@@ -12,6 +12,14 @@
 
 namespace tovik::player {
 
+/// What a name such as "D:\Track01.cda" stands for.
+struct CdTrack {
+    std::optional<char> letter; ///< of the drive, in upper case; nothing where the name has none
+    std::uint32_t number = 0;   ///< counted from 1
+
+    [[nodiscard]] bool operator==(const CdTrack&) const = default;
+};
+
 class TrackOpener {
 public:
     explicit TrackOpener(sound::SoundLibrary& sound) : sound_(sound) {}
@@ -20,22 +28,24 @@ public:
     /// that cannot be opened at all, or whose disk does not answer, is offered to one alone.
     [[nodiscard]] sound::Handle open(std::string_view path);
 
-    /// The handle of a track of the disc in the current drive, counted from 1; 0 without one.
-    [[nodiscard]] sound::Handle openCdTrack(std::uint32_t track);
+    /// The handle of a track of a disc; 0 without one. A drive that there is not has none.
+    [[nodiscard]] sound::Handle openCdTrack(const CdTrack& track);
 
     /// Frees stream and module behind a handle; only one of the two can be there.
     void free(sound::Handle channel);
 
 private:
+    [[nodiscard]] std::optional<std::uint32_t> driveOf(const CdTrack& track);
+
     sound::SoundLibrary& sound_;
 };
 
 /// Whether a name stands for a track of a disc rather than for a file, in any case of letters.
 [[nodiscard]] bool namesCdTrack(std::string_view path);
 
-/// The track that a name such as "D:\Track01.cda" stands for, counted from 1, in any case of
-/// letters; nothing when the name is no CD track. Raises 13 and 9 for a name that has ".cda", but
-/// no number where it is looked for.
-[[nodiscard]] std::optional<std::uint32_t> cdTrackOf(std::string_view path);
+/// The track that a name such as "D:\Track01.cda" stands for, in any case of letters; nothing when
+/// the name is no CD track. Raises 13 and 9 for a name that has ".cda", but no number where it is
+/// looked for.
+[[nodiscard]] std::optional<CdTrack> cdTrackOf(std::string_view path);
 
 } // namespace tovik::player

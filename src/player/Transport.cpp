@@ -55,7 +55,7 @@ bool Transport::start(const TrackRef& track, const std::string& popup) {
     return true;
 }
 
-bool Transport::startCdTrack(const TrackRef& track, std::uint32_t number) {
+bool Transport::startCdTrack(const TrackRef& track, const CdTrack& number) {
     PlayerState& state = core_.state;
     core_.sound.BASS_ChannelStop(state.PrimaryChannel);
     state.PrimaryChannel = opener_.openCdTrack(number);

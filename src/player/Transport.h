@@ -50,7 +50,7 @@ public:
 
 private:
     [[nodiscard]] bool start(const TrackRef& track, const std::string& popup);
-    [[nodiscard]] bool startCdTrack(const TrackRef& track, std::uint32_t number);
+    [[nodiscard]] bool startCdTrack(const TrackRef& track, const CdTrack& number);
     void setIdleSync(sound::Handle channel, std::uint32_t type);
     void skip(std::int32_t seconds);
 

@@ -144,6 +144,7 @@ TEST_F(Argument, whatIsNoFileIsNamedToo) {
 }
 
 TEST_F(Argument, aTrackOfADiscIsNoFile) {
+    sound_.drives.resize(1);
     sound_.discTracks[6] = {.kind = FakeKind::disc, .seconds = 100};
     startWithFile("D:\\Track07.cda");
     EXPECT_TRUE(player().state().IsPlaying);

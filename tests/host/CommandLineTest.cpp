@@ -55,6 +55,13 @@ TEST(CommandLine, everyOptionWithItsValueBehindOrAttached) {
     }
 }
 
+TEST(CommandLine, imagesOfDiscsMayBeMany) {
+    EXPECT_TRUE(parsed({}).discImages.empty());
+    EXPECT_THAT(parsed({"--cd", "a.cue", "b.mp3", "--cd=/x/b.toc"}).discImages,
+                ElementsAre("/music/a.cue", "/x/b.toc"));
+    EXPECT_EQ(errorOf({"--cd"}), "--cd FILE.cue: the value is missing; see tovik --help");
+}
+
 TEST(CommandLine, optionsAndFilesMix) {
     const CommandLine line = parsed({"/Play", "a.mp3", "--device", "silent", "b=c.mp3"});
     EXPECT_EQ(line.device, kSilentDevice);

@@ -208,6 +208,7 @@ TEST_F(Burnbaby, theNextTrackFreesTheOneBefore) {
 
 TEST_F(Burnbaby, aTrackOfACd) {
     const std::string path = "D:\\Track07.CDA";
+    sound_.drives.resize(1);
     sound_.discTracks[6] = {.kind = FakeKind::disc, .seconds = 100};
     state_.IsPaused = true;
     state_.IsWmaStream = true;
@@ -240,6 +241,23 @@ TEST_F(Burnbaby, aTrackThatTheCdDoesNotHaveIsLeftWithoutAWord) {
     EXPECT_THAT(view_.told, ElementsAre("source", "time", "position", "facts", "titles"));
     EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
     EXPECT_THAT(logged(), IsEmpty());
+}
+
+TEST_F(Burnbaby, theLetterOfACdNameSaysWhichDrive) {
+    sound_.drives.resize(3);
+    sound_.drives[1].letter = 7;
+    sound_.drives[2].letter = 4;
+    play("h:\\Track02.cda");
+    EXPECT_THAT(sound_.calls, testing::Contains("BASS_CD_StreamCreate(1, 1, 327680)"));
+    sound_.calls.clear();
+    play("E:\\Track02.cda");
+    EXPECT_THAT(sound_.calls, testing::Contains("BASS_CD_StreamCreate(2, 1, 327680)"));
+    sound_.calls.clear();
+    play("G:\\Track02.cda"); // there is no such drive
+    EXPECT_THAT(sound_.calls,
+                testing::Not(testing::Contains(testing::HasSubstr("BASS_CD_StreamCreate"))));
+    play("/mnt/Track02.cda");
+    EXPECT_THAT(sound_.calls, testing::Contains("BASS_CD_StreamCreate(0, 1, 327680)"));
 }
 
 TEST_F(Burnbaby, aCdNameWithoutANumberGoesToTheGuard) {

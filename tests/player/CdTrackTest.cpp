@@ -17,10 +17,13 @@ int raised(std::string_view path) {
 }
 
 TEST(CdTrack, namesOfTracksInAnyCase) {
-    EXPECT_EQ(cdTrackOf("D:\\Track01.cda"), 1U);
-    EXPECT_EQ(cdTrackOf("e:\\TRACK17.CDA"), 17U);
-    EXPECT_EQ(cdTrackOf("track5.cda"), 5U);
-    EXPECT_EQ(cdTrackOf("D:\\Track12.cda.bak"), 12U);
+    EXPECT_EQ(cdTrackOf("D:\\Track01.cda"), (CdTrack{'D', 1}));
+    EXPECT_EQ(cdTrackOf("e:\\TRACK17.CDA"), (CdTrack{'E', 17}));
+    EXPECT_EQ(cdTrackOf("D:\\Track10.cda"), (CdTrack{'D', 10}));
+    EXPECT_EQ(cdTrackOf("track5.cda"), (CdTrack{std::nullopt, 5}));
+    EXPECT_EQ(cdTrackOf("/mnt/Track02.cda"), (CdTrack{std::nullopt, 2}));
+    EXPECT_EQ(cdTrackOf("/home/e:\\Track02.cda"), (CdTrack{'E', 2}));
+    EXPECT_EQ(cdTrackOf("D:\\Track12.cda.bak"), (CdTrack{'D', 12}));
 }
 
 TEST(CdTrack, otherNamesAreNone) {

@@ -207,6 +207,7 @@ TEST_F(Crossfade, aWmaIsOpenedTwiceAndTheSecondStreamIsFreedAtOnce) {
 }
 
 TEST_F(Crossfade, aTrackOfACd) {
+    sound_.drives.resize(1);
     sound_.discTracks[6] = {.kind = FakeKind::disc, .seconds = 100};
     playFirst();
     clock_.watchTrack(false);
