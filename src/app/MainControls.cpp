@@ -25,15 +25,34 @@ MainControls::MainControls(frmPlayer& player, ui::SkinWindow& window,
     addList(MainElement::lstTracks, "lstTracks", player.lists().lstTracks);
     addList(MainElement::RadioLst, "RadioLst", player.lists().RadioLst);
     addSearchField();
-    auto* drives = new QComboBox;
-    drives->setObjectName(QStringLiteral("cmbCDDrives"));
-    drives->setFocusPolicy(Qt::ClickFocus);
-    window_.hostControl(MainElement::cmbCDDrives, 0, drives);
+    addDrives();
     takeFocus();
 }
 
 MainControls::~MainControls() {
+    player_.discs().drives.cmbCDDrives.changed = {};
     player_.List1().watchSelection({});
+}
+
+void MainControls::addDrives() {
+    auto* box = new QComboBox;
+    box->setObjectName(QStringLiteral("cmbCDDrives"));
+    box->setFocusPolicy(Qt::ClickFocus);
+    cd::CdDrives& drives = player_.discs().drives;
+    drives.cmbCDDrives.changed = [box, &drives] {
+        QStringList texts;
+        for (const cd::DriveBox::Entry& entry : drives.cmbCDDrives.entries) {
+            texts.append(QString::fromStdString(entry.text));
+        }
+        box->clear();
+        box->addItems(texts);
+        box->setCurrentIndex(drives.cmbCDDrives.ListIndex);
+    };
+    drives.cmbCDDrives.changed();
+    QObject::connect(box, &QComboBox::activated, box, [this, &drives](int index) {
+        dispatcher_.run([&] { drives.choose(index); });
+    });
+    window_.hostControl(MainElement::cmbCDDrives, 0, box);
 }
 
 void MainControls::takeFocus() {

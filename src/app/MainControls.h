@@ -37,6 +37,7 @@ private:
                             playlist::stdSS& list);
     void addQuickList();
     void addSearchField();
+    void addDrives();
 
     /// Files that are dropped on a list of the playlist are added to it.
     void takeFiles(ui::ListWidget& list);

@@ -12,6 +12,7 @@
 #include "host/virtual/UnattendedDialogs.h"
 #include "host/virtual/UnattendedPrograms.h"
 #include "sound/engine/Engine.h"
+#include "sound/engine/MachineDrives.h"
 #include "window/WindowPictures.h"
 
 #include <array>
@@ -84,7 +85,11 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
     const bool needsDevice = !line.screenshotFile || line.device;
     const std::optional<std::string> device =
         needsDevice ? line.device : std::string(host::kSilentDevice);
-    sound::Engine engine(makeOutput(device), {.observer = &news});
+    sound::EngineOptions options{.observer = &news};
+    if (!line.screenshotFile) {
+        options.drives = sound::machineDrives(line.discImages);
+    }
+    sound::Engine engine(makeOutput(device), options);
     // Opening the device and building the window take about as long: do both at once.
     engine.warmUp();
 

@@ -8,6 +8,7 @@
 #include "host/system/StopSignals.h"
 #include "host/virtual/RenderHost.h"
 #include "sound/engine/Engine.h"
+#include "sound/engine/MachineDrives.h"
 #include "sound/output/WavOutput.h"
 
 #include <algorithm>
@@ -72,7 +73,11 @@ int render(const host::CommandLine& line, const host::Environment& environment) 
 
     auto wav = std::make_unique<sound::WavOutput>(*line.renderFile);
     sound::WavOutput& output = *wav;
-    sound::Engine engine(std::move(wav), {.feeder = sound::FeederMode::inCaller});
+    sound::EngineOptions options{.feeder = sound::FeederMode::inCaller};
+    if (!line.discImages.empty()) {
+        options.drives = sound::machineDrives(line.discImages);
+    }
+    sound::Engine engine(std::move(wav), options);
     NoWindow noWindow;
     player::TrackEvents events;
     window::WindowOpener noDialogs;

@@ -52,6 +52,15 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                 .windows = windows,
                 .elements = front_.view.elements},
                host),
+      discs_({.core = core_,
+              .playback = music_.playback,
+              .lstTracks = lists_.lstTracks,
+              .info = discInfo_,
+              .buttons = filling_.buttons,
+              .menus = menus_.frmTSR,
+              .panels = front_.view.panels,
+              .language = ground_.language},
+             host),
       choices_({.preferences = {.core = core_,
                                 .silenceSkip = music_.playback.silenceSkip,
                                 .window = window,
@@ -85,6 +94,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     front_.bind(commands_);
     visuals_.bind(commands_);
     filling_.bind(commands_);
+    discs_.bind(commands_);
     menus_.bind(commands_, front_.view.elements, front_.view.input.keyWindow());
     choices_.bind(commands_);
     choices_.preferences.shortcuts.attach(menus_.accelerators());

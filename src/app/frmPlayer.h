@@ -7,6 +7,7 @@
 #include "app/Choices.h"
 #include "app/Desktop.h"
 #include "app/DiscInfo.h"
+#include "app/Discs.h"
 #include "app/Filling.h"
 #include "app/Front.h"
 #include "app/Ground.h"
@@ -75,6 +76,8 @@ public:
     [[nodiscard]] Stations& stations() { return stations_; }
 
     [[nodiscard]] DiscInfo& discInfo() { return discInfo_; }
+
+    [[nodiscard]] Discs& discs() { return discs_; }
 
     [[nodiscard]] Visuals& visuals() { return visuals_; }
 
@@ -167,6 +170,7 @@ private:
     Front front_;
     Visuals visuals_;
     Filling filling_;
+    Discs discs_;
     Choices choices_;
     Desktop desktop_;
     HandOver handOver_;

@@ -56,6 +56,7 @@ const std::span<const frmPlayer::Step> frmPlayer::kLoadSteps = [] {
         Step{"associate the file types", in<&P::ground_, &Ground::associateFileTypes>, true},
         Step{"check for updates", in<&P::ground_, &Ground::checkForUpdates>, true},
         Step{"set the captions", in<&P::ground_, &Ground::showCaptions>, true},
+        Step{"look for drives", in<&P::discs_, &Discs::lookForDrives>},
         Step{"tell that nothing is kept", in<&P::ground_, &Ground::tellUnkept>},
     };
     return std::span<const Step>(kSteps);

@@ -53,6 +53,9 @@ void Panels::Switch_Win(std::string_view mask) {
             ApplyQuickList();
             core_.news.stirVisualisation();
         }
+        if (switched) {
+            switched();
+        }
     });
 }
 

@@ -26,6 +26,9 @@ public:
     /// does any while `PanelLock` is held. Whatever fails half way is logged and left so.
     void Switch_Win(std::string_view mask);
 
+    /// Called when a panel was switched to; may be empty.
+    std::function<void()> switched;
+
     /// The tick of `Timer6`: shows the list of stations on its panel and hides it on the others. It
     /// ticks once after a switch, since nothing else changes what it looks at.
     void Timer6();

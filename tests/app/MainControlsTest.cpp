@@ -44,6 +44,22 @@ TEST_F(MainControlsTest, eachPanelShowsItsOwn) {
     EXPECT_THAT(visibleControls(), testing::IsEmpty());
 }
 
+TEST_F(MainControlsTest, theBoxOfDrivesShowsThemAndChoosesOne) {
+    sound_.drives = {{.description = "One", .toc = FakeDiscs::discOf({10})},
+                     {.description = "Two", .letter = 4, .toc = FakeDiscs::discOf({20, 30})}};
+    switchTo("00010");
+    tick();
+    auto& box = control<QComboBox>("cmbCDDrives");
+    ASSERT_EQ(box.count(), 2);
+    EXPECT_EQ(box.itemText(1), "E: Two");
+    EXPECT_EQ(box.currentIndex(), 0);
+    EXPECT_EQ(real_->lists().lstTracks.ListCount(), 1);
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_Down);
+    EXPECT_EQ(real_->discs().state.CDDrive, 1);
+    EXPECT_EQ(real_->lists().lstTracks.ListCount(), 2);
+}
+
 TEST_F(MainControlsTest, theStationsLeaveWithTheNextTickAfterTheirPanel) {
     using testing::ElementsAre;
     switchTo("00001");

@@ -1,0 +1,127 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Audio CDs in the built program: images of discs stand for drives."""
+import array
+import glob
+import json
+import os
+import shutil
+import signal
+import unittest
+
+from program import LIMIT, ProgramTest, media, read_wav
+from test_accessibility import PYTHON, READER
+
+SECTOR = 2352
+# Drives of the machine come first.
+LETTER = chr(ord("D") + len({os.path.realpath(name) for name in glob.glob("/dev/sr[0-9]*")}))
+
+
+def sectors(name, first, count):
+    with open(media(name), "rb") as file:
+        file.seek(first * SECTOR)
+        return file.read(count * SECTOR)
+
+
+def track(number):
+    return f"{LETTER}:\\Track{number:02}.cda"
+
+
+class CdTest(ProgramTest):
+    def playlist(self, *names):
+        path = self.path("list.m3u")
+        with open(path, "w", encoding="utf-8") as file:
+            file.write("#EXTM3U\n" + "".join(f"#EXTINF:3,Song\n{name}\n" for name in names))
+        return path
+
+
+class Rendered(CdTest):
+    """Without a window, in virtual time."""
+
+    def setUp(self):
+        super().setUp()
+        self.run_program("--render", self.path("out.wav"), "--seconds", "0.1",
+                         media("wav_s16_44100_stereo.wav"))
+        self.setting(b"CVL", b"100")
+
+    def render(self, *words):
+        """The sound as 16-bit samples, in bytes."""
+        result = self.run_program("--render", self.path("out.wav"), *words)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        _, channels, rate, samples = read_wav(self.path("out.wav"))
+        self.assertEqual((channels, rate), (2, 44100))
+        return array.array("h", (max(-32768, min(32767, round(sample * 32768)))
+                                 for sample in samples)).tobytes()
+
+    def test_a_track_comes_out_bit_for_bit(self):
+        sound = self.render("--seconds", "4", "--cd", media("cd_tones.cue"), track(3))
+        whole = sectors("cd_tones.bin", 532, 151)
+        self.assertEqual(sound[:len(whole)], whole)
+        self.assertFalse(any(sound[len(whole):]))
+
+    def test_a_second_image_is_the_next_drive(self):
+        other = chr(ord(LETTER) + 1)
+        sound = self.render("--seconds", "1", "--cd", media("cd_tones.cue"), "--cd",
+                            media("cd_hidden.cue"), f"{other}:\\Track01.cda")
+        self.assertEqual(sound[:75 * SECTOR], sectors("cd_hidden.bin", 150, 75))
+
+    def test_tracks_follow_each_other_and_data_is_passed_over(self):
+        # The first start is a plain one, behind which no track of a disc would follow.
+        self.setting(b"CFD", b"1")
+        self.setting(b"CFDT", b"0")
+        sound = self.render("--seconds", "14", "--cd", media("cd_mixed.cue"), self.playlist(
+            media("wav_s16_44100_stereo.wav"), track(2), track(1), track(3)))
+        # From the middle of each, where no level slides.
+        first = sectors("cd_mixed.bin", 350 + 40, 10)
+        second = sectors("cd_mixed.bin", 500 + 40, 10)
+        self.assertGreaterEqual(sound.find(first), 0)
+        self.assertGreater(sound.find(second), sound.find(first))
+
+
+class Shown(CdTest):
+    def setUp(self):
+        super().setUp()
+        self.start_screen()
+        self.start_window_manager()
+
+    def start(self, *words):
+        self.player = self.start_program("--device", "silent", *words)
+        self.shown_window = self.window_of(self.player)
+        self.tool("xdotool", "windowactivate", "--sync", self.shown_window)
+
+    def end(self):
+        self.player.send_signal(signal.SIGTERM)
+        self.assertEqual(self.player.wait(LIMIT), 0)
+
+    def elements(self):
+        said = self.tool(PYTHON, READER)
+        self.assertEqual(said.returncode, 0, said.stderr)
+        return {one["name"]: one for one in json.loads(said.stdout)["children"]
+                if "showing" in one["states"]}
+
+    def test_the_panel_shows_drive_and_tracks(self):
+        self.start_bus()
+        self.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+        self.start("--cd", media("cd_text.cue"))
+        self.tool("xdotool", "key", "--clearmodifiers", "4")
+        self.wait_until(lambda: self.elements().get("Tracks of the disc", {}).get("rows"),
+                        "the tracks")
+        shown = self.elements()
+        cells = shown["Tracks of the disc"]["cells"]
+        self.assertEqual(cells, [["1. 1Première / Ann", "00:01"],
+                                 ["2. 2Второй / Björk & Co", "00:01"],
+                                 ["3. 3A = B / ", "00:01"]])
+        self.end()
+
+    def test_what_cannot_be_read_is_told(self):
+        for name in ("cd_tones.cue", "cd_tones.bin"):
+            shutil.copy(media(name), self.folder)
+        self.start("--cd", self.path("cd_tones.cue"), self.playlist(track(1), track(2)))
+        os.truncate(self.path("cd_tones.bin"), 300 * SECTOR)
+        self.tool("xdotool", "key", "--clearmodifiers", "b")
+        self.wait_until(lambda: "cannot be read" in self.tool(
+            "xdotool", "getwindowname", self.shown_window).stdout, "the message")
+        self.end()
+
+
+if __name__ == "__main__":
+    unittest.main()
