@@ -14,7 +14,7 @@ PASSWORD = "hackme"
 LIMIT = 20
 
 CONFIG = """<icecast>
-  <limits><clients>20</clients><sources>4</sources><burst-size>65535</burst-size>
+  <limits><clients>20</clients><sources>4</sources><burst-size>16384</burst-size>
     <source-timeout>10</source-timeout></limits>
   <authentication><source-password>{password}</source-password>
     <admin-user>admin</admin-user><admin-password>{password}</admin-password></authentication>

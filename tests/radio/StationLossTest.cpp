@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "radio/StationRig.h"
 
+#include <filesystem>
+
 namespace tovik::test {
 namespace {
 
@@ -159,6 +161,33 @@ TEST_F(StationLossTest, anAddressThatIsNoneIsToldAndGivenUp) {
     station().report.httpStatus = 404;
     over(StreamStage::failed, StreamTrouble::httpError);
     EXPECT_EQ(playing_.scrollerText, " no such station");
+}
+
+TEST_F(StationLossTest, stopBehindNoSuchStationIsTheEndOfIt) {
+    start("", "Nowhere");
+    over(StreamStage::failed, StreamTrouble::badAddress);
+    transport_.button_stop();
+    transport_.pause();
+    advance(60000);
+    EXPECT_EQ(opened(), 1U);
+    EXPECT_FALSE(state_.IsPlaying);
+    EXPECT_FALSE(state_.IsPaused);
+}
+
+TEST_F(StationLossTest, theClockOfADayOfRadioRunsOnBehindABreak) {
+    start();
+    sounds();
+    sound_.setSeconds(stream(), 90'000);
+    clock_.Timer1();
+    over(StreamStage::ended);
+    clock_.Timer1();
+    advance(1100);
+    sounds();
+    sound_.setSeconds(stream(), 1);
+    clock_.Timer1();
+    EXPECT_EQ(state_.HeardBefore, 90'000);
+    EXPECT_TRUE(state_.IsPlaying);
+    EXPECT_FALSE(std::filesystem::exists(host_.folder / "db/err.log"));
 }
 
 TEST_F(StationLossTest, aLibraryWithoutANetworkIsNoSuchStation) {

@@ -23,6 +23,7 @@ struct HttpRequest {
     bool titles = false;    ///< asks for metadata between the sound
     std::chrono::milliseconds headerPatience{10'000}; ///< from name look-up to the end of the head
     std::chrono::milliseconds bodyPatience{10'000};   ///< silence in the body
+    std::string authorities{}; ///< file of those who may vouch for a server; empty: the system's
 };
 
 /// How a request ended.
@@ -68,7 +69,7 @@ struct HttpModule {
     HttpEnd (*fetch)(const HttpRequest& request, HttpSink& sink, const std::stop_token& calledOff);
 };
 
-inline constexpr std::uint32_t kHttpVersion = 2;
+inline constexpr std::uint32_t kHttpVersion = 3;
 inline constexpr const char* kHttpSymbol = "tovikHttp";
 
 /// Fetches by the module, which the first call loads.

@@ -158,6 +158,7 @@ bool Transfer::prepare() {
            set(CURLOPT_NOSIGNAL, 1L) && set(CURLOPT_PROTOCOLS_STR, kSchemes) &&
            set(CURLOPT_REDIR_PROTOCOLS_STR, kSchemes) && set(CURLOPT_FOLLOWLOCATION, 1L) &&
            set(CURLOPT_MAXREDIRS, kMostRedirects) && set(CURLOPT_CONNECTTIMEOUT_MS, patience) &&
+           (request_.authorities.empty() || set(CURLOPT_CAINFO, request_.authorities.c_str())) &&
            set(CURLOPT_HTTP_VERSION, CURL_HTTP_VERSION_1_1) &&
            set(CURLOPT_BUFFERSIZE, kBufferBytes) &&
            // A name look-up that hangs is left behind and not waited for.
