@@ -52,7 +52,7 @@ class Server:
         self.kind, self.data, self.bytes = kind, data, kbps * 125
         self.listener = socket.create_server(("127.0.0.1", port), backlog=64)
         self.port = self.listener.getsockname()[1]
-        self.open, self.ended = [], False
+        self.open, self.ended, self.burst = [], False, 0
         threading.Thread(target=self.accept, daemon=True).start()
 
     @property
@@ -80,6 +80,7 @@ class Server:
                      b"icy-br:%d\r\n\r\n" % (self.bytes // 125))
         at, block = self.bytes * BURST_SECONDS, self.bytes // BLOCKS
         peer.sendall(self.data[:at])
+        self.burst = time.monotonic()
         began, sent = time.monotonic(), 0
         while True:
             peer.sendall((self.data + self.data)[at:at + block])
@@ -168,6 +169,7 @@ class Desk(Stage):
                                     "tovik").split():
                 if '"player"' in self.tool("xprop", "-id", window, "WM_WINDOW_ROLE"):
                     return window
+        self.close()
         raise SystemExit("no window")
 
     def move(self, place):
@@ -197,7 +199,7 @@ class Desk(Stage):
 def measure_first(arguments, data):
     server = Server("plays", data, arguments.kbps)
     desk = Desk(arguments.program, [server.address])
-    took = []
+    took, behind = [], []
     try:
         for _ in range(arguments.runs):
             desk.click(desk.row(0))
@@ -207,10 +209,12 @@ def measure_first(arguments, data):
             desk.tool("xdotool", "click", "1")
             desk.wait_for(True)
             took.append((time.monotonic() - began) * 1000)
+            behind.append((time.monotonic() - server.burst) * 1000)
             desk.tool("xdotool", "key", "v")
             desk.wait_for(False)
         print(f"the first start {took[0]:.0f} ms; later ones: median "
-              f"{statistics.median(took[1:]):.0f} ms, worst {max(took[1:]):.0f} ms")
+              f"{statistics.median(took[1:]):.0f} ms, worst {max(took[1:]):.0f} ms; behind the burst "
+              f"{behind[0]:.0f} ms, median {statistics.median(behind[1:]):.0f} ms")
     finally:
         desk.close()
 
@@ -246,16 +250,17 @@ def measure_dead(arguments, _):
     addresses += [f"http://127.0.0.1:{closed}/", "http://no.invalid/", "http://192.0.2.1/", ""]
     desk = Desk(arguments.program, addresses)
     windows = Windows(desk.environment["DISPLAY"])
-    longest = 0.0
+    kinds += ("closed port", "no such name", "no such host", "no address")
+    longest = dict.fromkeys(kinds, 0.0)
     counted = 0
 
-    def watch(seconds):
-        nonlocal longest, counted
+    def watch(kind, seconds):
+        nonlocal counted
         end = time.monotonic() + seconds
         while time.monotonic() < end:
             took = windows.answers()
             counted += len(took)
-            longest = max(longest, windows.waiting(), *took)
+            longest[kind] = max(longest[kind], windows.waiting(), *took)
             if not windows.asked:
                 windows.ask()
             time.sleep(0.001)
@@ -268,13 +273,16 @@ def measure_dead(arguments, _):
                     ["xdotool", "mousemove", "--window", desk.window, *map(str, place), "click",
                      "1"], env=desk.environment)
                 while click.poll() is None:
-                    watch(0.002)
-            watch(PAUSE)
+                    watch(kinds[row], 0.002)
+            watch(kinds[row], PAUSE)
         began = time.monotonic()
         desk.player.send_signal(signal.SIGTERM)
         desk.player.wait(LIMIT)
-        print(f"{STARTS} starts: longest wait of the window {longest * 1000:.1f} ms of {counted} "
-              f"questions; the end took {(time.monotonic() - began) * 1000:.0f} ms")
+        print(f"{STARTS} starts: longest wait of the window "
+              f"{max(longest.values()) * 1000:.1f} ms of {counted} questions; the end took "
+              f"{(time.monotonic() - began) * 1000:.0f} ms")
+        for kind, seconds in longest.items():
+            print(f"  {kind:20} {seconds * 1000:.1f} ms")
     finally:
         desk.close()
 

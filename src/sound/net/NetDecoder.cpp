@@ -126,7 +126,8 @@ bool NetDecoder::start() {
     const std::int64_t bitRate = sound_->bitRate();
     decodeFirst();
     const auto frames = static_cast<std::int64_t>(ready_.size() / 2);
-    state_->waitForRest(std::chrono::milliseconds(frames * kMilliseconds / Resampler::kOutputRate));
+    state_->waitForRest(std::chrono::milliseconds(frames * kMilliseconds / Resampler::kOutputRate),
+                        bytes_->total() - byte_);
     state_->opened(bitRate);
     return true;
 }

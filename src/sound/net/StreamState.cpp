@@ -285,11 +285,14 @@ void StreamState::measured(std::int64_t bytes, std::int64_t frames) {
     measure(bytes, frames);
 }
 
-void StreamState::waitForRest(std::chrono::milliseconds decoded) {
+void StreamState::waitForRest(std::chrono::milliseconds decoded, std::int64_t takenBytes) {
     const base::MutexLock lock(mutex_);
+    const auto had =
+        decoded + timeIn({.bytes = static_cast<std::size_t>(std::max<std::int64_t>(takenBytes, 0)),
+                          .bytesPerSecond = bytesPerSecond()});
     BufferRule rest = rule_;
-    rest.full -= std::min(rest.full, decoded);
-    rest.least -= std::min(rest.least, decoded);
+    rest.full -= std::min(rest.full, had);
+    rest.least -= std::min(rest.least, had);
     static_cast<void>(waitForRule(rest, created_ + times_.firstSound));
 }
 

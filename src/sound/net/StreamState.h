@@ -105,8 +105,9 @@ public:
     /// So many bytes were that many frames of what the decoder gives.
     void measured(std::int64_t bytes, std::int64_t frames);
 
-    /// The same as `waitForEnough`, with the rate known by now and so much decoded already.
-    void waitForRest(std::chrono::milliseconds decoded);
+    /// The same as `waitForEnough`, with the rate known by now, so much decoded already and so
+    /// many bytes taken that were not.
+    void waitForRest(std::chrono::milliseconds decoded, std::int64_t takenBytes);
 
     /// The stream itself told what plays from `frame` on.
     void foundTitle(std::string_view title, std::int64_t frame);

@@ -251,6 +251,26 @@ TEST(AStation, IsBufferedByItsOwnRateIfItTellsNone) {
     EXPECT_EQ(rig.report(false).channels, 2);
 }
 
+TEST(AStation, SoundsOnceItsBurstIsThereWhateverTheDecoderTookOfIt) {
+    // Enough, of which the demuxer takes the most, and then no pause for a burst to end in.
+    const std::string song = mediaText("mp3_cbr128.mp3");
+    const std::string body = (song + song).substr(0, 60'000);
+    std::atomic<bool> opened = false;
+    ScriptedServer server([&](Peer& peer) {
+        peer.send(kMp3Head + "\r\n" + body);
+        for (std::size_t at = 0; !opened && peer.wait(5ms); at = (at + 1) % body.size()) {
+            peer.send(body.substr(at, 1));
+        }
+    });
+    NetOptions options = quickOptions();
+    options.times.firstSound = 5s;
+    NetRig rig(server.url(), options);
+    const auto began = std::chrono::steady_clock::now();
+    EXPECT_TRUE(rig.open());
+    opened = true;
+    EXPECT_LT(std::chrono::steady_clock::now() - began, options.times.firstSound / 2);
+}
+
 TEST(AStation, ThatFallsSilentIsGivenUpAndItsRestHeard) {
     const std::string body = mediaText("mp3_cbr128.mp3").substr(0, 20'000);
     ScriptedServer server([&](Peer& peer) {
