@@ -6,12 +6,15 @@ import json
 import os
 import shutil
 import signal
+import subprocess
 import unittest
 
 from program import LIMIT, ProgramTest, media, read_wav
 from test_accessibility import PYTHON, READER
 
 SECTOR = 2352
+PLAYER = "org.mpris.MediaPlayer2.Player"
+SECOND = 1000000
 # Drives of the machine come first.
 LETTER = chr(ord("D") + len({os.path.realpath(name) for name in glob.glob("/dev/sr[0-9]*")}))
 
@@ -110,6 +113,31 @@ class Shown(CdTest):
         self.assertEqual(cells, [["1. 1Première / Ann", "00:01"],
                                  ["2. 2Второй / Björk & Co", "00:01"],
                                  ["3. 3A = B / ", "00:01"]])
+        self.end()
+
+    def test_a_track_is_gone_through_from_another_place(self):
+        self.start_bus()
+        remote = subprocess.Popen(
+            [PYTHON, os.path.join(os.path.dirname(__file__), "bus_client.py"),
+             "org.mpris.MediaPlayer2.tovik", "/org/mpris/MediaPlayer2"], env=self.environment,
+            stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        self.stack.callback(remote.communicate)
+
+        def call(interface, method, signature, *arguments):
+            remote.stdin.write(json.dumps(["call", interface, method, signature, arguments]) + "\n")
+            remote.stdin.flush()
+            return json.loads(remote.stdout.readline())
+
+        def position():
+            answer = call("org.freedesktop.DBus.Properties", "Get", "(ss)", PLAYER, "Position")
+            return answer[0] if isinstance(answer, list) else -1
+
+        self.start("--cd", media("cd_tones.cue"), track(2))
+        self.wait_until(lambda: position() > 0, "the first sound")
+        self.assertLess(position(), 2 * SECOND)
+        call(PLAYER, "Seek", "(x)", 2 * SECOND)
+        self.wait_until(lambda: position() >= 2 * SECOND, "the other place")
+        self.wait_until(lambda: position() >= 3.5 * SECOND, "what follows it")
         self.end()
 
     def test_what_cannot_be_read_is_told(self):
