@@ -22,6 +22,13 @@ std::string fileOf(const std::string& letter, std::int32_t number) {
     return letter + ":\\Track" + (number < kTwoDigits ? "0" : "") + std::to_string(number) + ".cda";
 }
 
+void addRow(playlist::stdSS& target, const std::string& letter, std::int32_t track,
+            const std::string& title, std::int64_t bytes) {
+    const std::string file = fileOf(letter, track + 1);
+    const std::int32_t seconds = base::toInt32(static_cast<double>(bytes) / kBytesPerSecond);
+    target.AddItem(file, file, title, Seconds2HMS(seconds), seconds);
+}
+
 } // namespace
 
 std::string Seconds2HMS(std::int32_t seconds) {
@@ -47,13 +54,6 @@ std::string CdTrackList::currentLetter() const {
 std::int64_t CdTrackList::lengthOf(std::int32_t track) const {
     return needs_.core.sound.BASS_CD_GetTrackLength(
         static_cast<std::uint32_t>(needs_.state.CDDrive), static_cast<std::uint32_t>(track));
-}
-
-void CdTrackList::addRow(playlist::stdSS& target, const std::string& letter, std::int32_t track,
-                         const std::string& title, std::int64_t bytes) {
-    const std::string file = fileOf(letter, track + 1);
-    const std::int32_t seconds = base::toInt32(static_cast<double>(bytes) / kBytesPerSecond);
-    target.AddItem(file, file, title, Seconds2HMS(seconds), seconds);
 }
 
 void CdTrackList::LoadTrackList(playlist::stdSS& target, bool addFlag) {

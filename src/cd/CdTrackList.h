@@ -55,8 +55,6 @@ public:
 
 private:
     [[nodiscard]] std::string currentLetter() const;
-    void addRow(playlist::stdSS& target, const std::string& letter, std::int32_t track,
-                const std::string& title, std::int64_t bytes);
     [[nodiscard]] std::int64_t lengthOf(std::int32_t track) const;
     void loadFromText(std::string_view text, std::int32_t count, playlist::stdSS& target);
 
