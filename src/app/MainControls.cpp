@@ -65,6 +65,9 @@ ui::ListWidget& MainControls::makeList(MainElement element, const char* objectNa
     widget->setObjectName(QString::fromLatin1(objectName));
     widget->leaveToWindow(
         [this](const ui::KeyEvent& key) { return player_.menus().frmTSR.hasAccelerator(key); });
+    widget->setScrollerPicture([this] {
+        return player_.view().pictures.find(player_.elements().get(MainElement::Picture3).picture);
+    });
     rows.showsRowsAt([this, element, widget](std::size_t row) {
         const ui::Box box = player_.elements().get(element).box();
         const double scale = box.width / std::max(1, widget->width());
@@ -95,9 +98,6 @@ ui::ListWidget& MainControls::addList(MainElement element, const char* objectNam
     auto* widget = &makeList(element, objectName, rows);
     widget->setColours(window::kListColours);
     widget->showTimes();
-    widget->setScrollerPicture([this] {
-        return player_.view().pictures.find(player_.elements().get(MainElement::Picture3).picture);
-    });
     window_.hostControl(element, 0, widget);
     watches_.push_back(std::make_unique<ListWatch>(list, *widget, true));
     return *widget;

@@ -31,7 +31,7 @@ struct ListColours {
 
 /// What an empty list says is quieter than a title: between that and the ground.
 [[nodiscard]] constexpr Colour hintColour(const ListColours& of) {
-    constexpr int kShare = 70; // of the title's colour, in hundredths
+    constexpr int kShare = 80; // of the title's colour, in hundredths
     const auto mixed = [](int text, int back) {
         return static_cast<std::uint8_t>((text * kShare + back * (100 - kShare)) / 100);
     };

@@ -11,9 +11,10 @@
 
 namespace tovik::window {
 
-/// The colours of all three lists. Words stand out from what is behind them by 4.5 at least.
+/// The colours of all three lists. The ground is a tint of the window's cards, on which titles
+/// stand out by 7 at least; other words stand out from what is behind them by 4.5.
 inline constexpr ui::ListColours kListColours{
-    .BackgroundColor = {255, 255, 255},
+    .BackgroundColor = {214, 220, 236},
     .BackgroundTimeColor = ui::Colour{102, 102, 153},
     .TitleTextColor = {20, 50, 75},
     .TimeTextColor = {255, 255, 255},
@@ -21,8 +22,8 @@ inline constexpr ui::ListColours kListColours{
     .SelectedTimeTextColor = {0, 0, 0},
     .PlayedTitleTextColor = {0, 0, 0},
     .PlayedTimeTextColor = {0, 0, 0},
-    .SelectedTitleBackColor = ui::Colour{198, 207, 222},
-    .SelectedTimeBackColor = ui::Colour{198, 207, 222},
+    .SelectedTitleBackColor = ui::Colour{170, 179, 216},
+    .SelectedTimeBackColor = ui::Colour{170, 179, 216},
     .PlayedTitleBackColor = ui::Colour{255, 214, 140},
     .PlayedTimeBackColor = ui::Colour{255, 166, 31},
     .SelectedBorderColor = ui::Colour{102, 102, 153},

@@ -20,8 +20,10 @@ inline constexpr ui::Colour kDim{96, 100, 140};
 inline constexpr ui::Colour kBody{47, 50, 84};
 inline constexpr ui::Colour kScreen{13, 15, 32};
 inline constexpr ui::Colour kPanel{232, 235, 245};
+/// Behind what one types and chooses from: the tint of the lists.
+inline constexpr ui::Colour kField{214, 220, 236};
 inline constexpr ui::Colour kGroove{176, 182, 208};
-inline constexpr ui::Colour kLine{198, 207, 222};
+inline constexpr ui::Colour kLine{164, 172, 207};
 inline constexpr ui::Colour kFace{84, 89, 136};
 inline constexpr ui::Colour kFaceSelected{112, 117, 170};
 
@@ -99,7 +101,7 @@ constexpr Place control(N name, ui::Box box, bool visible = false) {
             .box = box,
             .visible = visible,
             .textColour = kInk,
-            .backColour = kWhite};
+            .backColour = kField};
 }
 
 constexpr Place store(N name, std::size_t count = 1) {

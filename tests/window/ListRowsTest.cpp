@@ -65,6 +65,20 @@ TEST(ListColours, allWordsStandOutFromWhatIsBehindThem) {
     }
 }
 
+TEST(ListColours, theGroundIsNoGlareAndTitlesStandOutFromIt) {
+    const ui::ListColours& colours = window::kListColours;
+    const ui::Colour ground = colours.BackgroundColor;
+    for (const ui::Colour text :
+         {colours.TitleTextColor, colours.SelectedTitleTextColor, colours.PlayedTitleTextColor}) {
+        EXPECT_GE(ui::test::contrast(text, ground), 7);
+    }
+    // Not white, and not so dark that it were no light area any more.
+    const ui::Colour white{255, 255, 255};
+    EXPECT_GE(ui::test::contrast(white, ground), 1.3);
+    EXPECT_LE(ui::test::contrast(white, ground), 2);
+    EXPECT_GE(ui::test::contrast(ground, *colours.SelectedTitleBackColor), 1.4);
+}
+
 TEST(ListColours, theQuietWordsOfAnEmptyListCanBeReadAndAreQuieter) {
     const ui::ListColours& colours = window::kListColours;
     const double quiet = ui::test::contrast(ui::hintColour(colours), colours.BackgroundColor);

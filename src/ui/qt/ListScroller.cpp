@@ -47,14 +47,18 @@ int ListScroller::scaled(int pixels) const {
     return qRound(pixels * factor_);
 }
 
+bool ListScroller::hasButtons() const {
+    return height() >= scaled(2 * kUp.height() + 2 * kThumb.height());
+}
+
 QRect ListScroller::track() const {
-    const int button = std::min(scaled(kUp.height()), height() / 2);
+    const int button = hasButtons() ? scaled(kUp.height()) : 0;
     return {0, button, width(), height() - 2 * button};
 }
 
 QRect ListScroller::thumb() const {
     const QRect room = track();
-    const int size = std::min(scaled(kThumb.height()), room.height());
+    const int size = std::min(scaled(kThumb.height()), room.height() / 2);
     const int span = maximum() - minimum();
     const auto passed = std::int64_t{value() - minimum()} * (room.height() - size);
     return {0, room.top() + (span > 0 ? static_cast<int>(passed / span) : 0), width(), size};
@@ -87,10 +91,12 @@ void ListScroller::paintEvent(QPaintEvent* event) {
     const QRect room = track();
     // Also behind the buttons, whose corners may be transparent.
     painter.drawImage(rect(), pieces, kTrack);
-    painter.drawImage(QRect(0, 0, width(), room.top()), pieces,
-                      held_ == Part::up ? kUpPressed : kUp);
-    painter.drawImage(QRect(0, room.bottom() + 1, width(), room.top()), pieces,
-                      held_ == Part::down ? kDownPressed : kDown);
+    if (hasButtons()) {
+        painter.drawImage(QRect(0, 0, width(), room.top()), pieces,
+                          held_ == Part::up ? kUpPressed : kUp);
+        painter.drawImage(QRect(0, room.bottom() + 1, width(), room.top()), pieces,
+                          held_ == Part::down ? kDownPressed : kDown);
+    }
     if (maximum() > minimum()) {
         const bool pressed = held_ == Part::thumb || held_ == Part::before || held_ == Part::after;
         painter.drawImage(thumb(), pieces, pressed ? kThumbPressed : kThumb);

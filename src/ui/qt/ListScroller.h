@@ -13,7 +13,8 @@ namespace tovik::ui {
 
 /// The picture is 91x40: from the left the up button and the same pressed (13x21 each), the track
 /// (13x40), the down button and the same pressed (13x21), the thumb and the same pressed (13x40).
-/// As long as there is no such picture it is a plain scroll bar.
+/// As long as there is no such picture it is a plain scroll bar. A bar that is too short for both
+/// buttons and a thumb with room to move goes without the buttons.
 ///
 /// A button or the track that is held scrolls at once, again after 200 ms and then every 50 ms.
 class ListScroller final : public QScrollBar {
@@ -45,6 +46,7 @@ private:
     [[nodiscard]] const PixelImage* picture() const;
     [[nodiscard]] Part partAt(int y) const;
     [[nodiscard]] QRect track() const;
+    [[nodiscard]] bool hasButtons() const;
     [[nodiscard]] int scaled(int pixels) const;
     /// One step of what is held; ends paging when the thumb has come to the pointer.
     void step();

@@ -76,6 +76,20 @@ TEST_F(ListScrollerTest, isMadeOfThePieces) {
     EXPECT_EQ(bar_.thumb(), QRect(0, kHeight - kButton - 40, kPitch, 40));
 }
 
+TEST_F(ListScrollerTest, aShortOneGoesWithoutButtonsSoThatItsThumbCanMove) {
+    constexpr int kShort = 80;
+    bar_.resize(kPitch, kShort);
+    EXPECT_EQ(shadeAt(0), shadeOf(thumbPiece));
+    EXPECT_EQ(shadeAt(kShort - 1), shadeOf(trackPiece));
+    EXPECT_EQ(bar_.thumb(), QRect(0, 0, kPitch, 40));
+    bar_.setValue(1000);
+    EXPECT_EQ(bar_.thumb(), QRect(0, kShort - 40, kPitch, 40));
+    press(kShort - 1);
+    moveTo(kShort / 2 - 1);
+    EXPECT_EQ(bar_.value(), 0) << "by the thumb, from its end to its begin";
+    release();
+}
+
 TEST_F(ListScrollerTest, hasNoThumbWhereThereIsNothingToScroll) {
     bar_.setRange(0, 0);
     EXPECT_EQ(shadeAt(kButton + 5), shadeOf(trackPiece));
@@ -84,6 +98,7 @@ TEST_F(ListScrollerTest, hasNoThumbWhereThereIsNothingToScroll) {
 }
 
 TEST_F(ListScrollerTest, growsWithItsFactor) {
+    bar_.resize(2 * kPitch, 2 * kHeight);
     bar_.setFactor(2);
     EXPECT_EQ(bar_.sizeHint().width(), 2 * kPitch);
     EXPECT_EQ(bar_.thumb().height(), 80);
@@ -157,9 +172,10 @@ TEST_F(ListScrollerTest, isPlainWithoutAWholePicture) {
 TEST_F(ListScrollerTest, aBarTooLowForItsPiecesKeepsInside) {
     bar_.resize(kPitch, 30);
     EXPECT_GE(bar_.thumb().height(), 0);
-    EXPECT_EQ(shadeAt(0), shadeOf(up));
-    EXPECT_EQ(shadeAt(29), shadeOf(down));
+    EXPECT_EQ(shadeAt(0), shadeOf(thumbPiece));
+    EXPECT_EQ(shadeAt(29), shadeOf(trackPiece));
     bar_.setValue(1000);
+    EXPECT_EQ(shadeAt(29), shadeOf(thumbPiece));
     EXPECT_LT(bar_.thumb().bottom(), 30);
 }
 
