@@ -13,6 +13,7 @@
 #include "host/virtual/UnattendedPrograms.h"
 #include "sound/engine/Engine.h"
 #include "sound/engine/MachineDrives.h"
+#include "ui/qt/SkinPalette.h"
 #include "window/WindowPictures.h"
 
 #include <array>
@@ -77,6 +78,15 @@ std::string windowPicture(std::string_view name) {
     return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
 }
 
+/// Drawn for each size, the small ones on whole pixels.
+QIcon programIcon() {
+    QIcon icon;
+    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256}) {
+        icon.addFile(QStringLiteral(":/window/icons/tovik-%1.png").arg(size));
+    }
+    return icon;
+}
+
 } // namespace
 
 int play(const host::CommandLine& line, const host::Environment& environment) {
@@ -99,7 +109,8 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
     std::array<char*, 2> argv = {name.data(), nullptr};
     const QApplication application(argc, argv.data());
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/window/icon.png")));
+    QApplication::setPalette(ui::skinPalette());
+    QApplication::setWindowIcon(programIcon());
 
     DataPlace place = prepareDataFolder(line, environment);
     std::optional<PrivateCopy> copy;

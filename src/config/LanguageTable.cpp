@@ -252,6 +252,7 @@ constexpr auto kRows = std::to_array<Row>({
 
     name(S::TovikNames, 0, "Text4"),
     name(S::TovikNames, 1, "EQ_on"),
+    put(S::TovikNames, 1, "eqHeading"),
     name(S::TovikNames, 2, "qpl_but"),
     name(S::TovikNames, 3, "minmodeUP"),
     name(S::TovikNames, 4, "cancelrip"),

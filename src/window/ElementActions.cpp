@@ -3,6 +3,7 @@
 
 #include "base/Numbers.h"
 #include "player/EqualizerGains.h"
+#include "window/Decibels.h"
 #include "window/MainButtons.h"
 #include "window/TimeDisplay.h"
 
@@ -67,11 +68,6 @@ commands::CommandId commandBehind(ui::ElementAddress element) {
 
 bool isDigit(ui::ElementAddress element) {
     return element.as<MainElement>() == MainElement::timed;
-}
-
-std::string decibels(double value) {
-    const auto whole = std::to_string(static_cast<int>(std::lround(value)));
-    return (value > 0 ? "+" : "") + whole + " dB";
 }
 
 } // namespace

@@ -48,4 +48,16 @@ bool EqualizerInput::wheel(const ui::PointerEvent& event, double notches) {
     return slider != nullptr;
 }
 
+void EqualizerInput::pointerEntered(ui::ElementAddress element) {
+    if (element.as<MainElement>() == MainElement::eq_sld) {
+        sliders_.tell(element.index);
+    }
+}
+
+void EqualizerInput::pointerLeft(ui::ElementAddress element) {
+    if (element.as<MainElement>() == MainElement::eq_sld) {
+        sliders_.tell({});
+    }
+}
+
 } // namespace tovik::window

@@ -19,6 +19,10 @@ public:
     bool doubleClick(const ui::PointerEvent& event);
     bool wheel(const ui::PointerEvent& event, double notches);
 
+    /// The slider under the pointer is told.
+    void pointerEntered(ui::ElementAddress element);
+    void pointerLeft(ui::ElementAddress element);
+
 private:
     [[nodiscard]] ui::PicVScroll* sliderUnder(const ui::PointerEvent& event);
 

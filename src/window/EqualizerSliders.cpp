@@ -2,7 +2,10 @@
 #include "window/EqualizerSliders.h"
 
 #include "base/RuntimeError.h"
+#include "window/Decibels.h"
 #include "window/PanelTable.h"
+
+#include <string>
 
 namespace tovik::window {
 
@@ -60,7 +63,24 @@ void EqualizerSliders::draw() {
     }
 }
 
+void EqualizerSliders::tell(std::optional<std::size_t> slider) {
+    told_ = slider;
+    std::string words;
+    if (slider) {
+        const std::string& name = elements_.get(MainElement::eq_sld, *slider).name;
+        // The top of a slider is its least value and the most that one hears.
+        const std::int32_t gain = player::kSliderMiddle - equalizer_.eq_sld(*slider);
+        words = (name.empty() ? "" : name + ":  ") + decibels(gain);
+    }
+    if (elements_.get(MainElement::eq_val).caption != words) {
+        elements_.touch(MainElement::eq_val).caption = words;
+    }
+}
+
 void EqualizerSliders::showSlider(std::size_t slider, std::int32_t value) {
+    if (told_ == slider) {
+        tell(slider);
+    }
     // A bar that is dragged stays under the pointer, between two values.
     if (moved_ != slider) {
         eq_sld(slider).ShowValue(value);

@@ -29,6 +29,9 @@ public:
     /// Bands 0 to 9, then the master. Raises 9 for any other.
     [[nodiscard]] ui::PicVScroll& eq_sld(std::size_t index);
 
+    /// Tells name and decibels of the slider that the pointer is on; of none with an empty one.
+    void tell(std::optional<std::size_t> slider);
+
     void showSlider(std::size_t slider, std::int32_t value) override;
     void showEqualizer() override;
 
@@ -38,6 +41,7 @@ private:
     MainElements& elements_;
     std::vector<ui::PicVScroll> sliders_;
     std::optional<std::size_t> moved_; ///< the slider that moves the curve just now
+    std::optional<std::size_t> told_;  ///< the slider whose decibels are shown
 };
 
 } // namespace tovik::window

@@ -68,6 +68,7 @@ constexpr auto kRows = std::to_array<Row>({
     {N::qpl_but, Toggle},
     {N::List1, Control},
     // The equalizer's.
+    {N::eqHeading, Label},
     several(N::eq_sld, Slider, 11),
     {N::eq_val, Label},
     two(N::EQ_on, Toggle, N::EQ_off),

@@ -92,7 +92,8 @@ enum class MainElement : std::uint16_t {
     Image3,
     Picture6, ///< 13: ten bands, the master, two scales
     eq_sld,   ///< 11: ten bands, the master
-    eq_val,
+    eq_val,   ///< the slider under the pointer, and its decibels
+    eqHeading,
     EQ_on,
     EQ_off,
     presetbt,

@@ -46,6 +46,10 @@ public:
     /// On a slider, that; anywhere else the volume.
     void wheel(const ui::PointerEvent& event, double notches) override;
 
+    void pointerEntered(ui::ElementAddress element) override { sliders_.pointerEntered(element); }
+
+    void pointerLeft(ui::ElementAddress element) override { sliders_.pointerLeft(element); }
+
     bool keyDown(const ui::KeyEvent& event) override;
 
     /// The accelerators of the menus come before what lists and buttons do with a key.

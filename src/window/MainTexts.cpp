@@ -85,6 +85,7 @@ constexpr std::array kElements{
     Named{"musicinfo_img", N::musicinfo_img},
     Named{"lblRDinfo", N::lblRDinfo},
     Named{"eq_sld", N::eq_sld},
+    Named{"eqHeading", N::eqHeading},
 };
 
 void put(ui::Element& element, TextKind kind, std::string_view text) {

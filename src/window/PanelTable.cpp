@@ -81,6 +81,7 @@ constexpr auto kRows = std::to_array<PanelRow>({
     {N::eq_sld, kEqualizerOnly},
     {N::presetbt, kEqualizerOnly},
     {N::eq_val, kEqualizerOnly},
+    {N::eqHeading, kEqualizerOnly},
     {N::EQ_on, {no, withEqualizer, no, no, no}},
     {N::EQ_off, {no, withoutEqualizer, no, no, no}},
     {N::ripperbt, kRipOnly},

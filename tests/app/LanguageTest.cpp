@@ -36,6 +36,8 @@ TEST_F(Language, theStartSpeaksEnglish) {
     EXPECT_EQ(element(MainElement::Label3).caption, "Volume [x]%");
     EXPECT_EQ(element(MainElement::Label4, 8).caption, "[x]%");
     EXPECT_EQ(element(MainElement::Label2).caption, "Tovik");
+    EXPECT_EQ(element(MainElement::eqHeading).caption, "Equalizer");
+    EXPECT_EQ(element(MainElement::eq_sld, 10).name, "Master");
     EXPECT_EQ(player().ground().menuTexts.caption("mnuplbitem1", 18), "Music search");
     EXPECT_NE(player().view().texts.publicText(), "");
     EXPECT_THAT(logged(), IsEmpty());

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "BitmapFile.h"
 #include "Body.h"
-#include "GlyphTable.h"
-#include "PictureSet.h"
 #include "skin/Bitmap.h"
+#include "SkinPictures.h"
 #include "Stand.h"
-#include "ui/GlyphText.h"
-#include "ui/KeyColour.h"
 #include "window/MainBindings.h"
 #include "window/WindowPictures.h"
 
@@ -21,35 +18,6 @@ namespace tovik::skinart {
 namespace {
 
 using N = window::MainElement;
-
-constexpr std::array kScales{1, 2};
-
-/// All pictures by name, rendered once at each scale.
-const std::map<std::string, QImage>& pictures(int scale) {
-    static const auto render = [](int at) {
-        std::map<std::string, QImage> all;
-        for (const Drawings& set : {skinDrawings(), windowDrawings()}) {
-            for (const Drawing& drawing : set) {
-                all.emplace(drawing.name, rendered(drawing, at));
-            }
-        }
-        return all;
-    };
-    static const std::map<int, std::map<std::string, QImage>> byScale{{1, render(1)},
-                                                                      {2, render(2)}};
-    return byScale.at(scale);
-}
-
-const QImage& picture(const std::string& name, int scale = 1) {
-    return pictures(scale).at(name);
-}
-
-bool isKey(QRgb pixel) {
-    return std::ranges::any_of(std::array{16, 24, 32}, [pixel](int depth) {
-        const ui::Colour key = ui::keyColour(depth);
-        return qRed(pixel) == key.red && qGreen(pixel) == key.green && qBlue(pixel) == key.blue;
-    });
-}
 
 int keyPixels(const QImage& image) {
     int count = 0;
@@ -202,16 +170,48 @@ bool isIndicator(const std::string& name) {
         [&name](std::string stem) { return name == stem || name == stem + "2"; });
 }
 
-TEST(SkinArt, onlyTheBodyAndTheIndicatorsHavePixelsOfTheKeyColour) {
+/// What is painted from edge to edge, because it lies on nothing of a skin.
+bool isWhole(const std::string& name) {
+    return std::ranges::any_of(std::array{"scroller", "sabar", "eqwin", "eqslot", "eqmaster",
+                                          "eqscale_left", "eqscale_right"},
+                               [&name](std::string_view whole) { return name == whole; });
+}
+
+TEST(SkinArt, whatLiesOnAnotherPictureIsCutFromItsGround) {
+    std::size_t cut = 0;
     for (const int scale : kScales) {
         for (const auto& [name, image] : pictures(scale)) {
+            const int all = image.width() * image.height();
             if (isIndicator(name)) {
                 // A symbol on nothing.
-                const int all = image.width() * image.height();
                 EXPECT_GT(keyPixels(image), all / 3) << name << " at " << scale;
                 EXPECT_LT(keyPixels(image), all * 9 / 10) << name << " at " << scale;
-            } else if (name != "main") {
+            } else if (isWhole(name)) {
                 EXPECT_EQ(keyPixels(image), 0) << name << " at " << scale;
+            } else {
+                // At least the four corners.
+                ++cut;
+                EXPECT_GE(keyPixels(image), 4) << name << " at " << scale;
+                EXPECT_LT(keyPixels(image), all * 19 / 20) << name << " at " << scale;
+                EXPECT_TRUE(isKey(image.pixel(image.width() - 1, 0))) << name << " at " << scale;
+            }
+        }
+    }
+    EXPECT_EQ(cut, 2 * (119U - 8U - 7U));
+}
+
+TEST(SkinArt, noShapeIsMixedWithTheKeyColour) {
+    // Smooth edges are mixed with our ground: a yellow fringe would be seen on every ground.
+    const auto yellow = [](QRgb pixel) {
+        return qRed(pixel) > 150 && qGreen(pixel) * 100 > qRed(pixel) * 85 && qBlue(pixel) < 60;
+    };
+    for (const int scale : kScales) {
+        for (const auto& [name, image] : pictures(scale)) {
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x) {
+                    const QRgb pixel = image.pixel(x, y);
+                    ASSERT_FALSE(yellow(pixel) && !isKey(pixel)) << name << " " << x << "," << y;
+                }
             }
         }
     }
@@ -264,106 +264,6 @@ TEST(SkinArt, everyShownElementLiesInsideTheOutline) {
     }
 }
 
-/// The pixels of a cell of a strip, as text.
-std::string cellOf(const QImage& strip, QPoint corner) {
-    std::string cell;
-    for (int y = 0; y < kGlyphHeight; ++y) {
-        for (int x = 0; x < kGlyphWidth; ++x) {
-            cell += strip.pixel(corner + QPoint(x, y)) == strip.pixel(154, 17) ? '.' : 'X';
-        }
-    }
-    return cell;
-}
-
-struct Row {
-    int top;
-    std::string_view characters;
-    int first = 0;
-};
-
-/// Where each character stands, by the rows of the strip.
-constexpr auto kRows = std::to_array<Row>({
-    {0, "abcdefghijklmnopqrstuvwxyz"},
-    {6, "0123456789."},
-    {6, ":()-'!_+\\/[]^&%,=$#", 60},
-    {12, "ao"}, // with two dots
-    {12, "?*", 15},
-});
-
-TEST(SkinArt, everyCharacterStandsInItsCellAndLooksLikeNoOther) {
-    for (const std::string name : {"text", "text2"}) {
-        const QImage& strip = picture(name);
-        EXPECT_EQ(strip.size(), QSize(155, 18));
-        std::set<std::string> shapes;
-        std::set<std::pair<int, int>> used;
-        std::size_t characters = 0;
-        for (const Row& row : kRows) {
-            for (std::size_t i = 0; i < row.characters.size(); ++i) {
-                const int left = row.first + static_cast<int>(i) * kGlyphWidth;
-                const std::string shape = cellOf(strip, {left, row.top});
-                used.insert({left, row.top});
-                ++characters;
-                EXPECT_NE(shape.find('X'), std::string::npos) << row.characters[i];
-                EXPECT_TRUE(shapes.insert(shape).second) << row.characters[i] << " of " << name;
-            }
-        }
-        EXPECT_EQ(characters, 60U);
-        EXPECT_EQ(characters, glyphs().size());
-        // All other cells are blank, that of the blank among them.
-        for (int top = 0; top < kStripHeight; top += kGlyphHeight) {
-            for (int left = 0; left < kStripWidth; left += kGlyphWidth) {
-                if (!used.contains({left, top})) {
-                    EXPECT_EQ(cellOf(strip, {left, top}).find('X'), std::string::npos)
-                        << left << "," << top;
-                }
-            }
-        }
-    }
-}
-
-TEST(SkinArt, charactersStandWhereWordsTakeThem) {
-    std::size_t found = 0;
-    for (const Glyph& glyph : glyphs()) {
-        const std::u32string character = ui::charactersOf(glyph.character);
-        ASSERT_EQ(character.size(), 1U) << glyph.character;
-        ASSERT_TRUE(ui::hasGlyph(character.front())) << glyph.character;
-        EXPECT_EQ(ui::findGlyph(character.front()), (ui::GlyphPlace{glyph.left, glyph.top}))
-            << glyph.character;
-        ++found;
-    }
-    EXPECT_EQ(found, 60U);
-}
-
-TEST(SkinArt, aCharacterLeavesTheGapToTheNext) {
-    const QImage& strip = picture("text");
-    for (const Glyph& glyph : glyphs()) {
-        for (int y = 0; y < kGlyphHeight; ++y) {
-            EXPECT_EQ(strip.pixel(glyph.left + kGlyphWidth - 1, glyph.top + y),
-                      strip.pixel(154, 17))
-                << glyph.character;
-        }
-    }
-}
-
-double brightness(QRgb pixel) {
-    return 0.299 * qRed(pixel) + 0.587 * qGreen(pixel) + 0.114 * qBlue(pixel);
-}
-
-double brightest(const QImage& image) {
-    double most = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            most = std::max(most, brightness(image.pixel(x, y)));
-        }
-    }
-    return most;
-}
-
-TEST(SkinArt, theSecondStripIsDim) {
-    EXPECT_GT(brightest(picture("text")), 2 * brightest(picture("text2")));
-    EXPECT_GT(brightest(picture("text2")), 60);
-}
-
 TEST(SkinArt, digitsDifferClearly) {
     constexpr double kClear = 6;
     for (int one = 0; one < 10; ++one) {
@@ -413,8 +313,7 @@ TEST(SkinArt, bitmapsReadBackAsTheyWereDrawn) {
         for (int y = 0; y < image.height(); ++y) {
             for (int x = 0; x < image.width(); ++x) {
                 const QRgb pixel = image.pixel(x, y);
-                const bool hole = (name == "main" || isIndicator(name)) && isKey(pixel);
-                const std::uint32_t expected = hole ? 0 : pixel;
+                const std::uint32_t expected = isKey(pixel) ? 0 : pixel;
                 ASSERT_EQ(read.pixels.at(static_cast<std::size_t>(y * image.width() + x)), expected)
                     << name << " " << x << "," << y;
             }
@@ -434,15 +333,6 @@ TEST(SkinArt, drawingAgainGivesTheSameBytes) {
             }
         }
         EXPECT_EQ(drawn, 119U);
-    }
-}
-
-TEST(SkinArt, theIconIsTransparentRoundItsEdge) {
-    for (const int size : {16, 48, 256}) {
-        const QImage icon = programIcon(size);
-        EXPECT_EQ(icon.size(), QSize(size, size));
-        EXPECT_EQ(qAlpha(icon.pixel(0, 0)), 0);
-        EXPECT_EQ(qAlpha(icon.pixel(size / 2, size / 2)), 255);
     }
 }
 

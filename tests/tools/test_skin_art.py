@@ -56,10 +56,23 @@ class SkinArt(unittest.TestCase):
             seen.add(file.read_bytes())
         self.assertEqual(len(seen), 6)
 
+    def test_writes_the_icons(self):
+        folder = self.folder / "icons"
+        self.assertEqual(run("--icons", folder).returncode, 0)
+        icons = pictures(folder)
+        for size in (16, 22, 24, 32, 48, 64, 128, 256, 512):
+            self.assertEqual(struct.unpack_from(">II", icons.pop(f"tovik-{size}.png"), 16),
+                             (size, size))
+        for size in (16, 22, 24, 32, 48, 64):
+            self.assertEqual(len({icons.pop(f"tray{style}-{size}.png") for style in range(1, 5)}),
+                             4)
+        self.assertIn(b"<svg ", icons.pop("tovik.svg"))
+        self.assertEqual(icons, {})
+
     def test_refuses_other_words(self):
         folder = self.folder / "none"
         for words in ([], [folder, "--scale", "0"], [folder, "--scale", "two"], [folder, folder],
-                      ["--icon", folder], ["--icon", folder, "0"], ["--preview", folder, "7"],
+                ["--icon", folder], ["--icon", folder, "0"], ["--icons"], ["--preview", folder, "7"],
                       ["--what"]):
             result = run(*words)
             self.assertEqual(result.returncode, 1, words)

@@ -32,6 +32,28 @@ TEST_F(EqualizerInput, aPressMovesThatSlider) {
     EXPECT_EQ(elements_.get(MainElement::eq_sld, 10).bar.top, 120);
 }
 
+TEST_F(EqualizerInput, theSliderUnderThePointerIsToldWithItsDecibels) {
+    const auto told = [this] { return elements_.get(MainElement::eq_val).caption; };
+    elements_.touch(MainElement::eq_sld, 3).name = "600 Hz";
+    elements_.touch(MainElement::eq_sld, 10).name = "Master";
+    EXPECT_EQ(told(), "");
+    input_.pointerEntered(ui::addressOf(MainElement::eq_sld, 3));
+    EXPECT_EQ(told(), "600 Hz:  0 dB");
+    input_.mouseDown(onSlider(3, 0));
+    EXPECT_EQ(told(), "600 Hz:  +10 dB");
+    input_.mouseMove(dragged(onSlider(3, 300)));
+    EXPECT_EQ(told(), "600 Hz:  -10 dB");
+    input_.mouseUp(onSlider(3, 300));
+    input_.pointerLeft(ui::addressOf(MainElement::eq_sld, 3));
+    EXPECT_EQ(told(), "");
+    input_.wheel(onSlider(3, 5), 1);
+    EXPECT_EQ(told(), "");
+    input_.pointerEntered(ui::addressOf(MainElement::eq_sld, 10));
+    EXPECT_EQ(told(), "Master:  0 dB");
+    input_.pointerEntered(ui::addressOf(MainElement::volbar));
+    EXPECT_EQ(told(), "Master:  0 dB") << "only leaving a slider ends it";
+}
+
 TEST_F(EqualizerInput, aHeldSliderFollowsAndALooseOneDoesNot) {
     input_.mouseMove(onSlider(3, 0, MouseButton::None));
     EXPECT_EQ(value(3), 10);

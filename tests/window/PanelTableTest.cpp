@@ -54,7 +54,7 @@ const std::vector<Line>& lines() {
         {{N::stdSS}, "nnYnn"},
         {{N::lstTracks, N::slDRV, N::cmbCDDrives, N::ripperbt}, "nnnYn"},
         {{N::RadioLst}, "nnnnY"},
-        {{N::Picture6, N::eq_sld, N::presetbt, N::eq_val}, "nYnnn"},
+        {{N::Picture6, N::eq_sld, N::presetbt, N::eq_val, N::eqHeading}, "nYnnn"},
         {{N::EQ_on}, "nennn"},
         {{N::EQ_off}, "nEnnn"},
         {{N::musicinfo_img, N::mono_img, N::Stereo_img, N::songname, N::balbar}, "Ynnnn"},

@@ -2,9 +2,13 @@
 #include "Body.h"
 #include "Emblem.h"
 #include "Families.h"
+#include "Grounds.h"
 #include "Icons.h"
+#include "PixelArt.h"
 #include "Shapes.h"
 
+#include <array>
+#include <cmath>
 #include <QTransform>
 
 namespace tovik::skinart {
@@ -12,8 +16,6 @@ namespace tovik::skinart {
 namespace {
 
 using N = window::MainElement;
-
-constexpr double kGlassRadius = 7;
 
 QPainterPath emblemAt(const QRectF& box) {
     QTransform place;
@@ -27,63 +29,93 @@ void paintGlassOrnament(QPainter& painter) {
     const QPointF centre(46, 65);
     painter.setBrush(Qt::NoBrush);
     for (int ring = 0; ring < 4; ++ring) {
-        const double radius = 17 + ring * 6.5;
-        painter.setPen(QPen(QColor(125, 230, 255, 60 - ring * 14), 1.4));
+        const double radius = 18 + ring * 6;
+        painter.setPen(
+            QPen(QColor(125, 230, 255, 84 - ring * 18), 1.5, Qt::SolidLine, Qt::RoundCap));
         const QRectF box(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius);
-        painter.drawArc(box, (-38) * 16, 76 * 16);
-        painter.drawArc(box, (180 - 38) * 16, 76 * 16);
+        painter.drawArc(box, (-40) * 16, 80 * 16);
+        painter.drawArc(box, (180 - 40) * 16, 80 * 16);
     }
     painter.fillPath(emblemAt({centre.x() - 12, centre.y() - 12, 24, 24}),
-                     QColor(125, 230, 255, 110));
+                     QColor(125, 230, 255, 150));
+}
+
+/// Small signs before the three lines of words: channels, stream, volume.
+void paintFieldSigns(QPainter& painter) {
+    const std::array<PixelRows, 3> signs{
+        PixelRows{".XXXX.", "X....X", "X....X", "XX..XX", "XX..XX", "XX..XX"},
+        PixelRows{"...X..", ".X.X..", ".X.X.X", "XX.X.X", ".X.X.X", ".X...."},
+        PixelRows{"..X...", ".XX..X", "XXX.X.", "XXX.X.", ".XX..X", "..X..."},
+    };
+    int top = 58;
+    for (const PixelRows& sign : signs) {
+        paintPixels(painter, {120, top}, sign, kGlowDim);
+        top += 10;
+    }
 }
 
 void paintScreen(QPainter& painter) {
     const QRectF window = rectOf({N::ScreenIMG});
     const QRectF box(QPointF(0, 0), window.size());
-    paintBodyUnder(painter, window);
     paintGlass(painter, box, kGlassRadius);
     paintGlassOrnament(painter);
+    paintFieldSigns(painter);
     // The bed of the spectrum is black, as the spectrum paints it.
     const QRectF bed = rectOf({N::Picture1}).translated(-window.topLeft());
     painter.fillRect(bed.adjusted(-1, -1, 1, 1), QColor::fromRgb(kGlassLine));
     painter.fillRect(bed, Qt::black);
-    painter.fillRect(QRectF(8, 3, box.width() - 16, 1), QColor(255, 255, 255, 22));
 }
 
 /// A card whose title leaves room for a symbol at its right end.
 Drawing card(const char* name, N element, double head, Icon icon) {
     const QRectF window = rectOf({element});
-    return drawingFor(name, {element}, [window, head, icon](QPainter& painter) {
+    const auto paint = [window, head, icon](QPainter& painter) {
         const QRectF box(QPointF(0, 0), window.size());
-        paintBodyUnder(painter, window);
         paintCard(painter, box, head);
         paintIcon(painter, icon, {box.right() - 11, head / 2}, 11, kInkSoft, false);
-    });
+    };
+    return cutFromBody(window, drawingFor(name, {element}, paint));
 }
 
 Drawing plainCard(const char* name, N element, double head) {
     const QRectF window = rectOf({element});
-    return drawingFor(name, {element}, [window, head](QPainter& painter) {
-        paintBodyUnder(painter, window);
-        paintCard(painter, QRectF(QPointF(0, 0), window.size()), head);
-    });
+    return cutFromBody(window, drawingFor(name, {element}, [window, head](QPainter& painter) {
+                           paintCard(painter, QRectF(QPointF(0, 0), window.size()), head);
+                       }));
+}
+
+/// Quarters of the track, and what lies between, under the groove of the position.
+Drawing positionCard() {
+    Drawing drawing = card("poswin", N::poswin, kPositionHead, Icon::Clock);
+    drawing.paint = [plain = drawing.paint](QPainter& painter) {
+        plain(painter);
+        constexpr int kMarks = 20;
+        constexpr double kLeft = 10; // where the mark's middle stands at the begin
+        constexpr double kWay = 242;
+        for (int mark = 0; mark <= kMarks; ++mark) {
+            const bool quarter = mark % (kMarks / 4) == 0;
+            const double x = std::round(kLeft + kWay * mark / kMarks);
+            painter.fillRect(QRectF(x, 31, 1, quarter ? 5 : 3),
+                             QColor::fromRgb(quarter ? kInkSoft : kCardLine));
+        }
+    };
+    return drawing;
 }
 
 /// The button that folds the quick list out lies on the head of a card.
 Drawing fold(const char* name, N store, Icon icon) {
-    Drawing drawing = drawingFor(name, {N::qpl_but}, {store}, [icon](QPainter& painter) {
-        const QRectF head(-144, -3, 166, 16);
-        painter.fillRect(QRectF(0, 0, 14, 10), downwards(head, kCardHead));
-        painter.fillPath(rounded({0.5, 0, 13, 10}, 3), QColor::fromRgb(kFaceUp.bottom));
+    const auto paint = [icon](QPainter& painter) {
+        const QRectF face(0, 0, 14, 10);
+        painter.fillPath(rounded(face, 3), downwards(face, {kFaceUp.bottom, kInk}));
         paintIcon(painter, icon, {7, 5}, 10, kWhite, false);
-    });
-    return drawing;
+    };
+    return cutFrom(paintCardUnder(N::fxWin, kListHead, {N::qpl_but}),
+                   drawingFor(name, {N::qpl_but}, {store}, paint));
 }
 
 void paintWindowIcon(QPainter& painter) {
     const QRectF window = rectOf({N::iconIMG});
     const QRectF box(QPointF(0, 0), window.size());
-    paintBodyUnder(painter, window);
     paintFace(painter, box, Look::Down, 4);
     painter.fillPath(emblemAt(box.adjusted(2, 1.5, -2, -2.5)), QColor::fromRgb(kAmber));
 }
@@ -93,16 +125,18 @@ void paintWindowIcon(QPainter& painter) {
 Drawings areaDrawings() {
     Drawings all;
     all.push_back(drawingFor("main", {N::mainIMG}, paintBody));
-    all.back().shaped = true;
-    all.push_back(drawingFor("screen", {N::ScreenIMG}, paintScreen));
-    all.push_back(card("infowin", N::infoWin, 14, Icon::Note));
-    all.push_back(plainCard("plwin", N::fxWin, 16));
-    all.push_back(card("poswin", N::poswin, 14, Icon::Clock));
-    all.push_back(card("volwin", N::volwin, 13, Icon::Speaker));
-    all.push_back(card("balwin", N::balwin, 13, Icon::Balance));
+    all.back().cut = Cut::Outside;
+    all.push_back(
+        cutFromBody(rectOf({N::ScreenIMG}), drawingFor("screen", {N::ScreenIMG}, paintScreen)));
+    all.push_back(card("infowin", N::infoWin, kPositionHead, Icon::Note));
+    all.push_back(plainCard("plwin", N::fxWin, kListHead));
+    all.push_back(positionCard());
+    all.push_back(card("volwin", N::volwin, kVolumeHead, Icon::Speaker));
+    all.push_back(card("balwin", N::balwin, kVolumeHead, Icon::Balance));
     all.push_back(fold("qpl_exp", N::qpl_exp, Icon::ChevronUp));
     all.push_back(fold("qpl_col", N::qpl_col, Icon::ChevronDown));
-    all.push_back(drawingFor("icon", {N::iconIMG}, paintWindowIcon));
+    all.push_back(
+        cutFromBody(rectOf({N::iconIMG}), drawingFor("icon", {N::iconIMG}, paintWindowIcon)));
     return all;
 }
 

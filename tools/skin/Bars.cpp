@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Body.h"
 #include "Families.h"
+#include "Grounds.h"
 #include "Shapes.h"
 
 namespace tovik::skinart {
@@ -9,32 +9,21 @@ namespace {
 
 using N = window::MainElement;
 
-// The heads of the cards on which the bars lie.
-constexpr double kPositionHead = 14;
-constexpr double kVolumeHead = 13;
-
-/// The part of a card under an element.
-void paintCardUnder(QPainter& painter, N card, Spot spot, double head) {
-    const QRectF box = rectOf({card});
-    const QRectF part = rectOf(spot);
-    painter.save();
-    painter.translate(box.topLeft() - part.topLeft());
-    paintCard(painter, QRectF(QPointF(0, 0), box.size()), head);
-    painter.restore();
-}
-
 void paintPositionBar(QPainter& painter) {
-    paintCardUnder(painter, N::poswin, {N::posbar}, kPositionHead);
-    paintGroove(painter, {0, 3.5, 250, 5}, kInkSoft);
+    paintGroove(painter, {0, 4, 250, 5}, kInkSoft);
 }
 
 void paintPositionMark(QPainter& painter) {
-    // Every place along the groove looks the same.
+    paintKnob(painter, {0, 0, 8, 12}, {3, 3, 2, 6});
+}
+
+/// What the mark lies on: every place along the groove looks the same.
+void paintUnderMark(QPainter& painter) {
     painter.save();
     painter.translate(-100, 0);
+    paintCardUnder(N::poswin, kPositionHead, {N::posbar})(painter);
     paintPositionBar(painter);
     painter.restore();
-    paintKnob(painter, {0, 0, 8, 12}, {3, 3, 2, 6});
 }
 
 // The volume is a stair of seven steps; the fill uncovers it from the top.
@@ -50,7 +39,6 @@ QRectF stepBox(int step) {
 }
 
 void paintVolume(QPainter& painter, bool lit) {
-    paintCardUnder(painter, N::volwin, {N::volbar}, kVolumeHead);
     for (int step = 0; step < kSteps; ++step) {
         const QRectF box = stepBox(step);
         if (lit) {
@@ -59,6 +47,7 @@ void paintVolume(QPainter& painter, bool lit) {
             along.setColorAt(1, QColor::fromRgb(0xFFF2603C));
             painter.fillPath(rounded(box, 1), along);
         } else {
+            painter.fillPath(rounded(box.translated(0, 0.5), 1), QColor(255, 255, 255, 150));
             painter.fillPath(rounded(box, 1), QColor::fromRgb(kGroove));
         }
     }
@@ -67,10 +56,10 @@ void paintVolume(QPainter& painter, bool lit) {
 enum class Lamp : std::uint8_t { Off, On, Centre };
 
 void paintBalanceLamp(QPainter& painter, Lamp lamp) {
-    paintCardUnder(painter, N::balwin, {N::balbar, 0}, kVolumeHead);
     const QRectF box(1.5, 1.5, 7, 11);
     if (lamp == Lamp::Off) {
-        painter.fillPath(rounded(box, 2.5), QColor::fromRgb(kGroove));
+        painter.fillPath(rounded(box.translated(0, 0.8), 2.5), QColor(255, 255, 255, 150));
+        painter.fillPath(rounded(box, 2.5), downwards(box, {kInkSoft, kGroove}));
         return;
     }
     const Shade shade =
@@ -80,20 +69,25 @@ void paintBalanceLamp(QPainter& painter, Lamp lamp) {
 }
 
 Drawing lamp(const char* name, N store, Lamp kind) {
-    return drawingFor(name, {N::balbar, 0}, {store},
-                      [kind](QPainter& painter) { paintBalanceLamp(painter, kind); });
+    return cutFrom(paintCardUnder(N::balwin, kVolumeHead, {N::balbar, 0}),
+                   drawingFor(name, {N::balbar, 0}, {store},
+                              [kind](QPainter& painter) { paintBalanceLamp(painter, kind); }));
 }
 
 } // namespace
 
 Drawings barDrawings() {
     Drawings all;
-    all.push_back(drawingFor("posbar", {N::posbar}, paintPositionBar));
-    all.push_back(drawingFor("track", {N::track}, paintPositionMark));
+    const Ground volume = paintCardUnder(N::volwin, kVolumeHead, {N::volbar});
+    all.push_back(cutFrom(paintCardUnder(N::poswin, kPositionHead, {N::posbar}),
+                          drawingFor("posbar", {N::posbar}, paintPositionBar)));
+    all.push_back(cutFrom(paintUnderMark, drawingFor("track", {N::track}, paintPositionMark)));
+    all.push_back(cutFrom(volume, drawingFor("volbar", {N::volbar}, [](QPainter& painter) {
+                              paintVolume(painter, false);
+                          })));
     all.push_back(
-        drawingFor("volbar", {N::volbar}, [](QPainter& painter) { paintVolume(painter, false); }));
-    all.push_back(drawingFor("volfill", {N::volbar}, {N::volbarIMG},
-                             [](QPainter& painter) { paintVolume(painter, true); }));
+        cutFrom(volume, drawingFor("volfill", {N::volbar}, {N::volbarIMG},
+                                   [](QPainter& painter) { paintVolume(painter, true); })));
     all.push_back(lamp("balance_on", N::baron, Lamp::On));
     all.push_back(lamp("balance_off", N::baroff, Lamp::Off));
     all.push_back(lamp("balance_centre", N::balcnt, Lamp::Centre));

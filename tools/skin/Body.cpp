@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <QLinearGradient>
 #include <QPen>
 
@@ -15,6 +16,7 @@ namespace {
 constexpr QRectF kWindow(0, 0, 470, 312);
 constexpr QRectF kDeckBox(14, 38, 444, 228);
 constexpr double kDeckRadius = 9;
+constexpr QRectF kPanelBox(20, 45, 432, 190);
 constexpr double kShoulder = 5; ///< how far the top lies below the crest that bears the tabs
 constexpr double kCorner = 20;
 /// The title of the quick list stands on the body when the list is open.
@@ -34,25 +36,69 @@ void paintDeck(QPainter& painter) {
     const QRectF upper(kDeckBox.left(), kDeckBox.top(), kDeckBox.width(), 7);
     painter.fillRect(upper, downwards(upper, {0x90000000, kNothing}));
     painter.restore();
+    // The bezel round the lists, which fill their place from edge to edge.
+    const QRectF bezel = kPanelBox.adjusted(-0.5, -0.5, 0.5, 0.5);
+    painter.strokePath(rounded(bezel.translated(0, 1), 2), QPen(colourOf(0x305258A0), 1));
+    painter.strokePath(rounded(bezel, 2), QPen(colourOf(0xA00B0C1E), 1));
 }
 
 /// The loudspeaker's holes at the lower right.
 void paintGrille(QPainter& painter) {
-    constexpr double kPitch = 6;
+    constexpr int kPitch = 6;
     constexpr int kRows = 5;
-    constexpr int kColumns = 24;
+    constexpr int kColumns = 23;
     painter.setPen(Qt::NoPen);
     for (int row = 0; row < kRows; ++row) {
-        const double y = 276 + row * kPitch;
-        const double shift = row % 2 == 0 ? 0 : kPitch / 2;
-        for (int column = row; column < kColumns; ++column) {
-            const QPointF hole(296 + column * kPitch + shift, y);
-            painter.setBrush(colourOf(0x38FFFFFF));
-            painter.drawEllipse(hole + QPointF(0, 0.8), 1.5, 1.5);
-            painter.setBrush(colourOf(kShellFoot));
+        const int shift = row % 2 == 0 ? 0 : kPitch / 2;
+        for (int column = 0; column < kColumns - row % 2; ++column) {
+            // A pixel's middle, so that each hole is as sharp as the next.
+            const QPointF hole(302.5 + column * kPitch + shift, 275.5 + row * 5);
+            painter.setBrush(colourOf(0x40A8B0F0));
+            painter.drawEllipse(hole + QPointF(0, 1), 1.5, 1.5);
+            painter.setBrush(colourOf(0xFF0B0C1E));
             painter.drawEllipse(hole, 1.5, 1.5);
         }
     }
+}
+
+/// Hairlines along the metal, the same each time: their strength comes from their number.
+void paintBrush(QPainter& painter) {
+    constexpr double kPitch = 0.5;
+    constexpr std::uint32_t kStrength = 11;
+    std::uint32_t state = 0x9E3779B9;
+    for (double y = 0; y < kWindow.height(); y += kPitch) {
+        state = state * 1664525U + 1013904223U;
+        const std::uint32_t alpha = (state >> 24) % kStrength;
+        const bool light = (state >> 16 & 1) != 0;
+        painter.fillRect(
+            QRectF(0, y, kWindow.width(), kPitch),
+            QColor(light ? 255 : 0, light ? 255 : 0, light ? 255 : 20, static_cast<int>(alpha)));
+    }
+}
+
+/// A screw in the rails beside the deck.
+void paintScrew(QPainter& painter, QPointF middle) {
+    constexpr double kRadius = 3.5;
+    const QRectF head(middle.x() - kRadius, middle.y() - kRadius, 2 * kRadius, 2 * kRadius);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colourOf(0x50FFFFFF));
+    painter.drawEllipse(head.translated(0, 0.8));
+    painter.setBrush(colourOf(kShellFoot));
+    painter.drawEllipse(head);
+    painter.setBrush(downwards(head, {0xFFC3C9EE, 0xFF5A61A0}));
+    painter.drawEllipse(head.adjusted(0.8, 0.8, -0.8, -0.8));
+    painter.setPen(QPen(colourOf(kShellFoot), 1.1, Qt::SolidLine, Qt::FlatCap));
+    painter.drawLine(middle - QPointF(1.5, 1.5), middle + QPointF(1.5, 1.5));
+    painter.drawLine(middle - QPointF(1.5, -1.5), middle + QPointF(1.5, -1.5));
+}
+
+/// The sunk plate that the name stands on.
+void paintNamePlate(QPainter& painter) {
+    const QRectF box(244, 275, 46, 17);
+    painter.fillPath(rounded(box.translated(0, 1), 4), colourOf(0x38FFFFFF));
+    painter.fillPath(rounded(box, 4), downwards(box, {0xFF0C0D20, 0xFF191B3A}));
+    painter.strokePath(rounded(box.adjusted(0.5, 0.5, -0.5, -0.5), 3.5),
+                       QPen(colourOf(kGlassEdge), 1));
 }
 
 /// Three lines cut into the shell beside the tabs, fading away from them.
@@ -115,18 +161,24 @@ void paintBody(QPainter& painter) {
     sheen.setColorAt(0, colourOf(0x40FFFFFF));
     sheen.setColorAt(1, colourOf(0x00FFFFFF));
     painter.fillRect(QRectF(0, 0, kWindow.width(), 38), sheen);
+    paintBrush(painter);
     paintEngraving(painter, 108, 44);
     paintEngraving(painter, 278, 372);
     paintGrille(painter);
-    paintBed(painter, QRectF(22, 269, 216, 30));
+    paintBed(painter, QRectF(22, 268, 216, 30));
+    paintNamePlate(painter);
+    for (const QPointF screw :
+         {QPointF(7.5, 58.5), QPointF(7.5, 245.5), QPointF(463.5, 58.5), QPointF(463.5, 245.5)}) {
+        paintScrew(painter, screw);
+    }
     paintDeck(painter);
     paintCard(painter, kListTitle, 16);
     QLinearGradient rim(0, 0, 0, kWindow.height());
     rim.setColorAt(0, colourOf(kShellRim));
     rim.setColorAt(0.3, colourOf(kShell.bottom));
     rim.setColorAt(1, colourOf(kShellFoot));
-    painter.strokePath(outline, QPen(rim, 3));
-    painter.strokePath(outline, QPen(colourOf(kShellFoot), 1));
+    painter.strokePath(outline, QPen(rim, 4));
+    painter.strokePath(outline, QPen(colourOf(kShellFoot), 1.4));
 }
 
 void paintBodyUnder(QPainter& painter, const QRectF& box) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Families.h"
-#include "Palette.h"
+#include "Grounds.h"
+#include "Shapes.h"
 #include "Strokes.h"
 
 #include <array>
@@ -13,106 +14,111 @@ namespace {
 
 using N = window::MainElement;
 
-// The digits fill a field of 9 by 13 inside a cell of 14 by 17; lines run through these places.
-constexpr double kLeft = 2.6;
-constexpr double kRight = 11.4;
-constexpr double kTop = 2;
+// The digits fill a field of 10 by 14 inside a cell of 14 by 17. Lines run through these places:
+// with their width they end where pixels do, so that straight ones are sharp at each size.
+constexpr double kLeft = 3;
+constexpr double kRight = 11;
+constexpr double kTop = 3;
 constexpr double kBottom = 15;
-constexpr double kMiddle = 8.2;
-constexpr double kCentre = (kLeft + kRight) / 2;
-constexpr double kStroke = 2.3;
+constexpr double kMiddle = 9;
+constexpr double kCentre = 7;
+constexpr double kStroke = 2.4;
+constexpr double kHalo = 2.4; ///< beyond the stroke
 
 using Steps = void (*)(QPainterPath&);
 
 void zero(QPainterPath& path) {
-    path.addRoundedRect(QRectF(QPointF(kLeft, kTop), QPointF(kRight, kBottom)), 4.2, 4.2);
+    path.addRoundedRect(QRectF(QPointF(kLeft, kTop), QPointF(kRight, kBottom)), 4, 4);
 }
 
 void one(QPainterPath& path) {
-    path.moveTo(kCentre - 2.8, kTop + 2.6);
-    path.lineTo(kCentre + 0.8, kTop);
-    path.lineTo(kCentre + 0.8, kBottom);
+    path.moveTo(kCentre - 2.4, kTop + 2.4);
+    path.lineTo(kCentre + 1, kTop);
+    path.lineTo(kCentre + 1, kBottom);
 }
 
 void two(QPainterPath& path) {
-    path.moveTo(kLeft, 5.6);
-    path.cubicTo(kLeft, 0.8, kRight, 0.8, kRight, 5.6);
-    path.cubicTo(kRight, 8.6, kLeft, 11, kLeft, kBottom);
+    path.moveTo(kLeft, 6.6);
+    path.cubicTo(kLeft, 1.8, kRight, 1.8, kRight, 6.6);
+    path.cubicTo(kRight, 9.4, kLeft, 11.4, kLeft, kBottom);
     path.lineTo(kRight, kBottom);
 }
 
 void three(QPainterPath& path) {
     path.moveTo(kLeft, kTop);
-    path.lineTo(kRight, kTop);
-    path.lineTo(kCentre, kMiddle - 1.2);
-    path.cubicTo(kRight + 1, kMiddle - 1.2, kRight + 1, kBottom, kCentre - 0.4, kBottom);
-    path.cubicTo(kCentre - 2, kBottom, kLeft + 0.6, kBottom - 0.6, kLeft, kBottom - 2.2);
+    path.lineTo(kRight - 0.4, kTop);
+    path.lineTo(kCentre - 0.4, kMiddle - 1);
+    path.cubicTo(kRight + 1.4, kMiddle - 1.4, kRight + 1.4, kBottom, kCentre, kBottom);
+    path.cubicTo(kCentre - 2, kBottom, kLeft + 0.6, kBottom - 0.6, kLeft, kBottom - 2.4);
 }
 
 void four(QPainterPath& path) {
     path.moveTo(kRight - 2, kBottom);
     path.lineTo(kRight - 2, kTop);
-    path.lineTo(kLeft, kBottom - 4);
-    path.lineTo(kRight, kBottom - 4);
+    path.lineTo(kLeft, kBottom - 3.4);
+    path.lineTo(kLeft, kBottom - 3);
+    path.lineTo(kRight, kBottom - 3);
 }
 
 void five(QPainterPath& path) {
     path.moveTo(kRight - 0.6, kTop);
-    path.lineTo(kLeft + 0.6, kTop);
-    path.lineTo(kLeft + 0.2, kMiddle);
-    path.cubicTo(kCentre, kMiddle - 2.2, kRight, kMiddle - 1.6, kRight, kMiddle + 2.6);
-    path.cubicTo(kRight, kBottom + 0.6, kLeft + 1.4, kBottom + 1.2, kLeft, kBottom - 1.8);
+    path.lineTo(kLeft, kTop);
+    path.lineTo(kLeft, kMiddle - 0.6);
+    path.cubicTo(kCentre, kMiddle - 2.6, kRight, kMiddle - 1.8, kRight, kMiddle + 2.4);
+    path.cubicTo(kRight, kBottom + 0.4, kLeft + 1.4, kBottom + 1, kLeft, kBottom - 2);
 }
 
 void six(QPainterPath& path) {
-    path.addEllipse(QRectF(QPointF(kLeft, kMiddle - 1.4), QPointF(kRight, kBottom)));
-    path.moveTo(kRight - 2, kTop);
-    path.cubicTo(kLeft + 1.6, kTop + 1.6, kLeft, kMiddle - 1, kLeft, kMiddle + 2.6);
+    path.addRoundedRect(QRectF(QPointF(kLeft, kMiddle - 1), QPointF(kRight, kBottom)), 3.5, 3.5);
+    path.moveTo(kRight - 1.6, kTop);
+    path.cubicTo(kLeft + 2, kTop + 0.6, kLeft, kMiddle - 2, kLeft, kMiddle + 2.4);
 }
 
 void seven(QPainterPath& path) {
     path.moveTo(kLeft, kTop);
     path.lineTo(kRight, kTop);
-    path.lineTo(kCentre - 0.8, kBottom);
+    path.lineTo(kCentre - 1, kBottom);
 }
 
 void eight(QPainterPath& path) {
-    path.addEllipse(QRectF(QPointF(kLeft + 0.7, kTop), QPointF(kRight - 0.7, kMiddle - 0.3)));
-    path.addEllipse(QRectF(QPointF(kLeft, kMiddle - 0.3), QPointF(kRight, kBottom)));
+    path.addRoundedRect(QRectF(QPointF(kLeft + 0.6, kTop), QPointF(kRight - 0.6, kMiddle)), 3, 3);
+    path.addRoundedRect(QRectF(QPointF(kLeft, kMiddle), QPointF(kRight, kBottom)), 3, 3);
 }
 
 void nine(QPainterPath& path) {
-    path.addEllipse(QRectF(QPointF(kLeft, kTop), QPointF(kRight, kMiddle + 1.4)));
-    path.moveTo(kLeft + 2, kBottom);
-    path.cubicTo(kRight - 1.6, kBottom - 1.6, kRight, kMiddle + 1, kRight, kMiddle - 2.6);
+    path.addRoundedRect(QRectF(QPointF(kLeft, kTop), QPointF(kRight, kMiddle + 1)), 3.5, 3.5);
+    path.moveTo(kLeft + 1.6, kBottom);
+    path.cubicTo(kRight - 2, kBottom - 0.6, kRight, kMiddle + 2, kRight, kMiddle - 2.4);
 }
 
 /// The minus stands before the first digit, which covers the right part of its cell.
 void minus(QPainterPath& path) {
-    path.moveTo(3.6, 8.6);
-    path.lineTo(8.6, 8.6);
+    path.moveTo(4, kMiddle);
+    path.lineTo(9, kMiddle);
 }
 
 /// The next digit's cell begins five pixels after the colon's.
 void colon(QPainterPath& path) {
-    for (const double y : {5.6, 11.4}) {
-        path.moveTo(2.6, y);
-        path.lineTo(2.6, y + 0.01);
+    for (const double y : {6.2, 12.2}) {
+        path.moveTo(2.5, y);
+        path.lineTo(2.5, y + 0.6);
     }
 }
 
 constexpr std::array<Steps, 10> kDigits{zero, one, two, three, four, five, six, seven, eight, nine};
 
 Drawing cell(std::string name, Spot kept, Steps steps) {
-    return drawingFor(std::move(name), {N::timed, 1}, kept, [steps](QPainter& painter) {
-        painter.fillRect(QRectF(0, 0, 14, 17), QColor::fromRgb(kGlass));
+    const auto paint = [steps](QPainter& painter) {
         QPainterPath path;
         steps(path);
         QColor halo = QColor::fromRgb(kGlow);
-        halo.setAlpha(34);
-        painter.fillPath(placed(stroked(path, kStroke + 2.2)), halo);
-        painter.fillPath(placed(stroked(path, kStroke)), QColor::fromRgb(kGlow));
-    });
+        halo.setAlpha(38);
+        painter.fillPath(placed(stroked(path, kStroke + kHalo)), halo);
+        const QRectF cell(0, 0, 14, 17);
+        painter.fillPath(placed(stroked(path, kStroke)), downwards(cell, {0xFFC4F4FF, 0xFF62DBFF}));
+    };
+    return cutFrom(paintScreenUnder({N::timed, 1}),
+                   drawingFor(std::move(name), {N::timed, 1}, kept, paint));
 }
 
 } // namespace

@@ -15,14 +15,14 @@ namespace {
 using N = window::MainElement;
 
 constexpr double kHead = 14;
-constexpr std::array<std::string_view, 11> kBands{"60", "170", "310", "600", "1k", "3k",
-                                                  "6k", "12k", "14k", "16k", "db"};
+constexpr std::array<std::string_view, 11> kBands{"60", "170", "310", "600", "1k",    "3k",
+                                                  "6k", "12k", "14k", "16k", "master"};
 constexpr std::size_t kMaster = 10;
 constexpr std::size_t kScale = 11;
 /// From the middle of the slider's bar at the top to its middle at the bottom.
 constexpr double kTravelTop = 4.5;
 constexpr double kTravel = 120;
-constexpr int kMarks = 12;
+constexpr int kMarks = 10; ///< one for two decibels
 constexpr QRgb kGuide = kCardLine;
 
 void paintGround(QPainter& painter) {
@@ -46,11 +46,12 @@ void paintGround(QPainter& painter) {
                             static_cast<int>(slot.top()) - 11);
         paintGlyphText(painter, corner, word, kInk);
     }
-    // The gains stand between the two scales.
+    // The gains stand between the two scales, below their unit.
     const QRectF scale = rectOf({N::Picture6, kScale}).translated(-window.topLeft());
     const int left = static_cast<int>(scale.right()) + 2;
     const double top = scale.top() + kTravelTop;
-    constexpr std::array<std::string_view, 3> kGains{"+12", " 0", "-12"};
+    paintGlyphText(painter, {left + kGlyphWidth, static_cast<int>(scale.top()) - 11}, "db", kInk);
+    constexpr std::array<std::string_view, 3> kGains{"+10", " 0", "-10"};
     for (std::size_t gain = 0; gain < kGains.size(); ++gain) {
         const double y = top + kTravel / 2 * static_cast<double>(gain);
         paintGlyphText(painter, {left, static_cast<int>(y) - 2}, kGains.at(gain), kInk);

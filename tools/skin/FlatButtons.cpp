@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Body.h"
 #include "Families.h"
 #include "Icons.h"
 #include "Shapes.h"
@@ -37,10 +36,6 @@ constexpr auto kButtons = std::to_array<FlatRow>({
     {"btn_remove", {N::Image1, 2}, Icon::Minus, 14},
 });
 
-void paintGround(QPainter& painter, Spot spot) {
-    paintBodyUnder(painter, rectOf(spot));
-}
-
 QRectF localBox(Spot spot) {
     return {QPointF(0, 0), rectOf(spot).size()};
 }
@@ -48,9 +43,8 @@ QRectF localBox(Spot spot) {
 Drawing flat(const FlatRow& row) {
     return drawingFor(row.name, row.spot, [row](QPainter& painter) {
         const QRectF box = localBox(row.spot);
-        paintGround(painter, row.spot);
         paintFace(painter, box, Look::Up, 5);
-        paintIcon(painter, row.icon, box.center() - QPointF(0, 0.5), row.size, kIcon);
+        paintIcon(painter, row.icon, box.center() - QPointF(0, 1), row.size, kIcon);
     });
 }
 
@@ -67,7 +61,6 @@ QPainterPath equalizerName() {
 Drawing equalizerSwitch(const char* name, Spot spot, Look look) {
     return drawingFor(name, spot, [spot, look](QPainter& painter) {
         const QRectF box = localBox(spot);
-        paintGround(painter, spot);
         paintFace(painter, box, look, 5);
         paintLamp(painter, {10, 7.5, 6, 6}, kAmber, look == Look::On);
         const QPainterPath letters = placed(equalizerName(), {26.5, 6 + sunk(look)});
@@ -80,7 +73,6 @@ Drawing equalizerSwitch(const char* name, Spot spot, Look look) {
 Drawing recordSwitch(const char* name, Spot spot, Look look) {
     return drawingFor(name, spot, [spot, look](QPainter& painter) {
         const QRectF box = localBox(spot);
-        paintGround(painter, spot);
         paintFace(painter, box, look, 5);
         const QPointF middle = box.center() + QPointF(0, -0.5 + sunk(look));
         paintIcon(painter, Icon::Record, middle, 15, look == Look::On ? kRed : kIcon);
@@ -95,7 +87,6 @@ Drawing recordSwitch(const char* name, Spot spot, Look look) {
 /// The glass before the field in which one types what to look for.
 Drawing searchSign() {
     return drawingFor("btn_search", {N::srchIMG}, [](QPainter& painter) {
-        paintGround(painter, {N::srchIMG});
         paintIcon(painter, Icon::Search, localBox({N::srchIMG}).center(), 15, kIcon);
     });
 }
@@ -112,6 +103,9 @@ Drawings flatButtonDrawings() {
     all.push_back(recordSwitch("btn_save_on", {N::Image1, 3}, Look::Off));
     all.push_back(recordSwitch("btn_save_off", {N::Image1, 4}, Look::On));
     all.push_back(searchSign());
+    for (Drawing& drawing : all) {
+        drawing = cutFromBody(rectOf(drawing.spot), std::move(drawing));
+    }
     return all;
 }
 

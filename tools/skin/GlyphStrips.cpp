@@ -15,7 +15,7 @@ Drawing strip(const char* name, N element, QRgb colour) {
             .paint =
                 [colour](QPainter& painter) {
                     painter.fillRect(QRectF(0, 0, kStripWidth, kStripHeight),
-                                     QColor::fromRgb(kGlass));
+                                     QColor::fromRgb(keyPixel()));
                     for (const Glyph& glyph : glyphs()) {
                         paintPixels(painter, {glyph.left, glyph.top}, pixelsOf(glyph), colour);
                     }

@@ -15,15 +15,15 @@ QPainterPath skip(double direction) {
     // The triangle leans towards the bar it runs into.
     const auto x = [direction](double distance) { return 8 + direction * distance; };
     return polygon({{x(-5), 3.6}, {x(-5), 12.4}, {x(2.4), 8}})
-        .united(line({{x(4.6), 3.6}, {x(4.6), 12.4}}, 2));
+        .united(block({x(5) - 1, 3, 2, 10}, 0.6));
 }
 
 QPainterPath pause() {
-    return block({3.8, 3, 3, 10}).united(block({9.2, 3, 3, 10}));
+    return block({3, 3, 4, 10}).united(block({9, 3, 4, 10}));
 }
 
 QPainterPath open() {
-    return polygon({{8, 3}, {12.6, 8.2}, {3.4, 8.2}}).united(block({2.8, 10.6, 10.4, 2.4}));
+    return polygon({{8, 3}, {12.6, 8.2}, {3.4, 8.2}}).united(block({3, 11, 10, 2}, 0.6));
 }
 
 QPainterPath cross() {
@@ -94,7 +94,7 @@ QPainterPath iconPath(Icon icon) {
     case Icon::Pause:
         return pause();
     case Icon::Stop:
-        return block({3.6, 3.6, 8.8, 8.8}, 1.2);
+        return block({3, 3, 10, 10}, 1.2);
     case Icon::Next:
         return skip(1);
     case Icon::Open:

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Body.h"
 #include "Families.h"
 #include "Icons.h"
 #include "Shapes.h"
@@ -30,7 +29,6 @@ constexpr auto kModes = std::to_array<ModeRow>({
 void paintMode(QPainter& painter, const ModeRow& row, Look look) {
     const QRectF window = rectOf({row.element});
     const QRectF box(QPointF(0, 0), window.size());
-    paintBodyUnder(painter, window);
     paintFace(painter, box, look, 5);
     const QPointF middle = box.center();
     paintIcon(painter, row.icon, middle + QPointF(0, -2 + sunk(look)), 14, symbolColour(look));
@@ -38,8 +36,10 @@ void paintMode(QPainter& painter, const ModeRow& row, Look look) {
 }
 
 Drawing face(const ModeRow& row, const char* ending, Spot kept, Look look) {
-    return drawingFor(std::string(row.name) + ending, {row.element}, kept,
-                      [row, look](QPainter& painter) { paintMode(painter, row, look); });
+    return cutFromBody(
+        rectOf({row.element}),
+        drawingFor(std::string(row.name) + ending, {row.element}, kept,
+                   [row, look](QPainter& painter) { paintMode(painter, row, look); }));
 }
 
 } // namespace

@@ -31,6 +31,27 @@ void cutOut(QImage& image, int scale) {
     }
 }
 
+/// Below this a shadow's end is not worth a pixel of ours on a ground that may be another's.
+constexpr int kFaintest = 20;
+
+/// Takes out what the drawing itself does not touch.
+void cutGround(QImage& image, const Drawing& drawing, int scale) {
+    QImage figure(image.size(), QImage::Format_ARGB32_Premultiplied);
+    figure.fill(Qt::transparent);
+    QPainter painter(&figure);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.scale(scale, scale);
+    drawing.paint(painter);
+    painter.end();
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(figure.pixel(x, y)) < kFaintest) {
+                image.setPixel(x, y, keyPixel());
+            }
+        }
+    }
+}
+
 void append(Drawings& all, Drawings&& family) {
     for (Drawing& drawing : family) {
         all.push_back(std::move(drawing));
@@ -66,6 +87,17 @@ Drawing drawingFor(std::string name, Spot shown, Spot kept, std::function<void(Q
             .spot = kept};
 }
 
+Drawing cutFrom(std::function<void(QPainter&)> ground, Drawing drawing) {
+    drawing.cut = Cut::Ground;
+    drawing.ground = std::move(ground);
+    return drawing;
+}
+
+Drawing cutFromBody(const QRectF& place, Drawing drawing) {
+    return cutFrom([place](QPainter& painter) { paintBodyUnder(painter, place); },
+                   std::move(drawing));
+}
+
 QRgb keyPixel() noexcept {
     const ui::Colour key = ui::keyColour(ui::kWindowDepth);
     return qRgb(key.red, key.green, key.blue);
@@ -77,10 +109,15 @@ QImage rendered(const Drawing& drawing, int scale) {
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     painter.scale(scale, scale);
+    if (drawing.ground) {
+        drawing.ground(painter);
+    }
     drawing.paint(painter);
     painter.end();
-    if (drawing.shaped) {
+    if (drawing.cut == Cut::Outside) {
         cutOut(image, scale);
+    } else if (drawing.cut == Cut::Ground) {
+        cutGround(image, drawing, scale);
     }
     return image;
 }

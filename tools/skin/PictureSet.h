@@ -5,6 +5,7 @@
 #include "window/MainElements.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <QImage>
 #include <QPainter>
@@ -20,6 +21,13 @@ struct Spot {
     std::size_t index = 0;
 };
 
+/// What of a picture gets the key colour, because it is no part of it.
+enum class Cut : std::uint8_t {
+    Nothing,
+    Outside, ///< what lies outside the window's outline
+    Ground,  ///< what its drawing leaves free: another ground shows there as well
+};
+
 /// One picture. The painter's origin is the picture's upper left corner, its unit a skin pixel.
 struct Drawing {
     std::string name; ///< of the file, without its ending
@@ -27,7 +35,9 @@ struct Drawing {
     std::function<void(QPainter&)> paint;
     /// The element that shows it, or the store that keeps it.
     Spot spot;
-    bool shaped = false; ///< what lies outside the window's outline gets the key colour
+    Cut cut = Cut::Nothing;
+    /// What a drawing that is cut from its ground lies on; its smooth edges are mixed with that.
+    std::function<void(QPainter&)> ground = nullptr;
 };
 
 using Drawings = std::vector<Drawing>;
@@ -44,6 +54,12 @@ using Drawings = std::vector<Drawing>;
                                  std::function<void(QPainter&)> paint);
 [[nodiscard]] Drawing drawingFor(std::string name, Spot shown, Spot kept,
                                  std::function<void(QPainter&)> paint);
+
+/// The same drawing, cut from the ground that it lies on.
+[[nodiscard]] Drawing cutFrom(std::function<void(QPainter&)> ground, Drawing drawing);
+
+/// The same for what lies right on the window's body.
+[[nodiscard]] Drawing cutFromBody(const QRectF& place, Drawing drawing);
 
 /// The colour of what is no part of a picture.
 [[nodiscard]] QRgb keyPixel() noexcept;

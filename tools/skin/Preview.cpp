@@ -59,6 +59,7 @@ bool showsOn(Show show) {
     case Show::withSkip:
     case Show::withEqualizer:
     case Show::withoutRadio:
+    case Show::whileFolded:
     case Show::whileNotRecording:
         return true;
     default:

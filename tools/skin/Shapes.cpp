@@ -56,19 +56,25 @@ QPainterPath rounded(const QRectF& box, double radius) {
 void paintFace(QPainter& painter, const QRectF& box, Look look, double radius) {
     const QRectF body = box.adjusted(0.5, 0.5, -0.5, -1.5);
     const QPainterPath shape = rounded(body, radius);
-    fill(painter, shape.translated(0, 1), colourOf(isSunk(look) ? kDeckLip : kShadow));
+    fill(painter, shape.translated(0, 1), colourOf(isSunk(look) ? kDeckLip : kFaceShadow));
     fill(painter, shape, downwards(body, shadeOf(look)));
     painter.save();
     painter.setClipPath(shape);
     if (isSunk(look)) {
-        const QRectF upper(body.left(), body.top(), body.width(), 5);
-        painter.fillRect(upper, downwards(upper, {0x90000000, kNothing}));
+        const QRectF upper(body.left(), body.top(), body.width(), 6);
+        painter.fillRect(upper, downwards(upper, {0xA0000000, kNothing}));
     } else {
         const QPainterPath inner = rounded(body.adjusted(1, 1, -1, 4), radius - 1);
         QLinearGradient lip(body.topLeft(), QPointF(body.left(), body.top() + radius + 1));
         lip.setColorAt(0, colourOf(kFaceLip));
         lip.setColorAt(1, Qt::transparent);
         painter.strokePath(inner, QPen(lip, 1));
+        // The lower edge turns away from the light.
+        const QRectF lower(body.left(), body.bottom() - 4, body.width(), 4);
+        painter.fillRect(lower, downwards(lower, {kNothing, 0x38000020}));
+        if (look == Look::Over) {
+            outline(painter, rounded(body.adjusted(1, 1, -1, -1), radius - 1), kFaceRing);
+        }
     }
     painter.restore();
     outline(painter, shape, kFaceEdge);
@@ -89,7 +95,7 @@ QRgb symbolColour(Look look) noexcept {
 }
 
 double sunk(Look look) noexcept {
-    return isSunk(look) ? 0.5 : 0;
+    return isSunk(look) ? 1 : 0;
 }
 
 void paintCard(QPainter& painter, const QRectF& box, double head) {
@@ -103,10 +109,12 @@ void paintCard(QPainter& painter, const QRectF& box, double head) {
         painter.fillRect(strip, downwards(strip, kCardHead));
         painter.fillRect(QRectF(strip.left(), strip.bottom() - 1, strip.width(), 1),
                          colourOf(kCardLine));
+        painter.fillRect(QRectF(strip.left(), strip.bottom(), strip.width(), 1),
+                         colourOf(0x70FFFFFF));
     }
-    outline(painter, rounded(body.adjusted(1, 1, -1, -1), 3), 0x60FFFFFF);
+    outline(painter, rounded(body.adjusted(1, 1, -1, -1), 3), 0x48FFFFFF);
     painter.fillRect(QRectF(body.left() + 3, body.top() + 0.5, body.width() - 6, 1),
-                     colourOf(0xC0FFFFFF));
+                     colourOf(0x90FFFFFF));
     painter.restore();
     outline(painter, shape, kCardEdge);
 }
@@ -115,13 +123,21 @@ void paintGlass(QPainter& painter, const QRectF& box, double radius) {
     const QRectF body = box.adjusted(0.5, 0.5, -0.5, -0.5);
     const QPainterPath shape = rounded(body, radius);
     fill(painter, shape.translated(0, 1), colourOf(kDeckLip));
-    fill(painter, shape, colourOf(kGlass));
+    fill(painter, shape, downwards(body, kGlass));
+    painter.save();
+    painter.setClipPath(shape);
+    // The window that the deck stands in front of, seen in the glass.
+    QLinearGradient gleam(body.topLeft(), body.topLeft() + QPointF(0, body.height() * 0.42));
+    gleam.setColorAt(0, colourOf(0x26C8D4FF));
+    gleam.setColorAt(1, colourOf(0x08C8D4FF));
+    painter.fillRect(QRectF(body.left(), body.top(), body.width(), body.height() * 0.42), gleam);
+    painter.restore();
     outline(painter, shape, kGlassEdge);
 }
 
 void paintGroove(QPainter& painter, const QRectF& box, QRgb bottom) {
     const double radius = std::min(box.width(), box.height()) / 2;
-    fill(painter, rounded(box.translated(0, 1), radius), colourOf(kWhite));
+    fill(painter, rounded(box.translated(0, 1), radius), colourOf(0xB0FFFFFF));
     fill(painter, rounded(box, radius), colourOf(kInk));
     const QRectF inner = box.adjusted(1, 1, -1, -0.5);
     fill(painter, rounded(inner, radius - 1), downwards(inner, {kInk, bottom}));
@@ -131,8 +147,9 @@ void paintKnob(QPainter& painter, const QRectF& box, const QRectF& mark) {
     const QRectF body = box.adjusted(0.5, 0.5, -0.5, -0.5);
     const QPainterPath shape = rounded(body, 3);
     fill(painter, shape, downwards(body, kKnob));
+    outline(painter, rounded(body.adjusted(1, 1, -1, -1), 2), 0x90FFFFFF);
     outline(painter, shape, kInk);
-    painter.fillRect(mark, colourOf(kAmber));
+    painter.fillRect(mark, colourOf(kKnobMark));
 }
 
 void paintLamp(QPainter& painter, const QRectF& box, QRgb colour, bool lit) {

@@ -37,6 +37,9 @@ void paintFace(QPainter& painter, const QRectF& box, Look look, double radius);
 /// A light card; `head` is the height of its title's strip, 0 for none.
 void paintCard(QPainter& painter, const QRectF& box, double head);
 
+/// Of the corners of the display.
+inline constexpr double kGlassRadius = 7;
+
 /// A sheet of dark glass, sunk into what is around it.
 void paintGlass(QPainter& painter, const QRectF& box, double radius);
 

@@ -64,11 +64,15 @@ void paintSpectrumTile(QPainter& painter) {
     painter.fillRect(QRectF(0, 0, 1, 24), Qt::black);
 }
 
-/// The slider's bar lies right on the slot, so it shows what the slot shows beside it.
+/// The slider's bar: what lies beside it is the slot.
 void paintSliderBar(QPainter& painter) {
-    const QRectF box(0, 0, 13, 9);
-    painter.fillRect(box, QColor::fromRgb(kCard.bottom));
-    paintKnob(painter, box, {3, 4, 7, 1});
+    paintKnob(painter, {0, 0, 13, 9}, {3, 4, 7, 1});
+}
+
+/// What the bar lies on, wherever it stands.
+void paintSlot(QPainter& painter) {
+    painter.fillRect(QRectF(0, 0, 13, 9), QColor::fromRgb(kCard.bottom));
+    painter.fillRect(QRectF(4, 0, 5, 9), QColor::fromRgb(kInk));
 }
 
 Drawing source(const char* name, QSize size, N element, void (*paint)(QPainter&)) {
@@ -81,7 +85,7 @@ Drawings sourceDrawings() {
     return {
         source("scroller", {91, 40}, N::Picture3, paintScroller),
         source("sabar", {5, 24}, N::Picture2, paintSpectrumTile),
-        source("eq_bar", {13, 9}, N::Picture7, paintSliderBar),
+        cutFrom(paintSlot, source("eq_bar", {13, 9}, N::Picture7, paintSliderBar)),
     };
 }
 

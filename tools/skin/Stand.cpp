@@ -1,45 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Stand.h"
 
-#include "Emblem.h"
+#include "Badge.h"
 #include "Shapes.h"
 #include "Strokes.h"
 
 #include <array>
-#include <QLinearGradient>
 #include <QRadialGradient>
-#include <QTransform>
 
 namespace tovik::skinart {
 
 namespace {
 
-constexpr double kIconUnits = 64;
 constexpr QSize kSplash(300, 200);
-
-QPainterPath emblemIn(const QRectF& box) {
-    QTransform place;
-    place.translate(box.left(), box.top());
-    place.scale(box.width() / 16, box.height() / 16);
-    return place.map(emblemPath());
-}
-
-void paintBadge(QPainter& painter, const QRectF& box) {
-    const double radius = box.width() * 0.24;
-    const QPainterPath shape = rounded(box, radius);
-    painter.fillPath(shape, downwards(box, kShell));
-    QLinearGradient rim(box.topLeft(), box.bottomLeft());
-    rim.setColorAt(0, QColor::fromRgb(kShellRim));
-    rim.setColorAt(1, QColor::fromRgb(kShellFoot));
-    const double width = box.width() / 32;
-    painter.strokePath(
-        rounded(box.adjusted(width / 2, width / 2, -width / 2, -width / 2), radius - width / 2),
-        QPen(rim, width));
-    const QRectF glass = box.adjusted(width * 4, width * 4, -width * 4, -width * 4);
-    painter.fillPath(rounded(glass, radius * 0.7), QColor::fromRgb(kGlass));
-    const QRectF mark = glass.adjusted(width * 2, width * 2, -width * 2, -width * 2);
-    painter.fillPath(emblemIn(mark), downwards(mark, {kAmberBright, kAmber}));
-}
 
 /// The letters of the program's name as lines in a field 10 high, from the left.
 QPainterPath nameLetters() {
@@ -58,16 +31,6 @@ QPainterPath nameLetters() {
 }
 
 } // namespace
-
-QImage programIcon(int size) {
-    QImage image(size, size, QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(size / kIconUnits, size / kIconUnits);
-    paintBadge(painter, {3, 3, 58, 58});
-    return image;
-}
 
 QImage splashPicture(int scale) {
     QImage image(kSplash * scale, QImage::Format_RGB32);

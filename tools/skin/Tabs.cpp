@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Body.h"
 #include "Families.h"
 #include "Icons.h"
 #include "Shapes.h"
@@ -34,7 +33,6 @@ constexpr auto kTabs = std::to_array<TabRow>({
 void paintTab(QPainter& painter, const TabRow& row, Look look) {
     const QRectF window = rectOf({row.element});
     const QRectF box(QPointF(0, 0), window.size());
-    paintBodyUnder(painter, window);
     if (look == Look::Down) {
         paintFace(painter, box, Look::Down, 5);
         painter.fillPath(rounded({box.center().x() - 4, box.bottom() - 4.5, 8, 1.5}, 0.75),
@@ -48,8 +46,10 @@ void paintTab(QPainter& painter, const TabRow& row, Look look) {
 }
 
 Drawing face(const TabRow& row, const char* ending, Spot kept, Look look) {
-    return drawingFor(std::string(row.name) + ending, {row.element}, kept,
-                      [row, look](QPainter& painter) { paintTab(painter, row, look); });
+    return cutFromBody(
+        rectOf({row.element}),
+        drawingFor(std::string(row.name) + ending, {row.element}, kept,
+                   [row, look](QPainter& painter) { paintTab(painter, row, look); }));
 }
 
 } // namespace

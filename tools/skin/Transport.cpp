@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Body.h"
 #include "Families.h"
 #include "Icons.h"
 #include "Shapes.h"
 
 #include <array>
+#include <cmath>
 #include <string>
 
 namespace tovik::skinart {
@@ -23,7 +23,7 @@ struct ButtonRow {
     double radius;
 };
 
-constexpr double kLarge = 17;
+constexpr double kLarge = 16; ///< that of their grid, so that straight edges are sharp
 constexpr double kSmall = 11;
 
 constexpr auto kButtons = std::to_array<ButtonRow>({
@@ -41,15 +41,16 @@ constexpr auto kButtons = std::to_array<ButtonRow>({
 void paintButton(QPainter& painter, const ButtonRow& row, Look look) {
     const QRectF window = rectOf({row.up});
     const QRectF box(QPointF(0, 0), window.size());
-    paintBodyUnder(painter, window);
     paintFace(painter, box, look, row.radius);
-    const QPointF centre(box.center().x(), box.center().y() - 0.5 + sunk(look));
+    const QPointF centre(box.center().x(), std::floor(box.center().y()) - 1 + sunk(look));
     paintIcon(painter, row.icon, centre, row.size, symbolColour(look));
 }
 
 Drawing face(const ButtonRow& row, const char* ending, Spot kept, Look look) {
-    return drawingFor(std::string(row.name) + ending, {row.up}, kept,
-                      [row, look](QPainter& painter) { paintButton(painter, row, look); });
+    return cutFromBody(rectOf({row.up}), drawingFor(std::string(row.name) + ending, {row.up}, kept,
+                                                    [row, look](QPainter& painter) {
+                                                        paintButton(painter, row, look);
+                                                    }));
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "Badge.h"
 #include "base/AtomicFile.h"
 #include "base/ErrorStream.h"
 #include "BitmapFile.h"
@@ -23,19 +24,27 @@ constexpr std::string_view kUsage =
     "tovik_skin_art --window FOLDER [--scale N]    the pictures of the window's own elements\n"
     "tovik_skin_art --preview FILE.png PANEL [--scale N]   a panel, 1 to 5; 6: the list open\n"
     "tovik_skin_art --splash FILE.png [--scale N]  the picture of the start\n"
-    "tovik_skin_art --icon FILE.png SIZE           the program's icon";
+    "tovik_skin_art --icon FILE.png SIZE           the program's icon\n"
+    "tovik_skin_art --icons FOLDER                 the same in its sizes and as SVG, and those of "
+    "the tray";
 
 constexpr int kLargestScale = 8;
 constexpr int kLargestIcon = 1024;
+
+bool write(const std::string& path, std::string_view bytes) {
+    const std::error_code failure = base::replaceFile(path, bytes, base::Flush::No);
+    if (failure) {
+        base::tell(path + ": " + failure.message());
+    }
+    return !failure;
+}
 
 bool writeAll(const Drawings& drawings, const std::string& folder, int scale) {
     std::error_code failure;
     std::filesystem::create_directories(folder, failure);
     for (const Drawing& drawing : drawings) {
         const std::string path = folder + "/" + drawing.name + ".bmp";
-        failure = base::replaceFile(path, bitmapBytes(rendered(drawing, scale)), base::Flush::No);
-        if (failure) {
-            base::tell(path + ": " + failure.message());
+        if (!write(path, bitmapBytes(rendered(drawing, scale)))) {
             return false;
         }
     }
@@ -48,6 +57,23 @@ bool save(const QImage& image, const std::string& path) {
     }
     base::tell(path + ": not written");
     return false;
+}
+
+/// The icons that a desktop asks for.
+bool writeIcons(const std::string& folder) {
+    std::error_code failure;
+    std::filesystem::create_directories(folder, failure);
+    bool done = write(folder + "/tovik.svg", programIconSvg());
+    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256, 512}) {
+        done = done && save(programIcon(size), folder + "/tovik-" + std::to_string(size) + ".png");
+    }
+    for (int style = 1; style <= kTrayStyles; ++style) {
+        for (const int size : {16, 22, 24, 32, 48, 64}) {
+            done = done && save(trayIcon(style, size), folder + "/tray" + std::to_string(style) +
+                                                           "-" + std::to_string(size) + ".png");
+        }
+    }
+    return done;
 }
 
 /// A number from 1 to the largest; 0 for anything else.
@@ -82,6 +108,8 @@ int run(std::vector<std::string> words) {
         done = writeAll(skinDrawings(), words.front(), scale);
     } else if (is("--window", 2)) {
         done = writeAll(windowDrawings(), words.at(1), scale);
+    } else if (is("--icons", 2)) {
+        done = writeIcons(words.at(1));
     } else if (is("--splash", 2)) {
         done = save(splashPicture(scale), words.at(1));
     } else if (is("--preview", 3) && numberOf(words.at(2), 6) > 0) {
