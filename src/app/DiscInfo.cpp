@@ -17,8 +17,4 @@ DiscInfo::DiscInfo(const player::Core& core, const playlist::stdSS& lstTracks,
     freedb.choose = [this](const std::vector<discs::Match>& matches) { return match.ask(matches); };
 }
 
-void DiscInfo::bind(commands::Commands& commands) {
-    commands.bind(commands::CommandId::ripAll, [this] { dialog.Show(); });
-}
-
 } // namespace tovik::app

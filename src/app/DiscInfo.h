@@ -5,7 +5,6 @@
 
 #include "cd/frmCdNFO.h"
 #include "cd/frmDiscMatch.h"
-#include "commands/Commands.h"
 #include "host/Host.h"
 #include "window/WindowOpener.h"
 
@@ -19,8 +18,6 @@ public:
              window::WindowOpener& windows);
     DiscInfo(const DiscInfo&) = delete;
     DiscInfo& operator=(const DiscInfo&) = delete;
-
-    void bind(commands::Commands& commands);
 
     cd::DiscForm form;
     discs::FREEDB freedb;

@@ -21,6 +21,9 @@ public:
 
     void bind(commands::Commands& commands);
 
+    /// How work on files of music is run.
+    [[nodiscard]] tags::TagWork& work() { return work_; }
+
 private:
     const playlist::stdSS& list_;
     window::WindowOpener& windows_;

@@ -61,6 +61,16 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
               .panels = front_.view.panels,
               .language = ground_.language},
              host),
+      rips_({.core = core_,
+             .disc = discs_.state,
+             .form = discInfo_.form,
+             .lstTracks = lists_.lstTracks,
+             .window = window,
+             .language = ground_.language,
+             .warning = music_.tagWarning,
+             .work = tagging_.work(),
+             .elements = front_.view.elements},
+            host),
       choices_({.preferences = {.core = core_,
                                 .silenceSkip = music_.playback.silenceSkip,
                                 .window = window,
@@ -90,11 +100,17 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     search_.bind(commands_);
     tagging_.bind(commands_);
     stations_.bind(commands_);
-    discInfo_.bind(commands_);
     front_.bind(commands_);
     visuals_.bind(commands_);
     filling_.bind(commands_);
     discs_.bind(commands_);
+    cd::Ripping::Hooks& ripping = rips_.ripping.hooks;
+    ripping.Stop_play = [this] { music_.playback.transport.Stop_play(); };
+    ripping.Init_CD_Ripper = [this] { discs_.drives.Init_CD_Ripper(); };
+    ripping.showDisc = [this] { discInfo_.dialog.Show(); };
+    ripping.unloadDisc = [this] { discInfo_.dialog.Unload(); };
+    discInfo_.dialog.hooks.Rip_All = [this] { rips_.ripping.Rip_All(); };
+    rips_.bind(commands_);
     menus_.bind(commands_, front_.view.elements, front_.view.input.keyWindow());
     choices_.bind(commands_);
     choices_.preferences.shortcuts.attach(menus_.accelerators());

@@ -6,7 +6,6 @@
 #include "app/Autoload.h"
 #include "app/Choices.h"
 #include "app/Desktop.h"
-#include "app/DiscInfo.h"
 #include "app/Discs.h"
 #include "app/Filling.h"
 #include "app/Front.h"
@@ -16,6 +15,7 @@
 #include "app/Menus.h"
 #include "app/Music.h"
 #include "app/Process.h"
+#include "app/Rips.h"
 #include "app/Search.h"
 #include "app/StartFile.h"
 #include "app/Stations.h"
@@ -171,6 +171,7 @@ private:
     Visuals visuals_;
     Filling filling_;
     Discs discs_;
+    Rips rips_;
     Choices choices_;
     Desktop desktop_;
     HandOver handOver_;

@@ -90,6 +90,13 @@ struct Comfort {
     bool keepsLongAddresses = false;  ///< stations with long addresses
     bool showsSavingAsItIs = false;   ///< the save button of a new station
 
+    // Audio CDs.
+    bool encodesSelectedDrive = false; ///< the drive of an encoder
+    bool endsJobWithCancel = false;    ///< the tracks behind a cancelled one
+    bool fillsBothTags = false;        ///< the tags of a ripped track
+    bool keepsWmaInAlbum = false;      ///< WMA files of an album without a name
+    bool numbersEqualNames = false;    ///< tracks of one name
+
     // What the window shows.
     bool titlesFileStart = false;         ///< the caption of a start with a file
     bool hidesLampsOverList = false;      ///< indicators over the playlist

@@ -11,11 +11,16 @@ void logConversion(const host::Paths& paths, const host::Clock& clock, std::int3
     if (code <= 0) {
         return;
     }
+    std::string words(BassErrorText(code));
+    words += " " + std::to_string(code) + " occured when Tovik tried to play/convert: ";
+    words += fileName;
+    noteConversion(paths, clock, words);
+}
+
+void noteConversion(const host::Paths& paths, const host::Clock& clock, std::string_view words) {
     const host::LocalTime now = clock.localTime();
-    std::string line = logDate(now) + " " + logTime(now) + " ";
-    line += BassErrorText(code);
-    line += " " + std::to_string(code) + " occured when Tovik tried to play/convert: ";
-    line += fileName;
+    std::string line = isoDate(now) + " " + logTime(now) + " ";
+    line += words;
     LogFile(paths.of(host::DataItem::ConversionLog)).append(line);
 }
 

@@ -15,4 +15,8 @@ namespace tovik::config {
 void logConversion(const host::Paths& paths, const host::Clock& clock, std::int32_t code,
                    std::string_view fileName);
 
+/// Appends a line of other words behind date ("yyyy-MM-dd") and time. Raises if the log cannot be
+/// written.
+void noteConversion(const host::Paths& paths, const host::Clock& clock, std::string_view words);
+
 } // namespace tovik::config

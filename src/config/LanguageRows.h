@@ -60,6 +60,7 @@ inline constexpr auto kEnglishNames = std::to_array<std::string_view>({
     "Visualisation",
     "Row of the list",
     "Audio CD",
+    "Progress of the rip",
 });
 
 /// The English of "TovikLists".
@@ -116,6 +117,15 @@ inline constexpr auto kEnglishDiscs = std::to_array<std::string_view>({
     "&Cancel",
 });
 
+/// The English of "TovikRip".
+inline constexpr auto kEnglishRip = std::to_array<std::string_view>({
+    "[x] cannot be written.",
+    "The program [x] is missing. It comes with the package [y].",
+    "The disc is gone: [x] is not complete.",
+    "Track [x] of [y]",
+    "Track [x] of [y], [z] left",
+});
+
 inline constexpr std::array<LanguageSectionRow, kLanguageSections> kSections{{
     {S::MainMenu, "MainMenu", 37, W::frmTSR},
     {S::VisMenu, "VisMenu", 2, W::frmTSR},
@@ -150,6 +160,7 @@ inline constexpr std::array<LanguageSectionRow, kLanguageSections> kSections{{
      kEnglishAbout},
     {S::TovikDiscs, "TovikDiscs", static_cast<int>(kEnglishDiscs.size()), W::frmCdNFO,
      kEnglishDiscs},
+    {S::TovikRip, "TovikRip", static_cast<int>(kEnglishRip.size()), W::None, kEnglishRip},
 }};
 
 constexpr Row put(S section, int item, std::string_view element, K kind = K::Caption, int index = 0,

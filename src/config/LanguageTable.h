@@ -39,9 +39,10 @@ enum class LanguageSection : std::uint8_t {
     TovikPreferences,
     TovikAbout,
     TovikDiscs, ///< the search for what is known of a disc
+    TovikRip,
 };
 
-inline constexpr std::size_t kLanguageSections = 27;
+inline constexpr std::size_t kLanguageSections = 28;
 
 /// The windows that texts go to. The main menu's texts name tabs of the main window, too.
 enum class TextWindow : std::uint8_t {

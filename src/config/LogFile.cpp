@@ -69,6 +69,10 @@ std::string logDate(const host::LocalTime& time) {
     return padded(time.day, 2) + "." + padded(time.month, 2) + "." + padded(time.year, 4);
 }
 
+std::string isoDate(const host::LocalTime& time) {
+    return padded(time.year, 4) + "-" + padded(time.month, 2) + "-" + padded(time.day, 2);
+}
+
 std::string logTime(const host::LocalTime& time) {
     return padded(time.hour, 2) + ":" + padded(time.minute, 2) + ":" + padded(time.second, 2);
 }

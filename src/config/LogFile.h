@@ -29,6 +29,9 @@ private:
 /// "dd.MM.yyyy"
 [[nodiscard]] std::string logDate(const host::LocalTime& time);
 
+/// "yyyy-MM-dd"
+[[nodiscard]] std::string isoDate(const host::LocalTime& time);
+
 /// "HH:mm:ss"
 [[nodiscard]] std::string logTime(const host::LocalTime& time);
 

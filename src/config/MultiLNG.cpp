@@ -115,6 +115,10 @@ std::string MultiLNG::get_Notice_String(int number) const {
     return textOf(path(), S::Notice, number);
 }
 
+std::string MultiLNG::get_Rip_String(RipText text) const {
+    return textOf(path(), S::TovikRip, static_cast<int>(text));
+}
+
 void MultiLNG::Load_Menus_Lng() {
     Load_Menu_Main_LNG();
     Load_Menu_Vis_LNG();

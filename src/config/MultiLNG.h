@@ -6,12 +6,22 @@
 #include "host/Paths.h"
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 namespace tovik::config {
+
+/// The texts of "TovikRip" that code asks for.
+enum class RipText : std::uint8_t {
+    Unwritten,  ///< a file
+    NoProgram,  ///< a program, and the package that it comes with
+    DiscGone,   ///< a file that is not complete
+    Status,     ///< the track, and how many there are
+    StatusLeft, ///< the same and the time left
+};
 
 /// Every loader reads its texts from "Languages/NAME.lng" in the data folder, each anew from the
 /// file, and hands them to the windows that are attached. Call `Language_File` first.
@@ -80,6 +90,9 @@ public:
 
     /// What the window says of the program's own state.
     [[nodiscard]] std::string get_Notice_String(int number) const;
+
+    /// What ripping tells; "[x]", "[y]" and "[z]" stand for what it is about.
+    [[nodiscard]] std::string get_Rip_String(RipText text) const;
 
 private:
     void load(LanguageSection section);

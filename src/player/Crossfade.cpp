@@ -48,6 +48,9 @@ bool Crossfade::CrossFade_BurnBaby(const TrackRef& track, std::int32_t fadeMilli
 
 bool Crossfade::start(const TrackRef& track, std::int32_t fade, const std::string& popup) {
     PlayerState& state = core_.state;
+    if (state.RipRunning) {
+        return false; // a rip gives the library back, and with it what would sound
+    }
     if (addresses_ != nullptr && base::isWebUrl(track.path)) {
         addresses_->play(track);
         return false;

@@ -83,6 +83,9 @@ bool TrackAdvance::neverEnds() const {
 }
 
 void TrackAdvance::endTrack() {
+    if (core_.state.RippingNow) {
+        return;
+    }
     if (core_.state.StopAfterCurrent || fadeOut_.runs()) {
         transport_.button_stop();
     } else {

@@ -26,6 +26,9 @@ bool Transport::Burnbaby(const TrackRef& track, const std::string& popup) {
 
 bool Transport::start(const TrackRef& track, const std::string& popup) {
     PlayerState& state = core_.state;
+    if (state.RipRunning) {
+        return false; // the reset of the device would end the rip
+    }
     if (addresses_ != nullptr && base::isWebUrl(track.path)) {
         addresses_->play(track);
         return false;

@@ -30,7 +30,7 @@ public:
     /// what sounded and calls a fade-out off. A file that no decoder takes is left without a word,
     /// with its title and a clock at the start. `popup` is the text of the title popup; empty takes
     /// the row's. Whether it started; an address of the web is left to its player, which shows it,
-    /// and counts as not started.
+    /// and counts as not started. While a rip runs nothing is started.
     bool Burnbaby(const TrackRef& track, const std::string& popup = {});
 
     /// Silences streams, which are freed, and modules, which the next start frees.

@@ -38,9 +38,15 @@ void stdSS::Clear() {
     addToTotal(0);
 }
 
-void stdSS::RefreshTitle(Row row, std::string_view Title) {
+void stdSS::setTitle(Row row, std::string_view Title) {
     if (has(row)) {
         at(row).texts.set(RowText::Title, Title);
+    }
+}
+
+void stdSS::RefreshTitle(Row row, std::string_view Title) {
+    if (has(row)) {
+        setTitle(row, Title);
         tell([row](ListObserver& observer) { observer.rowChanged(row); });
     }
 }

@@ -79,6 +79,10 @@ public:
 
     void RefreshTitle(Row row, std::string_view Title);
 
+    /// The same, but nobody is told: for titles that change faster than anyone can see. Whoever
+    /// sets them sees to it that the last one is told.
+    void setTitle(Row row, std::string_view Title);
+
     /// Replaces the length; with the same seconds nothing changes, not even the text.
     void RefreshTime(Row row, std::int32_t Seconds, std::string_view TimeText);
 

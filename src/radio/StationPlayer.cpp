@@ -71,6 +71,9 @@ void StationPlayer::play(const player::TrackRef& track) {
 }
 
 void StationPlayer::start(const player::TrackRef& track, From from) {
+    if (core_.state.RipRunning) {
+        return; // a rip gives the library back, and with it what would sound
+    }
     config::guard(core_.errors, config::procedureOf("AddStation", "Play"), [&] {
         starting_ = true;
         leave();

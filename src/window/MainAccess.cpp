@@ -90,6 +90,7 @@ constexpr auto kRows = std::to_array<Row>({
     {N::lstTracks, Control},
     {N::ripperbt, Button},
     {N::cancelrip, Button},
+    {N::riplbl, Field},
     // The radio's.
     {N::RadioLst, Control},
     several(N::Image1, Button, 5),

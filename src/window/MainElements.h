@@ -115,6 +115,9 @@ enum class MainElement : std::uint16_t {
     cmbCDDrives,
     ripperbt,
     cancelrip,
+    ripbar,  ///< how far the rip is, of all its tracks
+    ripfill, ///< the part that is done
+    riplbl,  ///< the same as words
     // The radio's panel.
     RadioLst,
     Image1, ///< 5: play, add, remove, and two faces of save on one spot

@@ -80,6 +80,7 @@ constexpr std::array kElements{
     Named{"RadioLst", N::RadioLst},
     Named{"Text4", N::Text4},
     Named{"cancelrip", N::cancelrip},
+    Named{"riplbl", N::riplbl},
     Named{"songname", N::songname},
     Named{"mono_img", N::mono_img},
     Named{"musicinfo_img", N::musicinfo_img},

@@ -17,6 +17,7 @@ constexpr Cells onlyMain(Show when = yes) {
 constexpr Cells kEqualizerOnly = {no, yes, no, no, no};
 constexpr Cells kPlaylistOnly = {no, no, yes, no, no};
 constexpr Cells kRipOnly = {no, no, no, yes, no};
+constexpr Cells kWhileRipping = {no, no, no, whileRipping, no};
 constexpr Cells kRadioOnly = {no, no, no, no, yes};
 
 /// A deliberate oddity: on the playlist panel these stay in force, over the list, although the
@@ -31,7 +32,10 @@ constexpr auto kRows = std::to_array<PanelRow>({
     {N::LoopBT, onlyMain()},
     {N::CfdBT, onlyMain()},
     {N::sldBT, onlyMain()},
-    {N::cancelrip, {no, no, no, whileRipping, no}},
+    {N::cancelrip, kWhileRipping},
+    {N::ripbar, kWhileRipping},
+    {N::ripfill, kWhileRipping},
+    {N::riplbl, kWhileRipping},
     {N::shwchange, onlyMain()},
     {N::stopNote, onlyMain(whileStopping)},
     {N::notice_img, onlyMain()},

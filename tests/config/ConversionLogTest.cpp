@@ -24,15 +24,21 @@ TEST_F(ConversionLogTest, oneLineAJobThatFailed) {
     log(15, "c.wav");
     const std::string text = host_.folder.read("Tovik.log");
     const std::size_t second = text.find("\r\n") + 2;
-    constexpr std::size_t kTime = std::string_view("dd.MM.yyyy HH:mm:ss").size();
+    constexpr std::size_t kTime = std::string_view("yyyy-MM-dd HH:mm:ss").size();
     EXPECT_EQ(
         text.substr(kTime, second - kTime),
         " Can't Open the File 2 occured when Tovik tried to play/convert: /music/a b.mp3\r\n");
     EXPECT_EQ(text.substr(second + kTime),
               "  15 occured when Tovik tried to play/convert: c.wav\r\n");
-    EXPECT_EQ(text[2], '.');
+    EXPECT_EQ(text[4], '-');
+    EXPECT_EQ(text[7], '-');
     EXPECT_EQ(text[10], ' ');
     EXPECT_EQ(text[13], ':');
+}
+
+TEST_F(ConversionLogTest, otherWordsStandBehindTheTime) {
+    noteConversion(host_.paths, host_.clock, "a, b");
+    EXPECT_EQ(host_.folder.read("Tovik.log").substr(19), " a, b\r\n");
 }
 
 TEST_F(ConversionLogTest, successAndUnknownFailuresLeaveNoLine) {

@@ -47,6 +47,27 @@ INSTANTIATE_TEST_SUITE_P(All, Lengths,
                                          Length{199, 199000}, Length{200, 199000},
                                          Length{201, 200000}, Length{3600, 3582000}));
 
+TEST_F(EndOfTrack, nothingFollowsWhileADiscIsRipped) {
+    play({.seconds = 1});
+    state_.RippingNow = true;
+    EXPECT_EQ(untilNext(3000), 3000);
+    state_.RippingNow = false;
+    EXPECT_LE(untilNext(3000), 1000);
+}
+
+TEST_F(EndOfTrack, nothingIsStartedWhileARipRuns) {
+    addRows(2, {.seconds = 1});
+    state_.RipRunning = true;
+    sound_.calls.clear();
+    list_.GetData(1);
+    EXPECT_FALSE(burn(list_.OutFileName));
+    EXPECT_FALSE(fade(list_.OutFileName, 100));
+    EXPECT_THAT(sound_.calls, IsEmpty());
+    EXPECT_FALSE(state_.IsPlaying);
+    state_.RipRunning = false;
+    EXPECT_TRUE(burn(list_.OutFileName));
+}
+
 TEST_F(EndOfTrack, aTrackTooShortForASecondCountsAsDead) {
     play({.seconds = 0.4});
     EXPECT_EQ(untilNext(5000), 1000);

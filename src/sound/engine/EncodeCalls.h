@@ -15,9 +15,9 @@ class EncodeCalls : public virtual EncodeOperations {
 public:
     explicit EncodeCalls(EngineCore& core) : core_(core) {}
 
-    bool BASS_Encode_Start(Handle channel, const EncoderCommand& command,
+    bool BASS_Encode_Start(Handle handle, const EncoderCommand& command,
                            std::uint32_t flags) override;
-    bool BASS_Encode_Stop(Handle channel) override;
+    bool BASS_Encode_Stop(Handle handle) override;
     Handle BASS_WMA_EncodeOpenFile(std::uint32_t freq, std::uint32_t flags, std::uint32_t bitrate,
                                    std::string_view path) override;
     bool BASS_WMA_EncodeSetTag(Handle encoder, std::string_view tag,

@@ -19,10 +19,11 @@ public:
     };
 
     std::set<std::string> present;
+    std::string folder = "/helpers/"; ///< where they are
     std::vector<Start> starts;
 
     [[nodiscard]] std::optional<std::string> find(const std::string& name) const override {
-        return present.contains(name) ? std::optional("/helpers/" + name) : std::nullopt;
+        return present.contains(name) ? std::optional(folder + name) : std::nullopt;
     }
 
     [[nodiscard]] bool start(const std::string& name,

@@ -50,10 +50,13 @@ struct TestHost {
         dispatcher.reportTo([this](const base::RuntimeError& error) { errors.push_back(error); });
     }
 
-    [[nodiscard]] host::Host host() {
+    [[nodiscard]] host::Host host() { return host(pump); }
+
+    /// The same with a pump of the test's own.
+    [[nodiscard]] host::Host host(host::MessagePump& otherPump) {
         return {.clock = clock,
                 .timers = clock,
-                .pump = pump,
+                .pump = otherPump,
                 .dialogs = dialogs,
                 .programs = programs,
                 .random = random,

@@ -77,6 +77,9 @@ void FakeSoundLibrary::elapse(std::int64_t milliseconds) {
 
 Handle FakeSoundLibrary::add(const FakeFile& file, std::uint32_t flags) {
     channels_[++lastHandle_] = {.file = file, .flags = flags};
+    if ((flags & sound::BASS_STREAM_DECODE) != 0) {
+        channel(lastHandle_).activity = Activity::playing;
+    }
     return lastHandle_;
 }
 
@@ -342,6 +345,10 @@ std::int32_t FakeSoundLibrary::BASS_ChannelGetLevel(Handle handle) {
 
 std::int32_t FakeSoundLibrary::BASS_ChannelGetData(Handle handle, void* buffer,
                                                    std::uint32_t length) {
+    Channel* const read = find(handle);
+    if (read != nullptr && (read->flags & sound::BASS_STREAM_DECODE) != 0) {
+        return readSamples(handle, *read, static_cast<std::byte*>(buffer), length);
+    }
     const auto found = spectra.find(handle);
     if (length != sound::BASS_DATA_FFT512 || found == spectra.end()) {
         return -1;
@@ -349,6 +356,21 @@ std::int32_t FakeSoundLibrary::BASS_ChannelGetData(Handle handle, void* buffer,
     ++spectraRead;
     std::ranges::copy(found->second, static_cast<float*>(buffer));
     return static_cast<std::int32_t>(sizeof(found->second));
+}
+
+std::int32_t FakeSoundLibrary::readSamples(Handle handle, Channel& channel, std::byte* into,
+                                           std::uint32_t length) {
+    const std::int64_t end = bytesOf(channel.file, channel.file.seconds);
+    const std::int64_t count = std::min<std::int64_t>(length, end - channel.position);
+    for (std::int64_t i = 0; i < count; ++i) {
+        into[i] = discByte(channel.position + i);
+    }
+    channel.position += count;
+    if (channel.position == end) {
+        channel.activity = Activity::stopped;
+    }
+    feedEncoder(handle, static_cast<std::size_t>(count));
+    return static_cast<std::int32_t>(count);
 }
 
 Activity FakeSoundLibrary::BASS_ChannelIsActive(Handle handle) {

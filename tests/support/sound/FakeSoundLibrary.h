@@ -5,6 +5,7 @@
 
 #include "sound/SoundLibrary.h"
 #include "support/sound/FakeDiscs.h"
+#include "support/sound/FakeEncoders.h"
 #include "support/sound/FakeStations.h"
 #include "support/sound/UnusedOperations.h"
 
@@ -30,7 +31,7 @@ struct FakeFile {
 class FakeSoundLibrary final : public sound::SoundLibrary,
                                public FakeDiscs,
                                public FakeStations,
-                               public UnusedEncoders,
+                               public FakeEncoders,
                                public UnusedVisuals {
 public:
     struct Channel {
@@ -57,6 +58,11 @@ public:
     sound::ErrorCode error = sound::ErrorCode::ok; ///< what is told of any operation
     bool hasDevice = true;
     std::vector<std::string> inputs = {"Stereo Out"};
+
+    /// What is read of a channel that its caller reads, at a place of it.
+    [[nodiscard]] static std::byte discByte(std::int64_t place) {
+        return static_cast<std::byte>(place * 7 >> 3);
+    }
 
     // What was done ------------------------------------------------------------------------------
 
@@ -157,11 +163,17 @@ public:
     bool BASS_RecordFree() override;
 
 protected:
+    void noteCall(std::string call) override { calls.push_back(std::move(call)); }
+
+    sound::Handle newHandle() override { return ++lastHandle_; }
+
     sound::Handle addStation(std::string_view url, std::uint32_t offset,
                              std::uint32_t flags) override;
 
 private:
     [[nodiscard]] Channel* find(sound::Handle handle);
+    [[nodiscard]] std::int32_t readSamples(sound::Handle handle, Channel& channel, std::byte* into,
+                                           std::uint32_t length);
     [[nodiscard]] sound::Handle create(std::string_view path, FakeKind kind, std::uint32_t flags);
     [[nodiscard]] sound::Handle add(const FakeFile& file, std::uint32_t flags);
     bool play(sound::Handle handle, bool music);

@@ -6,30 +6,6 @@
 
 namespace tovik::test {
 
-class UnusedEncoders : public virtual sound::EncodeOperations {
-public:
-    bool BASS_Encode_Start(sound::Handle, const sound::EncoderCommand&, std::uint32_t) override {
-        return false;
-    }
-
-    bool BASS_Encode_Stop(sound::Handle) override { return false; }
-
-    sound::Handle BASS_WMA_EncodeOpenFile(std::uint32_t, std::uint32_t, std::uint32_t,
-                                          std::string_view) override {
-        return sound::kNoHandle;
-    }
-
-    bool BASS_WMA_EncodeSetTag(sound::Handle, std::string_view, std::string_view) override {
-        return false;
-    }
-
-    bool BASS_WMA_EncodeWrite(sound::Handle, std::span<const std::byte>) override { return false; }
-
-    bool BASS_WMA_EncodeClose(sound::Handle) override { return false; }
-
-    std::optional<sound::EncodeReport> encodeReport(sound::Handle) override { return {}; }
-};
-
 class UnusedVisuals : public virtual sound::VisualOperations {
 public:
     bool BASS_SONIQUEVIS_CreateFakeSoniqueWnd() override { return false; }

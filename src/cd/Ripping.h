@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The commands that rip a disc or a track of it. Interface thread; while a rip runs the rest of the
+// program goes on, and a second one cannot be begun.
+#pragma once
+
+#include "cd/RipFormat.h"
+#include "cd/RipNeeds.h"
+#include "cd/TrackRipper.h"
+#include "tags/TagWarning.h"
+#include "tags/TagWork.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tovik::cd {
+
+class Ripping {
+public:
+    /// All of them outlive the object.
+    Ripping(const RipNeeds& needs, tags::TagWarning& warning, tags::TagWork& work)
+        : needs_(needs), warning_(warning), work_(work), ripper_(needs_) {}
+
+    Ripping(const Ripping&) = delete;
+    Ripping& operator=(const Ripping&) = delete;
+
+    /// Set by who composes the player; one that is not set does nothing.
+    struct Hooks {
+        std::function<void()> Stop_play{};
+        std::function<void()> Init_CD_Ripper{};
+        std::function<void()> showDisc{};   ///< the dialog of disc information; closed on return
+        std::function<void()> unloadDisc{}; ///< what was entered in it goes
+        std::function<void()> showPanel{};  ///< whether a rip runs is another
+    } hooks;
+
+    /// Rips all rows of the list of tracks. What goes wrong is logged.
+    void Rip_All();
+
+    /// The same for the selected row.
+    void mnuRipSel();
+
+    /// Opens the dialog of disc information, whose button rips.
+    void mnuRipAll() const;
+
+    /// Asks whether the rip that runs is to be cancelled.
+    void cancelrip();
+
+    /// Writes what the form tells into both tags of a file; the track is counted from 0. What goes
+    /// wrong is logged. A deliberate split: the first version gets no album, the second no artist.
+    void WriteMp3Tag(const std::string& path, std::int32_t track);
+
+private:
+    /// What the settings say of a job.
+    struct Job {
+        RipFormat format;
+        std::int32_t rate = 0;
+        std::string folder; ///< absolute
+        bool alone = false; ///< one track
+    };
+
+    void command(const config::Procedure& procedure, const std::function<void()>& body);
+    [[nodiscard]] std::optional<Job> begin(bool alone);
+    [[nodiscard]] bool mayWriteInto(const std::string& folder);
+
+    /// False when the program is ending.
+    [[nodiscard]] bool run(const Job& job, const std::vector<std::int32_t>& tracks);
+    [[nodiscard]] RipEnd rip(const Job& job, std::int32_t track);
+    [[nodiscard]] RipEnd ripByProgram(const Job& job, std::int32_t track);
+    void setRunning(bool running);
+
+    /// A command runs already, or is asking something.
+    [[nodiscard]] bool busy() const { return running_ > 0; }
+
+    RipNeeds needs_;
+    tags::TagWarning& warning_;
+    tags::TagWork& work_;
+    TrackRipper ripper_;
+    int running_ = 0;      ///< commands
+    bool refused_ = false; ///< the folder is there, and is to stay as it is
+};
+
+} // namespace tovik::cd

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cd/TrackFlow.h"
+
+#include <chrono>
+#include <thread>
+#include <vector>
+
+namespace tovik::cd {
+
+namespace {
+
+/// A rest is short against what one sees, and long against what the loop itself takes.
+constexpr std::chrono::milliseconds kRest{1};
+
+/// How long a track behind a cancelled one is waited for.
+constexpr std::int64_t kBlockPatienceMs = 2000;
+
+} // namespace
+
+TrackFlow::TrackFlow(const RipNeeds& needs)
+    : needs_(needs), beganMs_(needs.host.clock.monotonicMs()),
+      cancelledBefore_(needs.disc.CancelRip) {}
+
+/// A deliberate oddity: the flag stays for the rest of the job, and no track looks at it before it
+/// has moved something. So a user who cancels gets a file of one block of each track that follows.
+bool TrackFlow::cancelled() const {
+    const bool waits = cancelledBefore_ && moved_ == 0 &&
+                       needs_.host.clock.monotonicMs() - beganMs_ < kBlockPatienceMs;
+    return needs_.disc.CancelRip && !waits;
+}
+
+bool TrackFlow::run(const Job& job, const Sink& sink) {
+    sound::SoundLibrary& sound = needs_.core.sound;
+    std::vector<std::byte> buffer(job.block);
+    while (sound.BASS_ChannelIsActive(job.channel) != sound::Activity::stopped && !sink.failed()) {
+        if (sink.takesMore()) {
+            const std::int32_t got = sound.BASS_ChannelGetData(
+                job.channel, buffer.data(), static_cast<std::uint32_t>(buffer.size()));
+            if (got < 0) {
+                break;
+            }
+            sink.take(std::span(buffer).first(static_cast<std::size_t>(got)));
+            moved_ += got;
+        } else {
+            std::this_thread::sleep_for(kRest);
+        }
+        needs_.core.state.RippingNow = true;
+        show(job);
+        if (!needs_.host.pump.Step()) {
+            return false;
+        }
+        if (cancelled()) {
+            break;
+        }
+    }
+    return true;
+}
+
+bool TrackFlow::waitFor(const std::function<bool()>& done) const {
+    while (!done()) {
+        if (!needs_.host.pump.Step()) {
+            return false;
+        }
+        std::this_thread::sleep_for(kRest);
+    }
+    return true;
+}
+
+void TrackFlow::show(const Job& job) const {
+    sound::SoundLibrary& sound = needs_.core.sound;
+    needs_.progress.round(job.row, sound.BASS_ChannelGetPosition(job.channel),
+                          sound.BASS_StreamGetLength(job.channel), needs_.words.progress(),
+                          job.decimals);
+}
+
+} // namespace tovik::cd

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The loop that moves a track's sound from its stream to whoever writes it. Interface thread.
+#pragma once
+
+#include "cd/RipNeeds.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <span>
+
+namespace tovik::cd {
+
+class TrackFlow {
+public:
+    /// Where the sound goes.
+    struct Sink {
+        std::function<bool()> takesMore; ///< has room; also true when it has failed
+        std::function<bool()> failed;
+        std::function<void(std::span<const std::byte>)> take;
+    };
+
+    /// What is moved, and how it is shown.
+    struct Job {
+        sound::Handle channel = sound::kNoHandle;
+        std::size_t block = 0; ///< bytes at a time
+        std::int32_t row = 0;  ///< of the list of tracks, from 0
+        int decimals = 0;      ///< of the percentage
+    };
+
+    explicit TrackFlow(const RipNeeds& needs);
+
+    /// Moves until the stream ends, the sink fails or the user cancels; the rest of the program
+    /// goes on meanwhile. False when the program is ending.
+    [[nodiscard]] bool run(const Job& job, const Sink& sink);
+
+    /// Gives way until `done`; where nothing is to be done, this thread rests for a moment.
+    /// False when the program is ending.
+    [[nodiscard]] bool waitFor(const std::function<bool()>& done) const;
+
+    /// Bytes that the last run moved.
+    [[nodiscard]] std::int64_t moved() const noexcept { return moved_; }
+
+private:
+    [[nodiscard]] bool cancelled() const;
+    void show(const Job& job) const;
+
+    const RipNeeds& needs_;
+    std::int64_t moved_ = 0;
+    std::int64_t beganMs_ = 0;
+    bool cancelledBefore_ = false; ///< with an earlier track
+};
+
+} // namespace tovik::cd

@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cd/TrackRipper.h"
+
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "config/ConversionLog.h"
+#include "config/ErrorTexts.h"
+#include "player/LiveSetting.h"
+#include "player/SoundDevice.h"
+
+#include <utility>
+
+namespace tovik::cd {
+
+namespace {
+
+/// A deliberate oddity: encoder programs get the disc in the first drive, whichever is selected.
+constexpr std::uint32_t kEncoderDrive = 0;
+
+constexpr std::uint32_t kFlags = sound::BASS_STREAM_DECODE | sound::BASS_STREAM_AUTOFREE;
+constexpr std::size_t kEncoderBlock = 262'144;
+
+/// How often formats of channels are looked at again: never.
+constexpr std::uint32_t kFormatOption = 9;
+
+bool ended(const std::optional<sound::EncodeReport>& report) {
+    return !report || report->stage == sound::EncodeStage::finished ||
+           report->stage == sound::EncodeStage::failed;
+}
+
+bool failed(const std::optional<sound::EncodeReport>& report) {
+    return !report || report->stage == sound::EncodeStage::failed;
+}
+
+} // namespace
+
+RipEnd TrackRipper::Encoder(const std::string& source, std::string_view type, std::int32_t bitrate,
+                            const std::string& path, bool isCdTrack, std::int16_t row) {
+    const std::int32_t priority =
+        player::readLive(needs_.core.settings, "EPRIO", [](const std::string& text) {
+            return base::toInt32(base::textToNumber(text));
+        });
+    const auto line = encoderLine(type, bitrate, priority, needs_.host.paths.dataFolder(), path);
+    const auto program = line ? needs_.host.programs.find(line->program) : std::nullopt;
+    if (line && !program) {
+        return noProgram(*line);
+    }
+    sound().BASS_Free();
+    static_cast<void>(player::openSoundDevice(sound(), needs_.window.handle()));
+    sound().BASS_SetConfig(kFormatOption, 0);
+    sound().BASS_Encode_Stop(encoderChannel_);
+    encoderChannel_ = openSource(source, isCdTrack);
+    auto failure =
+        encoderChannel_ != sound::kNoHandle ? sound::ErrorCode::ok : sound().BASS_ErrorGetCode();
+    RipEnd end = RipEnd::done;
+    if (line) {
+        TrackFlow::Job job{.channel = encoderChannel_, .block = kEncoderBlock, .row = row};
+        end = encode(*line, *program, job, path);
+        if (end == RipEnd::abandoned) {
+            return end;
+        }
+        if (end == RipEnd::failed && failure == sound::ErrorCode::ok) {
+            failure = sound::ErrorCode::cannotCreateFile;
+        }
+    }
+    if (isCdTrack) {
+        end = endOfDisc(encoderChannel_, kEncoderDrive, row, path, end);
+    }
+    sound().BASS_StreamFree(encoderChannel_);
+    sound().BASS_Free();
+    // The library given back with success has forgotten what went wrong before.
+    const sound::ErrorCode last = sound().BASS_ErrorGetCode();
+    const auto code = static_cast<std::int32_t>(failure != sound::ErrorCode::ok ? failure : last);
+    config::logConversion(needs_.host.paths, needs_.host.clock, code, source);
+    needs_.core.state.RippingNow = false;
+    return end;
+}
+
+sound::Handle TrackRipper::openSource(const std::string& source, bool isCdTrack) {
+    if (isCdTrack) {
+        const std::int32_t track = base::toInt32(base::textToNumber(source));
+        return sound().BASS_CD_StreamCreate(kEncoderDrive, static_cast<std::uint32_t>(track),
+                                            kFlags);
+    }
+    if (base::toUpperAscii(source).ends_with("WMA")) {
+        return sound().BASS_WMA_StreamCreateFile(false, source, 0, 0, kFlags);
+    }
+    return sound().BASS_StreamCreateFile(false, source, 0, 0, kFlags);
+}
+
+RipEnd TrackRipper::encode(const EncoderLine& line, const std::string& program, TrackFlow::Job& job,
+                           const std::string& path) {
+    if (job.channel == sound::kNoHandle) {
+        return RipEnd::failed; // the log tells of it
+    }
+    const bool runs = sound().BASS_Encode_Start(job.channel,
+                                                {.text = line.text,
+                                                 .program = program,
+                                                 .arguments = line.arguments,
+                                                 .output = path,
+                                                 .niceness = line.niceness},
+                                                0);
+    if (!runs) {
+        tellUnwritten(path, program);
+        return RipEnd::failed;
+    }
+    const auto report = [&] { return sound().encodeReport(job.channel); };
+    TrackFlow flow(needs_);
+    const bool goesOn = flow.run(job, {.takesMore =
+                                           [&] {
+                                               const auto now = report();
+                                               return now && now->takesMore;
+                                           },
+                                       .failed = [&] { return failed(report()); },
+                                       .take = [](std::span<const std::byte>) {}});
+    if (!goesOn) {
+        return RipEnd::abandoned;
+    }
+    sound().BASS_Encode_Stop(job.channel);
+    if (!flow.waitFor([&] { return ended(report()); })) {
+        return RipEnd::abandoned;
+    }
+    const auto last = report();
+    if (failed(last)) {
+        tellUnwritten(path, last ? last->words : std::string());
+        return RipEnd::failed;
+    }
+    return RipEnd::done;
+}
+
+RipEnd TrackRipper::endOfDisc(sound::Handle stream, std::uint32_t drive, std::int32_t track,
+                              const std::string& path, RipEnd end) {
+    const std::string name = "Track " + std::to_string(track + 1);
+    const sound::DiscReport report = sound().discReport(stream).value_or(sound::DiscReport());
+    if (report.lostSectors > 0 || report.repaired > 0) {
+        config::noteConversion(needs_.host.paths, needs_.host.clock,
+                               name + ": " + std::to_string(report.lostSectors) +
+                                   " sectors lost, " + std::to_string(report.repaired) +
+                                   " places repaired: " + path);
+    }
+    const bool gone = report.trouble == sound::DiscTrouble::noDisc ||
+                      report.trouble == sound::DiscTrouble::noDrive ||
+                      (stream == sound::kNoHandle && !sound().discToc(drive));
+    if (!gone) {
+        return end;
+    }
+    const std::string words = base::replaceAll(
+        needs_.words.language.get_Rip_String(config::RipText::DiscGone), "[x]", path);
+    config::noteConversion(needs_.host.paths, needs_.host.clock, name + ": " + words);
+    needs_.host.dialogs.showMessage(
+        {.text = words, .title = host::kProgramTitle, .icon = host::MessageIcon::Exclamation});
+    return RipEnd::hopeless;
+}
+
+RipEnd TrackRipper::noProgram(const EncoderLine& line) {
+    constexpr std::size_t kExtension = 4;
+    const std::string name = line.program.substr(0, line.program.size() - kExtension);
+    const std::string words = base::replaceAll(
+        base::replaceAll(needs_.words.language.get_Rip_String(config::RipText::NoProgram), "[x]",
+                         name),
+        "[y]", line.package);
+    config::noteConversion(needs_.host.paths, needs_.host.clock, words);
+    needs_.host.dialogs.showMessage(
+        {.text = words, .title = host::kProgramTitle, .icon = host::MessageIcon::Exclamation});
+    return RipEnd::hopeless;
+}
+
+void TrackRipper::tellUnwritten(const std::string& path, const std::string& words) {
+    std::string text = base::replaceAll(
+        needs_.words.language.get_Rip_String(config::RipText::Unwritten), "[x]", path);
+    if (!words.empty()) {
+        text += "\n" + words;
+    }
+    needs_.host.dialogs.showMessage(
+        {.text = text, .title = host::kProgramTitle, .icon = host::MessageIcon::Exclamation});
+}
+
+} // namespace tovik::cd

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Turns one track into a file, in each of the formats. Interface thread; while a track is moved
+// the rest of the program goes on.
+#pragma once
+
+#include "cd/EncoderLine.h"
+#include "cd/RipNeeds.h"
+#include "cd/TrackFlow.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tovik::cd {
+
+class TrackRipper {
+public:
+    explicit TrackRipper(const RipNeeds& needs) : needs_(needs) {}
+
+    /// Pipes a source through an encoder program: a track of the disc in drive 0, counted from 0,
+    /// or a file. `row` is that of the list, from 0. What goes wrong is told and stands in the log
+    /// of conversions, by the source. The sound library is given back at the end.
+    [[nodiscard]] RipEnd Encoder(const std::string& source, std::string_view type,
+                                 std::int32_t bitrate, const std::string& path, bool isCdTrack,
+                                 std::int16_t row);
+
+    /// Writes "TRACK", the number from 1 and ".WAV" into the folder. Raises nothing.
+    [[nodiscard]] RipEnd ExtractAudioTrackToWav(std::int32_t track, const std::string& folder);
+
+    /// Writes a WMA file with the names of the form. Raises what reading settings raises.
+    [[nodiscard]] RipEnd ExtractAudioTrackToWMA(std::int32_t track);
+
+    /// The same as "TRACK", the number from 1 and ".WMA" into a given folder.
+    [[nodiscard]] RipEnd ExtractAudioTrackToWMA(std::int32_t track, const std::string& folder);
+
+private:
+    [[nodiscard]] sound::Handle openSource(const std::string& source, bool isCdTrack);
+    [[nodiscard]] RipEnd encode(const EncoderLine& line, const std::string& program,
+                                TrackFlow::Job& job, const std::string& path);
+    [[nodiscard]] RipEnd writeWav(std::int32_t track, const std::string& folder);
+    [[nodiscard]] RipEnd writeWma(std::int32_t track, const std::string& path);
+    [[nodiscard]] RipEnd flowToWma(std::int32_t track, sound::Handle encoder,
+                                   const std::string& path);
+    [[nodiscard]] RipEnd withoutStream(std::uint32_t drive) const;
+    void setTags(sound::Handle encoder, std::int32_t track);
+
+    /// What the disc did while its track was read: told and logged. `end` unless the disc is gone.
+    /// To be called before the stream, if there is one, is freed.
+    [[nodiscard]] RipEnd endOfDisc(sound::Handle stream, std::uint32_t drive, std::int32_t track,
+                                   const std::string& path, RipEnd end);
+    [[nodiscard]] RipEnd noProgram(const EncoderLine& line);
+    void tellUnwritten(const std::string& path, const std::string& words);
+
+    [[nodiscard]] sound::SoundLibrary& sound() const { return needs_.core.sound; }
+
+    const RipNeeds& needs_;
+    sound::Handle encoderChannel_ = sound::kNoHandle; ///< of the last `Encoder`
+};
+
+} // namespace tovik::cd
