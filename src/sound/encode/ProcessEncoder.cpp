@@ -2,6 +2,7 @@
 #include "sound/encode/ProcessEncoder.h"
 
 #include "base/Descriptor.h"
+#include "base/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -51,19 +52,33 @@ std::optional<Pipe> makePipe() {
     return Pipe{Descriptor(ends[0]), Descriptor(ends[1])};
 }
 
-/// The last line of what a program said; carriage returns, by which programs write over a line that
-/// shows their progress, end one, too.
-std::string lastLine(std::string_view words) {
-    constexpr std::string_view kEnds = "\r\n \t";
-    const std::size_t end = words.find_last_not_of(kEnds);
-    if (end == std::string_view::npos) {
-        return {};
+/// The line of what a program said that tells why it failed: the last one with such a word, else
+/// the last one. Carriage returns, by which programs write over a line that shows their progress,
+/// end one, too.
+std::string failingLine(std::string_view words) {
+    constexpr std::array<std::string_view, 5> kSigns{"error", "fail", "can't", "cannot", "unable"};
+    constexpr std::string_view kEnds = "\r\n";
+    constexpr std::string_view kBlanks = "\r\n \t";
+    std::string_view last;
+    std::string_view telling;
+    while (!words.empty()) {
+        const std::size_t end = std::min(words.find_first_of(kEnds), words.size());
+        std::string_view line = words.substr(0, end);
+        words.remove_prefix(std::min(end + 1, words.size()));
+        line.remove_prefix(std::min(line.find_first_not_of(kBlanks), line.size()));
+        line = line.substr(0, line.find_last_not_of(kBlanks) + 1);
+        if (line.empty()) {
+            continue;
+        }
+        last = line;
+        const std::string lower = base::toLowerAscii(line);
+        if (std::ranges::any_of(kSigns, [&](std::string_view sign) {
+                return lower.find(sign) != std::string::npos;
+            })) {
+            telling = line;
+        }
     }
-    words = words.substr(0, end + 1);
-    const std::size_t before = words.find_last_of("\r\n");
-    words = words.substr(before == std::string_view::npos ? 0 : before + 1);
-    words.remove_prefix(std::min(words.find_first_not_of(kEnds), words.size()));
-    return std::string(words);
+    return std::string(telling.empty() ? last : telling);
 }
 
 /// The child's end of things, prepared and torn down around the start.
@@ -174,7 +189,7 @@ public:
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
 
-    [[nodiscard]] std::string lastWords() const { return lastLine(heard_); }
+    [[nodiscard]] std::string lastWords() const { return failingLine(heard_); }
 
 private:
     void listen() {

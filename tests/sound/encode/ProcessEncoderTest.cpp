@@ -72,6 +72,10 @@ TEST(ProcessEncoder, TellsWhatAProgramSaidThatFailed) {
     EXPECT_EQ(report.stage, EncodeStage::failed);
     EXPECT_EQ(report.words, "No room left");
     EXPECT_FALSE(report.takesMore);
+    EXPECT_EQ(
+        run(script("printf 'Begun\\nWriting failed\\nDone\\n' >&2; cat > /dev/null; exit 1"), 9)
+            .words,
+        "Writing failed");
 }
 
 TEST(ProcessEncoder, OutlivesAProgramThatDies) {
