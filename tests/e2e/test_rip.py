@@ -134,7 +134,13 @@ class Rip(ProgramTest):
             path = self.wait_for_file(ending, 1000)
             time.sleep(0.3)  # the tags
             self.end()
-            length = len(decoded(path))
+            sound = path
+            if ending == ".MP3":  # what tells its delay is looked for right at the beginning
+                sound = self.path("plain.mp3")
+                with open(sound, "wb") as file:
+                    data = contents(path)
+                    file.write(data[data.index(b"\xff\xfb"):])
+            length = len(decoded(sound))
             if ending == ".WMA":  # its frames are of fixed length
                 self.assertAlmostEqual(length, len(disc.sound[1]), delta=4 * 4096)
             else:
