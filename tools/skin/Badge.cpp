@@ -55,7 +55,7 @@ constexpr auto kSmall = std::to_array<SmallMark>({
 
 std::vector<QRectF> smallBars(const SmallMark& mark) {
     std::vector<QRectF> bars;
-    double left = (mark.size - 5 * mark.bar - 4 * mark.gap) / 2;
+    int left = (mark.size - 5 * mark.bar - 4 * mark.gap) / 2;
     for (int bar = 0; bar < 5; ++bar) {
         bars.emplace_back(left, mark.top, mark.bar, bar == 2 ? mark.longBar : mark.shortBar);
         left += mark.bar + mark.gap;
