@@ -223,6 +223,8 @@ void frmCdNFO::rip() {
             return base::toUpperAscii(tags::cMP3ID3v2::GenreName(number)) == genre;
         });
     }
+    // What was typed is of this disc, also where it was put in while the dialog was open.
+    toc_ = firstToc();
     ripAsked_ = true;
 }
 

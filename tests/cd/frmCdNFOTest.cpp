@@ -214,6 +214,16 @@ TEST_F(frmCdNFOTest, theDialogOpensAgainWithWhatWasEntered) {
     EXPECT_EQ(form_.Text1[0], "kept");
 }
 
+TEST_F(frmCdNFOTest, aDiscMayBePutInMeanwhile) {
+    sound_.drives.front().ready = false;
+    open();
+    sound_.drives.front().ready = true;
+    dialog_.Text1_Change(0, "typed");
+    close(Button::rip);
+    open();
+    EXPECT_EQ(form_.Text1[0], "typed");
+}
+
 TEST_F(frmCdNFOTest, anotherDiscBeginsAnew) {
     open();
     dialog_.Text1_Change(0, "typed");
