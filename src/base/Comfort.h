@@ -96,6 +96,10 @@ struct Comfort {
     bool fillsBothTags = false;        ///< the tags of a ripped track
     bool keepsWmaInAlbum = false;      ///< WMA files of an album without a name
     bool numbersEqualNames = false;    ///< tracks of one name
+    bool namesChosenDisc = false;      ///< the disc that is named
+    bool readsDiscKeys = false;        ///< titles that look like keys
+    bool keepsTypedNames = false;      ///< names of a disc that were typed
+    bool takesWholeGenre = false;      ///< the genre of ripped files
 
     // What the window shows.
     bool titlesFileStart = false;         ///< the caption of a start with a file
