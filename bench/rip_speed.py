@@ -103,6 +103,9 @@ class Player:
                 began, path = time.monotonic(), found[0]
             if path and os.path.getsize(path) > 100_000 and not self.writes(path):
                 took = time.monotonic() - began
+                whole = os.path.getsize(self.cue[:-3] + "bin") + 44
+                if form == "WAV" and os.path.getsize(path) != whole:
+                    raise SystemExit("the track is not complete")
                 self.end()
                 return took, stall
         raise SystemExit("no end")
