@@ -23,7 +23,7 @@ from long_list import Desk
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, os.path.join(os.path.dirname(__file__), "../tests/e2e"))
-from disc_image import Disc  # noqa: E402
+from disc_image import Disc, with_children  # noqa: E402
 
 PANEL, FIRST_ROW, BUTTON = (205, 20), (120, 78), (50, 253)
 RATE = 192
@@ -70,8 +70,7 @@ class Player:
 
     def writes(self, path):
         """Does the player or a child of it have the file open?"""
-        children = self.desk.tool("pgrep", "-P", str(self.process.pid)).split()
-        for process in [str(self.process.pid), *children]:
+        for process in with_children(self.process.pid):
             for number in glob.glob(f"/proc/{process}/fd/*"):
                 try:
                     if os.readlink(number) == path:

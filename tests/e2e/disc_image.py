@@ -1,5 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Images of audio CDs: a BIN of noise, no two parts of which are alike, and its CUE."""
+"""Images of audio CDs: a BIN of noise, no two parts of which are alike, and its CUE. And who writes what
+is made of them."""
+import glob
 import os
 import random
 
@@ -25,3 +27,15 @@ class Disc:
                 file.write("  TRACK %02d AUDIO\n    INDEX 01 %02d:%02d:%02d\n" % (
                     number, minutes, *divmod(rest, SECTORS_PER_SECOND)))
                 sector += len(sound) // SECTOR
+
+
+def with_children(pid):
+    """A process and those that it started."""
+    processes = [str(pid)]
+    for name in glob.glob(f"/proc/{pid}/task/*/children"):
+        try:
+            with open(name, encoding="ascii") as file:
+                processes += file.read().split()
+        except OSError:  # that thread has ended
+            continue
+    return processes

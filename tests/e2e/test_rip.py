@@ -6,7 +6,7 @@ import subprocess
 import time
 import unittest
 
-from disc_image import Disc
+from disc_image import Disc, with_children
 from program import LIMIT, ProgramTest
 
 PANEL = (205, 20)  # the tab of the ripper's panel
@@ -99,9 +99,8 @@ class Rip(ProgramTest):
 
     def open_files(self):
         """Files of the music folder that the player or its children have open."""
-        children = self.tool("pgrep", "-P", str(self.player.pid)).stdout.split()
         opened = []
-        for process in [str(self.player.pid), *children]:
+        for process in with_children(self.player.pid):
             try:
                 numbers = os.listdir(f"/proc/{process}/fd")
                 opened += [os.readlink(f"/proc/{process}/fd/{number}") for number in numbers]
