@@ -137,6 +137,10 @@ std::unique_ptr<menus::MenuFacility> MainWindow::makeMenus(const menus::cMenus& 
                              }});
 }
 
+bool MainWindow::rightToLeft() const {
+    return QGuiApplication::isRightToLeft();
+}
+
 std::uintptr_t MainWindow::handle() const {
     return static_cast<std::uintptr_t>(skin_->winId());
 }

@@ -54,6 +54,9 @@ public:
     [[nodiscard]] std::optional<ui::Colour> systemColour(int number) const override;
     [[nodiscard]] std::unique_ptr<menus::MenuFacility>
     makeMenus(const menus::cMenus& model, ui::MessageWindow& messages) override;
+
+    [[nodiscard]] bool rightToLeft() const override;
+
     void moveTo(int left, int top) override;
     [[nodiscard]] int left() const override;
     [[nodiscard]] int top() const override;

@@ -60,6 +60,9 @@ public:
         return std::nullopt;
     }
 
+    /// Whether the desktop's words run from right to left.
+    [[nodiscard]] virtual bool rightToLeft() const { return false; }
+
     /// Makes the menus of a model whose window gets their messages; null where none can be shown.
     /// Both outlive the result.
     [[nodiscard]] virtual std::unique_ptr<menus::MenuFacility>

@@ -208,6 +208,7 @@ void frmTSR::popUp(MenuRoot root, const std::optional<menus::MenuPlace>& place) 
         facility_ = window_.makeMenus(m_Menus, messages_);
     }
     if (facility_) {
+        m_Menus.RightToLeft = window_.rightToLeft();
         showWords();
         const std::exception_ptr failure = refreshBelow(index, true);
         m_Menus.BuildOn(*facility_);

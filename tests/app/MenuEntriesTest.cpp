@@ -348,6 +348,17 @@ TEST_F(MenuEntries, anAcceleratorWinsOverTheKeysOfAListAndOfAFocusedElement) {
     EXPECT_EQ(state().CurrentVolume, volume);
 }
 
+TEST_F(MenuEntries, menusRunAsTheDesktopDoes) {
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    rightClick(MainElement::iconIMG);
+    EXPECT_EQ(shownMenu()->layoutDirection(), Qt::RightToLeft);
+    closeMenus();
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+    rightClick(MainElement::iconIMG);
+    EXPECT_EQ(shownMenu()->layoutDirection(), Qt::LeftToRight);
+    closeMenus();
+}
+
 TEST_F(MenuEntries, theMarkOfStayingOnTopIsThatOfTheSetting) {
     EXPECT_FALSE(marked("mnuTop"));
     set("ASOT", "1"); // by hand

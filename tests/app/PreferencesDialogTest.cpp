@@ -76,6 +76,42 @@ TEST_F(PreferencesDialog, whatIsFeltAtTheNextStartIsFoundByIt) {
     }
 }
 
+/// What acts at once, by what the running player does.
+TEST_F(PreferencesDialog, whatActsAtOnceActsInTheRunningPlayer) {
+    struct Acted {
+        Control control;
+        std::function<bool()> acted;
+    };
+
+    const player::PlayerState& state = player().state();
+    const auto volumeOf = [this] { return callsOf("BASS_SetVolume"); };
+    const std::size_t volumeBefore = volumeOf();
+    const std::vector<Acted> all = {
+        {Control::Check7, [&] { return state.CrossfadeOn; }},
+        {Control::Check8, [&] { return state.SilenceSkipOn; }},
+        {Control::Check10, [&] { return state.ShuffleOn; }},
+        {Control::Check11, [&] { return state.RepeatOn; }},
+        {Control::Check17, [&] { return state.MessengerOn; }},
+        {Control::Slider1_0, [this] { return setting("CFDT") == "6"; }},
+        {Control::Check15,
+         [&] {
+             player().music().playback.volume.change_volume(40, -1);
+             return volumeOf() > volumeBefore;
+         }},
+        {Control::Combo3,
+         [this] {
+             return player().elements().get(window::MainElement::playup).tooltip == "Predvajaj";
+         }},
+    };
+    for (const Acted& one : all) {
+        open([&](QDialog& dialog) {
+            ASSERT_TRUE(change(dialog, preferences::rowOf(one.control)));
+            press(dialog, "Command1");
+        });
+        EXPECT_TRUE(one.acted()) << preferences::rowOf(one.control).name;
+    }
+}
+
 TEST_F(PreferencesDialog, theWheelChangesNothingThatThePointerPasses) {
     open([&](QDialog& dialog) {
         for (const ControlRow& row : preferences::controlTable()) {
@@ -194,6 +230,9 @@ TEST_F(PreferencesDialog, aLanguageReachesEveryWindowAtOnceAndCancelKeepsIt) {
         EXPECT_EQ(control<QTreeWidget>(dialog, "Shortcuts").headerItem()->text(1), "Tipke");
         EXPECT_EQ(player().elements().get(window::MainElement::playup).tooltip, "Predvajaj");
         EXPECT_EQ(setting("CLNG"), "Slovenian");
+        EXPECT_EQ(player().view().core.screen.playing.balanceText,
+                  player().elements().get(window::MainElement::Label4, 2).caption)
+            << "what the display tells of the balance";
         press(dialog, "Command5");
     });
     EXPECT_EQ(setting("CLNG"), "Slovenian");

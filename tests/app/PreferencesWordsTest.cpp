@@ -16,6 +16,7 @@
 #include <QPlainTextEdit>
 #include <QTabBar>
 #include <QTabWidget>
+#include <set>
 
 namespace tovik::test {
 namespace {
@@ -113,6 +114,45 @@ TEST_P(PreferencesWords, everythingIsNamedOnEachPage) {
 TEST_P(PreferencesWords, noTwoMnemonicsOfAPageAreTheSame) {
     onEachPage([](QDialog& dialog, int page) {
         expectOwnMnemonics(dialog, "page " + std::to_string(page));
+    });
+}
+
+TEST_P(PreferencesWords, everyControlIsReachedByAMnemonic) {
+    // A list of its own page has the focus at once, and the buttons of a frame are read on the way.
+    const std::set<QString> without = {"List1", "VersionHist", "Shortcuts", "TabStrip1"};
+    onEachPage([&](QDialog& dialog, int page) {
+        std::set<const QWidget*> reached;
+        const auto marked = [](const QString& words) {
+            return ui::mnemonicOf(words.toStdString()).letter.has_value();
+        };
+        for (const QLabel* const label : dialog.findChildren<QLabel*>()) {
+            if (label->buddy() != nullptr && marked(label->text())) {
+                reached.insert(label->buddy());
+            }
+        }
+        for (const QGroupBox* const box : dialog.findChildren<QGroupBox*>()) {
+            if (marked(box->title())) {
+                for (const QWidget* const inside : box->findChildren<QWidget*>()) {
+                    reached.insert(inside);
+                }
+            }
+        }
+        int seen = 0;
+        for (const preferences::ControlRow& row : preferences::controlTable()) {
+            const QString name = QString::fromUtf8(row.name.data(), qsizetype(row.name.size()));
+            const auto& widget = control<QWidget>(dialog, name);
+            if (static_cast<int>(row.page) == page && !without.contains(name)) {
+                const auto* const button = qobject_cast<const QAbstractButton*>(&widget);
+                EXPECT_TRUE(reached.contains(&widget) ||
+                            (button != nullptr && marked(button->text())))
+                    << row.name;
+                ++seen;
+            }
+        }
+        for (const char* const name : {"Command1", "Command5", "Command7"}) {
+            EXPECT_TRUE(marked(control<QAbstractButton>(dialog, name).text())) << name;
+        }
+        EXPECT_TRUE(seen > 0 || page >= static_cast<int>(Page::versionHistory)) << page;
     });
 }
 
