@@ -4,7 +4,8 @@ import re
 
 LONGEST = 500  # lines
 LICENCE = "SPDX-License-Identifier: GPL-3.0-or-later"
-TOPS = ("src", "tests", "fuzz", "bench", "cmake", "packaging", "tools", ".ci")
+TOPS = ("src", "tests", "fuzz", "bench", "cmake", "packaging", "tools", ".ci", "include",
+        "plugins")
 SOURCE_ENDINGS = {".h", ".cpp", ".py", ".cmake", ".sh"}
 PROGRAMS = {"run", "check", "make_media", "CMakeLists.txt"}
 

@@ -11,13 +11,27 @@ namespace {
 /// Beside the program, as it is built, or where programs keep their modules once installed.
 constexpr std::array<const char*, 2> kFolders = {".", "../lib/tovik"};
 
+std::filesystem::path programFolder() {
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+}
+
 } // namespace
 
-const void* symbolOfModule(const char* file, const char* symbol) {
+std::string besideProgram(const char* name) {
     std::error_code error;
-    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
     for (const char* folder : kFolders) {
-        const std::filesystem::path path = program.parent_path() / folder / file;
+        const std::filesystem::path path = programFolder() / folder / name;
+        if (std::filesystem::exists(path, error)) {
+            return path.lexically_normal().native();
+        }
+    }
+    return {};
+}
+
+const void* symbolOfModule(const char* file, const char* symbol) {
+    for (const char* folder : kFolders) {
+        const std::filesystem::path path = programFolder() / folder / file;
         // Never closed again: its libraries do not like to be taken away.
         void* const module = ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
         const void* const found = module != nullptr ? ::dlsym(module, symbol) : nullptr;

@@ -4,8 +4,13 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace tovik::sound {
+
+/// A file or folder of the program, beside it or where programs keep their parts; empty where there
+/// is none.
+[[nodiscard]] std::string besideProgram(const char* name);
 
 /// What `symbol` names in the module of this file name, which is loaded (tens of milliseconds) and
 /// never closed again; null where there is none.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sound/engine/ChannelCalls.h"
 
+#include "sound/engine/Heard.h"
+#include "sound/engine/Heard.h"
 #include "sound/mix/ToPcm16.h"
 
 #include <algorithm>
@@ -205,17 +207,10 @@ std::int32_t ChannelCalls::readSpectrum(Channel& channel,
     if (!spectrum_) {
         spectrum_.emplace();
     }
-    const std::int64_t clock = core_.heardClock();
-    SpectrumTap& tap = channel.voice()->spectrumTap();
-    std::size_t end = tap.written();
-    if (const auto block = channel.voice()->heard(clock)) {
-        end = static_cast<std::size_t>(
-            block->tapped + std::clamp<std::int64_t>(clock - block->clock, 0, block->frames));
-    }
+    std::array<SpectrumTap::Frame, Spectrum::kSamples> frames{};
+    lookAtHeard(core_, channel, frames);
     std::array<float, Spectrum::kSamples> samples{};
-    if (!tap.look(samples, end)) {
-        core_.post(command::LookAt{channel.voice()});
-    }
+    std::ranges::transform(frames, samples.begin(), meanOf);
     spectrum_->measure(samples, magnitudes);
     return static_cast<std::int32_t>(magnitudes.size_bytes());
 }

@@ -14,7 +14,7 @@
 #include "sound/engine/NetworkCalls.h"
 #include "sound/engine/RecordCalls.h"
 #include "sound/engine/StreamCalls.h"
-#include "sound/engine/UnavailableCalls.h"
+#include "sound/engine/VisualCalls.h"
 #include "sound/SoundLibrary.h"
 
 #include <memory>
@@ -40,7 +40,7 @@ class Engine final : private EngineCoreHolder,
                      private NetworkCalls,
                      private EncodeCalls,
                      private DiscCalls,
-                     private UnavailableCalls {
+                     private VisualCalls {
 public:
     explicit Engine(std::unique_ptr<OutputDevice> device, const EngineOptions& options = {});
 

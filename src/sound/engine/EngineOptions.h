@@ -34,6 +34,10 @@ struct EngineOptions {
             return openDecoder(family, path, how);
         };
 
+    /// The program in which plug-ins draw (`visualHost` in `sound/engine/ProgramParts.h`); empty:
+    /// there are none.
+    std::string visualHost{};
+
     /// How streams from the Internet are had.
     NetOptions net{};
 

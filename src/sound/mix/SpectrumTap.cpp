@@ -23,7 +23,7 @@ std::size_t SpectrumTap::write(std::size_t at, std::span<const float> interleave
         wokenAt_.store(at, std::memory_order_relaxed);
     }
     for (std::size_t i = 0; i + 1 < interleaved.size(); i += 2) {
-        frames_[at++ % frames_.size()].store(0.5F * (interleaved[i] + interleaved[i + 1]),
+        frames_[at++ % frames_.size()].store({interleaved[i], interleaved[i + 1]},
                                              std::memory_order_relaxed);
     }
     written_.store(at, std::memory_order_release);
@@ -31,7 +31,7 @@ std::size_t SpectrumTap::write(std::size_t at, std::span<const float> interleave
     return at;
 }
 
-bool SpectrumTap::look(std::span<float> mono, std::size_t end) noexcept {
+bool SpectrumTap::look(std::span<Frame> latest, std::size_t end) noexcept {
     // What is mixed ahead, perhaps more than once, is noted ahead as well.
     const auto ahead =
         static_cast<std::int64_t>(frames_.size() > kCapacity ? 2 * frames_.size() : 0);
@@ -40,11 +40,11 @@ bool SpectrumTap::look(std::span<float> mono, std::size_t end) noexcept {
     const std::size_t last = std::min(end, written);
     // The ring counts whole turns only once so many frames were noted since it woke.
     const std::size_t known = missed ? 0 : last - std::min(last, wokenAt_.load());
-    for (std::size_t i = 0; i < mono.size(); ++i) {
-        const std::size_t back = mono.size() - i;
+    for (std::size_t i = 0; i < latest.size(); ++i) {
+        const std::size_t back = latest.size() - i;
         const bool kept = back <= known && written - last + back <= frames_.size();
-        mono[i] =
-            kept ? frames_[(last - back) % frames_.size()].load(std::memory_order_relaxed) : 0.0F;
+        latest[i] = kept ? frames_[(last - back) % frames_.size()].load(std::memory_order_relaxed)
+                         : Frame{};
     }
     return !missed;
 }

@@ -16,18 +16,24 @@ public:
     static constexpr std::size_t kCapacity = 8192;
     static constexpr std::size_t kAheadCapacity = 65536;
 
+    /// One sample of each side.
+    struct Frame {
+        float left = 0;
+        float right = 0;
+    };
+
     explicit SpectrumTap(std::size_t capacity = kCapacity) : frames_(capacity) {}
 
-    /// Mixer: notes the mean of both sides of left, right, ... behind the `at` frames noted before;
+    /// Mixer: notes left, right, ... behind the `at` frames noted before;
     /// does nothing while nobody looks. Returns the count of frames noted then. Frames may be noted
     /// anew from an earlier count on.
     std::size_t write(std::size_t at, std::span<const float> interleaved) noexcept;
 
-    /// Interface thread: fills `mono` with the frames before the count `end`, and says whether
+    /// Interface thread: fills `latest` with the frames before the count `end`, and says whether
     /// frames are being noted: not when nobody looked for half a second. What was not noted, or
     /// lies too far back, is 0. A look that the mixer overtakes may see newer frames at its
     /// beginning.
-    bool look(std::span<float> mono, std::size_t end) noexcept;
+    bool look(std::span<Frame> latest, std::size_t end) noexcept;
 
     /// Interface thread: the count of frames noted.
     [[nodiscard]] std::size_t written() const noexcept {
@@ -35,7 +41,9 @@ public:
     }
 
 private:
-    std::vector<std::atomic<float>> frames_;
+    static_assert(std::atomic<Frame>::is_always_lock_free);
+
+    std::vector<std::atomic<Frame>> frames_;
     std::atomic<std::size_t> written_ = 0; ///< count of all frames noted
     std::atomic<std::size_t> wokenAt_ = 0; ///< the count when noting began again
     std::atomic<std::int64_t> wanted_ = 0; ///< frames still to be noted since the last look

@@ -32,6 +32,7 @@ EngineOptions optionsOf(const RigSetup& setup, DeviceObserver& observer) {
     options.openPatience = setup.openPatience;
     options.openFile = setup.openFile;
     options.drives = setup.drives;
+    options.visualHost = setup.visualHost;
     return options;
 }
 

@@ -31,6 +31,7 @@ struct RigSetup {
     std::chrono::milliseconds openPatience = EngineOptions{}.openPatience;
     decltype(EngineOptions::openFile) openFile = EngineOptions{}.openFile;
     DriveOptions drives = {};
+    std::string visualHost = {}; ///< empty: no plug-ins
 };
 
 class EngineRig {

@@ -35,9 +35,15 @@ private:
 };
 
 std::array<float, 4> look(SpectrumTap& tap, std::size_t behind = 0) {
-    std::array<float, 4> latest{-1, -1, -1, -1};
+    std::array<SpectrumTap::Frame, 4> latest;
+    latest.fill({-1, -1});
     tap.look(latest, tap.written() - std::min(tap.written(), behind));
-    return latest;
+    std::array<float, 4> means{};
+    std::ranges::transform(latest, means.begin(), [](const SpectrumTap::Frame& frame) {
+        EXPECT_TRUE(frame.left == 0 || frame.left == frame.right + 10);
+        return (frame.left + frame.right) / 2;
+    });
+    return means;
 }
 
 using Four = std::array<float, 4>;
@@ -68,14 +74,16 @@ TEST(SpectrumTap, DoesNotLookFartherBackThanItKnows) {
 
 TEST(SpectrumTap, KnowsOnlyTheLastWritingOfAFrame) {
     SpectrumTap tap;
-    std::array<float, 4> mono{};
-    EXPECT_FALSE(tap.look(mono, 0));
+    std::array<SpectrumTap::Frame, 4> frames{};
+    EXPECT_FALSE(tap.look(frames, 0));
     std::vector<float> block(20, 1.0F);
     EXPECT_EQ(tap.write(0, block), 10U);
     std::ranges::fill(block, 2.0F);
     EXPECT_EQ(tap.write(7, block), 17U);
-    EXPECT_TRUE(tap.look(mono, 9));
-    EXPECT_EQ(mono, (Four{1, 1, 2, 2}));
+    EXPECT_TRUE(tap.look(frames, 9));
+    Four lefts{};
+    std::ranges::transform(frames, lefts.begin(), &SpectrumTap::Frame::left);
+    EXPECT_EQ(lefts, (Four{1, 1, 2, 2}));
 }
 
 TEST(SpectrumTap, StopsHalfASecondAfterTheLastLook) {
@@ -107,11 +115,11 @@ TEST(SpectrumTap, MayBeLookedAtWhileItIsWritten) {
         done = true;
     });
     int wrong = 0;
-    std::array<float, 512> latest{};
+    std::array<SpectrumTap::Frame, 512> latest{};
     while (!done) {
         tap->look(latest, tap->written());
-        for (const float frame : latest) {
-            wrong += frame == 0.0F || frame == 0.5F ? 0 : 1;
+        for (const auto& [left, right] : latest) {
+            wrong += left == right && (left == 0.0F || left == 0.5F) ? 0 : 1;
         }
     }
     mixer.join();

@@ -7,7 +7,7 @@
 #include "support/sound/FakeDiscs.h"
 #include "support/sound/FakeEncoders.h"
 #include "support/sound/FakeStations.h"
-#include "support/sound/UnusedOperations.h"
+#include "support/sound/FakeVisuals.h"
 
 #include <array>
 #include <map>
@@ -32,7 +32,7 @@ class FakeSoundLibrary final : public sound::SoundLibrary,
                                public FakeDiscs,
                                public FakeStations,
                                public FakeEncoders,
-                               public UnusedVisuals {
+                               public FakeVisuals {
 public:
     struct Channel {
         FakeFile file;
