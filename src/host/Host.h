@@ -16,6 +16,7 @@
 #include "host/Programs.h"
 #include "host/RandomNumbers.h"
 #include "host/TimerFactory.h"
+#include "host/Watches.h"
 
 namespace tovik::host {
 
@@ -23,6 +24,7 @@ namespace tovik::host {
 struct Host {
     Clock& clock;
     TimerFactory& timers;
+    Watches& watches;
     MessagePump& pump;
     Dialogs& dialogs;
     Programs& programs;

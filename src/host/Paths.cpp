@@ -33,6 +33,8 @@ constexpr std::array kNames{
     Row{DataItem::CurrentSkin, "skins/CurrentSkin"},
     Row{DataItem::Splash, "skins/splash.png"},
     Row{DataItem::VisualPlugins, "Plugins/Vis"},
+    Row{DataItem::VisualNames, "db/visuals.dat"},
+    Row{DataItem::VisualSettings, "Plugins/Vis/vis.ini"},
     Row{DataItem::DiscFiles, "CDDB"},
     Row{DataItem::FirstRun, "firstrun.ini"},
     Row{DataItem::ConversionLog, "Tovik.log"},

@@ -21,6 +21,8 @@ enum class DataItem {
     CurrentSkin,
     Splash,
     VisualPlugins,
+    VisualNames,
+    VisualSettings,
     DiscFiles,
     FirstRun,
     ConversionLog,

@@ -35,6 +35,7 @@ RealHost::RealHost(std::string dataFolder, std::string searchPath, const std::st
 Host RealHost::host() {
     return {.clock = clock_,
             .timers = timers_,
+            .watches = watches_,
             .pump = pump_,
             .dialogs = dialogs_,
             .programs = programs_,

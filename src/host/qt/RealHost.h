@@ -8,6 +8,7 @@
 #include "host/qt/QtInstanceMessages.h"
 #include "host/qt/QtMessagePump.h"
 #include "host/qt/QtTimers.h"
+#include "host/qt/QtWatches.h"
 #include "host/qt/UnixSignals.h"
 #include "host/SeededRandom.h"
 #include "host/system/DetachedPrograms.h"
@@ -42,6 +43,7 @@ private:
     Dispatcher dispatcher_;
     Closing closing_;
     QtTimers timers_;
+    QtWatches watches_{dispatcher_};
     QtMessagePump pump_;
     QtDialogs dialogs_;
     DetachedPrograms programs_;

@@ -14,6 +14,7 @@ RenderHost::RenderHost(std::string dataFolder, OperatingSystem operatingSystem,
 Host RenderHost::host() {
     return {.clock = clock_,
             .timers = clock_,
+            .watches = watches_,
             .pump = pump_,
             .dialogs = dialogs_,
             .programs = programs_,

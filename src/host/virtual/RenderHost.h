@@ -46,6 +46,7 @@ private:
     Dispatcher dispatcher_;
     Closing closing_;
     VirtualClock clock_;
+    NoWatches watches_;
     VirtualPump pump_;
     UnattendedDialogs dialogs_;
     UnattendedPrograms programs_;

@@ -6,6 +6,7 @@
 #include "host/Host.h"
 #include "host/virtual/VirtualClock.h"
 #include "host/virtual/VirtualPump.h"
+#include "support/host/HandWatches.h"
 #include "support/host/RecordingDialogs.h"
 #include "support/host/RecordingMessages.h"
 #include "support/host/RecordingMessengers.h"
@@ -38,6 +39,7 @@ struct TestHost {
     host::Dispatcher dispatcher;
     host::Closing closing{[this](int status) { endStatus = status; }};
     host::VirtualClock clock{dispatcher};
+    HandWatches watches;
     host::VirtualPump pump{clock, closing};
     RecordingDialogs dialogs;
     RecordingPrograms programs;
@@ -56,6 +58,7 @@ struct TestHost {
     [[nodiscard]] host::Host host(host::MessagePump& otherPump) {
         return {.clock = clock,
                 .timers = clock,
+                .watches = watches,
                 .pump = otherPump,
                 .dialogs = dialogs,
                 .programs = programs,
