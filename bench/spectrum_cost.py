@@ -1,11 +1,13 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Measures what the spectrum costs: processor time and wake-ups of a playing stretch without it,
-with it, and with it while the window is minimised.
+"""Measures what visualisations cost: processor time and wake-ups of a playing stretch without one,
+with the spectrum, with it while the window is minimised, with each plug-in that comes along, and of
+other players, whose windows show an analyser as they come.
 
-Usage: spectrum_cost.py PROGRAM FILE [--seconds N] [--scales 1,2]
+Usage: spectrum_cost.py PROGRAM FILE [--seconds N] [--scales 1,2] [--peers audacious,qmmp]
 
-The file must play longer than the stretches and sound all along. Times are given for a minute.
+The file must play longer than the stretches and sound all along. Times are given for a minute; those
+of plug-ins are of the player and of the process that draws.
 """
 import argparse
 import os
@@ -13,7 +15,7 @@ import re
 import subprocess
 import time
 
-from compare_players import LIMIT, Stage, switches
+from compare_players import LIMIT, PEERS, Stage, switches
 from window_day import end
 
 SETTLED = 4.0  # seconds after which the start is over
@@ -26,6 +28,17 @@ def cpu_seconds(pid):
         with open(f"/proc/{pid}/task/{task}/schedstat", encoding="ascii") as file:
             total += int(file.read().split()[0])
     return total / 1e9
+
+
+def family(pid):
+    """A process and those that it started."""
+    children = subprocess.run(["pgrep", "-P", str(pid)], capture_output=True, text=True,
+                              check=False).stdout.split()
+    return [pid, *map(int, children)]
+
+
+def spent(pids):
+    return sum(map(cpu_seconds, pids)), sum(map(switches, pids))
 
 
 def choose(stage, number):
@@ -45,11 +58,15 @@ def stretch(stage, command, seconds, minimised=False):
                                 check=True).stdout.split()[0]
         subprocess.run(["xdotool", "windowminimize", window], env=stage.environment, check=True)
         time.sleep(1)
-    cpu, count = cpu_seconds(player.pid), switches(player.pid)
+    pids = family(player.pid)
+    before = [spent([pid]) for pid in pids]
     time.sleep(seconds)
-    cpu, count = cpu_seconds(player.pid) - cpu, switches(player.pid) - count
+    rows = []
+    for pid, (cpu, count) in zip(pids, before):
+        now, switched = spent([pid])
+        rows.append(f"{(now - cpu) * 60 / seconds:.2f} ({(switched - count) / seconds:.1f})")
     end(player)
-    return f"cpu s a minute {cpu * 60 / seconds:.2f}  wake-ups/s {count / seconds:.1f}"
+    return "cpu s a minute (wake-ups/s): " + "  beside it: ".join(rows)
 
 
 def main():
@@ -58,6 +75,7 @@ def main():
     parser.add_argument("file")
     parser.add_argument("--seconds", type=float, default=30)
     parser.add_argument("--scales", default="1,2")
+    parser.add_argument("--peers", default="")
     arguments = parser.parse_args()
     stage = Stage()
     try:
@@ -69,10 +87,15 @@ def main():
         for scale in arguments.scales.split(","):
             stage.environment["QT_SCALE_FACTOR"] = scale
             for name, number, minimised in (("none", -1, False), ("spectrum", 0, False),
-                                            ("minimised", 0, True)):
+                                            ("minimised", 0, True), ("aurora", 3, False),
+                                            ("oscilloscope", 4, False), ("spectrogram", 5, False)):
                 choose(stage, number)
-                print(f"scale {scale}  {name:10}",
+                print(f"scale {scale}  {name:12}",
                       stretch(stage, command, arguments.seconds, minimised), flush=True)
+        stage.environment["QT_SCALE_FACTOR"] = "1"
+        for name in filter(None, arguments.peers.split(",")):
+            print(f"{name:21}", stretch(stage, PEERS[name](command[1]), arguments.seconds),
+                  flush=True)
     finally:
         stage.close()
 

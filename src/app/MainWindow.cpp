@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainWindow.h"
 
+#include "app/FullScreenWindow.h"
 #include "ui/qt/SkinMenu.h"
 #include "ui/qt/SystemColour.h"
 #include "window/MainAccess.h"
@@ -78,6 +79,10 @@ void MainWindow::bringToFront(const std::string& token) {
     skin_->show();
     skin_->raise();
     skin_->activateWindow();
+}
+
+std::unique_ptr<window::FullScreen> MainWindow::makeFullScreen(window::FullScreen::Input input) {
+    return std::make_unique<FullScreenWindow>(*skin_, host_.dispatcher, input);
 }
 
 void MainWindow::takeFocus() {

@@ -57,6 +57,8 @@ public:
 
     [[nodiscard]] bool rightToLeft() const override;
 
+    [[nodiscard]] std::unique_ptr<window::FullScreen>
+    makeFullScreen(window::FullScreen::Input input) override;
     void moveTo(int left, int top) override;
     [[nodiscard]] int left() const override;
     [[nodiscard]] int top() const override;

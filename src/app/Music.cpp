@@ -3,6 +3,7 @@
 
 #include "base/Text.h"
 #include "player/SoundDevice.h"
+#include "vis/SonVis.h"
 
 #include <algorithm>
 #include <array>
@@ -16,7 +17,6 @@ using commands::CommandId;
 
 constexpr std::uint32_t kSoundVersion = 0x00000002;
 constexpr const char* kSoundTitle = "BASS.DLL";
-constexpr std::uint32_t kInputOn = 131072;
 
 } // namespace
 
@@ -119,7 +119,7 @@ void Music::openRecording() {
             break;
         }
         if (std::ranges::find(kWanted, base::toLowerAscii(*name)) != kWanted.end()) {
-            core_.sound.BASS_RecordSetInput(static_cast<std::uint32_t>(index) | kInputOn);
+            vis::sonfix(core_.sound, index);
             break;
         }
     }

@@ -13,6 +13,7 @@
 #include "host/virtual/UnattendedPrograms.h"
 #include "sound/engine/Engine.h"
 #include "sound/engine/MachineDrives.h"
+#include "sound/engine/ProgramParts.h"
 #include "ui/qt/SkinPalette.h"
 #include "window/WindowPictures.h"
 
@@ -58,6 +59,7 @@ host::Host unattended(const host::Host& host, host::Dialogs& dialogs, host::Prog
                       host::MessengerWindows& messengers) {
     return {.clock = host.clock,
             .timers = host.timers,
+            .watches = host.watches,
             .pump = host.pump,
             .dialogs = dialogs,
             .programs = programs,
@@ -98,6 +100,7 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
     sound::EngineOptions options{.observer = &news};
     if (!line.screenshotFile) {
         options.drives = sound::machineDrives(line.discImages);
+        options.visualHost = sound::visualHost();
     }
     sound::Engine engine(makeOutput(device), options);
     // Opening the device and building the window take about as long: do both at once.
@@ -132,15 +135,17 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
     player::TrackEvents events;
     MainWindow window(host);
     dialogs::DialogOpener dialogs(host.dispatcher);
-    frmPlayer player(host, engine, window, dialogs, events,
-                     {.commandLine = line.player.text,
-                      .activationToken = environment.activationToken,
-                      .checkInstance = !line.screenshotFile,
-                      .keepsList = !line.screenshotFile,
-                      .shippedFolder = place.shippedFolder,
-                      .unkept = place.unkept,
-                      .program = line.screenshotFile ? "" : environment.executableFolder + "/tovik",
-                      .typePlaces = desktop::TypePlaces::of(environment, place.folder)});
+    frmPlayer player(
+        host, engine, window, dialogs, events,
+        {.commandLine = line.player.text,
+         .activationToken = environment.activationToken,
+         .checkInstance = !line.screenshotFile,
+         .keepsList = !line.screenshotFile,
+         .shippedFolder = place.shippedFolder,
+         .shippedVisuals = line.screenshotFile ? std::string() : sound::shippedVisuals(),
+         .unkept = place.unkept,
+         .program = line.screenshotFile ? "" : environment.executableFolder + "/tovik",
+         .typePlaces = desktop::TypePlaces::of(environment, place.folder)});
     window::giveWindowPictures(player.elements(), player.view().pictures, windowPicture);
     window.attach(player);
     dialogs.attach(player.dialogs(), window.widget());

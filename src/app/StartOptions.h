@@ -16,6 +16,7 @@ struct StartOptions {
     bool checkInstance = true;     ///< false: no other instance is looked for or made known
     bool keepsList = true;         ///< false: the list is not saved while the program runs
     std::string shippedFolder{};   ///< what came with the program; empty: nothing
+    std::string shippedVisuals{};  ///< the plug-ins among it; empty: none
     std::optional<base::RuntimeError> unkept{}; ///< why nothing of this session is kept, if so
     std::string
         program{}; ///< the path by which desktops start this one; empty: they are left alone

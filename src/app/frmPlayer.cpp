@@ -45,7 +45,14 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
               .host = host,
               .menus = &menus_.frmTSR},
              ground_.stored, ground_.language),
-      visuals_(core_, window, front_.view.elements, front_.view.pictures),
+      visuals_({.core = core_,
+                .host = host,
+                .window = window,
+                .elements = front_.view.elements,
+                .pictures = front_.view.pictures,
+                .language = ground_.language,
+                .menus = menus_.frmTSR,
+                .shippedVisuals = options_.shippedVisuals}),
       filling_({.core = core_,
                 .files = lists_.files,
                 .window = window,
@@ -89,7 +96,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                host),
       handOver_(core_, process_, options_, window, startFile_, autoload_) {
     choices_.preferences.hooks.spectrumSpeed = [this](std::int32_t milliseconds) {
-        visuals_.spectrum.setSpeed(milliseconds);
+        visuals_.setSpeed(milliseconds);
     };
     desktop_.attach(choices_.preferences.hooks);
     ground_.news.add(events);
@@ -114,6 +121,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     menus_.bind(commands_, front_.view.elements, front_.view.input.keyWindow());
     choices_.bind(commands_);
     choices_.preferences.shortcuts.attach(menus_.accelerators());
+    front_.view.input.tellVisual(visuals_);
     front_.enableButtons(commands_);
 }
 

@@ -27,6 +27,7 @@ inline constexpr auto kEnglishNotices = std::to_array<std::string_view>({
     "no such station",
     "The disc was taken out of its drive.",
     "parts of the disc cannot be read",
+    "[x] gave no more picture and was ended",
 });
 
 /// The English of "TovikNames".

@@ -28,6 +28,9 @@ public:
     /// at the pointer.
     virtual void TrackPopupMenu(MenuHandle menu, const std::optional<MenuPlace>& place) = 0;
 
+    /// Other items stand in a menu than when it was last shown; one that is shown follows.
+    virtual void itemsChanged(MenuHandle /*menu*/) {}
+
 protected:
     MenuFacility() = default;
 };

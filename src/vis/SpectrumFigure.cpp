@@ -46,7 +46,11 @@ int rowOf(float level, int height) {
 
 } // namespace
 
-bool SpectrumFigure::place(const SpectrumData& data, int height) {
+bool SpectrumFigure::place(const SpectrumData& data, int width, int height) {
+    if (const int grown = std::max(width / kPlainWidth, 1); grown != grown_) {
+        grown_ = grown;
+        everything_ = true;
+    }
     for (std::size_t band = 0; band < kBands; ++band) {
         wanted_.at(band) = {.top = rowOf(data.bands.at(band), height),
                             .mark = rowOf(data.peaks.at(band), height)};
@@ -55,7 +59,8 @@ bool SpectrumFigure::place(const SpectrumData& data, int height) {
 }
 
 void SpectrumFigure::draw(ui::PixelImage& picture, const ui::PixelImage* bars) {
-    if (bars == nullptr || bars->pixels.empty()) {
+    // A skin's bars are made for the window's height.
+    if (bars == nullptr || bars->pixels.empty() || grown_ > 1) {
         if (ownBars_.height != picture.height) {
             ownBars_ = barsOfOurOwn(picture.height);
         }
@@ -75,13 +80,14 @@ void SpectrumFigure::draw(ui::PixelImage& picture, const ui::PixelImage* bars) {
 
 void SpectrumFigure::drawColumn(ui::PixelImage& picture, const ui::PixelImage& bars,
                                 std::size_t band) const {
-    const int pitch = static_cast<int>(band) * kBarPitch;
-    const int right = std::min(pitch + kSpectrumBarRight, picture.width);
+    const int unused = picture.width - static_cast<int>(kBands) * kBarPitch * grown_;
+    const int pitch = static_cast<int>(band) * kBarPitch * grown_ + (grown_ > 1 ? unused / 2 : 0);
+    const int right = std::min(pitch + kSpectrumBarRight * grown_, picture.width);
     const Column column = wanted_.at(band);
     for (int y = 0; y < picture.height; ++y) {
-        for (int x = pitch + 1; x < right; ++x) {
+        for (int x = pitch + grown_; x < right; ++x) {
             std::uint32_t& pixel = picture.pixels[ui::pixelPlace(picture, x, y)];
-            if (y == column.mark) {
+            if (y >= column.mark && y < column.mark + grown_) {
                 pixel = kWhite;
             } else if (y < column.top) {
                 pixel = kBlack;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "vis/modSpectrum.h"
 
-#include <algorithm>
+#include "vis/HeardChannel.h"
 
 namespace tovik::vis {
 
@@ -10,16 +10,13 @@ namespace {
 /// A mark that falls by a hundredth a tick takes at most so many for its last row: ln 3 / -ln 0.99.
 constexpr int kStillTicks = 110;
 
-constexpr std::int16_t kSecondaryLeg = 1;
-constexpr std::int16_t kPrimaryLeg = 2;
-
 } // namespace
 
-modSpectrum::modSpectrum(const player::Core& core, SpectrumArea& area)
-    : core_(core), area_(area), timer_(core.timers.makeTimer([this] { tick(); })) {}
+modSpectrum::modSpectrum(const player::Core& core, VisualArea& area)
+    : core_(core), area_(&area), timer_(core.timers.makeTimer([this] { tick(); })) {}
 
 void modSpectrum::setSpeed(int milliseconds) {
-    timer_->setInterval(milliseconds == 0 ? 0 : std::clamp(milliseconds, kFastestMs, kSlowestMs));
+    timer_->setInterval(intervalOf(milliseconds));
     stir();
 }
 
@@ -33,8 +30,14 @@ void modSpectrum::StartSpectrum() {
 void modSpectrum::StopSpectrum() {
     started_ = false;
     timer_->setEnabled(false);
-    area_.clear();
+    area_->clear();
     figure_.forget();
+}
+
+void modSpectrum::drawIn(VisualArea& area) {
+    area_ = &area;
+    figure_.forget();
+    stir();
 }
 
 void modSpectrum::stir() {
@@ -45,7 +48,7 @@ void modSpectrum::stir() {
 }
 
 bool modSpectrum::mayMove() const {
-    return started_ && core_.state.IsPlaying && !core_.state.IsPaused && area_.canBeSeen();
+    return started_ && vis::mayMove(core_.state, *area_);
 }
 
 void modSpectrum::tick() {
@@ -56,8 +59,8 @@ void modSpectrum::tick() {
     listen();
     computeBands(data_, data_.bands);
     movePeaks(data_);
-    if (figure_.place(data_, area_.height())) {
-        area_.draw([this](ui::PixelImage& picture) { figure_.draw(picture, area_.bars()); });
+    if (figure_.place(data_, area_->width(), area_->height())) {
+        area_->draw([this](ui::PixelImage& picture) { figure_.draw(picture, area_->bars()); });
         still_ = 0;
     } else if (settled()) {
         timer_->setEnabled(false);
@@ -66,23 +69,8 @@ void modSpectrum::tick() {
 
 /// Where nothing can be heard of, what was heard last stands.
 void modSpectrum::listen() {
-    if (const sound::Handle heard = channel(); heard != sound::kNoHandle) {
+    if (const sound::Handle heard = heardChannel(core_.state); heard != sound::kNoHandle) {
         core_.sound.BASS_ChannelGetData(heard, data_.FFT.data(), sound::BASS_DATA_FFT512);
-    }
-}
-
-sound::Handle modSpectrum::channel() const {
-    const player::PlayerState& state = core_.state;
-    if (state.ActiveChannel != player::ChannelSlot::none) {
-        return state.active();
-    }
-    switch (state.CrossfadeLeg) {
-    case kPrimaryLeg:
-        return state.PrimaryChannel;
-    case kSecondaryLeg:
-        return state.SecondaryChannel;
-    default:
-        return sound::kNoHandle;
     }
 }
 
@@ -90,7 +78,7 @@ sound::Handle modSpectrum::channel() const {
 bool modSpectrum::settled() {
     ++still_;
     return still_ >= kStillTicks &&
-           core_.sound.BASS_ChannelIsActive(channel()) == sound::Activity::stopped;
+           core_.sound.BASS_ChannelIsActive(heardChannel(core_.state)) == sound::Activity::stopped;
 }
 
 } // namespace tovik::vis

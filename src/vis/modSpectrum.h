@@ -3,8 +3,8 @@
 #pragma once
 
 #include "player/Core.h"
-#include "vis/SpectrumArea.h"
 #include "vis/SpectrumFigure.h"
+#include "vis/VisualArea.h"
 
 #include <cstdint>
 #include <memory>
@@ -15,15 +15,12 @@ namespace tovik::vis {
 class modSpectrum {
 public:
     /// Both outlive the object. It is stopped at first.
-    modSpectrum(const player::Core& core, SpectrumArea& area);
+    modSpectrum(const player::Core& core, VisualArea& area);
     modSpectrum(const modSpectrum&) = delete;
     modSpectrum& operator=(const modSpectrum&) = delete;
 
-    static constexpr int kFastestMs = 10;
-    static constexpr int kSlowestMs = 500;
-
-    /// Milliseconds from one picture to the next: what lies outside the two bounds counts as the
-    /// nearer one, 0 stops all movement. Counts at once.
+    /// Milliseconds from one picture to the next, see `intervalOf`; 0 stops all movement. Counts at
+    /// once.
     void setSpeed(int milliseconds);
 
     /// Draws the area anew and begins to tick, also where it ticked before.
@@ -31,6 +28,9 @@ public:
 
     /// Ends the tick and clears the area. Levels and marks stay for the next start.
     void StopSpectrum();
+
+    /// From now on it draws there, which outlives the object; what it drew elsewhere stays.
+    void drawIn(VisualArea& area);
 
     /// Something may have to be moved again: ticks if it rests and was not stopped.
     void stir();
@@ -44,11 +44,10 @@ private:
     void tick();
     void listen();
     [[nodiscard]] bool mayMove() const;
-    [[nodiscard]] sound::Handle channel() const;
     [[nodiscard]] bool settled();
 
     const player::Core& core_;
-    SpectrumArea& area_;
+    VisualArea* area_;
     std::unique_ptr<host::Timer> timer_;
     SpectrumData data_;
     SpectrumFigure figure_;

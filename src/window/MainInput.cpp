@@ -78,6 +78,9 @@ void MainInput::pressAt(const ui::PointerEvent& event) {
         return;
     }
     bars_.mouseDown(event);
+    if (visual_ != nullptr && event.over(MainElement::Picture1)) {
+        visual_->clickVisual(static_cast<int>(event.x), static_cast<int>(event.y));
+    }
     if (const PressButton* const button = pressedOf(event); button != nullptr) {
         press(*button, true);
     } else if (event.over(MainElement::prebt)) {
@@ -148,6 +151,9 @@ void MainInput::doubleClick(const ui::PointerEvent& event) {
     // Number 0 is the minus sign.
     if (isLeft(event) && event.over(MainElement::timed) && event.element->index > 0) {
         TimeDisplay(p_.core).flip();
+    }
+    if (isLeft(event) && event.over(MainElement::Picture1) && visual_ != nullptr) {
+        visual_->doubleClickVisual();
     }
 }
 

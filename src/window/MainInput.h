@@ -14,6 +14,7 @@
 #include "window/MenuPopper.h"
 #include "window/Panels.h"
 #include "window/PlayerWindow.h"
+#include "window/VisualInput.h"
 
 namespace tovik::window {
 
@@ -36,11 +37,15 @@ public:
     /// first (`ui::messages::kKeyDown`: key code and shift state as the map has them).
     [[nodiscard]] ui::MessageWindow& keyWindow() { return keyWindow_; }
 
+    /// Who gets what the mouse does on the area of the visualisation; it outlives the input.
+    void tellVisual(VisualInput& visual) { visual_ = &visual; }
+
     void mouseDown(const ui::PointerEvent& event) override;
     void mouseMove(const ui::PointerEvent& event) override;
     void mouseUp(const ui::PointerEvent& event) override;
 
-    /// On a digit: played or left. On a slider: to the middle.
+    /// On a digit: played or left. On a slider: to the middle. On the visualisation: the whole
+    /// screen.
     void doubleClick(const ui::PointerEvent& event) override;
 
     /// On a slider, that; anywhere else the volume.
@@ -70,6 +75,7 @@ private:
     MainBars bars_;
     EqualizerInput sliders_;
     ui::MessageWindow keyWindow_;
+    VisualInput* visual_ = nullptr;
 };
 
 } // namespace tovik::window

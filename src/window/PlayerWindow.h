@@ -5,6 +5,7 @@
 #include "menus/cMenus.h"
 #include "player/PlayerHandle.h"
 #include "ui/cDIBSectionRegion.h"
+#include "window/FullScreen.h"
 
 #include <memory>
 #include <optional>
@@ -67,6 +68,11 @@ public:
     /// Both outlive the result.
     [[nodiscard]] virtual std::unique_ptr<menus::MenuFacility>
     makeMenus(const menus::cMenus& /*model*/, ui::MessageWindow& /*messages*/) {
+        return nullptr;
+    }
+
+    /// A picture over the screen on which the window is; null where there is none.
+    [[nodiscard]] virtual std::unique_ptr<FullScreen> makeFullScreen(FullScreen::Input /*input*/) {
         return nullptr;
     }
 

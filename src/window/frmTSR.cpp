@@ -93,6 +93,9 @@ void frmTSR::Form_Load() {
         const auto found = entries_.find(m_Menus.ItemKey(index));
         if (found != entries_.end()) {
             commands_.run(found->second->command);
+        } else if (const auto plugin = plugins_.find(m_Menus.ItemKey(index));
+                   plugin != plugins_.end() && visualisations_.choose) {
+            visualisations_.choose(plugin->second);
         }
     });
 }
@@ -158,13 +161,21 @@ void frmTSR::addVisualisations(std::span<const std::string> names) {
     for (int i = 0; i < static_cast<int>(names.size()); ++i) {
         const std::string& name = names[static_cast<std::size_t>(i)];
         if (!name.empty()) {
-            const int index =
-                m_Menus.AddItem(name, commands::menuKey(kVisual, i + kFirstPlugin), vis);
+            const std::string key = commands::menuKey(kVisual, i + kFirstPlugin);
+            const int index = m_Menus.AddItem(name, key, vis);
+            m_Menus.ItemCheckable(index, true);
             m_Menus.ItemCheckedStyle(index, menus::CheckedStyle::Radio);
-            // No command plays a plug-in yet.
-            m_Menus.ItemEnabled(index, false);
+            plugins_.emplace(key, i);
         }
     }
+    if (facility_) {
+        m_Menus.BuildOn(*facility_);
+        facility_->itemsChanged(m_Menus.handle(vis)); // asks for the states, if it is shown
+    }
+}
+
+void frmTSR::bindVisualisations(Visualisations visualisations) {
+    visualisations_ = std::move(visualisations);
 }
 
 void frmTSR::showWords() {
@@ -191,6 +202,10 @@ std::exception_ptr frmTSR::refreshBelow(int parent, bool deep) {
                 failure = failure ? failure : std::current_exception();
             }
         }
+        if (const auto plugin = plugins_.find(m_Menus.ItemKey(index)); plugin != plugins_.end()) {
+            m_Menus.ItemChecked(index,
+                                visualisations_.chosen && visualisations_.chosen(plugin->second));
+        }
         if (deep) {
             const std::exception_ptr below = refreshBelow(index, deep);
             failure = failure ? failure : below;
@@ -206,6 +221,9 @@ void frmTSR::popUp(MenuRoot root, const std::optional<menus::MenuPlace>& place) 
     }
     if (!facility_) {
         facility_ = window_.makeMenus(m_Menus, messages_);
+    }
+    if (root == MenuRoot::vis && visualisations_.wanted) {
+        visualisations_.wanted();
     }
     if (facility_) {
         m_Menus.RightToLeft = window_.rightToLeft();

@@ -11,6 +11,7 @@
 #include "window/PlayerWindow.h"
 
 #include <exception>
+#include <functional>
 #include <map>
 #include <memory>
 #include <span>
@@ -47,7 +48,17 @@ public:
     void showDrives(std::string_view letters);
 
     /// One entry for each plug-in with a name, in their order, behind the built-in spectrum; once.
+    /// A menu that is open grows.
     void addVisualisations(std::span<const std::string> names);
+
+    /// What the entries of plug-ins do; the index counts all plug-ins, from 0.
+    struct Visualisations {
+        std::function<void(int)> choose;
+        std::function<bool(int)> chosen;
+        std::function<void()> wanted; ///< their menu is about to be shown
+    };
+
+    void bindVisualisations(Visualisations visualisations);
 
     /// An entry whose state cannot be told keeps the one it had: the menu is shown, and then the
     /// error is raised.
@@ -68,6 +79,9 @@ public:
     /// What tells of the selected row of that list.
     [[nodiscard]] commands::CommandId listInfo() const { return list_.info; }
 
+    /// The window that is told what is chosen.
+    [[nodiscard]] ui::MessageWindow& messages() { return messages_; }
+
     menus::cMenus m_Menus;
 
 private:
@@ -80,6 +94,8 @@ private:
     PlayerWindow& window_;
     ui::MessageWindow messages_;
     std::map<std::string, const commands::MenuEntry*, std::less<>> entries_; ///< by their keys
+    std::map<std::string, int, std::less<>> plugins_;                        ///< likewise
+    Visualisations visualisations_;
     std::unique_ptr<menus::MenuFacility> facility_;
     MenuList list_;                   ///< that was asked for its menu last
     std::vector<std::string> drives_; ///< their letters

@@ -40,6 +40,42 @@ public:
         }
     } outline;
 
+    /// A screen that counts what is shown on it.
+    class Screen final : public window::FullScreen {
+    public:
+        explicit Screen(RecordingWindow& owner) : owner_(owner) { owner_.screen = this; }
+
+        ~Screen() override { owner_.screen = nullptr; }
+
+        Screen(const Screen&) = delete;
+        Screen& operator=(const Screen&) = delete;
+
+        [[nodiscard]] int width() const override { return 320; }
+
+        [[nodiscard]] int height() const override { return 200; }
+
+        [[nodiscard]] bool visible() const override { return true; }
+
+        void show(const ui::PixelImage& image) override {
+            EXPECT_EQ(image.width, 320);
+            ++shown;
+        }
+
+        int shown = 0;
+
+    private:
+        RecordingWindow& owner_;
+    };
+
+    Screen* screen = nullptr; ///< the one that is there
+    window::FullScreen::Input screenInput;
+
+    [[nodiscard]] std::unique_ptr<window::FullScreen>
+    makeFullScreen(window::FullScreen::Input input) override {
+        screenInput = std::move(input);
+        return std::make_unique<Screen>(*this);
+    }
+
     void show() override { calls_.emplace_back("window shown"); }
 
     void showSplash() override { calls_.emplace_back("splash shown"); }

@@ -131,7 +131,8 @@ TEST_P(LanguageFiles, placeholdersStandWhereTheyAreReplaced) {
         {{"PlayerWin", 41}, 1},       {{"PlayerWin", 42}, 1},    {{"PlayerWin", 43}, 1},
         {{"PlayerWin", 50}, 1},       {{"frmSearchSong", 2}, 1}, {{"frmMp3Tag", 19}, 1},
         {{"Prompt", 2}, 1},           {{"TovikNotice", 1}, 1},   {{"TovikPreferences", 8}, 1},
-        {{"TovikPreferences", 9}, 1}, {{"TovikNotice", 6}, 1},   {{"TovikPreferences", 15}, 1},
+        {{"TovikPreferences", 9}, 1}, {{"TovikNotice", 6}, 1},   {{"TovikNotice", 11}, 1},
+        {{"TovikPreferences", 15}, 1},
         {{"TovikRip", 0}, 1},         {{"TovikRip", 1}, 1},      {{"TovikRip", 2}, 1},
         {{"TovikRip", 3}, 1},         {{"TovikRip", 4}, 1}};
     for (const LanguageSectionRow& section : languageSections()) {

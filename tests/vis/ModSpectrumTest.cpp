@@ -2,31 +2,10 @@
 #include "vis/modSpectrum.h"
 
 #include "player/PlayerRig.h"
+#include "vis/NotedArea.h"
 
 namespace tovik::test {
 namespace {
-
-class NotedArea final : public vis::SpectrumArea {
-public:
-    bool seen = true;
-    int drawn = 0;
-    int cleared = 0;
-    ui::PixelImage picture{
-        .width = 166, .height = 24, .pixels = std::vector<std::uint32_t>(166 * 24)};
-
-    [[nodiscard]] bool canBeSeen() const override { return seen; }
-
-    [[nodiscard]] const ui::PixelImage* bars() const override { return nullptr; }
-
-    void draw(const std::function<void(ui::PixelImage&)>& paint) override {
-        ++drawn;
-        paint(picture);
-    }
-
-    [[nodiscard]] int height() const override { return picture.height; }
-
-    void clear() override { ++cleared; }
-};
 
 class ModSpectrum : public PlayerRig {
 protected:
@@ -174,6 +153,25 @@ TEST_F(ModSpectrum, silenceOfATrackThatPlaysIsListenedToAndNotDrawn) {
     EXPECT_EQ(area_.drawn, drawn);
     sound_.spectra[handle].fill(0.5F);
     advance(100);
+    EXPECT_GT(area_.drawn, drawn);
+}
+
+TEST_F(ModSpectrum, goesOnInAnotherArea) {
+    spectrum_.StartSpectrum();
+    advance(1000);
+    NotedArea other;
+    other.seen = false;
+    spectrum_.drawIn(other);
+    const int drawn = area_.drawn;
+    EXPECT_EQ(reads(400), 0); // it cannot be seen yet
+    other.seen = true;
+    spectrum_.stir();
+    EXPECT_EQ(reads(400), 10);
+    EXPECT_EQ(area_.drawn, drawn);
+    EXPECT_EQ(area_.cleared, 0);
+    EXPECT_EQ(other.picture.pixels[0], 0xFF000000U);
+    spectrum_.drawIn(area_);
+    EXPECT_EQ(reads(400), 10);
     EXPECT_GT(area_.drawn, drawn);
 }
 

@@ -70,7 +70,7 @@ protected:
 
 TEST_F(SpectrumFigure, barsAreCutOutOfTheSkinsPictureWithAMarkAboveEach) {
     ui::PixelImage image = area(0x12345678);
-    ASSERT_TRUE(figure_.place(data_, kHeight));
+    ASSERT_TRUE(figure_.place(data_, kWidth, kHeight));
     const ui::PixelImage bars = tile();
     figure_.draw(image, &bars);
     EXPECT_EQ(image.pixels, expected(data_, bars).pixels);
@@ -82,7 +82,7 @@ TEST_F(SpectrumFigure, barsAreCutOutOfTheSkinsPictureWithAMarkAboveEach) {
 
 TEST_F(SpectrumFigure, aMarkAtTheGroundIsNotSeen) {
     ui::PixelImage image = area();
-    ASSERT_TRUE(figure_.place(vis::SpectrumData{}, kHeight));
+    ASSERT_TRUE(figure_.place(vis::SpectrumData{}, kWidth, kHeight));
     figure_.draw(image, nullptr);
     EXPECT_EQ(image.pixels, area(kBlack).pixels);
 }
@@ -90,13 +90,13 @@ TEST_F(SpectrumFigure, aMarkAtTheGroundIsNotSeen) {
 TEST_F(SpectrumFigure, drawsOnlyTheColumnsThatMoved) {
     const ui::PixelImage bars = tile();
     ui::PixelImage image = area();
-    ASSERT_TRUE(figure_.place(data_, kHeight));
+    ASSERT_TRUE(figure_.place(data_, kWidth, kHeight));
     figure_.draw(image, &bars);
-    EXPECT_FALSE(figure_.place(data_, kHeight));
+    EXPECT_FALSE(figure_.place(data_, kWidth, kHeight));
     data_.bands[7] += 0.001F; // less than a row
-    EXPECT_FALSE(figure_.place(data_, kHeight));
+    EXPECT_FALSE(figure_.place(data_, kWidth, kHeight));
     data_.bands[7] += 0.2F;
-    ASSERT_TRUE(figure_.place(data_, kHeight));
+    ASSERT_TRUE(figure_.place(data_, kWidth, kHeight));
     ui::PixelImage marked = area(0x11111111);
     figure_.draw(marked, &bars);
     const ui::PixelImage whole = expected(data_, bars);
@@ -107,7 +107,7 @@ TEST_F(SpectrumFigure, drawsOnlyTheColumnsThatMoved) {
         }
     }
     figure_.forget();
-    ASSERT_TRUE(figure_.place(data_, kHeight));
+    ASSERT_TRUE(figure_.place(data_, kWidth, kHeight));
     figure_.draw(marked, &bars);
     EXPECT_EQ(marked.pixels, whole.pixels);
 }
@@ -116,7 +116,7 @@ TEST_F(SpectrumFigure, withoutASkinItHasBarsOfItsOwnWarmAtTheTop) {
     data_.bands.fill(1);
     data_.peaks.fill(0);
     ui::PixelImage image = area();
-    ASSERT_TRUE(figure_.place(data_, kHeight));
+    ASSERT_TRUE(figure_.place(data_, kWidth, kHeight));
     figure_.draw(image, nullptr);
     const ui::Colour top = ui::colourOf(at(image, 2, 0));
     const ui::Colour bottom = ui::colourOf(at(image, 2, kHeight - 1));
@@ -130,12 +130,44 @@ TEST_F(SpectrumFigure, aNarrowerAreaCutsBarsOff) {
     ui::PixelImage image{.width = 8, .height = 10, .pixels = std::vector<std::uint32_t>(80)};
     data_.bands.fill(0.5F);
     data_.peaks.fill(1);
-    ASSERT_TRUE(figure_.place(data_, 10));
+    ASSERT_TRUE(figure_.place(data_, 8, 10));
     const ui::PixelImage bars = tile();
     figure_.draw(image, &bars);
     EXPECT_EQ(at(image, 7, 9), at(bars, 2, 9));
     EXPECT_EQ(at(image, 7, 0), kWhite);
     EXPECT_EQ(at(image, 5, 9), kBlack);
+}
+
+TEST_F(SpectrumFigure, onAScreenBarsAndMarksGrowAndStandInTheMiddle) {
+    constexpr int kScreenWidth = 1280;
+    constexpr int kScreenHeight = 720;
+    ui::PixelImage image{.width = kScreenWidth,
+                         .height = kScreenHeight,
+                         .pixels =
+                             std::vector<std::uint32_t>(std::size_t{kScreenWidth} * kScreenHeight)};
+    data_.bands.fill(0.5F);
+    data_.peaks.fill(0.75F);
+    ASSERT_TRUE(figure_.place(data_, kScreenWidth, kScreenHeight));
+    const ui::PixelImage bars = tile();
+    figure_.draw(image, &bars);
+    // 7 times as large: 33 bars of 35 leave 125 pixels, half of them before the first one.
+    constexpr int kFirst = 62;
+    for (const auto& [x, lit] :
+         {std::pair(kFirst - 1, false), std::pair(kFirst + 6, false), std::pair(kFirst + 7, true),
+          std::pair(kFirst + 34, true), std::pair(kFirst + 35, false), std::pair(1279, false)}) {
+        EXPECT_EQ(at(image, x, 700) != kBlack, lit) << x;
+    }
+    for (const auto& [y, colour] :
+         {std::pair(179, kBlack), std::pair(180, kWhite), std::pair(186, kWhite),
+          std::pair(187, kBlack), std::pair(359, kBlack)}) {
+        EXPECT_EQ(at(image, kFirst + 10, y), colour) << y;
+    }
+    // The skin's bars are made for the window: the program has others.
+    EXPECT_NE(at(image, kFirst + 10, 719), at(bars, 0, 0));
+    const ui::Colour ground = ui::colourOf(at(image, kFirst + 10, 719));
+    EXPECT_GT(ground.blue, ground.red);
+    // Back in the window everything is drawn anew.
+    ASSERT_TRUE(figure_.place(data_, kWidth, kHeight));
 }
 
 } // namespace

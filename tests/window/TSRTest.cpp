@@ -281,6 +281,27 @@ TEST_F(TSR, pluginsWithANameGetAnEntry) {
     EXPECT_EQ(tsr.m_Menus.ItemParentIndex(at("sp(5)")), at("vis"));
 }
 
+TEST_F(TSR, entriesOfPluginsChooseByTheirNumberAndShowWhichIsChosen) {
+    int chosen = -1;
+    int wanted = 0;
+    tsr.bindVisualisations({.choose = [&](int number) { chosen = number; },
+                            .chosen = [&](int number) { return number == chosen; },
+                            .wanted = [&] { ++wanted; }});
+    tsr.popUp(window::MenuRoot::vis);
+    EXPECT_EQ(wanted, 1);
+    tsr.popUp(window::MenuRoot::mnuRip);
+    EXPECT_EQ(wanted, 1);
+    tsr.addVisualisations(std::vector<std::string>{"Waves", "", "Stars"});
+    EXPECT_TRUE(tsr.m_Menus.ItemEnabled(at("sp(3)")));
+    choose("sp(5)");
+    EXPECT_EQ(chosen, 2);
+    tsr.popUp(window::MenuRoot::vis);
+    EXPECT_FALSE(tsr.m_Menus.ItemChecked(at("sp(3)")));
+    EXPECT_TRUE(tsr.m_Menus.ItemChecked(at("sp(5)")));
+    choose("sp(3)");
+    EXPECT_EQ(chosen, 0);
+}
+
 TEST_F(TSR, theMenuOfAListActsOnThatList) {
     Rows one;
     Rows other;

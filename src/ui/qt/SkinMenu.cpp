@@ -72,6 +72,13 @@ void SkinMenu::fill() {
     }
 }
 
+void SkinMenu::follow() {
+    if (isVisible()) {
+        fill();
+        adjustSize();
+    }
+}
+
 void SkinMenu::addItem(int index) {
     const menus::clsStoreMenu& item = menus_.model().item(index);
     SkinMenu* const below = menus_.menu(item.subMenu);
@@ -116,6 +123,12 @@ void SkinMenus::DestroyMenu(menus::MenuHandle menu) {
 SkinMenu* SkinMenus::menu(menus::MenuHandle menu) const {
     const auto found = menus_.find(menu);
     return found == menus_.end() ? nullptr : found->second.get();
+}
+
+void SkinMenus::itemsChanged(menus::MenuHandle handle) {
+    if (SkinMenu* const changed = menu(handle); changed != nullptr) {
+        changed->follow();
+    }
 }
 
 MessageResult SkinMenus::send(const WindowMessage& message) const {

@@ -32,6 +32,9 @@ public:
     /// Its text, for a style that draws it itself.
     [[nodiscard]] QString textOf(int id) const;
 
+    /// Shows what is below the item now, if it is open.
+    void follow();
+
 protected:
     void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
 
@@ -67,6 +70,7 @@ public:
     void DestroyMenu(menus::MenuHandle menu) override;
     void TrackPopupMenu(menus::MenuHandle menu,
                         const std::optional<menus::MenuPlace>& place) override;
+    void itemsChanged(menus::MenuHandle menu) override;
 
     /// Null for a handle that is none.
     [[nodiscard]] SkinMenu* menu(menus::MenuHandle menu) const;

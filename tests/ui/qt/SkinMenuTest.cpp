@@ -107,6 +107,21 @@ TEST_F(ShownMenu, appearsBelowItsPlaceWithWhatIsVisible) {
     EXPECT_THAT(asked, Contains(messages::kInitMenuPopup));
 }
 
+TEST_F(ShownMenu, growsWhileItIsOpen) {
+    facility.itemsChanged(model.handle(at("top"))); // not open yet
+    SkinMenu& menu = popUp();
+    const int before = menu.height();
+    model.AddItem("New", "new", at("top"));
+    model.BuildOn(facility);
+    facility.itemsChanged(model.handle(at("top")));
+    EXPECT_THAT(captions(menu), ElementsAre("&Open", "-", "Deep", "Save", "New"));
+    EXPECT_GT(menu.height(), before);
+    action(menu, "new")->trigger();
+    settle();
+    EXPECT_THAT(chosen, ElementsAre("new"));
+    facility.itemsChanged(0);
+}
+
 TEST_F(ShownMenu, isFilledAnewEachTime) {
     popUp().close();
     model.ItemVisible(at("gone"), true);

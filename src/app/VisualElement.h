@@ -1,20 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The element of the main window in which the spectrum is drawn. Interface thread.
+// The element of the main window in which visualisations are drawn. Interface thread.
 #pragma once
 
-#include "vis/SpectrumArea.h"
+#include "vis/VisualArea.h"
 #include "window/MainElements.h"
 #include "window/PlayerWindow.h"
 
 #include <cmath>
+#include <string>
 
 namespace tovik::app {
 
-class SpectrumElement final : public vis::SpectrumArea {
+class VisualElement final : public vis::VisualArea {
 public:
     /// All of them outlive the element.
-    SpectrumElement(const window::PlayerWindow& window, window::MainElements& elements,
-                    ui::PictureStore& pictures)
+    VisualElement(const window::PlayerWindow& window, window::MainElements& elements,
+                  ui::PictureStore& pictures)
         : window_(window), elements_(elements), pictures_(pictures) {}
 
     [[nodiscard]] bool canBeSeen() const override {
@@ -27,13 +28,20 @@ public:
 
     void draw(const std::function<void(ui::PixelImage&)>& paint) override {
         if (!picture_) {
-            const int wide = pixels(elements_.get(window::MainElement::Picture1).width);
-            const auto count = static_cast<std::size_t>(wide) * static_cast<std::size_t>(height());
-            picture_ = pictures_.add(
-                {.width = wide, .height = height(), .pixels = std::vector<std::uint32_t>(count)});
+            const auto count =
+                static_cast<std::size_t>(width()) * static_cast<std::size_t>(height());
+            picture_ = pictures_.add({.width = width(),
+                                      .height = height(),
+                                      .pixels = std::vector<std::uint32_t>(count)});
         }
         picture_ = pictures_.draw(picture_, paint);
-        elements_.touch(window::MainElement::Picture1).picture = picture_;
+        ui::Element& element = elements_.touch(window::MainElement::Picture1);
+        element.picture = picture_;
+        element.smallText.clear();
+    }
+
+    [[nodiscard]] int width() const override {
+        return pixels(elements_.get(window::MainElement::Picture1).width);
     }
 
     [[nodiscard]] int height() const override {
@@ -43,6 +51,14 @@ public:
     void clear() override {
         if (elements_.get(window::MainElement::Picture1).picture) {
             elements_.touch(window::MainElement::Picture1).picture = {};
+        }
+        tell({});
+    }
+
+    /// Shows words in the place of a picture, until there is one again.
+    void tell(const std::string& words) {
+        if (elements_.get(window::MainElement::Picture1).smallText != words) {
+            elements_.touch(window::MainElement::Picture1).smallText = words;
         }
     }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Where the spectrum is drawn, as it sees it; who owns the window implements it. Interface thread.
+// Where a visualisation is drawn, as it sees it; who owns the window implements it. Interface
+// thread.
 #pragma once
 
 #include "ui/PictureStore.h"
@@ -8,21 +9,22 @@
 
 namespace tovik::vis {
 
-class SpectrumArea {
+class VisualArea {
 public:
-    virtual ~SpectrumArea() = default;
+    virtual ~VisualArea() = default;
 
     /// Whether anyone can see what is drawn there.
     [[nodiscard]] virtual bool canBeSeen() const = 0;
 
-    /// The picture that the bars are cut out of; null while no skin gives one.
+    /// The picture that the bars of the spectrum are cut out of; null while no skin gives one.
     [[nodiscard]] virtual const ui::PixelImage* bars() const = 0;
 
     /// Lets `paint` change the area's picture, which keeps its pixels from one call to the next
-    /// until it is cleared.
+    /// until it is cleared, and has the size below.
     virtual void draw(const std::function<void(ui::PixelImage&)>& paint) = 0;
 
-    /// In pixels of the picture.
+    // In pixels of the picture.
+    [[nodiscard]] virtual int width() const = 0;
     [[nodiscard]] virtual int height() const = 0;
 
     /// Nothing is shown any more.

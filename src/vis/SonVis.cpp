@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "vis/SonVis.h"
+
+#include "base/Numbers.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "config/INI.h"
+#include "config/SettingText.h"
+#include "player/LiveSetting.h"
+#include "vis/HeardChannel.h"
+
+#include <filesystem>
+#include <utility>
+
+namespace tovik::vis {
+
+namespace {
+
+constexpr std::uint32_t kInputOn = 0x20000;
+
+/// Beside a plug-in: whether it wants more room than the mini window has.
+constexpr const char* kRoomFile = "tpcf.ini";
+constexpr const char* kRoomSection = "Size";
+constexpr const char* kRoomKey = "960x720";
+
+/// "true" in any case, or a number other than 0.
+bool isTrue(std::string_view text) {
+    if (base::equalsIgnoringCase(text, "true")) {
+        return true;
+    }
+    try {
+        return base::textToNumber(text) != 0;
+    } catch (const base::RuntimeError&) {
+        return false;
+    }
+}
+
+} // namespace
+
+void sonfix(sound::RecordOperations& sound, int input) {
+    sound.BASS_RecordSetInput(static_cast<std::uint32_t>(input) | kInputOn);
+}
+
+SonVis::SonVis(Parts parts, VisualArea& area)
+    : p_(std::move(parts)), area_(&area), list_([this](const ui::WindowMessage& message) {
+          if (message.number == kRenderMessage) {
+              render();
+          }
+          return ui::MessageResult{0};
+      }),
+      timer_(p_.core.timers.makeTimer([this] { list_.send({kRenderMessage}); })),
+      patience_(p_.core.timers.makeTimer([this] { lose(); })) {}
+
+bool SonVis::needsRoom(const std::string& path) const {
+    if (!p_.core.state.MiniModeOn) {
+        return false;
+    }
+    config::INI file;
+    file.Path = (std::filesystem::path(path).parent_path() / kRoomFile).native();
+    file.Section = kRoomSection;
+    file.Key = kRoomKey;
+    const std::string text = file.Value();
+    return isTrue(base::trimmed(text));
+}
+
+void SonVis::StartSonVis(const std::string& path) {
+    path_ = path;
+    if (needsRoom(path)) {
+        return;
+    }
+    p_.core.sound.BASS_SONIQUEVIS_CreateFakeSoniqueWnd();
+    timer_->setEnabled(false);
+    free();
+    visual_ = p_.core.sound.BASS_SONIQUEVIS_CreateVis(
+        path, p_.paths.of(host::DataItem::VisualSettings), 0, area_->width(), area_->height());
+    if (visual_ == sound::kNoHandle) {
+        p_.lost();
+        return;
+    }
+    watch_ = p_.watches.watch(p_.core.sound.visualDescriptor(visual_), [this] { answered(); });
+    started_ = true;
+    render();
+    setSpeed(player::readLive(p_.core.settings, "VPS", config::settingToInt16));
+}
+
+void SonVis::stopSonVis() {
+    set_builtin_vis();
+    area_->clear();
+}
+
+void SonVis::set_builtin_vis() {
+    started_ = false;
+    timer_->setEnabled(false);
+}
+
+void SonVis::free() {
+    patience_->setEnabled(false);
+    watch_.reset();
+    if (const sound::Handle visual = std::exchange(visual_, sound::kNoHandle);
+        visual != sound::kNoHandle) {
+        p_.core.sound.BASS_SONIQUEVIS_Free(visual);
+    }
+}
+
+void SonVis::setSpeed(int milliseconds) {
+    timer_->setInterval(intervalOf(milliseconds));
+    timer_->setEnabled(false);
+    if (started_) {
+        stir();
+    }
+}
+
+void SonVis::stir() {
+    started_ = running();
+    if (started_ && !timer_->enabled() && timer_->interval() > 0 &&
+        mayMove(p_.core.state, *area_)) {
+        timer_->setEnabled(true);
+    }
+}
+
+/// Asks for the next picture, unless one is being drawn.
+void SonVis::render() {
+    if (!running() || !started_ || !mayMove(p_.core.state, *area_)) {
+        timer_->setEnabled(false);
+        return;
+    }
+    if (patience_->enabled()) {
+        return;
+    }
+    sound::Handle heard = heardChannel(p_.core.state);
+    heard = heard != sound::kNoHandle ? heard : p_.core.state.PrimaryChannel;
+    if (heard == sound::kNoHandle) {
+        return;
+    }
+    p_.core.sound.BASS_SONIQUEVIS_Render(visual_, heard, {});
+    patience_->setInterval(kPatienceMs);
+    patience_->setEnabled(true);
+}
+
+void SonVis::answered() {
+    switch (p_.core.sound.visualNews(visual_)) {
+    case sound::VisualNews::nothing:
+        break;
+    case sound::VisualNews::picture:
+        patience_->setEnabled(false);
+        show();
+        break;
+    case sound::VisualNews::ended:
+        lose();
+        break;
+    }
+}
+
+void SonVis::show() {
+    if (!started_ || !area_->canBeSeen()) {
+        return;
+    }
+    area_->draw([this](ui::PixelImage& picture) {
+        p_.core.sound.BASS_SONIQUEVIS_Render(
+            visual_, sound::kNoHandle,
+            {.pixels = picture.pixels, .width = picture.width, .height = picture.height});
+    });
+}
+
+void SonVis::lose() {
+    set_builtin_vis();
+    free();
+    area_->clear();
+    p_.lost();
+}
+
+void SonVis::click(int x, int y) {
+    if (running() && started_) {
+        p_.core.sound.BASS_SONIQUEVIS_Clicked(visual_, x, y);
+    }
+}
+
+void SonVis::drawIn(VisualArea& area) {
+    area_ = &area;
+    if (!running()) {
+        return;
+    }
+    patience_->setEnabled(false);
+    p_.core.sound.BASS_SONIQUEVIS_Resize(visual_, area_->width(), area_->height());
+    if (started_) {
+        render();
+        stir();
+    }
+}
+
+} // namespace tovik::vis
