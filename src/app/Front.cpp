@@ -15,13 +15,13 @@ using window::TimeDisplay;
 
 Front::Front(const window::MainView::Needs& needs, player::StoredSettings& stored,
              config::MultiLNG& language)
-    : view(needs), host_(needs.host), state_(needs.core.state), window_(needs.window),
-      stored_(stored), words_(language, config::TextWindow::frmPlayer, view.texts) {}
+    : view(needs), knobs(needs.knobs), host_(needs.host), state_(needs.core.state),
+      window_(needs.window), stored_(stored),
+      words_(language, config::TextWindow::frmPlayer, view.texts) {}
 
 void Front::bind(commands::Commands& commands) {
     bindPanels(commands);
     bindModes(commands);
-    commands.bind(CommandId::minimise, [this] { window_.minimise(); });
 }
 
 void Front::enableButtons(const commands::Commands& commands) {
@@ -37,7 +37,12 @@ void Front::bindPanels(commands::Commands& commands) {
         {CommandId::radioPanel, "00001"},
     }};
     for (const auto& [id, mask] : kPanels) {
-        commands.bind(id, [this, mask = mask] { view.panels.Switch_Win(mask); });
+        commands.bind(id, [this, mask = mask] {
+            view.panels.Switch_Win(mask);
+            if (panelChosen) {
+                panelChosen();
+            }
+        });
     }
     commands.bind(CommandId::foldQuickList, {.run = [this] { view.panels.FlipQuickList(); },
                                              .checked = [this] { return state_.QuickListOpen; }});
@@ -62,6 +67,7 @@ bool Front::staysOnTop() {
 void Front::mnuTop() {
     // The setting is what is toggled, whatever the window does.
     const bool topmost = !staysOnTop();
+    window_.mini().setTopmost(topmost);
     window_.setTopmost(topmost);
     state_.AlwaysOnTop = topmost ? 1 : 0;
     stored_.save("ASOT");

@@ -8,6 +8,8 @@
 #include "player/StoredSettings.h"
 #include "window/MainView.h"
 
+#include <functional>
+
 namespace tovik::app {
 
 class Front {
@@ -45,6 +47,10 @@ public:
     void hideWindow();
 
     window::MainView view;
+    player::Knobs knobs; ///< what of the sound the view turns
+
+    /// Told when the user chose a panel, which stands in the main window; none: nobody is.
+    std::function<void()> panelChosen;
 
 private:
     void bindPanels(commands::Commands& commands);

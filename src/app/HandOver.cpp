@@ -42,9 +42,10 @@ void HandOver::begin() {
 }
 
 void HandOver::carryOut(const host::InstanceMessage& message) {
-    if (message.kind == Kind::toTheFront) {
-        window_.bringToFront(message.text);
-    } else {
+    const bool wish = message.kind == Kind::toTheFront;
+    // Whoever starts the player wants to see it.
+    front_(wish ? message.text : std::string());
+    if (!wish) {
         api_msg_change(message.text);
     }
 }

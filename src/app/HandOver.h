@@ -10,17 +10,23 @@
 #include "player/Core.h"
 #include "window/PlayerWindow.h"
 
+#include <functional>
 #include <string>
+#include <utility>
 
 namespace tovik::app {
 
 class HandOver {
 public:
+    /// Brings the window in use to the front, with the token of who asked.
+    using Front = std::function<void(const std::string& token)>;
+
     /// All of them outlive the wing.
     HandOver(const player::Core& core, Process& process, const StartOptions& options,
-             window::PlayerWindow& window, StartFile& startFile, const Autoload& autoload)
+             window::PlayerWindow& window, StartFile& startFile, const Autoload& autoload,
+             Front front)
         : core_(core), process_(process), options_(options), window_(window), startFile_(startFile),
-          autoload_(autoload) {}
+          autoload_(autoload), front_(std::move(front)) {}
 
     HandOver(const HandOver&) = delete;
     HandOver& operator=(const HandOver&) = delete;
@@ -44,6 +50,7 @@ private:
     window::PlayerWindow& window_;
     StartFile& startFile_;
     const Autoload& autoload_;
+    Front front_;
 };
 
 } // namespace tovik::app

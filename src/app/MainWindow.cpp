@@ -10,43 +10,45 @@
 #include <algorithm>
 #include <QGuiApplication>
 #include <QScreen>
-#include <QWindow>
+#include <utility>
 
 namespace tovik::app {
 
-MainWindow::MainWindow(const host::Host& host) : host_(host) {}
+MainWindow::MainWindow(const host::Host& host) : host_(host), mini_(host.dispatcher) {}
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() {
+    // Its widgets ask the controls.
+    screen_.take();
+}
 
 void MainWindow::attach(frmPlayer& player) {
-    skin_ = std::make_unique<ui::SkinWindow>(player.elements(), player.view().pictures,
-                                             player.input(), host_.dispatcher);
+    auto widget = std::make_unique<ui::SkinWindow>(player.elements(), player.view().pictures,
+                                                   player.input(), host_.dispatcher);
     // For a start that fails before it comes to the captions.
-    skin_->setCaption("Tovik");
-    // Tells it from boxes and dialogs, for rules of window managers; the caption follows the track.
+    widget->setCaption("Tovik");
     // The caption rotates; the name of the window does not.
-    skin_->setAccessibleName(QStringLiteral("Tovik"));
-    skin_->setWindowRole(QStringLiteral("player"));
-    controls_ = std::make_unique<MainControls>(player, *skin_, host_.dispatcher);
-    skin_->setAccess(window::mainAccess(), player.view().access, window::rows::kAmber);
-    sight_ = std::make_unique<ui::WindowSight>(*skin_, [this, &player] {
+    widget->setAccessibleName(QStringLiteral("Tovik"));
+    // Tells it from boxes and dialogs, for rules of window managers; the caption follows the track.
+    widget->setWindowRole(QStringLiteral("player"));
+    controls_ = std::make_unique<MainControls>(player, *widget, host_.dispatcher);
+    widget->setAccess(window::mainAccess(), player.view().access, window::rows::kAmber);
+    const auto cameInSight = [this, &player] {
         host_.dispatcher.run([&player] { player.visuals().stirVisualisation(); });
-    });
+    };
+    screen_.give(std::move(widget), cameInSight);
+    mini_.attach(player.presence().mini, cameInSight);
+    mini_.firstPlace = [this] { return screen_.widget()->pos(); };
 }
 
 void MainWindow::detach() {
-    sight_.reset();
-    skin_.reset();
+    mini_.detach();
+    screen_.take();
     controls_.reset();
 }
 
 void MainWindow::show() {
     endSplash();
-    skin_->show();
-}
-
-bool MainWindow::visible() const {
-    return skin_ != nullptr && ui::WindowSight::seen(*skin_);
+    OnScreen::show();
 }
 
 void MainWindow::showSplash() {
@@ -58,63 +60,12 @@ void MainWindow::endSplash() {
     splash_.reset();
 }
 
-void MainWindow::beginDrag() {
-    skin_->beginDrag();
-}
-
-void MainWindow::hide() {
-    skin_->hide();
-}
-
-void MainWindow::minimise() {
-    skin_->showMinimized();
-}
-
-void MainWindow::bringToFront(const std::string& token) {
-    // Where it finds it, a Wayland desktop's part of Qt takes it from there.
-    if (!token.empty() && QGuiApplication::platformName().startsWith(u"wayland")) {
-        qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token));
-    }
-    skin_->setWindowState(skin_->windowState() & ~Qt::WindowMinimized);
-    skin_->show();
-    skin_->raise();
-    skin_->activateWindow();
-}
-
 std::unique_ptr<window::FullScreen> MainWindow::makeFullScreen(window::FullScreen::Input input) {
-    return std::make_unique<FullScreenWindow>(*skin_, host_.dispatcher, input);
+    return std::make_unique<FullScreenWindow>(*screen_.widget(), host_.dispatcher, input);
 }
 
 void MainWindow::takeFocus() {
     controls_->takeFocus();
-}
-
-void MainWindow::setCaption(const std::string& caption) {
-    skin_->setCaption(caption);
-}
-
-void MainWindow::setTaskbarButton(bool shown) {
-    if ((skin_->windowType() == Qt::Tool) == !shown) {
-        return;
-    }
-    // Changing the kind of a window takes it off the screen.
-    const bool visible = skin_->isVisible();
-    skin_->setWindowFlag(Qt::Tool, !shown);
-    skin_->setVisible(visible);
-}
-
-void MainWindow::setTopmost(bool topmost) {
-    if (skin_->windowFlags().testFlag(Qt::WindowStaysOnTopHint) == topmost) {
-        return;
-    }
-    const Qt::WindowFlags flags = skin_->windowFlags().setFlag(Qt::WindowStaysOnTopHint, topmost);
-    if (skin_->windowHandle() == nullptr) {
-        skin_->setWindowFlags(flags);
-        return;
-    }
-    // The widget would take itself off the screen for it; the window system need not.
-    skin_->overrideWindowFlags(flags);
-    skin_->windowHandle()->setFlag(Qt::WindowStaysOnTopHint, topmost);
 }
 
 bool MainWindow::fitsScreen(int width, int height) const {
@@ -130,16 +81,27 @@ std::optional<ui::Colour> MainWindow::systemColour(int number) const {
 
 std::unique_ptr<menus::MenuFacility> MainWindow::makeMenus(const menus::cMenus& model,
                                                            ui::MessageWindow& messages) {
-    if (!skin_) {
+    if (screen_.widget() == nullptr) {
         return nullptr;
     }
-    return std::make_unique<ui::SkinMenus>(
-        ui::SkinMenus::Needs{.model = model,
-                             .window = messages,
-                             .dispatcher = host_.dispatcher,
-                             .onScreen = [this](const menus::MenuPlace& place) {
-                                 return skin_ ? skin_->onScreen(place) : QRect();
-                             }});
+    return std::make_unique<ui::SkinMenus>(ui::SkinMenus::Needs{
+        .model = model,
+        .window = messages,
+        .dispatcher = host_.dispatcher,
+        .onScreen = [this](const menus::MenuPlace& place) { return onScreen(place); }});
+}
+
+QScreen* MainWindow::screen() const {
+    const QWidget* const widget = mini_.shown() ? mini_.widget() : screen_.widget();
+    return widget != nullptr ? widget->screen() : QGuiApplication::primaryScreen();
+}
+
+/// Of the window that is in use.
+QRect MainWindow::onScreen(const menus::MenuPlace& place) const {
+    if (mini_.shown()) {
+        return mini_.onScreen(place);
+    }
+    return screen_.widget() != nullptr ? screen_.widget()->onScreen(place) : QRect();
 }
 
 bool MainWindow::rightToLeft() const {
@@ -147,27 +109,7 @@ bool MainWindow::rightToLeft() const {
 }
 
 std::uintptr_t MainWindow::handle() const {
-    return static_cast<std::uintptr_t>(skin_->winId());
-}
-
-void MainWindow::moveTo(int left, int top) {
-    // A screen that was there at the last end may be gone: keep the whole window on one that is.
-    const QScreen* screen = QGuiApplication::screenAt(QPoint(left, top));
-    const QRect room =
-        (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
-    const auto within = [](int value, int first, int last) {
-        return std::clamp(value, first, std::max(first, last));
-    };
-    skin_->move(within(left, room.left(), room.right() - skin_->width()),
-                within(top, room.top(), room.bottom() - skin_->height()));
-}
-
-int MainWindow::left() const {
-    return skin_->x();
-}
-
-int MainWindow::top() const {
-    return skin_->y();
+    return static_cast<std::uintptr_t>(screen_.widget()->winId());
 }
 
 } // namespace tovik::app

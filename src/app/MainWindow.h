@@ -5,10 +5,10 @@
 
 #include "app/frmPlayer.h"
 #include "app/MainControls.h"
+#include "app/MiniWindow.h"
+#include "app/ScreenWindow.h"
 #include "ui/qt/MenuPictures.h"
-#include "ui/qt/SkinWindow.h"
 #include "ui/qt/SplashWindow.h"
-#include "ui/qt/WindowSight.h"
 #include "window/PlayerWindow.h"
 
 #include <memory>
@@ -16,7 +16,7 @@
 namespace tovik::app {
 
 /// The window as the logic knows it; the widget comes later, with `attach`.
-class MainWindow final : public window::PlayerWindow {
+class MainWindow final : public OnScreen<window::PlayerWindow> {
 public:
     explicit MainWindow(const host::Host& host);
     ~MainWindow() override;
@@ -29,23 +29,14 @@ public:
     /// Takes the widget down, before the player goes. Only the outline may be set afterwards.
     void detach();
 
-    [[nodiscard]] QWidget& widget() { return *skin_; }
+    [[nodiscard]] QWidget& widget() { return *screen_.widget(); }
+
+    [[nodiscard]] window::SkinnedWindow& mini() override { return mini_; }
 
     void show() override;
-    void hide() override;
-    void minimise() override;
-    void bringToFront(const std::string& token) override;
-    [[nodiscard]] bool visible() const override;
     void showSplash() override;
     void endSplash() override;
-
-    [[nodiscard]] ui::RegionWindow* shape() override { return &outline_; }
-
-    void beginDrag() override;
     void takeFocus() override;
-    void setCaption(const std::string& caption) override;
-    void setTaskbarButton(bool shown) override;
-    void setTopmost(bool topmost) override;
     [[nodiscard]] bool fitsScreen(int width, int height) const override;
     [[nodiscard]] std::uintptr_t handle() const override;
 
@@ -59,32 +50,17 @@ public:
 
     [[nodiscard]] std::unique_ptr<window::FullScreen>
     makeFullScreen(window::FullScreen::Input input) override;
-    void moveTo(int left, int top) override;
-    [[nodiscard]] int left() const override;
-    [[nodiscard]] int top() const override;
+
+    /// That the window in use is on; null without any.
+    [[nodiscard]] QScreen* screen() const;
 
 private:
-    /// Passes the outline on as long as there is a widget: the player keeps it to its own end.
-    class Outline final : public ui::RegionWindow {
-    public:
-        explicit Outline(MainWindow& window) : window_(window) {}
-
-        void setRegion(const ui::Region* region) override {
-            if (window_.skin_) {
-                window_.skin_->setRegion(region);
-            }
-        }
-
-    private:
-        MainWindow& window_;
-    };
+    [[nodiscard]] QRect onScreen(const menus::MenuPlace& place) const;
 
     host::Host host_;
     ui::MenuPictures menuImages_;
-    Outline outline_{*this};
+    MiniWindow mini_;
     std::unique_ptr<MainControls> controls_; ///< outlives the widgets, which ask it
-    std::unique_ptr<ui::SkinWindow> skin_;
-    std::unique_ptr<ui::WindowSight> sight_;
     std::unique_ptr<ui::SplashWindow> splash_;
 };
 

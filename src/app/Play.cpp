@@ -14,6 +14,7 @@
 #include "sound/engine/Engine.h"
 #include "sound/engine/MachineDrives.h"
 #include "sound/engine/ProgramParts.h"
+#include "tray/DesktopShell.h"
 #include "ui/qt/SkinPalette.h"
 #include "window/WindowPictures.h"
 
@@ -135,6 +136,7 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
     player::TrackEvents events;
     MainWindow window(host);
     dialogs::DialogOpener dialogs(host.dispatcher);
+    tray::DesktopShell shell(host.dispatcher, [&window] { return window.screen(); });
     frmPlayer player(
         host, engine, window, dialogs, events,
         {.commandLine = line.player.text,
@@ -145,8 +147,10 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
          .shippedVisuals = line.screenshotFile ? std::string() : sound::shippedVisuals(),
          .unkept = place.unkept,
          .program = line.screenshotFile ? "" : environment.executableFolder + "/tovik",
-         .typePlaces = desktop::TypePlaces::of(environment, place.folder)});
+         .typePlaces = desktop::TypePlaces::of(environment, place.folder)},
+        line.screenshotFile ? nullptr : &shell.shell());
     window::giveWindowPictures(player.elements(), player.view().pictures, windowPicture);
+    player.presence().mini.windowPicture = windowPicture;
     window.attach(player);
     dialogs.attach(player.dialogs(), window.widget());
     host.dispatcher.reportTo(
@@ -175,7 +179,7 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
         shot->setEnabled(true);
     }
     desktop::Mpris mpris(player.desktop().remote,
-                         {.Raise = [&window] { window.bringToFront({}); },
+                         {.Raise = [&player] { player.presence().bringToFront({}); },
                           .Quit = [&player] { player.commands().run(commands::CommandId::exit); }},
                          host.dispatcher);
     if (!line.screenshotFile) {

@@ -28,12 +28,17 @@ constexpr int kLostNotice = 11; ///< of the language's notices
 } // namespace
 
 Visuals::Visuals(Needs needs)
-    : area_(needs.window, needs.elements, needs.pictures), spectrum(needs.core, area_),
-      sonVis({.core = needs.core,
-              .watches = needs.host.watches,
-              .paths = needs.host.paths,
-              .lost = [this] { lost(); }},
-             area_),
+    : area_({.window = needs.window,
+             .elements = needs.elements,
+             .pictures = needs.pictures,
+             .area = ui::addressOf(window::MainElement::Picture1),
+             .store = needs.elements,
+             .bars = ui::addressOf(window::MainElement::Picture2)}),
+      spectrum(needs.core, area_), sonVis({.core = needs.core,
+                                           .watches = needs.host.watches,
+                                           .paths = needs.host.paths,
+                                           .lost = [this] { lost(); }},
+                                          area_),
       n_(std::move(needs)), shelf_(n_.core, n_.host.watches, [this] { filled(); }),
       later_(n_.core.timers.makeTimer([this] {
           later_->setEnabled(false);
@@ -175,7 +180,16 @@ void Visuals::lost() {
     n_.core.errors.log(
         base::RuntimeError(base::ErrorNumber::DeviceIoError, words + " (" + sonVis.path() + ")"),
         config::procedureOf("TSR", "Load"));
-    area_.tell(words);
+    current_->tell(words);
+}
+
+void Visuals::showIn(VisualElement* area) {
+    leaveFullScreen();
+    stopVisualisation();
+    current_ = area != nullptr ? area : &area_;
+    spectrum.drawIn(*current_);
+    sonVis.drawIn(*current_);
+    restartVisualisation();
 }
 
 void Visuals::clickVisual(int x, int y) {
@@ -203,8 +217,8 @@ void Visuals::doubleClickVisual() {
 
 void Visuals::leaveFullScreen() {
     if (const std::unique_ptr<FullScreenArea> left = std::move(full_); left) {
-        spectrum.drawIn(area_);
-        sonVis.drawIn(area_);
+        spectrum.drawIn(*current_);
+        sonVis.drawIn(*current_);
     }
 }
 

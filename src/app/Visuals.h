@@ -12,6 +12,7 @@
 #include "vis/SonVis.h"
 #include "vis/VisualShelf.h"
 #include "window/frmTSR.h"
+#include "window/MainElements.h"
 #include "window/VisualInput.h"
 
 #include <memory>
@@ -51,6 +52,10 @@ public:
     /// Shows what runs on the whole screen, or in the window again.
     void doubleClickVisual() override;
 
+    /// From now on it is drawn in that area of a window, which outlives the wing, or in the main
+    /// window's for null. One that is on goes on there; nothing is started that is not chosen.
+    void showIn(VisualElement* area);
+
     [[nodiscard]] bool onFullScreen() const { return full_ != nullptr; }
 
     // Steps of the start and the end --------------------------------------------------------------
@@ -66,6 +71,7 @@ public:
 
 private:
     VisualElement area_; // before what draws into it
+    VisualElement* current_ = &area_;
 
 public:
     vis::modSpectrum spectrum;

@@ -9,7 +9,7 @@ namespace tovik::app {
 
 frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                      window::PlayerWindow& window, window::WindowOpener& windows,
-                     player::TrackEvents& events, StartOptions options)
+                     player::TrackEvents& events, StartOptions options, window::Shell* shell)
     : options_(std::move(options)), process_(host, options_.checkInstance),
       ground_(host, process_, options_, window),
       lists_(host, ground_.state, options_.keepsList), core_{.state = ground_.state,
@@ -53,6 +53,17 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                 .language = ground_.language,
                 .menus = menus_.frmTSR,
                 .shippedVisuals = options_.shippedVisuals}),
+      presence_({.core = core_,
+                 .knobs = front_.knobs,
+                 .main = front_.view,
+                 .window = window,
+                 .host = host,
+                 .menus = menus_.frmTSR,
+                 .visuals = visuals_,
+                 .stored = ground_.stored,
+                 .version = ground_.version,
+                 .commands = commands_,
+                 .shell = shell}),
       filling_({.core = core_,
                 .files = lists_.files,
                 .window = window,
@@ -94,10 +105,13 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                 .media = filling_.media,
                 .options = options_},
                host),
-      handOver_(core_, process_, options_, window, startFile_, autoload_) {
+      handOver_(core_, process_, options_, window, startFile_, autoload_,
+                [this](const std::string& token) { presence_.bringToFront(token); }) {
     choices_.preferences.hooks.spectrumSpeed = [this](std::int32_t milliseconds) {
         visuals_.setSpeed(milliseconds);
     };
+    choices_.preferences.hooks.tray = [this](bool) { presence_.ApplyShellPresence(); };
+    front_.panelChosen = [this] { presence_.leaveMiniMode(); };
     desktop_.attach(choices_.preferences.hooks);
     ground_.news.add(events);
     autoload_.begin();
@@ -109,6 +123,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     stations_.bind(commands_);
     front_.bind(commands_);
     visuals_.bind(commands_);
+    presence_.bind(commands_);
     filling_.bind(commands_);
     discs_.bind(commands_);
     cd::Ripping::Hooks& ripping = rips_.ripping.hooks;
@@ -171,6 +186,7 @@ void frmPlayer::changeLanguage() {
     ground_.readLanguage();
     ground_.language.loadAttached();
     front_.view.showWords();
+    presence_.mini.showWords();
     ground_.unkept.show();
     stations_.player.screen.readWords();
 }

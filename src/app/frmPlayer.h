@@ -14,6 +14,7 @@
 #include "app/Lists.h"
 #include "app/Menus.h"
 #include "app/Music.h"
+#include "app/Presence.h"
 #include "app/Process.h"
 #include "app/Rips.h"
 #include "app/Search.h"
@@ -21,7 +22,6 @@
 #include "app/Stations.h"
 #include "app/Tagging.h"
 #include "app/Tone.h"
-#include "app/Visuals.h"
 #include "dialogs/DialogLogic.h"
 
 #include <span>
@@ -34,9 +34,10 @@ namespace tovik::app {
 /// of steps.
 class frmPlayer {
 public:
-    /// All of them outlive the player.
+    /// All of them outlive the player; without a shell the desktop offers nothing but windows.
     frmPlayer(const host::Host& host, sound::SoundLibrary& sound, window::PlayerWindow& window,
-              window::WindowOpener& windows, player::TrackEvents& events, StartOptions options);
+              window::WindowOpener& windows, player::TrackEvents& events, StartOptions options,
+              window::Shell* shell = nullptr);
     frmPlayer(const frmPlayer&) = delete;
     frmPlayer& operator=(const frmPlayer&) = delete;
 
@@ -82,6 +83,8 @@ public:
     [[nodiscard]] Visuals& visuals() { return visuals_; }
 
     [[nodiscard]] Desktop& desktop() { return desktop_; }
+
+    [[nodiscard]] Presence& presence() { return presence_; }
 
     [[nodiscard]] Search& search() { return search_; }
 
@@ -169,6 +172,7 @@ private:
     Menus menus_;
     Front front_;
     Visuals visuals_;
+    Presence presence_;
     Filling filling_;
     Discs discs_;
     Rips rips_;

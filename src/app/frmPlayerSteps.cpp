@@ -38,6 +38,7 @@ const std::span<const frmPlayer::Step> frmPlayer::kLoadSteps = [] {
         Step{"draw the equalizer", in<&P::front_, &Front::drawEqualizer>},
         Step{"show the volume", in<&P::front_, &Front::showVolume>},
         Step{"load the menus", in<&P::menus_, &Menus::load>},
+        Step{"show the tray icon", in<&P::presence_, &Presence::showTray>},
         Step{"show the modes", in<&P::front_, &Front::showModes>},
         Step{"lay out the quick list", in<&P::front_, &Front::showQuickList>},
         Step{"apply the balance", in<&P::music_, &Music::applyBalance>},
@@ -72,6 +73,7 @@ const std::span<const frmPlayer::Step> frmPlayer::kEndSteps = [] {
         Step{"save the shortcuts", in<&P::menus_, &Menus::saveShortcuts>, false,
              in<&P::menus_, &Menus::load>},
         Step{"hide the window", in<&P::front_, &Front::hideWindow>},
+        Step{"hide the mini window", in<&P::presence_, &Presence::hideMini>},
         Step{"finish lists that are being saved", in<&P::filling_, &Filling::finishSaves>},
         Step{"save the settings", &P::saveSettings},
         Step{"save the equalizer", in<&P::tone_, &Tone::saveEqualizer>, false,
@@ -81,7 +83,7 @@ const std::span<const frmPlayer::Step> frmPlayer::kEndSteps = [] {
         Step{"let messengers hear the last of it", in<&P::desktop_, &Desktop::finishMessengers>},
         Step{"free the visualisation", in<&P::visuals_, &Visuals::free>},
         Step{"free the sound library", in<&P::music_, &Music::freeSound>},
-        Step{"remove the tray icon", &P::later},
+        Step{"remove the tray icon", in<&P::presence_, &Presence::hideTray>},
     };
     return std::span<const Step>(kSteps);
 }();

@@ -110,6 +110,7 @@ struct Comfort {
     bool tellsForeignSkin = false;        ///< a file that is no skin package
     bool startsWithoutPicture = false;    ///< a picture that is missing
     bool leavesUnknownSignsBlank = false; ///< signs that the display's glyphs leave out
+    bool aimsAtPointer = false;           ///< the place on the small position bar
 };
 
 } // namespace tovik::base

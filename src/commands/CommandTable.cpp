@@ -76,7 +76,7 @@ constexpr auto kTable = std::to_array<Command>({
     {Id::radioPanel, "Internet Radio Tuner", menu(9)},
     {Id::preferences, "Preferences", menu(10)},
     {Id::about, "About", menu(0)},
-    {Id::miniMode, "Mini mode"},
+    {Id::miniMode, "Mini mode", {}, toggle},
     {Id::foldQuickList, "Quick playlist", {}, toggle},
     {Id::alwaysOnTop, "Always On Top", menu(12), toggle},
     {Id::timeElapsed, "Time Elapsed", menu(13), choice},

@@ -33,7 +33,8 @@ struct PlayerState {
     bool SilenceSkipOn = false;
     bool IsWmaStream = false;
     bool EqualizerOn = false;
-    bool MiniModeOn = false;
+    bool MiniModeOn = false;    ///< the mini window is in use in the place of the main one
+    bool MiniModeShown = false; ///< and was shown since
     bool RippingNow = false;
     bool MessengerOn = false;
     bool StopAfterCurrent = false;      ///< the next end of a track stops instead of advancing

@@ -71,7 +71,7 @@ struct SettingRow {
 inline constexpr std::array kSettingTable{
     SettingRow{"MI", SettingKind::number, &PlayerState::MultipleInstances, ReadAt::groupLive},
     SettingRow{"AP", SettingKind::flag, &PlayerState::ShowSplash},
-    SettingRow{"SHI", SettingKind::firstDigit, &PlayerState::ShowInTaskbar},
+    SettingRow{"SHI", SettingKind::firstDigit, &PlayerState::ShowInTaskbar, ReadAt::groupLive},
     SettingRow{"CVL", SettingKind::number, &PlayerState::CurrentVolume, ReadAt::groupStep,
                SavedAt::rest},
     SettingRow{"CFD", SettingKind::flag, &PlayerState::CrossfadeOn, ReadAt::group, SavedAt::end},

@@ -95,6 +95,7 @@ void frmPreferences::apply(Effect effect) {
     case Effect::topmost:
         state.AlwaysOnTop = values_.ticked(Control::Check3) ? 1 : 0;
         p_.window.setTopmost(state.AlwaysOnTop == 1);
+        p_.window.mini().setTopmost(state.AlwaysOnTop == 1);
         break;
     case Effect::shuffle:
         applyMode(&player::PlayerState::ShuffleOn, Control::Check10, player::Mode::shuffle);

@@ -11,7 +11,7 @@ namespace tovik::window {
 namespace {
 
 /// Buttons that act on a click, without the tabs, which have faces of their own.
-bool isFlat(ui::ElementAddress element) {
+bool isFlatOnMain(ui::ElementAddress element) {
     const auto name = element.as<MainElement>();
     return std::ranges::find(tabs(), name, &Tab::name) == tabs().end() &&
            std::ranges::any_of(clickButtons(), [element](const auto& button) {
@@ -21,33 +21,32 @@ bool isFlat(ui::ElementAddress element) {
 
 } // namespace
 
+FlatFaces::FlatFaces(MainElements& elements) : FlatFaces(elements, isFlatOnMain) {}
+
 void FlatFaces::show(ui::ElementAddress element, ui::Shade shade) {
-    const auto name = element.as<MainElement>();
-    if (elements_.get(name, element.index).shade != shade) {
-        elements_.touch(name, element.index).shade = shade;
+    if (elements_.at(elements_.slotOf(element)).shade != shade) {
+        elements_.touchAt(element).shade = shade;
     }
 }
 
 bool FlatFaces::isOn(const ui::PointerEvent& event, ui::ElementAddress element) const {
-    return elements_.get(element.as<MainElement>(), element.index)
-        .box()
-        .contains(event.windowX, event.windowY);
+    return elements_.at(elements_.slotOf(element)).box().contains(event.windowX, event.windowY);
 }
 
 void FlatFaces::pointerEntered(ui::ElementAddress element) {
-    if (isFlat(element)) {
+    if (isFlat_(element)) {
         show(element, ui::Shade::Lighter);
     }
 }
 
 void FlatFaces::pointerLeft(ui::ElementAddress element) {
-    if (isFlat(element)) {
+    if (isFlat_(element)) {
         show(element, ui::Shade::None);
     }
 }
 
 void FlatFaces::mouseDown(const ui::PointerEvent& event) {
-    if (event.button == ui::MouseButton::Left && event.element && isFlat(*event.element)) {
+    if (event.button == ui::MouseButton::Left && event.element && isFlat_(*event.element)) {
         pressed_ = event.element;
         show(*pressed_, ui::Shade::Darker);
     }

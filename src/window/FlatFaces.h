@@ -6,7 +6,9 @@
 #include "ui/WindowInput.h"
 #include "window/MainElements.h"
 
+#include <functional>
 #include <optional>
+#include <utility>
 
 namespace tovik::window {
 
@@ -14,8 +16,12 @@ namespace tovik::window {
 /// business.
 class FlatFaces {
 public:
-    /// `elements` outlives the object.
-    explicit FlatFaces(MainElements& elements) : elements_(elements) {}
+    /// `isFlat` tells the buttons; `elements` outlives the object.
+    FlatFaces(ui::ElementStore& elements, std::function<bool(ui::ElementAddress)> isFlat)
+        : elements_(elements), isFlat_(std::move(isFlat)) {}
+
+    /// Those of the main window.
+    explicit FlatFaces(MainElements& elements);
 
     void pointerEntered(ui::ElementAddress element);
     void pointerLeft(ui::ElementAddress element);
@@ -28,7 +34,8 @@ private:
     void show(ui::ElementAddress element, ui::Shade shade);
     [[nodiscard]] bool isOn(const ui::PointerEvent& event, ui::ElementAddress element) const;
 
-    MainElements& elements_;
+    ui::ElementStore& elements_;
+    std::function<bool(ui::ElementAddress)> isFlat_;
     std::optional<ui::ElementAddress> pressed_;
 };
 

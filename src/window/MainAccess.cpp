@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/MainAccess.h"
 
+#include "window/AccessRows.h"
+
 #include <array>
 
 namespace tovik::window {
@@ -10,23 +12,7 @@ namespace {
 using N = MainElement;
 using enum ui::ElementRole;
 
-/// `count` places of one name, from index `first` on, each of `parts` elements.
-struct Row {
-    N name{};
-    ui::ElementRole role{};
-    std::size_t first = 0;
-    std::size_t count = 1;
-    std::size_t parts = 1;
-    std::optional<N> face{};
-};
-
-constexpr Row two(N name, ui::ElementRole role, N face) {
-    return {.name = name, .role = role, .face = face};
-}
-
-constexpr Row several(N name, ui::ElementRole role, std::size_t count) {
-    return {.name = name, .role = role, .count = count};
-}
+using Row = AccessRow<N>;
 
 constexpr auto kRows = std::to_array<Row>({
     // The tabs and the window's buttons.
@@ -108,17 +94,7 @@ constexpr auto kRows = std::to_array<Row>({
 } // namespace
 
 std::vector<ui::AccessPlace> mainAccess() {
-    std::vector<ui::AccessPlace> places;
-    for (const Row& row : kRows) {
-        for (std::size_t i = 0; i < row.count; ++i) {
-            places.push_back(
-                {.element = ui::addressOf(row.name, row.first + i),
-                 .parts = row.parts,
-                 .face = row.face ? std::optional(ui::addressOf(*row.face)) : std::nullopt,
-                 .role = row.role});
-        }
-    }
-    return places;
+    return accessPlaces<N>(kRows);
 }
 
 } // namespace tovik::window

@@ -4,30 +4,27 @@
 #include "window/PanelTable.h"
 #include "window/PositionMark.h"
 
-#include <array>
-#include <cstddef>
 #include <utility>
 
 namespace tovik::window {
 
 namespace {
 
-/// The digit elements and the places of their characters in "mm:ss"; the colon between them stays.
-constexpr std::array<std::size_t, 4> kDigits = {1, 2, 4, 5};
-
-constexpr const char* kMono = "Mono";
-constexpr const char* kStereo = "Stereo";
-
-Strip brightIf(bool bright) {
-    return bright ? Strip::Bright : Strip::Dim;
-}
+constexpr TrackPlaces kPlaces{
+    .info = ui::addressOf(MainElement::musicinfo_img),
+    .mono = ui::addressOf(MainElement::mono_img),
+    .stereo = ui::addressOf(MainElement::Stereo_img),
+    .volume = ui::addressOf(MainElement::shwchange),
+    .timed = ui::addressOf(MainElement::timed),
+    .digits = ui::addressOf(MainElement::Digit),
+};
 
 } // namespace
 
 MainDisplay::MainDisplay(const player::PlayerState& state, MainElements& elements,
                          TextFields& fields, ui::ImgScroller& scroller, SetCaption setCaption)
-    : state_(state), elements_(elements), fields_(fields), scroller_(scroller),
-      setCaption_(std::move(setCaption)) {}
+    : state_(state), elements_(elements), fields_(fields), track_(elements, fields, kPlaces),
+      scroller_(scroller), setCaption_(std::move(setCaption)) {}
 
 void MainDisplay::showFacts(const player::NowPlaying& playing) {
     showFormat(playing);
@@ -37,9 +34,7 @@ void MainDisplay::showFacts(const player::NowPlaying& playing) {
 }
 
 void MainDisplay::showFormat(const player::NowPlaying& playing) {
-    fields_.show(MainElement::musicinfo_img, 0, playing.infoText, Strip::Bright);
-    fields_.show(MainElement::mono_img, 0, kMono, brightIf(playing.mode == kMono));
-    fields_.show(MainElement::Stereo_img, 0, kStereo, brightIf(playing.mode == kStereo));
+    track_.showFormat(playing);
 }
 
 void MainDisplay::showTitles(const player::NowPlaying& playing) {
@@ -53,20 +48,9 @@ void MainDisplay::showCaptions(const player::NowPlaying& playing) {
 }
 
 void MainDisplay::showTime(const player::NowPlaying& playing) {
-    for (const std::size_t digit : kDigits) {
-        showDigit(digit, playing.time.at(digit - 1));
-    }
+    track_.showTime(playing);
     // The minus sign goes with the mode, on the panel that has a clock.
     applyPanel(elements_, state_, MainElement::timed);
-}
-
-void MainDisplay::showDigit(std::size_t place, char digit) {
-    ui::Element& element = elements_.touch(MainElement::timed, place);
-    element.caption = digit;
-    if (digit >= '0' && digit <= '9') {
-        element.picture =
-            elements_.get(MainElement::Digit, static_cast<std::size_t>(digit - '0')).picture;
-    }
 }
 
 void MainDisplay::showPosition(const player::NowPlaying& playing) {
@@ -75,7 +59,7 @@ void MainDisplay::showPosition(const player::NowPlaying& playing) {
 }
 
 void MainDisplay::showVolume(const player::NowPlaying& playing) {
-    fields_.show(MainElement::shwchange, 0, playing.volumeText, Strip::Bright);
+    track_.showVolume(playing);
 }
 
 void MainDisplay::showBalance(const player::NowPlaying& playing) {

@@ -6,7 +6,7 @@
 #include "player/PlayerState.h"
 #include "ui/ImgScroller.h"
 #include "window/MainElements.h"
-#include "window/TextFields.h"
+#include "window/TrackFields.h"
 
 #include <functional>
 #include <string>
@@ -38,11 +38,10 @@ public:
     void showNotice(const player::NowPlaying& playing) override;
 
 private:
-    void showDigit(std::size_t place, char digit);
-
     const player::PlayerState& state_;
     MainElements& elements_;
     TextFields& fields_;
+    TrackFields track_;
     ui::ImgScroller& scroller_;
     SetCaption setCaption_;
 };

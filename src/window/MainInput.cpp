@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/MainInput.h"
 
-#include "menus/Accelerator.h"
 #include "ui/Twips.h"
 #include "window/TimeDisplay.h"
 
@@ -12,8 +11,6 @@ namespace tovik::window {
 namespace {
 
 constexpr int kEscape = 27;
-constexpr int kMenuKey = 0x5D;
-constexpr int kF10 = 0x79;
 
 bool isLeft(const ui::PointerEvent& event) {
     return event.button == ui::MouseButton::Left;
@@ -26,25 +23,11 @@ const PressButton* pressedOf(const ui::PointerEvent& event) {
     return found == pressButtons().end() ? nullptr : &*found;
 }
 
-/// Held down, such a key would undo with each repetition what it did.
-bool flips(const menus::AcceleratorKey& key) {
-    const auto map = commands::ClsShortcut::map();
-    const auto row = std::ranges::find_if(
-        map, [&](const auto& one) { return one.keyCode == key.keyCode && one.shift == key.shift; });
-    return row != map.end() &&
-           (row->command == commands::CommandId::pause ||
-            commands::commandOf(row->command).kind == commands::CommandKind::toggle);
-}
-
 } // namespace
 
 MainInput::MainInput(const MainInputParts& parts)
     : p_(parts), bars_(parts.elements, parts.grips), sliders_(parts.grips.sliders),
-      keyWindow_([this](const ui::WindowMessage& key) {
-          const bool used =
-              p_.keys.ShortCut(static_cast<int>(key.wParam), static_cast<int>(key.lParam));
-          return ui::MessageResult{used ? 1 : 0};
-      }) {}
+      keys_(parts.keys, parts.core.errors, parts.menus) {}
 
 void MainInput::press(const PressButton& button, bool pressed) {
     p_.elements.touch(button.up).visible = !pressed;
@@ -102,15 +85,6 @@ void MainInput::popUpMenu(const ui::PointerEvent& event) {
     }
 }
 
-bool MainInput::popUpByKey(const ui::KeyEvent& event) {
-    const bool asks = event.code == kMenuKey || (event.code == kF10 && event.modifiers.shift);
-    if (!asks || p_.menus == nullptr) {
-        return false;
-    }
-    p_.menus->popUp(MenuRoot::mnuMain, p_.elements.get(MainElement::iconIMG).box());
-    return true;
-}
-
 void MainInput::moveTo(const ui::PointerEvent& event) {
     // There is no title bar: the window is taken by its bare background.
     if (event.leftHeld && event.over(MainElement::mainIMG)) {
@@ -164,24 +138,16 @@ void MainInput::wheel(const ui::PointerEvent& event, double notches) {
 }
 
 bool MainInput::keyDown(const ui::KeyEvent& event) {
-    const menus::AcceleratorKey pressed = menus::acceleratorKeyOf(event);
-    if (event.repeated && (claimsKey(event) || flips(pressed))) {
-        return true;
-    }
-    bool used = true;
-    config::guard(p_.core.errors, config::player("Keydown"), [&] {
-        used = keyWindow_.send({ui::messages::kKeyDown, pressed.keyCode, pressed.shift}) != 0 ||
-               popUpByKey(event);
-    });
+    const bool used = keys_.keyDown(event, p_.elements.get(MainElement::iconIMG).box());
     if (!used && event.code == kEscape) {
         p_.window.takeFocus();
-        used = true;
+        return true;
     }
     return used;
 }
 
 bool MainInput::claimsKey(const ui::KeyEvent& event) const {
-    return p_.menus != nullptr && p_.menus->hasAccelerator(event);
+    return keys_.claimsKey(event);
 }
 
 /// Before the start has put it where the settings say, its place is nobody's choice.

@@ -4,14 +4,13 @@
 
 #include "commands/ClsShortcut.h"
 #include "player/Core.h"
-#include "ui/MessageWindow.h"
 #include "ui/WindowInput.h"
 #include "window/EqualizerInput.h"
 #include "window/Grips.h"
+#include "window/KeyRoute.h"
 #include "window/MainBars.h"
 #include "window/MainButtons.h"
 #include "window/MainElements.h"
-#include "window/MenuPopper.h"
 #include "window/Panels.h"
 #include "window/PlayerWindow.h"
 #include "window/VisualInput.h"
@@ -33,9 +32,11 @@ class MainInput final : public ui::WindowInput {
 public:
     explicit MainInput(const MainInputParts& parts);
 
-    /// Where keys go. Its own procedure is the keyboard map; who stands in front of it gets them
-    /// first (`ui::messages::kKeyDown`: key code and shift state as the map has them).
-    [[nodiscard]] ui::MessageWindow& keyWindow() { return keyWindow_; }
+    /// The way that the keys of all windows go.
+    [[nodiscard]] KeyRoute& keys() { return keys_; }
+
+    /// Where they go.
+    [[nodiscard]] ui::MessageWindow& keyWindow() { return keys_.window(); }
 
     /// Who gets what the mouse does on the area of the visualisation; it outlives the input.
     void tellVisual(VisualInput& visual) { visual_ = &visual; }
@@ -66,7 +67,6 @@ private:
     void press(const PressButton& button, bool pressed);
     void pressAt(const ui::PointerEvent& event);
     void popUpMenu(const ui::PointerEvent& event);
-    [[nodiscard]] bool popUpByKey(const ui::KeyEvent& event);
     void moveTo(const ui::PointerEvent& event);
     void releaseAt(const ui::PointerEvent& event);
     void click(const ui::PointerEvent& event);
@@ -74,7 +74,7 @@ private:
     MainInputParts p_;
     MainBars bars_;
     EqualizerInput sliders_;
-    ui::MessageWindow keyWindow_;
+    KeyRoute keys_;
     VisualInput* visual_ = nullptr;
 };
 

@@ -3,7 +3,7 @@
 
 #include "base/ErrorPlace.h"
 #include "base/RuntimeError.h"
-#include "skin/Bitmap.h"
+#include "window/SkinBitmaps.h"
 
 #include <algorithm>
 #include <string>
@@ -13,9 +13,6 @@ namespace tovik::window {
 
 namespace {
 
-constexpr std::string_view kFolder = "skins/CurrentSkin/";
-constexpr std::string_view kEnding = ".bmp";
-
 /// The button that the element is one of the two faces of; null for none.
 const ButtonFace* buttonOf(ui::ElementAddress element) {
     const auto name = element.as<MainElement>();
@@ -23,15 +20,6 @@ const ButtonFace* buttonOf(ui::ElementAddress element) {
     const auto found = std::ranges::find_if(
         faces, [name](const ButtonFace& face) { return face.up == name || face.down == name; });
     return found == faces.end() ? nullptr : &*found;
-}
-
-/// An error names the file.
-ui::PixelImage loadPicture(const std::string& path) {
-    try {
-        return skin::loadBitmap(path);
-    } catch (const base::RuntimeError& error) {
-        throw base::withPlace(error, path);
-    }
 }
 
 } // namespace
@@ -92,10 +80,8 @@ bool MainSkin::tooLarge(const ui::PixelImage& image) const {
 }
 
 void MainSkin::load(const Binding& binding) {
-    std::string name(kFolder);
-    name.append(binding.file).append(kEnding);
-    const std::string path = paths_.inside(name);
-    ui::PixelImage image = loadPicture(path);
+    const std::string path = skinBitmapPath(paths_, binding.file);
+    ui::PixelImage image = loadSkinBitmap(path);
     if (binding.to.name == MainElement::mainIMG && tooLarge(image)) {
         throw base::withPlace(base::RuntimeError(base::ErrorNumber::InvalidPicture), path);
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/MainView.h"
 
-#include "ui/cDIBSection.h"
+#include "window/WindowOutline.h"
 
 #include <array>
 #include <string>
@@ -54,15 +54,7 @@ MainView::~MainView() {
 }
 
 void MainView::shapeWindow() {
-    const ui::PixelImage* const ground = pictures.find(elements.get(MainElement::mainIMG).picture);
-    ui::cDIBSection dib;
-    if (ground == nullptr || !dib.CreateFromPicture(*ground)) {
-        return;
-    }
-    shape_.Create(dib);
-    if (ui::RegionWindow* const outline = window.shape(); outline != nullptr) {
-        shape_.Applied(*outline, true);
-    }
+    cutOutline(shape_, pictures.find(elements.get(MainElement::mainIMG).picture), window);
 }
 
 void MainView::showModes() {
@@ -86,6 +78,9 @@ void MainView::drawTitle(std::u32string_view characters) {
     if (window.visible()) {
         // Without a strip of glyphs the caption stands still.
         static_cast<void>(fields.draw(MainElement::songname, 0, characters, Strip::Bright));
+    }
+    if (titleElsewhere) {
+        titleElsewhere(characters);
     }
 }
 

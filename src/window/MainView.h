@@ -21,6 +21,7 @@
 #include "window/SkinInput.h"
 #include "window/TimeDisplay.h"
 
+#include <functional>
 #include <string_view>
 
 namespace tovik::window {
@@ -50,6 +51,9 @@ struct MainView {
 
     /// The words that stand in the display follow the language.
     void showWords();
+
+    /// Gets the title as far as it has moved, beside the window; none: nobody does.
+    std::function<void(std::u32string_view)> titleElsewhere;
 
     const player::Core& core;
     PlayerWindow& window;

@@ -15,32 +15,6 @@ constexpr double kAll = 100;
 
 } // namespace
 
-void PositionBar::Posbar_MouseDown(double x) {
-    config::guard(core_.errors, config::player("posbar_mousedown"), [&] {
-        if (seek_.take()) {
-            moveMark(x);
-        }
-    });
-}
-
-void PositionBar::Posbar_MouseMove(double x) {
-    if (seek_.drag()) {
-        moveMark(x);
-        seek_.preview(percentAt(x));
-    }
-}
-
-void PositionBar::Posbar_MouseUp(double x) {
-    if (seek_.sounds()) {
-        moveMark(x);
-        seek_.seek(percentAt(x));
-    } else if (!seek_.taken()) {
-        return;
-    }
-    seek_.letGo();
-    window_.takeFocus();
-}
-
 void PositionBar::moveMark(double x) {
     const double width = elements_.get(MainElement::posbar).width;
     placeMark(elements_, std::clamp(x, 0.0, width - 1) + ui::kPointerWidth);

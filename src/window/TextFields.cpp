@@ -10,76 +10,77 @@
 
 namespace tovik::window {
 
-namespace {
+TextFields::TextFields(MainElements& elements, ui::PictureStore& pictures)
+    : TextFields(elements, pictures,
+                 {.kept = elements,
+                  .bright = ui::addressOf(MainElement::textImg),
+                  .dim = ui::addressOf(MainElement::textImg2),
+                  .source = ui::addressOf(MainElement::songname2)}) {}
 
 /// The source that text is drawn from holds the strip that was used last.
-void becomeSource(MainElements& elements, ui::Picture strip) {
-    if (elements.get(MainElement::songname2).picture != strip) {
-        elements.touch(MainElement::songname2).picture = strip;
+void TextFields::becomeSource(ui::Picture strip) {
+    if (element(strips_.source).picture != strip) {
+        elements_.touchAt(strips_.source).picture = strip;
     }
 }
 
-} // namespace
-
-void TextFields::show(MainElement name, std::size_t index, std::string_view words, Strip strip) {
-    ui::Element& element = elements_.touch(name, index);
-    element.caption = words;
-    element.textColour = strip == Strip::Bright ? rows::kWhite : rows::kDim;
-    static_cast<void>(draw(name, index, ui::drawableCharacters(words), strip));
+void TextFields::show(ui::ElementAddress field, std::string_view words, Strip strip) {
+    ui::Element& shown = elements_.touchAt(field);
+    shown.caption = words;
+    shown.textColour = strip == Strip::Bright ? rows::kWhite : rows::kDim;
+    static_cast<void>(draw(field, ui::drawableCharacters(words), strip));
 }
 
-bool TextFields::draw(MainElement name, std::size_t index, std::u32string_view characters,
-                      Strip strip) {
-    const ui::Picture source =
-        elements_.get(strip == Strip::Bright ? MainElement::textImg : MainElement::textImg2)
-            .picture;
+bool TextFields::draw(ui::ElementAddress field, std::u32string_view characters, Strip strip) {
+    const ui::ElementAddress kept = strip == Strip::Bright ? strips_.bright : strips_.dim;
+    const ui::Picture source = strips_.kept.at(strips_.kept.slotOf(kept)).picture;
     const ui::PixelImage* const glyphs = pictures_.find(source);
     if (glyphs == nullptr) {
         return false;
     }
-    becomeSource(elements_, source);
+    becomeSource(source);
     if (!ui::suitsStrips(characters)) {
-        writeSmall(name, index, characters, *glyphs);
+        writeSmall(field, characters, *glyphs);
         return true;
     }
-    const ui::Element& element = elements_.get(name, index);
-    const auto width = static_cast<int>(std::lround(element.width));
+    const ui::Element& shown = element(field);
+    const auto width = static_cast<int>(std::lround(shown.width));
     const std::size_t fitting = static_cast<std::size_t>(std::max(width, 0)) / ui::kGlyphWidth + 1;
     Drawn wanted{.picture = {},
                  .strip = source,
                  .characters = std::u32string(characters.substr(0, fitting)),
-                 .width = element.width,
-                 .height = element.height};
-    Drawn& last = drawn_[{name, index}];
+                 .width = shown.width,
+                 .height = shown.height};
+    Drawn& last = drawn_[{field.name, field.index}];
     if (!last.picture || !last.sameAs(wanted)) {
         ui::cMemDC surface;
-        surface.Init(width, static_cast<int>(std::lround(element.height)));
+        surface.Init(width, static_cast<int>(std::lround(shown.height)));
         ui::drawText(surface, *glyphs, wanted.characters);
         wanted.picture = last.picture ? pictures_.replace(last.picture, surface.DetachBitmap())
                                       : pictures_.add(surface.DetachBitmap());
         last = std::move(wanted);
     }
-    if (element.picture != last.picture || !element.smallText.empty()) {
-        ui::Element& written = elements_.touch(name, index);
+    if (shown.picture != last.picture || !shown.smallText.empty()) {
+        ui::Element& written = elements_.touchAt(field);
         written.picture = last.picture;
         written.smallText.clear();
     }
     return true;
 }
 
-void TextFields::writeSmall(MainElement name, std::size_t index, std::u32string_view characters,
+void TextFields::writeSmall(ui::ElementAddress field, std::u32string_view characters,
                             const ui::PixelImage& strip) {
-    const ui::Element& before = elements_.get(name, index);
+    const ui::Element& before = element(field);
     // No character is narrower than a pixel.
     const auto fitting = static_cast<std::size_t>(std::max(before.width, 0.0));
     const std::string words = ui::utf8Of(characters.substr(0, fitting));
     const ui::StripColours colours = ui::stripColours(strip);
     if (before.smallText != words || before.textColour != colours.ink ||
         before.backColour != colours.ground) {
-        ui::Element& element = elements_.touch(name, index);
-        element.smallText = words;
-        element.textColour = colours.ink;
-        element.backColour = colours.ground;
+        ui::Element& written = elements_.touchAt(field);
+        written.smallText = words;
+        written.textColour = colours.ink;
+        written.backColour = colours.ground;
     }
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The small fields of the main window that show words: with the glyphs of the skin's strips, and as
+// The small fields of a window that show words: with the glyphs of the skin's strips, and as
 // plain captions as long as there are none. Interface thread.
 #pragma once
 
@@ -16,27 +16,55 @@ namespace tovik::window {
 /// The strip that words are drawn with.
 enum class Strip { Bright, Dim };
 
+/// The elements that keep the strips, and the one of the window itself that holds the strip that
+/// was used last.
+struct StripPlaces {
+    const ui::ElementStore& kept;
+    ui::ElementAddress bright;
+    ui::ElementAddress dim;
+    ui::ElementAddress source;
+};
+
 class TextFields {
 public:
-    /// Both outlive the object.
-    TextFields(MainElements& elements, ui::PictureStore& pictures)
-        : elements_(elements), pictures_(pictures) {}
+    /// All of them outlive the object.
+    TextFields(ui::ElementStore& elements, ui::PictureStore& pictures, const StripPlaces& strips)
+        : elements_(elements), pictures_(pictures), strips_(strips) {}
+
+    /// Those of the main window, which keeps the strips.
+    TextFields(MainElements& elements, ui::PictureStore& pictures);
 
     /// Shows words on an element: bytes, valid UTF-8 or else Windows-1252. Nothing is drawn anew
     /// for words that it shows already. Letters that the strips lack become base letters; words
     /// that they cannot draw then either are drawn with a small font.
-    void show(MainElement name, std::size_t index, std::string_view words, Strip strip);
+    void show(ui::ElementAddress field, std::string_view words, Strip strip);
+
+    template <typename Name>
+    void show(Name name, std::size_t index, std::string_view words, Strip strip) {
+        show(ui::addressOf(name, index), words, strip);
+    }
 
     /// The same with characters as they are to be drawn (see `drawableCharacters`), of which only
     /// the first ones fit, as a title that scrolls has them; its caption stays. Whether there is a
     /// strip to draw with.
-    [[nodiscard]] bool draw(MainElement name, std::size_t index, std::u32string_view characters,
-                            Strip strip);
+    [[nodiscard]] bool draw(ui::ElementAddress field, std::u32string_view characters, Strip strip);
+
+    template <typename Name>
+    [[nodiscard]] bool draw(Name name, std::size_t index, std::u32string_view characters,
+                            Strip strip) {
+        return draw(ui::addressOf(name, index), characters, strip);
+    }
 
 private:
     /// Leaves the words to a small font, in the colours of the strip.
-    void writeSmall(MainElement name, std::size_t index, std::u32string_view characters,
+    void writeSmall(ui::ElementAddress field, std::u32string_view characters,
                     const ui::PixelImage& strip);
+
+    void becomeSource(ui::Picture strip);
+
+    [[nodiscard]] const ui::Element& element(ui::ElementAddress address) const {
+        return elements_.at(elements_.slotOf(address));
+    }
 
     /// What an element's picture was drawn from.
     struct Drawn {
@@ -52,9 +80,10 @@ private:
         }
     };
 
-    MainElements& elements_;
+    ui::ElementStore& elements_;
     ui::PictureStore& pictures_;
-    std::map<std::pair<MainElement, std::size_t>, Drawn> drawn_;
+    StripPlaces strips_;
+    std::map<std::pair<std::uint16_t, std::uint16_t>, Drawn> drawn_; ///< by name and index
 };
 
 } // namespace tovik::window

@@ -63,7 +63,7 @@ AppRig::~AppRig() {
 app::frmPlayer& AppRig::player() {
     if (!player_) {
         player_ = std::make_unique<app::frmPlayer>(host_.host(), sound_, window_, windows_, news_,
-                                                   options_);
+                                                   options_, shell_);
     }
     return *player_;
 }

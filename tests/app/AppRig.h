@@ -21,7 +21,7 @@ namespace tovik::test {
 /// whole order.
 class RecordingWindow final : public window::PlayerWindow {
 public:
-    explicit RecordingWindow(std::vector<std::string>& calls) : calls_(calls) {}
+    explicit RecordingWindow(std::vector<std::string>& calls) : calls_(calls), miniWindow(calls) {}
 
     static constexpr std::uintptr_t kNumber = 77;
 
@@ -76,6 +76,46 @@ public:
         return std::make_unique<Screen>(*this);
     }
 
+    /// The small window, noted in the same way.
+    class Mini final : public window::SkinnedWindow {
+    public:
+        explicit Mini(std::vector<std::string>& calls) : calls_(calls) {}
+
+        std::string caption;
+        bool seen = true;
+        int drags = 0;
+        Outline outline;
+
+        void show() override { calls_.emplace_back("mini shown"); }
+
+        void hide() override { calls_.emplace_back("mini hidden"); }
+
+        void minimise() override { calls_.emplace_back("mini minimised"); }
+
+        void bringToFront(const std::string& token) override {
+            calls_.push_back(token.empty() ? "mini to the front" : "mini to the front " + token);
+        }
+
+        [[nodiscard]] bool visible() const override { return seen; }
+
+        [[nodiscard]] ui::RegionWindow* shape() override { return &outline; }
+
+        void beginDrag() override { ++drags; }
+
+        void setCaption(const std::string& text) override { caption = text; }
+
+        void setTaskbarButton(bool shown) override {
+            calls_.emplace_back(shown ? "mini on the task bar" : "mini not on the task bar");
+        }
+
+        void setTopmost(bool topmost) override {
+            calls_.emplace_back(topmost ? "mini on top" : "mini not on top");
+        }
+
+    private:
+        std::vector<std::string>& calls_;
+    };
+
     void show() override { calls_.emplace_back("window shown"); }
 
     void showSplash() override { calls_.emplace_back("splash shown"); }
@@ -83,6 +123,10 @@ public:
     void endSplash() override { calls_.emplace_back("splash ended"); }
 
     [[nodiscard]] ui::RegionWindow* shape() override { return &outline; }
+
+    [[nodiscard]] window::SkinnedWindow& mini() override { return miniWindow; }
+
+    void minimise() override { calls_.emplace_back("window minimised"); }
 
     [[nodiscard]] bool visible() const override { return seen; }
 
@@ -117,6 +161,9 @@ public:
 
 private:
     std::vector<std::string>& calls_;
+
+public:
+    Mini miniWindow;
 };
 
 /// Keeps which windows were asked for.
@@ -161,6 +208,9 @@ protected:
     /// The player, made at the first call, for that command line.
     app::frmPlayer& player();
 
+    /// Takes the player down while all that it uses is there.
+    void endPlayer() { player_.reset(); }
+
     /// Both phases of the start, as long as the process has not ended.
     void start();
 
@@ -192,6 +242,7 @@ protected:
     RecordingOpener windows_;
     RecordingNews news_{sound_.calls};
     app::StartOptions options_;
+    window::Shell* shell_ = nullptr; ///< none: a desktop that offers nothing
 
 private:
     std::unique_ptr<app::frmPlayer> player_;

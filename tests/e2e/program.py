@@ -5,6 +5,7 @@ import contextlib
 import os
 import re
 import shutil
+import signal
 import socket
 import struct
 import subprocess
@@ -158,11 +159,15 @@ class ProgramTest(unittest.TestCase):
         """The ids of the windows that are shown and match."""
         return self.tool("xdotool", "search", "--onlyvisible", *pattern).stdout.split()
 
+    def windows_of_role(self, role):
+        """The windows of the program that are shown in that role."""
+        return [window for window in self.shown("--class", "tovik")
+                if f'"{role}"' in self.tool("xprop", "-id", window, "WM_WINDOW_ROLE").stdout]
+
     def player_windows(self):
         """The player's window, if it is shown: the role tells it, as its caption follows the
         track."""
-        return [window for window in self.shown("--class", "tovik")
-                if '"player"' in self.tool("xprop", "-id", window, "WM_WINDOW_ROLE").stdout]
+        return self.windows_of_role("player")
 
     def boxes(self, title):
         """The boxes and dialogs whose title begins so."""
@@ -201,6 +206,16 @@ class ProgramTest(unittest.TestCase):
                 player.kill()
             raise AssertionError(f"status {player.returncode}, said {player.stderr.read()}") \
                 from failure
+
+    def start_shown(self, *words):
+        """The player on the silent device, with its window in front: `player` and `main`."""
+        self.player = self.start_program("--device", "silent", *words)
+        self.main = self.window_of(self.player)
+        self.tool("xdotool", "windowactivate", "--sync", self.main)
+
+    def end_shown(self):
+        self.player.send_signal(signal.SIGTERM)
+        self.assertEqual(self.player.wait(LIMIT), 0)
 
     def keep_screenshot(self, name):
         """A picture of the whole screen among the artefacts; returns its path."""

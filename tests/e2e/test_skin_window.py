@@ -9,10 +9,10 @@ import struct
 import time
 import unittest
 
+from pictures import KEY, Picture, read_bmp
 from program import LIMIT, ProgramTest, media
 
 WIDTH, HEIGHT = 470, 312  # of the window
-KEY = (235, 222, 14)  # the colour of a bitmap that is no part of the picture
 GROUND = (350, 285)  # a place where nothing stands
 SCREEN = (40, 140)  # a place of the display where nothing stands
 WHITE = (255, 255, 255)
@@ -27,7 +27,7 @@ PANELS = {
 }
 
 # Buttons that have nothing to do yet.
-DISABLED = ("minmode",)
+DISABLED = ()
 PALE = 0.45  # how much of such a picture is seen over the ground
 
 # Each button that has an up, an over and a down face, and where it stands.
@@ -36,38 +36,6 @@ BUTTONS = {
     "next": (156, 270), "file": (202, 270), "minmode": (385, 10), "min": (405, 10),
     "close": (425, 10),
 }
-
-
-class Picture:
-    """Rows of (red, green, blue)."""
-
-    def __init__(self, width, height, pixels):
-        self.width, self.height, self.pixels = width, height, pixels
-
-    def at(self, x, y):
-        return self.pixels[y * self.width + x]
-
-    def part(self, left, top, width, height):
-        return [self.at(x, y) for y in range(top, top + height) for x in range(left, left + width)]
-
-    def shows(self, bitmap, left, top):
-        """Whether the bitmap stands there, apart from what is cut out of it."""
-        here = self.part(left, top, bitmap.width, bitmap.height)
-        return all(want in (KEY, seen) for want, seen in zip(bitmap.pixels, here))
-
-
-def read_bmp(path):
-    with open(path, "rb") as file:
-        data = file.read()
-    start, width, height, bits = (struct.unpack_from("<I", data, 10)[0],
-                                  *struct.unpack_from("<ii", data, 18),
-                                  struct.unpack_from("<H", data, 28)[0])
-    assert bits == 24 and height > 0, path
-    stride = (width * 3 + 3) // 4 * 4
-    starts = [start + y * stride for y in reversed(range(height))]
-    rows = [data[place:place + width * 3] for place in starts]
-    return Picture(width, height, [tuple(row[x:x + 3][::-1]) for row in rows
-                                   for x in range(0, width * 3, 3)])
 
 
 def paint_bmp(path, colour, left, top, width, height):

@@ -6,6 +6,7 @@
 #include "window/BalanceBar.h"
 #include "window/EqualizerSliders.h"
 #include "window/ModeFaces.h"
+#include "window/PlayerWindow.h"
 #include "window/PositionBar.h"
 #include "window/VolumeBar.h"
 

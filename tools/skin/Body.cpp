@@ -173,20 +173,28 @@ void paintBody(QPainter& painter) {
     }
     paintDeck(painter);
     paintCard(painter, kListTitle, 16);
-    QLinearGradient rim(0, 0, 0, kWindow.height());
+    paintRim(painter, outline, kWindow.height());
+}
+
+void paintBodyUnder(QPainter& painter, const QRectF& box) {
+    paintPart(painter, box, paintBody);
+}
+
+void paintPart(QPainter& painter, const QRectF& box, void (*paint)(QPainter&)) {
+    painter.save();
+    painter.translate(-box.topLeft());
+    painter.setClipRect(box);
+    paint(painter);
+    painter.restore();
+}
+
+void paintRim(QPainter& painter, const QPainterPath& outline, double height) {
+    QLinearGradient rim(0, 0, 0, height);
     rim.setColorAt(0, colourOf(kShellRim));
     rim.setColorAt(0.3, colourOf(kShell.bottom));
     rim.setColorAt(1, colourOf(kShellFoot));
     painter.strokePath(outline, QPen(rim, 4));
     painter.strokePath(outline, QPen(colourOf(kShellFoot), 1.4));
-}
-
-void paintBodyUnder(QPainter& painter, const QRectF& box) {
-    painter.save();
-    painter.translate(-box.topLeft());
-    painter.setClipRect(box);
-    paintBody(painter);
-    painter.restore();
 }
 
 } // namespace tovik::skinart

@@ -13,6 +13,12 @@ namespace tovik::skinart {
 /// The whole body, in the window's coordinates, without a hole outside the outline.
 void paintBody(QPainter& painter);
 
+/// The edge of a shell of that height.
+void paintRim(QPainter& painter, const QPainterPath& outline, double height);
+
+/// The part of what `paint` paints, in a window's coordinates, that lies under a box of it.
+void paintPart(QPainter& painter, const QRectF& box, void (*paint)(QPainter&));
+
 /// The part of the body that lies under a box of the window, for a picture of that box.
 void paintBodyUnder(QPainter& painter, const QRectF& box);
 

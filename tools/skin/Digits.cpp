@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Families.h"
 #include "Grounds.h"
+#include "MiniBody.h"
 #include "Shapes.h"
 #include "Strokes.h"
 
@@ -107,18 +108,40 @@ void colon(QPainterPath& path) {
 
 constexpr std::array<Steps, 10> kDigits{zero, one, two, three, four, five, six, seven, eight, nine};
 
+void paintSteps(QPainter& painter, Steps steps) {
+    QPainterPath path;
+    steps(path);
+    QColor halo = QColor::fromRgb(kGlow);
+    halo.setAlpha(38);
+    painter.fillPath(placed(stroked(path, kStroke + kHalo)), halo);
+    const QRectF cell(0, 0, 14, 17);
+    painter.fillPath(placed(stroked(path, kStroke)), downwards(cell, {0xFFC4F4FF, 0xFF62DBFF}));
+}
+
 Drawing cell(std::string name, Spot kept, Steps steps) {
-    const auto paint = [steps](QPainter& painter) {
-        QPainterPath path;
-        steps(path);
-        QColor halo = QColor::fromRgb(kGlow);
-        halo.setAlpha(38);
-        painter.fillPath(placed(stroked(path, kStroke + kHalo)), halo);
-        const QRectF cell(0, 0, 14, 17);
-        painter.fillPath(placed(stroked(path, kStroke)), downwards(cell, {0xFFC4F4FF, 0xFF62DBFF}));
-    };
     return cutFrom(paintScreenUnder({N::timed, 1}),
-                   drawingFor(std::move(name), {N::timed, 1}, kept, paint));
+                   drawingFor(std::move(name), {N::timed, 1}, kept,
+                              [steps](QPainter& painter) { paintSteps(painter, steps); }));
+}
+
+// A cell of the mini window is smaller, and its lines begin further left.
+constexpr QSize kMiniCell(10, 15);
+constexpr double kMiniScale = 0.84;
+constexpr double kMiniLeft = -0.9;
+
+/// Its lines lie `shift` further to the right in the small cell.
+Drawing miniCell(std::string name, Steps steps, double shift = 0) {
+    return {.name = std::move(name),
+            .size = kMiniCell,
+            .paint =
+                [steps, shift](QPainter& painter) {
+                    painter.fillRect(QRectF(QPointF(0, 0), QSizeF(kMiniCell)),
+                                     QColor::fromRgb(kMiniGlass));
+                    painter.translate(kMiniLeft + shift, 0);
+                    painter.scale(kMiniScale, kMiniScale);
+                    paintSteps(painter, steps);
+                },
+            .spot = {}};
 }
 
 } // namespace
@@ -131,6 +154,21 @@ Drawings digitDrawings() {
     all.push_back(cell("dash", {N::timed, 0}, minus));
     all.push_back(cell("dbldot", {N::timed, 3}, colon));
     return all;
+}
+
+Drawings miniDigitDrawings() {
+    Drawings all;
+    for (std::size_t digit = 0; digit < kDigits.size(); ++digit) {
+        all.push_back(miniCell("minmode_" + std::to_string(digit), kDigits.at(digit)));
+    }
+    return all;
+}
+
+Drawings miniSignDrawings() {
+    // In its own cell each stands in the middle.
+    constexpr double kMinusShift = 0.8;
+    constexpr double kColonShift = 3.8;
+    return {miniCell("mini_dash", minus, kMinusShift), miniCell("mini_colon", colon, kColonShift)};
 }
 
 } // namespace tovik::skinart

@@ -17,5 +17,9 @@ namespace tovik::skinart {
 [[nodiscard]] Drawings flatButtonDrawings(); ///< buttons with a single look
 [[nodiscard]] Drawings barDrawings();        ///< position, volume and balance
 [[nodiscard]] Drawings equalizerDrawings();  ///< ground, slots and scales of the equalizer
+[[nodiscard]] Drawings miniDrawings();       ///< the mini window: its body and the transport
+[[nodiscard]] Drawings miniDigitDrawings();  ///< its digits
+[[nodiscard]] Drawings miniWindowPictures(); ///< what no file of a skin gives it
+[[nodiscard]] Drawings miniSignDrawings();   ///< minus and colon, likewise
 
 } // namespace tovik::skinart

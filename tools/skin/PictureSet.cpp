@@ -13,14 +13,14 @@ namespace tovik::skinart {
 namespace {
 
 /// A pixel belongs to the window if its middle does: it is window or nothing, never a mixture.
-void cutOut(QImage& image, int scale) {
+void cutOut(QImage& image, const QPainterPath& outline, int scale) {
     const QRgb key = keyPixel();
     QImage inside(image.size(), QImage::Format_ARGB32);
     inside.fill(0);
     QPainter painter(&inside);
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.scale(scale, scale);
-    painter.fillPath(bodyOutline(), Qt::black);
+    painter.fillPath(outline, Qt::black);
     painter.end();
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
@@ -115,7 +115,7 @@ QImage rendered(const Drawing& drawing, int scale) {
     drawing.paint(painter);
     painter.end();
     if (drawing.cut == Cut::Outside) {
-        cutOut(image, scale);
+        cutOut(image, drawing.outline != nullptr ? drawing.outline() : bodyOutline(), scale);
     } else if (drawing.cut == Cut::Ground) {
         cutGround(image, drawing, scale);
     }
@@ -133,6 +133,18 @@ Drawings skinDrawings() {
     append(all, modeDrawings());
     append(all, indicatorDrawings());
     append(all, flatButtonDrawings());
+    return all;
+}
+
+Drawings miniSkinDrawings() {
+    Drawings all = miniDrawings();
+    append(all, miniDigitDrawings());
+    return all;
+}
+
+Drawings miniWindowDrawings() {
+    Drawings all = miniWindowPictures();
+    append(all, miniSignDrawings());
     return all;
 }
 

@@ -9,6 +9,7 @@
 #include <functional>
 #include <QImage>
 #include <QPainter>
+#include <QPainterPath>
 #include <QSize>
 #include <string>
 #include <vector>
@@ -33,11 +34,13 @@ struct Drawing {
     std::string name; ///< of the file, without its ending
     QSize size;       ///< in skin pixels
     std::function<void(QPainter&)> paint;
-    /// The element that shows it, or the store that keeps it.
+    /// The element that shows it, or the store that keeps it; of the main window's pictures.
     Spot spot;
     Cut cut = Cut::Nothing;
     /// What a drawing that is cut from its ground lies on; its smooth edges are mixed with that.
     std::function<void(QPainter&)> ground = nullptr;
+    /// Of `Cut::Outside`: the outline of a window other than the main one.
+    QPainterPath (*outline)() = nullptr;
 };
 
 using Drawings = std::vector<Drawing>;
@@ -69,6 +72,12 @@ using Drawings = std::vector<Drawing>;
 
 /// The files of the skin, in the order of their families.
 [[nodiscard]] Drawings skinDrawings();
+
+/// The files of the skin that the mini window shows.
+[[nodiscard]] Drawings miniSkinDrawings();
+
+/// The pictures of its elements that no file of a skin gives one.
+[[nodiscard]] Drawings miniWindowDrawings();
 
 /// The pictures of elements that no file of a skin gives one: bars, lamps and the equalizer's
 /// ground. They belong to the window.

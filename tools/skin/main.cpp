@@ -105,9 +105,11 @@ int run(std::vector<std::string> words) {
     if (scale == 0) {
         base::tell(kUsage);
     } else if (words.size() == 1 && !words.front().starts_with("--")) {
-        done = writeAll(skinDrawings(), words.front(), scale);
+        done = writeAll(skinDrawings(), words.front(), scale) &&
+               writeAll(miniSkinDrawings(), words.front(), scale);
     } else if (is("--window", 2)) {
-        done = writeAll(windowDrawings(), words.at(1), scale);
+        done = writeAll(windowDrawings(), words.at(1), scale) &&
+               writeAll(miniWindowDrawings(), words.at(1), scale);
     } else if (is("--icons", 2)) {
         done = writeIcons(words.at(1));
     } else if (is("--splash", 2)) {

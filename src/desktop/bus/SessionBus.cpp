@@ -19,19 +19,26 @@ bool hasAddress() {
 
 } // namespace
 
-void connectToSessionBus(QObject& context, std::function<void(QDBusConnection)> connected) {
+void connectToSessionBus(QObject& context, std::function<void(QDBusConnection)> connected,
+                         std::function<void()> failed) {
     if (!hasAddress()) {
+        if (failed) {
+            failed();
+        }
         return;
     }
-    std::thread([guard = QPointer<QObject>(&context), connected = std::move(connected)] {
+    std::thread([guard = QPointer<QObject>(&context), connected = std::move(connected),
+                 failed = std::move(failed)] {
         const QDBusConnection bus =
             QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("tovik"));
-        if (!bus.isConnected()) {
-            return;
-        }
-        QMetaObject::invokeMethod(qApp, [guard, connected, bus] {
-            if (guard) {
+        QMetaObject::invokeMethod(qApp, [guard, connected, failed, bus] {
+            if (!guard) {
+                return;
+            }
+            if (bus.isConnected()) {
                 connected(bus);
+            } else if (failed) {
+                failed();
             }
         });
     }).detach();

@@ -126,8 +126,10 @@ void WindowImage::drawElement(QPainter& painter, std::size_t slot, bool hovered)
 }
 
 void WindowImage::drawSliderBar(QPainter& painter, const Element& element) const {
-    const Box box{element.left, element.top + element.bar.top, element.width, element.bar.height};
+    Box box{element.left, element.top + element.bar.top, element.width, element.bar.height};
     if (const PixelImage* const bar = pictures_.find(element.bar.picture); bar != nullptr) {
+        // One that is narrower than its groove stands in the middle.
+        box.left += std::max((element.width - bar->width) / 2, 0.0);
         drawPicture(painter, *bar, box);
     } else {
         drawPlainSliderBar(painter, element, box);

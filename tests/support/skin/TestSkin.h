@@ -5,6 +5,7 @@
 
 #include "support/skin/Bitmaps.h"
 #include "window/MainBindings.h"
+#include "window/MiniSkin.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -16,6 +17,11 @@ namespace tovik::test {
 /// The colour (0xRRGGBB) of the skin's file number `number`, counted over all bindings.
 constexpr std::uint32_t testSkinColour(std::size_t number) {
     return 0x102030 + static_cast<std::uint32_t>(number);
+}
+
+/// Likewise of the mini window's files, which follow the others.
+constexpr std::uint32_t miniSkinColour(std::size_t number) {
+    return 0x400000 + static_cast<std::uint32_t>(number);
 }
 
 /// Writes every file into the skin's folder of that data folder.
@@ -35,6 +41,13 @@ inline void writeTestSkin(const std::string& dataFolder) {
                 << skin::plainBitmap(side(box.width), side(box.height), testSkinColour(number));
         }
         ++number;
+    }
+    const window::MiniElements mini(window::miniLayout());
+    for (std::size_t i = 0; i < window::miniBindings().size(); ++i) {
+        const window::MiniPicture& row = window::miniBindings()[i];
+        const ui::Box box = mini.get(row.element, row.index).box();
+        std::ofstream(folder / (std::string(row.name) + ".bmp"), std::ios::binary)
+            << skin::plainBitmap(side(box.width), side(box.height), miniSkinColour(i));
     }
 }
 

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The wing of what the player is on the desktop: which of its two windows is in use and whether it
+// is on the screen, the icon in the tray, the title popup. Interface thread.
+#pragma once
+
+#include "app/VisualElement.h"
+#include "app/Visuals.h"
+#include "commands/Commands.h"
+#include "player/StoredSettings.h"
+#include "window/frmMiniMode.h"
+#include "window/frmSysTray.h"
+#include "window/frmTitle.h"
+#include "window/PlayerWindow.h"
+
+#include <string>
+
+namespace tovik::app {
+
+/// Nobody else shows or hides one of the two windows after the start.
+class Presence : private player::TrackEvents {
+public:
+    /// All of it outlives the wing.
+    struct Needs {
+        const player::Core& core;
+        player::Knobs knobs;
+        window::MainView& main;
+        window::PlayerWindow& window;
+        host::Host host;
+        window::MenuPopper& menus;
+        Visuals& visuals;
+        player::StoredSettings& stored;
+        config::Version& version;
+        const commands::Commands& commands;
+        window::Shell* shell = nullptr; ///< null: a desktop that offers nothing
+    };
+
+    explicit Presence(const Needs& needs);
+    ~Presence() override;
+    Presence(const Presence&) = delete;
+    Presence& operator=(const Presence&) = delete;
+
+    void bind(commands::Commands& commands);
+
+    /// From one window to the other.
+    void enterMiniMode();
+    void leaveMiniMode();
+
+    /// Off the screen: hidden while a tray has the icon, else down to the task bar. Where there is
+    /// neither, the window stays.
+    void minimise();
+
+    /// The window in use comes to the screen, and gets the keyboard. The token is what the desktop
+    /// gave who asked for it; empty where it gave none.
+    void bringToFront(const std::string& token);
+
+    /// Neither window is on the screen, and only the tray brings one back.
+    [[nodiscard]] bool hidden() const { return hidden_; }
+
+    /// Shows where the settings say: in the tray, and on the task bar.
+    void ApplyShellPresence();
+
+    /// The window of the two that the user has now.
+    [[nodiscard]] window::SkinnedWindow& windowInUse();
+
+    // Steps of the start and the end --------------------------------------------------------------
+
+    void showTray();
+    void hideTray();
+    void hideMini();
+
+private:
+    window::NotifyArea noArea_;
+    window::TitlePopup noPopup_;
+    Needs p_;
+
+public:
+    window::frmMiniMode mini;
+    window::frmSysTray sysTray;
+    window::frmTitle title;
+
+private:
+    void showTitlePopup(const std::string& text) override { title.show_title(text); }
+
+    void reportNothing(const std::string& /*format*/, const std::string& /*word*/) override {
+        sysTray.tellTitle({});
+    }
+
+    void reportTrack(const player::TrackReport& report) override {
+        sysTray.tellTitle(report.listTitle);
+    }
+
+    [[nodiscard]] bool wantsTray();
+    void listenToTray();
+    void trayChanged();
+    void comeBack();
+
+    VisualElement miniArea_;
+    bool hidden_ = false;
+    bool leaving_ = false; ///< the icon went because the program does
+};
+
+} // namespace tovik::app

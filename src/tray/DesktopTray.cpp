@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tray/DesktopTray.h"
+
+#include "ui/MessageWindow.h"
+#include "ui/Twips.h"
+
+#include <QCoreApplication>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <utility>
+
+namespace tovik::tray {
+
+namespace {
+
+/// The name of the item on the bus: it goes with the process, so that a crash leaves no icon.
+QString serviceName() {
+    return QStringLiteral("org.kde.StatusNotifierItem-%1-1")
+        .arg(QCoreApplication::applicationPid());
+}
+
+QDBusMessage nameCall(const char* method) {
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"), QLatin1StringView(method));
+    call << serviceName();
+    return call;
+}
+
+constexpr quint32 kNoQueue = 4; ///< of RequestName: to have it or not
+
+} // namespace
+
+DesktopTray::DesktopTray(SessionBus& bus, const host::Dispatcher& dispatcher)
+    : sessionBus_(bus), dispatcher_(dispatcher) {
+    later_.setSingleShot(true);
+    later_.setInterval(kAfterFirstPaintMs);
+    later_.callOnTimeout(this, [this] { begin(); });
+}
+
+DesktopTray::~DesktopTray() {
+    events_ = {};
+    wanted_ = false;
+    ++attempt_;
+    if (object_) {
+        bus_->unregisterObject(QLatin1StringView(kNotifierPath));
+    }
+}
+
+bool DesktopTray::notify(window::NotifyCommand command, const window::NotifyIconData& data) {
+    if (command == window::NotifyCommand::remove) {
+        wanted_ = false;
+    } else {
+        wanted_ = wanted_ || command == window::NotifyCommand::add;
+        look_ = {.style = data.hIcon, .tooltip = data.szTip.data()};
+        if (item_ != nullptr) {
+            item_->setLook(look_);
+        }
+        if (embedded_) {
+            embedded_->setLook(look_);
+        }
+    }
+    if (begun_) {
+        place();
+    } else if (wanted_) {
+        later_.start();
+    }
+    return wanted_ || command == window::NotifyCommand::remove;
+}
+
+std::string DesktopTray::takeToken() {
+    return item_ != nullptr ? item_->takeToken() : std::string();
+}
+
+void DesktopTray::tell(const std::function<void()>& call) const {
+    if (call) {
+        dispatcher_.run(call);
+    }
+}
+
+/// The shell's own way to tell of the mouse.
+std::function<void()> DesktopTray::sends(std::uint32_t message) {
+    return [this, message] {
+        tell([this, message] {
+            if (events_.callback) {
+                events_.callback(static_cast<std::int32_t>(message) * ui::kTwipsPerPixel);
+            }
+        });
+    };
+}
+
+TrayClicks DesktopTray::clicks() {
+    return {.left = sends(ui::messages::kLeftUp),
+            .leftTwice = sends(ui::messages::kLeftDouble),
+            .right = sends(ui::messages::kRightUp),
+            .middle = [this] { tell(events_.middleClick); },
+            .wheel =
+                [this](double notches) {
+                    tell([this, notches] {
+                        if (events_.wheel) {
+                            events_.wheel(notches);
+                        }
+                    });
+                }};
+}
+
+void DesktopTray::begin() {
+    begun_ = true;
+    system_ = std::make_unique<ui::SystemTrayWatch>([this] { place(); });
+    sessionBus_.onFailed = [this] { place(); };
+    sessionBus_.whenReady([this](const QDBusConnection& bus) { joined(bus); });
+}
+
+void DesktopTray::joined(const QDBusConnection& bus) {
+    bus_ = bus;
+    watch_ = std::make_unique<NotifierWatch>(bus, [this] { place(); });
+}
+
+void DesktopTray::place() {
+    const bool hosted = watch_ && watch_->hosted();
+    // As long as the bus may still say that it has a host, the other tray waits.
+    const bool asking = !sessionBus_.failed() && (!watch_ || !watch_->known());
+    if (wanted_ && hosted) {
+        putOnBus();
+    } else {
+        takeOffBus();
+    }
+    embed(wanted_ && !hosted && !asking && system_->there());
+    report();
+}
+
+void DesktopTray::putOnBus() {
+    if (object_) {
+        return;
+    }
+    registerNotifierTypes();
+    object_ = std::make_unique<QObject>();
+    item_ = new NotifierItem(*object_, clicks());
+    item_->setLook(look_);
+    bus_->registerObject(QLatin1StringView(kNotifierPath), object_.get());
+    QDBusMessage call = nameCall("RequestName");
+    call << kNoQueue;
+    auto* const asked = new QDBusPendingCallWatcher(bus_->asyncCall(call), object_.get());
+    const int attempt = ++attempt_;
+    connect(asked, &QDBusPendingCallWatcher::finished, this, [this, attempt] {
+        if (attempt != attempt_) {
+            return;
+        }
+        watch_->announce(serviceName(), [this, attempt](bool taken) {
+            if (attempt == attempt_) {
+                onBus_ = taken;
+                report();
+            }
+        });
+    });
+}
+
+void DesktopTray::takeOffBus() {
+    ++attempt_;
+    onBus_ = false;
+    if (!object_) {
+        return;
+    }
+    bus_->unregisterObject(QLatin1StringView(kNotifierPath));
+    bus_->asyncCall(nameCall("ReleaseName"));
+    item_ = nullptr;
+    object_.release()->deleteLater();
+}
+
+void DesktopTray::embed(bool wanted) {
+    if (wanted == (embedded_ != nullptr)) {
+        return;
+    }
+    if (!wanted) {
+        // It may be a click on it that ends it.
+        embedded_->hide();
+        embedded_.release()->deleteLater();
+        return;
+    }
+    embedded_ = std::make_unique<EmbeddedIcon>(clicks());
+    embedded_->setLook(look_);
+    embedded_->show();
+}
+
+void DesktopTray::report() {
+    if (std::exchange(told_, taken()) != taken()) {
+        tell(events_.takenChanged);
+    }
+}
+
+} // namespace tovik::tray

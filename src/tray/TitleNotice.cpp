@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tray/TitleNotice.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QStringList>
+#include <QVariantMap>
+
+namespace tovik::tray {
+
+namespace {
+
+constexpr int kShownMs = 2000;
+
+} // namespace
+
+void TitleNotice::show(const QString& words) {
+    bus_.whenReady([this, words](const QDBusConnection& bus) { send(bus, words); });
+}
+
+void TitleNotice::send(QDBusConnection bus, const QString& words) {
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.Notifications"),
+        QStringLiteral("/org/freedesktop/Notifications"),
+        QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("Notify"));
+    call << QStringLiteral("Tovik") << last_ << QStringLiteral("tovik") << words << QString()
+         << QStringList() << QVariantMap() << kShownMs;
+    auto* const asked = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
+    connect(asked, &QDBusPendingCallWatcher::finished, this, [this, asked] {
+        const QDBusPendingReply<quint32> reply = *asked;
+        if (!reply.isError()) {
+            last_ = reply.value();
+        }
+        asked->deleteLater();
+    });
+}
+
+} // namespace tovik::tray

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What begins to play as a notification of the desktop. Interface thread.
+#pragma once
+
+#include "tray/SessionBus.h"
+
+#include <QString>
+
+namespace tovik::tray {
+
+class TitleNotice final : public QObject {
+public:
+    /// The bus outlives the object.
+    explicit TitleNotice(SessionBus& bus) : bus_(bus) {}
+
+    /// In the place of the one before, as long as that one is shown. Waits for nothing.
+    void show(const QString& words);
+
+private:
+    void send(QDBusConnection bus, const QString& words);
+
+    SessionBus& bus_;
+    quint32 last_ = 0; ///< the number of the last one; 0 for none
+};
+
+} // namespace tovik::tray

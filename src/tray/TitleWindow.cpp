@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tray/TitleWindow.h"
+
+#include "ui/qt/DisplayText.h"
+#include "ui/qt/KeyCodes.h"
+#include "ui/qt/SetOpacity.h"
+#include "ui/Twips.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <utility>
+
+namespace tovik::tray {
+
+namespace {
+
+const QColor kGround(13, 15, 32);
+const QColor kWords(255, 255, 255);
+constexpr double kLetterHeight = 0.55; ///< of the bar
+constexpr int kMargin = 8;
+
+} // namespace
+
+/// Past the window manager: it stays above, in its place, without a button on the task bar.
+class TitleWindow::Bar final : public QWidget {
+public:
+    explicit Bar(const std::function<void(int)>& key)
+        : QWidget(nullptr, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                               Qt::WindowDoesNotAcceptFocus | Qt::WindowTransparentForInput),
+          key_(key) {
+        setAttribute(Qt::WA_ShowWithoutActivating);
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setWindowRole(QStringLiteral("title"));
+    }
+
+    void setWords(const QString& words) {
+        words_ = words;
+        setAccessibleName(words);
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), kGround);
+        QFont letters = font();
+        letters.setPixelSize(static_cast<int>(height() * kLetterHeight));
+        painter.setFont(letters);
+        painter.setPen(kWords);
+        const QRect room = rect().adjusted(kMargin, 0, -kMargin, 0);
+        painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                         painter.fontMetrics().elidedText(words_, Qt::ElideRight, room.width()));
+    }
+
+    void keyPressEvent(QKeyEvent* event) override {
+        if (key_) {
+            key_(ui::keyEventOf(*event).code);
+        }
+    }
+
+private:
+    const std::function<void(int)>& key_;
+    QString words_;
+};
+
+TitleWindow::TitleWindow(SessionBus& bus, std::function<QScreen*()> screen)
+    : notice_(bus), screen_(std::move(screen)) {}
+
+TitleWindow::~TitleWindow() = default;
+
+void TitleWindow::show(const window::TitleBar& bar) {
+    const QString words = ui::displayString(bar.text);
+    if (QGuiApplication::platformName().startsWith(u"wayland")) {
+        notice_.show(words);
+        return;
+    }
+    const QScreen* const screen = screen_();
+    if (screen == nullptr) {
+        return;
+    }
+    if (!bar_) {
+        bar_ = std::make_unique<Bar>(key_);
+    }
+    bar_->setGeometry(screen->geometry().left(), screen->geometry().top(),
+                      screen->geometry().width(), bar.heightTwips / ui::kTwipsPerPixel);
+    bar_->setWords(words);
+    ui::SetOpacity(*bar_, bar.opacityPercent);
+    bar_->show();
+    bar_->raise();
+}
+
+void TitleWindow::hide() {
+    if (bar_) {
+        bar_->hide();
+        // It may be its own key that ends it.
+        bar_.release()->deleteLater();
+    }
+}
+
+} // namespace tovik::tray

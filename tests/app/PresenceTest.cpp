@@ -1,0 +1,302 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Where the player is on the desktop: the icon in the tray, hiding and coming back, the title
+// popup.
+#include "app/PresenceRig.h"
+
+namespace tovik::test {
+namespace {
+
+using commands::CommandId;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+using window::NotifyCommand;
+
+class PresenceOfThePlayer : public PresenceRig {
+protected:
+    /// The shell tells of the mouse in its own way.
+    void tell(std::uint32_t message) {
+        area_.events.callback(static_cast<std::int32_t>(message) * 15);
+    }
+
+    void startInTray() {
+        area_.there = true;
+        play();
+        static_cast<void>(windowCalls());
+    }
+};
+
+TEST_F(PresenceOfThePlayer, theLastDigitPutsTheIconIntoTheTray) {
+    start();
+    EXPECT_TRUE(area_.added());
+    EXPECT_EQ(area_.calls.front().first, NotifyCommand::add);
+    EXPECT_EQ(area_.calls.front().second.hIcon, 1);
+}
+
+class OtherPlaces : public PresenceOfThePlayer, public testing::WithParamInterface<const char*> {};
+
+TEST_P(OtherPlaces, haveNoIcon) {
+    set("SHI", GetParam());
+    start();
+    EXPECT_THAT(area_.calls, IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Presence, OtherPlaces, testing::Values("10", "00", "2", "12"));
+
+TEST_F(PresenceOfThePlayer, oneDigitStandsForBothPlaces) {
+    set("SHI", "1");
+    start();
+    EXPECT_TRUE(area_.added());
+    EXPECT_EQ(player().state().ShowInTaskbar, 1);
+}
+
+TEST_F(PresenceOfThePlayer, theStyleIsOneOfFour) {
+    set("STI", "3");
+    start();
+    EXPECT_EQ(area_.calls.back().second.hIcon, 3);
+    set("STI", "9");
+    player().presence().sysTray.RefreshTrayIcon();
+    EXPECT_EQ(area_.calls.back().first, NotifyCommand::modify);
+    EXPECT_EQ(area_.calls.back().second.hIcon, 4);
+    set("STI", "0");
+    player().presence().sysTray.RefreshTrayIcon();
+    EXPECT_EQ(area_.calls.back().second.hIcon, 1);
+}
+
+TEST_F(PresenceOfThePlayer, theTooltipIsTheVersionAndItsYearUntilSomethingPlays) {
+    start();
+    EXPECT_EQ(area_.tip(), "Tovik version 0.1 2026");
+    EXPECT_EQ(window::yearOf("21.11.2026"), "2026");
+    EXPECT_EQ(window::yearOf("2025-01-31"), "31");
+    EXPECT_EQ(window::yearOf("none"), "");
+    EXPECT_EQ(window::yearOf("in 1999 or so"), "1999");
+}
+
+TEST_F(PresenceOfThePlayer, theTooltipTellsWhatPlays) {
+    play();
+    EXPECT_EQ(area_.tip(), player().state().CurrentTitle);
+    EXPECT_FALSE(player().state().CurrentTitle.empty());
+    EXPECT_EQ(area_.calls.back().first, NotifyCommand::modify);
+    const std::size_t calls = area_.calls.size();
+    advance(5000);
+    EXPECT_EQ(area_.calls.size(), calls) << "nothing is told that did not change";
+    run(CommandId::stop);
+    advance(100);
+    EXPECT_EQ(area_.tip(), "Tovik version 0.1 2026");
+}
+
+TEST_F(PresenceOfThePlayer, minimiseHidesWhileTheTrayHasTheIcon) {
+    startInTray();
+    run(CommandId::minimise);
+    EXPECT_THAT(windowCalls(), ElementsAre("window hidden"));
+    EXPECT_TRUE(player().presence().hidden());
+    tell(514);
+    EXPECT_THAT(windowCalls(), ElementsAre("window shown", "to the front"));
+    EXPECT_FALSE(player().presence().hidden());
+}
+
+TEST_F(PresenceOfThePlayer, minimiseGoesToTheTaskBarWhereNoTrayIs) {
+    start();
+    static_cast<void>(windowCalls());
+    run(CommandId::minimise);
+    EXPECT_THAT(windowCalls(), ElementsAre("window minimised"));
+    EXPECT_FALSE(player().presence().hidden());
+}
+
+TEST_F(PresenceOfThePlayer, aWindowThatNothingWouldBringBackStays) {
+    set("SHI", "01");
+    start();
+    static_cast<void>(windowCalls());
+    run(CommandId::minimise);
+    EXPECT_THAT(windowCalls(), IsEmpty());
+}
+
+TEST_F(PresenceOfThePlayer, withoutAnIconATrayThatIsThereIsNoWayBack) {
+    set("SHI", "10");
+    area_.there = true;
+    start();
+    static_cast<void>(windowCalls());
+    run(CommandId::minimise);
+    EXPECT_THAT(windowCalls(), ElementsAre("window minimised"));
+}
+
+TEST_F(PresenceOfThePlayer, theWindowComesBackWhenTheTrayGoes) {
+    startInTray();
+    run(CommandId::minimise);
+    static_cast<void>(windowCalls());
+    area_.become(false);
+    EXPECT_THAT(windowCalls(), ElementsAre("window shown"));
+    EXPECT_FALSE(player().presence().hidden());
+    // A tray that comes later finds it where it is.
+    area_.become(true);
+    EXPECT_THAT(windowCalls(), IsEmpty());
+}
+
+TEST_F(PresenceOfThePlayer, theMiniWindowHidesAndComesBackLikewise) {
+    startInTray();
+    run(CommandId::miniMode);
+    static_cast<void>(windowCalls());
+    click(window::MiniElement::Image1, 1);
+    EXPECT_THAT(windowCalls(), ElementsAre("mini hidden"));
+    EXPECT_TRUE(player().state().MiniModeOn);
+    EXPECT_FALSE(player().state().MiniModeShown);
+    tell(514);
+    EXPECT_THAT(windowCalls(), ElementsAre("mini shown", "mini to the front"));
+    EXPECT_TRUE(player().state().MiniModeShown);
+}
+
+TEST_F(PresenceOfThePlayer, hidingEndsTheSpectrumAndComingBackStartsTheOneThatIsChosen) {
+    set("CVP", "0");
+    set("VPS", "100");
+    startInTray();
+    EXPECT_FALSE(player().visuals().spectrum.rests());
+    run(CommandId::minimise);
+    EXPECT_TRUE(player().visuals().spectrum.rests());
+    tell(513);
+    EXPECT_FALSE(player().visuals().spectrum.rests());
+    run(CommandId::visualisationNone);
+    run(CommandId::minimise);
+    tell(513);
+    EXPECT_TRUE(player().visuals().spectrum.rests());
+}
+
+TEST_F(PresenceOfThePlayer, aSecondStartBringsBackWhatIsHidden) {
+    startInTray();
+    run(CommandId::minimise);
+    static_cast<void>(windowCalls());
+    EXPECT_TRUE(host_.messages.keep({host::InstanceMessageKind::toTheFront, "token"}));
+    advance(20);
+    EXPECT_THAT(windowCalls(), ElementsAre("window shown", "to the front token"));
+}
+
+TEST_F(PresenceOfThePlayer, aSecondStartWithAFileBringsItBackToo) {
+    startInTray();
+    run(CommandId::minimise);
+    static_cast<void>(windowCalls());
+    advance(300);
+    EXPECT_TRUE(host_.messages.keep(host::handOver(track("other.mp3"))));
+    advance(20);
+    EXPECT_THAT(windowCalls(), Contains("to the front"));
+    EXPECT_FALSE(player().presence().hidden());
+}
+
+TEST_F(PresenceOfThePlayer, whatTheDesktopBroughtAlongGoesToTheWindow) {
+    startInTray();
+    area_.token = "seat";
+    tell(514);
+    EXPECT_THAT(windowCalls(), ElementsAre("to the front seat"));
+}
+
+TEST_F(PresenceOfThePlayer, theWheelOverTheIconIsTheVolume) {
+    set("CVL", "50");
+    startInTray();
+    area_.events.wheel(1);
+    EXPECT_EQ(player().state().CurrentVolume, 55);
+    area_.events.wheel(-2);
+    EXPECT_EQ(player().state().CurrentVolume, 45);
+}
+
+TEST_F(PresenceOfThePlayer, aMiddleClickPauses) {
+    startInTray();
+    area_.events.middleClick();
+    EXPECT_TRUE(player().state().IsPaused);
+    area_.events.middleClick();
+    EXPECT_FALSE(player().state().IsPaused);
+}
+
+TEST_F(PresenceOfThePlayer, leavingTakesTheIconAwayFirst) {
+    startInTray();
+    run(CommandId::minimise);
+    static_cast<void>(windowCalls());
+    run(CommandId::exit);
+    EXPECT_EQ(area_.calls.back().first, NotifyCommand::remove);
+    EXPECT_FALSE(area_.added());
+    // It is no tray that went: the window stays where it is.
+    area_.become(false);
+    EXPECT_THAT(windowCalls(), IsEmpty());
+}
+
+TEST_F(PresenceOfThePlayer, everyEndTakesTheIconAway) {
+    startInTray();
+    run(CommandId::miniMode);
+    static_cast<void>(windowCalls());
+    player().kill_me();
+    EXPECT_FALSE(area_.added());
+    EXPECT_THAT(windowCalls(), Contains("mini hidden"));
+}
+
+TEST_F(PresenceOfThePlayer, theChoiceOfThePreferencesIsFelt) {
+    area_.there = true;
+    start();
+    set("SHI", "10");
+    player().choices().preferences.hooks.tray(false);
+    EXPECT_FALSE(area_.added());
+    set("SHI", "01");
+    set("STI", "2");
+    sound_.calls.clear();
+    player().choices().preferences.hooks.tray(true);
+    EXPECT_TRUE(area_.added());
+    EXPECT_EQ(area_.calls.back().second.hIcon, 2);
+    EXPECT_EQ(player().state().ShowInTaskbar, 0);
+    EXPECT_THAT(sound_.calls, Contains("not on the task bar"));
+}
+
+TEST_F(PresenceOfThePlayer, aPlayerWithoutADesktopHasNoIcon) {
+    shell_ = nullptr;
+    start();
+    static_cast<void>(windowCalls());
+    run(CommandId::minimise);
+    EXPECT_THAT(windowCalls(), ElementsAre("window minimised"));
+    player().presence().ApplyShellPresence();
+    run(CommandId::exit);
+}
+
+TEST_F(PresenceOfThePlayer, aTrackThatStartsIsToldAcrossTheScreen) {
+    set("OSD", "1");
+    play(65);
+    ASSERT_THAT(popup_.texts, Not(IsEmpty()));
+    EXPECT_EQ(popup_.texts.back(), player().state().CurrentTitle + " (01:05)");
+    EXPECT_EQ(popup_.last.heightTwips, 560);
+    EXPECT_EQ(popup_.last.opacityPercent, 30);
+    EXPECT_EQ(popup_.hidden, 0);
+    advance(1999);
+    EXPECT_EQ(popup_.hidden, 0);
+    advance(2);
+    EXPECT_EQ(popup_.hidden, 1);
+}
+
+TEST_F(PresenceOfThePlayer, nothingIsToldWhereItIsNotWanted) {
+    set("OSD", "0");
+    play();
+    EXPECT_THAT(popup_.texts, IsEmpty());
+}
+
+TEST_F(PresenceOfThePlayer, asecondTextHasItsTwoSeconds) {
+    start();
+    window::frmTitle& title = player().presence().title;
+    EXPECT_TRUE(title.show_title("one"));
+    advance(1500);
+    EXPECT_TRUE(title.show_title("two"));
+    advance(1900);
+    EXPECT_EQ(popup_.hidden, 0);
+    EXPECT_TRUE(title.shown());
+    advance(200);
+    EXPECT_EQ(popup_.hidden, 1);
+    EXPECT_FALSE(title.shown());
+    EXPECT_THAT(popup_.texts, ElementsAre("one", "two"));
+}
+
+TEST_F(PresenceOfThePlayer, escapeEndsThePopup) {
+    start();
+    player().presence().title.show_title("one");
+    popup_.key('A');
+    EXPECT_EQ(popup_.hidden, 0);
+    popup_.key(27);
+    EXPECT_EQ(popup_.hidden, 1);
+    advance(3000);
+    EXPECT_EQ(popup_.hidden, 1);
+}
+
+} // namespace
+} // namespace tovik::test
