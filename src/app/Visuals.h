@@ -25,7 +25,7 @@ public:
     /// All of it outlives the wing.
     struct Needs {
         const player::Core& core;
-        const host::Host& host;
+        host::Host host; ///< references, whose owner outlives the wing
         window::PlayerWindow& window;
         window::MainElements& elements;
         ui::PictureStore& pictures;
