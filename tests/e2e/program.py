@@ -230,6 +230,22 @@ class ProgramTest(unittest.TestCase):
         return all(shutil.which(program) for program in programs)
 
 
+def children_of(pid, words):
+    """The processes with that parent whose command line holds these words, by number."""
+    found = []
+    for process in filter(str.isdigit, os.listdir("/proc")):
+        try:
+            with open(f"/proc/{process}/stat", encoding="utf-8", errors="replace") as file:
+                parent = file.read().rpartition(")")[2].split()[1]
+            with open(f"/proc/{process}/cmdline", encoding="utf-8", errors="replace") as file:
+                command = file.read().replace("\0", " ")
+        except OSError:  # it has ended
+            continue
+        if parent == str(pid) and words in command:
+            found.append(process)
+    return found
+
+
 def read_wav(path):
     """(format tag, channels, rate, samples): samples as floats, interleaved."""
     with open(path, "rb") as file:

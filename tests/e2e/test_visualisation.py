@@ -10,7 +10,7 @@ import time
 import unittest
 import wave
 
-from program import LIMIT, ProgramTest
+from program import LIMIT, ProgramTest, children_of
 
 SPECTRUM = (112, 74, 166, 24)  # left, top, width, height in the window
 NONE, BARS, AURORA, OSCILLOSCOPE, SPECTROGRAM = 1, 2, 3, 4, 5  # steps down in the menu
@@ -26,10 +26,12 @@ class Stage(ProgramTest):
 
     def setUp(self):
         super().setUp()
-        if self.own_plugin:
-            os.makedirs(self.data("Plugins/Vis"))
-            shutil.copy(os.path.join(FAULTS, self.own_plugin + ".svp"), self.data("Plugins/Vis"))
         self.start_screen()
+        if self.own_plugin:
+            # A start fills the data folder first: one with anything in it is left as it is.
+            self.run_program("--screenshot", self.path("fill.png"))
+            os.makedirs(self.data("Plugins/Vis"), exist_ok=True)
+            shutil.copy(os.path.join(FAULTS, self.own_plugin + ".svp"), self.data("Plugins/Vis"))
         self.start_window_manager()
         noise = self.path("noise.wav")
         with wave.open(noise, "wb") as file:
@@ -77,8 +79,7 @@ class Stage(ProgramTest):
 
     def helpers(self):
         """The processes in which plug-ins draw."""
-        children = self.tool("pgrep", "-P", str(self.player.pid), "-f", "tovik-vis-host run").stdout
-        return children.split()
+        return children_of(self.player.pid, "tovik-vis-host run")
 
     def colours(self):
         picture = self.area()
@@ -151,7 +152,7 @@ class Visualisation(Stage):
         self.choose(AURORA)
         self.wait_until(self.helpers, "the plug-in")
         self.end()
-        self.wait_until(lambda: not self.tool("pgrep", "-P", "1", "-f", self.folder).stdout,
+        self.wait_until(lambda: not children_of(1, self.folder),
                         "the end of all processes")
         self.assertIn(b"<CVP>3</CVP>", self.read("db/settings.xml"))
 
