@@ -183,7 +183,8 @@ TEST_F(Autoload, aSessionThatKeepsNoListWritesNone) {
     const auto before = threads();
     player().stdSS().AddItem("", "/three.mp3", "Three", "00:03", 3);
     advance(10000);
-    EXPECT_EQ(threads(), before); // what writes it would be a thread of its own
+    // What writes it would be a thread of its own; one of the start may have come to its end.
+    EXPECT_LE(threads(), before);
     EXPECT_FALSE(std::filesystem::exists(host_.folder / kUnsaved));
 }
 

@@ -27,7 +27,8 @@ protected:
                                           },
                                       .cameInSight = [this] { ++seen_; }});
         for (QWidget* const widget : QApplication::topLevelWidgets()) {
-            if (widget->windowRole() == QStringLiteral("visualisation")) {
+            // That of a test before may not be gone yet.
+            if (widget->isVisible() && widget->windowRole() == QStringLiteral("visualisation")) {
                 sheet_ = widget;
             }
         }
