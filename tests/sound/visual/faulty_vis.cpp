@@ -13,8 +13,10 @@
 #include <sys/ptrace.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/uio.h>
+#include <sys/xattr.h>
 #include <thread>
 #include <tovik/vis.h>
 #include <unistd.h>
@@ -134,6 +136,7 @@ std::uint32_t pry() {
     std::array<char, 8> bytes{};
     iovec here{bytes.data(), bytes.size()};
     iovec there{bytes.data(), bytes.size()};
+    errno = 0;
     ::process_vm_readv(player, &here, 1, &there, 1, 0);
     note(3, errno != EPERM);
     note(4, ::kill(player, 0) == 0);
@@ -145,6 +148,16 @@ std::uint32_t pry() {
     note(8, ::execl("/bin/true", "true", nullptr) == 0);
     note(9, std::getenv("DISPLAY") != nullptr || std::getenv("XDG_RUNTIME_DIR") != nullptr);
     note(10, ::getpriority(PRIO_PROCESS, 0) < 5);
+    note(11, ::sigqueue(player, 0, {}) == 0);
+    note(12, ::fcntl(kSocket, F_SETOWN, player) == 0);
+    note(13, ::fcntl(kSocket, F_SETSIG, SIGKILL) == 0);
+    // Where the call is refused there is no looking for the file, either.
+    const char* const file = "/tmp/tovik-must-not-be-there";
+    const auto tried = [&note](int bit, int result) { note(bit, result == 0 || errno != EPERM); };
+    tried(14, ::truncate(file, 0));
+    tried(15, ::chmod(file, 0));
+    tried(16, ::chown(file, ::getuid(), ::getgid()));
+    tried(17, ::setxattr(file, "user.x", "x", 1, 0));
     return could;
 }
 
