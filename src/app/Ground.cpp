@@ -5,6 +5,7 @@
 #include "base/RegularFile.h"
 #include "base/RuntimeError.h"
 #include "config/Profile.h"
+#include "player/ComfortSettings.h"
 #include "player/LiveSetting.h"
 
 #include <cstdio>
@@ -26,6 +27,7 @@ Ground::Ground(const host::Host& host, Process& process, const StartOptions& opt
       stored(settings, state, host.timers), version(settings),
       language(host.paths, options.shippedFolder), errors(errHandler_, host.dialogs),
       unkept(errors, language, screen, options.unkept) {
+    state.ComfortOfRun = options.comfort;
     settings.reportUnwritten([this](const base::RuntimeError& failure) { unkept.note(failure); });
     language.attach(config::TextWindow::frmTSR, menuTexts);
 }
@@ -40,6 +42,16 @@ void Ground::save(player::SettingKey key, const std::string& text) {
 
 void Ground::readLanguage() {
     language.Language_File(player::readLive(settings, "CLNG"));
+}
+
+void Ground::readComfort() {
+    base::ComfortChoices choices;
+    if (state.ComfortOfRun) {
+        choices.master = *state.ComfortOfRun;
+    } else {
+        choices = player::readComfort(settings);
+    }
+    state.comfort = choices.record();
 }
 
 void Ground::takeFirstRun() {

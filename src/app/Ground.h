@@ -36,6 +36,8 @@ public:
 
     // Steps of the start --------------------------------------------------------------------------
 
+    /// Before all others: even those that meet another instance look at the record.
+    void readComfort();
     void takeFirstRun();
     void refuseOldSystem();
     void lookForOtherInstance();

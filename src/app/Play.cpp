@@ -143,6 +143,7 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
          .activationToken = environment.activationToken,
          .checkInstance = !line.screenshotFile,
          .keepsList = !line.screenshotFile,
+         .comfort = line.comfort,
          .shippedFolder = place.shippedFolder,
          .shippedVisuals = line.screenshotFile ? std::string() : sound::shippedVisuals(),
          .unkept = place.unkept,

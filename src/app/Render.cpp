@@ -85,6 +85,7 @@ int render(const host::CommandLine& line, const host::Environment& environment) 
                      {.commandLine = line.player.text,
                       .checkInstance = false,
                       .keepsList = false,
+                      .comfort = line.comfort,
                       .shippedFolder = place.shippedFolder});
     host.dispatcher.reportTo(
         [&](const base::RuntimeError& error) { player.ground().errors.reportUnguarded(error); });

@@ -15,6 +15,7 @@ struct StartOptions {
     std::string activationToken{}; ///< by which the desktop lets another window come to the front
     bool checkInstance = true;     ///< false: no other instance is looked for or made known
     bool keepsList = true;         ///< false: the list is not saved while the program runs
+    std::optional<bool> comfort{}; ///< all of it on or off for this run; none: as the settings say
     std::string shippedFolder{};   ///< what came with the program; empty: nothing
     std::string shippedVisuals{};  ///< the plug-ins among it; empty: none
     std::optional<base::RuntimeError> unkept{}; ///< why nothing of this session is kept, if so

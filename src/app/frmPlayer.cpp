@@ -110,6 +110,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     choices_.preferences.hooks.spectrumSpeed = [this](std::int32_t milliseconds) {
         visuals_.setSpeed(milliseconds);
     };
+    choices_.preferences.hooks.comfort = [this] { applyComfort(); };
     choices_.preferences.hooks.tray = [this](bool) { presence_.ApplyShellPresence(); };
     front_.panelChosen = [this] { presence_.leaveMiniMode(); };
     desktop_.attach(choices_.preferences.hooks);
@@ -189,6 +190,10 @@ void frmPlayer::changeLanguage() {
     presence_.mini.showWords();
     ground_.unkept.show();
     stations_.player.screen.readWords();
+}
+
+void frmPlayer::applyComfort() {
+    music_.playback.volume.apply();
 }
 
 void frmPlayer::loadSettings(frmPlayer& player) {

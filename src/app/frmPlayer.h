@@ -54,6 +54,11 @@ public:
     /// reading a setting raises.
     void changeLanguage();
 
+    /// The record of comfort changed while the player runs: brings up to date what was made by the
+    /// old one. Whoever looks at the record at each use needs nothing here. Raises what reading a
+    /// setting raises.
+    void applyComfort();
+
     // For who shows it or drives it ---------------------------------------------------------------
 
     [[nodiscard]] Ground& ground() { return ground_; }

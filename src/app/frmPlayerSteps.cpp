@@ -9,6 +9,7 @@ namespace tovik::app {
 const std::span<const frmPlayer::Step> frmPlayer::kInitializeSteps = [] {
     using P = frmPlayer;
     static constexpr std::array kSteps = {
+        Step{"read what comfort is wanted", in<&P::ground_, &Ground::readComfort>},
         Step{"take over the language of the installation", in<&P::ground_, &Ground::takeFirstRun>},
         Step{"refuse a system that is too old", in<&P::ground_, &Ground::refuseOldSystem>},
         Step{"leave to an instance that runs already",

@@ -4,9 +4,10 @@
 
 namespace tovik::base {
 
-/// One switch for each row of docs/oddities.md that a user can feel, by the name of that row; on,
-/// the player does what its last column says. All are off at first. Whoever acts looks at the
-/// switch at that moment. A switch that no code looks at changes nothing yet.
+/// One member for each row of docs/oddities.md that a user can feel, by the name of that row; on,
+/// the player does what the row calls kinder. All are off at first; users turn them in the groups
+/// of `base/ComfortTable.h`. Whoever acts looks at the member at that moment. A member that no code
+/// looks at changes nothing yet.
 struct Comfort {
     // Lists.
     bool restartsEachTime = false;      ///< a second restart of a row
@@ -111,6 +112,8 @@ struct Comfort {
     bool startsWithoutPicture = false;    ///< a picture that is missing
     bool leavesUnknownSignsBlank = false; ///< signs that the display's glyphs leave out
     bool aimsAtPointer = false;           ///< the place on the small position bar
+
+    friend bool operator==(const Comfort&, const Comfort&) = default;
 };
 
 } // namespace tovik::base

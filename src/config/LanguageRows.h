@@ -3,6 +3,7 @@
 // `LanguageTable.cpp`. Any thread.
 #pragma once
 
+#include "base/ComfortTable.h"
 #include "config/LanguageTable.h"
 
 #include <array>
@@ -127,6 +128,19 @@ inline constexpr auto kEnglishRip = std::to_array<std::string_view>({
     "Track [x] of [y], [z] left",
 });
 
+/// The English of "TovikComfort": the tab, the master, the switches, their frame, and what is said
+/// while the command line decides.
+inline constexpr auto kEnglishComfort = [] {
+    std::array<std::string_view, base::kComfortSwitches.size() + 4> words{
+        "Comfort", "&Be as players are today, in all that follows"};
+    for (std::size_t i = 0; i < base::kComfortSwitches.size(); ++i) {
+        words.at(i + 2) = base::kComfortSwitches.at(i).words;
+    }
+    words.at(words.size() - 2) = "S&witches, which go with it unless they are set otherwise";
+    words.back() = "The command line decides for now. What is set here counts from the next start.";
+    return words;
+}();
+
 inline constexpr std::array<LanguageSectionRow, kLanguageSections> kSections{{
     {S::MainMenu, "MainMenu", 37, W::frmTSR},
     {S::VisMenu, "VisMenu", 2, W::frmTSR},
@@ -162,6 +176,8 @@ inline constexpr std::array<LanguageSectionRow, kLanguageSections> kSections{{
     {S::TovikDiscs, "TovikDiscs", static_cast<int>(kEnglishDiscs.size()), W::frmCdNFO,
      kEnglishDiscs},
     {S::TovikRip, "TovikRip", static_cast<int>(kEnglishRip.size()), W::None, kEnglishRip},
+    {S::TovikComfort, "TovikComfort", static_cast<int>(kEnglishComfort.size()), W::frmPreferences,
+     kEnglishComfort},
 }};
 
 constexpr Row put(S section, int item, std::string_view element, K kind = K::Caption, int index = 0,

@@ -296,6 +296,11 @@ constexpr auto kRows = std::to_array<Row>({
     inWindow(S::TovikDiscs, 12, W::frmDiscMatch, "", K::Caption),
     inWindow(S::TovikDiscs, 13, W::frmDiscMatch, "Label1", K::Caption),
     {S::TovikDiscs, 14, 2, W::frmDiscMatch, "Command1", 0, K::Caption},
+
+    put(S::TovikComfort, 0, "TabStrip1", K::Tab, 7),
+    run(S::TovikComfort, 1, "Comfort", 0, 1 + static_cast<int>(base::kComfortSwitches.size())),
+    put(S::TovikComfort, 2 + static_cast<int>(base::kComfortSwitches.size()), "FrameComfort"),
+    put(S::TovikComfort, 3 + static_cast<int>(base::kComfortSwitches.size()), "ComfortOfRun"),
 });
 
 /// Sections in the order of the enumeration, rows in the order of sections and items, and each item

@@ -40,9 +40,10 @@ enum class LanguageSection : std::uint8_t {
     TovikAbout,
     TovikDiscs, ///< the search for what is known of a disc
     TovikRip,
+    TovikComfort, ///< the page of comfort
 };
 
-inline constexpr std::size_t kLanguageSections = 28;
+inline constexpr std::size_t kLanguageSections = 29;
 
 /// The windows that texts go to. The main menu's texts name tabs of the main window, too.
 enum class TextWindow : std::uint8_t {

@@ -205,6 +205,7 @@ void MultiLNG::Get_Shortcut_List() {
 
 void MultiLNG::loadPreferenceWords() {
     load(S::TovikPreferences);
+    load(S::TovikComfort);
 }
 
 void MultiLNG::loadAboutWords() {

@@ -40,6 +40,11 @@ void Settings::readSettings(const std::function<void(const clsXML&)>& work) {
     saveOrTell(base::Flush::Yes);
 }
 
+void Settings::peek(const std::function<void(const clsXML&)>& work) {
+    readAnew();
+    work(xml_);
+}
+
 void Settings::writeBehind(const std::function<void(clsXML&)>& work) {
     readAnew();
     work(xml_);

@@ -70,7 +70,11 @@ public:
     /// The same for work that only reads: what saving raises is told to `reportUnwritten`.
     void readSettings(const std::function<void(const clsXML&)>& work);
 
-    /// The same for work whose result need not have reached the disk: nothing is waited for.
+    /// Opens the file in the shared document for work that only reads. The file stays untouched.
+    void peek(const std::function<void(const clsXML&)>& work);
+
+    /// As `withSettings`, for work whose result need not have reached the disk: nothing is waited
+    /// for.
     void writeBehind(const std::function<void(clsXML&)>& work);
 
     /// The text of a key in the open document. Raises 94 where there is none, with file and key.

@@ -5,10 +5,12 @@
 
 #include <algorithm>
 #include <array>
+#include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QShowEvent>
 #include <QTabBar>
@@ -113,7 +115,7 @@ QWidget& PreferencesDialog::makePage(Page page) {
                 columns->addLayout(column, 1);
                 frames = 0;
             }
-            column->addWidget(&makeFrame(frame.name));
+            column->addWidget(&makeFrame(frame.name), frame.name == preferences::kSwitchFrame);
             ++frames;
         }
     }
@@ -121,7 +123,7 @@ QWidget& PreferencesDialog::makePage(Page page) {
         column = new QVBoxLayout;
         columns->addLayout(column);
         addTypes(*column);
-    } else {
+    } else if (page != Page::comfort) {
         for (int i = 0; i < columns->count(); ++i) {
             static_cast<QVBoxLayout*>(columns->itemAt(i)->layout())->addStretch(1);
         }
@@ -133,16 +135,42 @@ QWidget& PreferencesDialog::makeFrame(std::string_view name) {
     // Those that are no "Frame" have no caption.
     QWidget* const frame = name.starts_with("Frame") ? new QGroupBox : new QWidget;
     frame->setObjectName(nameOf(name));
-    auto* const layout = new QVBoxLayout(frame);
+    QBoxLayout* layout = new QVBoxLayout(frame);
+    if (name == preferences::kSwitchFrame) {
+        layout = &makeScrolled(*layout);
+    }
     for (const ControlRow& row : preferences::controlTable()) {
         if (row.frame == name) {
             if (row.control == Control::Check17) {
                 addPrograms(*layout);
             }
             addControl(*layout, row.control);
+            if (row.control == Control::Comfort_0) {
+                QLabel& ofRun = makeLabel("ComfortOfRun");
+                ofRun.setVisible(false);
+                layout->addWidget(&ofRun);
+            }
         }
     }
     return *frame;
+}
+
+QBoxLayout& PreferencesDialog::makeScrolled(QBoxLayout& outside) {
+    auto* const area = new QScrollArea;
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    outside.addWidget(area);
+    auto* const inside = new QWidget;
+    auto* const layout = new QVBoxLayout(inside);
+    area->setWidget(inside);
+    // Also where the keyboard comes from outside, or a screen reader leads it there.
+    connect(qApp, &QApplication::focusChanged, area, [area](QWidget*, QWidget* now) {
+        if (now != nullptr && area->isAncestorOf(now)) {
+            area->ensureWidgetVisible(now);
+        }
+    });
+    return *layout;
 }
 
 void PreferencesDialog::addControl(QBoxLayout& layout, Control control) {
@@ -216,6 +244,7 @@ void PreferencesDialog::load() {
     });
     history_->setPlainText(ui::displayString(logic_.VersionHist()));
     showWords();
+    findChild<QLabel*>(QStringLiteral("ComfortOfRun"))->setVisible(logic_.comfortIsOfRun());
     tabs_->setCurrentIndex(static_cast<int>(logic_.page()));
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The preferences on the screen: seven pages of controls, and the buttons below. Interface thread.
+// The preferences on the screen: eight pages of controls, and the buttons below. Interface thread.
 #pragma once
 
 #include "config/MultiLNG.h"
@@ -33,6 +33,7 @@ protected:
 private:
     QWidget& makePage(preferences::Page page);
     QWidget& makeFrame(std::string_view name);
+    QBoxLayout& makeScrolled(QBoxLayout& outside);
     void addControl(QBoxLayout& layout, preferences::Control control);
     void addTypes(QBoxLayout& layout);
     void addPrograms(QBoxLayout& layout);

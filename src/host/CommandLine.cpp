@@ -40,6 +40,11 @@ bool setSeconds(CommandLine& line, const Value& value) {
     }
 }
 
+bool setComfort(CommandLine& line, const Value& value) {
+    line.comfort = value.text == "on";
+    return *line.comfort || value.text == "off";
+}
+
 constexpr std::array kOptions{
     Option{"help", "", "print this and end",
            [](CommandLine& line, const Value&) { return line.help = true; }},
@@ -57,6 +62,7 @@ constexpr std::array kOptions{
                line.device = value.text;
                return true;
            }},
+    Option{"comfort", "on|off", "be kind in everything, or in nothing, for this run", setComfort},
     Option{"cd", "FILE.cue", "take this image of a disc for a drive with the disc in it",
            [](CommandLine& line, const Value& value) {
                line.discImages.push_back(value.path());

@@ -24,6 +24,7 @@ struct CommandLine {
     bool forgetTypes = false;
     std::optional<std::string> dataFolder;
     std::optional<std::string> device;
+    std::optional<bool> comfort; ///< for this run
     std::optional<std::string> renderFile;
     std::optional<double> renderSeconds; ///< above 0
     std::optional<std::string> screenshotFile;

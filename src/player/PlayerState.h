@@ -7,6 +7,7 @@
 #include "sound/api/Types.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -76,7 +77,8 @@ struct PlayerState {
     std::int32_t WindowLeft = 0;
     std::int32_t WindowTop = 0;
 
-    base::Comfort comfort; ///< kinder behaviour, all off at first
+    base::Comfort comfort;            ///< kinder behaviour, all off at first
+    std::optional<bool> ComfortOfRun; ///< all of it on or off, whatever the settings say
 
     std::int16_t CurrentPanel = 1;
     bool QuickListOpen = false;

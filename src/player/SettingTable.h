@@ -56,7 +56,7 @@ struct NoMember {};
 
 using SettingMember =
     std::variant<NoMember, std::int16_t PlayerState::*, std::int32_t PlayerState::*,
-                 bool PlayerState::*, std::string PlayerState::*, bool base::Comfort::*>;
+                 bool PlayerState::*, std::string PlayerState::*>;
 
 struct SettingRow {
     std::string_view key;
@@ -86,10 +86,6 @@ inline constexpr std::array kSettingTable{
     SettingRow{"ASOT", SettingKind::number, &PlayerState::AlwaysOnTop, ReadAt::groupLive},
     SettingRow{"AFS", SettingKind::number, &PlayerState::AssociateAtStart},
     SettingRow{"CHKU", SettingKind::number, &PlayerState::CheckUpdates},
-    SettingRow{"PICKROW", SettingKind::flag, &base::Comfort::alwaysPicksRow, ReadAt::group,
-               SavedAt::demand, KeyOf::player},
-    SettingRow{"KEEPPAN", SettingKind::flag, &base::Comfort::keepsBalance, ReadAt::group,
-               SavedAt::demand, KeyOf::player},
     SettingRow{"TMD", SettingKind::number, &PlayerState::TimeDisplayMode, ReadAt::step,
                SavedAt::end},
     SettingRow{"QPL", SettingKind::panelFlag, &PlayerState::QuickListOpen, ReadAt::step,

@@ -19,8 +19,6 @@ void useMember(State& state, const SettingRow& row, const Use& use) {
         [&](auto member) {
             if constexpr (std::is_same_v<decltype(member), NoMember>) {
                 return;
-            } else if constexpr (std::is_same_v<decltype(member), bool base::Comfort::*>) {
-                use(state.comfort.*member);
             } else {
                 use(state.*member);
             }

@@ -14,7 +14,7 @@ using K = ControlKind;
 using P = Page;
 using E = Effect;
 
-constexpr auto kTable = std::to_array<ControlRow>({
+constexpr auto kSingle = std::to_array<ControlRow>({
     {C::Check13, "Check13", K::check, P::general, "Frame6", E::nextStart},
     {C::Check9, "Check9", K::check, P::general, "Frame6", E::nextStart},
     {C::Check1, "Check1", K::check, P::general, "Frame6", E::nextUse},
@@ -43,7 +43,25 @@ constexpr auto kTable = std::to_array<ControlRow>({
     {C::Label3, "Label3", K::folder, P::ripper, "Frame4", E::nextUse},
     {C::Label1, "Label1", K::folder, P::streaming, "Frame10", E::nextUse},
     {C::Check17, "Check17", K::check, P::streaming, "StrmFrm", E::messenger},
+    {C::Comfort_0, "Comfort_0", K::check, P::comfort, "ComfortFrm", E::comfort},
 });
+
+constexpr auto kComfortNames = std::to_array<std::string_view>(
+    {"Comfort_1",  "Comfort_2",  "Comfort_3",  "Comfort_4",  "Comfort_5",  "Comfort_6",
+     "Comfort_7",  "Comfort_8",  "Comfort_9",  "Comfort_10", "Comfort_11", "Comfort_12",
+     "Comfort_13", "Comfort_14", "Comfort_15", "Comfort_16", "Comfort_17", "Comfort_18",
+     "Comfort_19", "Comfort_20", "Comfort_21", "Comfort_22"});
+
+constexpr auto kTable = [] {
+    std::array<ControlRow, kSingle.size() + kComfortNames.size()> rows{};
+    std::ranges::copy(kSingle, rows.begin());
+    for (std::size_t i = 0; i < kComfortNames.size(); ++i) {
+        rows.at(kSingle.size() +
+                i) = {comfortControl(i + 1), kComfortNames.at(i), K::check, P::comfort,
+                      kSwitchFrame,          E::comfort};
+    }
+    return rows;
+}();
 
 constexpr bool inOrder() {
     for (std::size_t i = 0; i < kTable.size(); ++i) {
@@ -64,6 +82,7 @@ constexpr std::array<PageRow, kPages> kPageTable = {{
     {P::streaming, "STR"},
     {P::versionHistory, "VH"},
     {P::shortcuts, "SC"},
+    {P::comfort, "CMF"},
 }};
 
 constexpr auto kFrameTable = std::to_array<FrameRow>({
@@ -81,6 +100,8 @@ constexpr auto kFrameTable = std::to_array<FrameRow>({
     {"Frame4", P::ripper},
     {"Frame10", P::streaming},
     {"StrmFrm", P::streaming},
+    {"ComfortFrm", P::comfort},
+    {kSwitchFrame, P::comfort},
 });
 
 /// A track of a disc is no file that anything could be associated with.

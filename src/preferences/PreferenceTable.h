@@ -3,9 +3,12 @@
 // that is felt. Any thread.
 #pragma once
 
+#include "base/ComfortTable.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -20,9 +23,10 @@ enum class Page : std::uint8_t {
     streaming,
     versionHistory,
     shortcuts,
+    comfort,
 };
 
-inline constexpr std::size_t kPages = 7;
+inline constexpr std::size_t kPages = 8;
 
 /// What can be changed. A number behind the name tells several of one name apart.
 enum class Control : std::uint8_t {
@@ -54,9 +58,23 @@ enum class Control : std::uint8_t {
     Label3,    ///< the folder of ripped tracks
     Label1,    ///< the folder of recorded streams
     Check17,   ///< tell messengers what plays
+    Comfort_0, ///< the master of comfort; its switches follow by their numbers
 };
 
-inline constexpr std::size_t kControls = 28;
+inline constexpr std::size_t kControls = 29 + base::kComfortSwitches.size();
+
+/// The control of a switch of comfort by its number, that of the master by 0.
+constexpr Control comfortControl(std::size_t number) {
+    return static_cast<Control>(static_cast<std::size_t>(Control::Comfort_0) + number);
+}
+
+/// The other way round; none for any other control.
+constexpr std::optional<std::size_t> comfortNumber(Control control) {
+    return control < Control::Comfort_0
+               ? std::nullopt
+               : std::optional(static_cast<std::size_t>(control) -
+                               static_cast<std::size_t>(Control::Comfort_0));
+}
 
 enum class ControlKind : std::uint8_t {
     check,
@@ -79,6 +97,7 @@ enum class Effect : std::uint8_t {
     tray,
     spectrum,
     messenger,
+    comfort,
     language, ///< already when it is chosen
 };
 
@@ -108,6 +127,9 @@ struct PageRow {
 
 /// In the order of the tabs.
 [[nodiscard]] std::span<const PageRow, kPages> pageTable() noexcept;
+
+/// Holds more controls than a page has room for: it is scrolled.
+inline constexpr std::string_view kSwitchFrame = "FrameComfort";
 
 struct FrameRow {
     std::string_view name;

@@ -13,6 +13,15 @@ void PreferenceValues::put(Control control, std::int32_t number) {
 }
 
 void PreferenceValues::setNumber(Control control, std::int32_t number) {
+    if (const auto place = comfortNumber(control)) {
+        if (*place == 0) {
+            comfort_.master = number == 1;
+        } else {
+            comfort_.turn(*place, number == 1);
+        }
+        setComfort(comfort_);
+        return;
+    }
     put(control, number);
     switch (control) {
     case Control::Check2:
@@ -56,6 +65,14 @@ void PreferenceValues::setRates(const Rates& rates) {
     rates_ = rates;
     rates_.front() = kWaveRate;
     showRate();
+}
+
+void PreferenceValues::setComfort(const base::ComfortChoices& choices) {
+    comfort_ = choices;
+    put(Control::Comfort_0, choices.master ? 1 : 0);
+    for (std::size_t place = 1; place <= base::kComfortSwitches.size(); ++place) {
+        put(comfortControl(place), choices.on(place) ? 1 : 0);
+    }
 }
 
 void PreferenceValues::showRate() {

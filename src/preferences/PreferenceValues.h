@@ -45,6 +45,11 @@ public:
     /// That of the chosen format shows at once.
     void setRates(const Rates& rates);
 
+    [[nodiscard]] const base::ComfortChoices& comfort() const { return comfort_; }
+
+    /// A tick of a switch shows whether it is on, by itself or as the master is.
+    void setComfort(const base::ComfortChoices& choices);
+
     /// The chosen format has a bit rate that is a choice.
     [[nodiscard]] bool choosesRate() const { return number(Control::Combo1) > 0; }
 
@@ -64,6 +69,7 @@ private:
     std::array<std::string, kControls> texts_;
     Ticks types_;
     Rates rates_{kWaveRate, 128, 128, 128, 128, 128};
+    base::ComfortChoices comfort_;
     std::bitset<kControls> known_;
 };
 

@@ -4,6 +4,7 @@
 #include "base/Numbers.h"
 #include "config/Fields.h"
 #include "config/SettingText.h"
+#include "player/ComfortSettings.h"
 
 #include <array>
 
@@ -191,6 +192,7 @@ std::span<const StoredRow> storedTable() noexcept {
 
 void readPreferences(config::Settings& settings, PreferenceValues& values) {
     settings.readSettings([&](const config::clsXML& xml) {
+        values.setComfort(player::comfortIn(xml));
         for (const StoredRow& row : kTable) {
             const player::SettingRow& setting = settingOf(row);
             if (setting.owner == player::KeyOf::player &&
@@ -211,6 +213,9 @@ void readPreferences(config::Settings& settings, PreferenceValues& values) {
 void writePreferences(config::Settings& settings, const PreferenceValues& values,
                       const std::optional<WindowPlace>& place) {
     settings.withSettings([&](config::clsXML& xml) {
+        if (values.known(Control::Comfort_0) && values.comfort() != player::comfortIn(xml)) {
+            player::putComfort(xml, values.comfort());
+        }
         for (const StoredRow& row : kTable) {
             const player::SettingRow& setting = settingOf(row);
             if (row.form == Form::left || row.form == Form::top) {

@@ -89,6 +89,18 @@ void frmPreferences::applyMode(bool player::PlayerState::*flag, Control control,
     p_.core.screen.showMode(mode);
 }
 
+void frmPreferences::changeComfort() {
+    player::PlayerState& state = p_.core.state;
+    const base::Comfort wanted = values_.comfort().record();
+    if (state.ComfortOfRun || state.comfort == wanted) {
+        return;
+    }
+    state.comfort = wanted;
+    if (hooks.comfort) {
+        hooks.comfort();
+    }
+}
+
 void frmPreferences::apply(Effect effect) {
     player::PlayerState& state = p_.core.state;
     switch (effect) {
@@ -124,6 +136,9 @@ void frmPreferences::apply(Effect effect) {
         if (hooks.spectrumSpeed) {
             hooks.spectrumSpeed(values_.number(Control::Slider4));
         }
+        break;
+    case Effect::comfort:
+        changeComfort();
         break;
     case Effect::messenger:
         state.MessengerOn = values_.ticked(Control::Check17);

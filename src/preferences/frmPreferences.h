@@ -26,6 +26,8 @@ struct PreferenceHooks {
     std::function<void()> changeLanguage{};               ///< to that of the settings
     std::function<void(bool shown)> tray{};               ///< also when its icon changed
     std::function<void(std::int32_t ms)> spectrumSpeed{}; ///< the time between two pictures
+    std::function<void()>
+        comfort{}; ///< its record changed: what was made by the old one is made anew
     std::function<void(std::span<const std::string> extensions)> associate{};
 };
 
@@ -95,6 +97,9 @@ public:
     /// Asks for the folder of a label.
     void chooseFolder(Control label);
 
+    /// The command line decides: what the page of comfort is set to counts from the next run on.
+    [[nodiscard]] bool comfortIsOfRun() const { return p_.core.state.ComfortOfRun.has_value(); }
+
     // The lists -----------------------------------------------------------------------------------
 
     /// The languages that there are, by their names.
@@ -108,6 +113,7 @@ public:
 
 private:
     void apply(Effect effect);
+    void changeComfort();
     void applyMode(bool player::PlayerState::*flag, Control control, player::Mode mode);
 
     Needs p_;

@@ -82,6 +82,15 @@ void AppRig::set(const std::string& key, const std::string& text) const {
     host_.folder.write(kSettings, bytes);
 }
 
+void AppRig::put(const std::string& key, const std::string& text) const {
+    std::string bytes = host_.folder.read(kSettings);
+    if (bytes.find("<" + key + ">") == bytes.npos) {
+        bytes.insert(bytes.rfind("</Settings>"), "<" + key + "/>");
+        host_.folder.write(kSettings, bytes);
+    }
+    set(key, text);
+}
+
 void AppRig::takeOut(const std::string& key) const {
     std::string bytes = host_.folder.read(kSettings);
     const auto [begin, end] = placeOf(bytes, key);

@@ -221,6 +221,9 @@ protected:
     /// Replaces the text of a key in the settings file; an empty element counts, too.
     void set(const std::string& key, const std::string& text) const;
 
+    /// Sets the text of a key, and makes its element where there is none.
+    void put(const std::string& key, const std::string& text) const;
+
     /// Takes the element of a key out of the settings file.
     void takeOut(const std::string& key) const;
 

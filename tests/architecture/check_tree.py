@@ -21,7 +21,8 @@ def main(root, widgets_folder):
         *headers.check(root / "src", here / "exceptions.txt"),
         *settings.check(root / "src"),
         *names.check(root / "docs" / "names.md", root / "src"),
-        *comfort.check(root / "docs" / "oddities.md", root / "src" / "base" / "Comfort.h"),
+        *comfort.check(root / "docs" / "oddities.md", root / "src" / "base" / "Comfort.h",
+                       root / "src" / "base" / "ComfortTable.h"),
         *files.check_sources(root),
         *files.check_documents(root),
     ]

@@ -236,37 +236,59 @@ class FloorTable(Tree):
 
 
 class ComfortChecks(Tree):
-    PAGE = ("| what | where |\n|---|---|\n| a stop | x |\n| a start | y |\n| a leak | z |\n\n"
-            "## Without a switch\n\n- a leak: nobody sees it\n")
+    PAGE = ("| what | where | switch |\n|---|---|---|\n| a stop | x | CMF01 |\n"
+            "| a start | y | CMF02 |\n| a leak | z | - |\n\n"
+            "## The switches\n\n| switch | what it says |\n|---|---|\n| CMF01 | Stops |\n"
+            "| CMF02 | Starts |\n\n## Without a switch\n\n- a leak: nobody sees it\n")
     HEADER = ("struct Comfort {\n    bool stops = false;  ///< a stop\n"
-              "    bool starts = false; ///< a start\n};\n")
+              "    bool starts = false; ///< a start\n"
+              "    friend bool operator==(const Comfort&) = default;\n};\n")
+    TABLE = ('{"CMF01", "Stops"},\n{"CMF02", "Starts"},\n'
+             "{&Comfort::stops, 1},\n{&Comfort::starts, 2},\n")
 
-    def faults(self, page=PAGE, header=HEADER):
+    def faults(self, page=PAGE, header=HEADER, table=TABLE):
         self.write("oddities.md", page)
         self.write("Comfort.h", header)
-        return list(comfort.check(self.root / "oddities.md", self.root / "Comfort.h"))
+        self.write("ComfortTable.h", table)
+        return list(comfort.check(self.root / "oddities.md", self.root / "Comfort.h",
+                                  self.root / "ComfortTable.h"))
 
-    def test_rows_and_switches_that_fit(self):
+    def test_rows_and_members_that_fit(self):
         self.assertEqual(self.faults(), [])
 
-    def test_row_without_a_switch(self):
-        self.assert_fault(self.faults(page=self.PAGE.replace("| a leak", "| a new one | w |\n| a leak")),
-                          '"a new one" has 0')
+    def test_row_without_a_member(self):
+        self.assert_fault(
+            self.faults(page=self.PAGE.replace("| a leak", "| a new one | w | - |\n| a leak")),
+            '"a new one" has 0')
 
-    def test_row_with_a_switch_and_a_reason(self):
+    def test_row_with_a_member_and_a_reason(self):
         self.assert_fault(self.faults(page=self.PAGE + "- a stop: why\n"), '"a stop" has 2')
 
-    def test_switch_of_a_row_that_is_gone(self):
-        self.assert_fault(self.faults(page=self.PAGE.replace("| a stop | x |\n", "")),
+    def test_member_of_a_row_that_is_gone(self):
+        self.assert_fault(self.faults(page=self.PAGE.replace("| a stop | x | CMF01 |\n", "")),
                           '"a stop" is no row')
 
-    def test_switch_that_is_on(self):
+    def test_member_that_is_on(self):
         self.assert_fault(self.faults(header=self.HEADER.replace("stops = false; ", "stops; ")),
                           "stops is not off")
 
-    def test_switch_that_names_no_row(self):
+    def test_member_that_names_no_row(self):
         self.assert_fault(
             self.faults(header=self.HEADER.replace("};", "    bool x = false;\n};")), "names no row")
+
+    def test_row_that_names_another_switch(self):
+        self.assert_fault(self.faults(page=self.PAGE.replace("| x | CMF01", "| x | CMF02")),
+                          '"a stop" names CMF02, its member is turned by CMF01')
+
+    def test_row_that_names_a_switch_without_a_member(self):
+        self.assert_fault(self.faults(page=self.PAGE.replace("| z | -", "| z | CMF02")),
+                          '"a leak" names CMF02')
+
+    def test_switches_that_say_something_else(self):
+        self.assert_fault(self.faults(page=self.PAGE.replace("| Starts", "| Begins")),
+                          "not those of ComfortTable.h")
+        self.assert_fault(self.faults(page=self.PAGE.replace("| CMF02 | Starts |\n", "")),
+                          "not those of ComfortTable.h")
 
 
 class SettingChecks(Tree):

@@ -62,6 +62,14 @@ TEST(CommandLine, imagesOfDiscsMayBeMany) {
     EXPECT_EQ(errorOf({"--cd"}), "--cd FILE.cue: the value is missing; see tovik --help");
 }
 
+TEST(CommandLine, comfortIsOnOrOff) {
+    EXPECT_FALSE(parsed({}).comfort.has_value());
+    EXPECT_EQ(parsed({"--comfort", "on"}).comfort, true);
+    EXPECT_EQ(parsed({"--comfort=off"}).comfort, false);
+    EXPECT_EQ(errorOf({"--comfort=1"}),
+              "--comfort on|off: not a value for it: 1; see tovik --help");
+}
+
 TEST(CommandLine, optionsAndFilesMix) {
     const CommandLine line = parsed({"/Play", "a.mp3", "--device", "silent", "b=c.mp3"});
     EXPECT_EQ(line.device, kSilentDevice);

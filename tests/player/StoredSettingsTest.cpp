@@ -199,24 +199,6 @@ TEST_F(StoredSettingsTest, theEndWritesWhatItIsToKeepInTheFormOfEachKey) {
     EXPECT_EQ(written, file()); // what is kept on demand alone stands as it stood
 }
 
-TEST_F(StoredSettingsTest, aKeyOfOurOwnMayBeAbsentAndIsMadeWhenItIsStored) {
-    read(usual());
-    EXPECT_FALSE(state_.comfort.keepsBalance);
-    stored_.saveAtEnd();
-    EXPECT_THAT(file(), Not(HasSubstr("KEEPPAN")));
-    state_.comfort.keepsBalance = true;
-    stored_.save("KEEPPAN");
-    EXPECT_THAT(file(), HasSubstr("<KEEPPAN>1</KEEPPAN>"));
-    state_.comfort = {};
-    stored_.getSettings();
-    EXPECT_TRUE(state_.comfort.keepsBalance);
-    EXPECT_FALSE(state_.comfort.alwaysPicksRow);
-    state_.comfort.keepsBalance = false;
-    stored_.save("KEEPPAN"); // written in its place, not made twice
-    EXPECT_THAT(file(), HasSubstr("<KEEPPAN>0</KEEPPAN>"));
-    EXPECT_THAT(file(), Not(HasSubstr("<KEEPPAN>1</KEEPPAN>")));
-}
-
 TEST_F(StoredSettingsTest, aKeyOfTheFormatIsNeverMade) {
     writeSettings("<MI>1</MI>");
     const std::string before = file();

@@ -79,6 +79,13 @@ TEST_F(PreferenceTable, everyControlStandsHereWithItsPageAndItsEffect) {
         EXPECT_EQ(row.effect, expected.effect) << expected.control;
         seen.insert(expected.control);
     }
+    for (std::size_t number = 0; number <= base::kComfortSwitches.size(); ++number) {
+        const preferences::ControlRow& row = rowNamed("Comfort_" + std::to_string(number));
+        EXPECT_EQ(row.control, preferences::comfortControl(number));
+        EXPECT_EQ(row.page, Page::comfort) << number;
+        EXPECT_EQ(row.effect, Effect::comfort) << number;
+        seen.insert(row.name);
+    }
     EXPECT_EQ(seen.size(), preferences::kControls);
 }
 
@@ -143,7 +150,8 @@ TEST_F(PreferenceTable, pagesFramesAndTypesAreThoseThatUsersKnow) {
     for (const preferences::PageRow& row : preferences::pageTable()) {
         keys.push_back(row.key);
     }
-    EXPECT_EQ(keys, (std::vector<std::string_view>{"GN", "FTY", "PLB", "RP", "STR", "VH", "SC"}));
+    EXPECT_EQ(keys,
+              (std::vector<std::string_view>{"GN", "FTY", "PLB", "RP", "STR", "VH", "SC", "CMF"}));
     std::vector<std::string_view> frames;
     for (const preferences::FrameRow& row : preferences::frameTable()) {
         if (row.page == Page::general) {
