@@ -26,7 +26,7 @@ public:
 
     [[nodiscard]] const ui::PixelImage* bars() const override { return nullptr; }
 
-    void draw(const std::function<void(ui::PixelImage&)>& paint) override {
+    void draw(int /*density*/, const std::function<void(ui::PixelImage&)>& paint) override {
         paint(picture_);
         screen_->show(picture_);
     }

@@ -1,19 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/FullScreenWindow.h"
 
+#include "sound/api/VisualOperations.h"
+
+#include <algorithm>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QScreen>
 
 namespace tovik::app {
 
 /// The widget itself. What it calls may let it go, so nothing is done behind a call.
 class FullScreenWindow::Sheet final : public QWidget {
 public:
-    Sheet(const host::Dispatcher& dispatcher, const Input& input)
-        : dispatcher_(dispatcher), input_(input) {
+    Sheet(const host::Dispatcher& dispatcher, const Input& input, int shrink)
+        : dispatcher_(dispatcher), input_(input), shrink_(shrink) {
         setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
         setAttribute(Qt::WA_OpaquePaintEvent);
         setCursor(Qt::BlankCursor);
@@ -54,7 +56,7 @@ protected:
 
     void mousePressEvent(QMouseEvent* event) override {
         if (event->button() == Qt::LeftButton && input_.clicked) {
-            const QPoint place = event->position().toPoint();
+            const QPoint place = event->position().toPoint() / shrink_;
             const auto clicked = input_.clicked;
             call([clicked, place] { clicked(place.x(), place.y()); });
         }
@@ -80,17 +82,21 @@ private:
 
     const host::Dispatcher& dispatcher_;
     Input input_;
+    int shrink_;
     const ui::PixelImage* image_ = nullptr;
 };
 
-FullScreenWindow::FullScreenWindow(const QWidget& beside, const host::Dispatcher& dispatcher,
-                                   const Input& input) {
-    const QScreen* const screen = beside.screen();
-    size_ = screen->size();
-    auto sheet = std::make_unique<Sheet>(dispatcher, input);
+int FullScreenWindow::shrinkFor(QSize screen) {
+    return (std::max(screen.width(), screen.height()) - 1) / sound::kMostVisualSide + 1;
+}
+
+FullScreenWindow::FullScreenWindow(const QScreen& screen, const host::Dispatcher& dispatcher,
+                                   const Input& input)
+    : size_(screen.size() / shrinkFor(screen.size())) {
+    auto sheet = std::make_unique<Sheet>(dispatcher, input, shrinkFor(screen.size()));
     sight_ = std::make_unique<ui::WindowSight>(
         *sheet, [&dispatcher, tell = input.cameInSight] { dispatcher.run(tell); });
-    sheet->setGeometry(screen->geometry());
+    sheet->setGeometry(screen.geometry());
     sheet->showFullScreen();
     sheet->activateWindow();
     sheet_ = sheet.release(); // it lets itself go later

@@ -8,17 +8,22 @@
 
 #include <memory>
 #include <QPointer>
+#include <QScreen>
 #include <QWidget>
 
 namespace tovik::app {
 
 class FullScreenWindow final : public window::FullScreen {
 public:
-    /// Covers the screen on which `beside` is. The dispatcher outlives the window.
-    FullScreenWindow(const QWidget& beside, const host::Dispatcher& dispatcher, const Input& input);
+    /// Covers that screen. The dispatcher outlives the window.
+    FullScreenWindow(const QScreen& screen, const host::Dispatcher& dispatcher, const Input& input);
     ~FullScreenWindow() override;
     FullScreenWindow(const FullScreenWindow&) = delete;
     FullScreenWindow& operator=(const FullScreenWindow&) = delete;
+
+    /// How many pixels of a screen of that size make one of its picture: 1, but where the picture
+    /// would have a longer side than a plug-in can draw.
+    [[nodiscard]] static int shrinkFor(QSize screen);
 
     [[nodiscard]] int width() const override { return size_.width(); }
 
@@ -30,7 +35,7 @@ public:
 private:
     class Sheet;
 
-    QSize size_;
+    QSize size_; ///< of the picture
     QPointer<Sheet> sheet_;
     std::unique_ptr<ui::WindowSight> sight_;
 };

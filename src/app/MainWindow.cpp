@@ -61,7 +61,9 @@ void MainWindow::endSplash() {
 }
 
 std::unique_ptr<window::FullScreen> MainWindow::makeFullScreen(window::FullScreen::Input input) {
-    return std::make_unique<FullScreenWindow>(*screen_.widget(), host_.dispatcher, input);
+    const QScreen* const where = screen();
+    return where != nullptr ? std::make_unique<FullScreenWindow>(*where, host_.dispatcher, input)
+                            : nullptr;
 }
 
 void MainWindow::takeFocus() {

@@ -35,6 +35,10 @@ bool ScreenWindow::visible() const {
     return widget_ != nullptr && ui::WindowSight::seen(*widget_);
 }
 
+int ScreenWindow::density() const {
+    return widget_ != nullptr ? widget_->density() : 1;
+}
+
 void ScreenWindow::bringToFront(const std::string& token) {
     // Where it finds it, a Wayland desktop's part of Qt takes it from there.
     if (!token.empty() && QGuiApplication::platformName().startsWith(u"wayland")) {

@@ -12,7 +12,7 @@
 namespace tovik::app {
 
 /// The widget comes with `give` and goes with `take`; in between every call is allowed, before and
-/// after only `setRegion`, `visible` and what says so.
+/// after only `setRegion`, `visible`, `density` and what says so.
 class ScreenWindow {
 public:
     ScreenWindow() = default;
@@ -33,6 +33,7 @@ public:
     void show();
 
     [[nodiscard]] bool visible() const;
+    [[nodiscard]] int density() const;
     void bringToFront(const std::string& token);
     void setTaskbarButton(bool shown);
     void setTopmost(bool topmost);
@@ -72,6 +73,8 @@ public:
     void bringToFront(const std::string& token) override { screen_.bringToFront(token); }
 
     [[nodiscard]] bool visible() const override { return screen_.visible(); }
+
+    [[nodiscard]] int density() const override { return screen_.density(); }
 
     [[nodiscard]] ui::RegionWindow* shape() override { return &screen_.outline(); }
 

@@ -31,13 +31,11 @@ public:
         return p_.pictures.find(p_.store.at(p_.store.slotOf(p_.bars)).picture);
     }
 
-    void draw(const std::function<void(ui::PixelImage&)>& paint) override {
-        if (!picture_) {
-            const auto count =
-                static_cast<std::size_t>(width()) * static_cast<std::size_t>(height());
-            picture_ = p_.pictures.add({.width = width(),
-                                        .height = height(),
-                                        .pixels = std::vector<std::uint32_t>(count)});
+    void draw(int density, const std::function<void(ui::PixelImage&)>& paint) override {
+        const ui::PixelImage* const image = p_.pictures.find(picture_);
+        if (image == nullptr || image->density != density) {
+            picture_ = picture_ ? p_.pictures.replace(picture_, blank(density))
+                                : p_.pictures.add(blank(density));
         }
         picture_ = p_.pictures.draw(picture_, paint);
         ui::Element& element = p_.elements.touchAt(p_.area);
@@ -48,6 +46,8 @@ public:
     [[nodiscard]] int width() const override { return pixels(area().width); }
 
     [[nodiscard]] int height() const override { return pixels(area().height); }
+
+    [[nodiscard]] int density() const override { return p_.window.density(); }
 
     void clear() override {
         if (area().picture) {
@@ -65,6 +65,16 @@ public:
 
 private:
     [[nodiscard]] static int pixels(double length) { return static_cast<int>(std::lround(length)); }
+
+    [[nodiscard]] ui::PixelImage blank(int density) const {
+        ui::PixelImage image{.width = width() * density,
+                             .height = height() * density,
+                             .pixels = {},
+                             .density = density};
+        image.pixels.resize(static_cast<std::size_t>(image.width) *
+                            static_cast<std::size_t>(image.height));
+        return image;
+    }
 
     [[nodiscard]] const ui::Element& area() const {
         return p_.elements.at(p_.elements.slotOf(p_.area));

@@ -186,6 +186,8 @@ void Visuals::lost() {
 void Visuals::showIn(VisualElement* area) {
     leaveFullScreen();
     stopVisualisation();
+    // It begins anew in the other window, if it wants to be there.
+    sonVis.free();
     current_ = area != nullptr ? area : &area_;
     spectrum.drawIn(*current_);
     sonVis.drawIn(*current_);
@@ -201,7 +203,7 @@ void Visuals::doubleClickVisual() {
         leaveFullScreen();
         return;
     }
-    if (!n_.core.state.BuiltinVisOn && !n_.core.state.VisOn) {
+    if (!n_.core.state.BuiltinVisOn && !sonVis.running()) {
         return;
     }
     std::unique_ptr<window::FullScreen> screen =

@@ -53,7 +53,8 @@ public:
     void doubleClickVisual() override;
 
     /// From now on it is drawn in that area of a window, which outlives the wing, or in the main
-    /// window's for null. One that is on goes on there; nothing is started that is not chosen.
+    /// window's for null. One that is on goes on there, a plug-in from its beginning; nothing is
+    /// started that is not chosen.
     void showIn(VisualElement* area);
 
     [[nodiscard]] bool onFullScreen() const { return full_ != nullptr; }

@@ -10,7 +10,7 @@ namespace tovik::ui {
 namespace {
 
 void requireWhole(const PixelImage& image) {
-    if (image.width < 0 || image.height < 0 ||
+    if (image.width < 0 || image.height < 0 || image.density < 1 ||
         image.pixels.size() !=
             static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height)) {
         throw base::RuntimeError(base::ErrorNumber::InvalidProcedureCall);

@@ -14,6 +14,7 @@ struct PixelImage {
     int width = 0;
     int height = 0;
     std::vector<std::uint32_t> pixels; ///< width * height of them
+    int density = 1; ///< how many of them along a side make one skin pixel; 1 or more
 };
 
 class PictureStore {

@@ -49,7 +49,14 @@ SonVis::SonVis(Parts parts, VisualArea& area)
           return ui::MessageResult{0};
       }),
       timer_(p_.core.timers.makeTimer([this] { list_.send({kRenderMessage}); })),
-      patience_(p_.core.timers.makeTimer([this] { lose(); })) {}
+      patience_(p_.core.timers.makeTimer([this] {
+          // This thread may have been held up itself: what lies there by now counts.
+          if (!answered()) {
+              lose();
+          }
+      })) {
+    patience_->setInterval(kPatienceMs);
+}
 
 bool SonVis::needsRoom(const std::string& path) const {
     if (!p_.core.state.MiniModeOn) {
@@ -68,19 +75,24 @@ void SonVis::StartSonVis(const std::string& path) {
     if (needsRoom(path)) {
         return;
     }
+    // What it may raise leaves everything as it was.
+    const std::int16_t speed = player::readLive(p_.core.settings, "VPS", config::settingToInt16);
     p_.core.sound.BASS_SONIQUEVIS_CreateFakeSoniqueWnd();
     timer_->setEnabled(false);
     free();
+    size_ = fitting();
     visual_ = p_.core.sound.BASS_SONIQUEVIS_CreateVis(
-        path, p_.paths.of(host::DataItem::VisualSettings), 0, area_->width(), area_->height());
-    if (visual_ == sound::kNoHandle) {
-        p_.lost();
+        path, p_.paths.of(host::DataItem::VisualSettings), 0, size_.width, size_.height);
+    const int news = running() ? p_.core.sound.visualDescriptor(visual_) : -1;
+    if (news < 0) {
+        lose();
         return;
     }
-    watch_ = p_.watches.watch(p_.core.sound.visualDescriptor(visual_), [this] { answered(); });
+    watch_ = p_.watches.watch(news, [this] { answered(); });
     started_ = true;
+    watchOver();
     render();
-    setSpeed(player::readLive(p_.core.settings, "VPS", config::settingToInt16));
+    setSpeed(speed);
 }
 
 void SonVis::stopSonVis() {
@@ -124,7 +136,7 @@ void SonVis::render() {
         timer_->setEnabled(false);
         return;
     }
-    if (patience_->enabled()) {
+    if (!fit()) {
         return;
     }
     sound::Handle heard = heardChannel(p_.core.state);
@@ -133,29 +145,62 @@ void SonVis::render() {
         return;
     }
     p_.core.sound.BASS_SONIQUEVIS_Render(visual_, heard, {});
-    patience_->setInterval(kPatienceMs);
-    patience_->setEnabled(true);
+    watchOver();
 }
 
-void SonVis::answered() {
+/// The pictures that the area shows best now.
+SonVis::Size SonVis::fitting() const {
+    return {.width = area_->width() * area_->density(),
+            .height = area_->height() * area_->density()};
+}
+
+/// Sees to it that the next pictures are such ones. False: it cannot draw them and is lost.
+bool SonVis::fit() {
+    if (size_ == fitting()) {
+        return true;
+    }
+    size_ = fitting();
+    if (!p_.core.sound.BASS_SONIQUEVIS_Resize(visual_, size_.width, size_.height)) {
+        lose();
+        return false;
+    }
+    watchOver();
+    return true;
+}
+
+/// Whatever it was told to do, it has a limited time to do it.
+void SonVis::watchOver() {
+    if (!patience_->enabled() && p_.core.sound.visualIsBusy(visual_)) {
+        patience_->setEnabled(true);
+    }
+}
+
+/// False when it still owes what it was told.
+bool SonVis::answered() {
     switch (p_.core.sound.visualNews(visual_)) {
     case sound::VisualNews::nothing:
+        if (p_.core.sound.visualIsBusy(visual_)) {
+            return false;
+        }
+        patience_->setEnabled(false);
         break;
     case sound::VisualNews::picture:
         patience_->setEnabled(false);
         show();
+        watchOver();
         break;
     case sound::VisualNews::ended:
         lose();
         break;
     }
+    return true;
 }
 
 void SonVis::show() {
-    if (!started_ || !area_->canBeSeen()) {
+    if (!started_ || !area_->canBeSeen() || size_ != fitting()) {
         return;
     }
-    area_->draw([this](ui::PixelImage& picture) {
+    area_->draw(area_->density(), [this](ui::PixelImage& picture) {
         p_.core.sound.BASS_SONIQUEVIS_Render(
             visual_, sound::kNoHandle,
             {.pixels = picture.pixels, .width = picture.width, .height = picture.height});
@@ -171,7 +216,8 @@ void SonVis::lose() {
 
 void SonVis::click(int x, int y) {
     if (running() && started_) {
-        p_.core.sound.BASS_SONIQUEVIS_Clicked(visual_, x, y);
+        p_.core.sound.BASS_SONIQUEVIS_Clicked(visual_, x * area_->density(), y * area_->density());
+        watchOver();
     }
 }
 
@@ -180,9 +226,7 @@ void SonVis::drawIn(VisualArea& area) {
     if (!running()) {
         return;
     }
-    patience_->setEnabled(false);
-    p_.core.sound.BASS_SONIQUEVIS_Resize(visual_, area_->width(), area_->height());
-    if (started_) {
+    if (fit() && started_) {
         render();
         stir();
     }

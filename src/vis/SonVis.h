@@ -18,7 +18,8 @@ namespace tovik::vis {
 /// What the timer posts to the hidden list.
 inline constexpr std::uint32_t kRenderMessage = 0x2C67;
 
-/// How long a plug-in may take for a picture, the first one with all that comes before it.
+/// How long a plug-in may take to begin and for each picture, another size or a click; the first
+/// picture counts with all that comes before it.
 inline constexpr int kPatienceMs = 2000;
 
 /// Switches an input of the mix on, for whoever listens to it.
@@ -26,7 +27,8 @@ void sonfix(sound::RecordOperations& sound, int input = 0);
 
 /// It ticks only while there is something to move and someone can see it. The interface never waits
 /// for a plug-in: a tick asks for the next picture unless one is being drawn, and a picture is
-/// shown when it is told that it is done.
+/// shown when it is told that it is done. One that takes too long for anything is given up, whether
+/// someone sees it or not.
 class SonVis {
 public:
     struct Parts {
@@ -44,7 +46,7 @@ public:
     SonVis& operator=(const SonVis&) = delete;
 
     /// Begins a plug-in in place of the one that runs; with a setting beside it, and the mini
-    /// window, it does not. Raises what reading the speed raises.
+    /// window, it does not. Raises what reading the speed raises, and changes nothing then.
     void StartSonVis(const std::string& path);
 
     /// Ends the tick and clears the area; the plug-in is kept for `stir`.
@@ -71,7 +73,7 @@ public:
     /// No tick comes until it is stirred or started.
     [[nodiscard]] bool rests() const { return !timer_->enabled(); }
 
-    /// The left button went down there, in pixels of the area.
+    /// The left button went down there, in the area's pixels of density 1.
     void click(int x, int y);
 
     /// From now on it draws there, which outlives the object; what it drew elsewhere stays.
@@ -82,8 +84,19 @@ public:
 
 private:
     [[nodiscard]] bool needsRoom(const std::string& path) const;
+
+    struct Size {
+        int width = 0;
+        int height = 0;
+
+        friend bool operator==(const Size&, const Size&) = default;
+    };
+
+    [[nodiscard]] Size fitting() const;
+    bool fit();
     void render();
-    void answered();
+    void watchOver();
+    bool answered();
     void show();
     void lose();
 
@@ -91,9 +104,10 @@ private:
     VisualArea* area_;
     ui::MessageWindow list_;
     std::unique_ptr<host::Timer> timer_;
-    std::unique_ptr<host::Timer> patience_; ///< runs while a picture is being drawn
+    std::unique_ptr<host::Timer> patience_; ///< runs while it has something to do
     std::unique_ptr<host::Watch> watch_;
     sound::Handle visual_ = sound::kNoHandle;
+    Size size_; ///< of the pictures that it was told to draw
     std::string path_;
     bool started_ = false; ///< and not stopped
 };

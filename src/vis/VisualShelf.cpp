@@ -14,11 +14,13 @@ void VisualShelf::look(const sound::VisualFolders& folders) {
         return;
     }
     listing_ = core_.sound.listVisuals(folders);
-    if (listing_ == sound::kNoHandle) {
+    // What cannot begin never has news.
+    const int news = listing_ != sound::kNoHandle ? core_.sound.visualDescriptor(listing_) : -1;
+    if (news < 0) {
         fill();
         return;
     }
-    watch_ = watches_.watch(core_.sound.visualDescriptor(listing_), [this] { answered(); });
+    watch_ = watches_.watch(news, [this] { answered(); });
 }
 
 void VisualShelf::answered() {

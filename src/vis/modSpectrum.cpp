@@ -60,7 +60,7 @@ void modSpectrum::tick() {
     computeBands(data_, data_.bands);
     movePeaks(data_);
     if (figure_.place(data_, area_->width(), area_->height())) {
-        area_->draw([this](ui::PixelImage& picture) { figure_.draw(picture, area_->bars()); });
+        area_->draw(1, [this](ui::PixelImage& picture) { figure_.draw(picture, area_->bars()); });
         still_ = 0;
     } else if (settled()) {
         timer_->setEnabled(false);

@@ -113,7 +113,9 @@ void MiniInput::pressAt(const ui::PointerEvent& event) {
     if (!isLeft(event)) {
         return;
     }
-    if (overPosition(event)) {
+    if (p_.visual != nullptr && event.over(N::Picture1)) {
+        p_.visual->clickVisual(static_cast<int>(event.x), static_cast<int>(event.y));
+    } else if (overPosition(event)) {
         p_.position.Posbar_MouseDown(alongPosition(event));
     } else if (event.over(N::volbar)) {
         p_.volume.volbar.mouseDown(onVolume(event));
@@ -156,6 +158,8 @@ void MiniInput::releaseAt(const ui::PointerEvent& event) {
 void MiniInput::doubleClick(const ui::PointerEvent& event) {
     if (isLeft(event) && event.over(N::timed)) {
         p_.actions.activate(ui::addressOf(N::timed, 1));
+    } else if (isLeft(event) && event.over(N::Picture1) && p_.visual != nullptr) {
+        p_.visual->doubleClickVisual();
     }
 }
 

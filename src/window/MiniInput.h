@@ -11,6 +11,7 @@
 #include "window/MiniPosition.h"
 #include "window/MiniSkin.h"
 #include "window/MiniVolume.h"
+#include "window/VisualInput.h"
 #include "window/VolumeBar.h"
 
 namespace tovik::window {
@@ -26,7 +27,8 @@ struct MiniInputParts {
     VolumeBar& mainVolume; ///< what the wheel turns, whichever window it is over
     MiniSkin& skin;
     SkinnedWindow& window;
-    MenuPopper* menus = nullptr; ///< null: a right click shows no menu
+    MenuPopper* menus = nullptr;   ///< null: a right click shows no menu
+    VisualInput* visual = nullptr; ///< null: nobody minds the mouse on the visualisation
 };
 
 class MiniInput final : public ui::WindowInput, private ui::ISuperClass {
@@ -45,7 +47,7 @@ public:
     void mouseMove(const ui::PointerEvent& event) override;
     void mouseUp(const ui::PointerEvent& event) override;
 
-    /// On a digit: played or left.
+    /// On a digit: played or left. On the visualisation: the whole screen.
     void doubleClick(const ui::PointerEvent& event) override;
 
     void wheel(const ui::PointerEvent& event, double notches) override;

@@ -44,7 +44,8 @@ public:
         return nullptr;
     }
 
-    /// A picture over the screen on which the window is; null where there is none.
+    /// A picture over the screen on which the window in use is, of the two; null where there is
+    /// none.
     [[nodiscard]] virtual std::unique_ptr<FullScreen> makeFullScreen(FullScreen::Input /*input*/) {
         return nullptr;
     }

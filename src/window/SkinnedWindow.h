@@ -30,6 +30,9 @@ public:
     /// Whether anyone can see what moves on it.
     [[nodiscard]] virtual bool visible() const { return true; }
 
+    /// How many pixels along a side it has for one of the skin; another screen may change that.
+    [[nodiscard]] virtual int density() const { return 1; }
+
     /// Where the outline goes; null without a window that could have one.
     [[nodiscard]] virtual ui::RegionWindow* shape() { return nullptr; }
 

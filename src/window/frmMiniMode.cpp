@@ -28,7 +28,8 @@ frmMiniMode::frmMiniMode(const Needs& needs)
              .mainVolume = needs.main.volumeBar,
              .skin = skin,
              .window = needs.window,
-             .menus = needs.menus}),
+             .menus = needs.menus,
+             .visual = needs.visual}),
       p_(needs) {
     p_.core.screen.add(display);
     p_.core.screen.add(volume);

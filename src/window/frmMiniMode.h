@@ -25,7 +25,8 @@ public:
         MainView& main;
         SkinnedWindow& window;
         host::Host host;
-        MenuPopper* menus = nullptr; ///< null: there are no menus
+        MenuPopper* menus = nullptr;   ///< null: there are no menus
+        VisualInput* visual = nullptr; ///< null: there are no visualisations
     };
 
     explicit frmMiniMode(const Needs& needs);

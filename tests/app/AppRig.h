@@ -84,6 +84,7 @@ public:
         std::string caption;
         bool seen = true;
         int drags = 0;
+        int pixels = 1; ///< for one of the skin
         Outline outline;
 
         void show() override { calls_.emplace_back("mini shown"); }
@@ -97,6 +98,8 @@ public:
         }
 
         [[nodiscard]] bool visible() const override { return seen; }
+
+        [[nodiscard]] int density() const override { return pixels; }
 
         [[nodiscard]] ui::RegionWindow* shape() override { return &outline; }
 

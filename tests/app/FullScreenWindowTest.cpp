@@ -15,7 +15,7 @@ class FullScreenWindow : public testing::Test {
 protected:
     FullScreenWindow() {
         screen_ = std::make_unique<app::FullScreenWindow>(
-            beside_, dispatcher_,
+            *beside_.screen(), dispatcher_,
             window::FullScreen::Input{.leave =
                                           [this] {
                                               ++left_;
@@ -57,6 +57,15 @@ TEST_F(FullScreenWindow, coversTheScreenAndShowsThePicture) {
     const QImage shown = sheet_->grab().toImage();
     EXPECT_EQ(shown.pixel(0, 0), 0xFF102030U);
     EXPECT_EQ(shown.pixel(shown.width() - 1, shown.height() - 1), 0xFF102030U);
+}
+
+TEST_F(FullScreenWindow, makesThePictureOfAVeryWideScreenSmaller) {
+    const auto shrink = app::FullScreenWindow::shrinkFor;
+    EXPECT_EQ(shrink({1920, 1080}), 1);
+    EXPECT_EQ(shrink({8192, 8192}), 1);
+    EXPECT_EQ(shrink({8193, 1000}), 2);
+    EXPECT_EQ(shrink({11520, 2160}), 2);
+    EXPECT_EQ(shrink({1000, 16385}), 3);
 }
 
 TEST_F(FullScreenWindow, goesWithEscape) {

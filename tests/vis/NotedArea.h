@@ -4,6 +4,7 @@
 
 #include "vis/VisualArea.h"
 
+#include <utility>
 #include <vector>
 
 namespace tovik::test {
@@ -20,14 +21,26 @@ public:
 
     [[nodiscard]] const ui::PixelImage* bars() const override { return nullptr; }
 
-    void draw(const std::function<void(ui::PixelImage&)>& paint) override {
+    int finest = 1; ///< density that can be seen
+
+    void draw(int density, const std::function<void(ui::PixelImage&)>& paint) override {
         ++drawn;
+        if (picture.density != density) {
+            const int from = std::exchange(picture.density, density);
+            picture.width = picture.width / from * density;
+            picture.height = picture.height / from * density;
+            picture.pixels.assign(static_cast<std::size_t>(picture.width) *
+                                      static_cast<std::size_t>(picture.height),
+                                  0);
+        }
         paint(picture);
     }
 
-    [[nodiscard]] int width() const override { return picture.width; }
+    [[nodiscard]] int width() const override { return picture.width / picture.density; }
 
-    [[nodiscard]] int height() const override { return picture.height; }
+    [[nodiscard]] int height() const override { return picture.height / picture.density; }
+
+    [[nodiscard]] int density() const override { return finest; }
 
     void clear() override { ++cleared; }
 };

@@ -141,6 +141,66 @@ TEST_F(SonVis, isGivenUpAlsoWhenNobodySeesIt) {
     EXPECT_EQ(lost_, 1);
 }
 
+TEST_F(SonVis, isGivenUpWhenItHangsBeforeAnythingPlays) {
+    state_.IsPlaying = false;
+    vis_.StartSonVis("/a.svp");
+    EXPECT_FALSE(sound_.visual().asked);
+    advance(1990);
+    EXPECT_EQ(lost_, 0);
+    advance(10);
+    EXPECT_EQ(lost_, 1);
+    EXPECT_TRUE(sound_.visuals.empty());
+}
+
+TEST_F(SonVis, isLeftAloneWhenItHasBegunAndNothingPlays) {
+    state_.IsPlaying = false;
+    vis_.StartSonVis("/a.svp");
+    sound_.visual().took = true;
+    answer(VisualNews::nothing);
+    advance(10'000);
+    EXPECT_EQ(lost_, 0);
+}
+
+TEST_F(SonVis, isGivenUpWhenItHangsInAClickOrInAnotherSize) {
+    NotedArea other;
+    other.picture = {.width = 70, .height = 16, .pixels = std::vector<std::uint32_t>(70 * 16)};
+    const auto click = [this] { vis_.click(1, 2); };
+    const auto size = [this, &other] { vis_.drawIn(other); };
+    int times = 0;
+    for (const std::function<void()>& hang : {std::function<void()>(click), {size}}) {
+        state_.IsPlaying = true;
+        vis_.StartSonVis("/a.svp");
+        answer();
+        state_.IsPlaying = false;
+        hang();
+        advance(1990);
+        EXPECT_EQ(lost_, times);
+        advance(10);
+        EXPECT_EQ(lost_, ++times);
+    }
+}
+
+TEST_F(SonVis, clicksDoNotMakeItsTimeLonger) {
+    vis_.StartSonVis("/a.svp");
+    for (int i = 0; i < 19; ++i) {
+        advance(100);
+        vis_.click(1, 1);
+        answer(VisualNews::nothing);
+    }
+    EXPECT_EQ(lost_, 0);
+    advance(100);
+    EXPECT_EQ(lost_, 1);
+}
+
+TEST_F(SonVis, isNotGivenUpForWhatWasHeldUpHere) {
+    vis_.StartSonVis("/a.svp");
+    sound_.visual().news = VisualNews::picture; // lies there, but this thread had no time for it
+    advance(2000);
+    EXPECT_EQ(lost_, 0);
+    EXPECT_EQ(area_.drawn, 1);
+    EXPECT_GT(asked(400), 5);
+}
+
 TEST_F(SonVis, isGivenUpWhenItsProcessEnds) {
     vis_.StartSonVis("/a.svp");
     EXPECT_EQ(asked(200), 6);
@@ -155,6 +215,24 @@ TEST_F(SonVis, thatCannotBeCreatedIsLost) {
     vis_.StartSonVis("/a.svp");
     EXPECT_EQ(lost_, 1);
     EXPECT_TRUE(vis_.rests());
+}
+
+TEST_F(SonVis, thatCannotBeReachedIsLostAtOnce) {
+    sound_.canTalk = false;
+    vis_.StartSonVis("/a.svp");
+    EXPECT_EQ(lost_, 1);
+    EXPECT_TRUE(sound_.visuals.empty());
+    EXPECT_EQ(host_.watches.count(), 0U);
+}
+
+TEST_F(SonVis, withoutASpeedNothingIsBegun) {
+    vis_.StartSonVis("/a.svp");
+    answer();
+    static_cast<void>(calls());
+    set("VPS", "soon");
+    EXPECT_THROW(vis_.StartSonVis("/b.svp"), base::RuntimeError);
+    EXPECT_THAT(calls(), IsEmpty());
+    EXPECT_EQ(asked(400), 10); // the other one goes on
 }
 
 TEST_F(SonVis, aStartTakesThePlaceOfWhatRuns) {
@@ -255,6 +333,39 @@ TEST_F(SonVis, takesTheSizeOfAnotherArea) {
     vis_.drawIn(area_);
     EXPECT_EQ(asked(100), 4); // at once, too, which is between two ticks this time
     EXPECT_EQ(screen.drawn, 3);
+}
+
+TEST_F(SonVis, thatCannotTakeASizeIsLost) {
+    vis_.StartSonVis("/a.svp");
+    answer();
+    NotedArea screen;
+    screen.picture = {.width = 9000, .height = 2, .pixels = std::vector<std::uint32_t>(18'000)};
+    sound_.canResize = false;
+    vis_.drawIn(screen);
+    EXPECT_EQ(lost_, 1);
+    EXPECT_TRUE(sound_.visuals.empty());
+    EXPECT_TRUE(vis_.rests());
+}
+
+TEST_F(SonVis, drawsAsFineAsTheAreaShows) {
+    area_.finest = 2;
+    vis_.StartSonVis("/a.svp");
+    EXPECT_THAT(calls(), ElementsAre("window", "create /a.svp 0 332 x 48", "ask"));
+    answer();
+    EXPECT_EQ(area_.picture.width, 332);
+    EXPECT_EQ(area_.picture.density, 2);
+    vis_.click(3, 4);
+    EXPECT_THAT(calls(), ElementsAre("show", "click 6 8"));
+    answer(VisualNews::nothing);
+    advance(kSpeedMs);
+    static_cast<void>(calls());
+    area_.finest = 1; // on another screen
+    answer();         // has the old size
+    EXPECT_THAT(calls(), IsEmpty());
+    advance(kSpeedMs);
+    EXPECT_THAT(calls(), ElementsAre("size 166 x 24", "ask"));
+    answer();
+    EXPECT_EQ(area_.picture.width, 166);
 }
 
 /// What stands in the file beside a plug-in, and whether that begins in the mini window.

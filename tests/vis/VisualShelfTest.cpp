@@ -36,5 +36,12 @@ TEST_F(VisualShelf, isEmptyWhereNothingCanDraw) {
     EXPECT_TRUE(shelf_.files()->empty());
 }
 
+TEST_F(VisualShelf, isEmptyAtOnceWhereItCannotBeToldWhatThereIs) {
+    sound_.canTalk = false;
+    shelf_.look({});
+    EXPECT_EQ(filled_, 1);
+    EXPECT_EQ(host_.watches.count(), 0U);
+}
+
 } // namespace
 } // namespace tovik::test

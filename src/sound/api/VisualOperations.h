@@ -19,6 +19,9 @@ struct VisualSurface {
     int height = 0;
 };
 
+/// The longest side of a picture, in pixels.
+inline constexpr int kMostVisualSide = 8192;
+
 /// What became of a plug-in, or of a listing, since one last asked.
 enum class VisualNews {
     nothing,
@@ -64,7 +67,8 @@ public:
                                         const VisualSurface& surface) = 0;
     virtual bool BASS_SONIQUEVIS_Clicked(Handle visual, int x, int y) = 0;
 
-    /// The next pictures have that size; what is being drawn is lost.
+    /// The next pictures have that size; what is being drawn is lost. False for a size out of
+    /// bounds and where it cannot be had: then it shows nothing.
     virtual bool BASS_SONIQUEVIS_Resize(Handle visual, int width, int height) = 0;
 
     /// Ends a plug-in or a listing.
@@ -84,6 +88,10 @@ public:
 
     /// Takes in what came.
     [[nodiscard]] virtual VisualNews visualNews(Handle visual) = 0;
+
+    /// Whether a plug-in was told something that it has not done yet: to begin, to draw, another
+    /// size, a click. What it does is followed by something to take in.
+    [[nodiscard]] virtual bool visualIsBusy(Handle visual) = 0;
 };
 
 } // namespace tovik::sound

@@ -125,4 +125,9 @@ VisualNews VisualCalls::visualNews(Handle visual) {
     return found == nullptr ? VisualNews::ended : found->take();
 }
 
+bool VisualCalls::visualIsBusy(Handle visual) {
+    const Visual* const found = living(visual);
+    return found != nullptr && found->busy();
+}
+
 } // namespace tovik::sound

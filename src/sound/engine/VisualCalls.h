@@ -33,6 +33,7 @@ public:
     std::vector<VisualFile> listedVisuals(Handle listing) override;
     int visualDescriptor(Handle visual) override;
     VisualNews visualNews(Handle visual) override;
+    bool visualIsBusy(Handle visual) override;
 
 private:
     /// The plug-in, or null with the reason noted.

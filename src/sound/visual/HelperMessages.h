@@ -26,6 +26,7 @@ struct HeardSound {
     std::array<float, kVisualValues> spectrum{};
 };
 
+/// Each order is answered once: `drawn` for a picture, `taken` for all else.
 enum class HelperOrderKind : std::uint32_t {
     resize, ///< width and height; a descriptor of the new picture comes along. Always the first
     render, ///< the sound
@@ -42,6 +43,7 @@ struct HelperOrder {
 
 enum class HelperAnswerKind : std::uint32_t {
     drawn,  ///< the picture is done
+    taken,  ///< the size was taken, or the click
     named,  ///< the name of the plug-in follows
     listed, ///< path and name follow, a zero byte between them
     done,   ///< all were listed

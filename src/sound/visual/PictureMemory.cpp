@@ -40,6 +40,8 @@ void PictureMemory::drop() noexcept {
     if (descriptor_ >= 0) {
         ::close(std::exchange(descriptor_, -1));
     }
+    width_ = 0;
+    height_ = 0;
 }
 
 } // namespace tovik::sound

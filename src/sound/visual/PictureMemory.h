@@ -2,6 +2,8 @@
 // Memory for a picture that another process writes and the player reads. Interface thread only.
 #pragma once
 
+#include "sound/api/VisualOperations.h"
+
 #include <cstddef>
 #include <cstdint>
 
@@ -18,7 +20,7 @@ public:
     PictureMemory& operator=(const PictureMemory&) = delete;
 
     /// The longest side, in pixels.
-    static constexpr int kMostSide = 8192;
+    static constexpr int kMostSide = kMostVisualSide;
 
     /// New memory, all 0, in place of the old. False for a size out of bounds, and where there is
     /// no memory; then there is no picture.
@@ -27,6 +29,7 @@ public:
     /// To be handed to the other process; -1 without a picture.
     [[nodiscard]] int descriptor() const noexcept { return descriptor_; }
 
+    /// Null without a picture.
     [[nodiscard]] const std::uint32_t* pixels() const noexcept { return pixels_; }
 
     [[nodiscard]] int width() const noexcept { return width_; }

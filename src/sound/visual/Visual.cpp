@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sound/visual/Visual.h"
 
+#include "sound/visual/PluginName.h"
+
 #include <algorithm>
 
 namespace tovik::sound {
@@ -23,16 +25,27 @@ Visual::Visual(const std::string& program, std::string_view plugin, std::string_
 }
 
 bool Visual::resize(int width, int height) {
-    if (ended_ || !picture_.make(width, height)) {
+    if (ended_) {
         return false;
     }
+    // Whatever comes of it, what was drawn before is no picture any more.
     ++number_;
     lost_ += asked_ ? 1 : 0;
     asked_ = false;
     finished_ = false;
-    return helper_.send(
-        {.kind = HelperOrderKind::resize, .number = number_, .x = width, .y = height, .sound = {}},
-        picture_.descriptor());
+    return picture_.make(width, height) && tell({.kind = HelperOrderKind::resize,
+                                                 .number = number_,
+                                                 .x = width,
+                                                 .y = height,
+                                                 .sound = {}},
+                                                picture_.descriptor());
+}
+
+/// An order that is no picture.
+bool Visual::tell(const HelperOrder& order, int descriptor) {
+    const bool told = helper_.send(order, descriptor);
+    owed_ += told ? 1 : 0;
+    return told;
 }
 
 bool Visual::ask(const HeardSound& heard) {
@@ -60,7 +73,9 @@ VisualNews Visual::take() {
         }
         if (answer.head.kind == HelperAnswerKind::named && !named_) {
             named_ = true;
-            name_.assign(answer.text.data(), length);
+            name_ = pluginName({answer.text.data(), length});
+        } else if (answer.head.kind == HelperAnswerKind::taken && owed_ > 0) {
+            --owed_;
         } else if (answer.head.kind == HelperAnswerKind::drawn && answer.head.number == number_ &&
                    asked_) {
             asked_ = false;
@@ -80,7 +95,7 @@ VisualNews Visual::take() {
 }
 
 bool Visual::show(const VisualSurface& surface) const {
-    if (!finished_ || asked_ || surface.width != picture_.width() ||
+    if (!finished_ || asked_ || picture_.pixels() == nullptr || surface.width != picture_.width() ||
         surface.height != picture_.height() ||
         surface.pixels.size() <
             static_cast<std::size_t>(surface.width) * static_cast<std::size_t>(surface.height)) {
@@ -95,8 +110,8 @@ bool Visual::show(const VisualSurface& surface) const {
 
 bool Visual::click(int x, int y) {
     return !ended_ &&
-           helper_.send(
-               {.kind = HelperOrderKind::click, .number = number_, .x = x, .y = y, .sound = {}});
+           tell({.kind = HelperOrderKind::click, .number = number_, .x = x, .y = y, .sound = {}},
+                -1);
 }
 
 void Visual::end() {

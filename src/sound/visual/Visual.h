@@ -27,6 +27,12 @@ public:
     /// Whether it could be asked.
     [[nodiscard]] bool free() const noexcept { return !ended_ && !asked_; }
 
+    /// Whether it was told something that it has not done yet: to begin, to draw, another size, a
+    /// click.
+    [[nodiscard]] bool busy() const noexcept {
+        return !ended_ && (asked_ || lost_ > 0 || owed_ > 0);
+    }
+
     /// Takes in what came: a picture if one was finished, else the end if it has ended.
     [[nodiscard]] VisualNews take();
 
@@ -35,10 +41,11 @@ public:
     [[nodiscard]] bool show(const VisualSurface& surface) const;
 
     /// The next pictures have another size. One that is being drawn is lost; the next may be asked
-    /// for at once. False for a size out of bounds, and at the end.
+    /// for at once. False for a size out of bounds, where there is no memory, when it cannot be
+    /// told now, and at the end: then it shows nothing until it gets a size.
     bool resize(int width, int height);
 
-    /// False at the end.
+    /// False when it cannot be told now, and at the end.
     bool click(int x, int y);
 
     /// Readable when there is news; -1 after the end.
@@ -48,6 +55,7 @@ public:
     [[nodiscard]] const std::string& name() const noexcept { return name_; }
 
 private:
+    bool tell(const HelperOrder& order, int descriptor);
     void end();
 
     HelperProcess helper_;
@@ -55,6 +63,7 @@ private:
     std::uint32_t number_ = 0; ///< of the size, so that an answer to an older one is known
     bool asked_ = false;       ///< a picture of that size is being drawn
     int lost_ = 0;             ///< pictures of older sizes that are still being drawn
+    int owed_ = 0;             ///< sizes and clicks that are not taken yet
     bool named_ = false;
     bool finished_ = false; ///< there is one
     bool ended_ = false;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sound/visual/VisualList.h"
 
+#include "sound/visual/PluginName.h"
+
 #include <string_view>
 
 namespace tovik::sound {
@@ -34,7 +36,7 @@ VisualNews VisualList::take() {
             break;
         }
         files_.push_back({.path = std::string(text.substr(0, middle)),
-                          .name = std::string(text.substr(middle + 1))});
+                          .name = pluginName(text.substr(middle + 1))});
     }
     return VisualNews::ended;
 }

@@ -123,9 +123,13 @@ bool SkinWindow::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
+int SkinWindow::density() const {
+    return std::max(1, static_cast<int>(std::ceil(scale_.factor() * devicePixelRatioF() - kHair)));
+}
+
 void SkinWindow::paintEvent(QPaintEvent* /*event*/) {
     const double exact = scale_.factor() * devicePixelRatioF();
-    const int whole = std::max(1, static_cast<int>(std::ceil(exact - kHair)));
+    const int whole = density();
     image_.setFactor(whole);
     const QImage& image = image_.compose(router_.hovered());
     QPainter painter(this);

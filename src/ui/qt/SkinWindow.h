@@ -64,6 +64,10 @@ public:
     /// Widget pixels for one skin pixel. What the screen's density adds comes on top.
     void setScale(double factor);
 
+    /// How many pixels along a side the window is composed with for one skin pixel; the screen that
+    /// it is on decides.
+    [[nodiscard]] int density() const;
+
     /// The window's outline in skin pixels; it takes no mouse outside. The window keeps a copy.
     void setRegion(const Region* region) override;
 

@@ -145,13 +145,13 @@ void WindowImage::drawPicture(QPainter& painter, const PixelImage& image, const 
                        image.height, QImage::Format_ARGB32_Premultiplied);
     // A picture larger than its place shows the upper left part of it. Pixels of the picture stay
     // whole, wherever the element stands.
-    const QSize part(std::min(image.width, qRound(box.width)),
-                     std::min(image.height, qRound(box.height)));
+    const QSize part(std::min(image.width, qRound(box.width * image.density)),
+                     std::min(image.height, qRound(box.height * image.density)));
     const QPoint place(qRound(box.left * factor_), qRound(box.top * factor_));
     painter.save();
     const QTransform whole = painter.worldTransform();
     painter.setWorldTransform(QTransform::fromTranslate(whole.dx(), whole.dy()));
-    painter.drawImage(QRect(place, part * factor_),
+    painter.drawImage(QRect(place, part * factor_ / image.density),
                       shade == Shade::None ? shown : shaded(shown, shade), QRect({0, 0}, part));
     painter.restore();
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A window composed in one image, a whole number of times as large as its skin: pictures grow by
-// whole pixels, words and plain faces are drawn in that size. Interface thread.
+// whole pixels, unless they are made for that size; words and plain faces are drawn in that size.
+// Interface thread.
 #pragma once
 
 #include "ui/ElementStore.h"

@@ -4,6 +4,8 @@
 #include "sound/visual/VisualRig.h"
 #include "support/host/TemporaryFolder.h"
 
+#include <gmock/gmock.h>
+
 #include <chrono>
 #include <filesystem>
 
@@ -82,11 +84,30 @@ TEST_F(AVisualList, waitsTwoSecondsForOneThatHangs) {
     const auto before = std::chrono::steady_clock::now();
     EXPECT_EQ(list(), (Rows{"a.svp: ", "b.svp: Faulty none"}));
     EXPECT_GE(std::chrono::steady_clock::now() - before, std::chrono::seconds(2));
-    // The next time it is known.
+    // It may have been the machine that was busy: it is not known, and asked the next time.
     awaitNames();
-    const auto again = std::chrono::steady_clock::now();
-    EXPECT_EQ(list(), (Rows{"a.svp: ", "b.svp: Faulty none"}));
-    EXPECT_LT(std::chrono::steady_clock::now() - again, std::chrono::milliseconds(1500));
+    const std::string kept = folder_.read("names");
+    EXPECT_THAT(kept, testing::HasSubstr("b.svp"));
+    EXPECT_THAT(kept, testing::Not(testing::HasSubstr("a.svp")));
+}
+
+TEST_F(AVisualList, remembersWhatHasNoName) {
+    put("own/a.svp", "crash_at_load");
+    put("own/b.svp", "no_name");
+    folder_.write("own/c.svp", "no plug-in at all");
+    static_cast<void>(list());
+    awaitNames();
+    for (const char* const name : {"a.svp", "b.svp", "c.svp"}) {
+        EXPECT_THAT(folder_.read("names"), testing::HasSubstr(name));
+    }
+}
+
+TEST_F(AVisualList, showsNothingOfANameThatIsNone) {
+    put("own/a.svp", "odd_name");
+    put("own/b.svp", "names_itself");
+    EXPECT_EQ(list(), (Rows{"a.svp: Odd name", "b.svp: It[1mself"}));
+    awaitNames();
+    EXPECT_THAT(folder_.read("names"), testing::HasSubstr("It[1mself"));
 }
 
 TEST_F(AVisualList, asksAgainWhatHasChanged) {

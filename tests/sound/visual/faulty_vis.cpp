@@ -10,6 +10,9 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <sched.h>
+#include <string_view>
+#include <sys/ioctl.h>
 #include <sys/ptrace.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
@@ -43,7 +46,9 @@ enum Fault {
     wants_not,
     old_version,
     no_name,
-    pries, ///< draws a bit for each thing that it could do and should not
+    odd_name,     ///< with characters that no name has
+    names_itself, ///< tells an odd name past the one who asks for it
+    pries,        ///< draws a bit for each thing that it could do and should not
 };
 
 constexpr Fault kFault = TOVIK_FAULT;
@@ -62,12 +67,20 @@ void crash() {
     }
     for (std::atomic<bool> on = kFault == endless_load; on.load();) {
     }
+    if constexpr (kFault == names_itself) {
+        constexpr std::string_view kOdd("It\x1b[1m\xc2\x9bself\0hidden\nmore", 24);
+        for (int descriptor = kSocket; descriptor < 16; ++descriptor) {
+            static_cast<void>(::write(descriptor, kOdd.data(), kOdd.size()));
+        }
+        std::_Exit(0);
+    }
     return 0;
 }();
 
 struct State {
     std::uint32_t pictures = 0;
     std::uint32_t clicked = 0;
+    std::uint32_t children = 0;
 };
 
 void takeAllMemory() {
@@ -88,14 +101,19 @@ void printGigabyte() {
     std::fflush(nullptr);
 }
 
-void forkMany() {
+/// How often it could.
+std::uint32_t forkMany() {
+    std::uint32_t children = 0;
     for (int i = 0; i < 1000; ++i) {
-        if (::fork() == 0) {
+        const pid_t child = ::fork();
+        if (child == 0) {
             for (;;) {
                 ::pause();
             }
         }
+        children += child > 0 ? 1 : 0;
     }
+    return children;
 }
 
 void startThreads() {
@@ -136,9 +154,7 @@ std::uint32_t pry() {
     std::array<char, 8> bytes{};
     iovec here{bytes.data(), bytes.size()};
     iovec there{bytes.data(), bytes.size()};
-    errno = 0;
-    ::process_vm_readv(player, &here, 1, &there, 1, 0);
-    note(3, errno != EPERM);
+    note(3, ::process_vm_readv(player, &here, 1, &there, 1, 0) >= 0);
     note(4, ::kill(player, 0) == 0);
     note(5, ::socket(AF_INET, SOCK_STREAM, 0) >= 0);
     note(6, ::open("/tmp/tovik-must-not-be-there", O_WRONLY | O_CREAT, 0600) >= 0);
@@ -158,10 +174,18 @@ std::uint32_t pry() {
     tried(15, ::chmod(file, 0));
     tried(16, ::chown(file, ::getuid(), ::getgid()));
     tried(17, ::setxattr(file, "user.x", "x", 1, 0));
+    tried(18, ::open("/proc/self/exe", O_RDONLY | O_TRUNC));
+    tried(19, ::rename(file, file));
+    tried(20, ::unlink(file));
+    tried(21, ::mkdir("/proc/tovik-must-not-be-there", 0700));
+    tried(22, ::ioctl(0, TIOCSTI, "x"));
+    cpu_set_t all;
+    CPU_ZERO(&all);
+    tried(23, ::sched_setaffinity(player, 0, &all));
     return could;
 }
 
-void misbehave(const tovik_vis_frame& frame) {
+void misbehave(State& state, const tovik_vis_frame& frame) {
     constexpr std::size_t kFar = std::size_t{4} << 20U;
     const std::size_t bytes = std::size_t{frame.width} * frame.height * sizeof(std::uint32_t);
     auto* const first = reinterpret_cast<char*>(frame.pixels);
@@ -192,7 +216,7 @@ void misbehave(const tovik_vis_frame& frame) {
         printGigabyte();
         break;
     case forks:
-        forkMany();
+        state.children = forkMany();
         break;
     case starts_threads:
         startThreads();
@@ -219,7 +243,7 @@ void render(void* self, const tovik_vis_frame* frame) {
     State& state = *static_cast<State*>(self);
     ++state.pictures;
     if (state.pictures == kBadAt) {
-        misbehave(*frame);
+        misbehave(state, *frame);
     }
     if (kFault == crash_at_100 && state.pictures == kLateBadAt) {
         crash();
@@ -227,12 +251,13 @@ void render(void* self, const tovik_vis_frame* frame) {
     for (std::size_t i = 0; i < std::size_t{frame->width} * frame->height; ++i) {
         frame->pixels[i] = state.pictures;
     }
-    // What it was told, for who looks: sound, click, size.
+    // What it was told, for who looks: sound, click, size; and what it could.
     frame->pixels[1] = static_cast<std::uint32_t>(frame->left[TOVIK_VIS_SAMPLES - 1] * 1000);
     frame->pixels[2] = static_cast<std::uint32_t>(frame->right[TOVIK_VIS_SAMPLES - 1] * 1000);
     frame->pixels[3] = static_cast<std::uint32_t>(frame->spectrum[7] * 1000);
     frame->pixels[4] = state.clicked;
     frame->pixels[5] = frame->width << 16U | frame->height;
+    frame->pixels[6] = state.children;
     if constexpr (kFault == pries) {
         frame->pixels[0] = pry();
     }
@@ -248,7 +273,9 @@ void click(void* self, std::int32_t x, std::int32_t y) {
 constexpr tovik_vis kVis = {
     .version = kFault == old_version ? 0 : TOVIK_VIS_VERSION,
     .size = sizeof(tovik_vis),
-    .name = kFault == no_name ? "" : "Faulty " NAME_OF(TOVIK_FAULT),
+    .name = kFault == no_name    ? ""
+            : kFault == odd_name ? "O\001d\177\xc2\x85\td name\nand more"
+                                 : "Faulty " NAME_OF(TOVIK_FAULT),
     .begin = begin,
     .render = render,
     .click = click,

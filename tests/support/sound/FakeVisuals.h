@@ -20,6 +20,8 @@ public:
         int width = 0;
         int height = 0;
         bool asked = false;
+        bool owes = true;           ///< to begin, another size or a click
+        bool took = false;          ///< has done that by the next news
         std::uint32_t pictures = 0; ///< each is filled with its number
         sound::VisualNews news = sound::VisualNews::nothing;
         sound::Handle heard = sound::kNoHandle;
@@ -28,6 +30,8 @@ public:
     // What a test sets and looks at --------------------------------------------------------------
 
     bool canDraw = true;                      ///< whether plug-ins can be created
+    bool canTalk = true;                      ///< whether their processes can be reached
+    bool canResize = true;                    ///< whether they take another size
     std::vector<sound::VisualFile> shelf;     ///< what a listing finds
     bool shelfIsReady = true;                 ///< whether it has found it
     std::vector<sound::VisualFolders> looked; ///< where was looked
@@ -80,15 +84,17 @@ public:
         return shown;
     }
 
-    bool BASS_SONIQUEVIS_Clicked(sound::Handle, int x, int y) override {
+    bool BASS_SONIQUEVIS_Clicked(sound::Handle handle, int x, int y) override {
         visualCalls.push_back("click " + std::to_string(x) + " " + std::to_string(y));
+        visuals.at(handle).owes = true;
         return true;
     }
 
     bool BASS_SONIQUEVIS_Resize(sound::Handle handle, int width, int height) override {
         visualCalls.push_back("size " + std::to_string(width) + " x " + std::to_string(height));
         visuals.at(handle).asked = false;
-        return true;
+        visuals.at(handle).owes = canResize;
+        return canResize;
     }
 
     bool BASS_SONIQUEVIS_Free(sound::Handle handle) override {
@@ -107,13 +113,21 @@ public:
         return listing == kListing ? shelf : std::vector<sound::VisualFile>();
     }
 
-    int visualDescriptor(sound::Handle visual) override { return static_cast<int>(visual); }
+    int visualDescriptor(sound::Handle visual) override {
+        return canTalk ? static_cast<int>(visual) : -1;
+    }
+
+    bool visualIsBusy(sound::Handle handle) override {
+        const Visual& visual = visuals.at(handle);
+        return visual.asked || visual.owes;
+    }
 
     sound::VisualNews visualNews(sound::Handle handle) override {
         if (handle == kListing) {
             return shelfIsReady ? sound::VisualNews::ended : sound::VisualNews::nothing;
         }
         Visual& visual = visuals.at(handle);
+        visual.owes = visual.owes && visual.news == sound::VisualNews::nothing && !visual.took;
         if (visual.news == sound::VisualNews::picture) {
             visual.asked = false;
             ++visual.pictures;

@@ -60,6 +60,26 @@ TEST_F(WindowImageTest, picturesGrowByWholePixels) {
     }
 }
 
+TEST_F(WindowImageTest, aPictureMadeForTheSizeOfTheImageIsShownAsItIs) {
+    table.touch(Small::lamp, 0).picture =
+        pictures.add({.width = 2,
+                      .height = 2,
+                      .pixels = {0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0xFFFFFFFF},
+                      .density = 2});
+    image.setFactor(2);
+    const QImage fine = composed();
+    EXPECT_EQ(fine.pixel(20, 140), 0xFFFF0000);
+    EXPECT_EQ(fine.pixel(21, 140), 0xFF00FF00);
+    EXPECT_EQ(fine.pixel(20, 141), 0xFF0000FF);
+    EXPECT_EQ(fine.pixel(21, 141), 0xFFFFFFFF);
+    // On another screen, until there is one for that: it keeps its place.
+    image.setFactor(4);
+    const QImage coarse = composed();
+    EXPECT_EQ(coarse.pixel(40, 280), 0xFFFF0000);
+    EXPECT_EQ(coarse.pixel(41, 281), 0xFFFF0000);
+    EXPECT_EQ(coarse.pixel(43, 283), 0xFFFFFFFF);
+}
+
 TEST_F(WindowImageTest, pixelsOfAPictureStayWholeWhereverItStands) {
     table.touch(Small::lamp, 1).picture = corners(); // at 30.5
     const QImage& shown = composed();

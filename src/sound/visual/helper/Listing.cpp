@@ -5,6 +5,7 @@
 #include "sound/visual/helper/Plugin.h"
 #include "sound/visual/helper/Talk.h"
 #include "sound/visual/NameCache.h"
+#include "sound/visual/PluginName.h"
 
 #include <algorithm>
 #include <array>
@@ -47,18 +48,20 @@ std::optional<sound::FileStamp> stampOf(const std::string& path) {
 }
 
 /// In a process of its own, so that one that does not come to an end harms no other.
-[[noreturn]] void askAndEnd(const std::string& path, int answer) {
-    confine();
+[[noreturn]] void askAndEnd(pid_t player, const std::string& path, int answer) {
+    confine(player);
     const Plugin plugin(path.c_str());
-    const std::string_view name = plugin.name();
+    const std::string name = plugin.name();
     const ssize_t told = ::write(answer, name.data(), name.size());
     std::_Exit(told == static_cast<ssize_t>(name.size()) ? EXIT_SUCCESS : EXIT_FAILURE);
 }
 
-std::string ask(const std::string& path) {
+/// What a plug-in calls itself; empty where it is none or ends before it has said so. Nothing where
+/// that is not known: there was no time, or no process.
+std::optional<std::string> ask(pid_t player, const std::string& path) {
     std::array<int, 2> pipe{};
     if (::pipe(pipe.data()) != 0) {
-        return {};
+        return std::nullopt;
     }
     const pid_t self = ::getpid();
     const pid_t child = ::fork();
@@ -66,7 +69,7 @@ std::string ask(const std::string& path) {
         tieTo(self, std::max(pipe[0], pipe[1]) + 1);
         ::close(sound::kHelperSocket);
         ::close(pipe[0]);
-        askAndEnd(path, pipe[1]);
+        askAndEnd(player, path, pipe[1]);
     }
     ::close(pipe[1]);
     std::array<char, 256> name{};
@@ -74,11 +77,17 @@ std::string ask(const std::string& path) {
     const bool answered = child > 0 && ::poll(&wait, 1, kPatienceMs) > 0;
     const ssize_t size = answered ? ::read(pipe[0], name.data(), name.size()) : 0;
     ::close(pipe[0]);
+    int status = 0;
     if (child > 0) {
         ::kill(child, SIGKILL);
-        ::waitpid(child, nullptr, 0);
+        ::waitpid(child, &status, 0);
     }
-    return {name.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0))};
+    const bool unasked = WIFEXITED(status) && WEXITSTATUS(status) == kUnconfined;
+    const bool killed = WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
+    if (!answered || (size <= 0 && (unasked || killed))) {
+        return std::nullopt;
+    }
+    return sound::pluginName({name.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0))});
 }
 
 std::string readKnown(const std::string& path) {
@@ -130,7 +139,7 @@ std::vector<std::string> pluginFiles(const std::string& folder) {
     return files;
 }
 
-void list(const std::string& knownNames, std::span<const std::string_view> folders) {
+void list(pid_t player, const std::string& knownNames, std::span<const std::string_view> folders) {
     const std::string bytes = readKnown(knownNames);
     const sound::NameCache known(bytes);
     sound::NameCache now;
@@ -141,11 +150,13 @@ void list(const std::string& knownNames, std::span<const std::string_view> folde
                 continue;
             }
             const auto kept = known.find(path, *stamp);
-            const std::string name = kept ? *kept : ask(path);
-            now.add(path, *stamp, name);
+            const auto name = kept ? kept : ask(player, path);
+            if (name) {
+                now.add(path, *stamp, *name);
+            }
             std::string text = path;
             text += '\0';
-            if (!tell({.kind = sound::HelperAnswerKind::listed}, text + name)) {
+            if (!tell({.kind = sound::HelperAnswerKind::listed}, text + name.value_or(""))) {
                 return;
             }
         }

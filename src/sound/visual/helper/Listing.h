@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <sys/types.h>
 #include <vector>
 
 namespace tovik::visual {
@@ -15,7 +16,8 @@ namespace tovik::visual {
 
 /// Tells the player the plug-ins of these folders, one after the other, each with its name: that of
 /// the file of known names, or else what the plug-in says in a process of its own. One that cannot
-/// be loaded has none. What is known now is kept in the file.
-void list(const std::string& knownNames, std::span<const std::string_view> folders);
+/// be loaded has none. What is known now is kept in the file; a name that could not be found out
+/// this time, because it took too long, is empty and asked for again the next time.
+void list(pid_t player, const std::string& knownNames, std::span<const std::string_view> folders);
 
 } // namespace tovik::visual

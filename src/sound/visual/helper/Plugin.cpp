@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sound/visual/helper/Plugin.h"
 
+#include "sound/visual/PluginName.h"
+
 #include <algorithm>
 #include <cstring>
 #include <dlfcn.h>
@@ -12,8 +14,8 @@ namespace {
 static_assert(TOVIK_VIS_SAMPLES == sound::kVisualSamples);
 static_assert(TOVIK_VIS_VALUES == sound::kVisualValues);
 
-constexpr std::size_t kLongestName = 200; ///< bytes
-constexpr double kRate = 44100;           ///< of the mix
+constexpr std::size_t kLookedAt = 2 * sound::kLongestPluginName; ///< bytes of what a name may be
+constexpr double kRate = 44100;                                  ///< of the mix
 
 using Get = const tovik_vis* (*)();
 
@@ -30,12 +32,9 @@ Plugin::Plugin(const char* path) {
     }
 }
 
-std::string_view Plugin::name() const {
-    if (vis_ == nullptr) {
-        return {};
-    }
-    const std::string_view whole(vis_->name, ::strnlen(vis_->name, kLongestName));
-    return whole.substr(0, whole.find_first_of("\r\n\t"));
+std::string Plugin::name() const {
+    return vis_ == nullptr ? std::string()
+                           : sound::pluginName({vis_->name, ::strnlen(vis_->name, kLookedAt)});
 }
 
 bool Plugin::show(const SharedPicture& picture, const char* settings) {

@@ -7,7 +7,6 @@
 
 #include <chrono>
 #include <string>
-#include <string_view>
 #include <tovik/vis.h>
 
 namespace tovik::visual {
@@ -21,7 +20,7 @@ public:
     [[nodiscard]] explicit operator bool() const noexcept { return vis_ != nullptr; }
 
     /// The first line of its name, of limited length.
-    [[nodiscard]] std::string_view name() const;
+    [[nodiscard]] std::string name() const;
 
     /// Begins, or goes on in another size. False: it does not want to.
     [[nodiscard]] bool show(const SharedPicture& picture, const char* settings);

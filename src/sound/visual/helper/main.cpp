@@ -22,8 +22,8 @@ using namespace tovik;
 
 /// Draws until the player has had enough. The plug-in is loaded with the first size, so that the
 /// time it takes counts as that of its first picture.
-int draw(const char* path, const char* settings) {
-    visual::confine();
+int draw(pid_t player, const char* path, const char* settings) {
+    visual::confine(player);
     visual::SharedPicture picture;
     std::optional<visual::Plugin> plugin;
     while (const auto received = visual::receive()) {
@@ -41,6 +41,7 @@ int draw(const char* path, const char* settings) {
             if (!*plugin || !plugin->show(picture, settings)) {
                 return EXIT_FAILURE;
             }
+            visual::tell({.kind = sound::HelperAnswerKind::taken, .number = order.number});
             break;
         case sound::HelperOrderKind::render:
             if (!plugin) {
@@ -53,6 +54,7 @@ int draw(const char* path, const char* settings) {
             if (plugin) {
                 plugin->click(order.x, order.y);
             }
+            visual::tell({.kind = sound::HelperAnswerKind::taken, .number = order.number});
             break;
         }
     }
@@ -70,13 +72,14 @@ int main(int argc, char* argv[]) {
     if (words.size() < kWords) {
         return EXIT_FAILURE;
     }
-    visual::tieTo(static_cast<pid_t>(std::strtol(words[2], nullptr, 10)), sound::kHelperSocket + 1);
+    const auto player = static_cast<pid_t>(std::strtol(words[2], nullptr, 10));
+    visual::tieTo(player, sound::kHelperSocket + 1);
     if (std::string_view(words[1]) == sound::kHelperLists) {
         const std::vector<std::string_view> folders(words.begin() + kWords, words.end());
-        visual::list(words[3], folders);
+        visual::list(player, words[3], folders);
         return EXIT_SUCCESS;
     }
     return std::string_view(words[1]) == sound::kHelperRuns && words.size() > kWords
-               ? draw(words[3], words[4])
+               ? draw(player, words[3], words[4])
                : EXIT_FAILURE;
 }
