@@ -145,6 +145,9 @@ QueryEnd FREEDB::ask(const std::string& toc) {
     if (found.code == code::kExactMatch) {
         return read(found.matches.front(), QueryEnd::stored);
     }
+    if (stop_.stop_requested()) {
+        return QueryEnd::calledOff; // nobody is there to choose
+    }
     const auto chosen = choose ? choose(found.matches) : std::nullopt;
     if (!chosen || *chosen >= found.matches.size()) {
         return stop_.stop_requested() ? QueryEnd::calledOff : QueryEnd::notPicked;

@@ -118,6 +118,26 @@ TEST_F(FREEDBTest, ofSeveralTheOneThatIsPickedIsFetched) {
     EXPECT_NE(asked_.at(1).find("cddb+read+misc+05025603&"), std::string::npos);
 }
 
+TEST_F(FREEDBTest, whoHasClosedTheDialogIsNotAskedToPick) {
+    discs::FREEDB* asker = nullptr;
+    discs::FREEDB db{{.drives = sound_,
+                      .pump = pump_,
+                      .fetch = [&](const discs::TextRequest&, const std::stop_token&) {
+                          asker->callOff(); // in the step in which the list arrives
+                          return discs::Fetched{.end = discs::FetchEnd::complete, .text = kList};
+                      }}};
+    asker = &db;
+    db.ServerHost = "db.example";
+    int asked = 0;
+    db.choose = [&asked](const std::vector<discs::Match>&) {
+        ++asked;
+        return std::optional<std::size_t>(0);
+    };
+    EXPECT_EQ(db.Query(db.DiscToc("D")), 0);
+    EXPECT_EQ(db.lastEnd(), QueryEnd::calledOff);
+    EXPECT_EQ(asked, 0);
+}
+
 TEST_F(FREEDBTest, noneIsPicked) {
     serve(kList);
     EXPECT_EQ(query(), 0) << "nobody can";
