@@ -2,6 +2,8 @@
 // An open file, socket or the like. Any thread.
 #pragma once
 
+#include <cerrno>
+#include <system_error>
 #include <utility>
 
 #include <unistd.h>
@@ -34,6 +36,15 @@ public:
     [[nodiscard]] int get() const noexcept { return descriptor_; }
 
     [[nodiscard]] bool open() const noexcept { return descriptor_ >= 0; }
+
+    /// Closes it and tells what the system says of what was written through it, which some file
+    /// systems send off only now; no error where there is none open.
+    [[nodiscard]] std::error_code close() noexcept {
+        if (descriptor_ < 0 || ::close(std::exchange(descriptor_, -1)) == 0 || errno == EINTR) {
+            return {};
+        }
+        return {errno, std::generic_category()};
+    }
 
     void reset() noexcept {
         if (descriptor_ >= 0) {

@@ -73,7 +73,8 @@ struct RipFile::Shared {
             failure = writeAt(file.get(), textOf(*block), place);
             place += block->size();
         }
-        file.reset();
+        const std::error_code lost = file.close();
+        failure = failure ? failure : lost;
         end(failure ? failure.message() : std::string());
     }
 

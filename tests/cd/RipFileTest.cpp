@@ -6,8 +6,11 @@
 
 #include <array>
 #include <chrono>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <thread>
+
+#include <unistd.h>
 
 namespace tovik::cd {
 
@@ -52,6 +55,32 @@ TEST(RipFile, KeepsWhatWasWrittenWithoutAClose) {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
     EXPECT_EQ(folder.read("x.wav"), "heads");
+}
+
+// Some file systems tell only then that a disk is full.
+TEST(RipFile, SaysWhatFailsWhenItIsClosed) {
+    const test::TemporaryFolder folder;
+    const std::string path = folder / "x.wav";
+    RipFile file(path, "head");
+    const auto descriptor = [&path] {
+        std::error_code none;
+        for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+            if (std::filesystem::read_symlink(entry.path(), none) == path) {
+                return std::stoi(entry.path().filename().string());
+            }
+        }
+        return -1;
+    };
+    int open = -1;
+    for (int i = 0; i < 20'000 && (open < 0 || folder.read("x.wav") != "head"); ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        open = descriptor();
+    }
+    ASSERT_GE(open, 0);
+    ::close(open); // the writer waits for samples meanwhile
+    file.close(0);
+    waitForEnd(file);
+    EXPECT_EQ(file.failure(), "Bad file descriptor");
 }
 
 TEST(RipFile, SaysWhatFails) {
