@@ -37,7 +37,8 @@ void HandOver::meetOtherInstance() {
 }
 
 void HandOver::begin() {
-    process_.mailbox().begin([this] { return !autoload_.awaited(); },
+    // What is handed over starts the sound anew, which would take it from a rip.
+    process_.mailbox().begin([this] { return !autoload_.awaited() && !core_.state.RipRunning; },
                              [this](const host::InstanceMessage& message) { carryOut(message); });
 }
 

@@ -132,6 +132,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     ripping.Init_CD_Ripper = [this] { discs_.drives.Init_CD_Ripper(); };
     ripping.showDisc = [this] { discInfo_.dialog.Show(); };
     ripping.unloadDisc = [this] { discInfo_.dialog.Unload(); };
+    ripping.forgetOtherDisc = [this] { discInfo_.dialog.forgetOtherDisc(); };
     discInfo_.dialog.hooks.Rip_All = [this] { rips_.ripping.Rip_All(); };
     rips_.bind(commands_);
     menus_.bind(commands_, front_.view.elements, front_.view.input.keyWindow());

@@ -92,7 +92,8 @@ struct Comfort {
     bool showsSavingAsItIs = false;   ///< the save button of a new station
 
     // Audio CDs.
-    bool encodesSelectedDrive = false; ///< the drive of an encoder
+    bool encodesSelectedDrive = false; ///< the drive that is ripped
+    bool ripsRefusedTrack = false;     ///< a refused folder of one track
     bool endsJobWithCancel = false;    ///< the tracks behind a cancelled one
     bool fillsBothTags = false;        ///< the tags of a ripped track
     bool keepsWmaInAlbum = false;      ///< WMA files of an album without a name

@@ -136,6 +136,7 @@ inline constexpr auto kComfortRows = std::to_array<ComfortRow>({
     {&Comfort::separatesNumbers, 17},
     {&Comfort::skipsStrayCdText, 17},
     {&Comfort::encodesSelectedDrive, 17},
+    {&Comfort::ripsRefusedTrack, 17},
     {&Comfort::endsJobWithCancel, 17},
     {&Comfort::fillsBothTags, 17},
     {&Comfort::keepsWmaInAlbum, 17},

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cd/CdDrives.h"
 
+#include "cd/RipDrive.h"
 #include "config/Errors.h"
 
 #include <algorithm>
@@ -85,10 +86,15 @@ void CdDrives::fill() {
 }
 
 void CdDrives::Init_CD_Ripper() {
-    if (lookAndWait()) {
-        fill();
-        select(0);
+    if (!lookAndWait()) {
+        return;
     }
+    if (needs_.tracks.core.state.comfort.encodesSelectedDrive) {
+        refill();
+        return;
+    }
+    fill();
+    select(kRipDrive);
 }
 
 void CdDrives::beginInit() {
@@ -106,6 +112,11 @@ void CdDrives::look() {
     if (rips()) {
         return;
     }
+    refill();
+}
+
+/// Whatever was selected is selected again where it still is there.
+void CdDrives::refill() {
     const auto& entries = cmbCDDrives.entries;
     const std::int32_t before = cmbCDDrives.ListIndex;
     const auto chosen =
@@ -157,10 +168,13 @@ void CdDrives::LoadCDDrive() {
 }
 
 void CdDrives::PlayAudioCD(std::int32_t index) {
+    if (rips() || waiting_) {
+        return;
+    }
     if (hooks.clrIMG_Click) {
         hooks.clrIMG_Click();
     }
-    if (!lookAndWait()) {
+    if (!lookAndWait() || rips()) { // a rip may have begun meanwhile
         return;
     }
     fill();

@@ -35,7 +35,8 @@ public:
     } hooks;
 
     /// Looks which drives there are, giving way meanwhile, fills the box and selects its first
-    /// entry. Nothing but that while the program ends, and while another one waits.
+    /// entry (see `kRipDrive`). Nothing but that while the program ends, and while another one
+    /// waits.
     void Init_CD_Ripper();
 
     /// The same without waiting: what is found comes when it comes, and the entry that was selected
@@ -55,7 +56,7 @@ public:
     void LoadCDDrive();
 
     /// Empties the playlist and fills it with the tracks of the disc in the drive at this place of
-    /// the box, as it is when the drives were looked at anew.
+    /// the box, as it is when the drives were looked at anew. Nothing while a rip runs.
     void PlayAudioCD(std::int32_t index);
 
     /// While it is on, another disc in the current drive loads the list of tracks anew, unless a
@@ -68,6 +69,7 @@ public:
 private:
     [[nodiscard]] bool lookAndWait();
     void fill();
+    void refill();
     void select(std::int32_t index);
     void look();
     void followDisc();

@@ -67,7 +67,7 @@ bool RipProgress::due() {
 
 void RipProgress::round(std::int32_t row, std::int64_t position, std::int64_t length,
                         const std::string& words, int decimals) {
-    if (length <= 0) {
+    if (length <= 0 || row < 0) {
         return;
     }
     const double percent = static_cast<double>(position) / static_cast<double>(length) * kWhole;

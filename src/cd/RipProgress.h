@@ -40,7 +40,7 @@ public:
 
     /// One round of the track of a row, counted from 0: sets the row's text, with the percent in
     /// the place of "[x]" of the words, rounded to so many decimals. The list is drawn at most ten
-    /// times a second. Does nothing without a length.
+    /// times a second. Does nothing without a length, and for a row below 0.
     void round(std::int32_t row, std::int64_t position, std::int64_t length,
                const std::string& words, int decimals);
 

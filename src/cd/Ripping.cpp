@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cd/Ripping.h"
 
-#include "base/FileErrors.h"
 #include "base/PathText.h"
 #include "base/Text.h"
-#include "cd/CdDrives.h"
+#include "cd/RipDrive.h"
+#include "cd/RipFolder.h"
 #include "cd/RipNames.h"
-#include "config/WriteFailure.h"
-#include "host/BesideJob.h"
+#include "cd/RipRows.h"
+#include "config/ConversionLog.h"
 #include "host/Counted.h"
 #include "player/LiveSetting.h"
 #include "player/SoundDevice.h"
@@ -15,10 +15,7 @@
 #include "tags/cMP3ID3v2.h"
 #include "tags/TagField.h"
 
-#include <filesystem>
-#include <memory>
-#include <numeric>
-#include <system_error>
+#include <exception>
 #include <utility>
 
 namespace tovik::cd {
@@ -52,26 +49,6 @@ std::string tagBytes(const std::string& text) {
     return field.bytes();
 }
 
-/// Whether there is such a folder, looked for beside this thread; nothing when the program is
-/// ending.
-std::optional<bool> folderExists(host::MessagePump& pump, const std::string& path) {
-    const auto found = std::make_shared<bool>(false);
-    const bool goesOn = host::runBeside(
-        pump, [found, path] { *found = PathExists(base::folderPart(path), base::lastPart(path)); });
-    return goesOn ? std::optional(*found) : std::nullopt;
-}
-
-/// False when the program is ending. Raises what making a folder raises, with its path.
-bool makeFolder(host::MessagePump& pump, const std::string& path) {
-    return host::runBeside(pump, [path] {
-        std::error_code failure;
-        std::filesystem::create_directories(path, failure);
-        if (failure) {
-            config::raiseWriteFailure(failure, path);
-        }
-    });
-}
-
 } // namespace
 
 void Ripping::Rip_All() {
@@ -79,16 +56,12 @@ void Ripping::Rip_All() {
         if (needs_.lstTracks.ListCount() == 0) {
             return;
         }
+        setRunning(true);
         call(hooks.Init_CD_Ripper);
         // The disc may have gone, or another one have come.
-        const std::optional<Job> job =
-            needs_.lstTracks.ListCount() > 0 ? begin(false) : std::nullopt;
-        if (!job) {
-            return;
-        }
-        std::vector<std::int32_t> tracks(static_cast<std::size_t>(needs_.lstTracks.ListCount()));
-        std::iota(tracks.begin(), tracks.end(), 0);
-        if (run(*job, tracks) && job->format.branch == RipBranch::mp3) {
+        const playlist::Row rows = needs_.lstTracks.ListCount();
+        const std::optional<Job> job = rows > 0 ? begin(false) : std::nullopt;
+        if (job && run(*job, tracksOf(1, rows)) && job->format.branch == RipBranch::mp3) {
             call(hooks.unloadDisc);
         }
     });
@@ -100,8 +73,9 @@ void Ripping::mnuRipSel() {
         if (row < 1 || row > needs_.lstTracks.ListCount()) {
             return;
         }
+        setRunning(true);
         if (const std::optional<Job> job = begin(true)) {
-            static_cast<void>(run(*job, {row - 1}));
+            static_cast<void>(run(*job, tracksOf(row, row)));
         }
     });
 }
@@ -114,6 +88,10 @@ void Ripping::command(const config::Procedure& procedure, const std::function<vo
     {
         const host::Counted running(running_);
         config::guard(needs_.core.errors, procedure, body);
+        // Set from the beginning, so that neither list nor drive change under its questions.
+        if (needs_.core.state.RipRunning && !needs_.host.closing.ending()) {
+            setRunning(false);
+        }
     }
     if (std::exchange(refused_, false)) {
         call(hooks.showDisc);
@@ -138,17 +116,23 @@ void Ripping::cancelrip() {
 std::optional<Ripping::Job> Ripping::begin(bool alone) {
     config::Settings& settings = needs_.core.settings;
     needs_.disc.CancelRip = false;
+    call(hooks.forgetOtherDisc);
+    const auto format = knownFormat(player::readLive(settings, "DOF"));
+    if (!format) {
+        return std::nullopt;
+    }
     std::string album = albumName(needs_.form);
     if (album.empty()) {
         album = unnamedAlbum(needs_.words.unnamed(), needs_.host.clock.localTime());
     }
     const std::string root = ripFolder(needs_.host.paths, player::readLive(settings, "ROP"));
     const std::string folder = base::joinPath(root, ripName(album));
-    if (!mayWriteInto(folder)) {
-        return std::nullopt;
-    }
-    const auto format = ripFormat(player::readLive(settings, "DOF"));
-    if (!format) {
+    // Who thinks about the question may put in another disc.
+    const auto disc = [this] {
+        return needs_.core.sound.discNumber(static_cast<std::uint32_t>(needs_.disc.CDDrive));
+    };
+    const std::uint32_t named = disc();
+    if (!mayWriteInto(folder) || disc() != named) {
         return std::nullopt;
     }
     const std::string rates = player::readLive(settings, "DOB");
@@ -156,6 +140,29 @@ std::optional<Ripping::Job> Ripping::begin(bool alone) {
                .rate = format->rate ? ripRate(rates, *format->rate) : 0,
                .folder = folder,
                .alone = alone};
+}
+
+/// Told where it is none of the table.
+std::optional<RipFormat> Ripping::knownFormat(const std::string& dof) {
+    const auto format = ripFormat(dof);
+    if (!format) {
+        const std::string words = base::replaceAll(
+            needs_.words.language.get_Rip_String(config::RipText::NoFormat), "[x]", dof);
+        config::noteConversion(needs_.host.paths, needs_.host.clock, words);
+        needs_.host.dialogs.showMessage(
+            {.text = words, .title = host::kProgramTitle, .icon = host::MessageIcon::Exclamation});
+    }
+    return format;
+}
+
+std::vector<Ripping::Track> Ripping::tracksOf(playlist::Row first, playlist::Row last) const {
+    std::vector<Track> tracks;
+    for (playlist::Row row = first; row <= last; ++row) {
+        if (const auto number = trackOfRow(needs_.lstTracks, row)) {
+            tracks.push_back({.number = *number, .row = row});
+        }
+    }
+    return tracks;
 }
 
 bool Ripping::mayWriteInto(const std::string& folder) {
@@ -187,20 +194,28 @@ void Ripping::setRunning(bool running) {
     call(hooks.showPanel);
 }
 
-bool Ripping::run(const Job& job, const std::vector<std::int32_t>& tracks) {
-    call(hooks.Stop_play);
+std::vector<std::int64_t> Ripping::lengthsOf(const Job& job,
+                                             const std::vector<Track>& tracks) const {
+    const bool byProgram =
+        job.format.branch == RipBranch::mp3 || job.format.branch == RipBranch::ogg;
+    const std::int32_t drive =
+        byProgram ? encoderDrive(needs_.disc, needs_.core.state.comfort) : needs_.disc.CDDrive;
     std::vector<std::int64_t> lengths;
     lengths.reserve(tracks.size());
-    for (const std::int32_t track : tracks) {
+    for (const Track& track : tracks) {
         lengths.push_back(needs_.core.sound.BASS_CD_GetTrackLength(
-            static_cast<std::uint32_t>(needs_.disc.CDDrive), static_cast<std::uint32_t>(track)));
+            static_cast<std::uint32_t>(drive), static_cast<std::uint32_t>(track.number)));
     }
-    setRunning(true);
-    needs_.progress.begin(lengths);
+    return lengths;
+}
+
+bool Ripping::run(const Job& job, const std::vector<Track>& tracks) {
+    call(hooks.Stop_play);
+    needs_.progress.begin(lengthsOf(job, tracks));
     RipEnd end = RipEnd::done;
     std::exception_ptr error;
     try {
-        for (const std::int32_t track : tracks) {
+        for (const Track& track : tracks) {
             needs_.progress.beginTrack();
             end = rip(job, track);
             if (end == RipEnd::abandoned) {
@@ -224,32 +239,33 @@ bool Ripping::run(const Job& job, const std::vector<std::int32_t>& tracks) {
     return true;
 }
 
-RipEnd Ripping::rip(const Job& job, std::int32_t track) {
+RipEnd Ripping::rip(const Job& job, const Track& track) {
     switch (job.format.branch) {
     case RipBranch::mp3:
     case RipBranch::ogg:
         return ripByProgram(job, track);
     case RipBranch::wav:
-        return ripper_.ExtractAudioTrackToWav(track, job.folder);
+        return ripper_.ExtractAudioTrackToWav(track.number, job.folder);
     case RipBranch::wma: {
         RipEnd end = RipEnd::failed;
         config::guard(needs_.core.errors, config::procedureOf("TSR", "Extract2WMA"),
-                      [&] { end = ripper_.ExtractAudioTrackToWMA(track); });
+                      [&] { end = ripper_.ExtractAudioTrackToWMA(track.number); });
         return end;
     }
     }
     return RipEnd::failed;
 }
 
-RipEnd Ripping::ripByProgram(const Job& job, std::int32_t track) {
-    const std::string name = ripName(trackTitle(needs_.form, static_cast<std::size_t>(track)));
+RipEnd Ripping::ripByProgram(const Job& job, const Track& track) {
+    const auto number = static_cast<std::size_t>(track.number);
+    const std::string name = ripName(trackTitle(needs_.form, number));
     const std::string extension =
         job.alone ? shortExtension(job.format) : std::string(job.format.extension);
     const std::string path = base::joinPath(job.folder, name + extension);
-    const RipEnd end = ripper_.Encoder(std::to_string(track), job.format.type, job.rate, path, true,
-                                       static_cast<std::int16_t>(track));
+    const RipEnd end = ripper_.Encoder(std::to_string(track.number), job.format.type, job.rate,
+                                       path, true, static_cast<std::int16_t>(track.row - 1));
     if (end == RipEnd::done && job.format.branch == RipBranch::mp3) {
-        WriteMp3Tag(path, track);
+        WriteMp3Tag(path, track.number);
     }
     return end;
 }

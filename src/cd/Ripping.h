@@ -32,10 +32,11 @@ public:
         std::function<void()> Init_CD_Ripper{};
         std::function<void()> showDisc{};   ///< the dialog of disc information; closed on return
         std::function<void()> unloadDisc{}; ///< what was entered in it goes
-        std::function<void()> showPanel{};  ///< whether a rip runs is another
+        std::function<void()> forgetOtherDisc{}; ///< the same where it is of another disc
+        std::function<void()> showPanel{};       ///< whether a rip runs is another
     } hooks;
 
-    /// Rips all rows of the list of tracks. What goes wrong is logged.
+    /// Rips the tracks of all rows of the list. What goes wrong is logged.
     void Rip_All();
 
     /// The same for the selected row.
@@ -60,14 +61,24 @@ private:
         bool alone = false; ///< one track
     };
 
+    /// A row and what it stands for.
+    struct Track {
+        std::int32_t number = 0; ///< of the disc, counted from 0
+        playlist::Row row = 0;
+    };
+
     void command(const config::Procedure& procedure, const std::function<void()>& body);
     [[nodiscard]] std::optional<Job> begin(bool alone);
+    [[nodiscard]] std::vector<Track> tracksOf(playlist::Row first, playlist::Row last) const;
     [[nodiscard]] bool mayWriteInto(const std::string& folder);
+    [[nodiscard]] std::optional<RipFormat> knownFormat(const std::string& dof);
 
     /// False when the program is ending.
-    [[nodiscard]] bool run(const Job& job, const std::vector<std::int32_t>& tracks);
-    [[nodiscard]] RipEnd rip(const Job& job, std::int32_t track);
-    [[nodiscard]] RipEnd ripByProgram(const Job& job, std::int32_t track);
+    [[nodiscard]] bool run(const Job& job, const std::vector<Track>& tracks);
+    [[nodiscard]] std::vector<std::int64_t> lengthsOf(const Job& job,
+                                                      const std::vector<Track>& tracks) const;
+    [[nodiscard]] RipEnd rip(const Job& job, const Track& track);
+    [[nodiscard]] RipEnd ripByProgram(const Job& job, const Track& track);
     void setRunning(bool running);
 
     /// A command runs already, or is asking something.

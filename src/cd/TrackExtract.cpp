@@ -5,6 +5,7 @@
 #include "cd/RipFile.h"
 #include "cd/RipFormat.h"
 #include "cd/RipNames.h"
+#include "cd/RipRows.h"
 #include "cd/TrackRipper.h"
 #include "config/Errors.h"
 #include "config/ErrorTexts.h"
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace tovik::cd {
 
@@ -77,6 +79,13 @@ RipEnd TrackRipper::ExtractAudioTrackToWav(std::int32_t track, const std::string
     }
 }
 
+TrackFlow::Job TrackRipper::jobOf(sound::Handle stream, std::int32_t track) const {
+    return {.channel = stream,
+            .block = kBlock,
+            .row = rowOfTrack(needs_.lstTracks, track) - 1,
+            .decimals = kDecimals};
+}
+
 /// Without a disc no other track will have a stream, either.
 RipEnd TrackRipper::withoutStream(std::uint32_t drive) const {
     return sound().discToc(drive) ? RipEnd::failed : RipEnd::hopeless;
@@ -96,21 +105,26 @@ RipEnd TrackRipper::writeWav(std::int32_t track, const std::string& folder) {
     RipFile file(path, headOf(sound(), stream));
     TrackFlow flow(needs_);
     const bool goesOn =
-        flow.run({.channel = stream, .block = kBlock, .row = track, .decimals = kDecimals},
+        flow.run(jobOf(stream, track),
                  {.takesMore = [&] { return file.takesMore(); },
                   .failed = [&] { return file.ended(); },
                   .take = [&](std::span<const std::byte> bytes) { file.write(bytes); }});
     if (!goesOn) {
         return RipEnd::abandoned;
     }
-    const RipEnd end = endOfDisc(stream, drive, track, path, RipEnd::done);
+    const RipEnd end = endOfDisc({.stream = stream, .drive = drive, .track = track, .path = path},
+                                 flow, RipEnd::done);
     sound().BASS_ChannelStop(stream);
     sound().BASS_StreamFree(stream);
     file.close(flow.moved());
-    if (!flow.waitFor([&] { return file.ended(); })) {
+    const auto waited = flow.waitFor([&] { return file.ended(); });
+    if (waited == TrackFlow::Waited::ending) {
         return RipEnd::abandoned;
     }
     needs_.core.state.RippingNow = false;
+    if (waited == TrackFlow::Waited::givenUp) {
+        return givenUp(path);
+    }
     if (const std::string failure = file.failure(); !failure.empty()) {
         tellUnwritten(path, failure);
         return RipEnd::failed;
@@ -146,16 +160,21 @@ RipEnd TrackRipper::writeWma(std::int32_t track, const std::string& path) {
     }
     const sound::Handle encoder = sound().BASS_WMA_EncodeOpenFile(
         kWmaRate, kWmaFlags, static_cast<std::uint32_t>(rate) * kBitsPerKilobit, path);
-    const RipEnd end = flowToWma(track, encoder, path);
-    if (end != RipEnd::abandoned) {
-        sound().BASS_ChannelStop(stream);
-        sound().BASS_StreamFree(stream);
-        needs_.core.state.RippingNow = false;
+    TrackFlow flow(needs_);
+    const RipEnd written = flowToWma(track, encoder, flow, path);
+    if (written == RipEnd::abandoned) {
+        return written;
     }
+    const RipEnd end =
+        endOfDisc({.stream = stream, .drive = drive, .track = track, .path = path}, flow, written);
+    sound().BASS_ChannelStop(stream);
+    sound().BASS_StreamFree(stream);
+    needs_.core.state.RippingNow = false;
     return end;
 }
 
-RipEnd TrackRipper::flowToWma(std::int32_t track, sound::Handle encoder, const std::string& path) {
+RipEnd TrackRipper::flowToWma(std::int32_t track, sound::Handle encoder, TrackFlow& flow,
+                              const std::string& path) {
     const auto report = [&] { return sound().encodeReport(encoder); };
     const auto failed = [&] {
         const auto now = report();
@@ -164,11 +183,21 @@ RipEnd TrackRipper::flowToWma(std::int32_t track, sound::Handle encoder, const s
     const auto noMoreAt = [&](sound::EncodeStage stage) {
         return [&, stage] { return failed() || report()->stage >= stage; };
     };
-    TrackFlow flow(needs_);
-    if (!flow.waitFor(noMoreAt(sound::EncodeStage::running))) {
+    const auto wait = [&](sound::EncodeStage stage) -> std::optional<RipEnd> {
+        switch (flow.waitFor(noMoreAt(stage))) {
+        case TrackFlow::Waited::done:
+            return std::nullopt;
+        case TrackFlow::Waited::givenUp:
+            return givenUp(path);
+        case TrackFlow::Waited::ending:
+            break;
+        }
         return RipEnd::abandoned;
+    };
+    if (const auto end = wait(sound::EncodeStage::running)) {
+        return *end;
     }
-    const auto tell = [&](const char* text) {
+    const auto tellFailure = [&](const char* text) {
         const auto last = report();
         config::ShowErrorBox(needs_.host.dialogs,
                              std::string(text) + "\n" + path +
@@ -177,12 +206,14 @@ RipEnd TrackRipper::flowToWma(std::int32_t track, sound::Handle encoder, const s
         return RipEnd::failed;
     };
     if (failed()) {
-        return tell("An error occured while opening output file.");
+        const RipEnd end = tellFailure("An error occured while opening output file.");
+        sound().BASS_WMA_EncodeClose(encoder);
+        return end;
     }
     setTags(encoder, track);
     const sound::Handle stream = needs_.disc.CDStream;
     const bool goesOn =
-        flow.run({.channel = stream, .block = kBlock, .row = track, .decimals = kDecimals},
+        flow.run(jobOf(stream, track),
                  {.takesMore = [&] { return report()->takesMore; },
                   .failed = failed,
                   .take =
@@ -191,14 +222,13 @@ RipEnd TrackRipper::flowToWma(std::int32_t track, sound::Handle encoder, const s
                           static_cast<void>(sound().BASS_WMA_EncodeWrite(encoder, bytes));
                       }});
     sound().BASS_WMA_EncodeClose(encoder);
-    if (!goesOn || !flow.waitFor(noMoreAt(sound::EncodeStage::finished))) {
+    if (!goesOn) {
         return RipEnd::abandoned;
     }
-    if (failed()) {
-        return tell("An error occured while encoding WMA data.");
+    if (const auto end = wait(sound::EncodeStage::finished)) {
+        return *end;
     }
-    return endOfDisc(stream, static_cast<std::uint32_t>(needs_.disc.CDDrive), track, path,
-                     RipEnd::done);
+    return failed() ? tellFailure("An error occured while encoding WMA data.") : RipEnd::done;
 }
 
 void TrackRipper::setTags(sound::Handle encoder, std::int32_t track) {

@@ -2,6 +2,7 @@
 #include "cd/TrackFlow.h"
 
 #include <chrono>
+#include <optional>
 #include <thread>
 #include <vector>
 
@@ -14,6 +15,9 @@ constexpr std::chrono::milliseconds kRest{1};
 
 /// How long a track behind a cancelled one is waited for.
 constexpr std::int64_t kBlockPatienceMs = 2000;
+
+/// How long a cancelled track may take to be finished: a disk that does not answer keeps nobody.
+constexpr std::int64_t kCancelPatienceMs = 10'000;
 
 } // namespace
 
@@ -32,6 +36,8 @@ bool TrackFlow::cancelled() const {
 bool TrackFlow::run(const Job& job, const Sink& sink) {
     sound::SoundLibrary& sound = needs_.core.sound;
     std::vector<std::byte> buffer(job.block);
+    const std::int64_t length = sound.BASS_StreamGetLength(job.channel);
+    bool stopped = false;
     while (sound.BASS_ChannelIsActive(job.channel) != sound::Activity::stopped && !sink.failed()) {
         if (sink.takesMore()) {
             const std::int32_t got = sound.BASS_ChannelGetData(
@@ -49,21 +55,31 @@ bool TrackFlow::run(const Job& job, const Sink& sink) {
         if (!needs_.host.pump.Step()) {
             return false;
         }
-        if (cancelled()) {
+        stopped = cancelled();
+        if (stopped) {
             break;
         }
     }
+    brokenOff_ = !stopped && moved_ < length && !sink.failed();
     return true;
 }
 
-bool TrackFlow::waitFor(const std::function<bool()>& done) const {
+TrackFlow::Waited TrackFlow::waitFor(const std::function<bool()>& done) const {
+    std::optional<std::int64_t> cancelledMs;
     while (!done()) {
         if (!needs_.host.pump.Step()) {
-            return false;
+            return Waited::ending;
+        }
+        if (needs_.disc.CancelRip) {
+            const std::int64_t now = needs_.host.clock.monotonicMs();
+            if (now - cancelledMs.value_or(now) >= kCancelPatienceMs) {
+                return Waited::givenUp;
+            }
+            cancelledMs = cancelledMs.value_or(now);
         }
         std::this_thread::sleep_for(kRest);
     }
-    return true;
+    return Waited::done;
 }
 
 void TrackFlow::show(const Job& job) const {

@@ -3,6 +3,7 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "cd/RipDrive.h"
 #include "config/ConversionLog.h"
 #include "config/ErrorTexts.h"
 #include "player/LiveSetting.h"
@@ -13,9 +14,6 @@
 namespace tovik::cd {
 
 namespace {
-
-/// A deliberate oddity: encoder programs get the disc in the first drive, whichever is selected.
-constexpr std::uint32_t kEncoderDrive = 0;
 
 constexpr std::uint32_t kFlags = sound::BASS_STREAM_DECODE | sound::BASS_STREAM_AUTOFREE;
 constexpr std::size_t kEncoderBlock = 262'144;
@@ -53,9 +51,10 @@ RipEnd TrackRipper::Encoder(const std::string& source, std::string_view type, st
     auto failure =
         encoderChannel_ != sound::kNoHandle ? sound::ErrorCode::ok : sound().BASS_ErrorGetCode();
     RipEnd end = RipEnd::done;
+    TrackFlow flow(needs_);
     if (line) {
-        TrackFlow::Job job{.channel = encoderChannel_, .block = kEncoderBlock, .row = row};
-        end = encode(*line, *program, job, path);
+        end = encode(*line, *program,
+                     {.channel = encoderChannel_, .block = kEncoderBlock, .row = row}, flow, path);
         if (end == RipEnd::abandoned) {
             return end;
         }
@@ -64,7 +63,11 @@ RipEnd TrackRipper::Encoder(const std::string& source, std::string_view type, st
         }
     }
     if (isCdTrack) {
-        end = endOfDisc(encoderChannel_, kEncoderDrive, row, path, end);
+        end = endOfDisc({.stream = encoderChannel_,
+                         .drive = drive(),
+                         .track = base::toInt32(base::textToNumber(source)),
+                         .path = path},
+                        flow, end);
     }
     sound().BASS_StreamFree(encoderChannel_);
     sound().BASS_Free();
@@ -79,8 +82,7 @@ RipEnd TrackRipper::Encoder(const std::string& source, std::string_view type, st
 sound::Handle TrackRipper::openSource(const std::string& source, bool isCdTrack) {
     if (isCdTrack) {
         const std::int32_t track = base::toInt32(base::textToNumber(source));
-        return sound().BASS_CD_StreamCreate(kEncoderDrive, static_cast<std::uint32_t>(track),
-                                            kFlags);
+        return sound().BASS_CD_StreamCreate(drive(), static_cast<std::uint32_t>(track), kFlags);
     }
     if (base::toUpperAscii(source).ends_with("WMA")) {
         return sound().BASS_WMA_StreamCreateFile(false, source, 0, 0, kFlags);
@@ -88,8 +90,12 @@ sound::Handle TrackRipper::openSource(const std::string& source, bool isCdTrack)
     return sound().BASS_StreamCreateFile(false, source, 0, 0, kFlags);
 }
 
-RipEnd TrackRipper::encode(const EncoderLine& line, const std::string& program, TrackFlow::Job& job,
-                           const std::string& path) {
+std::uint32_t TrackRipper::drive() const {
+    return static_cast<std::uint32_t>(encoderDrive(needs_.disc, needs_.core.state.comfort));
+}
+
+RipEnd TrackRipper::encode(const EncoderLine& line, const std::string& program,
+                           const TrackFlow::Job& job, TrackFlow& flow, const std::string& path) {
     if (job.channel == sound::kNoHandle) {
         return RipEnd::failed; // the log tells of it
     }
@@ -105,7 +111,6 @@ RipEnd TrackRipper::encode(const EncoderLine& line, const std::string& program, 
         return RipEnd::failed;
     }
     const auto report = [&] { return sound().encodeReport(job.channel); };
-    TrackFlow flow(needs_);
     const bool goesOn = flow.run(job, {.takesMore =
                                            [&] {
                                                const auto now = report();
@@ -117,7 +122,12 @@ RipEnd TrackRipper::encode(const EncoderLine& line, const std::string& program, 
         return RipEnd::abandoned;
     }
     sound().BASS_Encode_Stop(job.channel);
-    if (!flow.waitFor([&] { return ended(report()); })) {
+    switch (flow.waitFor([&] { return ended(report()); })) {
+    case TrackFlow::Waited::done:
+        break;
+    case TrackFlow::Waited::givenUp:
+        return givenUp(path);
+    case TrackFlow::Waited::ending:
         return RipEnd::abandoned;
     }
     const auto last = report();
@@ -128,28 +138,29 @@ RipEnd TrackRipper::encode(const EncoderLine& line, const std::string& program, 
     return RipEnd::done;
 }
 
-RipEnd TrackRipper::endOfDisc(sound::Handle stream, std::uint32_t drive, std::int32_t track,
-                              const std::string& path, RipEnd end) {
-    const std::string name = "Track " + std::to_string(track + 1);
-    const sound::DiscReport report = sound().discReport(stream).value_or(sound::DiscReport());
-    if (report.lostSectors > 0 || report.repaired > 0) {
+RipEnd TrackRipper::endOfDisc(const Source& source, const TrackFlow& flow, RipEnd end) {
+    const auto note = [&](const std::string& words) {
         config::noteConversion(needs_.host.paths, needs_.host.clock,
-                               name + ": " + std::to_string(report.lostSectors) +
-                                   " sectors lost, " + std::to_string(report.repaired) +
-                                   " places repaired: " + path);
+                               "Track " + std::to_string(source.track + 1) + ": " + words);
+    };
+    const auto report = sound().discReport(source.stream).value_or(sound::DiscReport());
+    if (report.lostSectors > 0 || report.repaired > 0) {
+        note(std::to_string(report.lostSectors) + " sectors lost, " +
+             std::to_string(report.repaired) + " places repaired: " + source.path);
     }
     const bool gone = report.trouble == sound::DiscTrouble::noDisc ||
                       report.trouble == sound::DiscTrouble::noDrive ||
-                      (stream == sound::kNoHandle && !sound().discToc(drive));
-    if (!gone) {
+                      (source.stream == sound::kNoHandle && !sound().discToc(source.drive));
+    if (!gone && !flow.brokenOff()) {
         return end;
     }
-    const std::string words = base::replaceAll(
-        needs_.words.language.get_Rip_String(config::RipText::DiscGone), "[x]", path);
-    config::noteConversion(needs_.host.paths, needs_.host.clock, name + ": " + words);
-    needs_.host.dialogs.showMessage(
-        {.text = words, .title = host::kProgramTitle, .icon = host::MessageIcon::Exclamation});
-    return RipEnd::hopeless;
+    const std::string words =
+        base::replaceAll(needs_.words.language.get_Rip_String(gone ? config::RipText::DiscGone
+                                                                   : config::RipText::Incomplete),
+                         "[x]", source.path);
+    note(words);
+    tell(words);
+    return gone ? RipEnd::hopeless : RipEnd::failed;
 }
 
 RipEnd TrackRipper::noProgram(const EncoderLine& line) {
@@ -160,19 +171,29 @@ RipEnd TrackRipper::noProgram(const EncoderLine& line) {
                          name),
         "[y]", line.package);
     config::noteConversion(needs_.host.paths, needs_.host.clock, words);
-    needs_.host.dialogs.showMessage(
-        {.text = words, .title = host::kProgramTitle, .icon = host::MessageIcon::Exclamation});
+    tell(words);
+    return RipEnd::hopeless;
+}
+
+std::string TrackRipper::unwritten(const std::string& path) const {
+    return base::replaceAll(needs_.words.language.get_Rip_String(config::RipText::Unwritten), "[x]",
+                            path);
+}
+
+RipEnd TrackRipper::givenUp(const std::string& path) {
+    const std::string words = unwritten(path);
+    config::noteConversion(needs_.host.paths, needs_.host.clock, words);
+    tell(words);
     return RipEnd::hopeless;
 }
 
 void TrackRipper::tellUnwritten(const std::string& path, const std::string& words) {
-    std::string text = base::replaceAll(
-        needs_.words.language.get_Rip_String(config::RipText::Unwritten), "[x]", path);
-    if (!words.empty()) {
-        text += "\n" + words;
-    }
+    tell(words.empty() ? unwritten(path) : unwritten(path) + "\n" + words);
+}
+
+void TrackRipper::tell(const std::string& words) {
     needs_.host.dialogs.showMessage(
-        {.text = text, .title = host::kProgramTitle, .icon = host::MessageIcon::Exclamation});
+        {.text = words, .title = host::kProgramTitle, .icon = host::MessageIcon::Exclamation});
 }
 
 } // namespace tovik::cd

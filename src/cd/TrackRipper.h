@@ -17,9 +17,10 @@ class TrackRipper {
 public:
     explicit TrackRipper(const RipNeeds& needs) : needs_(needs) {}
 
-    /// Pipes a source through an encoder program: a track of the disc in drive 0, counted from 0,
-    /// or a file. `row` is that of the list, from 0. What goes wrong is told and stands in the log
-    /// of conversions, by the source. The sound library is given back at the end.
+    /// Pipes a source through an encoder program: a track, counted from 0, of the disc in the drive
+    /// for encoders (`encoderDrive`), or a file. `row` is that of the list, from 0. What goes wrong
+    /// is told and stands in the log of conversions, by the source. The sound library is given back
+    /// at the end.
     [[nodiscard]] RipEnd Encoder(const std::string& source, std::string_view type,
                                  std::int32_t bitrate, const std::string& path, bool isCdTrack,
                                  std::int16_t row);
@@ -35,21 +36,39 @@ public:
 
 private:
     [[nodiscard]] sound::Handle openSource(const std::string& source, bool isCdTrack);
+
+    /// A track that is read.
+    struct Source {
+        sound::Handle stream = sound::kNoHandle;
+        std::uint32_t drive = 0;
+        std::int32_t track = 0; ///< counted from 0
+        const std::string& path;
+    };
+
     [[nodiscard]] RipEnd encode(const EncoderLine& line, const std::string& program,
-                                TrackFlow::Job& job, const std::string& path);
+                                const TrackFlow::Job& job, TrackFlow& flow,
+                                const std::string& path);
     [[nodiscard]] RipEnd writeWav(std::int32_t track, const std::string& folder);
     [[nodiscard]] RipEnd writeWma(std::int32_t track, const std::string& path);
-    [[nodiscard]] RipEnd flowToWma(std::int32_t track, sound::Handle encoder,
+    [[nodiscard]] RipEnd flowToWma(std::int32_t track, sound::Handle encoder, TrackFlow& flow,
                                    const std::string& path);
+    [[nodiscard]] TrackFlow::Job jobOf(sound::Handle stream, std::int32_t track) const;
     [[nodiscard]] RipEnd withoutStream(std::uint32_t drive) const;
     void setTags(sound::Handle encoder, std::int32_t track);
 
-    /// What the disc did while its track was read: told and logged. `end` unless the disc is gone.
-    /// To be called before the stream, if there is one, is freed.
-    [[nodiscard]] RipEnd endOfDisc(sound::Handle stream, std::uint32_t drive, std::int32_t track,
-                                   const std::string& path, RipEnd end);
+    /// What the disc did while its track was read: told and logged. `end` unless the disc is gone,
+    /// or its stream broke off. To be called before the stream, if there is one, is freed.
+    [[nodiscard]] RipEnd endOfDisc(const Source& source, const TrackFlow& flow, RipEnd end);
     [[nodiscard]] RipEnd noProgram(const EncoderLine& line);
+
+    /// What writes did not answer for long after a cancel.
+    [[nodiscard]] RipEnd givenUp(const std::string& path);
+    void tell(const std::string& words);
     void tellUnwritten(const std::string& path, const std::string& words);
+    [[nodiscard]] std::string unwritten(const std::string& path) const;
+
+    /// Of encoder programs.
+    [[nodiscard]] std::uint32_t drive() const;
 
     [[nodiscard]] sound::SoundLibrary& sound() const { return needs_.core.sound; }
 

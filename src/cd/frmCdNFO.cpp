@@ -6,6 +6,7 @@
 #include "base/RegularFile.h"
 #include "base/Text.h"
 #include "cd/DiscFile.h"
+#include "cd/RipRows.h"
 #include "config/Profile.h"
 #include "config/SettingText.h"
 #include "config/Version.h"
@@ -55,6 +56,17 @@ std::string discFilePath(const host::Paths& paths, std::string_view name) {
     return base::joinPath(paths.of(host::DataItem::DiscFiles), name);
 }
 
+/// What a search has found.
+DiscForm fetchedForm(const discs::FREEDB& freedb) {
+    DiscForm form;
+    form.Text1 = {freedb.AlbumTitle(), freedb.AlbumYear()};
+    form.Text2 = {freedb.AlbumArtist(), {}, freedb.AlbumGenre()};
+    for (int track = 1; track <= freedb.TrackCount(); ++track) {
+        form.List1.push_back(freedb.TrackTitle(track));
+    }
+    return form;
+}
+
 /// The bytes of a file beside the discs' files, read beside this thread; nothing where it cannot be
 /// read, or the program is ending.
 std::optional<std::string> readBeside(host::MessagePump& pump, const host::Paths& paths,
@@ -86,8 +98,15 @@ void frmCdNFO::Unload() {
     form().Text1.front() = form().told.front();
     form().Text2.front() = form().told.back();
     form().List1.clear();
+    form().V1Genre = form().V2Genre = kNoGenre;
     toc_.clear();
     loaded_ = false;
+}
+
+void frmCdNFO::forgetOtherDisc() {
+    if (loaded_ && firstToc() != toc_) {
+        Unload();
+    }
 }
 
 void frmCdNFO::Form_Load(CdNFOView& view, const std::function<void()>& words) {
@@ -214,6 +233,7 @@ void frmCdNFO::rip() {
     needs_.FREEDB.callOff();
     const std::string format = base::toUpperAscii(player::readLive(needs_.core.settings, "DOF"));
     const std::string genre = base::toUpperAscii(form().Text2[kGenreField]);
+    form().V1Genre = form().V2Genre = kNoGenre;
     if (format.starts_with(kTaggedFormat) && !genre.empty()) {
         form().V1Genre = findGenre(0, kLastGenre1, [&genre](int number) {
             return base::toUpperAscii(tags::cMP3ID3v1::GenreName(number)).find(genre) !=
@@ -267,9 +287,12 @@ void frmCdNFO::search() {
     if (result == 0 || view_ == nullptr) {
         return;
     }
-    takeFetched();
+    const DiscForm fetched = fetchedForm(freedb);
+    if (firstToc() == toc) { // else another disc was put in meanwhile
+        takeFetched(fetched);
+    }
     if (result == kStores) {
-        store(discs::FREEDB::DiscId(toc));
+        store(discs::FREEDB::DiscId(toc), fetched);
     }
 }
 
@@ -293,26 +316,25 @@ void frmCdNFO::deselect() {
 void frmCdNFO::nameTracks() {
     deselect();
     form().List1.clear();
-    for (playlist::Row row = 1; row <= needs_.lstTracks.ListCount(); ++row) {
-        form().List1.push_back("Track " + std::to_string(row));
+    // Up to the last row's track: one without a row has its place among the names all the same.
+    const playlist::Row rows = needs_.lstTracks.ListCount();
+    const std::int32_t tracks = rows > 0 ? trackOfRow(needs_.lstTracks, rows).value_or(-1) + 1 : 0;
+    for (std::int32_t track = 1; track <= tracks; ++track) {
+        form().List1.push_back("Track " + std::to_string(track));
     }
 }
 
-void frmCdNFO::takeFetched() {
-    const discs::FREEDB& freedb = needs_.FREEDB;
+void frmCdNFO::takeFetched(const DiscForm& fetched) {
     deselect();
-    form().Text1 = {freedb.AlbumTitle(), freedb.AlbumYear()};
-    form().Text2 = {freedb.AlbumArtist(), {}, freedb.AlbumGenre()};
-    form().List1.clear();
-    for (int track = 1; track <= freedb.TrackCount(); ++track) {
-        form().List1.push_back(freedb.TrackTitle(track));
-    }
+    form().Text1 = fetched.Text1;
+    form().Text2 = fetched.Text2;
+    form().List1 = fetched.List1;
     show();
 }
 
-void frmCdNFO::store(const std::string& discId) {
+void frmCdNFO::store(const std::string& discId, const DiscForm& fetched) {
     const auto done = host::runBeside(
-        needs_.pump, [paths = needs_.paths, discId, text = discFileText(discId, form())] {
+        needs_.pump, [paths = needs_.paths, discId, text = discFileText(discId, fetched)] {
             const std::string path = discFilePath(paths, discId);
             std::error_code failure;
             std::filesystem::create_directories(base::folderPart(path), failure);

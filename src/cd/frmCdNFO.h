@@ -32,7 +32,7 @@ public:
 
 /// The form outlives the dialog: a rip reads it when the dialog is hidden. What was entered goes
 /// when the dialog is closed without a rip (`Unload`). The numbers of the genre in the form are
-/// found when Rip is pressed and an MP3 format is set; they stay where no genre is entered.
+/// found when Rip is pressed and an MP3 format is set; else, and without a genre, there is none.
 class frmCdNFO {
 public:
     /// What the buttons `Command1` are for, by index; 3 is none.
@@ -67,6 +67,9 @@ public:
 
     /// Forgets what was entered, but for what the disc itself told.
     void Unload();
+
+    /// The same where it was entered for another disc than the one that is in the drive now.
+    void forgetOtherDisc();
 
     // For the dialog ------------------------------------------------------------------------------
 
@@ -116,8 +119,8 @@ private:
     void emptyFields();
     void deselect();
     void nameTracks();
-    void takeFetched();
-    void store(const std::string& discId);
+    void takeFetched(const DiscForm& fetched);
+    void store(const std::string& discId, const DiscForm& fetched);
     [[nodiscard]] std::string firstToc();
     void show();
     void showSearch();

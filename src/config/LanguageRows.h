@@ -126,6 +126,8 @@ inline constexpr auto kEnglishRip = std::to_array<std::string_view>({
     "The disc is gone: [x] is not complete.",
     "Track [x] of [y]",
     "Track [x] of [y], [z] left",
+    "[x] is not complete.",
+    "The format \"[x]\" is unknown: nothing is ripped.",
 });
 
 /// The English of "TovikComfort": the tab, the master, the switches, their frame, and what is said

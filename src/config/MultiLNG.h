@@ -21,6 +21,8 @@ enum class RipText : std::uint8_t {
     DiscGone,   ///< a file that is not complete
     Status,     ///< the track, and how many there are
     StatusLeft, ///< the same and the time left
+    Incomplete, ///< a file whose track broke off
+    NoFormat,   ///< a format that nobody knows
 };
 
 /// Every loader reads its texts from "Languages/NAME.lng" in the data folder, each anew from the

@@ -21,7 +21,8 @@ protected:
         sound_.drives.resize(1);
         sound_.drives.front().toc = FakeDiscs::discOf({200, 100});
         for (const char* const row : {"1", "2"}) {
-            player().lists().lstTracks.AddItem(row, row, row, "", 1);
+            player().lists().lstTracks.AddItem("", "D:\\Track0" + std::string(row) + ".cda", row,
+                                               "", 1);
         }
         host_.folder.write("CDDB/server.ini", "[server]\nhost=\nmail=\n");
     }

@@ -9,6 +9,16 @@ using commands::CommandId;
 using testing::ElementsAre;
 using window::MainElement;
 
+/// A dialog that shows nothing.
+class Fields final : public cd::CdNFOView {
+public:
+    void showData() override {}
+
+    void showTrack(std::size_t /*track*/) override {}
+
+    void showSearch() override {}
+};
+
 class RipsTest : public AppRig {
 protected:
     RipsTest() {
@@ -24,8 +34,8 @@ protected:
         start();
         playlist::stdSS& tracks = player().lists().lstTracks;
         tracks.Clear();
-        tracks.AddItem("1", "1", "One", "00:10", 10);
-        tracks.AddItem("2", "2", "Two", "00:10", 10);
+        tracks.AddItem("", "D:\\Track01.cda", "One", "00:10", 10);
+        tracks.AddItem("", "D:\\Track02.cda", "Two", "00:10", 10);
         tracks.SelectIndex(2);
     }
 
@@ -89,6 +99,51 @@ TEST_F(RipsTest, cancelAsksAndEndsTheTrack) {
     player().commands().run(CommandId::ripSelected);
     EXPECT_EQ(sound_.encoders.at(0).bytes, 262144U);
     EXPECT_EQ(host_.dialogs.boxes.at(0).text, "Cancel the rip that is running?");
+}
+
+TEST_F(RipsTest, whatIsHandedOverMeanwhileWaitsForTheEnd) {
+    set("DOF", "WAV");
+    sound_.discTracks.erase(0); // which is told in a box
+    openDisc();
+    advance(200);
+    player().discInfo().form.Text1[0] = "Album";
+    const std::string path = track("song.mp3");
+    bool boxed = false;
+    host_.dialogs.onMessage = [&] {
+        boxed = host_.messages.keep(host::handOver(path));
+        advance(100);
+        EXPECT_FALSE(player().state().IsPlaying);
+        EXPECT_EQ(player().stdSS().ListCount(), 0);
+    };
+    player().discInfo().dialog.hooks.Rip_All();
+    EXPECT_TRUE(boxed);
+    EXPECT_EQ(host_.dialogs.boxes.size(), 1U);
+    EXPECT_EQ(std::filesystem::file_size(host_.folder / "Music/-Album/TRACK2.WAV"),
+              44U + 10U * 176'400U);
+    advance(100);
+    EXPECT_TRUE(player().state().IsPlaying);
+    EXPECT_EQ(player().stdSS().text(1, playlist::RowText::FileName), path);
+}
+
+TEST_F(RipsTest, theNamesOfADiscGoWithIt) {
+    openDisc();
+    cd::frmCdNFO& dialog = player().discInfo().dialog;
+    dialog.hooks.open = [&dialog] {
+        Fields fields;
+        dialog.Form_Load(fields, [] {});
+        dialog.Form_Activate();
+        dialog.Text1_Change(0, "Typed");
+        static_cast<void>(dialog.Command1_Click(cd::frmCdNFO::Button::rip));
+        dialog.Form_Unload();
+    };
+    set("DOF", "WMA"); // after which the names stay
+    dialog.Show();
+    EXPECT_THAT(sound_.encoders.at(0).command.output, testing::HasSubstr("/-Typed/"));
+    sound_.drives.front().toc = FakeDiscs::discOf({20, 20});
+    player().lists().lstTracks.SelectIndex(2);
+    player().commands().run(CommandId::ripSelected);
+    EXPECT_THAT(sound_.encoders.back().command.output, testing::Not(testing::HasSubstr("Typed")));
+    EXPECT_THAT(sound_.encoders, testing::SizeIs(3));
 }
 
 TEST_F(RipsTest, theSoundIsThereAgainAfterwards) {

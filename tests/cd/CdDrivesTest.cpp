@@ -165,6 +165,52 @@ TEST_F(CdDrives, areLeftAloneWhileARipRuns) {
     EXPECT_EQ(disc_.CDDrive, 1);
 }
 
+TEST_F(CdDrives, theChosenOneStaysWhereThatIsWanted) {
+    insert({{10}, {20}});
+    cd_.Init_CD_Ripper();
+    cd_.cmbCDDrives_Click(1);
+    state_.comfort.encodesSelectedDrive = true;
+    cd_.Init_CD_Ripper();
+    EXPECT_EQ(disc_.CDDrive, 1);
+    EXPECT_THAT(rowsOf(tracks_), ElementsAre("E:\\Track01.cda|Track 1|00:20|20"));
+    state_.comfort.encodesSelectedDrive = false;
+    cd_.Init_CD_Ripper();
+    EXPECT_EQ(disc_.CDDrive, 0);
+    EXPECT_EQ(cd_.cmbCDDrives.ListIndex, 0);
+}
+
+TEST_F(CdDrives, noneIsPlayedWhileARipRuns) {
+    insert({{10}, {20}});
+    cd_.Init_CD_Ripper();
+    addRows(2, {});
+    state_.RipRunning = true;
+    cd_.PlayAudioCD(1);
+    EXPECT_EQ(list_.ListCount(), 2);
+    EXPECT_EQ(disc_.CDDrive, 0);
+}
+
+TEST_F(CdDrives, aRipThatBeginsWhileOneIsAboutToPlayKeepsItsDrive) {
+    insert({{10}, {20}});
+    cd_.Init_CD_Ripper();
+    sound_.looksNeeded = 60;
+    pump_.inStep = [this] { return state_.RipRunning = true; };
+    cd_.PlayAudioCD(1);
+    EXPECT_EQ(disc_.CDDrive, 0);
+    EXPECT_EQ(list_.ListCount(), 0);
+}
+
+TEST_F(CdDrives, whoWantsToPlayOneWhileOthersWaitKeepsThePlaylist) {
+    insert({{10}});
+    addRows(2, {});
+    sound_.looksNeeded = 60;
+    pump_.inStep = [this] {
+        cd_.PlayAudioCD(0);
+        return true;
+    };
+    cd_.Init_CD_Ripper();
+    EXPECT_EQ(list_.ListCount(), 2);
+}
+
 TEST_F(CdDrives, anotherDiscIsListedWhileTheyAreWatched) {
     insert({{10}});
     cd_.Init_CD_Ripper();

@@ -22,7 +22,7 @@ protected:
         set("DOF", "MP3 CBR");
         sound_.drives.resize(1);
         sound_.drives.front().toc = FakeDiscs::discOf({200, 100});
-        for (const char* const row : {"1", "2"}) {
+        for (const char* const row : {"D:\\Track01.cda", "D:\\Track02.cda"}) {
             tracks_.AddItem(row, row, row, "", 1);
         }
     }

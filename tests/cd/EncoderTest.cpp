@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One track through an encoder program, and to WAV and WMA.
-#include "cd/RipRig.h"
-
-#include "sound/api/PcmHeader.h"
+// One track through an encoder program.
+#include "cd/EncoderRig.h"
 
 #include <gtest/gtest.h>
 
@@ -15,34 +13,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class EncoderTest : public test::RipRig {
-protected:
-    EncoderTest() { std::filesystem::create_directories(music()); }
-
-    [[nodiscard]] RipEnd encode(std::string_view type = "MP3C", const std::string& source = "1") {
-        return ripper_.Encoder(source, type, 128, path_, true, 1);
-    }
-
-    /// What a disc says of the stream that is read.
-    void discSays(const sound::DiscReport& report) {
-        pump_.inStep = [this, report] {
-            sound_.discReports[lastStream()] = report;
-            return true;
-        };
-    }
-
-    [[nodiscard]] sound::Handle lastStream() {
-        sound::Handle last = 1;
-        while (sound_.lives(last + 1)) {
-            ++last;
-        }
-        return last;
-    }
-
-    const std::string path_ = music() + "/x.mp3";
-};
-
-using ExtractTest = EncoderTest;
+class EncoderTest : public test::EncoderRig {};
 
 } // namespace
 
@@ -72,6 +43,15 @@ TEST_F(EncoderTest, AlwaysReadsTheFirstDrive) {
     EXPECT_EQ(encode(), RipEnd::done);
     EXPECT_THAT(callsOf("BASS_CD_StreamCreate"),
                 ElementsAre("BASS_CD_StreamCreate(0, 1, 2359296)"));
+}
+
+TEST_F(EncoderTest, ReadsTheChosenDriveWhereThatIsWanted) {
+    disc_.CDDrive = 1;
+    sound_.drives.resize(2, sound_.drives.front());
+    state_.comfort.encodesSelectedDrive = true;
+    EXPECT_EQ(encode(), RipEnd::failed); // there is nothing in it
+    EXPECT_THAT(callsOf("BASS_CD_StreamCreate"),
+                ElementsAre("BASS_CD_StreamCreate(1, 1, 2359296)"));
 }
 
 TEST_F(EncoderTest, TakesAFileToo) {
@@ -183,97 +163,50 @@ TEST_F(EncoderTest, EndsWhenTheDiscIsGone) {
     EXPECT_EQ(told().size(), 1U);
 }
 
-TEST_F(ExtractTest, WritesWavAsItStandsOnTheDisc) {
-    disc_.CDDrive = 0;
-    disc_.CDStream = 55;
-    EXPECT_EQ(ripper_.ExtractAudioTrackToWav(2, music()), RipEnd::done);
-    EXPECT_THAT(sound_.driveCalls, ElementsAre("BASS_CD_Door(0, 2)", "BASS_CD_Door(0, 3)"));
-    EXPECT_THAT(sound_.calls,
-                ElementsAre("BASS_StreamFree(55)", "BASS_CD_StreamCreate(0, 2, 2359296)",
-                            "BASS_ChannelStop(1)", "BASS_StreamFree(1)"));
-    const std::string file = host_.folder.read("Music/TRACK3.WAV");
-    ASSERT_EQ(file.size(), 44U + kTrackBytes);
-    EXPECT_EQ(file.substr(0, 44), sound::pcmHeader(44100, 2, 16, kTrackBytes + 36, kTrackBytes));
-    for (std::int64_t i = 0; i < kTrackBytes; ++i) {
-        ASSERT_EQ(static_cast<std::byte>(file[static_cast<std::size_t>(44 + i)]),
-                  test::FakeSoundLibrary::discByte(i))
-            << i;
-    }
-    EXPECT_EQ(title(3), "Track 3 100%");
+// A stream that ends before its length, though the disc is there and nobody has cancelled.
+TEST_F(EncoderTest, TellsOfATrackThatBreaksOff) {
+    breakOff(1);
+    EXPECT_EQ(encode(), RipEnd::failed);
+    EXPECT_THAT(told(), ElementsAre(path_ + " is not complete."));
+    EXPECT_THAT(converted(), ElementsAre("Track 2: " + path_ + " is not complete."));
     EXPECT_FALSE(state_.RippingNow);
 }
 
-TEST_F(ExtractTest, WavUsesTheSelectedDriveAndSaysWhatFails) {
-    disc_.CDDrive = 1;
-    sound_.drives.resize(2, sound_.drives.front());
-    sound_.discTracks.clear();
-    EXPECT_EQ(ripper_.ExtractAudioTrackToWav(0, music()), RipEnd::failed);
-    EXPECT_THAT(told(), ElementsAre("Unable to Create CD Stream!"));
-    EXPECT_THAT(sound_.driveCalls, ElementsAre("BASS_CD_Door(1, 2)", "BASS_CD_Door(1, 3)"));
-}
-
-TEST_F(ExtractTest, WavOnAFullDiskNamesTheFile) {
-    std::filesystem::create_symlink("/dev/full", music() + "/TRACK1.WAV");
-    EXPECT_EQ(ripper_.ExtractAudioTrackToWav(0, music()), RipEnd::failed);
-    EXPECT_THAT(told(),
-                ElementsAre(music() + "/TRACK1.WAV cannot be written.\nNo space left on device"));
-}
-
-TEST_F(ExtractTest, WavOfACancelledTrackStaysAndHasItsSizes) {
-    sound_.discTracks[0].seconds = 100;
-    pump_.inStep = [&] { return disc_.CancelRip = true; };
-    EXPECT_EQ(ripper_.ExtractAudioTrackToWav(0, music()), RipEnd::done);
-    const std::string file = host_.folder.read("Music/TRACK1.WAV");
-    EXPECT_EQ(file.size(), 20044U);
-    EXPECT_EQ(file.substr(0, 44), sound::pcmHeader(44100, 2, 16, 20036, 20000));
-}
-
-TEST_F(ExtractTest, WmaIsNamedAndTagged) {
-    form_.List1[0] = "A/B";
-    EXPECT_EQ(ripper_.ExtractAudioTrackToWMA(0), RipEnd::done);
-    ASSERT_EQ(sound_.encoders.size(), 1U);
-    const auto& encoder = sound_.encoders[0];
-    EXPECT_EQ(encoder.command.output, album("A-B.WMA"));
-    EXPECT_EQ(encoder.bytes, static_cast<std::size_t>(kTrackBytes));
-    EXPECT_THAT(encoder.tags,
-                ElementsAre(testing::Pair("WM/AlbumTitle", "Album"),
-                            testing::Pair("Author", "Artist"), testing::Pair("WM/Year", "1999"),
-                            testing::Pair("WM/Genre", "Rock"), testing::Pair("Title", "A/B"),
-                            testing::Pair("", "")));
-    EXPECT_THAT(callsOf("BASS_WMA"), ElementsAre("BASS_WMA_EncodeOpenFile(44100, 65536, 132000, " +
-                                                     album("A-B.WMA") + ")",
-                                                 "BASS_WMA_EncodeClose(2)"));
-    EXPECT_THAT(sound_.driveCalls, ElementsAre("BASS_CD_Door(0, 2)", "BASS_CD_Door(0, 3)"));
-    EXPECT_EQ(title(1), "Track 1 100%");
-}
-
-TEST_F(ExtractTest, WmaOfAnUnnamedAlbumGoesWithoutItsFolder) {
-    form_ = {};
-    EXPECT_EQ(ripper_.ExtractAudioTrackToWMA(1), RipEnd::done);
-    EXPECT_EQ(sound_.encoders[0].command.output, music() + "/Track 2.WMA");
-    EXPECT_EQ(ripper_.ExtractAudioTrackToWMA(1, "/elsewhere"), RipEnd::done);
-    EXPECT_EQ(sound_.encoders[1].command.output, "/elsewhere/TRACK2.WMA");
-}
-
-TEST_F(ExtractTest, WmaSaysWhatFails) {
-    sound_.onEncoder = [](auto& encoder) {
-        encoder.report = {.stage = EncodeStage::failed, .words = "No space left on device"};
-    };
-    EXPECT_EQ(ripper_.ExtractAudioTrackToWMA(0), RipEnd::failed);
-    sound_.onEncoder = [](auto& encoder) {
-        if (encoder.bytes > 0) {
-            encoder.report.stage = EncodeStage::failed;
+TEST_F(EncoderTest, IsNotWaitedForForEverAfterACancel) {
+    sound_.discTracks[1].seconds = 100;
+    sound_.encodersEnd = false;
+    std::int64_t asked = 0;
+    pump_.inStep = [&] {
+        if (sound_.encoders.at(0).closed) {
+            disc_.CancelRip = true;
+            host_.clock.advanceTo(host_.clock.monotonicMs() + 1000);
+            ++asked;
+        } else {
+            disc_.CancelRip = sound_.encoders[0].bytes > 0;
         }
+        return true;
     };
-    EXPECT_EQ(ripper_.ExtractAudioTrackToWMA(0), RipEnd::failed);
-    sound_.discTracks.clear();
-    sound_.error = sound::ErrorCode::unsupportedFormat;
-    EXPECT_EQ(ripper_.ExtractAudioTrackToWMA(0), RipEnd::failed);
-    EXPECT_THAT(told(),
-                ElementsAre("An error occured while opening output file.\n" + album("Song 1.WMA") +
-                                "\nNo space left on device",
-                            "An error occured while encoding WMA data.\n" + album("Song 1.WMA"),
-                            "Unable to Create CD Stream!\r\n\r\nError Code : 6"));
+    EXPECT_EQ(encode(), RipEnd::hopeless);
+    EXPECT_GE(asked, 10); // seconds
+    EXPECT_LE(asked, 12);
+    EXPECT_THAT(told(), ElementsAre(path_ + " cannot be written."));
+    EXPECT_THAT(converted(), ElementsAre(path_ + " cannot be written."));
+    EXPECT_EQ(sound_.calls.back(), "BASS_Free()");
+    EXPECT_FALSE(state_.RippingNow);
+}
+
+TEST_F(EncoderTest, IsWaitedForWithoutACancel) {
+    sound_.encodersEnd = false;
+    int seconds = 0;
+    pump_.inStep = [&] {
+        host_.clock.advanceTo(host_.clock.monotonicMs() + 1000);
+        if (sound_.encoders.at(0).closed && ++seconds == 25) {
+            sound_.encoders[0].report.stage = EncodeStage::finished;
+        }
+        return true;
+    };
+    EXPECT_EQ(encode(), RipEnd::done);
+    EXPECT_EQ(seconds, 25);
 }
 
 } // namespace tovik::cd

@@ -30,7 +30,8 @@ protected:
         for (std::uint32_t track = 0; track < 3; ++track) {
             const std::string number = std::to_string(track + 1);
             sound_.discTracks[track] = {.kind = FakeKind::disc, .seconds = 1};
-            tracks_.AddItem(number, number, "Song " + number, "00:01", 1);
+            const std::string file = "D:\\Track0" + number + ".cda";
+            tracks_.AddItem(file, file, "Song " + number, "00:01", 1);
             form_.List1.push_back("Song " + number);
         }
         form_.Text1 = {"Album", "1999"};
@@ -42,6 +43,7 @@ protected:
             .Init_CD_Ripper = [this] { sound_.calls.emplace_back("Init_CD_Ripper"); },
             .showDisc = [this] { sound_.calls.emplace_back("disc shown"); },
             .unloadDisc = [this] { sound_.calls.emplace_back("disc unloaded"); },
+            .forgetOtherDisc = [this] { sound_.calls.emplace_back("other disc forgotten"); },
             .showPanel =
                 [this] { sound_.calls.emplace_back(state_.RipRunning ? "rip runs" : "rip over"); }};
         progress_.show = [this](const cd::RipStatus& status) { statuses_.push_back(status); };

@@ -41,6 +41,17 @@ TEST_F(frmCdNFOSearchTest, anExactMatchIsTakenAndKept) {
                          "&hello=me+home.example+Tovik+Tovik_0_Build_1&proto=6");
 }
 
+TEST_F(frmCdNFOSearchTest, whatIsFoundOfADiscThatWentIsKeptAndNotTaken) {
+    serverIni();
+    whenAsked_ = [this] { sound_.drives.front().toc = FakeDiscs::discOf({60, 60}); };
+    open();
+    dialog_.Text1_Change(0, "typed");
+    dialog_.Command1_Click(Button::search);
+    EXPECT_THAT(form_.Text1, ElementsAre("typed", ""));
+    EXPECT_THAT(form_.List1, ElementsAre("Track 1", "Track 2"));
+    EXPECT_THAT(host_.folder.read(discFile()), HasSubstr("DTITLE=The B\r\n"));
+}
+
 TEST_F(frmCdNFOSearchTest, whatWasKeptIsReplaced) {
     serverIni();
     host_.folder.write(discFile(), "DTITLE=old\r\nTTITLE0=old\r\nTTITLE1=old\r\nTTITLE2=old\r\n");

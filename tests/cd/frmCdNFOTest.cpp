@@ -229,7 +229,7 @@ TEST_F(frmCdNFOTest, anotherDiscBeginsAnew) {
     dialog_.Text1_Change(0, "typed");
     close(Button::rip);
     sound_.drives.front().toc = FakeDiscs::discOf({60, 60, 60});
-    tracks_.AddItem("3", "3", "3", "", 1);
+    tracks_.AddItem("", "D:\\Track03.cda", "3", "", 1);
     open();
     EXPECT_EQ(form_.Text1[0], "");
     EXPECT_THAT(form_.List1, ElementsAre("Track 1", "Track 2", "Track 3"));
@@ -260,21 +260,58 @@ TEST_F(frmCdNFOTest, theNumbersOfTheGenre) {
     }
 }
 
-TEST_F(frmCdNFOTest, otherFormatsAndNoGenreLeaveTheNumbers) {
+TEST_F(frmCdNFOTest, otherFormatsAndNoGenreHaveNoNumbers) {
     open();
     EXPECT_EQ(form_.V1Genre, -1);
-    dialog_.Text2_Change(2, "Rock");
-    set("DOF", "OGG Vorbis CBR");
-    close(Button::rip);
-    EXPECT_EQ(form_.V1Genre, -1);
-    set("DOF", "MP3 CBR");
+    for (const auto& [format, genre] :
+         {std::pair("OGG Vorbis CBR", "Jazz"), std::pair("MP3 CBR", "")}) {
+        set("DOF", "MP3 CBR");
+        open();
+        dialog_.Text2_Change(2, "Jazz");
+        close(Button::rip);
+        EXPECT_EQ(form_.V1Genre, 8);
+        open();
+        dialog_.Text2_Change(2, genre);
+        set("DOF", format);
+        close(Button::rip);
+        EXPECT_EQ(form_.V1Genre, -1) << format;
+        EXPECT_EQ(form_.V2Genre, -1) << format;
+    }
+}
+
+TEST_F(frmCdNFOTest, theNumbersOfTheGenreGoWithWhatWasEntered) {
     open();
     dialog_.Text2_Change(2, "Jazz");
     close(Button::rip);
+    EXPECT_EQ(form_.V2Genre, 8);
+    dialog_.Unload();
+    EXPECT_EQ(form_.V1Genre, -1);
+    EXPECT_EQ(form_.V2Genre, -1);
+}
+
+TEST_F(frmCdNFOTest, whoRipsAnotherDiscDoesNotGetTheNamesOfTheOneBefore) {
+    form_.tell("Album", "");
     open();
-    dialog_.Text2_Change(2, "");
+    dialog_.Text2_Change(0, "typed");
+    dialog_.Text2_Change(2, "Jazz");
     close(Button::rip);
-    EXPECT_EQ(form_.V1Genre, 8);
+    dialog_.forgetOtherDisc();
+    EXPECT_EQ(form_.Text2[0], "typed") << "it is the same disc";
+    sound_.drives.front().toc = FakeDiscs::discOf({60, 60});
+    dialog_.forgetOtherDisc();
+    EXPECT_THAT(form_.Text1, ElementsAre("Album", "")); // as the disc itself has told
+    EXPECT_THAT(form_.Text2, ElementsAre("", "", ""));
+    EXPECT_THAT(form_.List1, IsEmpty());
+    EXPECT_EQ(form_.V1Genre, -1);
+}
+
+TEST_F(frmCdNFOTest, aTrackWithoutARowHasItsPlaceAmongTheNames) {
+    tracks_.Clear();
+    for (const char* const file : {"D:\\Track02.cda", "D:\\Track04.cda"}) {
+        tracks_.AddItem("", file, "x", "", 1);
+    }
+    open();
+    EXPECT_THAT(form_.List1, ElementsAre("Track 1", "Track 2", "Track 3", "Track 4"));
 }
 
 TEST_F(frmCdNFOTest, aRipThatCannotBeginIsLogged) {

@@ -127,14 +127,26 @@ TEST_P(LanguageFiles, textsOfTheStripsHaveGlyphsAndFit) {
 
 TEST_P(LanguageFiles, placeholdersStandWhereTheyAreReplaced) {
     const std::string english = bytesOf("English");
-    const std::map<std::pair<std::string, int>, std::size_t> expected{
-        {{"PlayerWin", 41}, 1},       {{"PlayerWin", 42}, 1},    {{"PlayerWin", 43}, 1},
-        {{"PlayerWin", 50}, 1},       {{"frmSearchSong", 2}, 1}, {{"frmMp3Tag", 19}, 1},
-        {{"Prompt", 2}, 1},           {{"TovikNotice", 1}, 1},   {{"TovikPreferences", 8}, 1},
-        {{"TovikPreferences", 9}, 1}, {{"TovikNotice", 6}, 1},   {{"TovikNotice", 11}, 1},
-        {{"TovikPreferences", 15}, 1},
-        {{"TovikRip", 0}, 1},         {{"TovikRip", 1}, 1},      {{"TovikRip", 2}, 1},
-        {{"TovikRip", 3}, 1},         {{"TovikRip", 4}, 1}};
+    const std::map<std::pair<std::string, int>, std::size_t> expected{{{"PlayerWin", 41}, 1},
+                                                                      {{"PlayerWin", 42}, 1},
+                                                                      {{"PlayerWin", 43}, 1},
+                                                                      {{"PlayerWin", 50}, 1},
+                                                                      {{"frmSearchSong", 2}, 1},
+                                                                      {{"frmMp3Tag", 19}, 1},
+                                                                      {{"Prompt", 2}, 1},
+                                                                      {{"TovikNotice", 1}, 1},
+                                                                      {{"TovikPreferences", 8}, 1},
+                                                                      {{"TovikPreferences", 9}, 1},
+                                                                      {{"TovikNotice", 6}, 1},
+                                                                      {{"TovikNotice", 11}, 1},
+                                                                      {{"TovikPreferences", 15}, 1},
+                                                                      {{"TovikRip", 0}, 1},
+                                                                      {{"TovikRip", 1}, 1},
+                                                                      {{"TovikRip", 2}, 1},
+                                                                      {{"TovikRip", 3}, 1},
+                                                                      {{"TovikRip", 4}, 1},
+                                                                      {{"TovikRip", 5}, 1},
+                                                                      {{"TovikRip", 6}, 1}};
     for (const LanguageSectionRow& section : languageSections()) {
         for (int number = 0; number < itemsInFiles(section); ++number) {
             const auto row = expected.find({std::string(section.name), number});

@@ -39,7 +39,7 @@ bool FakeEncoders::close(Handle handle) {
     }
     encoder->closed = true;
     encoder->report.takesMore = false;
-    if (encoder->report.stage != EncodeStage::failed) {
+    if (encodersEnd && encoder->report.stage != EncodeStage::failed) {
         encoder->report.stage = EncodeStage::finished;
     }
     return true;

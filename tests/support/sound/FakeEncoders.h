@@ -30,6 +30,7 @@ public:
     /// Called with each one that begins, and with each that gets samples.
     std::function<void(Encoder&)> onEncoder;
     bool programsRun = true; ///< false: no program can be started
+    bool encodersEnd = true; ///< false: what is closed goes on until a test says that it ended
 
     bool BASS_Encode_Start(sound::Handle channel, const sound::EncoderCommand& command,
                            std::uint32_t flags) override;
