@@ -65,6 +65,11 @@ public:
     /// freed.
     virtual bool BASS_ChannelStop(Handle channel) = 0;
 
+    /// Starts `next`, which was not started before, with the very sample behind the last one of
+    /// `before`, which is playing: an operation of our own. Until then `next` can be stopped or
+    /// freed like any channel; where `before` is stopped or freed first, it stays silent.
+    virtual bool playBehind(Handle next, Handle before) = 0;
+
     /// Registers a routine. Position and end syncs are accepted and never raised: the player finds
     /// the end of a track by looking at the position.
     virtual Handle BASS_ChannelSetSync(Handle channel, std::uint32_t type, std::int64_t parameter,

@@ -2,7 +2,6 @@
 #include "sound/engine/ChannelCalls.h"
 
 #include "sound/engine/Heard.h"
-#include "sound/engine/Heard.h"
 #include "sound/mix/ToPcm16.h"
 
 #include <algorithm>
@@ -265,6 +264,22 @@ bool ChannelCalls::BASS_ChannelStop(Handle handle) {
     } else {
         core_.stop(*channel);
     }
+    return core_.succeed();
+}
+
+bool ChannelCalls::playBehind(Handle next, Handle before) {
+    const Channel* first = living(before);
+    Channel* second = first != nullptr ? living(next) : nullptr;
+    if (second == nullptr) {
+        return false;
+    }
+    if (first->isDecoding() || second->isDecoding()) {
+        return core_.fail(ErrorCode::decodingChannel);
+    }
+    if (!first->started || second->started) {
+        return core_.fail(ErrorCode::notAvailable);
+    }
+    core_.startBehind(*second, *first);
     return core_.succeed();
 }
 

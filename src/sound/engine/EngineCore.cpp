@@ -134,6 +134,13 @@ void EngineCore::start(Channel& channel) {
     updateDemand();
 }
 
+void EngineCore::startBehind(Channel& next, const Channel& before) {
+    next.started = true;
+    next.feedUsed = true;
+    post(command::StartBehind{next.voice(), before.voice()});
+    updateDemand();
+}
+
 void EngineCore::stop(Channel& channel) {
     channel.started = false;
     if (channel.rip != nullptr) {

@@ -95,6 +95,9 @@ public:
     [[nodiscard]] Handle add(std::unique_ptr<Channel> channel, Answer answer = Answer::awaited);
 
     void start(Channel& channel);
+
+    /// Starts `next` with the frame behind the last one of `before`.
+    void startBehind(Channel& next, const Channel& before);
     void stop(Channel& channel);
     void seek(Channel& channel, std::int64_t frame);
     void kill(Handle handle);

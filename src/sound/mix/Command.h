@@ -31,6 +31,13 @@ struct StartVoice {
     Voice* voice;
 };
 
+/// Starts the voice with the very frame behind the last one of `before`. Where that is stopped or
+/// removed first, it does not start.
+struct StartBehind {
+    Voice* voice;
+    Voice* before;
+};
+
 /// Fades the voice out and keeps it.
 struct StopVoice {
     Voice* voice;
@@ -85,9 +92,9 @@ struct LookAt {
 } // namespace command
 
 using Command =
-    std::variant<command::AddVoice, command::RemoveVoice, command::StartVoice, command::StopVoice,
-                 command::SwitchFeed, command::SetVolume, command::SetPan, command::SetBand,
-                 command::SetMaster, command::PauseOutput, command::ResumeOutput,
+    std::variant<command::AddVoice, command::RemoveVoice, command::StartVoice, command::StartBehind,
+                 command::StopVoice, command::SwitchFeed, command::SetVolume, command::SetPan,
+                 command::SetBand, command::SetMaster, command::PauseOutput, command::ResumeOutput,
                  command::SetCapture, command::LookAt>;
 
 static_assert(std::is_trivially_copyable_v<Command>);

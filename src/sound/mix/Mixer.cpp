@@ -121,14 +121,26 @@ void Mixer::mixBlock(std::span<float> block) noexcept {
     }
 }
 
-void Mixer::addVoices(std::span<float> block) noexcept {
+void Mixer::addVoice(Voice& voice, std::span<float> block, std::int64_t clock) noexcept {
     const std::span<float> scratch = std::span(scratch_).first(block.size());
+    if (!voice.render(scratch, clock)) {
+        return;
+    }
+    for (std::size_t i = 0; i < block.size(); ++i) {
+        block[i] += scratch[i];
+    }
+}
+
+void Mixer::addVoices(std::span<float> block) noexcept {
     for (Voice* voice : voices()) {
-        if (!voice->render(scratch, clock())) {
-            continue;
-        }
-        for (std::size_t i = 0; i < block.size(); ++i) {
-            block[i] += scratch[i];
+        addVoice(*voice, block, clock());
+    }
+    for (Voice* voice : voices()) {
+        const auto place = voice->joinsAt();
+        if (place && *place < block.size() / 2) {
+            voice->start();
+            addVoice(*voice, block.subspan(*place * 2),
+                     clock() + static_cast<std::int64_t>(*place));
         }
     }
 }

@@ -132,8 +132,9 @@ private:
     }
 
     void carryOut(const command::AddVoice& order, bool audible) noexcept;
-    static void carryOut(const command::RemoveVoice& order, bool audible) noexcept;
+    void carryOut(const command::RemoveVoice& order, bool audible) noexcept;
     static void carryOut(const command::StartVoice& order, bool audible) noexcept;
+    static void carryOut(const command::StartBehind& order, bool audible) noexcept;
     void carryOut(const command::StopVoice& order, bool audible) noexcept;
     void carryOut(const command::SwitchFeed& order, bool audible) noexcept;
     static void carryOut(const command::SetVolume& order, bool audible) noexcept;
@@ -148,6 +149,8 @@ private:
     void mixBlocks(std::span<float> interleaved) noexcept;
     void mixBlock(std::span<float> block) noexcept;
     void addVoices(std::span<float> block) noexcept;
+    void addVoice(Voice& voice, std::span<float> block, std::int64_t clock) noexcept;
+    void forgetFollowers(const Voice& voice) noexcept;
     void applyOutputGain(std::span<float> block) noexcept;
     [[nodiscard]] bool sounding() const noexcept;
     void endFades() noexcept;

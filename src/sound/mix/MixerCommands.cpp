@@ -24,7 +24,15 @@ void Mixer::carryOut(const command::AddVoice& order, bool) noexcept {
     voices_[voiceCount_++] = order.voice;
 }
 
+/// What was to follow a voice that does not come to its end does not start.
+void Mixer::forgetFollowers(const Voice& voice) noexcept {
+    for (Voice* other : voices()) {
+        other->forget(voice);
+    }
+}
+
 void Mixer::carryOut(const command::RemoveVoice& order, bool audible) noexcept {
+    forgetFollowers(*order.voice);
     order.voice->leave(audible);
 }
 
@@ -32,7 +40,12 @@ void Mixer::carryOut(const command::StartVoice& order, bool) noexcept {
     order.voice->start();
 }
 
+void Mixer::carryOut(const command::StartBehind& order, bool) noexcept {
+    order.voice->startBehind(*order.before);
+}
+
 void Mixer::carryOut(const command::StopVoice& order, bool audible) noexcept {
+    forgetFollowers(*order.voice);
     order.voice->stop(audible);
     collectFreedFeeds(*order.voice);
 }

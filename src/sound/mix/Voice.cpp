@@ -32,6 +32,7 @@ void Voice::fadeIn() noexcept {
 }
 
 void Voice::start() noexcept {
+    at_.behind = nullptr;
     if (at_.state == State::idle) {
         fadeIn();
     } else if (at_.state == State::stopping) {
@@ -41,7 +42,20 @@ void Voice::start() noexcept {
     at_.state = State::playing;
 }
 
+void Voice::startBehind(const Voice& before) noexcept {
+    if (at_.state == State::idle) {
+        at_.behind = &before;
+    }
+}
+
+void Voice::forget(const Voice& before) noexcept {
+    if (at_.behind == &before) {
+        at_.behind = nullptr;
+    }
+}
+
 void Voice::stop(bool audible) noexcept {
+    at_.behind = nullptr;
     if (at_.state != State::playing) {
         return;
     }
@@ -53,6 +67,7 @@ void Voice::stop(bool audible) noexcept {
 }
 
 void Voice::leave(bool audible) noexcept {
+    at_.behind = nullptr;
     const bool sounds = audible && (at_.state == State::playing || at_.state == State::stopping);
     at_.state = sounds ? State::leaving : State::left;
     at_.gain.fadeTo(0.0F, sounds ? kRampFrames : 0);
@@ -163,9 +178,13 @@ bool Voice::renderTail(std::span<float> block) noexcept {
 
 bool Voice::play(std::span<float> block, HeardBlock& facts) noexcept {
     if (at_.line.drained()) {
+        endFrame_ = 0;
         return renderTail(block);
     }
     readFeed(block, facts);
+    if (at_.line.drained()) {
+        endFrame_ = static_cast<std::size_t>(facts.given);
+    }
     if (!at_.starved) {
         // A gap that a slow disk leaves is no silence of the track: the level stays.
         at_.level = packLevel(measureLevel(block));
@@ -182,6 +201,7 @@ bool Voice::play(std::span<float> block, HeardBlock& facts) noexcept {
 }
 
 bool Voice::render(std::span<float> block, std::int64_t clock) noexcept {
+    endFrame_.reset();
     if (at_.state == State::idle || left()) {
         return false;
     }

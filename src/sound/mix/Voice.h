@@ -15,6 +15,7 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <type_traits>
 #include <vector>
@@ -44,6 +45,18 @@ public:
 
     /// Starts without a ramp only where the sound itself begins: at the head of the channel.
     void start() noexcept;
+
+    /// Waits for the end of `before`, which the mixer has, too; told to start, it starts at once.
+    void startBehind(const Voice& before) noexcept;
+
+    /// Waits no more where it waits for `before`.
+    void forget(const Voice& before) noexcept;
+
+    /// The frame of the block at which the voice that it waits for has ended: it is to be started
+    /// there. Nothing where it does not wait, or not in this block. After all others were rendered.
+    [[nodiscard]] std::optional<std::size_t> joinsAt() const noexcept {
+        return at_.behind != nullptr ? at_.behind->endFrame_ : std::nullopt;
+    }
 
     /// `audible` is false while the output is silent; then everything takes effect at once.
     void stop(bool audible) noexcept;
@@ -116,9 +129,10 @@ private:
         std::array<float, 2> lastFrame{}; ///< what the feed gave last
         EqualizerBank bands;
         GainStage gain;
-        std::size_t tailFrames = 0; ///< how long the bands may ring on after the end
-        std::size_t noted = 0;      ///< blocks in the history
-        std::size_t tapped = 0;     ///< frames noted for the spectrum
+        std::size_t tailFrames = 0;    ///< how long the bands may ring on after the end
+        std::size_t noted = 0;         ///< blocks in the history
+        std::size_t tapped = 0;        ///< frames noted for the spectrum
+        const Voice* behind = nullptr; ///< starts where that one ends
     };
 
     static_assert(std::is_trivially_copyable_v<Place>);
@@ -136,6 +150,7 @@ private:
 
     Place at_;
     std::vector<Place> checkpoints_;
+    std::optional<std::size_t> endFrame_; ///< of the block rendered last: all was given before it
     SpectrumTap tap_;
     VoiceHistory history_;
     std::atomic<float> volume_ = 1.0F;

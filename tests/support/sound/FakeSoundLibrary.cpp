@@ -378,6 +378,16 @@ Activity FakeSoundLibrary::BASS_ChannelIsActive(Handle handle) {
     return channel == nullptr ? Activity::stopped : channel->activity;
 }
 
+bool FakeSoundLibrary::playBehind(Handle next, Handle before) {
+    calls.push_back(call("playBehind", next, before));
+    Channel* const channel = find(next);
+    if (channel == nullptr || find(before) == nullptr) {
+        return false;
+    }
+    channel->activity = Activity::playing;
+    return true;
+}
+
 bool FakeSoundLibrary::BASS_ChannelStop(Handle handle) {
     calls.push_back(call("BASS_ChannelStop", handle));
     Channel* const channel = find(handle);
