@@ -70,6 +70,11 @@ public:
     /// freed like any channel; where `before` is stopped or freed first, it stays silent.
     virtual bool playBehind(Handle next, Handle before) = 0;
 
+    /// Lets `in`, which is about to start, come up from silence and `out` fall to it, within
+    /// `milliseconds` and with equal power all along (sine and cosine): an operation of our own.
+    /// Volumes stay what they are. One of the two may be dead.
+    virtual void crossfade(Handle in, Handle out, std::uint32_t milliseconds) = 0;
+
     /// Registers a routine. Position and end syncs are accepted and never raised: the player finds
     /// the end of a track by looking at the position.
     virtual Handle BASS_ChannelSetSync(Handle channel, std::uint32_t type, std::int64_t parameter,

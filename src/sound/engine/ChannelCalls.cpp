@@ -28,6 +28,12 @@ bool isPan(int pan) {
     return pan >= kKeepPan && pan <= 100;
 }
 
+std::int32_t slideFrames(std::uint32_t milliseconds) {
+    constexpr std::int64_t kMostFrames = INT32_MAX;
+    const std::int64_t frames = std::int64_t{milliseconds} * kMixRate / 1000;
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(frames, kRampFrames, kMostFrames));
+}
+
 int percent(float share) {
     return static_cast<int>(std::lround(share * 100.0F));
 }
@@ -142,11 +148,18 @@ bool ChannelCalls::BASS_ChannelSetAttributes(Handle handle, int frequency, int v
 
 bool ChannelCalls::BASS_ChannelSlideAttributes(Handle handle, int frequency, int volume, int pan,
                                                std::uint32_t milliseconds) {
-    constexpr std::int64_t kMostFrames = INT32_MAX;
-    const std::int64_t frames = std::int64_t{milliseconds} * kMixRate / 1000;
-    return slide(
-        handle, frequency, volume, pan,
-        static_cast<std::int32_t>(std::clamp<std::int64_t>(frames, kRampFrames, kMostFrames)));
+    return slide(handle, frequency, volume, pan, slideFrames(milliseconds));
+}
+
+void ChannelCalls::crossfade(Handle in, Handle out, std::uint32_t milliseconds) {
+    const auto blend = [&](Handle handle, bool rises) {
+        const Channel* channel = core_.channels().find(handle);
+        if (channel != nullptr && channel->voice() != nullptr) {
+            core_.post(command::Blend{channel->voice(), rises, slideFrames(milliseconds)});
+        }
+    };
+    blend(in, true);
+    blend(out, false);
 }
 
 bool ChannelCalls::BASS_ChannelGetInfo(Handle handle, BASS_CHANNELINFO& info) {

@@ -28,6 +28,7 @@ public:
     std::int32_t BASS_ChannelGetLevel(Handle handle) override;
     std::int32_t BASS_ChannelGetData(Handle handle, void* buffer, std::uint32_t length) override;
     Activity BASS_ChannelIsActive(Handle handle) override;
+    void crossfade(Handle in, Handle out, std::uint32_t milliseconds) override;
     bool playBehind(Handle next, Handle before) override;
     bool BASS_ChannelStop(Handle handle) override;
     Handle BASS_ChannelSetSync(Handle handle, std::uint32_t type, std::int64_t parameter,

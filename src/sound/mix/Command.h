@@ -63,6 +63,13 @@ struct SetPan {
     std::int32_t frames;
 };
 
+/// Its share in a crossfade: from silence to all, or from where it stands to silence, in `frames`.
+struct Blend {
+    Voice* voice;
+    bool in;
+    std::int32_t frames;
+};
+
 struct SetBand {
     Voice* voice;
     std::int32_t band;
@@ -93,7 +100,7 @@ struct LookAt {
 
 using Command =
     std::variant<command::AddVoice, command::RemoveVoice, command::StartVoice, command::StartBehind,
-                 command::StopVoice, command::SwitchFeed, command::SetVolume, command::SetPan,
+                 command::StopVoice, command::SwitchFeed, command::SetVolume, command::SetPan, command::Blend,
                  command::SetBand, command::SetMaster, command::PauseOutput, command::ResumeOutput,
                  command::SetCapture, command::LookAt>;
 

@@ -139,6 +139,7 @@ private:
     void carryOut(const command::SwitchFeed& order, bool audible) noexcept;
     static void carryOut(const command::SetVolume& order, bool audible) noexcept;
     static void carryOut(const command::SetPan& order, bool audible) noexcept;
+    static void carryOut(const command::Blend& order, bool audible) noexcept;
     static void carryOut(const command::SetBand& order, bool audible) noexcept;
     void carryOut(const command::SetMaster& order, bool audible) noexcept;
     void carryOut(const command::PauseOutput& order, bool audible) noexcept;

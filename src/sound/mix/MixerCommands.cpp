@@ -63,6 +63,10 @@ void Mixer::carryOut(const command::SetPan& order, bool) noexcept {
     order.voice->setPan(order.pan, order.frames);
 }
 
+void Mixer::carryOut(const command::Blend& order, bool) noexcept {
+    order.voice->blend(order.in, order.frames);
+}
+
 void Mixer::carryOut(const command::SetBand& order, bool) noexcept {
     order.voice->setBand(order.band, order.coefficients);
 }

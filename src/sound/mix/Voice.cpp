@@ -113,6 +113,13 @@ void Voice::setPan(float pan, std::int32_t frames) noexcept {
     report();
 }
 
+void Voice::blend(bool in, std::int32_t frames) noexcept {
+    if (in) {
+        at_.gain.blendTo(0.0F, 0);
+    }
+    at_.gain.blendTo(in ? 1.0F : 0.0F, frames);
+}
+
 void Voice::setBand(int band, const BandCoefficients& coefficients) noexcept {
     at_.bands.setBand(band, coefficients);
     if (at_.state == State::idle) {

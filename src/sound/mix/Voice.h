@@ -75,6 +75,7 @@ public:
 
     void setVolume(float volume, std::int32_t frames) noexcept;
     void setPan(float pan, std::int32_t frames) noexcept;
+    void blend(bool in, std::int32_t frames) noexcept;
     void setBand(int band, const BandCoefficients& coefficients) noexcept;
 
     /// True when it is to be given back.

@@ -4,7 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
+#include <cmath>
+#include <numbers>
 #include <string>
 
 namespace tovik::sound {
@@ -120,6 +121,28 @@ TEST(Follow, WaitsLongerWhenTheOneBeforeGoesBack) {
     const std::size_t ramp = 1000; // the old place fades out meanwhile
     expectSame(cut(again, ramp, framesOf(part)), cut(part, ramp));
     expectSame(cut(again, framesOf(part)), next);
+}
+
+TEST(EqualPower, HoldsAllAlong) {
+    EngineRig rig;
+    const Handle out = rig.play("gapless_1.wav");
+    const Stereo part = wavSamples("gapless_1.wav");
+    const Stereo next = wavSamples("gapless_2.wav");
+    const std::size_t before = 2048;
+    rig.render(before);
+    const Handle in = rig.open("gapless_2.wav");
+    rig.engine.crossfade(in, out, 100);
+    ASSERT_TRUE(rig.start(in));
+    const std::size_t frames = 4410;
+    const Stereo sound = rig.render(frames + 1000);
+    for (std::size_t i = 0; i < frames; i += 441) {
+        const double blend = static_cast<double>(i + 1) / static_cast<double>(frames);
+        const double angle = blend * std::numbers::pi / 2;
+        const double expected = static_cast<double>(part[2 * (before + i)]) * std::cos(angle) +
+                                static_cast<double>(next[2 * i]) * std::sin(angle);
+        EXPECT_NEAR(sound[2 * i], expected, 1e-5) << i;
+    }
+    expectSame(cut(sound, frames, frames + 1000), cut(next, frames, frames + 1000));
 }
 
 TEST(Follow, IsRefusedBehindWhatDoesNotPlay) {

@@ -378,6 +378,10 @@ Activity FakeSoundLibrary::BASS_ChannelIsActive(Handle handle) {
     return channel == nullptr ? Activity::stopped : channel->activity;
 }
 
+void FakeSoundLibrary::crossfade(Handle in, Handle out, std::uint32_t milliseconds) {
+    calls.push_back(call("crossfade", in, out, milliseconds));
+}
+
 bool FakeSoundLibrary::playBehind(Handle next, Handle before) {
     calls.push_back(call("playBehind", next, before));
     Channel* const channel = find(next);

@@ -146,6 +146,7 @@ public:
                                      std::uint32_t length) override;
     sound::Activity BASS_ChannelIsActive(sound::Handle handle) override;
     bool BASS_ChannelStop(sound::Handle handle) override;
+    void crossfade(sound::Handle in, sound::Handle out, std::uint32_t milliseconds) override;
     bool playBehind(sound::Handle next, sound::Handle before) override;
     sound::Handle BASS_ChannelSetSync(sound::Handle handle, std::uint32_t type,
                                       std::int64_t parameter, sound::SyncRoutine routine,
