@@ -96,7 +96,7 @@ def moves(stage):
     return sum(a != b for a, b in zip(shots, shots[1:])) > LOOKED // 2
 
 
-class Stretch:
+class Spending:
     """Processor time and wake-ups of some processes from now on."""
 
     def __init__(self, pids):
@@ -112,11 +112,12 @@ class Stretch:
                 for pid, cpu, woken in zip(self.pids, self.cpu, self.woken)]
 
 
-def measure(stage, command, arguments, minimised=False):
+def stretch(stage, command, seconds, settle=SETTLED, minimised=False):
+    """What a player costs for so many seconds, as a line."""
     player = subprocess.Popen(command, env=stage.environment, stdout=subprocess.DEVNULL,
                               stderr=subprocess.DEVNULL)
     try:
-        time.sleep(arguments.settle)
+        time.sleep(settle)
         if player.poll() is not None:
             return "ended by itself"
         if minimised:
@@ -127,10 +128,10 @@ def measure(stage, command, arguments, minimised=False):
             time.sleep(1)
         moved = moves(stage)
         drawing = beside(player.pid)
-        stretch = Stretch([player.pid, server(stage, "Xvfb"), server(stage, "pulseaudio"),
-                           *drawing])
-        time.sleep(arguments.seconds)
-        own, display, sound, *others = stretch.take()
+        spending = Spending([player.pid, server(stage, "Xvfb"), server(stage, "pulseaudio"),
+                            *drawing])
+        time.sleep(seconds)
+        own, display, sound, *others = spending.take()
         helper = sum(cpu for cpu, _ in others)
         return (f"player {own[0]:5.2f}  beside {helper:5.2f}  display {display[0]:5.2f}  "
                 f"sound {sound[0]:5.2f}  sum {own[0] + helper + display[0] + sound[0]:6.2f}   "
@@ -210,14 +211,16 @@ def main():
             for name, number, minimised in VISUALS:
                 choose(stage, number)
                 print(f"scale {scale}  {name:12}",
-                      measure(stage, command, arguments, minimised), flush=True)
+                      stretch(stage, command, arguments.seconds, arguments.settle, minimised),
+                      flush=True)
         stage.environment["QT_SCALE_FACTOR"] = "1"
         for name in filter(None, arguments.peers.split(",")):
             if shutil.which(name) is None:
                 print(f"{name:21} is not installed", flush=True)
                 continue
             PREPARE[name](stage)
-            print(f"{name:21}", measure(stage, PEERS[name](command[1]), arguments), flush=True)
+            print(f"{name:21}", stretch(stage, PEERS[name](command[1]), arguments.seconds,
+                                        arguments.settle), flush=True)
     finally:
         stage.close()
 
