@@ -36,6 +36,9 @@ using std::chrono::steady_clock;
 /// How often a child that does not read is asked after.
 constexpr milliseconds kLook{200};
 
+/// How often a child that says nothing any more is asked whether it has ended.
+constexpr milliseconds kNap{5};
+
 /// Of what the child says, the end is kept.
 constexpr std::size_t kMostWords = 4096;
 
@@ -178,20 +181,36 @@ public:
                 std::chrono::duration_cast<milliseconds>(deadline - steady_clock::now());
             pollfd words{words_.get(), POLLIN, 0};
             if (left.count() <= 0 || ::poll(&words, 1, static_cast<int>(left.count())) == 0) {
-                ::kill(process_, SIGKILL);
                 break;
             }
             listen();
         }
-        int status = 0;
-        while (::waitpid(process_, &status, 0) < 0 && errno == EINTR) {
+        // That it says nothing any more does not mean that it has ended.
+        std::optional<int> status = statusOf(WNOHANG);
+        while (!status && steady_clock::now() < deadline) {
+            std::this_thread::sleep_for(kNap);
+            status = statusOf(WNOHANG);
         }
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        if (!status) {
+            ::kill(process_, SIGKILL);
+            status = statusOf(0);
+        }
+        return status && WIFEXITED(*status) ? WEXITSTATUS(*status) : -1;
     }
 
     [[nodiscard]] std::string lastWords() const { return failingLine(heard_); }
 
 private:
+    /// What the child ended with; nothing while it runs.
+    [[nodiscard]] std::optional<int> statusOf(int options) const {
+        int status = 0;
+        pid_t ended = -1;
+        do {
+            ended = ::waitpid(process_, &status, options);
+        } while (ended < 0 && errno == EINTR);
+        return ended == process_ ? std::optional(status) : std::nullopt;
+    }
+
     void listen() {
         std::array<char, 1024> some{};
         const ssize_t count = ::read(words_.get(), some.data(), some.size());

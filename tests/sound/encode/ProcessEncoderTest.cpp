@@ -162,4 +162,18 @@ TEST(ProcessEncoder, EndsAProgramThatDoesNotEnd) {
     }
 }
 
+TEST(ProcessEncoder, EndsAProgramThatSaysNothingMoreAndDoesNotEnd) {
+    for (const char* stubborn :
+         {"exec 2>&-; exec sleep 1000", "exec 2>/dev/null; cat > /dev/null; exec sleep 1000"}) {
+        const auto encoder = ProcessEncoder::start(script(stubborn), std::chrono::milliseconds(50));
+        ASSERT_NE(encoder, nullptr);
+        encoder->feed(std::vector<std::byte>(100));
+        encoder->close();
+        EXPECT_EQ(endOf(*encoder).stage, EncodeStage::failed) << stubborn;
+    }
+    // It has time to end by itself.
+    EXPECT_EQ(run(script("exec 2>&-; cat > /dev/null; sleep 0.1"), 100).stage,
+              EncodeStage::finished);
+}
+
 } // namespace tovik::sound
