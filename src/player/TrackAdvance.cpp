@@ -83,8 +83,8 @@ bool TrackAdvance::neverEnds() const {
 }
 
 void TrackAdvance::endTrack() {
-    if (core_.state.RippingNow) {
-        return;
+    if (core_.state.RippingNow || core_.state.RipRunning) {
+        return; // the latter also between two tracks
     }
     if (core_.state.StopAfterCurrent || fadeOut_.runs()) {
         transport_.button_stop();

@@ -55,6 +55,19 @@ TEST_F(EndOfTrack, nothingFollowsWhileADiscIsRipped) {
     EXPECT_LE(untilNext(3000), 1000);
 }
 
+/// Between two tracks only the rip itself runs.
+TEST_F(EndOfTrack, nothingIsOfferedNorMarkedWhileARipRuns) {
+    play({.seconds = 1});
+    addRows(2, {.seconds = 1});
+    state_.RipRunning = true;
+    const playlist::Row before = list_.SelectedIndex;
+    advance_.endTrack();
+    EXPECT_EQ(list_.SelectedIndex, before);
+    state_.RipRunning = false;
+    advance_.endTrack();
+    EXPECT_NE(list_.SelectedIndex, before);
+}
+
 TEST_F(EndOfTrack, nothingIsStartedWhileARipRuns) {
     addRows(2, {.seconds = 1});
     state_.RipRunning = true;
