@@ -196,10 +196,63 @@ TEST(DiscImages, ThatCannotBeReadAreDrivesWithoutADisc) {
     }
 }
 
+TEST(DiscImages, AreKnownByTheirEndingInCapitalsToo) {
+    const test::TemporaryFolder folder;
+    std::filesystem::copy_file(mediaPath("cd_toc.toc"), folder / "DISC.TOC");
+    std::filesystem::copy_file(mediaPath("cd_toc.bin"), folder / "cd_toc.bin");
+    ImageRig rig(folder / "DISC.TOC");
+    const Handle track = rig.engine.BASS_CD_StreamCreate(0, 1, kRip);
+    EXPECT_EQ(takeAll(rig.engine, track), sectorsOfFile("cd_tones.bin", 225, 307));
+}
+
+/// A sheet says "SWAP" of samples with the low byte first.
+TEST(DiscImages, HaveTheByteOrderThatTheirSheetTells) {
+    const test::TemporaryFolder folder;
+    std::filesystem::copy_file(mediaPath("cd_tones.bin"), folder / "SWAP.bin");
+    const auto low = sectorsOfFile("cd_tones.bin", 225, 307);
+    std::vector<std::byte> high = low;
+    for (std::size_t i = 0; i + 1 < high.size(); i += 2) {
+        std::swap(high[i], high[i + 1]);
+    }
+    for (const bool swapped : {false, true}) {
+        std::ofstream sheet(folder / "disc.toc");
+        sheet << "CD_DA\n";
+        for (const char* const place : {"0 00:03:00", "00:03:00 00:04:07"}) {
+            sheet << "TRACK AUDIO\nFILE \"SWAP.bin\" " << (swapped ? "SWAP " : "") << place << '\n';
+        }
+        sheet.close();
+        ImageRig rig(folder / "disc.toc");
+        const Handle track = rig.engine.BASS_CD_StreamCreate(0, 1, kRip);
+        ASSERT_NE(track, kNoHandle) << swapped;
+        EXPECT_TRUE(takeAll(rig.engine, track) == (swapped ? low : high)) << swapped;
+    }
+}
+
+TEST(DiscImages, FindTheWordForTheByteOrderWhereItCounts) {
+    using libcdio::swapsBytes;
+    EXPECT_TRUE(swapsBytes("CD_DA\nTRACK AUDIO\n  FILE \"a.bin\" SWAP 0 00:02:00\n"));
+    EXPECT_TRUE(swapsBytes("AUDIOFILE\t\"a \\\" b.bin\"SWAP\r\n"));
+    EXPECT_TRUE(swapsBytes("FILE \"a\" 0\nFILE \"b\" SWAP"));
+    for (const char* const sheet :
+         {"", "CD_TEXT { LANGUAGE 0 { TITLE \"SWAP MEET\" } }\nFILE \"a.bin\" 0\n",
+          "FILE \"SWAP\" 0\n", "FILE \"a \\\" SWAP\" 0\n", "FILE \"a.bin\" 0 // SWAP\n",
+          "FILE \"a.bin\"\nSWAP\n", "FILE \"a SWAP 0\n", "FILE \"a.bin\" SWAPPED\n",
+          "// FILE \"a.bin\" SWAP\n", "FILE \"a\\"}) {
+        EXPECT_FALSE(swapsBytes(sheet)) << sheet;
+    }
+}
+
+TEST(DiscImages, TheWordForTheByteOrderIsTakenOutOfATocSheet) {
+    EXPECT_EQ(libcdio::readableSheet(
+                  "TRACK AUDIO\nFILE \"SWAP\" SWAP 0 1\r\nAUDIOFILE \"/b\"SWAP\n", "/x/"),
+              "TRACK AUDIO\nFILE \"/x/SWAP\" 0 1\r\nAUDIOFILE \"/b\" \n");
+    EXPECT_EQ(libcdio::readableSheet("TITLE \"SWAP MEET\"\n", "/x/"), "TITLE \"SWAP MEET\"\n");
+}
+
 TEST(DiscImages, NamesInATocSheetBecomeAbsolute) {
-    EXPECT_EQ(libcdio::withAbsoluteNames("CD_DA\nTRACK AUDIO\nFILE \"a.bin\" 0 1\n  AUDIOFILE "
-                                         "\"/b.wav\" 0\nDATAFILE \"c\"",
-                                         "/x/"),
+    EXPECT_EQ(libcdio::readableSheet("CD_DA\nTRACK AUDIO\nFILE \"a.bin\" 0 1\n  AUDIOFILE "
+                                     "\"/b.wav\" 0\nDATAFILE \"c\"",
+                                     "/x/"),
               "CD_DA\nTRACK AUDIO\nFILE \"/x/a.bin\" 0 1\n  AUDIOFILE \"/b.wav\" 0\nDATAFILE "
               "\"/x/c\"");
 }

@@ -11,7 +11,10 @@
 #include <cdio/read.h>
 
 #include <cstring>
+#include <string_view>
 #include <utility>
+
+#include <strings.h>
 
 namespace tovik::sound::libcdio {
 
@@ -19,6 +22,13 @@ namespace {
 
 std::string fileName(const std::string& path) {
     return path.substr(path.rfind('/') + 1);
+}
+
+/// By the ending of the name, in any case.
+bool hasTocSheet(const std::string& path) {
+    constexpr std::string_view kEnding = ".toc";
+    return path.size() >= kEnding.size() &&
+           ::strcasecmp(path.c_str() + path.size() - kEnding.size(), kEnding.data()) == 0;
 }
 
 /// A field of fixed width without the blanks that fill it.
@@ -41,7 +51,7 @@ CdioDrive::CdioDrive(std::string path, Kind kind)
 
 /// An open handle goes on telling of the disc that it began with, so a new one is made.
 void CdioDrive::open() {
-    if (kind_ == Kind::image && path_.ends_with(".toc")) {
+    if (kind_ == Kind::image && hasTocSheet(path_)) {
         TocImage image = openTocSheet(path_);
         handle_ = std::move(image.handle);
         highByteFirst_ = image.highByteFirst;

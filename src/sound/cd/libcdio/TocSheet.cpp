@@ -25,18 +25,50 @@ std::string_view trimmedFront(std::string_view line) {
     return first == std::string_view::npos ? std::string_view{} : line.substr(first);
 }
 
-/// Where the name of a file begins in a line, behind its quote; npos when the line names none, or
-/// an absolute one.
-std::size_t relativeName(std::string_view line) {
+/// What a line says from the quote in front of a file's name on; empty when it names none.
+std::string_view fromName(std::string_view line) {
     const std::string_view words = trimmedFront(line);
     for (const std::string_view word : kWords) {
         const std::string_view rest =
             words.starts_with(word) ? trimmedFront(words.substr(word.size())) : std::string_view{};
-        if (rest.size() > 1 && rest[0] == '"' && rest[1] != '/') {
-            return line.size() - rest.size() + 1;
+        if (rest.starts_with('"')) {
+            return rest;
         }
     }
-    return std::string_view::npos;
+    return {};
+}
+
+/// What stands behind the quoted text that `words` begin with. A quote in it has a backslash in
+/// front.
+std::string_view behindName(std::string_view words) {
+    constexpr std::size_t kEscaped = 2; // characters
+    std::size_t at = 1;
+    while (at < words.size() && words[at] != '"') {
+        at += words[at] == '\\' ? kEscaped : 1U;
+    }
+    return at < words.size() ? words.substr(at + 1) : std::string_view{};
+}
+
+/// The word behind a file's name that tells the other byte order, with the blanks around it; empty
+/// in a line without it.
+std::string_view swapWord(std::string_view line) {
+    constexpr std::string_view kSwap = "SWAP";
+    constexpr std::string_view kBlanks = " \t\r\n";
+    const std::string_view behind = behindName(fromName(line));
+    const std::string_view said = trimmedFront(behind);
+    if (said.substr(0, said.find_first_of(kBlanks)) != kSwap) {
+        return {};
+    }
+    return behind.substr(0, behind.size() - trimmedFront(said.substr(kSwap.size())).size());
+}
+
+/// The first line of a sheet with its end, which is taken off.
+std::string_view takeLine(std::string_view& sheet) {
+    const std::size_t end = sheet.find('\n');
+    const std::string_view line =
+        sheet.substr(0, end == std::string_view::npos ? sheet.size() : end + 1);
+    sheet.remove_prefix(line.size());
+    return line;
 }
 
 /// A file that is gone when this is.
@@ -76,20 +108,34 @@ private:
 
 } // namespace
 
-std::string withAbsoluteNames(std::string_view sheet, std::string_view folder) {
+std::string readableSheet(std::string_view sheet, std::string_view folder) {
     std::string text;
     while (!sheet.empty()) {
-        const std::size_t end = sheet.find('\n');
-        const std::size_t length = end == std::string_view::npos ? sheet.size() : end + 1;
-        const std::string_view line = sheet.substr(0, length);
-        if (const std::size_t name = relativeName(line); name != std::string_view::npos) {
-            text.append(line.substr(0, name)).append(folder).append(line.substr(name));
-        } else {
-            text.append(line);
+        const std::string_view line = takeLine(sheet);
+        const std::string_view name = fromName(line);
+        std::string_view rest = line;
+        if (name.size() > 1 && name[1] != '/') {
+            const std::size_t inFront = line.size() - name.size() + 1;
+            text.append(line.substr(0, inFront)).append(folder);
+            rest = line.substr(inFront);
         }
-        sheet.remove_prefix(length);
+        if (const std::string_view swap = swapWord(line); !swap.empty()) {
+            const std::size_t behind = behindName(name).size() - swap.size();
+            text.append(rest.substr(0, rest.size() - behind - swap.size())).append(" ");
+            rest = rest.substr(rest.size() - behind);
+        }
+        text.append(rest);
     }
     return text;
+}
+
+bool swapsBytes(std::string_view sheet) {
+    while (!sheet.empty()) {
+        if (!swapWord(takeLine(sheet)).empty()) {
+            return true;
+        }
+    }
+    return false;
 }
 
 TocImage openTocSheet(const std::string& path) {
@@ -97,12 +143,12 @@ TocImage openTocSheet(const std::string& path) {
     std::string sheet(kMostBytes, '\0');
     file.read(sheet.data(), static_cast<std::streamsize>(sheet.size()));
     sheet.resize(static_cast<std::size_t>(file.gcount()));
-    const TemporarySheet copy(withAbsoluteNames(sheet, path.substr(0, path.rfind('/') + 1)));
+    const TemporarySheet copy(readableSheet(sheet, path.substr(0, path.rfind('/') + 1)));
     if (!copy.complete()) {
         return {};
     }
     return {.handle = share(cdio_open(copy.name().c_str(), DRIVER_CDRDAO)),
-            .highByteFirst = sheet.find("SWAP") == std::string::npos};
+            .highByteFirst = !swapsBytes(sheet)};
 }
 
 } // namespace tovik::sound::libcdio

@@ -10,8 +10,13 @@
 
 namespace tovik::sound::libcdio {
 
-/// The sheet with the names of all files absolute; `folder` ends with a slash.
-[[nodiscard]] std::string withAbsoluteNames(std::string_view sheet, std::string_view folder);
+/// The sheet as libcdio reads it: with the names of all files absolute, and without the word for the
+/// byte order, which it takes for an error. `folder` ends with a slash.
+[[nodiscard]] std::string readableSheet(std::string_view sheet, std::string_view folder);
+
+/// Whether a line that names a file of sound says behind the name that its samples have the low
+/// byte first.
+[[nodiscard]] bool swapsBytes(std::string_view sheet);
 
 struct TocImage {
     CdHandle handle; ///< null when it does not open
