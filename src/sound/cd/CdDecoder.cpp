@@ -11,8 +11,13 @@ namespace {
 /// Sectors that are read at a time: 0.36 s, the most that many drives give at once.
 constexpr std::size_t kChunkSectors = 27;
 
-/// The most that is left out behind sectors that could not be read: a second.
-constexpr std::int32_t kMostLeftOut = kSectorsPerSecond;
+/// Behind sectors that could not be read as many are left out as were lost already, up to a second,
+/// and a quarter of them from four seconds on: a try may take seconds.
+constexpr std::int32_t kLeftOut = kSectorsPerSecond;
+constexpr std::int32_t kShareLeftOut = 4;
+
+/// Where a minute on end cannot be read, the track is over.
+constexpr std::int32_t kMostLost = 60 * kSectorsPerSecond;
 
 constexpr std::size_t kFrameBytes = 4;
 constexpr float kFullScale = 32768.0F;
@@ -49,20 +54,31 @@ std::int64_t CdDecoder::lengthFrames() const noexcept {
     return std::int64_t{place_.sectors} * static_cast<std::int64_t>(kSectorFrames);
 }
 
-/// How many sectors are silence: one at first, then as many as were lost already.
-std::size_t CdDecoder::leaveOut(std::size_t wanted) {
-    const auto lost = std::clamp<std::int32_t>(lostInRow_, 1, kMostLeftOut);
-    const std::size_t sectors = std::min(static_cast<std::size_t>(lost), wanted);
-    lostInRow_ += static_cast<std::int32_t>(sectors);
-    health_->lose(static_cast<std::int32_t>(sectors));
-    std::fill_n(chunk_.begin(), sectors * kSectorBytes, std::byte{0});
-    return sectors;
+/// Some sectors will be silence.
+void CdDecoder::leaveOut() {
+    const std::int32_t most = std::max(kLeftOut, lostInRow_ / kShareLeftOut);
+    silent_ = std::min(std::clamp(lostInRow_, 1, most), place_.sectors - next_);
+    lostInRow_ += silent_;
+    health_->lose(silent_);
+}
+
+/// Makes the next piece of what is left out.
+void CdDecoder::fillSilence() {
+    const std::size_t sectors = std::min(kChunkSectors, static_cast<std::size_t>(silent_));
+    filled_ = sectors * kSectorBytes;
+    std::fill_n(chunk_.begin(), filled_, std::byte{0});
+    silent_ -= static_cast<std::int32_t>(sectors);
+    next_ += static_cast<std::int32_t>(sectors);
 }
 
 bool CdDecoder::readChunk() {
     used_ = 0;
     filled_ = 0;
-    if (over_ || next_ >= place_.sectors) {
+    if (silent_ > 0) {
+        fillSilence();
+        return true;
+    }
+    if (over_ || lostInRow_ >= kMostLost || next_ >= place_.sectors) {
         return false;
     }
     const std::size_t wanted =
@@ -71,20 +87,21 @@ bool CdDecoder::readChunk() {
     const std::size_t asked = lostInRow_ > 0 ? 1 : wanted;
     const SectorRead got = drive_->read(place_.discNumber, place_.firstSector + next_,
                                         std::span(chunk_).first(asked * kSectorBytes), calledOff_);
-    std::size_t sectors = got.sectors;
     if (got.trouble == DiscTrouble::unreadable) {
-        sectors = leaveOut(wanted);
-    } else if (sectors == 0) {
+        leaveOut();
+        fillSilence();
+        return true;
+    }
+    if (got.sectors == 0) {
         over_ = true;
         if (!calledOff_.stop_requested()) {
             health_->note(got.trouble == DiscTrouble::none ? DiscTrouble::noDisc : got.trouble);
         }
         return false;
-    } else {
-        lostInRow_ = 0;
     }
-    next_ += static_cast<std::int32_t>(sectors);
-    filled_ = sectors * kSectorBytes;
+    lostInRow_ = 0;
+    next_ += static_cast<std::int32_t>(got.sectors);
+    filled_ = got.sectors * kSectorBytes;
     return true;
 }
 
@@ -109,6 +126,7 @@ std::int64_t CdDecoder::seek(std::int64_t frame) {
     next_ = static_cast<std::int32_t>(stands / perSector);
     used_ = 0;
     filled_ = 0;
+    silent_ = 0;
     lostInRow_ = 0;
     if (stands % perSector != 0 && readChunk()) {
         used_ = static_cast<std::size_t>(stands % perSector) * kFrameBytes;

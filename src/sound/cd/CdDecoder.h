@@ -49,7 +49,8 @@ private:
     static constexpr int kChannels = 2;
 
     [[nodiscard]] bool readChunk();
-    [[nodiscard]] std::size_t leaveOut(std::size_t wanted);
+    void leaveOut();
+    void fillSilence();
 
     const std::shared_ptr<DriveWork> drive_;
     const DiscPlace place_;
@@ -60,6 +61,7 @@ private:
     std::size_t filled_ = 0;       ///< bytes of it that hold something
     std::int32_t next_ = 0;        ///< sector of the track behind the chunk
     std::int32_t lostInRow_ = 0;   ///< sectors that were left out just before it
+    std::int32_t silent_ = 0;      ///< of them, from it on, still to be given
     bool over_ = false;            ///< the disc is gone
 };
 
