@@ -83,6 +83,9 @@ constexpr std::array kOptions{
 
 constexpr std::string_view kOptionStart = "--";
 
+/// Drives have the letters D to Z.
+constexpr std::size_t kMostImages = 23;
+
 std::string synopsis(const Option& option) {
     std::string text = std::string(kOptionStart).append(option.name);
     return option.valueName.empty() ? text : text.append(" ").append(option.valueName);
@@ -113,6 +116,9 @@ public:
         }
         if (!error_ && line_.renderSeconds && !line_.renderFile) {
             error_ = usageError("--seconds N goes with --render FILE.wav");
+        }
+        if (!error_ && line_.discImages.size() > kMostImages) {
+            error_ = usageError("--cd FILE.cue: there are letters for 23 drives");
         }
         if (error_) {
             return *error_;

@@ -60,6 +60,9 @@ TEST(CommandLine, imagesOfDiscsMayBeMany) {
     EXPECT_THAT(parsed({"--cd", "a.cue", "b.mp3", "--cd=/x/b.toc"}).discImages,
                 ElementsAre("/music/a.cue", "/x/b.toc"));
     EXPECT_EQ(errorOf({"--cd"}), "--cd FILE.cue: the value is missing; see tovik --help");
+    EXPECT_EQ(parsed(std::vector<std::string>(23, "--cd=a.cue")).discImages.size(), 23U);
+    EXPECT_EQ(errorOf(std::vector<std::string>(24, "--cd=a.cue")),
+              "--cd FILE.cue: there are letters for 23 drives; see tovik --help");
 }
 
 TEST(CommandLine, comfortIsOnOrOff) {

@@ -5,12 +5,16 @@
 #include "sound/cd/CdDrive.h"
 
 #include <chrono>
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace tovik::sound {
+
+/// Drives have the letters D to Z; there are no more than these.
+inline constexpr std::size_t kMostDrives = 'Z' - 'D' + 1;
 
 /// A drive that was found, not opened yet.
 struct FoundDrive {
@@ -21,7 +25,8 @@ struct FoundDrive {
 };
 
 struct DriveOptions {
-    /// Images of discs (BIN/CUE, TOC, NRG), each one more drive behind those of the machine.
+    /// Images of discs (BIN/CUE, TOC, NRG), each one more drive behind those of the machine, as
+    /// long as there are letters.
     std::vector<std::string> images{};
 
     /// Finds the drives of the machine, then those of the images. May wait; called on a thread of

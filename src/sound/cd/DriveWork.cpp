@@ -37,6 +37,14 @@ void DriveWork::post(Job job) {
     }
 }
 
+void DriveWork::door(DoorAction action) {
+    post([this, action](const auto& drive) {
+        if (drive != nullptr && drive->door(action)) {
+            locked_ = action == DoorAction::lock || (locked_ && action != DoorAction::unlock);
+        }
+    });
+}
+
 void DriveWork::stop() {
     std::deque<Job> dropped; // dies outside of the lock
     const base::MutexLock lock(mutex_);
@@ -145,6 +153,13 @@ bool DriveWork::mayCheck() {
 
 void DriveWork::serve() {
     ::pthread_setname_np(::pthread_self(), "drive");
+    live();
+    if (locked_) {
+        drive_->door(DoorAction::unlock); // who was to do it came too late
+    }
+}
+
+void DriveWork::live() {
     const base::MutexLock lock(mutex_);
     while (!ending_) {
         if (mayCheck()) {

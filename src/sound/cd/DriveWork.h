@@ -37,7 +37,9 @@ public:
     using Job = std::function<void(const std::shared_ptr<CdDrive>& drive)>;
 
     DriveWork(FoundDrive found, std::chrono::milliseconds watchPeriod)
-        : found_(std::move(found)), watchPeriod_(watchPeriod) {}
+        : found_(std::move(found)), watchPeriod_(watchPeriod) {
+        view_.description = found_.name; // until it has answered
+    }
 
     [[nodiscard]] const std::string& name() const noexcept { return found_.name; }
 
@@ -56,6 +58,10 @@ public:
 
     /// Done behind what is waiting already; not at all once the thread is told to end.
     void post(Job job);
+
+    /// Opens, closes, locks or unlocks the door behind what is waiting already, as far as the drive
+    /// can. A door that is still locked when the thread ends is unlocked then.
+    void door(DoorAction action);
 
     /// The thread ends as soon as its drive lets it.
     void stop();
@@ -77,6 +83,9 @@ public:
     /// The drive's thread: looks at the disc when the drive says that it may be another one.
     void check();
 
+    /// The drive's thread: looks at the disc.
+    void lookNow();
+
     /// The life of the drive's thread.
     void serve();
 
@@ -89,12 +98,13 @@ private:
     [[nodiscard]] Sectors readNow(CdDrive* drive, std::uint32_t discNumber, std::int32_t sector,
                                   std::size_t size);
     [[nodiscard]] bool mayCheck() TOVIK_REQUIRES(mutex_);
-    void lookNow();
+    void live();
     void store(DriveView view);
 
     const FoundDrive found_;
     const std::chrono::milliseconds watchPeriod_;
     std::shared_ptr<CdDrive> drive_; ///< of the drive's thread alone
+    bool locked_ = false;            ///< by us; of that thread, too
     std::atomic<int> looks_ = 0;     ///< begun and not ended
 
     mutable base::Mutex mutex_; ///< never held while the drive is asked

@@ -67,6 +67,9 @@ void Drives::Shared::find() {
     if (options_.find) {
         found = options_.find(options_.images);
     }
+    if (found.size() > kMostDrives) {
+        found.resize(kMostDrives);
+    }
     const base::MutexLock lock(mutex_);
     if (ended_) {
         return;

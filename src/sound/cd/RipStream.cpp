@@ -135,7 +135,7 @@ void RipStream::Work::readStep(const std::shared_ptr<CdDrive>& drive) {
     }
     if (got.sectors == 0) {
         health_.note(got.trouble == DiscTrouble::none ? DiscTrouble::noDisc : got.trouble);
-        drive_->check();
+        drive_->lookNow(); // that the disc has gone is told once, and the reader was told
         finish();
         return;
     }

@@ -175,11 +175,7 @@ bool DiscCalls::BASS_CD_Door(std::uint32_t drive, std::uint32_t action) {
     if (!wanted) {
         return core_.fail(ErrorCode::illegalParameter);
     }
-    found->post([wanted](const auto& device) {
-        if (device != nullptr) {
-            device->door(*wanted);
-        }
-    });
+    found->door(*wanted);
     return true;
 }
 

@@ -57,6 +57,7 @@ TEST(DiscCalls, WaitForAFirstLookNoLongerThanForAFile) {
     const auto begun = std::chrono::steady_clock::now();
     EXPECT_EQ(rig.engine.BASS_CD_GetDriveLetter(0), 3);
     EXPECT_LT(std::chrono::steady_clock::now() - begun, 1s);
+    EXPECT_EQ(rig.engine.BASS_CD_GetDriveDescription(0), "0"); // its name, while nothing is known
     script->change([](auto& facts) { facts.hangs = false; });
 }
 
@@ -105,6 +106,32 @@ TEST(DiscCalls, LockAndUnlockTheDoorWithoutWaiting) {
     }));
     rig.script->change([](auto& facts) { facts.refusesDoor = true; });
     EXPECT_TRUE(rig.engine.BASS_CD_Door(0, BASS_CD_DOOR_OPEN)); // what comes of it is ignored
+}
+
+TEST(DiscCalls, UnlockADoorThatIsStillLockedAtTheEnd) {
+    const auto script = std::make_shared<DriveScript>();
+    script->insert(tocOf({75}));
+    {
+        EngineRig rig({.drives = DriveScript::options({script})});
+        test::awaitLook(rig.engine);
+        EXPECT_TRUE(rig.engine.BASS_CD_Door(0, BASS_CD_DOOR_LOCK));
+        ASSERT_TRUE(eventually([&] { return script->facts().doors.size() == 1; }));
+        script->change([](auto& facts) { facts.hangs = true; });
+        rig.engine.lookAtDrives();
+        EXPECT_TRUE(rig.engine.BASS_CD_Door(0, BASS_CD_DOOR_UNLOCK)); // it never has its turn
+    }
+    script->change([](auto& facts) { facts.hangs = false; });
+    const std::vector both{DoorAction::lock, DoorAction::unlock};
+    EXPECT_TRUE(eventually([&] { return script->facts().doors == both; }));
+}
+
+TEST(DiscCalls, HaveNoMoreDrivesThanLetters) {
+    const std::vector<std::shared_ptr<DriveScript>> many(25, std::make_shared<DriveScript>());
+    EngineRig rig({.drives = DriveScript::options(many)});
+    test::awaitLook(rig.engine);
+    EXPECT_EQ(rig.engine.BASS_CD_GetDriveLetter(22), 'Z' - 'A');
+    EXPECT_EQ(rig.engine.BASS_CD_GetDriveLetter(23), -1);
+    EXPECT_FALSE(rig.engine.BASS_CD_GetDriveDescription(23));
 }
 
 TEST(DiscCalls, AnswerWhileADriveDoesNot) {

@@ -80,6 +80,7 @@ TEST(RipRead, EndsWithTheDisc) {
     const Handle track = rig.engine.BASS_CD_StreamCreate(0, 0, kRip);
     EXPECT_EQ(takeAll(rig.engine, track), sectorsOf(0, 100));
     EXPECT_EQ(rig.engine.discReport(track)->trouble, DiscTrouble::noDisc);
+    EXPECT_TRUE(eventually([&] { return !rig.engine.BASS_CD_IsReady(0); })); // it was looked at
 }
 
 TEST(RipRead, EndsWithTheDrive) {

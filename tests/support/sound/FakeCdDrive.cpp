@@ -48,7 +48,10 @@ public:
 
     SectorRead read(std::span<std::byte> bytes) override {
         const auto left = static_cast<std::size_t>(end_ - next_);
-        const std::size_t wanted = std::min(bytes.size() / kSectorBytes, left);
+        std::size_t wanted = std::min(bytes.size() / kSectorBytes, left);
+        if (const std::size_t most = drive_.script()->facts().mostSectors; most > 0) {
+            wanted = std::min(wanted, most);
+        }
         SectorRead got{};
         while (got.sectors < wanted) {
             const auto place = bytes.subspan(got.sectors * kSectorBytes, kSectorBytes);
@@ -58,6 +61,7 @@ public:
                 ++report_.lostSectors;
                 report_.trouble = DiscTrouble::unreadable;
             } else if (one.trouble != DiscTrouble::none) {
+                static_cast<void>(drive_.discChanged()); // which tells nobody else then
                 return {.sectors = got.sectors,
                         .trouble = got.sectors > 0 ? DiscTrouble::none : one.trouble};
             }

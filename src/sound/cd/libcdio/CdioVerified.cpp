@@ -86,15 +86,13 @@ SectorRead CdioVerified::read(std::span<std::byte> bytes) {
         std::min(bytes.size() / kSectorBytes, static_cast<std::size_t>(end_ - next_));
     SectorRead got{};
     reading = this;
-    while (got.sectors < wanted) {
+    while (got.sectors < wanted && !gone_) {
         failing_ = false;
         const std::int16_t* const sector =
             cdio_paranoia_read_limited(paranoia_.get(), &CdioVerified::noted, kMostTries);
         // Without a disc each sector would be tried as if it were scratched.
-        if (sector == nullptr || (failing_ && cdio_get_media_changed(handle_.get()) > 0)) {
-            if (got.sectors == 0) {
-                got.trouble = DiscTrouble::noDisc;
-            }
+        gone_ = sector == nullptr || (failing_ && cdio_get_media_changed(handle_.get()) > 0);
+        if (gone_) {
             break;
         }
         putSector(bytes.subspan(got.sectors * kSectorBytes, kSectorBytes), sector);
@@ -105,6 +103,9 @@ SectorRead CdioVerified::read(std::span<std::byte> bytes) {
         }
     }
     reading = nullptr;
+    if (gone_ && got.sectors == 0) {
+        got.trouble = DiscTrouble::noDisc;
+    }
     return got;
 }
 

@@ -45,6 +45,7 @@ private:
     std::int32_t next_ = 0;
     std::int32_t end_ = 0;
     bool failing_ = false;       ///< the last reads of the drive have failed
+    bool gone_ = false;          ///< the disc, which the drive tells only once
     bool highByteFirst_ = false; ///< as the image holds it
     std::int32_t lastLost_ = -1; ///< sector that was counted as lost last
     DiscReport report_;
