@@ -1,8 +1,11 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Audio CDs in the built program: images of discs stand for drives."""
 import array
+import cmath
 import glob
 import json
+import math
+import operator
 import os
 import shutil
 import signal
@@ -78,6 +81,67 @@ class Rendered(CdTest):
         second = sectors("cd_mixed.bin", 500 + 40, 10)
         self.assertGreaterEqual(sound.find(first), 0)
         self.assertGreater(sound.find(second), sound.find(first))
+
+
+    def sounding(self, samples, hertz):
+        """The first and the last twentieth of a second in which a tone is on the left."""
+        left = samples[::2]
+        turn = cmath.exp(-2j * math.pi * hertz / 44100)
+        window = [turn ** n for n in range(44100 // 20)]
+        heard = [at // len(window) for at in range(0, len(left) - len(window), len(window))
+                 if abs(sum(map(operator.mul, left[at:at + len(window)], window))) > 500 * len(window)]
+        self.assertTrue(heard, hertz)
+        return heard[0], heard[-1]
+
+    def heard_in_turn(self, *tracks):
+        """Where tracks 2 and 3 of the mixed disc are heard, told by their tones."""
+        self.setting(b"CFD", b"1")
+        self.setting(b"CFDT", b"1")
+        sound = array.array("h", self.render("--seconds", "12", "--cd", media("cd_mixed.cue"),
+                                             self.playlist(media("wav_s16_44100_stereo.wav"),
+                                                           *map(track, tracks))))
+        del sound[:2 * 44100 * 2]  # of the file, which has tones, too
+        return self.sounding(sound, 523), self.sounding(sound, 698)
+
+    def test_a_track_of_a_disc_follows_the_one_before_at_once(self):
+        (first, end), (second, last) = self.heard_in_turn(2, 3)
+        self.assertAlmostEqual(end - first, 2 * 20, delta=1)
+        self.assertAlmostEqual(second, end + 1, delta=1)
+        self.assertAlmostEqual(last - second, 3 * 20, delta=1)
+
+    def test_data_between_two_tracks_stops_for_a_second_at_most(self):
+        (first, end), (second, last) = self.heard_in_turn(2, 1, 3)
+        self.assertAlmostEqual(end - first, 2 * 20, delta=1)
+        self.assertGreater(second, end)
+        self.assertLessEqual(second, end + 1 + 22)
+        self.assertAlmostEqual(last - second, 3 * 20, delta=1)
+
+    def test_a_track_of_a_disc_is_faded_into_the_next(self):
+        # Of a long one the last half of a hundredth is faded out.
+        self.setting(b"CFD", b"1")
+        self.setting(b"CFDT", b"1")
+        with open(self.path("long.bin"), "wb") as file:
+            for hertz, seconds in ((500, 200), (700, 3)):  # each tone is the same in every second
+                second = array.array("h", (round(9000 * math.sin(2 * math.pi * hertz * n / 44100))
+                                           for n in range(44100) for _ in range(2)))
+                file.write(second.tobytes() * seconds)
+        with open(self.path("long.cue"), "w", encoding="ascii") as file:
+            file.write('FILE "long.bin" BINARY\n  TRACK 01 AUDIO\n    INDEX 01 00:00:00\n'
+                       "  TRACK 02 AUDIO\n    INDEX 01 03:20:00\n")
+        result = self.run_program("--render", self.path("out.wav"), "--seconds", "208", "--cd",
+                                  self.path("long.cue"), self.playlist(
+                                      media("wav_s16_44100_stereo.wav"), track(1), track(2)))
+        self.assertEqual(result.returncode, 0, result.stderr)
+        with open(self.path("out.wav"), "rb") as file:
+            tag = file.read(22)[20]
+            file.seek(-12 * 44100 * 2 * (4 if tag == 3 else 2), os.SEEK_END)
+            sound = array.array("f" if tag == 3 else "h", file.read())
+        if tag == 3:
+            sound = array.array("f", (sample * 32768 for sample in sound))
+        (_, end), (second, last) = self.sounding(sound, 500), self.sounding(sound, 700)
+        self.assertGreater(end - second, 10)  # they are heard together
+        self.assertLess(end - second, 24)
+        self.assertAlmostEqual(last - second, 3 * 20, delta=3)
 
 
 class Shown(CdTest):
