@@ -90,7 +90,25 @@ std::unique_ptr<menus::MenuFacility> MainWindow::makeMenus(const menus::cMenus& 
         .model = model,
         .window = messages,
         .dispatcher = host_.dispatcher,
-        .onScreen = [this](const menus::MenuPlace& place) { return onScreen(place); }});
+        .onScreen = [this](const menus::MenuPlace& place) { return onScreen(place); },
+        .outside = [this] { return std::exchange(asked_, std::nullopt); }});
+}
+
+/// The desktop counts in pixels of the screen; windows do in those of their scale.
+void MainWindow::askedForMenu(std::optional<window::ScreenPlace> place) {
+    asked_.emplace();
+    if (!place) {
+        return;
+    }
+    const QPoint told(place->left, place->top);
+    asked_->place = told;
+    for (const QScreen* const screen : QGuiApplication::screens()) {
+        const QPoint corner = screen->geometry().topLeft();
+        const double scale = screen->devicePixelRatio();
+        if (QRect(corner, screen->geometry().size() * scale).contains(told)) {
+            asked_->place = corner + (told - corner) / scale;
+        }
+    }
 }
 
 QScreen* MainWindow::screen() const {

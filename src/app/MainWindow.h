@@ -8,6 +8,7 @@
 #include "app/MiniWindow.h"
 #include "app/ScreenWindow.h"
 #include "ui/qt/MenuPictures.h"
+#include "ui/qt/SkinMenu.h"
 #include "ui/qt/SplashWindow.h"
 #include "window/PlayerWindow.h"
 
@@ -48,6 +49,8 @@ public:
 
     [[nodiscard]] bool rightToLeft() const override;
 
+    void askedForMenu(std::optional<window::ScreenPlace> place) override;
+
     [[nodiscard]] std::unique_ptr<window::FullScreen>
     makeFullScreen(window::FullScreen::Input input) override;
 
@@ -62,6 +65,7 @@ private:
     MiniWindow mini_;
     std::unique_ptr<MainControls> controls_; ///< outlives the widgets, which ask it
     std::unique_ptr<ui::SplashWindow> splash_;
+    std::optional<ui::OutsidePlace> asked_; ///< for the next menu
 };
 
 } // namespace tovik::app

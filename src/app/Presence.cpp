@@ -16,10 +16,15 @@ Presence::Presence(const Needs& needs)
                        .window = needs.window.mini(),
                        .host = needs.host,
                        .menus = &needs.menus,
-                       .visual = &needs.visuals}),
+                       .visual = &needs.visuals,
+                       .shippedSkin = needs.shippedSkin}),
       sysTray(needs.core, needs.version, needs.shell != nullptr ? needs.shell->area : noArea_,
               {.left = [this] { bringToFront(p_.shell->area.takeToken()); },
-               .menu = [this] { p_.menus.popUp(window::MenuRoot::mnuMain); }}),
+               .menu =
+                   [this] {
+                       p_.window.askedForMenu(p_.shell->area.takePlace());
+                       p_.menus.popUp(window::MenuRoot::mnuMain);
+                   }}),
       title(needs.core.timers, needs.core.errors,
             needs.shell != nullptr ? needs.shell->popup : noPopup_),
       miniArea_({.window = needs.window.mini(),
@@ -78,11 +83,20 @@ void Presence::enterMiniMode() {
         return;
     }
     p_.window.hide();
-    p_.visuals.showIn(&miniArea_);
     p_.window.mini().setTopmost(state.AlwaysOnTop == 1);
     p_.window.mini().show();
     state.MiniModeShown = true;
     hidden_ = false;
+    showVisualIn(&miniArea_);
+}
+
+/// What cannot be drawn keeps nobody from the window: it is on the screen by now.
+void Presence::showVisualIn(VisualElement* area) {
+    try {
+        p_.visuals.showIn(area);
+    } catch (...) {
+        p_.core.errors.reportAndTell(config::currentError(), config::player("Load"));
+    }
 }
 
 void Presence::leaveMiniMode() {
@@ -94,9 +108,14 @@ void Presence::leaveMiniMode() {
     state.MiniModeShown = false;
     mini.Form_Unload();
     p_.window.mini().hide();
-    p_.visuals.showIn(nullptr);
     p_.window.show();
     hidden_ = false;
+    showVisualIn(nullptr);
+}
+
+void Presence::showMainWindow() {
+    leaveMiniMode();
+    comeBack();
 }
 
 void Presence::minimise() {
@@ -162,7 +181,7 @@ void Presence::listenToTray() {
 
 /// The way back went with the tray.
 void Presence::trayChanged() {
-    if (hidden_ && !leaving_ && !p_.shell->area.taken()) {
+    if (hidden_ && !leaving_ && !p_.shell->area.taken() && !p_.shell->area.asking()) {
         comeBack();
     }
 }

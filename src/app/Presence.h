@@ -32,6 +32,7 @@ public:
         config::Version& version;
         const commands::Commands& commands;
         window::Shell* shell = nullptr; ///< null: a desktop that offers nothing
+        std::string shippedSkin{};      ///< the package that came with the program; empty: none
     };
 
     explicit Presence(const Needs& needs);
@@ -44,6 +45,9 @@ public:
     /// From one window to the other.
     void enterMiniMode();
     void leaveMiniMode();
+
+    /// The main window is on the screen, whichever of the two was in use and wherever it was.
+    void showMainWindow();
 
     /// Off the screen: hidden while a tray has the icon, else down to the task bar. Where there is
     /// neither, the window stays.
@@ -93,6 +97,7 @@ private:
     void listenToTray();
     void trayChanged();
     void comeBack();
+    void showVisualIn(VisualElement* area);
 
     VisualElement miniArea_;
     bool hidden_ = false;

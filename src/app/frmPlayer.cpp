@@ -63,7 +63,11 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                  .stored = ground_.stored,
                  .version = ground_.version,
                  .commands = commands_,
-                 .shell = shell}),
+                 .shell = shell,
+                 .shippedSkin =
+                     options_.shippedFolder.empty()
+                         ? std::string()
+                         : host::Paths(options_.shippedFolder).of(host::DataItem::SkinPackage)}),
       filling_({.core = core_,
                 .files = lists_.files,
                 .window = window,
@@ -112,7 +116,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     };
     choices_.preferences.hooks.comfort = [this] { applyComfort(); };
     choices_.preferences.hooks.tray = [this](bool) { presence_.ApplyShellPresence(); };
-    front_.panelChosen = [this] { presence_.leaveMiniMode(); };
+    front_.panelChosen = [this] { presence_.showMainWindow(); };
     desktop_.attach(choices_.preferences.hooks);
     ground_.news.add(events);
     autoload_.begin();

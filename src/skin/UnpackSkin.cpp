@@ -11,6 +11,7 @@
 #include "skin/NewFile.h"
 #include "skin/SkinPackage.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <map>
 #include <optional>
@@ -82,7 +83,52 @@ void unpack(const host::Paths& paths, const std::string& folder) {
     base::raiseFailure(failure);
 }
 
+/// Whether the package had any of them.
+bool putFrom(const std::string& path, const std::vector<std::string>& names,
+             const std::string& folder) {
+    std::string bytes;
+    if (base::readWholeFile(path, bytes)) {
+        return false;
+    }
+    SkinPackageReader package(bytes);
+    if (!package.header().signedAsSkin()) {
+        return false;
+    }
+    SkinFolder skin(folder);
+    bool found = false;
+    for (int number = 0; number < package.header().fileCount; ++number) {
+        const SkinPackageEntry entry = package.next();
+        if (std::ranges::find(names, base::toLowerAscii(entry.fileName)) != names.end()) {
+            skin.put(entry);
+            found = true;
+        }
+    }
+    return found;
+}
+
 } // namespace
+
+void completeSkin(const host::Paths& paths, const std::vector<std::string>& names,
+                  const std::vector<std::string>& packages) {
+    const std::string folder = paths.of(host::DataItem::CurrentSkin);
+    const auto stands = [&folder](const std::string& name) {
+        std::error_code failure;
+        return fs::exists(fs::symlink_status(base::joinPath(folder, name), failure));
+    };
+    if (std::ranges::any_of(names, stands)) {
+        return;
+    }
+    for (const std::string& package : packages) {
+        try {
+            if (putFrom(package, names, folder)) {
+                return;
+            }
+        } catch (const std::exception&) {
+            // A damaged one is no worse than none.
+            continue;
+        }
+    }
+}
 
 void UnpackSkin(const host::Paths& paths, host::Dialogs& dialogs) {
     const std::string folder = paths.of(host::DataItem::CurrentSkin);

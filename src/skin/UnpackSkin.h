@@ -6,11 +6,20 @@
 #include "host/Dialogs.h"
 #include "host/Paths.h"
 
+#include <string>
+#include <vector>
+
 namespace tovik::skin {
 
 /// Expands the package into the skin's folder, unless a file stands in that folder already. Any
 /// failure on the way brings one box, whose text is "error!", and leaves what was unpacked till
 /// then. Raises only when the folder itself cannot be made or read.
 void UnpackSkin(const host::Paths& paths, host::Dialogs& dialogs);
+
+/// A folder that was filled from an older package lacks files that came since: where none of
+/// `names` stands in it, they are put there from the first of `packages`, which are paths, that
+/// has one of them. Raises nothing: who reads a file that is still missing tells of it.
+void completeSkin(const host::Paths& paths, const std::vector<std::string>& names,
+                  const std::vector<std::string>& packages);
 
 } // namespace tovik::skin

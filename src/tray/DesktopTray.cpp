@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 #include <utility>
 
 namespace tovik::tray {
@@ -29,6 +30,10 @@ QDBusMessage nameCall(const char* method) {
 
 constexpr quint32 kNoQueue = 4; ///< of RequestName: to have it or not
 
+// Its answers that say that we have it.
+constexpr quint32 kOwner = 1;
+constexpr quint32 kOwnerBefore = 4;
+
 } // namespace
 
 DesktopTray::DesktopTray(SessionBus& bus, const host::Dispatcher& dispatcher)
@@ -36,6 +41,9 @@ DesktopTray::DesktopTray(SessionBus& bus, const host::Dispatcher& dispatcher)
     later_.setSingleShot(true);
     later_.setInterval(kAfterFirstPaintMs);
     later_.callOnTimeout(this, [this] { begin(); });
+    docking_.setSingleShot(true);
+    docking_.setInterval(kDockingMs);
+    docking_.callOnTimeout(this, [this] { report(); });
 }
 
 DesktopTray::~DesktopTray() {
@@ -68,8 +76,26 @@ bool DesktopTray::notify(window::NotifyCommand command, const window::NotifyIcon
     return wanted_ || command == window::NotifyCommand::remove;
 }
 
+bool DesktopTray::taken() const {
+    return onBus_ || (embedded_ && system_->docked());
+}
+
+bool DesktopTray::asking() const {
+    return wanted_ && !taken() &&
+           (!begun_ || busMayHost() || announced_ || (embedded_ && docking_.isActive()));
+}
+
+/// The bus has not said yet whether it has a host.
+bool DesktopTray::busMayHost() const {
+    return !sessionBus_.failed() && (!watch_ || !watch_->known());
+}
+
 std::string DesktopTray::takeToken() {
     return item_ != nullptr ? item_->takeToken() : std::string();
+}
+
+std::optional<window::ScreenPlace> DesktopTray::takePlace() {
+    return item_ != nullptr ? item_->takePlace() : std::nullopt;
 }
 
 void DesktopTray::tell(const std::function<void()>& call) const {
@@ -118,14 +144,13 @@ void DesktopTray::joined(const QDBusConnection& bus) {
 
 void DesktopTray::place() {
     const bool hosted = watch_ && watch_->hosted();
-    // As long as the bus may still say that it has a host, the other tray waits.
-    const bool asking = !sessionBus_.failed() && (!watch_ || !watch_->known());
     if (wanted_ && hosted) {
         putOnBus();
     } else {
         takeOffBus();
     }
-    embed(wanted_ && !hosted && !asking && system_->there());
+    // As long as the bus may still say that it has a host, the other tray waits.
+    embed(wanted_ && !hosted && !busMayHost() && system_->there());
     report();
 }
 
@@ -141,22 +166,40 @@ void DesktopTray::putOnBus() {
     QDBusMessage call = nameCall("RequestName");
     call << kNoQueue;
     auto* const asked = new QDBusPendingCallWatcher(bus_->asyncCall(call), object_.get());
+    announced_ = true;
     const int attempt = ++attempt_;
-    connect(asked, &QDBusPendingCallWatcher::finished, this, [this, attempt] {
+    connect(asked, &QDBusPendingCallWatcher::finished, this, [this, asked, attempt] {
         if (attempt != attempt_) {
             return;
         }
-        watch_->announce(serviceName(), [this, attempt](bool taken) {
-            if (attempt == attempt_) {
-                onBus_ = taken;
-                report();
-            }
-        });
+        const QDBusPendingReply<quint32> reply = *asked;
+        if (!reply.isError() && (reply.value() == kOwner || reply.value() == kOwnerBefore)) {
+            announce();
+        } else {
+            notOnBus();
+        }
     });
+}
+
+void DesktopTray::announce() {
+    watch_->announce(serviceName(), [this, attempt = attempt_](bool taken) {
+        if (attempt == attempt_) {
+            announced_ = false;
+            onBus_ = taken;
+            report();
+        }
+    });
+}
+
+/// A host would look for it under a name that is somebody else's.
+void DesktopTray::notOnBus() {
+    announced_ = false;
+    report();
 }
 
 void DesktopTray::takeOffBus() {
     ++attempt_;
+    announced_ = false;
     onBus_ = false;
     if (!object_) {
         return;
@@ -179,11 +222,13 @@ void DesktopTray::embed(bool wanted) {
     }
     embedded_ = std::make_unique<EmbeddedIcon>(clicks());
     embedded_->setLook(look_);
+    docking_.start();
     embedded_->show();
 }
 
+/// Who takes it away, perhaps to put it there anew, knows that it is gone.
 void DesktopTray::report() {
-    if (std::exchange(told_, taken()) != taken()) {
+    if (wanted_ && !asking() && std::exchange(told_, taken()) != taken()) {
         tell(events_.takenChanged);
     }
 }

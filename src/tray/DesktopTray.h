@@ -26,13 +26,18 @@ public:
 
     static constexpr int kAfterFirstPaintMs = 100;
 
+    /// So long a tray of the window system may take to take the icon in.
+    static constexpr int kDockingMs = 1000;
+
     bool notify(window::NotifyCommand command, const window::NotifyIconData& data) override;
 
-    [[nodiscard]] bool taken() const override { return onBus_ || embedded_ != nullptr; }
+    [[nodiscard]] bool taken() const override;
+    [[nodiscard]] bool asking() const override;
 
     void setEvents(window::NotifyEvents events) override { events_ = std::move(events); }
 
     [[nodiscard]] std::string takeToken() override;
+    [[nodiscard]] std::optional<window::ScreenPlace> takePlace() override;
 
 private:
     [[nodiscard]] TrayClicks clicks();
@@ -43,7 +48,10 @@ private:
     /// Puts the icon where it can be now, and takes it away where it was.
     void place();
     void putOnBus();
+    void announce();
+    void notOnBus();
     void takeOffBus();
+    [[nodiscard]] bool busMayHost() const;
     void embed(bool wanted);
     void report();
 
@@ -51,6 +59,7 @@ private:
     const host::Dispatcher& dispatcher_;
     window::NotifyEvents events_;
     QTimer later_;
+    QTimer docking_; ///< runs as long as a tray may still take the icon in
     bool begun_ = false;
     bool wanted_ = false;
     TrayLook look_;
@@ -60,6 +69,7 @@ private:
     std::unique_ptr<QObject> object_; ///< the one on the bus
     NotifierItem* item_ = nullptr;    ///< which it owns
     int attempt_ = 0;                 ///< answers to earlier ones count no more
+    bool announced_ = false;          ///< and not answered yet
     bool onBus_ = false;              ///< a host has it
     std::unique_ptr<EmbeddedIcon> embedded_;
     bool told_ = false; ///< that it is taken

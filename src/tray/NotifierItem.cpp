@@ -48,6 +48,11 @@ std::string NotifierItem::takeToken() {
     return std::exchange(token_, {}).toStdString();
 }
 
+std::optional<window::ScreenPlace> NotifierItem::takePlace() {
+    const auto place = std::exchange(place_, std::nullopt);
+    return place == window::ScreenPlace() ? std::nullopt : place;
+}
+
 NotifierToolTip NotifierItem::toolTip() const {
     return {.iconName = {}, .icon = {}, .title = words_, .text = {}};
 }
@@ -60,7 +65,8 @@ void NotifierItem::SecondaryActivate(int /*x*/, int /*y*/) {
     call(clicks_.middle);
 }
 
-void NotifierItem::ContextMenu(int /*x*/, int /*y*/) {
+void NotifierItem::ContextMenu(int x, int y) {
+    place_ = {.left = x, .top = y};
     call(clicks_.right);
 }
 

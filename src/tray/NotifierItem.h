@@ -5,7 +5,9 @@
 
 #include "tray/NotifierTypes.h"
 #include "tray/TrayEvents.h"
+#include "window/ScreenPlace.h"
 
+#include <optional>
 #include <QDBusAbstractAdaptor>
 #include <QDBusObjectPath>
 #include <QString>
@@ -43,6 +45,10 @@ public:
 
     /// What the host brought along for the next window that is shown; once.
     [[nodiscard]] std::string takeToken();
+
+    /// Where it wants the menu that it asked for; once. Hosts that know no place tell the corner of
+    /// the screen.
+    [[nodiscard]] std::optional<window::ScreenPlace> takePlace();
 
     [[nodiscard]] QString category() const { return QStringLiteral("ApplicationStatus"); }
 
@@ -90,6 +96,7 @@ private:
     NotifierPixmaps icon_;
     QString words_;
     QString token_;
+    std::optional<window::ScreenPlace> place_;
 };
 
 /// The notches of a turn as hosts tell it: 120 for each, or single ones.

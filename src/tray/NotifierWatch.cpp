@@ -65,7 +65,8 @@ void NotifierWatch::look() {
 }
 
 void NotifierWatch::answer(bool hosted) {
-    if (std::exchange(hosted_, hosted) != hosted || !std::exchange(known_, true)) {
+    const bool first = !std::exchange(known_, true);
+    if (std::exchange(hosted_, hosted) != hosted || first) {
         changed_();
     }
 }

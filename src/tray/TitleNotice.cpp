@@ -6,6 +6,7 @@
 #include <QDBusPendingReply>
 #include <QStringList>
 #include <QVariantMap>
+#include <utility>
 
 namespace tovik::tray {
 
@@ -16,10 +17,18 @@ constexpr int kShownMs = 2000;
 } // namespace
 
 void TitleNotice::show(const QString& words) {
-    bus_.whenReady([this, words](const QDBusConnection& bus) { send(bus, words); });
+    words_ = words;
+    next();
 }
 
-void TitleNotice::send(QDBusConnection bus, const QString& words) {
+void TitleNotice::next() {
+    if (words_ && !std::exchange(busy_, true)) {
+        bus_.whenReady([this](const QDBusConnection& bus) { send(bus); });
+    }
+}
+
+void TitleNotice::send(QDBusConnection bus) {
+    const QString words = *std::exchange(words_, std::nullopt);
     QDBusMessage call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.Notifications"),
         QStringLiteral("/org/freedesktop/Notifications"),
@@ -33,6 +42,8 @@ void TitleNotice::send(QDBusConnection bus, const QString& words) {
             last_ = reply.value();
         }
         asked->deleteLater();
+        busy_ = false;
+        next();
     });
 }
 

@@ -4,6 +4,7 @@
 
 #include "tray/SessionBus.h"
 
+#include <optional>
 #include <QString>
 
 namespace tovik::tray {
@@ -13,14 +14,18 @@ public:
     /// The bus outlives the object.
     explicit TitleNotice(SessionBus& bus) : bus_(bus) {}
 
-    /// In the place of the one before, as long as that one is shown. Waits for nothing.
+    /// In the place of the one before, as long as that one is shown. Waits for nothing; of those
+    /// that come before the desktop has answered the last one is shown.
     void show(const QString& words);
 
 private:
-    void send(QDBusConnection bus, const QString& words);
+    void next();
+    void send(QDBusConnection bus);
 
     SessionBus& bus_;
-    quint32 last_ = 0; ///< the number of the last one; 0 for none
+    std::optional<QString> words_; ///< not sent yet
+    bool busy_ = false;            ///< the bus or an answer is waited for
+    quint32 last_ = 0;             ///< the number of the last one; 0 for none
 };
 
 } // namespace tovik::tray

@@ -3,9 +3,12 @@
 // bar with words that shows for a moment. Interface thread.
 #pragma once
 
+#include "window/ScreenPlace.h"
+
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace tovik::window {
@@ -35,7 +38,8 @@ struct NotifyEvents {
     std::function<void(std::int32_t x)> callback; ///< a message number, times 15
     std::function<void(double notches)> wheel;    ///< positive away from the user
     std::function<void()> middleClick;
-    std::function<void()> takenChanged; ///< see `NotifyArea::taken`
+    /// `NotifyArea::taken` became another, but for what removing the icon did.
+    std::function<void()> takenChanged;
 };
 
 /// As made it is a desktop without such a place.
@@ -52,11 +56,19 @@ public:
     /// Somebody shows icons and took the one that was added: the user can click on it.
     [[nodiscard]] virtual bool taken() const { return false; }
 
+    /// It is not known yet whether somebody takes the one that was added. When it is,
+    /// `takenChanged` is told, unless `taken` is again what it was before the icon was removed and
+    /// added.
+    [[nodiscard]] virtual bool asking() const { return false; }
+
     /// Whom to tell; nobody any more with empty ones.
     virtual void setEvents(NotifyEvents /*events*/) {}
 
     /// What the next activation by the desktop brought along for who shows a window; once.
     [[nodiscard]] virtual std::string takeToken() { return {}; }
+
+    /// Where the desktop wants the menu that it asks for now; once, and none where it does not say.
+    [[nodiscard]] virtual std::optional<ScreenPlace> takePlace() { return std::nullopt; }
 };
 
 /// Words across the top of the screen that the player is on.

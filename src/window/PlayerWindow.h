@@ -5,6 +5,7 @@
 #include "menus/cMenus.h"
 #include "player/PlayerHandle.h"
 #include "window/FullScreen.h"
+#include "window/ScreenPlace.h"
 #include "window/SkinnedWindow.h"
 
 #include <memory>
@@ -43,6 +44,10 @@ public:
     makeMenus(const menus::cMenus& /*model*/, ui::MessageWindow& /*messages*/) {
         return nullptr;
     }
+
+    /// The next menu is asked for by the desktop, from outside of the windows, which wants it at
+    /// that place; none: at the pointer.
+    virtual void askedForMenu(std::optional<ScreenPlace> /*place*/) {}
 
     /// A picture over the screen on which the window in use is, of the two; null where there is
     /// none.

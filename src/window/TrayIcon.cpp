@@ -49,6 +49,7 @@ void TrayIcon::call(NotifyCommand command) {
     const std::string tip = Tooltip();
     std::ranges::copy(base::cutToWidth(tip, kTipBytes - 1), data.szTip.begin());
     state_ = area_.notify(command, data);
+    added_ = command != NotifyCommand::remove;
 }
 
 void TrayIcon::MouseMove(std::int32_t x) {

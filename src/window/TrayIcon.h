@@ -18,8 +18,11 @@ public:
     /// it was a double click.
     std::function<void(int button, bool twice)> Mouse;
 
-    /// The last call of the shell succeeded.
-    [[nodiscard]] bool State() const { return state_; }
+    /// The last call of the shell succeeded, as far as is known by now: an icon that nobody turned
+    /// out to take failed.
+    [[nodiscard]] bool State() const {
+        return state_ && (!added_ || area_.taken() || area_.asking());
+    }
 
     /// As it was set.
     [[nodiscard]] std::string Tooltip() const { return tooltip_.substr(0, tooltip_.size() - 1); }
@@ -50,6 +53,7 @@ private:
     std::string tooltip_{'\0'};
     std::int16_t icon_ = 1;
     bool state_ = false;
+    bool added_ = false; ///< by the last call it is in the tray
     bool busy_ = false;
 };
 

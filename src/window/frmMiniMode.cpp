@@ -42,6 +42,7 @@ frmMiniMode::~frmMiniMode() {
 
 void frmMiniMode::Form_Load() {
     skin::UnpackSkin(p_.host.paths, p_.host.dialogs);
+    completeSkin();
     skin.LoadMiniSkin();
     cutOutline(shape_, p_.main.pictures.find(elements.get(MiniElement::picBackground).picture),
                p_.window);
@@ -51,6 +52,16 @@ void frmMiniMode::Form_Load() {
     volume.setUp();
     display.showAll(p_.core.screen.playing);
     input.hookWheel();
+}
+
+/// The skin of a data folder may be older than this window.
+void frmMiniMode::completeSkin() const {
+    std::vector<std::string> files;
+    for (const MiniPicture& row : miniBindings()) {
+        files.push_back(std::string(row.name) + ".bmp");
+    }
+    skin::completeSkin(p_.host.paths, files,
+                       {p_.host.paths.of(host::DataItem::SkinPackage), p_.shippedSkin});
 }
 
 void frmMiniMode::Form_Unload() {

@@ -27,6 +27,7 @@ public:
         host::Host host;
         MenuPopper* menus = nullptr;   ///< null: there are no menus
         VisualInput* visual = nullptr; ///< null: there are no visualisations
+        std::string shippedSkin{};     ///< the package that came with the program; empty: none
     };
 
     explicit frmMiniMode(const Needs& needs);
@@ -66,6 +67,7 @@ public:
 
 private:
     void chainButtons();
+    void completeSkin() const;
 
     Needs p_;
     ui::cDIBSectionRegion shape_;

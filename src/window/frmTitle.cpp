@@ -8,15 +8,23 @@ namespace tovik::window {
 frmTitle::frmTitle(host::TimerFactory& timers, const config::Errors& errors, TitlePopup& popup)
     : errors_(errors), popup_(popup), Timer1_(timers.makeTimer([this] { Timer1(); })) {
     Timer1_->setInterval(kTimer1Ms);
-    popup_.setKey([this](int keyCode) { static_cast<void>(KeyDown(keyCode)); });
 }
 
 frmTitle::~frmTitle() {
     popup_.setKey(nullptr);
 }
 
+void frmTitle::Load() {
+    config::guard(errors_, config::procedureOf("OSD", "Load"), [this] {
+        popup_.setKey([this](int keyCode) { static_cast<void>(KeyDown(keyCode)); });
+    });
+}
+
 bool frmTitle::show_title(const std::string& text) {
     return config::guard(errors_, config::procedureOf("OSD", "ShowTitle"), [&] {
+        if (!shown()) {
+            Load();
+        }
         popup_.show({.text = text});
         Timer1_->setEnabled(false);
         Timer1_->setEnabled(true);

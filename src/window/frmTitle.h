@@ -32,6 +32,7 @@ public:
     [[nodiscard]] bool shown() const { return Timer1_->enabled(); }
 
 private:
+    void Load();
     void Timer1();
     void unload();
 

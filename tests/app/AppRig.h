@@ -29,6 +29,7 @@ public:
     int y = 200;
     std::string caption;
     bool seen = true;
+    std::optional<window::ScreenPlace> menuPlace;
 
     /// Keeps the outline that the window was given.
     class Outline final : public ui::RegionWindow {
@@ -124,6 +125,11 @@ public:
     void showSplash() override { calls_.emplace_back("splash shown"); }
 
     void endSplash() override { calls_.emplace_back("splash ended"); }
+
+    void askedForMenu(std::optional<window::ScreenPlace> place) override {
+        calls_.emplace_back("menu of the desktop");
+        menuPlace = place;
+    }
 
     [[nodiscard]] ui::RegionWindow* shape() override { return &outline; }
 

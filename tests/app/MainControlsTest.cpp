@@ -4,12 +4,14 @@
 #include "dialogs/DialogOpener.h"
 #include "ui/qt/WindowRig.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QComboBox>
 #include <QDragEnterEvent>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QTest>
+#include <QWheelEvent>
 #include <QWindow>
 #include <set>
 
@@ -42,6 +44,33 @@ TEST_F(MainControlsTest, eachPanelShowsItsOwn) {
     EXPECT_THAT(visibleControls(), ElementsAre("lstTracks", "cmbCDDrives"));
     switchTo("01000");
     EXPECT_THAT(visibleControls(), testing::IsEmpty());
+}
+
+TEST_F(MainControlsTest, theWheelIsTheVolumeButNotOverListsAndBoxes) {
+    sound_.drives = {{.description = "One", .toc = FakeDiscs::discOf({10})}};
+    real_->music().playback.volume.change_volume(50, 0);
+    // As it comes from the window system: to the widget, and to those it lies on if it does not
+    // take it.
+    const auto turnOver = [](QWidget& widget) {
+        const QPointF middle = QRectF(widget.rect()).center();
+        QWheelEvent turn(middle, widget.mapToGlobal(middle), {}, {0, 120}, Qt::NoButton,
+                         Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&widget, &turn);
+    };
+    // None of the lists has anything to scroll.
+    for (const auto& [mask, name] :
+         {std::pair("10000", "List1"), std::pair("00100", "stdSS"), std::pair("00010", "lstTracks"),
+          std::pair("00010", "cmbCDDrives"), std::pair("00001", "RadioLst")}) {
+        switchTo(mask);
+        tick();
+        auto& over = control<QWidget>(name);
+        ASSERT_TRUE(over.isVisible()) << name;
+        auto* const area = qobject_cast<QAbstractScrollArea*>(&over);
+        turnOver(area != nullptr ? *area->viewport() : over);
+        EXPECT_EQ(real_->state().CurrentVolume, 50) << name;
+    }
+    turnOver(shown_->widget());
+    EXPECT_EQ(real_->state().CurrentVolume, 55);
 }
 
 TEST_F(MainControlsTest, theBoxOfDrivesShowsThemAndChoosesOne) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The mini window in the whole player: entering and leaving, what it shows, what its elements do.
 #include "app/PresenceRig.h"
+#include "skin/SkinPackage.h"
 #include "support/skin/TestSkin.h"
 
 namespace tovik::test {
@@ -63,7 +64,30 @@ TEST_F(MiniMode, isOnTopAndOnTheTaskBarAsTheMainWindow) {
     EXPECT_THAT(windowCalls(), ElementsAre("mini not on the task bar", "window hidden",
                                            "mini on top", "mini shown"));
     run(CommandId::alwaysOnTop);
-    EXPECT_THAT(windowCalls(), ElementsAre("mini not on top"));
+    EXPECT_THAT(windowCalls(), ElementsAre("mini not on top", "not on top"));
+    run(CommandId::alwaysOnTop);
+    EXPECT_THAT(windowCalls(), ElementsAre("mini on top", "on top"));
+}
+
+TEST_F(MiniMode, aVisualisationThatFailsKeepsNoWindowAway) {
+    set("CVP", "3");
+    sound_.shelf = {{"/own/a.svp", "Waves"}};
+    play();
+    EXPECT_TRUE(host_.watches.fire(FakeVisuals::listDescriptor()));
+    ASSERT_TRUE(player().state().VisOn);
+    takeOut("VPS");
+    for (const bool comes : {true, false}) {
+        SCOPED_TRACE(comes);
+        player().visuals().sonVis.free();
+        static_cast<void>(windowCalls());
+        host_.dialogs.boxes.clear();
+        run(CommandId::miniMode);
+        EXPECT_EQ(player().state().MiniModeOn, comes);
+        EXPECT_EQ(player().state().MiniModeShown, comes);
+        EXPECT_EQ(windowCalls().back(), comes ? "mini shown" : "window shown");
+        EXPECT_EQ(host_.dialogs.boxes.size(), comes ? 1U : 0U) << "it is told, once";
+        EXPECT_EQ(logged().size(), comes ? 1U : 2U);
+    }
 }
 
 TEST_F(MiniMode, aPanelThatIsChosenBringsTheMainWindow) {
@@ -84,6 +108,24 @@ TEST_F(MiniMode, withoutItsSkinTheMainWindowStaysAndTheFileIsNamed) {
     EXPECT_THAT(windowCalls(), Not(Contains("window hidden")));
     ASSERT_FALSE(host_.dialogs.boxes.empty());
     EXPECT_THAT(host_.dialogs.boxes.back().text, testing::HasSubstr("minmode_9.bmp"));
+}
+
+TEST_F(MiniMode, aSkinThatIsOlderThanTheWindowGetsItsPictures) {
+    std::filesystem::remove(host_.folder / kSkin);
+    writeTestSkin(host_.folder.path());
+    const std::string folder = host_.folder / "skins/CurrentSkin/";
+    std::vector<skin::SkinFile> files;
+    for (const window::MiniPicture& row : window::miniBindings()) {
+        const std::string name = std::string(row.name) + ".bmp";
+        files.push_back({name, host_.folder.read("skins/CurrentSkin/" + name)});
+        std::filesystem::remove(folder + name);
+    }
+    host_.folder.write("shipped/skins/base.tsf", skin::skinPackage(files, ""));
+    options_.shippedFolder = host_.folder / "shipped";
+    enter();
+    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+    EXPECT_TRUE(mini(MiniElement::picBackground).picture);
+    EXPECT_TRUE(std::filesystem::exists(folder + "minmode_9.bmp"));
 }
 
 TEST_F(MiniMode, readsItsSkinAnewEachTime) {
@@ -150,8 +192,22 @@ TEST_F(MiniMode, theOutlineIsThatOfItsGround) {
 }
 
 TEST_F(MiniMode, everyButtonDoesWhatItsTwinDoes) {
-    play();
+    std::string list = "#EXTM3U\n";
+    for (const std::string name : {"T1", "T2", "T3"}) {
+        list += "#EXTINF:60," + name + "\n" + track(name + ".mp3", {.seconds = 60}) + "\n";
+    }
+    options_.commandLine = '"' + host_.folder.write("list.m3u", list) + '"';
+    start();
     enter();
+    const std::string& title = player().state().CurrentTitle;
+    ASSERT_EQ(title, "T1");
+    click(MiniElement::Image4, 4);
+    EXPECT_EQ(title, "T2");
+    click(MiniElement::Image4, 0);
+    EXPECT_EQ(title, "T1");
+    EXPECT_TRUE(host_.dialogs.openDialogs.empty());
+    click(MiniElement::Image4, 5);
+    EXPECT_EQ(host_.dialogs.openDialogs.size(), 1U);
     click(MiniElement::Image4, 2);
     EXPECT_TRUE(player().state().IsPaused);
     click(MiniElement::Image4, 1);
@@ -162,17 +218,61 @@ TEST_F(MiniMode, everyButtonDoesWhatItsTwinDoes) {
     click(shuffled ? MiniElement::Shuffle : MiniElement::ShuffleDown);
     EXPECT_EQ(player().state().ShuffleOn, !shuffled);
     EXPECT_EQ(mini(MiniElement::Shuffle).visible, !shuffled);
-    click(MiniElement::LoopImg2);
-    click(MiniElement::CFD2);
-    click(MiniElement::sld2);
-    EXPECT_TRUE(player().state().RepeatOn);
-    EXPECT_TRUE(player().state().CrossfadeOn);
-    EXPECT_TRUE(player().state().SilenceSkipOn);
-    click(MiniElement::loopImg);
-    EXPECT_FALSE(player().state().RepeatOn);
+    click(shuffled ? MiniElement::ShuffleDown : MiniElement::Shuffle);
+    EXPECT_EQ(player().state().ShuffleOn, shuffled);
+
+    struct ModeLamps {
+        bool player::PlayerState::*flag;
+        MiniElement on;
+        MiniElement off;
+    };
+
+    for (const ModeLamps& lamps :
+         {ModeLamps{&player::PlayerState::RepeatOn, MiniElement::loopImg, MiniElement::LoopImg2},
+          ModeLamps{&player::PlayerState::CrossfadeOn, MiniElement::CFD, MiniElement::CFD2},
+          ModeLamps{&player::PlayerState::SilenceSkipOn, MiniElement::Sld, MiniElement::sld2}}) {
+        SCOPED_TRACE(static_cast<int>(lamps.on));
+        for (const bool on : {true, false}) {
+            click(on ? lamps.off : lamps.on);
+            EXPECT_EQ(player().state().*lamps.flag, on);
+            EXPECT_EQ(mini(lamps.on).visible, on);
+            EXPECT_EQ(mini(lamps.off).visible, !on);
+        }
+    }
     click(MiniElement::Image1, 2);
     EXPECT_TRUE(host_.closing.leaveIfAsked());
 }
+
+/// By the button of that window or by the main one's.
+class EndFromMini : public MiniMode, public testing::WithParamInterface<bool> {};
+
+TEST_P(EndFromMini, keepsWhatTheMainWindowsCloseKeeps) {
+    set("CVL", "80");
+    start();
+    advance(200); // the list of the last session is there
+    player().stdSS().AddItem("", "/kept.mp3", "Kept", "00:03", 3);
+    const bool shuffled = player().state().ShuffleOn;
+    if (GetParam()) {
+        enter();
+    }
+    run(CommandId::shuffle);
+    player().music().playback.volume.change_volume(35, 0);
+    if (GetParam()) {
+        click(MiniElement::Image1, 2);
+    } else {
+        run(CommandId::exit);
+    }
+    ASSERT_TRUE(host_.closing.leaveIfAsked());
+    player().kill_me();
+    EXPECT_EQ(setting("CVL"), "35");
+    EXPECT_EQ(setting("X"), std::to_string(window_.x * 15));
+    EXPECT_EQ(setting("SHF"), shuffled ? "0" : "1");
+    EXPECT_THAT(host_.folder.read(kList), testing::EndsWith("/kept.mp3\r\n"));
+    EXPECT_FALSE(area_.added());
+    EXPECT_THAT(logged(), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Mini, EndFromMini, testing::Bool());
 
 TEST_F(MiniMode, aReleaseBesideTheButtonDoesNothing) {
     play();
@@ -266,7 +366,34 @@ TEST_P(MiniPositionBar, seeksToSixteenPixelsMore) {
 INSTANTIATE_TEST_SUITE_P(Mini, MiniPositionBar,
                          testing::Values(MiniBarPlace{-20, 0}, MiniBarPlace{-16, 0},
                                          MiniBarPlace{-10, 6}, MiniBarPlace{0, 16},
-                                         MiniBarPlace{34, 50}, MiniBarPlace{83, 99}));
+                                         MiniBarPlace{34, 50}, MiniBarPlace{83, 99},
+                                         MiniBarPlace{84, 100}, MiniBarPlace{90, 100}));
+
+TEST_F(MiniMode, aPressBehindTheEndOfTheBarEndsTheTrack) {
+    play(1000);
+    enter();
+    dragTo(90);
+    sound_.elapse(1500);
+    advance(1500);
+    EXPECT_FALSE(player().music().sounds());
+}
+
+TEST_F(MiniMode, theMarkStaysOnABarOfAnotherWidth) {
+    play(1000);
+    enter();
+    window::MiniElements& elements = player().presence().mini.elements;
+    elements.touch(MiniElement::posbar).width = 50;
+    dragTo(60);
+    EXPECT_DOUBLE_EQ(mini(MiniElement::track).width, 50);
+    EXPECT_EQ(player().music().playback.seek.second(), 1000);
+    dragTo(9);
+    EXPECT_DOUBLE_EQ(mini(MiniElement::track).width, 25);
+    EXPECT_EQ(player().music().playback.seek.second(), 500);
+    elements.touch(MiniElement::posbar).width = 200;
+    dragTo(150);
+    EXPECT_DOUBLE_EQ(mini(MiniElement::track).width, 100) << "the limits are those of a bar of 100";
+    EXPECT_EQ(player().music().playback.seek.second(), 500);
+}
 
 TEST_F(MiniMode, theLastSixteenPixelsOfTheBarAreTheEnd) {
     EXPECT_DOUBLE_EQ(window::playedAt(90), 100);

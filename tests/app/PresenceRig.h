@@ -5,6 +5,8 @@
 
 #include "app/AppRig.h"
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,24 +18,45 @@ public:
     std::vector<std::pair<window::NotifyCommand, window::NotifyIconData>> calls;
     window::NotifyEvents events;
     bool there = false; ///< somebody takes icons
+    bool slow = false;  ///< and answers only when it is told to
     std::string token;
+    std::optional<window::ScreenPlace> place;
 
     bool notify(window::NotifyCommand command, const window::NotifyIconData& data) override {
         calls.emplace_back(command, data);
-        added_ = command != window::NotifyCommand::remove;
-        return there;
+        if (command == window::NotifyCommand::modify) {
+            return added_;
+        }
+        added_ = command == window::NotifyCommand::add;
+        asking_ = added_ && slow;
+        if (added_) {
+            report();
+        }
+        return true;
     }
 
-    [[nodiscard]] bool taken() const override { return there && added_; }
+    [[nodiscard]] bool taken() const override { return there && added_ && !asking_; }
+
+    [[nodiscard]] bool asking() const override { return asking_; }
+
+    /// The answer is there.
+    void answer() {
+        asking_ = false;
+        report();
+    }
 
     void setEvents(window::NotifyEvents given) override { events = std::move(given); }
 
     [[nodiscard]] std::string takeToken() override { return std::exchange(token, {}); }
 
+    [[nodiscard]] std::optional<window::ScreenPlace> takePlace() override {
+        return std::exchange(place, std::nullopt);
+    }
+
     /// The tray comes or goes.
     void become(bool present) {
         there = present;
-        events.takenChanged();
+        report();
     }
 
     [[nodiscard]] bool added() const { return added_; }
@@ -41,7 +64,15 @@ public:
     [[nodiscard]] std::string tip() const { return calls.back().second.szTip.data(); }
 
 private:
+    void report() {
+        if (!asking_ && std::exchange(told_, taken()) != taken() && events.takenChanged) {
+            events.takenChanged();
+        }
+    }
+
     bool added_ = false;
+    bool asking_ = false;
+    bool told_ = false;
 };
 
 class NotedPopup final : public window::TitlePopup {
@@ -50,15 +81,30 @@ public:
     window::TitleBar last;
     int hidden = 0;
     std::function<void(int)> key;
+    std::string failing; ///< the call that raises
 
     void show(const window::TitleBar& bar) override {
+        failIf("show");
         texts.push_back(bar.text);
         last = bar;
     }
 
-    void hide() override { ++hidden; }
+    void hide() override {
+        failIf("hide");
+        ++hidden;
+    }
 
-    void setKey(std::function<void(int)> given) override { key = std::move(given); }
+    void setKey(std::function<void(int)> given) override {
+        failIf("setKey");
+        key = std::move(given);
+    }
+
+private:
+    void failIf(const char* call) const {
+        if (failing == call) {
+            throw base::RuntimeError(base::ErrorNumber::DeviceIoError);
+        }
+    }
 };
 
 class PresenceRig : public AppRig {
@@ -91,7 +137,7 @@ protected:
         for (std::size_t i = seenCalls_; i < sound_.calls.size(); ++i) {
             const std::string& call = sound_.calls[i];
             if (call.starts_with("window ") || call.starts_with("mini ") ||
-                call.starts_with("to the front")) {
+                call.starts_with("to the front") || call == "on top" || call == "not on top") {
                 found.push_back(call);
             }
         }

@@ -133,6 +133,81 @@ TEST_F(PresenceOfThePlayer, theWindowComesBackWhenTheTrayGoes) {
     EXPECT_THAT(windowCalls(), IsEmpty());
 }
 
+TEST_F(PresenceOfThePlayer, anotherStyleLeavesTheHiddenWindowWhereItIs) {
+    startInTray();
+    run(CommandId::minimise);
+    static_cast<void>(windowCalls());
+    set("STI", "4");
+    player().choices().preferences.hooks.tray(true);
+    EXPECT_EQ(area_.calls.back().second.hIcon, 4);
+    EXPECT_TRUE(player().presence().hidden());
+    EXPECT_THAT(windowCalls(), Not(Contains("window shown")));
+    // A tray that answers later, likewise, if it takes the icon.
+    area_.slow = true;
+    player().choices().preferences.hooks.tray(true);
+    EXPECT_TRUE(player().presence().hidden());
+    area_.answer();
+    EXPECT_TRUE(player().presence().hidden());
+    EXPECT_THAT(windowCalls(), Not(Contains("window shown")));
+    // One that does not was the way back.
+    player().choices().preferences.hooks.tray(true);
+    EXPECT_TRUE(player().presence().hidden());
+    area_.there = false;
+    area_.answer();
+    EXPECT_FALSE(player().presence().hidden());
+    EXPECT_THAT(windowCalls(), Contains("window shown"));
+}
+
+TEST_F(PresenceOfThePlayer, withoutTheIconTheHiddenWindowComesBack) {
+    startInTray();
+    run(CommandId::minimise);
+    static_cast<void>(windowCalls());
+    set("SHI", "10");
+    player().choices().preferences.hooks.tray(false);
+    EXPECT_FALSE(area_.added());
+    EXPECT_FALSE(player().presence().hidden());
+    EXPECT_THAT(windowCalls(), Contains("window shown"));
+}
+
+TEST_F(PresenceOfThePlayer, aPanelThatIsChosenInTheTraysMenuBringsTheMainWindow) {
+    startInTray();
+    run(CommandId::minimise);
+    static_cast<void>(windowCalls());
+    run(CommandId::equalizerPanel);
+    EXPECT_THAT(windowCalls(), ElementsAre("window shown"));
+    EXPECT_FALSE(player().presence().hidden());
+    EXPECT_EQ(player().state().CurrentPanel, 2);
+    // It is on the screen already: nothing is shown anew.
+    run(CommandId::playlistPanel);
+    EXPECT_THAT(windowCalls(), IsEmpty());
+    run(CommandId::miniMode);
+    run(CommandId::minimise);
+    static_cast<void>(windowCalls());
+    run(CommandId::mainPanel);
+    EXPECT_THAT(windowCalls(), ElementsAre("mini hidden", "window shown"));
+    EXPECT_FALSE(player().presence().hidden());
+}
+
+TEST_F(PresenceOfThePlayer, theMenuComesWhereTheDesktopWantsIt) {
+    startInTray();
+    area_.place = window::ScreenPlace{.left = 700, .top = 20};
+    tell(517);
+    EXPECT_EQ(window_.menuPlace, (window::ScreenPlace{.left = 700, .top = 20}));
+    tell(517);
+    EXPECT_EQ(window_.menuPlace, std::nullopt);
+    EXPECT_EQ(std::ranges::count(sound_.calls, "menu of the desktop"), 2);
+}
+
+TEST_F(PresenceOfThePlayer, theIconsStateTellsWhetherSomebodyTookIt) {
+    start();
+    ASSERT_NE(player().presence().sysTray.icon(), nullptr);
+    EXPECT_FALSE(player().presence().sysTray.icon()->State());
+    area_.become(true);
+    EXPECT_TRUE(player().presence().sysTray.icon()->State());
+    area_.become(false);
+    EXPECT_FALSE(player().presence().sysTray.icon()->State());
+}
+
 TEST_F(PresenceOfThePlayer, theMiniWindowHidesAndComesBackLikewise) {
     startInTray();
     run(CommandId::miniMode);
@@ -285,6 +360,21 @@ TEST_F(PresenceOfThePlayer, asecondTextHasItsTwoSeconds) {
     EXPECT_EQ(popup_.hidden, 1);
     EXPECT_FALSE(title.shown());
     EXPECT_THAT(popup_.texts, ElementsAre("one", "two"));
+}
+
+TEST_F(PresenceOfThePlayer, whatFailsOnThePopupIsLoggedByItsProcedures) {
+    start();
+    window::frmTitle& title = player().presence().title;
+    popup_.failing = "setKey";
+    EXPECT_TRUE(title.show_title("one")) << "it simply goes on";
+    popup_.failing = "hide";
+    advance(2500);
+    popup_.failing = "show";
+    EXPECT_FALSE(title.show_title("two"));
+    popup_.failing.clear();
+    EXPECT_THAT(logged(),
+                ElementsAre(testing::HasSubstr(",OSD,Load"), testing::HasSubstr(",OSD,timer1"),
+                            testing::HasSubstr(",OSD,ShowTitle")));
 }
 
 TEST_F(PresenceOfThePlayer, escapeEndsThePopup) {

@@ -6,8 +6,10 @@ up           becomes the watcher, with a host
 alone        becomes the watcher, without a host
 down         gives the name back
 items        the services that registered and are still on the bus
+changes      the signals of items since it was last asked
+notices      from the first time on: the texts of the notifications that were asked for
 get NAME     a property of the last item
-call NAME    Activate, SecondaryActivate or ContextMenu
+call NAME    Activate, SecondaryActivate or ContextMenu, at 10, 10
 scroll N     by N, vertically
 token TEXT   an activation token"""
 import sys
@@ -30,8 +32,16 @@ INTERFACE = """<node><interface name="org.kde.StatusNotifierWatcher">
 </interface></node>"""
 
 
+NOTICES = """<node><interface name="org.freedesktop.Notifications"><method name="Notify">
+<arg type="s" direction="in"/><arg type="u" direction="in"/><arg type="s" direction="in"/>
+<arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="as" direction="in"/>
+<arg type="a{sv}" direction="in"/><arg type="i" direction="in"/><arg type="u" direction="out"/>
+</method></interface></node>"""
+
+
 class Host:
     def __init__(self):
+        self.notices = None
         self.bus = Gio.bus_get_sync(Gio.BusType.SESSION)
         self.items, self.hosted, self.changes = [], True, []
         node = Gio.DBusNodeInfo.new_for_xml(INTERFACE)
@@ -48,6 +58,10 @@ class Host:
             service = words[0]
             self.items.append(sender if service.startswith("/") else service)
         answer.return_value(None)
+
+    def notified(self, _bus, _sender, _path, _interface, _method, words, answer):
+        self.notices.append(words[3])
+        answer.return_value(GLib.Variant("(u)", (1,)))
 
     def asked(self, _bus, _sender, _path, _interface, name):
         if name == "IsStatusNotifierHostRegistered":
@@ -81,6 +95,14 @@ class Host:
             return self.dbus("ReleaseName", "(s)", WATCHER)
         if command == "items":
             return " ".join(self.live())
+        if command == "notices":
+            if self.notices is None:
+                self.notices = []
+                node = Gio.DBusNodeInfo.new_for_xml(NOTICES)
+                self.bus.register_object("/org/freedesktop/Notifications", node.interfaces[0],
+                                         self.notified, None, None)
+                self.dbus("RequestName", "(su)", "org.freedesktop.Notifications", 4)
+            return repr(self.notices)
         if command == "changes":
             seen, self.changes = self.changes, []
             return " ".join(seen)

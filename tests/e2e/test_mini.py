@@ -111,10 +111,10 @@ class Mini(ProgramTest):
         self.wait_until(lambda: int(self.setting_of(b"CVL")) == volume - 10, "the volume")
         # The clock moves, and turns its direction under a double click.
         self.see(lambda p: p.shows(self.bitmap("minmode_1"), 92, 36), "the second")
+        sign = self.picture().part(40, 36, 10, 15)
         self.tool("xdotool", "mousemove", "--window", self.mini, "97", "43", "click", "--repeat",
                   "2", "--delay", "50", "1")
-        first = self.picture().part(40, 36, 10, 15)
-        self.see(lambda p: p.part(40, 36, 10, 15) != first or len(set(first)) > 1, "the minus")
+        self.see(lambda p: p.part(40, 36, 10, 15) != sign, "the minus")
         # The window follows the ground.
         self.tool("xdotool", "mousemove", "--window", self.mini, *map(str, GROUND), "mousedown",
                   "1")

@@ -7,6 +7,7 @@ import re
 import signal
 import subprocess
 import threading
+import time
 import unittest
 import wave
 
@@ -18,6 +19,43 @@ SECONDS = 300  # of tone, longer than the test
 WARM = 20  # turns after which everything that is made once has been made
 GAP = RATE // 50  # so many silent samples in a row are heard as one
 GROWTH = 2048  # kB
+NONE = 0.5  # seconds at most without any window on the screen
+
+
+class Windows:
+    """Which windows are on the screen, told by the X server in the order in which they come and go:
+    nothing in between is missed."""
+
+    def __init__(self, environment):
+        self.shown, self.most, self.gaps, self.since = set(), 0, [], None
+        self.watch = subprocess.Popen(["xev", "-root", "-event", "substructure"], env=environment,
+                                      stdout=subprocess.PIPE, text=True)
+        self.reader = threading.Thread(target=self.read)
+        self.reader.start()
+
+    def read(self):
+        kind = ""
+        for line in self.watch.stdout:
+            if " event, serial " in line:
+                kind = line.split()[0]
+            found = re.search(r", window (0x[0-9a-f]+), ", line)
+            if not found or "event 0x" not in line:
+                continue
+            if kind == "MapNotify":
+                self.shown.add(found.group(1))
+                if self.since is not None:
+                    self.gaps.append(time.monotonic() - self.since)
+                    self.since = None
+            elif kind in ("UnmapNotify", "DestroyNotify") and found.group(1) in self.shown:
+                self.shown.remove(found.group(1))
+                if not self.shown:
+                    self.since = time.monotonic()
+            self.most = max(self.most, len(self.shown))
+
+    def end(self):
+        self.watch.terminate()
+        self.watch.wait()
+        self.reader.join()
 
 
 class MiniLong(ProgramTest):
@@ -30,9 +68,6 @@ class MiniLong(ProgramTest):
     def memory(self):
         with open(f"/proc/{self.player.pid}/status", encoding="ascii") as file:
             return int(re.search(r"^VmRSS:\s+(\d+)", file.read(), re.M).group(1))
-
-    def windows(self):
-        return self.shown("--class", "tovik")
 
     def test_there_and_back(self):
         tone = self.path("tone.wav")
@@ -54,12 +89,14 @@ class MiniLong(ProgramTest):
         heard = []
         reader = threading.Thread(target=lambda: heard.append(recorder.stdout.read()))
         reader.start()
-        before, most = 0, 0
+        before = 0
+        # The first turn tells the watch which window there is.
+        windows = Windows(self.environment)
+        self.stack.callback(windows.end)
         for turn in range(TIMES):
             for role in ("mini", "player"):
                 self.tool("xdotool", "key", "ctrl+w")
                 shown = self.first(lambda r=role: self.windows_of_role(r), role)
-                most = max(most, len(self.windows()))
                 self.wait_until(lambda w=shown: self.tool(
                     "xdotool", "getactivewindow").stdout.strip() == w, "the keyboard")
             if turn == WARM:
@@ -69,7 +106,10 @@ class MiniLong(ProgramTest):
         reader.join()
         recorder.wait()
         recorder.stdout.close()
-        self.assertEqual(most, 1)
+        windows.end()
+        self.assertEqual(windows.most, 1)
+        self.assertGreaterEqual(len(windows.gaps), 2 * TIMES - 2)
+        self.assertLess(max(windows.gaps), NONE)
         self.assertLess(after - before, GROWTH)
         samples = array.array("h", heard[0][:len(heard[0]) // 2 * 2])
         # The beginning may come before the sound.

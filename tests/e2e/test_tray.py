@@ -1,39 +1,66 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The icon in the tray, on the desktop's bus and in a tray of the window system; hiding and coming
 back; the title popup."""
-import os
 import re
 import subprocess
 import time
 import unittest
+import wave
 
-from program import ProgramTest, media
+from notifier import NotifierTest
+from program import LIMIT, media
 
 SONG = media("wav_s16_44100_stereo.wav")
-MINIMISE = (413, 18)  # of the main window
-HOST = os.path.join(os.path.dirname(os.path.abspath(__file__)), "notifier_host.py")
+MINIMISE, CLOSE = (413, 18), (433, 18)  # of the main window
+
+# Takes the selection by the X library itself: there is no tool that would.
+IDLE_TRAY = """
+import ctypes, time
+x11 = ctypes.CDLL("libX11.so.6")
+x11.XOpenDisplay.restype = ctypes.c_void_p
+display = ctypes.c_void_p(x11.XOpenDisplay(None))
+x11.XDefaultRootWindow.restype = ctypes.c_ulong
+x11.XCreateSimpleWindow.restype = ctypes.c_ulong
+x11.XInternAtom.restype = ctypes.c_ulong
+root = ctypes.c_ulong(x11.XDefaultRootWindow(display))
+window = x11.XCreateSimpleWindow(display, root, 0, 0, 1, 1, 0, ctypes.c_ulong(0), ctypes.c_ulong(0))
+atom = x11.XInternAtom(display, b"_NET_SYSTEM_TRAY_S0", 0)
+x11.XSetSelectionOwner(display, ctypes.c_ulong(atom), ctypes.c_ulong(window), ctypes.c_ulong(0))
+x11.XSync(display, 0)
+print("ready", flush=True)
+time.sleep(60)
+"""
 
 
-class Tray(ProgramTest):
+class Tray(NotifierTest):
     def setUp(self):
         super().setUp()
         self.start_screen()
         self.start_window_manager()
 
-    def start_host(self, *first):
-        """Becomes what desktops with icons have; answers to `host`."""
-        self.helper = subprocess.Popen(["/usr/bin/python3", HOST], env=self.environment, text=True,
-                                       stdin=subprocess.PIPE, stdout=subprocess.PIPE)
-        self.stack.callback(self.helper.communicate)
-        self.stack.callback(self.helper.kill)
-        self.assertEqual(self.helper.stdout.readline().strip(), "ready")
-        for command in first:
-            self.host(command)
+    def silence(self):
+        """A file that plays longer than a test."""
+        path = self.path("silence.wav")
+        with wave.open(path, "wb") as file:
+            file.setnchannels(1)
+            file.setsampwidth(2)
+            file.setframerate(8000)
+            file.writeframes(bytes(2 * 8000 * 60))
+        return path
 
-    def host(self, *words):
-        self.helper.stdin.write(" ".join(words) + "\n")
-        self.helper.stdin.flush()
-        return self.helper.stdout.readline().strip()
+    def remote(self, method, *words):
+        """What the player's remote control answers."""
+        return self.tool("dbus-send", "--print-reply", "--dest=org.mpris.MediaPlayer2.tovik",
+                         "/org/mpris/MediaPlayer2", method, *words).stdout
+
+    def plays(self):
+        """Playing, Paused or Stopped."""
+        said = self.remote("org.freedesktop.DBus.Properties.Get",
+                           "string:org.mpris.MediaPlayer2.Player", "string:PlaybackStatus")
+        return re.search(r'"(\w+)"', said).group(1)
+
+    def menus(self, *others):
+        return [w for w in self.shown("--class", "tovik") if w not in (self.main, *others)]
 
     def minimise(self):
         self.tool("xdotool", "mousemove", "--window", self.main, *map(str, MINIMISE), "click", "1")
@@ -45,9 +72,6 @@ class Tray(ProgramTest):
     def hidden(self):
         """Neither on the screen nor on the task bar: the window manager knows it no more."""
         return "not found" in self.tool("xprop", "-id", self.main, "WM_STATE").stdout
-
-    def item(self):
-        return self.first(lambda: [i for i in [self.host("items")] if i], "the icon")
 
     def prepare(self, **settings):
         """Fills the data folder, and changes settings in it."""
@@ -62,7 +86,13 @@ class Tray(ProgramTest):
     def test_an_icon_on_the_bus(self):
         self.start_bus()
         self.start_host("up")
-        self.start_shown(SONG)
+        watched = self.path("calls")
+        with open(watched, "wb") as file:
+            monitor = subprocess.Popen(["dbus-monitor", "member='ReleaseName'"],
+                                       env=self.environment, stdout=file)
+        self.stack.callback(monitor.wait)
+        self.stack.callback(monitor.kill)
+        self.start_shown(self.silence())
         service = self.item()
         self.assertEqual(service, f"org.kde.StatusNotifierItem-{self.player.pid}-1")
         self.assertEqual(self.host("get", "Id"), "'tovik'")
@@ -74,24 +104,39 @@ class Tray(ProgramTest):
         self.assertEqual([(w, h, n) for w, h, n in pictures if n == 4 * w * h], pictures)
         self.assertGreaterEqual(len(pictures), 4)
         # The tooltip tells what plays.
-        self.assertIn("wav_s16_44100_stereo", self.host("get", "ToolTip"))
+        self.assertIn("silence", self.host("get", "ToolTip"))
         # Minimise hides: the icon is the way back.
         self.wait_until(self.taken, "the tray to have the icon")
+        self.assertEqual(self.host("token", "seat"), "ok")
         self.host("call", "Activate")
         self.wait_until(self.player_windows, "the window")
         # The wheel is the volume, the middle button the pause.
         volume = self.volume()
         self.host("scroll", "-120")
         self.wait_until(lambda: self.volume() == volume - 5, "the volume")
+        self.assertEqual(self.plays(), "Playing")
+        self.host("call", "SecondaryActivate")
+        self.wait_until(lambda: self.plays() == "Paused", "the pause")
+        self.host("call", "SecondaryActivate")
+        self.wait_until(lambda: self.plays() == "Playing", "the end of the pause")
+        # The menu comes where the host wants it, and does what it says.
         self.host("call", "ContextMenu")
-        menu = self.first(lambda: [w for w in self.shown("--class", "tovik") if w != self.main],
-                          "the menu")
-        self.assertTrue(menu)
+        menu = self.first(self.menus, "the menu")
+        said = self.tool("xdotool", "getwindowgeometry", "--shell", menu).stdout
+        self.assertIn("X=10\nY=10\n", said)
         self.keep_screenshot("tray-menu.png")
         self.tool("xdotool", "key", "Escape")
-        # It is taken away before the program is gone.
-        self.end_shown()
+        self.wait_until(lambda: not self.menus(), "the end of the menu")
+        # Without a track it tells the program.
+        self.host("changes")
+        self.remote("org.mpris.MediaPlayer2.Player.Stop")
+        self.wait_until(lambda: "Tovik version" in self.host("get", "ToolTip"), "the version")
+        self.assertIn("NewToolTip", self.host("changes"))
+        # It is taken away by the program, not by its end.
+        self.tool("xdotool", "mousemove", "--window", self.main, *map(str, CLOSE), "click", "1")
+        self.assertEqual(self.player.wait(LIMIT), 0)
         self.assertEqual(self.host("items"), "")
+        self.wait_until(lambda: service.encode() in open(watched, "rb").read(), "the release")
 
     def taken(self):
         """Minimise hides the window once the host has the icon, and not before."""
@@ -146,7 +191,8 @@ class Tray(ProgramTest):
     def test_a_tray_of_the_window_system(self):
         if not self.has("trayer"):
             self.fail("trayer is not installed")
-        self.start_shown(SONG)
+        self.start_bus()  # without a host: for the remote control
+        self.start_shown(self.silence())
         time.sleep(0.4)
         # It comes while the player runs.
         tray = subprocess.Popen(["trayer", "--edge", "bottom", "--align", "right", "--width", "20"],
@@ -155,20 +201,47 @@ class Tray(ProgramTest):
         self.stack.callback(tray.wait)
         self.stack.callback(tray.kill)
 
-        def icons():
-            return [w for w in self.shown("--class", "tovik") if w != self.main]
+        icon = self.first(self.menus, "the icon")
 
-        icon = self.first(icons, "the icon")
+        def on_icon(*words):
+            self.tool("xdotool", "mousemove", "--window", icon, "8", "8", "click", *words)
+
         self.keep_screenshot("trayer.png")
         self.wait_until(self.taken, "the window to be hidden")
-        self.tool("xdotool", "mousemove", "--window", icon, "8", "8", "click", "1")
+        on_icon("1")
         self.wait_until(self.player_windows, "the window")
         volume = self.volume()
-        self.tool("xdotool", "mousemove", "--window", icon, "8", "8", "click", "5")
+        on_icon("5")
         self.wait_until(lambda: self.volume() == volume - 5, "the volume")
+        on_icon("2")
+        self.wait_until(lambda: self.plays() == "Paused", "the pause")
+        on_icon("2")
+        self.wait_until(lambda: self.plays() == "Playing", "the end of the pause")
+        on_icon("3")
+        self.wait_until(lambda: self.menus(icon), "the menu")
+        self.tool("xdotool", "key", "Escape")
+        self.wait_until(lambda: not self.menus(icon), "the end of the menu")
+        # A double click is one that shows the window, and no more.
+        self.wait_until(self.taken, "the window to be hidden")
+        on_icon("--repeat", "2", "--delay", "40", "1")
+        self.wait_until(self.player_windows, "the window")
         self.wait_until(self.taken, "the window to be hidden")
         tray.kill()
         self.wait_until(self.player_windows, "the window")
+        self.end_shown()
+
+    def test_a_tray_that_takes_no_icon_is_none(self):
+        """It owns the selection of trays, and never takes a window in."""
+        owner = subprocess.Popen(["/usr/bin/python3", "-c", IDLE_TRAY], env=self.environment,
+                                 stdout=subprocess.PIPE, text=True)
+        self.stack.callback(owner.communicate)
+        self.stack.callback(owner.kill)
+        self.assertEqual(owner.stdout.readline().strip(), "ready")
+        self.start_shown(SONG)
+        time.sleep(1.5)
+        self.minimise()
+        self.wait_until(self.minimised, "the window to be minimised")
+        self.assertFalse(self.hidden())
         self.end_shown()
 
     def test_without_any_tray(self):

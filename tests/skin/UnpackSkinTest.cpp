@@ -331,5 +331,45 @@ TEST(SkinPackage, isNotMadeOfWhatCannotBeUnpacked) {
     EXPECT_THROW(made(std::vector<SkinFile>(32768)), base::RuntimeError);
 }
 
+class CompleteSkinTest : public UnpackSkinTest {
+protected:
+    CompleteSkinTest() {
+        fs::create_directories(host_.folder / "skins/CurrentSkin");
+        host_.folder.write("skins/CurrentSkin/main.bmp", "mine");
+    }
+
+    std::string package(const std::string& name, const std::vector<SkinFile>& files) {
+        return host_.folder.write(name, skinPackage(files, ""));
+    }
+
+    void complete(const std::vector<std::string>& packages) {
+        completeSkin(host_.paths, {"new_a.bmp", "new_b.bmp"}, packages);
+        EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+    }
+};
+
+TEST_F(CompleteSkinTest, takesWhatIsMissingFromTheFirstPackageThatHasIt) {
+    const std::string old = package("old.tsf", {{"main.bmp", "old"}});
+    const std::string recent =
+        package("recent.tsf", {{"New_A.bmp", "a"}, {"main.bmp", "other"}, {"new_b.bmp", "b"}});
+    const std::string last = package("last.tsf", {{"new_a.bmp", "z"}});
+    complete({host_.folder / "none.tsf", old, recent, last});
+    EXPECT_THAT(files(), ElementsAre(Pair("New_A.bmp", "a"), Pair("main.bmp", "mine"),
+                                     Pair("new_b.bmp", "b")));
+}
+
+TEST_F(CompleteSkinTest, aFolderThatHasSomeOfThemIsLeftAlone) {
+    host_.folder.write("skins/CurrentSkin/new_b.bmp", "mine");
+    complete({package("recent.tsf", {{"new_a.bmp", "a"}, {"new_b.bmp", "b"}})});
+    EXPECT_THAT(files(), ElementsAre(Pair("main.bmp", "mine"), Pair("new_b.bmp", "mine")));
+}
+
+TEST_F(CompleteSkinTest, aPackageThatIsNoneOrBrokenIsPassedOver) {
+    const std::string foreign = host_.folder.write("foreign.tsf", header(0, "Other12345"));
+    const std::string cut = host_.folder.write("cut.tsf", header(3) + "x");
+    complete({"", foreign, cut, package("good.tsf", {{"new_a.bmp", "a"}})});
+    EXPECT_THAT(files(), ElementsAre(Pair("main.bmp", "mine"), Pair("new_a.bmp", "a")));
+}
+
 } // namespace
 } // namespace tovik::skin

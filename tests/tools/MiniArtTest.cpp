@@ -79,23 +79,66 @@ TEST(MiniArt, noTwoPicturesAreEqual) {
     EXPECT_EQ(seen.size(), 29U);
 }
 
-TEST(MiniArt, onlyTheBodyIsCutAndOnlyOutsideItsOutline) {
+bool isKey(QRgb pixel) {
+    return (pixel | 0xFF000000U) == (keyPixel() | 0xFF000000U);
+}
+
+int keyPixels(const QImage& image) {
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            count += isKey(image.pixel(x, y)) ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+TEST(MiniArt, theBodyIsCutAlongItsOutlineAndWhatLiesOnItLeavesItFree) {
     for (const int scale : {1, 2}) {
         for (const auto& [name, image] : miniPictures(scale)) {
-            int key = 0;
-            for (int y = 0; y < image.height(); ++y) {
-                for (int x = 0; x < image.width(); ++x) {
-                    key += (image.pixel(x, y) | 0xFF000000U) == (keyPixel() | 0xFF000000U) ? 1 : 0;
-                }
-            }
+            SCOPED_TRACE(name + " at " + std::to_string(scale));
+            const int all = image.width() * image.height();
+            const int key = keyPixels(image);
             if (name == "minmode_main") {
                 EXPECT_GT(key, 1500 * scale * scale);
                 EXPECT_LT(key, 5000 * scale * scale);
+                EXPECT_TRUE(isKey(image.pixel(0, 0)));
+            } else if (image.size() == QSize(10, 15) * scale) {
+                // Of a digit only its strokes are there: the glass shows all around them.
+                EXPECT_GT(key, all * 3 / 10);
+                EXPECT_LT(key, all);
             } else {
-                EXPECT_EQ(key, 0) << name << " at " << scale;
+                // Its round corners show what it lies on.
+                EXPECT_LT(key, all / 4);
+                EXPECT_GT(key, 0);
+                EXPECT_TRUE(isKey(image.pixel(0, 0)));
+                EXPECT_FALSE(isKey(image.pixel(image.width() / 2, image.height() / 2)));
             }
         }
     }
+}
+
+/// One light and one palette for both windows: the body of the one is the metal of the other.
+TEST(MiniArt, bothWindowsAreMadeOfTheSameMetal) {
+    const auto bodyOf = [](const Drawings& all, const std::string& name) {
+        return rendered(*std::ranges::find(all, name, &Drawing::name), 1);
+    };
+    const QImage mini = bodyOf(miniSkinDrawings(), "minmode_main");
+    const QImage main = bodyOf(skinDrawings(), "main");
+    const auto brightness = [](const QImage& image, int x, double part) {
+        return qGray(image.pixel(x, static_cast<int>(image.height() * part)));
+    };
+    // Light from above, as far down and as dark below.
+    for (const double part : {0.5, 0.9}) {
+        EXPECT_NEAR(brightness(mini, 151, part), brightness(main, 11, part), 14) << part;
+    }
+    EXPECT_GT(brightness(mini, 151, 0.2), brightness(mini, 151, 0.9) + 20);
+    // Neighbouring rows differ a little, as brushed metal does.
+    int different = 0;
+    for (int y = 20; y < 58; ++y) {
+        different += mini.pixel(157, y) != mini.pixel(157, y + 1) ? 1 : 0;
+    }
+    EXPECT_GT(different, 25);
 }
 
 TEST(MiniArt, everyShownElementLiesInsideTheOutline) {

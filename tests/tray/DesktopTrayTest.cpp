@@ -2,30 +2,10 @@
 // The tray where there is none: no bus, a bus that nobody answers on, no tray of the window system.
 #include "tray/DesktopTray.h"
 
-#include <gtest/gtest.h>
-
-#include <QTemporaryDir>
-#include <QTest>
+#include "BusRig.h"
 
 namespace tovik::tray {
 namespace {
-
-/// Puts an environment variable back as it was.
-class Variable {
-public:
-    Variable(const char* name, const QByteArray& value) : name_(name), before_(qgetenv(name)) {
-        value.isEmpty() ? qunsetenv(name) : qputenv(name, value);
-    }
-
-    ~Variable() { before_.isEmpty() ? qunsetenv(name_) : qputenv(name_, before_); }
-
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-private:
-    const char* name_;
-    QByteArray before_;
-};
 
 class DesktopTrayTest : public testing::Test {
 protected:
@@ -44,7 +24,9 @@ TEST_F(DesktopTrayTest, withoutABusNothingTakesTheIcon) {
                     }});
     EXPECT_FALSE(tray.taken());
     EXPECT_TRUE(tray.notify(window::NotifyCommand::add, {}));
+    EXPECT_TRUE(tray.asking());
     QTest::qWait(3 * DesktopTray::kAfterFirstPaintMs);
+    EXPECT_FALSE(tray.asking()) << "it is known that nobody takes it";
     EXPECT_FALSE(tray.taken());
     EXPECT_EQ(changes, 0);
     EXPECT_TRUE(tray.notify(window::NotifyCommand::modify, {}));
@@ -54,8 +36,7 @@ TEST_F(DesktopTrayTest, withoutABusNothingTakesTheIcon) {
 }
 
 TEST_F(DesktopTrayTest, aBusThatIsNotThereIsNoBus) {
-    const Variable address("DBUS_SESSION_BUS_ADDRESS",
-                           "unix:path=" + folder_.filePath(QStringLiteral("none")).toUtf8());
+    const Variable address("DBUS_SESSION_BUS_ADDRESS", busAddress());
     SessionBus bus;
     bool ready = false;
     bool failed = false;

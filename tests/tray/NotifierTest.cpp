@@ -67,6 +67,15 @@ TEST_F(NotifierItemTest, onlyWhatChangedIsTold) {
     EXPECT_EQ(item_.toolTip().title, QStringLiteral("two"));
 }
 
+TEST_F(NotifierItemTest, thePlaceOfTheMenuIsGivenOutOnce) {
+    item_.ContextMenu(640, 12);
+    EXPECT_EQ(item_.takePlace(), (window::ScreenPlace{.left = 640, .top = 12}));
+    EXPECT_EQ(item_.takePlace(), std::nullopt);
+    // Who knows no place says the corner.
+    item_.ContextMenu(0, 0);
+    EXPECT_EQ(item_.takePlace(), std::nullopt);
+}
+
 TEST_F(NotifierItemTest, aTokenIsGivenOutOnce) {
     item_.ProvideXdgActivationToken(QStringLiteral("seat"));
     EXPECT_EQ(item_.takeToken(), "seat");

@@ -22,12 +22,18 @@ public:
     NotifyIconData last;
     std::vector<NotifyCommand> commands;
     bool answer = true;
+    bool has = true;
+    bool waits = false;
 
     bool notify(NotifyCommand command, const NotifyIconData& data) override {
         commands.push_back(command);
         last = data;
         return answer;
     }
+
+    [[nodiscard]] bool taken() const override { return has; }
+
+    [[nodiscard]] bool asking() const override { return waits; }
 };
 
 class TrayIconTest : public testing::Test {
@@ -96,6 +102,17 @@ TEST_F(TrayIconTest, theStateIsThatOfTheLastCall) {
     area_.answer = false;
     icon_.Modify();
     EXPECT_FALSE(icon_.State());
+}
+
+TEST_F(TrayIconTest, anIconThatNobodyTookFailed) {
+    area_.has = false;
+    area_.waits = true;
+    icon_.Add();
+    EXPECT_TRUE(icon_.State()) << "nobody has refused it yet";
+    area_.waits = false;
+    EXPECT_FALSE(icon_.State());
+    icon_.Remove();
+    EXPECT_TRUE(icon_.State()) << "nothing is left to be taken";
 }
 
 TEST_F(TrayIconTest, sixMessagesAreToldAndNoOthers) {

@@ -44,7 +44,7 @@ void paintVolume(QPainter& painter, bool lit) {
         if (lit) {
             QLinearGradient along(0, 0, kLongest, 0);
             along.setColorAt(0, QColor::fromRgb(kAmber));
-            along.setColorAt(1, QColor::fromRgb(0xFFF2603C));
+            along.setColorAt(1, QColor::fromRgb(kAmberDeep));
             painter.fillPath(rounded(box, 1), along);
         } else {
             painter.fillPath(rounded(box.translated(0, 0.5), 1), QColor(255, 255, 255, 150));

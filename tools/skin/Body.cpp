@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Body.h"
 
+#include "Metal.h"
 #include "Shapes.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <QLinearGradient>
 #include <QPen>
 
@@ -61,37 +61,6 @@ void paintGrille(QPainter& painter) {
     }
 }
 
-/// Hairlines along the metal, the same each time: their strength comes from their number.
-void paintBrush(QPainter& painter) {
-    constexpr double kPitch = 0.5;
-    constexpr std::uint32_t kStrength = 11;
-    std::uint32_t state = 0x9E3779B9;
-    for (double y = 0; y < kWindow.height(); y += kPitch) {
-        state = state * 1664525U + 1013904223U;
-        const std::uint32_t alpha = (state >> 24) % kStrength;
-        const bool light = (state >> 16 & 1) != 0;
-        painter.fillRect(
-            QRectF(0, y, kWindow.width(), kPitch),
-            QColor(light ? 255 : 0, light ? 255 : 0, light ? 255 : 20, static_cast<int>(alpha)));
-    }
-}
-
-/// A screw in the rails beside the deck.
-void paintScrew(QPainter& painter, QPointF middle) {
-    constexpr double kRadius = 3.5;
-    const QRectF head(middle.x() - kRadius, middle.y() - kRadius, 2 * kRadius, 2 * kRadius);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colourOf(0x50FFFFFF));
-    painter.drawEllipse(head.translated(0, 0.8));
-    painter.setBrush(colourOf(kShellFoot));
-    painter.drawEllipse(head);
-    painter.setBrush(downwards(head, {0xFFC3C9EE, 0xFF5A61A0}));
-    painter.drawEllipse(head.adjusted(0.8, 0.8, -0.8, -0.8));
-    painter.setPen(QPen(colourOf(kShellFoot), 1.1, Qt::SolidLine, Qt::FlatCap));
-    painter.drawLine(middle - QPointF(1.5, 1.5), middle + QPointF(1.5, 1.5));
-    painter.drawLine(middle - QPointF(1.5, -1.5), middle + QPointF(1.5, -1.5));
-}
-
 /// The sunk plate that the name stands on.
 void paintNamePlate(QPainter& painter) {
     const QRectF box(244, 275, 46, 17);
@@ -115,12 +84,6 @@ void paintEngraving(QPainter& painter, double from, double to) {
         painter.fillRect(QRectF(left, y, width, 1), dark);
         painter.fillRect(QRectF(left, y + 1, width, 1), light);
     }
-}
-
-/// A shallow bed for the six buttons of the transport.
-void paintBed(QPainter& painter, const QRectF& box) {
-    painter.fillPath(rounded(box.translated(0, 1), 8), colourOf(0x30FFFFFF));
-    painter.fillPath(rounded(box, 8), downwards(box, {0xB00C0D1E, 0x500C0D1E}));
 }
 
 } // namespace
@@ -155,21 +118,15 @@ QPainterPath bodyOutline() {
 
 void paintBody(QPainter& painter) {
     const QPainterPath outline = bodyOutline();
-    // The edge is cut without smoothing, so the shell goes on beyond it.
-    painter.fillRect(kWindow.adjusted(-2, -2, 2, 2), downwards(kWindow, kShell));
-    QLinearGradient sheen(0, 0, 0, 38);
-    sheen.setColorAt(0, colourOf(0x40FFFFFF));
-    sheen.setColorAt(1, colourOf(0x00FFFFFF));
-    painter.fillRect(QRectF(0, 0, kWindow.width(), 38), sheen);
-    paintBrush(painter);
+    paintMetal(painter, kWindow, 38);
     paintEngraving(painter, 108, 44);
     paintEngraving(painter, 278, 372);
     paintGrille(painter);
-    paintBed(painter, QRectF(22, 268, 216, 30));
+    paintBed(painter, QRectF(22, 268, 216, 30), 8);
     paintNamePlate(painter);
     for (const QPointF screw :
          {QPointF(7.5, 58.5), QPointF(7.5, 245.5), QPointF(463.5, 58.5), QPointF(463.5, 245.5)}) {
-        paintScrew(painter, screw);
+        paintScrew(painter, screw, 3.5);
     }
     paintDeck(painter);
     paintCard(painter, kListTitle, 16);

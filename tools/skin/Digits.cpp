@@ -131,17 +131,19 @@ constexpr double kMiniLeft = -0.9;
 
 /// Its lines lie `shift` further to the right in the small cell.
 Drawing miniCell(std::string name, Steps steps, double shift = 0) {
-    return {.name = std::move(name),
-            .size = kMiniCell,
-            .paint =
-                [steps, shift](QPainter& painter) {
-                    painter.fillRect(QRectF(QPointF(0, 0), QSizeF(kMiniCell)),
-                                     QColor::fromRgb(kMiniGlass));
-                    painter.translate(kMiniLeft + shift, 0);
-                    painter.scale(kMiniScale, kMiniScale);
-                    paintSteps(painter, steps);
-                },
-            .spot = {}};
+    return cutFrom(
+        [](QPainter& painter) {
+            paintMiniBodyUnder(painter, miniRectOf(window::MiniElement::timed, 1));
+        },
+        {.name = std::move(name),
+         .size = kMiniCell,
+         .paint =
+             [steps, shift](QPainter& painter) {
+                 painter.translate(kMiniLeft + shift, 0);
+                 painter.scale(kMiniScale, kMiniScale);
+                 paintSteps(painter, steps);
+             },
+         .spot = {}});
 }
 
 } // namespace

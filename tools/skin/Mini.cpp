@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The pictures of the mini window but its digits.
 #include "Families.h"
-#include "Icons.h"
 #include "MiniBody.h"
+#include "PixelArt.h"
 #include "Shapes.h"
 
-#include <array>
+#include <QLinearGradient>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace tovik::skinart {
 
@@ -14,80 +16,135 @@ namespace {
 
 using N = window::MiniElement;
 
+/// So small a symbol is made of whole pixels, as the lamps and the letters of the display are.
 struct ButtonRow {
     const char* name;
     N element;
     std::size_t index;
-    Icon icon;
-    double size;
+    PixelRows symbol;
 };
 
-constexpr auto kTransport = std::to_array<ButtonRow>({
-    {"minmode_pre", N::Image4, 0, Icon::Previous, 8},
-    {"minmode_play", N::Image4, 1, Icon::Play, 8},
-    {"minmode_pause", N::Image4, 2, Icon::Pause, 8},
-    {"minmode_stop", N::Image4, 3, Icon::Stop, 8},
-    {"minmode_next", N::Image4, 4, Icon::Next, 8},
-    {"minmode_open", N::Image4, 5, Icon::Open, 8},
-});
+const std::vector<ButtonRow>& transport() {
+    static const std::vector<ButtonRow> rows{
+        {"minmode_pre",
+         N::Image4,
+         0,
+         {"X....X", "X...XX", "X..XXX", "X.XXXX", "X..XXX", "X...XX", "X....X"}},
+        {"minmode_play", N::Image4, 1, {"X...", "XX..", "XXX.", "XXXX", "XXX.", "XX..", "X..."}},
+        {"minmode_pause",
+         N::Image4,
+         2,
+         {"XX..XX", "XX..XX", "XX..XX", "XX..XX", "XX..XX", "XX..XX", "XX..XX"}},
+        {"minmode_stop",
+         N::Image4,
+         3,
+         {"......", "XXXXXX", "XXXXXX", "XXXXXX", "XXXXXX", "XXXXXX", "XXXXXX"}},
+        {"minmode_next",
+         N::Image4,
+         4,
+         {"X....X", "XX...X", "XXX..X", "XXXX.X", "XXX..X", "XX...X", "X....X"}},
+        {"minmode_open", N::Image4, 5, {"..XX..", ".XXXX.", "XXXXXX", "......", "XXXXXX"}},
+    };
+    return rows;
+}
 
-constexpr auto kCorners = std::to_array<ButtonRow>({
-    {"mini_restore", N::Image1, 0, Icon::MiniMode, 7},
-    {"mini_hide", N::Image1, 1, Icon::Minimise, 7},
-    {"mini_close", N::Image1, 2, Icon::Close, 7},
-});
+const std::vector<ButtonRow>& corners() {
+    static const std::vector<ButtonRow> rows{
+        {"mini_restore", N::Image1, 0, {"XXXXXX", "X....X", "X..XXX", "X..XXX", "XXXXXX"}},
+        {"mini_hide", N::Image1, 1, {"......", "......", "......", "XXXXXX", "XXXXXX"}},
+        {"mini_close", N::Image1, 2, {"XX..XX", ".XXXX.", "..XX..", ".XXXX.", "XX..XX"}},
+    };
+    return rows;
+}
+
+/// What a box of the window lies on.
+std::function<void(QPainter&)> groundOf(const QRectF& window) {
+    return [window](QPainter& painter) { paintMiniBodyUnder(painter, window); };
+}
 
 Drawing drawing(std::string name, QSize size, std::function<void(QPainter&)> paint) {
     return {.name = std::move(name), .size = size, .paint = std::move(paint), .spot = {}};
 }
 
+/// The symbol stands in the middle of its face.
+void paintButton(QPainter& painter, const QRectF& box, const PixelRows& symbol, Look look) {
+    paintFace(painter, box, look, 3);
+    const QPoint corner(static_cast<int>(box.width() - static_cast<double>(symbol[0].size())) / 2,
+                        static_cast<int>(box.height() - static_cast<double>(symbol.size())) / 2);
+    paintPixels(painter, corner + QPoint(0, 1), symbol, kShadow);
+    paintPixels(painter, corner, symbol, symbolColour(look));
+}
+
 Drawing button(const ButtonRow& row, const char* ending, Look look) {
     const QRectF window = miniRectOf(row.element, row.index);
-    return drawing(std::string(row.name) + ending, window.size().toSize(),
-                   [row, window, look](QPainter& painter) {
-                       const QRectF box(QPointF(0, 0), window.size());
-                       paintMiniBodyUnder(painter, window);
-                       paintFace(painter, box, look, 3);
-                       paintIcon(painter, row.icon, {box.center().x(), box.center().y() - 0.5},
-                                 row.size, symbolColour(look), false);
-                   });
+    return cutFrom(
+        groundOf(window),
+        drawing(std::string(row.name) + ending, window.size().toSize(),
+                [row, window, look](QPainter& painter) {
+                    paintButton(painter, {QPointF(0, 0), window.size()}, row.symbol, look);
+                }));
+}
+
+/// From where the sound is soft to where it is loud, or from the begin to the end.
+QLinearGradient warmth(QPointF from, QPointF to) {
+    QLinearGradient colours(from, to);
+    colours.setColorAt(0, QColor::fromRgb(kAmber));
+    colours.setColorAt(1, QColor::fromRgb(kAmberDeep));
+    return colours;
 }
 
 void paintPosition(QPainter& painter, bool played) {
-    const QRectF window = miniRectOf(N::posbar);
-    const QRectF groove(0.5, 1, window.width() - 1, 4);
-    paintMiniBodyUnder(painter, window);
-    painter.fillPath(rounded(groove, 2), QColor::fromRgb(kGlassLine));
+    const QRectF groove(0, 1, miniRectOf(N::posbar).width(), 4);
+    painter.fillPath(rounded(groove.translated(0, 1), 2), QColor::fromRgba(0x30FFFFFF));
+    painter.fillPath(rounded(groove, 2), QColor::fromRgb(kGlassEdge));
+    const QRectF inner = groove.adjusted(1, 1, -1, -1);
     if (played) {
-        painter.fillPath(rounded(groove, 2), downwards(groove, {kAmberBright, kAmber}));
+        painter.fillPath(rounded(inner, 1), warmth(inner.topLeft(), inner.topRight()));
+    } else {
+        painter.fillPath(rounded(inner, 1), QColor::fromRgb(kGlassLine));
     }
 }
 
-/// A stair of light bars that grow upwards, right of the groove of the thumb.
+constexpr double kGrooveLeft = 16.5; ///< of the volume, in its card
+constexpr double kGrooveTop = 5;
+constexpr double kGrooveWidth = 3;
+
+/// A card as those of the main window, with a stair of bars that grow upwards beside the groove.
 void paintVolume(QPainter& painter) {
-    constexpr int kSteps = 9;
-    const QRectF window = miniRectOf(N::volbar);
-    const QRectF box(QPointF(0, 0), window.size());
-    paintMiniBodyUnder(painter, window);
-    painter.fillPath(rounded(box.adjusted(2.5, 0.5, -2.5, -0.5), 6),
-                     downwards(box, {0xD00C0D1E, 0x800C0D1E}));
+    constexpr int kSteps = 10;
+    constexpr double kPitch = 5;
+    constexpr double kBeside = 7.5; // clear of the thumb
+    const QRectF box(QPointF(0, 0), miniRectOf(N::volbar).size());
+    paintCard(painter, box, 0);
+    paintGroove(painter, {kGrooveLeft, kGrooveTop, kGrooveWidth, box.height() - 2 * kGrooveTop},
+                kInkSoft);
     const double middle = box.center().x();
-    painter.fillPath(rounded({middle - 1.5, 5, 3, box.height() - 10}, 1.5),
-                     QColor::fromRgb(kGlassEdge));
+    const QBrush lit = warmth({0, kGrooveTop + kSteps * kPitch}, {0, kGrooveTop});
     for (int step = 0; step < kSteps; ++step) {
-        const double y = 5 + step * (box.height() - 10) / (kSteps - 1);
-        const double length = 5 - 3.5 * step / (kSteps - 1);
-        const QColor colour = QColor::fromRgb(step < 2 ? kAmber : kIconDim);
-        painter.fillRect(QRectF(middle - 7.5 - length, y - 0.5, length, 1), colour);
-        painter.fillRect(QRectF(middle + 7.5, y - 0.5, length, 1), colour);
+        const double y = kGrooveTop + 1 + step * kPitch;
+        const double length = 8 - 0.6 * step;
+        for (const double left : {middle - kBeside - length, middle + kBeside}) {
+            const QRectF bar(left, y, length, 2);
+            painter.fillPath(rounded(bar.translated(0, 0.5), 1), QColor(255, 255, 255, 150));
+            painter.fillPath(rounded(bar, 1), lit);
+        }
     }
 }
 
-/// It lies on the groove wherever it stands, so it shows what is beside it nearly the same.
-void paintThumb(QPainter& painter) {
-    const QRectF box(0, 0, 13, 9);
-    painter.fillRect(box, QColor::fromRgb(0xFF16172E));
-    paintKnob(painter, box, {3, 4, 7, 1});
+constexpr QSize kThumb(13, 9);
+
+/// It lies on the groove wherever it stands.
+Drawing thumb() {
+    return cutFrom(
+        [](QPainter& painter) {
+            painter.save();
+            painter.translate(kThumb.width() / 2.0 - miniRectOf(N::volbar).width() / 2, -25);
+            paintVolume(painter);
+            painter.restore();
+        },
+        drawing("mini_thumb", kThumb, [](QPainter& painter) {
+            paintKnob(painter, QRectF(QPointF(0, 0), QSizeF(kThumb)), {3, 4, 7, 1});
+        }));
 }
 
 } // namespace
@@ -98,7 +155,7 @@ Drawings miniDrawings() {
         drawing("minmode_main", miniRectOf(N::picBackground).size().toSize(), paintMiniBody));
     all.back().cut = Cut::Outside;
     all.back().outline = miniOutline;
-    for (const ButtonRow& row : kTransport) {
+    for (const ButtonRow& row : transport()) {
         all.push_back(button(row, "", Look::Up));
     }
     return all;
@@ -106,15 +163,21 @@ Drawings miniDrawings() {
 
 Drawings miniWindowPictures() {
     Drawings all;
-    for (const ButtonRow& row : kCorners) {
+    for (const ButtonRow& row : corners()) {
         all.push_back(button(row, "", Look::Up));
         all.push_back(button(row, "_over", Look::Over));
     }
-    const QSize bar = miniRectOf(N::posbar).size().toSize();
-    all.push_back(drawing("mini_posbar", bar, [](QPainter& p) { paintPosition(p, false); }));
-    all.push_back(drawing("mini_track", bar, [](QPainter& p) { paintPosition(p, true); }));
-    all.push_back(drawing("mini_volbar", miniRectOf(N::volbar).size().toSize(), paintVolume));
-    all.push_back(drawing("mini_thumb", {13, 9}, paintThumb));
+    for (const bool played : {false, true}) {
+        const QRectF bar = miniRectOf(N::posbar);
+        all.push_back(
+            cutFrom(groundOf(bar),
+                    drawing(played ? "mini_track" : "mini_posbar", bar.size().toSize(),
+                            [played](QPainter& painter) { paintPosition(painter, played); })));
+    }
+    const QRectF volume = miniRectOf(N::volbar);
+    all.push_back(
+        cutFrom(groundOf(volume), drawing("mini_volbar", volume.size().toSize(), paintVolume)));
+    all.push_back(thumb());
     return all;
 }
 

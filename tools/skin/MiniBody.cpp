@@ -3,10 +3,10 @@
 
 #include "base/RuntimeError.h"
 #include "Body.h"
+#include "Metal.h"
 #include "Shapes.h"
 
 #include <cmath>
-#include <QPen>
 
 namespace tovik::skinart {
 
@@ -21,33 +21,17 @@ constexpr double kEarTop = 36;
 constexpr double kEarBottom = 94;
 constexpr double kEarLeft = 14;
 
-QColor colourOf(QRgb value) {
-    return QColor::fromRgba(value);
-}
-
 /// Two sheets in one: title and bar above, what belongs to the sound below them.
 QPainterPath glassShape() {
-    const QPainterPath upper = rounded({36, 8, 120, 50}, 6);
-    const QPainterPath lower = rounded({36, 44, 75, 41.5}, 6);
+    const QPainterPath upper = rounded({36.5, 7.5, 119, 50}, 6);
+    const QPainterPath lower = rounded({36.5, 40.5, 75, 44.5}, 5);
     return upper.united(lower);
-}
-
-void paintSheet(QPainter& painter, const QPainterPath& shape) {
-    painter.fillPath(shape.translated(0, 1), colourOf(0x50FFFFFF));
-    painter.fillPath(shape, colourOf(kMiniGlass));
-    painter.save();
-    painter.setClipPath(shape);
-    const QRectF upper(shape.boundingRect().left(), shape.boundingRect().top(),
-                       shape.boundingRect().width(), 4);
-    painter.fillRect(upper, downwards(upper, {0xB0000000, kNothing}));
-    painter.restore();
-    painter.strokePath(shape, QPen(colourOf(kGlassEdge), 1));
 }
 
 /// Where the spectrum is drawn it is black.
 void paintSpectrumBed(QPainter& painter) {
     const QRectF bed = miniRectOf(N::Picture1);
-    painter.fillRect(bed.adjusted(-1, -1, 1, 1), colourOf(kGlassLine));
+    painter.fillRect(bed.adjusted(-1, -1, 1, 1), QColor::fromRgb(kGlassLine));
     painter.fillRect(bed, Qt::black);
 }
 
@@ -86,13 +70,15 @@ QPainterPath miniOutline() {
 }
 
 void paintMiniBody(QPainter& painter) {
-    // The edge is cut without smoothing, so the shell goes on beyond it.
-    painter.fillRect(kWindow.adjusted(-2, -2, 2, 2), downwards(kWindow, kShell));
-    const QRectF top(0, 0, kWindow.width(), 20);
-    painter.fillRect(top, downwards(top, {0x40FFFFFF, 0x00FFFFFF}));
-    paintSheet(painter, glassShape());
+    paintMetal(painter, kWindow, 20);
+    for (const QPointF screw :
+         {QPointF(25.5, 40.5), QPointF(25.5, 89.5), QPointF(153.5, 65.5), QPointF(153.5, 113.5)}) {
+        paintScrew(painter, screw, 2.5);
+    }
+    paintGlass(painter, glassShape());
     paintSpectrumBed(painter);
-    paintSheet(painter, rounded({36.5, 99.5, 74, 23}, 4));
+    paintBed(painter, {37, 85.5, 75, 13.5}, 5);
+    paintGlass(painter, {36, 99, 76, 24}, 5);
     paintRim(painter, miniOutline(), kWindow.height());
 }
 

@@ -2,7 +2,6 @@
 // The body of the mini window, and the boxes of its elements. Any thread.
 #pragma once
 
-#include "Palette.h"
 #include "window/MiniElements.h"
 
 #include <cstddef>
@@ -10,9 +9,6 @@
 #include <QPainterPath>
 
 namespace tovik::skinart {
-
-/// The glass of its display: flat, so that digits and words lie on it anywhere.
-inline constexpr QRgb kMiniGlass = kGlass.top;
 
 /// Where the layout of the mini window places an element, cut to whole pixels. Raises 9 for an
 /// index that it lacks.

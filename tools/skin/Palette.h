@@ -34,6 +34,7 @@ inline constexpr QRgb kGlowText = 0xFFEAFBFF;
 inline constexpr QRgb kGlowDim = 0xFF6773AE;
 inline constexpr QRgb kAmber = 0xFFFFA61F;
 inline constexpr QRgb kAmberBright = 0xFFFFD08A;
+inline constexpr QRgb kAmberDeep = 0xFFF2603C; ///< where it is loud
 inline constexpr QRgb kRed = 0xFFFF5562;
 
 // Cards: the light areas that bear dark words.

@@ -120,8 +120,11 @@ void paintCard(QPainter& painter, const QRectF& box, double head) {
 }
 
 void paintGlass(QPainter& painter, const QRectF& box, double radius) {
-    const QRectF body = box.adjusted(0.5, 0.5, -0.5, -0.5);
-    const QPainterPath shape = rounded(body, radius);
+    paintGlass(painter, rounded(box.adjusted(0.5, 0.5, -0.5, -0.5), radius));
+}
+
+void paintGlass(QPainter& painter, const QPainterPath& shape) {
+    const QRectF body = shape.boundingRect();
     fill(painter, shape.translated(0, 1), colourOf(kDeckLip));
     fill(painter, shape, downwards(body, kGlass));
     painter.save();

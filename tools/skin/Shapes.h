@@ -43,6 +43,9 @@ inline constexpr double kGlassRadius = 7;
 /// A sheet of dark glass, sunk into what is around it.
 void paintGlass(QPainter& painter, const QRectF& box, double radius);
 
+/// The same in another form; its line lies on the form's edge.
+void paintGlass(QPainter& painter, const QPainterPath& shape);
+
 /// A channel cut into a light card.
 void paintGroove(QPainter& painter, const QRectF& box, QRgb bottom);
 

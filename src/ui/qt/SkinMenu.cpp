@@ -4,6 +4,7 @@
 #include "ui/qt/DisplayText.h"
 #include "ui/qt/SkinMenuStyle.h"
 
+#include <QApplication>
 #include <QCursor>
 #include <QKeyEvent>
 #include <QStyleOptionMenuItem>
@@ -79,6 +80,26 @@ void SkinMenu::follow() {
     }
 }
 
+void SkinMenu::popUpAt(const QPoint& place) {
+    setWindowFlags(Qt::Popup);
+    popup(place);
+}
+
+void SkinMenu::showAsWindow() {
+    setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
+    popup(QCursor::pos());
+    activateWindow();
+    setFocus();
+}
+
+bool SkinMenu::event(QEvent* event) {
+    if (event->type() == QEvent::WindowDeactivate && windowType() == Qt::Tool &&
+        QApplication::activePopupWidget() == nullptr) {
+        close();
+    }
+    return QMenu::event(event);
+}
+
 void SkinMenu::addItem(int index) {
     const menus::clsStoreMenu& item = menus_.model().item(index);
     SkinMenu* const below = menus_.menu(item.subMenu);
@@ -143,7 +164,14 @@ void SkinMenus::TrackPopupMenu(menus::MenuHandle handle,
     if (shown == nullptr) {
         return;
     }
-    shown->popup(place ? needs_.onScreen(*place).bottomLeft() + QPoint(0, 1) : QCursor::pos());
+    const std::optional<OutsidePlace> outside = needs_.outside ? needs_.outside() : std::nullopt;
+    if (place) {
+        shown->popUpAt(needs_.onScreen(*place).bottomLeft() + QPoint(0, 1));
+    } else if (outside && QGuiApplication::platformName().startsWith(u"wayland")) {
+        shown->showAsWindow();
+    } else {
+        shown->popUpAt(outside && outside->place ? *outside->place : QCursor::pos());
+    }
 }
 
 } // namespace tovik::ui

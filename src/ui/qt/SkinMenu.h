@@ -11,13 +11,20 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <QMenu>
+#include <QPoint>
 #include <QPointer>
 #include <QProxyStyle>
 
 namespace tovik::ui {
 
 class SkinMenus;
+
+/// Somebody else on the desktop asks for a menu.
+struct OutsidePlace {
+    std::optional<QPoint> place; ///< on the screen; none: at the pointer
+};
 
 class SkinMenu final : public QMenu {
 public:
@@ -35,7 +42,15 @@ public:
     /// Shows what is below the item now, if it is open.
     void follow();
 
+    /// As a popup, which the mouse beside it ends.
+    void popUpAt(const QPoint& place);
+
+    /// As a window of its own, which ends when another one gets the keyboard: a Wayland compositor
+    /// grants a popup only to a window that the mouse or a key was just used on.
+    void showAsWindow();
+
 protected:
+    bool event(QEvent* event) override;
     void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
 
     /// Letters choose by mnemonic where there is one; others select what begins with them.
@@ -58,6 +73,8 @@ public:
         const host::Dispatcher& dispatcher;
         /// Where a box of the window that pops menus up is on the screen.
         std::function<QRect(const menus::MenuPlace&)> onScreen;
+        /// Whether the next menu is asked for from outside of our windows, and where.
+        std::function<std::optional<OutsidePlace>()> outside = nullptr;
     };
 
     /// What the needs name outlives the menus.

@@ -2,11 +2,12 @@
 #include "ui/qt/SystemTrayWatch.h"
 
 #include <xcb/xcb.h>
+#include <xcb/xcbext.h>
 
 #include <cstdlib>
 #include <memory>
 #include <QGuiApplication>
-#include <string_view>
+#include <QWidget>
 #include <utility>
 
 namespace tovik::ui {
@@ -14,6 +15,10 @@ namespace tovik::ui {
 namespace {
 
 constexpr std::uint8_t kSentByHand = 0x80; ///< of a response type
+constexpr int kCollectMs = 2;
+
+/// Qt's window for an icon in such a tray.
+constexpr const char* kIconWindow = "QSystemTrayIconSys";
 
 struct Free {
     void operator()(void* memory) const { std::free(memory); }
@@ -24,54 +29,123 @@ xcb_connection_t* connection() {
     return application != nullptr ? application->connection() : nullptr;
 }
 
-std::uint32_t atomOf(xcb_connection_t* server, std::string_view name) {
-    const auto asked =
-        xcb_intern_atom(server, 0, static_cast<std::uint16_t>(name.size()), name.data());
-    const std::unique_ptr<xcb_intern_atom_reply_t, Free> answer(
-        xcb_intern_atom_reply(server, asked, nullptr));
-    return answer ? answer->atom : std::uint32_t{XCB_ATOM_NONE};
+bool isRoot(std::uint32_t window) {
+    for (auto screen = xcb_setup_roots_iterator(xcb_get_setup(connection())); screen.rem > 0;
+         xcb_screen_next(&screen)) {
+        if (screen.data->root == window) {
+            return true;
+        }
+    }
+    return false;
 }
 
 } // namespace
 
+int screenOfDisplay(const char* display) {
+    char* host = nullptr;
+    int number = 0;
+    int screen = 0;
+    if (xcb_parse_display(display, &host, &number, &screen) == 0) {
+        return 0;
+    }
+    const std::unique_ptr<char, Free> owned(host);
+    return screen;
+}
+
 SystemTrayWatch::SystemTrayWatch(std::function<void()> changed) : changed_(std::move(changed)) {
+    collector_.setInterval(kCollectMs);
+    collector_.callOnTimeout(&collector_, [this] { collect(); });
     later_.setSingleShot(true);
     later_.setInterval(0);
-    later_.callOnTimeout(&later_, [this] { look(); });
-    xcb_connection_t* const server = connection();
-    if (server == nullptr) {
+    later_.callOnTimeout(&later_, [this] { askOwner(); });
+    tell_.setSingleShot(true);
+    tell_.setInterval(0);
+    tell_.callOnTimeout(&tell_, [this] { changed_(); });
+    if (connection() == nullptr) {
         return;
     }
-    selection_ = atomOf(server, "_NET_SYSTEM_TRAY_S0");
-    manager_ = atomOf(server, "MANAGER");
-    tray_ = find();
     qGuiApp->installNativeEventFilter(this);
+    askAtom("MANAGER", [this](std::uint32_t atom) { manager_ = atom; });
+    askAtom("_NET_SYSTEM_TRAY_S" + std::to_string(screenOfDisplay(nullptr)),
+            [this](std::uint32_t atom) {
+                selection_ = atom;
+                askOwner();
+            });
+    xcb_flush(connection());
 }
 
 SystemTrayWatch::~SystemTrayWatch() {
-    if (manager_ != 0 && qGuiApp != nullptr) {
-        qGuiApp->removeNativeEventFilter(this);
+    if (qGuiApp == nullptr) {
+        return;
+    }
+    qGuiApp->removeNativeEventFilter(this);
+    if (xcb_connection_t* const server = connection(); server != nullptr) {
+        for (const Question& question : open_) {
+            xcb_discard_reply(server, question.sequence);
+        }
     }
 }
 
-std::uint32_t SystemTrayWatch::find() const {
-    xcb_connection_t* const server = connection();
-    const auto asked = xcb_get_selection_owner(server, selection_);
-    const std::unique_ptr<xcb_get_selection_owner_reply_t, Free> answer(
-        xcb_get_selection_owner_reply(server, asked, nullptr));
-    if (!answer || answer->owner == XCB_NONE) {
-        return 0;
-    }
-    const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-    xcb_change_window_attributes(server, answer->owner, XCB_CW_EVENT_MASK, &events);
-    xcb_flush(server);
-    return answer->owner;
+void SystemTrayWatch::ask(unsigned int sequence, std::function<void(const void*)> answer) {
+    open_.push_back({sequence, std::move(answer)});
+    collector_.start();
 }
 
-void SystemTrayWatch::look() {
-    const std::uint32_t now = find();
-    if (std::exchange(tray_, now) != now) {
-        changed_();
+void SystemTrayWatch::askAtom(const std::string& name, std::function<void(std::uint32_t)> answer) {
+    const auto asked =
+        xcb_intern_atom(connection(), 0, static_cast<std::uint16_t>(name.size()), name.data());
+    ask(asked.sequence, [answer = std::move(answer)](const void* reply) {
+        answer(reply != nullptr ? static_cast<const xcb_intern_atom_reply_t*>(reply)->atom
+                                : std::uint32_t{XCB_ATOM_NONE});
+    });
+}
+
+void SystemTrayWatch::askOwner() {
+    const auto asked = xcb_get_selection_owner(connection(), selection_);
+    ask(asked.sequence, [this](const void* reply) {
+        found(reply != nullptr ? static_cast<const xcb_get_selection_owner_reply_t*>(reply)->owner
+                               : std::uint32_t{XCB_NONE});
+    });
+    xcb_flush(connection());
+}
+
+void SystemTrayWatch::collect() {
+    while (!open_.empty()) {
+        void* reply = nullptr;
+        xcb_generic_error_t* error = nullptr;
+        if (xcb_poll_for_reply(connection(), open_.front().sequence, &reply, &error) == 0) {
+            return;
+        }
+        const std::unique_ptr<void, Free> answer(reply);
+        const std::unique_ptr<xcb_generic_error_t, Free> failure(error);
+        const Question question = std::move(open_.front());
+        open_.pop_front();
+        question.answer(answer.get());
+    }
+    collector_.stop();
+}
+
+void SystemTrayWatch::found(std::uint32_t tray) {
+    if (tray != XCB_NONE) {
+        // To be told of its end.
+        const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+        xcb_change_window_attributes(connection(), tray, XCB_CW_EVENT_MASK, &events);
+        xcb_flush(connection());
+    }
+    if (std::exchange(tray_, tray) != tray) {
+        tell_.start();
+    }
+}
+
+bool SystemTrayWatch::docked() const {
+    return docked_ != 0 && QWidget::find(docked_) != nullptr;
+}
+
+void SystemTrayWatch::reparented(std::uint32_t window, std::uint32_t parent) {
+    const QWidget* const ours = QWidget::find(window);
+    if (ours != nullptr && ours->inherits(kIconWindow)) {
+        docked_ = isRoot(parent) ? 0 : window;
+        tell_.start();
     }
 }
 
@@ -81,16 +155,22 @@ bool SystemTrayWatch::nativeEventFilter(const QByteArray& /*type*/, void* messag
     switch (event->response_type & ~kSentByHand) {
     case XCB_CLIENT_MESSAGE: {
         const auto* const told = static_cast<const xcb_client_message_event_t*>(message);
-        if (told->type == manager_ && told->data.data32[1] == selection_) {
+        if (selection_ != 0 && told->type == manager_ && told->data.data32[1] == selection_) {
             later_.start();
         }
         break;
     }
     case XCB_DESTROY_NOTIFY:
-        if (static_cast<const xcb_destroy_notify_event_t*>(message)->window == tray_) {
+        if (tray_ != 0 &&
+            static_cast<const xcb_destroy_notify_event_t*>(message)->window == tray_) {
             later_.start();
         }
         break;
+    case XCB_REPARENT_NOTIFY: {
+        const auto* const moved = static_cast<const xcb_reparent_notify_event_t*>(message);
+        reparented(moved->window, moved->parent);
+        break;
+    }
     default:
         break;
     }

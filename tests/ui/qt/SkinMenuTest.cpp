@@ -14,6 +14,7 @@
 #include <QAccessible>
 #include <QSignalSpy>
 #include <QTest>
+#include <utility>
 
 namespace tovik::ui {
 namespace {
@@ -87,11 +88,14 @@ struct ShownMenu : testing::Test {
     SkinMenus facility{{.model = model,
                         .window = window,
                         .dispatcher = dispatcher,
-                        .onScreen = [](const menus::MenuPlace& place) {
-                            return QRect(static_cast<int>(place.left), static_cast<int>(place.top),
-                                         static_cast<int>(place.width),
-                                         static_cast<int>(place.height));
-                        }}};
+                        .onScreen =
+                            [](const menus::MenuPlace& place) {
+                                return QRect(
+                                    static_cast<int>(place.left), static_cast<int>(place.top),
+                                    static_cast<int>(place.width), static_cast<int>(place.height));
+                            },
+                        .outside = [this] { return std::exchange(outside, std::nullopt); }}};
+    std::optional<OutsidePlace> outside;
 };
 
 TEST_F(ShownMenu, appearsBelowItsPlaceWithWhatIsVisible) {
@@ -105,6 +109,40 @@ TEST_F(ShownMenu, appearsBelowItsPlaceWithWhatIsVisible) {
     EXPECT_FALSE(action(menu, "save")->isEnabled());
     EXPECT_EQ(action(menu, "deep")->menu(), &menuOf("deep"));
     EXPECT_THAT(asked, Contains(messages::kInitMenuPopup));
+}
+
+TEST_F(ShownMenu, comesWhereTheDesktopWantsIt) {
+    outside = OutsidePlace{.place = QPoint(60, 70)};
+    model.PopUpMenu(at("top"), {});
+    EXPECT_EQ(menuOf("top").pos(), QPoint(60, 70));
+    menuOf("top").close();
+    model.PopUpMenu(at("top"), {});
+    EXPECT_EQ(menuOf("top").pos(), QCursor::pos()) << "the place was for one menu";
+}
+
+TEST_F(ShownMenu, asAWindowItEndsWithTheKeyboard) {
+    SkinMenu& menu = menuOf("top");
+    menu.showAsWindow();
+    EXPECT_TRUE(menu.isVisible());
+    EXPECT_EQ(menu.windowType(), Qt::Tool);
+    EXPECT_THAT(captions(menu), ElementsAre("&Open", "-", "Deep", "Save"));
+    // What is chosen in it and what opens from it is as ever.
+    menuOf("deep").popUpAt({});
+    QEvent deactivated(QEvent::WindowDeactivate);
+    QCoreApplication::sendEvent(&menu, &deactivated);
+    EXPECT_TRUE(menu.isVisible()) << "its own menu has the keyboard";
+    menuOf("deep").close();
+    QCoreApplication::sendEvent(&menu, &deactivated);
+    EXPECT_FALSE(menu.isVisible());
+    menu.showAsWindow();
+    QTest::keyClick(&menu, Qt::Key_O);
+    settle();
+    EXPECT_THAT(chosen, ElementsAre("open"));
+    EXPECT_FALSE(menu.isVisible());
+    // The next time it may be a popup again, which does not end with the keyboard.
+    EXPECT_EQ(popUp().windowType(), Qt::Popup);
+    QCoreApplication::sendEvent(&menu, &deactivated);
+    EXPECT_TRUE(menu.isVisible());
 }
 
 TEST_F(ShownMenu, growsWhileItIsOpen) {

@@ -1,0 +1,103 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The program on a Wayland compositor, which draws into a private X server: so a hand and an eye are
+there. Windows are told by what of the empty desktop they cover."""
+import os
+import subprocess
+import unittest
+
+from notifier import NotifierTest
+from program import media
+
+SONG = media("wav_s16_44100_stereo.wav")
+MINIMISE = (413, 18)  # of the main window
+MAIN, MINI = (470, 312), (146, 125)  # what the windows cover; the mini window's left is cut out
+
+
+class Wayland(NotifierTest):
+    def setUp(self):
+        super().setUp()
+        self.start_screen()
+        self.start_bus()
+        with open(self.path("weston.ini"), "w", encoding="utf-8") as file:
+            file.write("[core]\nidle-time=0\n[shell]\nlocking=false\npanel-position=none\n")
+        weston = subprocess.Popen(
+            ["weston", "--backend=x11-backend.so", "--use-pixman", "--width=1000", "--height=700",
+             "--socket=wayland-test", "--config=" + self.path("weston.ini")],
+            env=self.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.stack.callback(weston.wait)
+        self.stack.callback(weston.kill)
+        self.environment.update(WAYLAND_DISPLAY="wayland-test", QT_QPA_PLATFORM="wayland")
+        self.wait_until(lambda: os.path.exists(self.path("wayland-test")), "the compositor")
+        self.away()
+        self.wait_until(self.desktop_is_there, "the desktop")
+
+    def away(self):
+        """The pointer covers what no window does."""
+        self.tool("xdotool", "mousemove", "1020", "760")
+
+    def screen(self, name):
+        path = self.path(name)
+        self.assertEqual(self.tool("import", "-window", "root", path).returncode, 0)
+        return path
+
+    def desktop_is_there(self):
+        """Its ground is drawn, and stays."""
+        first = self.tool("convert", self.screen("empty.png"), "-format", "%k %#", "info:").stdout
+        second = self.tool("convert", self.screen("empty.png"), "-format", "%k %#", "info:").stdout
+        return first == second and int(first.split()[0]) > 10
+
+    def covered(self):
+        """(left, top, width, height) of what is not the empty desktop; none: nothing."""
+        said = self.tool("convert", self.path("empty.png"), self.screen("now.png"), "-compose",
+                         "difference", "-composite", "-colorspace", "gray", "-threshold", "0",
+                         "-trim", "-format", "%w %h %X %Y %[mean]", "info:").stdout
+        words = said.split()
+        if len(words) != 5 or float(words[4]) == 0:
+            return None
+        return (int(words[2]), int(words[3]), int(words[0]), int(words[1]))
+
+    def covers(self, size):
+        found = self.covered()
+        return found is not None and all(abs(a - b) <= 2 for a, b in zip(found[2:], size))
+
+    def start(self):
+        self.player = self.start_program("--device", "silent", SONG)
+        self.wait_until(lambda: self.covers(MAIN), "the main window")
+
+    def test_the_windows_the_tray_and_the_title(self):
+        self.start_host("up", "notices")
+        self.start()
+        self.end_shown()
+        self.setting(b"OSD", b"1")
+        self.start()
+        # The compositor would put the title anywhere: the desktop tells it.
+        self.wait_until(lambda: "wav_s16_44100_stereo" in self.host("notices"), "the title")
+        left, top, width, height = self.covered()
+        self.tool("xdotool", "mousemove", str(left + width // 2), str(top + height - 40), "click",
+                  "1")
+        self.away()
+        self.tool("xdotool", "key", "ctrl+w")
+        self.wait_until(lambda: self.covers(MINI), "the mini window")
+        self.keep_screenshot("wayland-mini.png")
+        self.tool("xdotool", "key", "ctrl+w")
+        self.wait_until(lambda: self.covers(MAIN), "the main window")
+        self.item()
+        left, top = self.covered()[:2]
+        self.tool("xdotool", "mousemove", str(left + MINIMISE[0]), str(top + MINIMISE[1]), "click",
+                  "1")
+        self.away()
+        self.wait_until(lambda: self.covered() is None, "the window to be hidden")
+        # The menu needs no window of ours to be there.
+        self.host("call", "ContextMenu")
+        self.wait_until(self.covered, "the menu")
+        self.keep_screenshot("wayland-tray-menu.png")
+        self.away()
+        self.tool("xdotool", "key", "Escape")
+        self.wait_until(lambda: self.covered() is None, "the end of the menu")
+        self.host("call", "Activate")
+        self.wait_until(lambda: self.covers(MAIN), "the main window")
+        self.end_shown()
+
+
+if __name__ == "__main__":
+    unittest.main()
