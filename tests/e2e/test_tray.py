@@ -136,7 +136,12 @@ class Tray(NotifierTest):
         self.tool("xdotool", "mousemove", "--window", self.main, *map(str, CLOSE), "click", "1")
         self.assertEqual(self.player.wait(LIMIT), 0)
         self.assertEqual(self.host("items"), "")
-        self.wait_until(lambda: service.encode() in open(watched, "rb").read(), "the release")
+
+        def released():
+            with open(watched, "rb") as file:
+                return service.encode() in file.read()
+
+        self.wait_until(released, "the release")
 
     def taken(self):
         """Minimise hides the window once the host has the icon, and not before."""
@@ -215,6 +220,7 @@ class Tray(NotifierTest):
         self.wait_until(lambda: self.volume() == volume - 5, "the volume")
         on_icon("2")
         self.wait_until(lambda: self.plays() == "Paused", "the pause")
+        time.sleep(0.5)  # two clicks, not a double one
         on_icon("2")
         self.wait_until(lambda: self.plays() == "Playing", "the end of the pause")
         on_icon("3")

@@ -10,6 +10,7 @@ from program import media
 
 SONG = media("wav_s16_44100_stereo.wav")
 MINIMISE = (413, 18)  # of the main window
+ENTRY = (60, 73)  # of the menu, for the main panel
 MAIN, MINI = (470, 312), (146, 125)  # what the windows cover; the mini window's left is cut out
 
 
@@ -21,7 +22,7 @@ class Wayland(NotifierTest):
         with open(self.path("weston.ini"), "w", encoding="utf-8") as file:
             file.write("[core]\nidle-time=0\n[shell]\nlocking=false\npanel-position=none\n")
         weston = subprocess.Popen(
-            ["weston", "--backend=x11-backend.so", "--use-pixman", "--width=1000", "--height=700",
+            ["weston", "--backend=x11-backend.so", "--use-pixman", "--width=760", "--height=520",
              "--socket=wayland-test", "--config=" + self.path("weston.ini")],
             env=self.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.stack.callback(weston.wait)
@@ -32,8 +33,8 @@ class Wayland(NotifierTest):
         self.wait_until(self.desktop_is_there, "the desktop")
 
     def away(self):
-        """The pointer covers what no window does."""
-        self.tool("xdotool", "mousemove", "1020", "760")
+        """To the corner of the desktop, where no window comes: keys go where the pointer is."""
+        self.tool("xdotool", "mousemove", "745", "510", "mousemove", "750", "510")
 
     def screen(self, name):
         path = self.path(name)
@@ -42,19 +43,19 @@ class Wayland(NotifierTest):
 
     def desktop_is_there(self):
         """Its ground is drawn, and stays."""
-        first = self.tool("convert", self.screen("empty.png"), "-format", "%k %#", "info:").stdout
-        second = self.tool("convert", self.screen("empty.png"), "-format", "%k %#", "info:").stdout
+        first = self.tool("convert", self.screen("empty.ppm"), "-format", "%k %#", "info:").stdout
+        second = self.tool("convert", self.screen("empty.ppm"), "-format", "%k %#", "info:").stdout
         return first == second and int(first.split()[0]) > 10
 
     def covered(self):
-        """(left, top, width, height) of what is not the empty desktop; none: nothing."""
-        said = self.tool("convert", self.path("empty.png"), self.screen("now.png"), "-compose",
+        """(left, top, width, height) of what is not the empty desktop; none: nothing. The pointer
+        is sent away each time: the compositor may have missed that it moved."""
+        self.away()
+        said = self.tool("convert", self.path("empty.ppm"), self.screen("now.ppm"), "-compose",
                          "difference", "-composite", "-colorspace", "gray", "-threshold", "0",
-                         "-trim", "-format", "%w %h %X %Y %[mean]", "info:").stdout
-        words = said.split()
-        if len(words) != 5 or float(words[4]) == 0:
-            return None
-        return (int(words[2]), int(words[3]), int(words[0]), int(words[1]))
+                         "-trim", "-format", "%w %h %X %Y", "info:").stdout
+        width, height, left, top = map(int, said.split())
+        return None if left < 0 else (left, top, width, height)
 
     def covers(self, size):
         found = self.covered()
@@ -63,6 +64,18 @@ class Wayland(NotifierTest):
     def start(self):
         self.player = self.start_program("--device", "silent", SONG)
         self.wait_until(lambda: self.covers(MAIN), "the main window")
+
+    def hide(self):
+        left, top = self.covered()[:2]
+        self.tool("xdotool", "mousemove", str(left + MINIMISE[0]), str(top + MINIMISE[1]), "click",
+                  "1")
+        self.wait_until(lambda: self.covered() is None, "the window to be hidden")
+
+    def pop_up(self):
+        """The menu of the tray; returns what it covers."""
+        self.host("call", "ContextMenu")
+        self.wait_until(self.covered, "the menu")
+        return self.covered()
 
     def test_the_windows_the_tray_and_the_title(self):
         self.start_host("up", "notices")
@@ -75,25 +88,22 @@ class Wayland(NotifierTest):
         left, top, width, height = self.covered()
         self.tool("xdotool", "mousemove", str(left + width // 2), str(top + height - 40), "click",
                   "1")
-        self.away()
         self.tool("xdotool", "key", "ctrl+w")
         self.wait_until(lambda: self.covers(MINI), "the mini window")
         self.keep_screenshot("wayland-mini.png")
         self.tool("xdotool", "key", "ctrl+w")
         self.wait_until(lambda: self.covers(MAIN), "the main window")
         self.item()
-        left, top = self.covered()[:2]
-        self.tool("xdotool", "mousemove", str(left + MINIMISE[0]), str(top + MINIMISE[1]), "click",
-                  "1")
-        self.away()
-        self.wait_until(lambda: self.covered() is None, "the window to be hidden")
-        # The menu needs no window of ours to be there.
-        self.host("call", "ContextMenu")
-        self.wait_until(self.covered, "the menu")
+        self.hide()
+        # The menu needs no window of ours to be there, and does what it says.
+        self.pop_up()
         self.keep_screenshot("wayland-tray-menu.png")
-        self.away()
         self.tool("xdotool", "key", "Escape")
         self.wait_until(lambda: self.covered() is None, "the end of the menu")
+        left, top = self.pop_up()[:2]
+        self.tool("xdotool", "mousemove", str(left + ENTRY[0]), str(top + ENTRY[1]), "click", "1")
+        self.wait_until(lambda: self.covers(MAIN), "the main window")
+        self.hide()
         self.host("call", "Activate")
         self.wait_until(lambda: self.covers(MAIN), "the main window")
         self.end_shown()

@@ -3,6 +3,7 @@
 #include "Badge.h"
 #include "MiniBody.h"
 #include "PictureSet.h"
+#include "SkinPictures.h"
 #include "window/MiniSkin.h"
 
 #include <gtest/gtest.h>
@@ -77,20 +78,6 @@ TEST(MiniArt, noTwoPicturesAreEqual) {
             << name;
     }
     EXPECT_EQ(seen.size(), 29U);
-}
-
-bool isKey(QRgb pixel) {
-    return (pixel | 0xFF000000U) == (keyPixel() | 0xFF000000U);
-}
-
-int keyPixels(const QImage& image) {
-    int count = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            count += isKey(image.pixel(x, y)) ? 1 : 0;
-        }
-    }
-    return count;
 }
 
 TEST(MiniArt, theBodyIsCutAlongItsOutlineAndWhatLiesOnItLeavesItFree) {

@@ -19,16 +19,6 @@ namespace {
 
 using N = window::MainElement;
 
-int keyPixels(const QImage& image) {
-    int count = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            count += isKey(image.pixel(x, y)) ? 1 : 0;
-        }
-    }
-    return count;
-}
-
 TEST(SkinArt, drawsTheFileOfEveryBindingForItsElement) {
     std::map<std::string, Spot> drawn;
     for (const Drawing& drawing : skinDrawings()) {

@@ -41,6 +41,16 @@ inline bool isKey(QRgb pixel) {
     });
 }
 
+inline int keyPixels(const QImage& image) {
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            count += isKey(image.pixel(x, y)) ? 1 : 0;
+        }
+    }
+    return count;
+}
+
 inline double brightness(QRgb pixel) {
     return 0.299 * qRed(pixel) + 0.587 * qGreen(pixel) + 0.114 * qBlue(pixel);
 }
