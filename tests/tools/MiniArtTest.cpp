@@ -92,7 +92,7 @@ TEST(MiniArt, theBodyIsCutAlongItsOutlineAndWhatLiesOnItLeavesItFree) {
                 EXPECT_TRUE(isKey(image.pixel(0, 0)));
             } else if (image.size() == QSize(10, 15) * scale) {
                 // Of a digit only its strokes are there: the glass shows all around them.
-                EXPECT_GT(key, all * 3 / 10);
+                EXPECT_GT(key, all / 10);
                 EXPECT_LT(key, all);
             } else {
                 // Its round corners show what it lies on.
@@ -115,17 +115,17 @@ TEST(MiniArt, bothWindowsAreMadeOfTheSameMetal) {
     const auto brightness = [](const QImage& image, int x, double part) {
         return qGray(image.pixel(x, static_cast<int>(image.height() * part)));
     };
-    // Light from above, as far down and as dark below.
-    for (const double part : {0.5, 0.9}) {
-        EXPECT_NEAR(brightness(mini, 151, part), brightness(main, 11, part), 14) << part;
+    // Light from above, as dark below: beside the deck of the one and the card of the other.
+    for (const double part : {0.55, 0.8}) {
+        EXPECT_NEAR(brightness(mini, 150, part), brightness(main, 11, part), 10) << part;
     }
-    EXPECT_GT(brightness(mini, 151, 0.2), brightness(mini, 151, 0.9) + 20);
-    // Neighbouring rows differ a little, as brushed metal does.
-    int different = 0;
+    EXPECT_GT(brightness(mini, 150, 0.5), brightness(mini, 150, 0.8) + 8);
+    // Brushed: some rows are brighter than the one above them, which a plain shade never is.
+    int brighter = 0;
     for (int y = 20; y < 58; ++y) {
-        different += mini.pixel(157, y) != mini.pixel(157, y + 1) ? 1 : 0;
+        brighter += qGreen(mini.pixel(157, y + 1)) > qGreen(mini.pixel(157, y)) ? 1 : 0;
     }
-    EXPECT_GT(different, 25);
+    EXPECT_GT(brighter, 5);
 }
 
 TEST(MiniArt, everyShownElementLiesInsideTheOutline) {
