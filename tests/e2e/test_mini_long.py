@@ -56,6 +56,7 @@ class Windows:
         self.watch.terminate()
         self.watch.wait()
         self.reader.join()
+        self.watch.stdout.close()
 
 
 class MiniLong(ProgramTest):
