@@ -12,6 +12,7 @@ WIDTH, HEIGHT = 160, 125
 GROUND = (130, 4)  # a place where nothing stands
 MINI_BUTTON = (393, 18)  # of the main window
 RESTORE, HIDE, CLOSE = (27, 53), (25, 65), (27, 77)
+NEAR = 24  # of 255: what a reduction may make of a colour
 SONG = media("wav_s16_44100_stereo.wav")
 
 
@@ -155,6 +156,25 @@ class Mini(ProgramTest):
         self.wait_until(lambda: not self.minis(), "the mini window to go")
         self.end_shown()
 
+    def see_at(self, scale, wide, high, colours):
+        """Waits for the colours of places of the window, in skin pixels, nearly as they are."""
+        left, top = self.place()
+
+        def far():
+            raw = self.tool_bytes("import", "-silent", "-window", "root", "-crop",
+                                  f"{wide}x{high}+{left}+{top}", "-depth", "8", "rgb:-")
+            if len(raw) != 3 * wide * high:
+                return {"size": len(raw)}
+            wrong = {}
+            for (x, y), colour in colours.items():
+                at = 3 * (int((y + 0.5) * scale) * wide + int((x + 0.5) * scale))
+                seen = tuple(raw[at:at + 3])
+                if max(abs(a - b) for a, b in zip(seen, colour)) > NEAR:
+                    wrong[(x, y)] = (seen, colour)
+            return wrong
+
+        self.wait_until(lambda: not far(), "the colours")
+
     def test_at_any_scale(self):
         for scale in ("1.5", "2", "3"):
             with self.subTest(scale=scale):
@@ -162,8 +182,16 @@ class Mini(ProgramTest):
                 self.start_shown(SONG)
                 self.enter()
                 said = self.tool("xdotool", "getwindowgeometry", "--shell", self.mini).stdout
-                self.assertIn(f"WIDTH={round(float(scale) * WIDTH)}", said)
-                time.sleep(0.3)
+                wide, high = (round(float(scale) * side) for side in (WIDTH, HEIGHT))
+                self.assertIn(f"WIDTH={wide}\nHEIGHT={high}\n", said)
+                ground, play = self.bitmap("minmode_main"), self.bitmap("minmode_play")
+                # Colours of the middle of a skin pixel, in a place without a fine pattern.
+                self.see_at(float(scale), wide, high, {
+                    GROUND: ground.at(*GROUND),
+                    (30, 86): ground.at(30, 86),
+                    (52 + 5, 86 + 5): play.at(5, 5),
+                    (2, 2): (255, 255, 255),  # cut out
+                })
                 self.keep_screenshot(f"mini-{scale}.png")
                 self.end_shown()
 
