@@ -73,6 +73,7 @@ void Music::bindPlaying(commands::Commands& commands) {
                   {.run =
                        [this] {
                            core_.state.StopAfterCurrent = !core_.state.StopAfterCurrent;
+                           playback.advance.forgetNext();
                            core_.screen.showStopNote();
                        },
                    .checked = [this] { return core_.state.StopAfterCurrent; }});
@@ -86,12 +87,19 @@ void Music::bindAdvance(commands::Commands& commands) {
     commands.bind(CommandId::previousButton, [this] { playback.advance.button_previous(); });
     commands.bind(CommandId::tenTracksForward, [this] { playback.advance.ten_tracks_fwd(); });
     commands.bind(CommandId::tenTracksBack, [this] { playback.advance.ten_track_bck(); });
-    commands.bind(CommandId::stopWithFadeout, [this] { playback.fadeOut.FadeOutTrack(); });
+    commands.bind(CommandId::stopWithFadeout, [this] {
+        playback.advance.forgetNext();
+        playback.fadeOut.FadeOutTrack();
+    });
     commands.bind(CommandId::shuffle, {.run = [this] { playback.advance.button_shuffle(); },
                                        .checked = [&state] { return state.ShuffleOn; }});
     commands.bind(CommandId::repeat, {.run = [this] { playback.advance.button_loop(); },
                                       .checked = [&state] { return state.RepeatOn; }});
-    commands.bind(CommandId::crossfade, {.run = [this] { playback.crossfade.button_cfd(); },
+    commands.bind(CommandId::crossfade, {.run =
+                                             [this] {
+                                                 playback.crossfade.button_cfd();
+                                                 playback.advance.forgetNext();
+                                             },
                                          .checked = [&state] { return state.CrossfadeOn; }});
     commands.bind(CommandId::silenceSkip, {.run = [this] { playback.silenceSkip.button_sld(); },
                                            .checked = [&state] { return state.SilenceSkipOn; }});

@@ -42,6 +42,10 @@ struct Comfort {
     bool restartsOnlyTrack = false;     ///< Previous in a list of one
     bool endsExactly = false;           ///< the end of a track
     bool fadesIn = false;               ///< the full start of a crossfade
+    bool crossesBeforeEnd = false;      ///< a crossfade that comes too late
+    bool endsModules = false;           ///< a module that repeats
+    bool keepsOutputLevel = false;      ///< the level of a channel beside the output's
+    bool clampsSkips = false;           ///< five seconds near the ends
     bool keepsTitleOfOldTrack = false;  ///< a crossfade that fails
     bool tellsUnplayable = false;       ///< a file that no decoder takes
     bool takesSilenceShareAsIs = false; ///< the share from which silence counts

@@ -64,8 +64,12 @@ inline constexpr auto kComfortRows = std::to_array<ComfortRow>({
 
     {&Comfort::endsExactly, 3},
     {&Comfort::watchesCdTracks, 3},
+    {&Comfort::endsModules, 3},
+    {&Comfort::keepsOutputLevel, 3},
+    {&Comfort::clampsSkips, 3},
 
     {&Comfort::fadesIn, 4},
+    {&Comfort::crossesBeforeEnd, 4},
     {&Comfort::keepsTitleOfOldTrack, 4},
 
     {&Comfort::alwaysPicksRow, 5},

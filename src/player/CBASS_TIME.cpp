@@ -5,6 +5,7 @@
 #include "base/TimeText.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace tovik::player {
 
@@ -36,12 +37,20 @@ std::int32_t CBASS_TIME::GetHeardSeconds(sound::Handle channel) const {
     return wholeSeconds(channel, sound_.BASS_ChannelGetPosition(channel));
 }
 
+std::int64_t CBASS_TIME::lengthOf(sound::Handle channel) const {
+    const std::int64_t length = sound_.BASS_StreamGetLength(channel);
+    return length != -1 ? length : sound_.BASS_MusicGetLength(channel, true);
+}
+
 std::int32_t CBASS_TIME::GetDuration(sound::Handle channel) const {
-    std::int64_t length = sound_.BASS_StreamGetLength(channel);
-    if (length == -1) {
-        length = sound_.BASS_MusicGetLength(channel, true);
-    }
-    return wholeSeconds(channel, length);
+    return wholeSeconds(channel, lengthOf(channel));
+}
+
+std::int64_t CBASS_TIME::GetMillisecondsLeft(sound::Handle channel) const {
+    constexpr double kMillisecondsPerSecond = 1000;
+    const std::int64_t left = lengthOf(channel) - sound_.BASS_ChannelGetPosition(channel);
+    return std::llround(sound_.BASS_ChannelBytes2Seconds(channel, std::max<std::int64_t>(left, 0)) *
+                        kMillisecondsPerSecond);
 }
 
 sound::BASS_CHANNELINFO CBASS_TIME::info(sound::Handle channel) const {

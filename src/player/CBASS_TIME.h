@@ -30,6 +30,9 @@ public:
     /// Rounded, halves to even; 0 for a dead handle.
     [[nodiscard]] std::int32_t GetDuration(sound::Handle channel) const;
 
+    /// From what is heard to the end; 0 for a dead handle.
+    [[nodiscard]] std::int64_t GetMillisecondsLeft(sound::Handle channel) const;
+
     /// Of the 16-bit form, also for channels with 8 bits.
     [[nodiscard]] std::int32_t GetBytesPerSecond(sound::Handle channel) const;
 
@@ -56,6 +59,7 @@ public:
 
 private:
     [[nodiscard]] sound::BASS_CHANNELINFO info(sound::Handle channel) const;
+    [[nodiscard]] std::int64_t lengthOf(sound::Handle channel) const;
     [[nodiscard]] std::int32_t wholeSeconds(sound::Handle channel, std::int64_t bytes) const;
 
     sound::SoundLibrary& sound_;

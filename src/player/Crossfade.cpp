@@ -55,6 +55,7 @@ bool Crossfade::start(const TrackRef& track, std::int32_t fade, const std::strin
         addresses_->play(track);
         return false;
     }
+    const std::int16_t formerLeg = state.CrossfadeLeg;
     starter_.readVolumeMode();
     state.SilenceTicks = 0;
     facts_.takeOverFields();
@@ -71,7 +72,7 @@ bool Crossfade::start(const TrackRef& track, std::int32_t fade, const std::strin
     }
     sound::Handle& channel = newChannel();
     opener_.free(channel);
-    channel = opener_.open(track.path);
+    channel = opener_.open(track.path, state.comfort);
     if (channel == sound::kNoHandle) {
         if (const auto number = cdTrackOf(track.path); number && startCdTrack(*number, channel)) {
             beginSlides(fade);
@@ -79,7 +80,11 @@ bool Crossfade::start(const TrackRef& track, std::int32_t fade, const std::strin
             core_.news.restartVisualisation();
             return true;
         }
-        showUnopened(track);
+        if (state.comfort.keepsTitleOfOldTrack && sounds(oldChannel())) {
+            state.CrossfadeLeg = formerLeg;
+        } else {
+            showUnopened(track);
+        }
         return false;
     }
     // The output may be paused, whatever `IsPaused` says: the buttons clear the flag beforehand.
@@ -93,8 +98,12 @@ bool Crossfade::start(const TrackRef& track, std::int32_t fade, const std::strin
     return true;
 }
 
+bool Crossfade::sounds(sound::Handle channel) const {
+    return core_.sound.BASS_ChannelIsActive(channel) != sound::Activity::stopped;
+}
+
 void Crossfade::showUnopened(const TrackRef& track) {
-    if (core_.sound.BASS_ChannelIsActive(oldChannel()) == sound::Activity::stopped) {
+    if (!sounds(oldChannel())) {
         facts_.showSilence();
     }
     facts_.showUnopened(track);
@@ -122,6 +131,12 @@ void Crossfade::beginSlides(std::int32_t milliseconds) {
     const auto time = static_cast<std::uint32_t>(milliseconds);
     // What starts calls a fade-out off: it was meant for the track before.
     fadeOut_.callOff();
+    const base::Comfort& comfort = core_.state.comfort;
+    if (comfort.fadesIn && milliseconds > 0 && CrossFade_->interval() > 0) {
+        CrossFade_->setEnabled(true);
+        core_.sound.crossfade(newChannel(), oldChannel(), time);
+        return;
+    }
     if (milliseconds > 0 && CrossFade_->interval() > 0) {
         CrossFade_->setEnabled(true);
         core_.sound.BASS_ChannelSlideAttributes(oldChannel(), kKeepFrequency, 0, kKeepPan, time);
@@ -129,8 +144,12 @@ void Crossfade::beginSlides(std::int32_t milliseconds) {
         // No tick would come to free it.
         opener_.free(oldChannel());
     }
-    // The new track stands at this volume already: only the old one fades. Where volume goes to
-    // the whole output, a channel begins at its full level and this brings it down.
+    if (comfort.keepsOutputLevel && core_.state.GlobalVolumeMode != 0) {
+        return;
+    }
+    // The new track stands at this volume already: only the old one fades. A deliberate oddity:
+    // where volume goes to the whole output, a channel begins at its full level and this brings it
+    // down, unless `Comfort::keepsOutputLevel` leaves it.
     core_.sound.BASS_ChannelSlideAttributes(newChannel(), kKeepFrequency, core_.state.CurrentVolume,
                                             kKeepPan, time);
 }

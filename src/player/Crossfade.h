@@ -56,6 +56,7 @@ private:
     [[nodiscard]] sound::Handle& newChannel();
     [[nodiscard]] sound::Handle& oldChannel();
     void makeNewActive();
+    [[nodiscard]] bool sounds(sound::Handle channel) const;
     void showUnopened(const TrackRef& track);
 
     const Core& core_;

@@ -10,7 +10,8 @@ Playback::Playback(const Core& core, tags::cMP3ID3v1& tag, StartEqualizer& equal
       silenceSkip(core, crossfade), crossfade(core, starter, facts, clock, fadeOut),
       fadeOut(core, [this] { transport.button_stop(); }),
       transport(core, starter, facts, clock, fadeOut), rows(core, transport, crossfade, facts),
-      advance(core, transport, rows, fadeOut, random), seek(core, clock) {
+      seamless(core, starter, facts), advance(core, transport, rows, fadeOut, seamless, random),
+      seek(core, clock) {
     clock.setEnd(advance);
     silenceSkip.setEnd(advance);
 }

@@ -12,6 +12,7 @@
 #include "player/PlaybackClock.h"
 #include "player/PlayerHandle.h"
 #include "player/RowPlayer.h"
+#include "player/SeamlessNext.h"
 #include "player/SilenceSkip.h"
 #include "player/TrackAdvance.h"
 #include "player/TrackFacts.h"
@@ -42,6 +43,7 @@ struct Playback {
     FadeOut fadeOut;
     Transport transport;
     RowPlayer rows;
+    SeamlessNext seamless;
     TrackAdvance advance;
     TrackSeek seek;
 };

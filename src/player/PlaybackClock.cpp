@@ -143,9 +143,25 @@ void PlaybackClock::movePosition() {
     }
     core_.screen.playing.percent = percent;
     core_.screen.showPosition();
-    if (isEndOfTrack(percent)) {
+    if (state.comfort.endsExactly) {
+        lookForExactEnd();
+    } else if (isEndOfTrack(percent)) {
         end_->endTrack();
     }
+}
+
+/// The next look is at the end, where that is near: what was prepared is heard by then.
+void PlaybackClock::lookForExactEnd() {
+    constexpr std::int64_t kBehind = 10; // a timer may come early
+    const sound::Handle channel = core_.state.active();
+    if (core_.sound.BASS_ChannelIsActive(channel) == sound::Activity::stopped) {
+        Timer3_->setInterval(kTimer3Ms);
+        end_->endTrack();
+        return;
+    }
+    const std::int64_t left = time_.GetMillisecondsLeft(channel);
+    const std::int64_t until = left - end_->nearEnd(left) + kBehind;
+    Timer3_->setInterval(static_cast<int>(std::clamp<std::int64_t>(until, kBehind, kTimer3Ms)));
 }
 
 } // namespace tovik::player

@@ -36,7 +36,10 @@ public:
     [[nodiscard]] bool movesDigits() const { return movesDigits_; }
 
     /// Whether `Timer3` moves the position mark and looks for the end of the track.
-    void watchTrack(bool watching) { Timer3_->setEnabled(watching); }
+    void watchTrack(bool watching) {
+        Timer3_->setInterval(kTimer3Ms);
+        Timer3_->setEnabled(watching);
+    }
 
     [[nodiscard]] bool watchesTrack() const { return Timer3_->enabled(); }
 
@@ -67,6 +70,7 @@ private:
     void showDigits();
     void showHeard();
     void movePosition();
+    void lookForExactEnd();
     template <typename Body>
     void endTrackOnOverflow(Body&& body);
 
@@ -87,7 +91,8 @@ private:
 /// Whether a track counts as over. A deliberate oddity: the percent is a rounded one, so that a
 /// track of 200 seconds or more ends before its end, an hour's one 18 seconds early; a shorter one
 /// waits for the next whole second, which can leave a gap; and a module, which repeats, plays on
-/// when no tick meets its last half percent.
+/// when no tick meets its last half percent. `Comfort::endsExactly` takes the end that the sound
+/// reports.
 [[nodiscard]] constexpr bool isEndOfTrack(std::int16_t percent) {
     constexpr std::int16_t kWhole = 100;
     return percent == kWhole;

@@ -71,14 +71,22 @@ void RowPlayer::PlayRow(playlist::Row row, std::int32_t fadeSeconds) {
     core_.lists.stdSS.SelectIndex(row);
     const TrackRef track = trackOf(core_.lists.stdSS, row);
     PlayerState& state = core_.state;
-    if (state.CrossfadeOn && state.TracksStarted != 0) {
-        crossfade_.CrossFade_BurnBaby(track, fadeMilliseconds(fadeSeconds));
-    } else {
-        transport_.Burnbaby(track);
-    }
+    const bool crosses = state.CrossfadeOn && state.TracksStarted != 0;
+    const bool started = crosses
+                             ? crossfade_.CrossFade_BurnBaby(track, fadeMilliseconds(fadeSeconds))
+                             : transport_.Burnbaby(track);
     if (state.RadioMode) {
         return; // a stream tells itself what it plays
     }
+    if (crosses && !started && state.comfort.keepsTitleOfOldTrack &&
+        core_.sound.BASS_ChannelIsActive(state.active()) != sound::Activity::stopped) {
+        return; // the old track plays on, under its own title
+    }
+    showStarted(track);
+}
+
+void RowPlayer::showStarted(const TrackRef& track) {
+    PlayerState& state = core_.state;
     state.CurrentTitle = track.title;
     const std::string shown = " " + track.title;
     NowPlaying& playing = core_.screen.playing;

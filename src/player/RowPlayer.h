@@ -38,6 +38,9 @@ public:
     /// on and a track was started before.
     void PlayRow(playlist::Row row, std::int32_t fadeSeconds);
 
+    /// Title and captions of a row that sounds by now.
+    void showStarted(const TrackRef& track);
+
 private:
     [[nodiscard]] bool startAlone(const TrackRef& track);
 

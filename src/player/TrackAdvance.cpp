@@ -6,6 +6,8 @@
 
 #include <array>
 #include <cmath>
+#include <string>
+#include <utility>
 
 namespace tovik::player {
 
@@ -41,13 +43,31 @@ playlist::Row TrackAdvance::pick() {
 void TrackAdvance::Next_track() {
     config::guard(core_.errors, config::player("Next_track"), [this] {
         const std::int32_t seconds = fadeSeconds(core_.settings);
-        if (core_.state.ShuffleOn) {
-            rows_.PlayRow(pick(), seconds);
-        } else if (hasNext()) {
-            const playlist::Row row = core_.lists.stdSS.SelectedIndex;
-            rows_.PlayRow(row == core_.lists.stdSS.ListCount() ? 1 : row + 1, seconds);
+        if (const auto row = takeUpcomingRow()) {
+            rows_.PlayRow(*row, seconds);
         }
     });
+}
+
+/// What `Next_track` plays; a pick stays the same until it is taken.
+std::optional<playlist::Row> TrackAdvance::upcomingRow() {
+    if (core_.state.ShuffleOn) {
+        if (!upcoming_) {
+            upcoming_ = pick();
+        }
+        return upcoming_;
+    }
+    if (!hasNext()) {
+        return std::nullopt;
+    }
+    const playlist::Row row = core_.lists.stdSS.SelectedIndex;
+    return row == core_.lists.stdSS.ListCount() ? 1 : row + 1;
+}
+
+std::optional<playlist::Row> TrackAdvance::takeUpcomingRow() {
+    const auto row = upcomingRow();
+    upcoming_.reset();
+    return row;
 }
 
 void TrackAdvance::last_track() {
@@ -88,9 +108,71 @@ void TrackAdvance::endTrack() {
     }
     if (core_.state.StopAfterCurrent || fadeOut_.runs()) {
         transport_.button_stop();
+    } else if (const auto following = seamless_.takeOver()) {
+        upcoming_.reset();
+        rows_.showStarted(*following);
     } else {
         Next_track();
     }
+}
+
+bool TrackAdvance::followsOnAlbum(const TrackRef& next) const {
+    const playlist::stdSS& list = core_.lists.stdSS;
+    const std::string playing(list.text(list.SoundingRow(), playlist::RowText::FileName));
+    const auto before = cdTrackOf(playing);
+    const auto after = cdTrackOf(next.path);
+    return before && after && before->letter == after->letter &&
+           before->number + 1 == after->number;
+}
+
+/// A module that ends after its first pass mostly ends in the middle of a sound.
+void TrackAdvance::fadeModule(std::int64_t milliseconds) {
+    constexpr std::int64_t kFade = 1000;
+    constexpr int kKeepFrequency = -1;
+    constexpr int kKeepPan = -101;
+    const sound::Handle channel = core_.state.active();
+    if (core_.state.comfort.endsModules && milliseconds <= kFade &&
+        core_.sound.BASS_MusicGetLength(channel, true) > 0) {
+        core_.sound.BASS_ChannelSlideAttributes(channel, kKeepFrequency, 0, kKeepPan,
+                                                static_cast<std::uint32_t>(milliseconds));
+    }
+}
+
+std::int64_t TrackAdvance::nearEnd(std::int64_t milliseconds) {
+    constexpr std::int64_t kOpensBefore = 4000; // enough for a disk that wakes up
+    const PlayerState& state = core_.state;
+    fadeModule(milliseconds);
+    const bool movesOn = !state.StopAfterCurrent && !fadeOut_.runs() && !state.RipRunning;
+    const auto next = movesOn ? upcomingRow() : std::nullopt;
+    if (!next || *next < 1) {
+        seamless_.drop();
+        return 0;
+    }
+    const playlist::stdSS& list = core_.lists.stdSS;
+    const TrackRef track{.path = std::string(list.text(*next, playlist::RowText::FileName)),
+                         .title = std::string(list.text(*next, playlist::RowText::Title)),
+                         .row = *next};
+    if (!state.CrossfadeOn || followsOnAlbum(track)) {
+        if (milliseconds <= kOpensBefore) {
+            seamless_.prepare(track);
+        } else {
+            seamless_.drop();
+        }
+        return 0;
+    }
+    seamless_.drop();
+    if (!state.comfort.crossesBeforeEnd) {
+        return 0;
+    }
+    const std::int64_t fade = fadeMilliseconds(fadeSeconds(core_.settings));
+    if (milliseconds > fade) {
+        return fade;
+    }
+    // What does not open is not tried again beside the same track.
+    if (std::exchange(crossedFrom_, state.active()) != state.active()) {
+        Next_track();
+    }
+    return 0;
 }
 
 void TrackAdvance::selectItem(std::int32_t item) {
@@ -142,11 +224,13 @@ void TrackAdvance::button_previous() {
 
 void TrackAdvance::button_shuffle() {
     core_.state.ShuffleOn = !core_.state.ShuffleOn;
+    forgetNext();
     core_.screen.showMode(Mode::shuffle);
 }
 
 void TrackAdvance::button_loop() {
     core_.state.RepeatOn = !core_.state.RepeatOn;
+    forgetNext();
     core_.screen.showMode(Mode::repeat);
 }
 

@@ -6,10 +6,12 @@
 #include "player/Core.h"
 #include "player/FadeOut.h"
 #include "player/RowPlayer.h"
+#include "player/SeamlessNext.h"
 #include "player/TrackEnd.h"
 #include "player/Transport.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace tovik::player {
 
@@ -17,8 +19,9 @@ class TrackAdvance final : public TrackEnd {
 public:
     /// All of them outlive the object.
     TrackAdvance(const Core& core, Transport& transport, RowPlayer& rows, FadeOut& fadeOut,
-                 host::RandomNumbers& random)
-        : core_(core), transport_(transport), rows_(rows), fadeOut_(fadeOut), random_(random) {}
+                 SeamlessNext& seamless, host::RandomNumbers& random)
+        : core_(core), transport_(transport), rows_(rows), fadeOut_(fadeOut), seamless_(seamless),
+          random_(random) {}
 
     void Next_track() override;
 
@@ -44,6 +47,18 @@ public:
 
     void endTrack() override;
 
+    /// Near the end the track that comes next is opened, so that it follows without a gap; with
+    /// crossfades that overlap (`Comfort::crossesBeforeEnd`) it is started as long before the end
+    /// as a crossfade takes.
+    std::int64_t nearEnd(std::int64_t milliseconds) override;
+
+    /// A mode or the list has changed: what was to follow is looked up anew at the next tick.
+    void forgetNext() {
+        upcoming_.reset();
+        seamless_.drop();
+        crossedFrom_ = sound::kNoHandle;
+    }
+
     /// Whether `Next_track` would play something.
     [[nodiscard]] bool hasNext() const;
 
@@ -57,12 +72,19 @@ public:
 private:
     void playItem(playlist::Row row);
     [[nodiscard]] playlist::Row pick();
+    [[nodiscard]] std::optional<playlist::Row> upcomingRow();
+    [[nodiscard]] std::optional<playlist::Row> takeUpcomingRow();
+    void fadeModule(std::int64_t milliseconds);
+    [[nodiscard]] bool followsOnAlbum(const TrackRef& next) const;
 
     const Core& core_;
     Transport& transport_;
     RowPlayer& rows_;
     FadeOut& fadeOut_;
+    SeamlessNext& seamless_;
     host::RandomNumbers& random_;
+    std::optional<playlist::Row> upcoming_;        ///< a pick that was made before its time
+    sound::Handle crossedFrom_ = sound::kNoHandle; ///< the channel that a crossfade was to leave
 };
 
 } // namespace tovik::player

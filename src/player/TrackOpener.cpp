@@ -13,23 +13,27 @@ namespace tovik::player {
 namespace {
 
 constexpr std::uint32_t kStreamFlags = sound::BASS_SAMPLE_FX;
-constexpr std::uint32_t kMusicFlags = sound::BASS_MUSIC_LOOP | sound::BASS_MUSIC_RAMP;
+constexpr std::uint32_t kEndingMusic = sound::BASS_MUSIC_RAMP;
+constexpr std::uint32_t kRepeatingMusic = sound::BASS_MUSIC_LOOP | sound::BASS_MUSIC_RAMP;
 constexpr std::uint32_t kMusicFrequency = 128;
 
-using Create = sound::Handle (*)(sound::SoundLibrary&, std::string_view path);
+using Create = sound::Handle (*)(sound::SoundLibrary&, std::string_view path,
+                                 const base::Comfort& comfort);
 
 /// In the order in which they are asked.
 constexpr std::array<Create, 4> kDecoders = {
-    [](sound::SoundLibrary& sound, std::string_view path) {
+    [](sound::SoundLibrary& sound, std::string_view path, const base::Comfort& /*comfort*/) {
         return sound.BASS_StreamCreateFile(false, path, 0, 0, kStreamFlags);
     },
-    [](sound::SoundLibrary& sound, std::string_view path) {
-        return sound.BASS_MusicLoad(false, path, 0, 0, kMusicFlags, kMusicFrequency);
+    [](sound::SoundLibrary& sound, std::string_view path, const base::Comfort& comfort) {
+        return sound.BASS_MusicLoad(false, path, 0, 0,
+                                    comfort.endsModules ? kEndingMusic : kRepeatingMusic,
+                                    kMusicFrequency);
     },
-    [](sound::SoundLibrary& sound, std::string_view path) {
+    [](sound::SoundLibrary& sound, std::string_view path, const base::Comfort& /*comfort*/) {
         return sound.BASS_WMA_StreamCreateFile(false, path, 0, 0, kStreamFlags);
     },
-    [](sound::SoundLibrary& sound, std::string_view path) {
+    [](sound::SoundLibrary& sound, std::string_view path, const base::Comfort& /*comfort*/) {
         return sound.BASS_FLAC_StreamCreateFile(false, path, 0, 0, kStreamFlags);
     },
 };
@@ -47,9 +51,10 @@ constexpr std::string_view kCdTrackWord = "track";
 
 } // namespace
 
-sound::Handle TrackOpener::open(std::string_view path) {
+sound::Handle TrackOpener::open(std::string_view path, const base::Comfort& comfort) {
     for (const Create create : kDecoders) {
-        if (const sound::Handle handle = create(sound_, path); handle != sound::kNoHandle) {
+        if (const sound::Handle handle = create(sound_, path, comfort);
+            handle != sound::kNoHandle) {
             return handle;
         }
         if (sound_.BASS_ErrorGetCode() == sound::ErrorCode::cannotOpenFile) {

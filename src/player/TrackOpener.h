@@ -3,6 +3,7 @@
 // Interface thread.
 #pragma once
 
+#include "base/Comfort.h"
 #include "sound/SoundLibrary.h"
 
 #include <cstdint>
@@ -26,7 +27,8 @@ public:
 
     /// The handle of the first decoder that takes the file, or 0. The name plays no part. A file
     /// that cannot be opened at all, or whose disk does not answer, is offered to one alone.
-    [[nodiscard]] sound::Handle open(std::string_view path);
+    /// A deliberate oddity: a module starts again at its end, unless `comfort` lets it end.
+    [[nodiscard]] sound::Handle open(std::string_view path, const base::Comfort& comfort);
 
     /// The handle of a track of a disc; 0 without one. A drive that there is not has none.
     [[nodiscard]] sound::Handle openCdTrack(const CdTrack& track);

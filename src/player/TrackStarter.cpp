@@ -32,6 +32,11 @@ void TrackStarter::startBeside(sound::Handle channel, const std::string& path) {
     start(channel, path, {.wma = kWma, .others = kOthers});
 }
 
+void TrackStarter::setUp(sound::Handle channel) {
+    static constexpr std::array kSilently = {Act::equalizer, Act::volume, Act::balance};
+    run(channel, kSilently);
+}
+
 void TrackStarter::startDiscBeside(sound::Handle channel) {
     equalizer_.Set_EQ();
     volume_.apply();

@@ -32,6 +32,9 @@ public:
     /// is set last, so that the volume does not centre it.
     void startBeside(sound::Handle channel, const std::string& path);
 
+    /// The same for a channel that something else will start.
+    void setUp(sound::Handle channel);
+
     /// The same for a CD track.
     void startDiscBeside(sound::Handle channel);
 

@@ -3,6 +3,8 @@
 
 #include "base/Url.h"
 
+#include <algorithm>
+
 namespace tovik::player {
 
 namespace {
@@ -39,7 +41,7 @@ bool Transport::start(const TrackRef& track, const std::string& popup) {
     facts_.takeOverFields();
     fadeOut_.callOff();
     starter_.resetDevice();
-    state.PrimaryChannel = opener_.open(track.path);
+    state.PrimaryChannel = opener_.open(track.path, state.comfort);
     if (state.PrimaryChannel == sound::kNoHandle) {
         const auto number = cdTrackOf(track.path);
         if (number && startCdTrack(track, *number)) {
@@ -62,9 +64,19 @@ bool Transport::startCdTrack(const TrackRef& track, const CdTrack& number) {
     PlayerState& state = core_.state;
     core_.sound.BASS_ChannelStop(state.PrimaryChannel);
     state.PrimaryChannel = opener_.openCdTrack(number);
-    core_.sound.BASS_StreamPlay(state.PrimaryChannel, true, 0);
+    // A deliberate oddity: nobody watches it, and neither volume nor bands reach it.
+    const bool asAnyOther = state.comfort.watchesCdTracks;
+    if (asAnyOther) {
+        state.ActiveChannel = ChannelSlot::primary;
+        starter_.startDiscBeside(state.PrimaryChannel);
+    } else {
+        core_.sound.BASS_StreamPlay(state.PrimaryChannel, true, 0);
+    }
     if (state.PrimaryChannel == sound::kNoHandle) {
         return false;
+    }
+    if (asAnyOther) {
+        clock_.watchTrack(true);
     }
     facts_.showNothingKnown(track);
     setIdleSync(state.PrimaryChannel, kChannelSync);
@@ -140,7 +152,11 @@ void Transport::skip(std::int32_t seconds) {
         return; // a stream has no other place to go to
     }
     const sound::Handle channel = core_.state.active();
-    time_.SetPlayingPos(channel, time_.GetPlayingPos(channel) + seconds, false);
+    std::int32_t place = time_.GetPlayingPos(channel) + seconds;
+    if (core_.state.comfort.clampsSkips) {
+        place = std::clamp(place, 0, std::max(time_.GetDuration(channel) - 1, 0));
+    }
+    time_.SetPlayingPos(channel, place, false);
     core_.news.reportSeek();
 }
 

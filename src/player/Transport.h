@@ -44,7 +44,8 @@ public:
 
     void reset_time();
 
-    /// Five seconds on or back; beyond the ends nothing happens.
+    /// Five seconds on or back. A deliberate oddity: near the ends nothing happens;
+    /// `Comfort::clampsSkips` goes to the beginning, or to the last second.
     void five_seconds_fwd();
     void five_seconds_bck();
 

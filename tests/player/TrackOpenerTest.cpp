@@ -10,14 +10,14 @@ namespace tovik::player {
 TEST(TrackOpener, OffersWhatIsRefusedToTheNext) {
     test::FakeSoundLibrary sound;
     sound.error = sound::ErrorCode::unsupportedFormat;
-    EXPECT_EQ(TrackOpener(sound).open("/music/a.txt"), sound::kNoHandle);
+    EXPECT_EQ(TrackOpener(sound).open("/music/a.txt", {}), sound::kNoHandle);
     EXPECT_EQ(sound.calls.size(), 4U);
 }
 
 TEST(TrackOpener, OffersAFileThatCannotBeOpenedOnce) {
     test::FakeSoundLibrary sound;
     sound.error = sound::ErrorCode::cannotOpenFile; // also of a disk that does not answer in time
-    EXPECT_EQ(TrackOpener(sound).open("/music/a.mp3"), sound::kNoHandle);
+    EXPECT_EQ(TrackOpener(sound).open("/music/a.mp3", {}), sound::kNoHandle);
     EXPECT_EQ(sound.calls.size(), 1U);
 }
 

@@ -66,11 +66,14 @@ void FakeSoundLibrary::elapse(std::int64_t milliseconds) {
         if (channel.file.kind == FakeKind::station) {
             continue;
         }
-        if (channel.position >= length && channel.file.kind == FakeKind::music) {
+        const bool loops =
+            channel.file.kind == FakeKind::music && (channel.flags & sound::BASS_MUSIC_LOOP) != 0;
+        if (channel.position >= length && loops) {
             channel.position -= length;
         } else if (channel.position >= length) {
             channel.position = length;
             channel.activity = Activity::stopped;
+            startFollower(handle);
         }
     }
 }
@@ -388,8 +391,15 @@ bool FakeSoundLibrary::playBehind(Handle next, Handle before) {
     if (channel == nullptr || find(before) == nullptr) {
         return false;
     }
-    channel->activity = Activity::playing;
+    followers_[before] = next;
     return true;
+}
+
+void FakeSoundLibrary::startFollower(Handle before) {
+    const auto waiting = followers_.extract(before);
+    if (Channel* const next = waiting ? find(waiting.mapped()) : nullptr; next != nullptr) {
+        next->activity = Activity::playing;
+    }
 }
 
 bool FakeSoundLibrary::BASS_ChannelStop(Handle handle) {

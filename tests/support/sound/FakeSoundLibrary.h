@@ -181,7 +181,10 @@ private:
     bool play(sound::Handle handle, bool music);
     bool free(sound::Handle handle, bool music);
 
+    void startFollower(sound::Handle before);
+
     std::map<sound::Handle, Channel> channels_;
+    std::map<sound::Handle, sound::Handle> followers_; ///< by the channel that they wait for
     sound::Handle lastHandle_ = sound::kNoHandle;
     sound::Handle lastEffect_ = 1000;
 };
