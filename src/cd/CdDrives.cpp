@@ -25,6 +25,7 @@ constexpr std::chrono::milliseconds kMoment(33);
 constexpr std::chrono::milliseconds kBetweenLooks(1);
 
 constexpr std::int32_t kLookMs = 50;
+constexpr std::int32_t kMostRounds = std::chrono::milliseconds(kPatience).count() / kLookMs;
 constexpr std::int32_t kWatchMs = 500;
 
 constexpr char kFirstLetter = 'A';
@@ -69,10 +70,14 @@ void CdDrives::fill() {
         if (!description) {
             break;
         }
-        const auto letter = static_cast<char>(kFirstLetter + sound_.BASS_CD_GetDriveLetter(drive));
-        entries.push_back({.text = std::string(1, letter) + ": " + *description,
-                           .ItemData = static_cast<std::int32_t>(drive)});
-        letters += (letters.empty() ? "" : "|") + std::string(1, letter);
+        const int number = sound_.BASS_CD_GetDriveLetter(drive);
+        if (number < 0) {
+            continue;
+        }
+        const std::string letter(1, static_cast<char>(kFirstLetter + number));
+        entries.push_back(
+            {.text = letter + ": " + *description, .ItemData = static_cast<std::int32_t>(drive)});
+        letters += (letters.empty() ? "" : "|") + letter;
     }
     state_.CDDriveLast = static_cast<std::int32_t>(entries.size()) - 1;
     cmbCDDrives.entries = std::move(entries);
@@ -100,15 +105,16 @@ void CdDrives::Init_CD_Ripper() {
 void CdDrives::beginInit() {
     if (!rips()) {
         sound_.lookAtDrives();
+        rounds_ = 0;
         lookTimer_->setEnabled(true);
     }
 }
 
 void CdDrives::look() {
-    if (sound_.lookingAtDrives() || waiting_) {
+    if (waiting_ || (++rounds_ < kMostRounds && sound_.lookingAtDrives())) {
         return;
     }
-    lookTimer_->setEnabled(false);
+    lookTimer_->setEnabled(false); // a drive that never answers does not keep the others out
     if (rips()) {
         return;
     }

@@ -39,8 +39,9 @@ public:
     /// waits.
     void Init_CD_Ripper();
 
-    /// The same without waiting: what is found comes when it comes, and the entry that was selected
-    /// is selected again where it still is there. Nothing while a rip runs.
+    /// The same without waiting: what is found comes when all drives have answered, or when they
+    /// had 20 s for it, and the entry that was selected is selected again where it still is there.
+    /// Nothing while a rip runs.
     void beginInit();
 
     /// The user has chosen an entry of the box. While a rip runs the box stays as it was.
@@ -78,6 +79,7 @@ private:
     sound::SoundLibrary& sound_;
     CdState& state_;
     std::unique_ptr<host::Timer> lookTimer_;  ///< while a look of `beginInit` runs
+    std::int32_t rounds_ = 0;                 ///< of that timer, that this look has taken
     std::unique_ptr<host::Timer> watchTimer_; ///< while the drive is watched
     std::uint32_t listedDisc_ = 0;            ///< whose tracks the list shows
     bool waiting_ = false;

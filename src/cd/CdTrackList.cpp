@@ -45,10 +45,11 @@ std::string CdTrackList::currentLetter() const {
         const std::size_t bar = rest.find('|');
         rest.remove_prefix(bar == std::string_view::npos ? rest.size() : bar + 1);
     }
+    rest = rest.substr(0, rest.find('|'));
     if (rest.empty()) {
         throw base::RuntimeError(base::ErrorNumber::SubscriptOutOfRange);
     }
-    return std::string(rest.substr(0, rest.find('|')));
+    return std::string(rest);
 }
 
 std::int64_t CdTrackList::lengthOf(std::int32_t track) const {

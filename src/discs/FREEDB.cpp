@@ -66,9 +66,9 @@ FREEDB::FREEDB(Needs needs) : needs_(std::move(needs)) {}
 std::string FREEDB::CdDrives() const {
     std::string letters;
     for (std::uint32_t drive = 0; needs_.drives.BASS_CD_GetDriveDescription(drive); ++drive) {
+        letters += drive > 0 ? "|" : "";
         const int letter = needs_.drives.BASS_CD_GetDriveLetter(drive);
         if (letter >= 0) {
-            letters += letters.empty() ? "" : "|";
             letters.push_back(static_cast<char>(kFirstLetter + letter));
         }
     }

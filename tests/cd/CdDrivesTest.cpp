@@ -131,6 +131,39 @@ TEST_F(CdDrives, areLookedAtWithoutWaitingToo) {
     EXPECT_THAT(sound_.driveCalls, SizeIs(2)); // and once only
 }
 
+TEST_F(CdDrives, oneThatNeverAnswersKeepsNoOtherOut) {
+    insert({{10}, {}});
+    sound_.looksNeeded = 1'000'000;
+    cd_.beginInit();
+    cd_.watch(true);
+    advance(19'500);
+    EXPECT_THAT(box(), IsEmpty());
+    advance(1000);
+    EXPECT_THAT(box(), SizeIs(2));
+    EXPECT_EQ(tracks_.ListCount(), 1);
+    sound_.drives[0].toc = FakeDiscs::discOf({20, 30});
+    sound_.drives[0].number = 2;
+    advance(1000);
+    EXPECT_EQ(tracks_.ListCount(), 2); // what is watched is followed again
+    cd_.beginInit();
+    sound_.drives.resize(1);
+    advance(19'500);
+    EXPECT_THAT(box(), SizeIs(2)); // a new look has all of its time
+    advance(1000);
+    EXPECT_THAT(box(), SizeIs(1));
+}
+
+TEST_F(CdDrives, oneWithoutALetterIsLeftOut) {
+    insert({{10}, {20}, {30}});
+    sound_.drives[1].letter = -1;
+    cd_.Init_CD_Ripper();
+    EXPECT_THAT(box(), ElementsAre("D: Drive 0 0", "F: Drive 2 2"));
+    EXPECT_EQ(letters_, "D|F");
+    cd_.cmbCDDrives_Click(1);
+    EXPECT_THAT(rowsOf(tracks_), ElementsAre("F:\\Track01.cda|Track 1|00:30|30"));
+    EXPECT_THAT(logged(), IsEmpty());
+}
+
 TEST_F(CdDrives, lookedAtWithoutWaitingTheChosenOneStaysChosen) {
     insert({{10}, {20}});
     cd_.Init_CD_Ripper();

@@ -51,7 +51,8 @@ protected:
             return all;
         }
         for (const auto& drive : sound_.drives) {
-            all += (all.empty() ? "" : "|") + std::string(1, static_cast<char>('A' + drive.letter));
+            all += &drive == sound_.drives.data() ? "" : "|";
+            all += std::string(drive.letter < 0 ? 0 : 1, static_cast<char>('A' + drive.letter));
         }
         return all;
     }

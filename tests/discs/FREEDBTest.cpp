@@ -65,6 +65,10 @@ TEST_F(FREEDBTest, namesTheDrives) {
     sound_.drives[1].letter = 4;
     sound_.drives[2].letter = 7;
     EXPECT_EQ(db_.CdDrives(), "D|E|H");
+    sound_.drives[1].letter = -1;
+    EXPECT_EQ(db_.CdDrives(), "D||H"); // each keeps its place
+    sound_.drives[2].letter = -1;
+    EXPECT_EQ(db_.CdDrives(), "D||");
     sound_.drives.clear();
     EXPECT_EQ(db_.CdDrives(), "");
 }
