@@ -5,8 +5,13 @@
 #include "sound/decode/Media.h"
 #include "sound/engine/Engine.h"
 #include "sound/output/SilentOutput.h"
+#include "support/sound/FakeCdDrive.h"
 
+#include <chrono>
+#include <filesystem>
 #include <gtest/gtest.h>
+#include <memory>
+#include <thread>
 
 namespace tovik::cd {
 
@@ -45,7 +50,24 @@ protected:
     }
 
     const std::string source_ = sound::test::mediaPath("wav_s16_44100_stereo.wav");
-    sound::Engine engine_{std::make_unique<sound::SilentOutput>()};
+
+    /// Two tracks of one second each, listed and looked at.
+    void insertDisc() {
+        script_->insert(test::FakeDiscs::discOf({1, 1}));
+        sound::SoundLibrary& engine = engine_;
+        engine.lookAtDrives();
+        for (int i = 0; i < 10'000 && engine.lookingAtDrives(); ++i) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+        tracks_.Clear();
+        for (const char* const file : {"D:\\Track01.cda", "D:\\Track02.cda"}) {
+            tracks_.AddItem(file, file, "Song", "00:01", 1);
+        }
+    }
+
+    std::shared_ptr<test::DriveScript> script_ = std::make_shared<test::DriveScript>();
+    sound::Engine engine_{std::make_unique<sound::SilentOutput>(),
+                          {.drives = test::DriveScript::options({script_})}};
     player::Core realCore_{.state = state_,
                            .sound = engine_,
                            .settings = settings_,
@@ -63,6 +85,7 @@ protected:
                         .words = words_,
                         .progress = progress_};
     TrackRipper real_{realNeeds_};
+    Ripping ripAll_{realNeeds_, tagWarning_, tags::TagWork::direct()};
 };
 
 } // namespace
@@ -88,6 +111,27 @@ TEST_F(RealEncoder, SayWhyTheyCannotWrite) {
                                     HasSubstr("Can't init outfile"),
                                     HasSubstr("full.ogg cannot be written.\nFailed writing")));
     EXPECT_THAT(converted(), SizeIs(3));
+}
+
+// Long titles do that, since a name may have 255 bytes at most.
+TEST_F(RealEncoder, ANameThatNoDiskTakesFailsItsTrackAlone) {
+    insertDisc();
+    form_.List1 = {std::string(300, 'x'), "-o \"x\""};
+    ripAll_.Rip_All();
+    EXPECT_THAT(told(), ElementsAre(HasSubstr("xxx.mp3 cannot be written.\n")));
+    EXPECT_THAT(converted(), ElementsAre("Couldn't create the file 33 occured when Tovik tried to "
+                                         "play/convert: 0"));
+    EXPECT_EQ(frames(album("-o \"x\".mp3")), 44'100);
+    EXPECT_FALSE(state_.RipRunning);
+}
+
+TEST_F(RealEncoder, AnAlbumThatNoDiskTakesIsTold) {
+    insertDisc();
+    form_.Text1[0] = std::string(300, 'x');
+    ripAll_.Rip_All();
+    EXPECT_THAT(told(), ElementsAre(HasSubstr(form_.Text1[0])));
+    EXPECT_THAT(logged(), ElementsAre(HasSubstr("TSR,RipAll")));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(music()), {}), 0);
 }
 
 } // namespace tovik::cd
