@@ -11,4 +11,8 @@ std::vector<std::string> builtWith() {
     return fields.all();
 }
 
+const char* programVersion() {
+    return TOVIK_VERSION;
+}
+
 } // namespace tovik::app

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/DataPlace.h"
 
+#include "app/BuiltWith.h"
+#include "app/Upgrade.h"
 #include "base/AtomicFile.h"
 #include "base/ErrorPlace.h"
 #include "base/ErrorStream.h"
@@ -110,6 +112,7 @@ DataPlace prepareDataFolder(const host::CommandLine& line, const host::Environme
     if (failure) {
         standIn(place, failure, environment.locale);
     }
+    upgradeDataFolder(place.folder, place.shippedFolder, programVersion());
     const host::Paths paths(place.folder);
     base::sweepLeftovers(paths.inside("db"));
     try {

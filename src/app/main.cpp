@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The way into the program: reads the options and does what they ask for.
+#include "app/BuiltWith.h"
 #include "app/OutputChoice.h"
 #include "app/Play.h"
 #include "app/Render.h"
-#include "app/Version.h"
 #include "base/ErrorStream.h"
 #include "desktop/TypeExport.h"
 #include "host/CommandLine.h"
@@ -42,7 +42,7 @@ int run(std::span<const std::string> words) {
         return std::fputs(host::helpText().c_str(), stdout) < 0 ? EXIT_FAILURE : EXIT_SUCCESS;
     }
     if (line.version) {
-        return std::printf("tovik %s\n", app::kVersion) < 0 ? EXIT_FAILURE : EXIT_SUCCESS;
+        return std::printf("tovik %s\n", app::programVersion()) < 0 ? EXIT_FAILURE : EXIT_SUCCESS;
     }
     if (line.device == host::kListDevices) {
         return app::listOutputs() ? EXIT_SUCCESS : EXIT_FAILURE;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "config/Version.h"
 
+#include "config/clsXML.h"
 #include "config/Fields.h"
 #include "config/SettingText.h"
 
@@ -41,6 +42,30 @@ std::string clientVersionText(std::string_view tkxv) {
     }
     const Fields fields(tkxv, kSeparator);
     return std::string(kProgramName) + fields.at(0) + " Build " + fields.at(1);
+}
+
+void takeVersion(const std::string& settingsPath, const std::string& programsPath) {
+    clsXML programs;
+    clsXML xml;
+    if (!programs.OpenXML(programsPath, XmlSource::FilePath) ||
+        !xml.OpenXML(settingsPath, XmlSource::FilePath)) {
+        return;
+    }
+    bool changed = false;
+    for (const std::string_view key : {kRecordKey, kSecondPartKey, kDateKey}) {
+        const std::string path = Settings::pathOf(key);
+        if (!Settings::holds(programs, key)) {
+            continue;
+        }
+        const std::string value = programs.ReadNode(path);
+        if (!Settings::holds(xml, key) || xml.ReadNode(path) != value) {
+            Settings::makeOrWrite(xml, key, value);
+            changed = true;
+        }
+    }
+    if (changed) {
+        xml.Save(settingsPath);
+    }
 }
 
 Version::Version(Settings& settings) : settings_(settings) {}

@@ -24,6 +24,11 @@ namespace tovik::config {
 /// that begins with "B". Raises 9 where there is no second field.
 [[nodiscard]] std::string clientVersionText(std::string_view tkxv);
 
+/// Gives a settings file the version that another one, that of the program, tells: TKXV, TKV2 and
+/// TKD. A key that the program's does not tell, or a file that cannot be read, changes nothing; the
+/// file is written only where a value differs. Raises what writing raises.
+void takeVersion(const std::string& settingsPath, const std::string& programsPath);
+
 /// The versions that the program shows and hands on. Each call reads the settings file and raises
 /// what that raises.
 class Version {

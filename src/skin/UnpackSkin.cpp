@@ -29,19 +29,6 @@ constexpr std::string_view kScratchName = "skins/base.bin";
 
 constexpr const char* kFailureText = "error!";
 
-/// One file is enough, whatever it is: a folder with a stray file in it is never filled, and one
-/// that was filled in part is never completed.
-bool countsAsUnpacked(const std::string& folder) {
-    std::error_code failure;
-    bool found = false;
-    for (fs::directory_iterator entry(folder, failure), end; !failure && !found && entry != end;
-         entry.increment(failure)) {
-        found = !fs::is_directory(entry->symlink_status(failure));
-    }
-    base::raiseFailure(failure);
-    return found;
-}
-
 /// Where the files of one package go. Names that differ in case alone are one file.
 class SkinFolder {
 public:
@@ -107,6 +94,17 @@ bool putFrom(const std::string& path, const std::vector<std::string>& names,
 }
 
 } // namespace
+
+bool countsAsUnpacked(const std::string& folder) {
+    std::error_code failure;
+    bool found = false;
+    for (fs::directory_iterator entry(folder, failure), end; !failure && !found && entry != end;
+         entry.increment(failure)) {
+        found = !fs::is_directory(entry->symlink_status(failure));
+    }
+    base::raiseFailure(failure);
+    return found;
+}
 
 void completeSkin(const host::Paths& paths, const std::vector<std::string>& names,
                   const std::vector<std::string>& packages) {

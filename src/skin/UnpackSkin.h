@@ -22,4 +22,9 @@ void UnpackSkin(const host::Paths& paths, host::Dialogs& dialogs);
 void completeSkin(const host::Paths& paths, const std::vector<std::string>& names,
                   const std::vector<std::string>& packages);
 
+/// Whether the skin's folder counts as filled. One file is enough, whatever it is: a folder with a
+/// stray file in it is not filled, and one that was filled in part is not completed before a newer
+/// program does (`renewSkin`). Raises what reading the folder raises.
+[[nodiscard]] bool countsAsUnpacked(const std::string& folder);
+
 } // namespace tovik::skin

@@ -136,10 +136,15 @@ TEST_F(DataPlace, whatAFolderInUseLacksIsLaidAnew) {
     EXPECT_EQ(app::prepareDataFolder(line_, environment_).folder, home_ / "user");
     EXPECT_EQ(home_.read("user/db/autosave.m3u"), "#EXTM3U\r\n");
     EXPECT_EQ(home_.read("user/Languages/English.lng"), "[x]");
-    EXPECT_FALSE(fs::exists(home_ / "user/music"));
+    EXPECT_EQ(home_.read("user/music/welcome.ogg"), "tune");
+    fs::remove(home_ / "user/music/welcome.ogg");
+    fs::remove(home_ / "user/Languages/English.lng");
     home_.write("user/db/autosave.m3u", "mine");
     EXPECT_EQ(app::prepareDataFolder(line_, environment_).folder, home_ / "user");
     EXPECT_EQ(home_.read("user/db/autosave.m3u"), "mine");
+    EXPECT_EQ(home_.read("user/Languages/English.lng"), "[x]");
+    // What is not needed is laid once a version.
+    EXPECT_FALSE(fs::exists(home_ / "user/music/welcome.ogg"));
 }
 
 TEST_F(DataPlace, manyFirstStartsAtOnceAreOne) {

@@ -4,6 +4,8 @@
 #include "config/RaisedNumber.h"
 #include "config/SettingsFixture.h"
 
+#include <filesystem>
+
 namespace tovik::config {
 namespace {
 
@@ -61,6 +63,38 @@ TEST_F(VersionTest, aMissingKeyIsTheUseOfANull) {
     EXPECT_EQ(raisedNumber([&] { std::ignore = version_.getTovikversion(); }), 94);
     EXPECT_EQ(version_.getTovikbuildNm(), 42);
     EXPECT_EQ(raisedNumber([&] { std::ignore = version_.updateArgument(); }), 94);
+}
+
+class TakeVersionTest : public test::SettingsFixture {
+protected:
+    TakeVersionTest() {
+        host_.folder.write("shipped.xml", "<Settings><TKXV>1,2</TKXV><TKV2>3</TKV2></Settings>");
+    }
+
+    void take() const { takeVersion(path(), host_.folder / "shipped.xml"); }
+};
+
+TEST_F(TakeVersionTest, givesTheSettingsTheProgramsValues) {
+    writeSettings("<!-- mine --><TKXV>0,9</TKXV><A>x</A><TKD>1.1.2001</TKD>");
+    take();
+    EXPECT_EQ(settings_.getSetting("TKXV"), "1,2");
+    EXPECT_EQ(settings_.getSetting("TKV2"), "3");
+    EXPECT_EQ(settings_.getSetting("TKD"), "1.1.2001"); // the program's tell none
+    EXPECT_EQ(settings_.getSetting("A"), "x");
+    EXPECT_NE(file().find("<!-- mine -->"), std::string::npos);
+}
+
+TEST_F(TakeVersionTest, leavesAFileAloneThatHasThemOrIsDamaged) {
+    const std::string same = "<Settings  ><TKXV>1,2</TKXV><TKV2>3</TKV2></Settings>";
+    for (const std::string& bytes :
+         {same, std::string("<Settings><TKXV>0,9</Sett"), std::string()}) {
+        writeFile(bytes);
+        take();
+        EXPECT_EQ(file(), bytes);
+    }
+    std::filesystem::remove(path());
+    take();
+    EXPECT_FALSE(std::filesystem::exists(path()));
 }
 
 } // namespace

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/system/LocalAddress.h"
 
+#include "base/Digest.h"
+
 #include <algorithm>
 #include <array>
-#include <cstdint>
 #include <filesystem>
 #include <iterator>
-#include <string_view>
 #include <system_error>
 
 #include <fcntl.h>
@@ -15,28 +15,6 @@
 namespace tovik::host {
 
 namespace fs = std::filesystem;
-
-namespace {
-
-/// FNV-1a of 64 bits (Fowler, Noll, Vo).
-std::uint64_t hashOf(std::string_view text) {
-    std::uint64_t hash = 0xCBF29CE484222325;
-    for (const char letter : text) {
-        hash = (hash ^ static_cast<unsigned char>(letter)) * 0x100000001B3;
-    }
-    return hash;
-}
-
-std::string hexadecimal(std::uint64_t number) {
-    constexpr std::string_view kDigits = "0123456789abcdef";
-    std::string text(16, '0');
-    for (auto digit = text.rbegin(); digit != text.rend(); ++digit, number >>= 4) {
-        *digit = kDigits[number & 0xF];
-    }
-    return text;
-}
-
-} // namespace
 
 std::string instanceSocketPath(const std::string& runtimeFolder, const std::string& dataFolder,
                                uid_t user) {
@@ -47,15 +25,15 @@ std::string instanceSocketPath(const std::string& runtimeFolder, const std::stri
     } else if (!folder.has_filename()) {
         folder = folder.parent_path(); // a "/" at its end
     }
-    return runtimeFolder + "/tovik-" +
-           hexadecimal(hashOf(std::to_string(user) + ":" + folder.native()));
+    return runtimeFolder + "/tovik-" + base::digestOf(std::to_string(user) + ":" + folder.native());
 }
 
 LocalAddress::LocalAddress(const std::string& path) {
     address_.sun_family = AF_UNIX;
     if (!set(path)) {
         const fs::path whole(path);
-        folder_ = base::Descriptor(::open(whole.parent_path().c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+        folder_ =
+            base::Descriptor(::open(whole.parent_path().c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
         if (folder_.open()) {
             set("/proc/self/fd/" + std::to_string(folder_.get()) + "/" + whole.filename().native());
         }
