@@ -40,5 +40,7 @@ add_custom_command(
     DEPENDS tovik_skin_art
     COMMENT "Drawing the picture of the start")
 
+# Told from that folder.
+set(TOVIK_SHIPPED_FILES ${data_files} skins/base.tsf skins/splash.png)
 add_custom_target(tovik_data ALL DEPENDS ${shipped_files} ${package} ${splash})
 add_dependencies(tovik tovik_data)

@@ -56,7 +56,7 @@ build() {
             cmake --preset "$1" >/dev/null || exit 1
             touch "$folder/build.ninja"
         fi
-        cmake --build "$folder" -j "$(nproc)" "${targets[@]}"
+        cmake --build "$folder" -j "${CMAKE_BUILD_PARALLEL_LEVEL:-$(nproc)}" "${targets[@]}"
     ) >&2 || die "the build of $1 failed"
 }
 

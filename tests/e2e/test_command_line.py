@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Options that end the program at once."""
 import os
+import re
 import unittest
 
 from program import ProgramTest
@@ -13,6 +14,17 @@ class CommandLine(ProgramTest):
         for option in (b"--data", b"--help", b"--version", b"--device", b"--render", b"--seconds",
                        b"--screenshot"):
             self.assertIn(option, result.stdout)
+
+    def test_every_option_is_told_wherever_options_are(self):
+        options = re.findall(r"^  --([a-z-]+)", self.run_program("--help").stdout.decode(), re.M)
+        self.assertGreater(len(options), 7)
+        root = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../..")
+        for name, form in (("README.md", "`--{}"), ("packaging/man/tovik.1", "It Fl Fl {}\\b"),
+                           ("packaging/completion/_tovik", "--{}\\[")):
+            with open(os.path.join(root, name), encoding="utf-8") as file:
+                text = file.read()
+            for option in options:
+                self.assertRegex(text, form.format(option), name)
 
     def test_version(self):
         result = self.run_program("--version")

@@ -8,8 +8,9 @@
 namespace tovik::sound {
 namespace {
 
-/// Beside the program, as it is built, or where programs keep their modules once installed.
-constexpr std::array<const char*, 2> kFolders = {".", "../lib/tovik"};
+/// Beside the program, as it is built, or where it is installed: its own parts, and those with
+/// libraries.
+constexpr std::array<const char*, 3> kFolders = {".", "../lib/tovik", "../lib/tovik/modules"};
 
 std::filesystem::path programFolder() {
     std::error_code error;
