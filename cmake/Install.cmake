@@ -28,9 +28,16 @@ foreach(size 16 22 24 32 48 64 128 256 512)
 endforeach()
 install(FILES ${packaging}/tovik.svg DESTINATION share/icons/hicolor/scalable/apps)
 
-# The day of this version, as the settings tell it.
+# The version stands in the settings, too, in the form that windows and servers are told: its build and
+# its day with it.
 set_property(DIRECTORY APPEND PROPERTY
     CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/data/db/settings.xml)
+file(STRINGS ${PROJECT_SOURCE_DIR}/data/db/settings.xml told REGEX "<TK(XV|V2)>")
+string(REGEX REPLACE ".*<TKXV>([0-9]+),.*<TKV2>([0-9]+)<.*" "\\1.\\2." version "${told}")
+string(FIND "${PROJECT_VERSION}." "${version}" place)
+if(NOT place EQUAL 0)
+    message(FATAL_ERROR "data/db/settings.xml tells another version than ${PROJECT_VERSION}: ${told}")
+endif()
 file(STRINGS ${PROJECT_SOURCE_DIR}/data/db/settings.xml day REGEX "<TKD>")
 string(REGEX REPLACE ".*>([0-9]+)\\.([0-9]+)\\.([0-9]+)<.*" "\\3-\\2-\\1" TOVIK_DAY "${day}")
 configure_file(${packaging}/desktop/tovik.metainfo.xml.in
