@@ -10,6 +10,7 @@ _tovik() {
 list
 $(tovik --device list 2>/dev/null)" -- "$word")
             ;;
+        --comfort) mapfile -t COMPREPLY < <(compgen -W $'on\noff' -- "$word") ;;
         --seconds) COMPREPLY=() ;;
         *)
             if [[ $word == --* ]]; then

@@ -23,6 +23,7 @@ struct Row {
 /// Complete: whatever is laid since is remembered by the folder itself. Sorted by name.
 constexpr auto kLaidBefore = std::to_array<Row>({
     {"CDDB/server.ini", "f5e52ee24a3f42c1"},
+    {"Languages/English.lng", "bfc4ba39d7347755"},
     {"Languages/English.lng", "df1b928b0cbac8ef"},
     {"Languages/English.lng", "7146957ee1656d40"},
     {"Languages/English.lng", "e5a4a3523de51fde"},
@@ -36,6 +37,7 @@ constexpr auto kLaidBefore = std::to_array<Row>({
     {"Languages/English.lng", "9f6ae8dc1409bec6"},
     {"Languages/English.lng", "4edb9c75444d01ba"},
     {"Languages/English.lng", "5be9a7eb80ed039c"},
+    {"Languages/Slovenian.lng", "45b4d8d7b2c52e48"},
     {"Languages/Slovenian.lng", "25816eb5d3fe6fab"},
     {"Languages/Slovenian.lng", "4a6e61091531cc56"},
     {"Languages/Slovenian.lng", "4a83e631cb3e45fd"},
