@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <optional>
 #include <vector>
 
@@ -200,6 +201,21 @@ TEST_F(DataPlace, aFolderThatCannotBeWrittenBringsAStandInWithItsSettings) {
     std::string text;
     std::getline(settings, text);
     EXPECT_EQ(text, "<Settings><A>1</A></Settings>");
+}
+
+TEST_F(DataPlace, theStandInOfAnOlderFolderIsBroughtUpAndTheFolderStays) {
+    home_.write("bin/data/db/settings.xml", "<Settings><TKXV>0,2</TKXV></Settings>");
+    home_.write("user/db/settings.xml", "<Settings><TKXV>0,1</TKXV></Settings>");
+    fs::permissions(home_.path(), fs::perms(0755));
+    fs::permissions(home_ / "user/db", fs::perms(0555));
+    const Unprivileged user;
+    const app::DataPlace place = app::prepareDataFolder(line_, environment_);
+    ASSERT_NE(place.standIn, nullptr);
+    std::ifstream settings(place.folder + "/db/settings.xml");
+    const std::string text(std::istreambuf_iterator<char>(settings), {});
+    EXPECT_NE(text.find("<TKXV>0,2</TKXV>"), std::string::npos) << text;
+    EXPECT_EQ(home_.read("user/db/settings.xml"), "<Settings><TKXV>0,1</TKXV></Settings>");
+    EXPECT_FALSE(fs::exists(home_ / "user/db/laid.txt"));
 }
 
 TEST_F(DataPlace, withoutRoomForAStandInTheFolderItselfServes) {
