@@ -85,8 +85,9 @@ class Package(unittest.TestCase):
                 self.assertNotIn(built_in, file.read(), name)
 
     def test_lintian_finds_no_error_and_no_warning(self):
-        result = run("lintian", "--allow-root", "--fail-on", "error,warning", package(".deb"))
-        self.assertEqual((result.returncode, result.stdout), (0, ""))
+        for ending in (".deb", ".ddeb"):
+            result = run("lintian", "--allow-root", "--fail-on", "error,warning", package(ending))
+            self.assertEqual((result.returncode, result.stdout), (0, ""))
 
     def test_it_asks_for_its_libraries_and_recommends_the_encoders(self):
         depends, recommends = self.fields("Depends", "Recommends")
@@ -98,6 +99,8 @@ class Package(unittest.TestCase):
 
     def test_symbols_are_in_a_package_of_their_own(self):
         listed = run("dpkg-deb", "--contents", package(".ddeb")).stdout
+        for line in run("dpkg-deb", "--info", package(".ddeb"), "md5sums").stdout.splitlines():
+            self.assertRegex(line, r"^[0-9a-f]{32}  usr/lib/debug/")
         programs = [name for name in files()
                     if run("file", "-b", os.path.join(ROOT, name)).stdout.startswith("ELF")]
         self.assertEqual(len(programs), 9)  # two programs, the host, three modules, three plug-ins
