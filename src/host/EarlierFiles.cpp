@@ -20,7 +20,8 @@ struct Row {
     [[nodiscard]] bool operator==(const Row&) const = default;
 };
 
-/// Complete: whatever is laid since is remembered by the folder itself. Sorted by name.
+/// What is laid since is remembered by the folder itself. Of the drawn pictures only the last forms
+/// are here. Sorted by name.
 constexpr auto kLaidBefore = std::to_array<Row>({
     {"CDDB/server.ini", "f5e52ee24a3f42c1"},
     {"Languages/English.lng", "bfc4ba39d7347755"},
@@ -56,6 +57,7 @@ constexpr auto kLaidBefore = std::to_array<Row>({
     {"music/welcome.ogg", "21bd19fc2f117fb1"},
     {"skins/base.tsf", "ffc1fe96189f874c"},
     {"skins/base.tsf", "16768b9e72a1f80b"},
+    {"skins/base.tsf", "e88661fe55dcadb2"},
     {"skins/splash.png", "5b06e5cfdbb02352"},
     {"skins/splash.png", "8c2974573e367943"},
     {"vh.txt", "37fea956f955c3bd"},
