@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Playing into a file: no screen, no device, the same sound."""
+import array
 import os
 import shutil
 import unittest
@@ -45,6 +46,36 @@ class Render(ProgramTest):
                 with open(self.path("out.wav"), "rb") as a, \
                         open(self.path("first.wav"), "rb") as b:
                     self.assertEqual(a.read(), b.read())
+
+    def in_a_row(self, comfort, *names):
+        with open(self.path("row.m3u"), "w", encoding="utf-8") as file:
+            file.write("#EXTM3U\n")
+            for name in names:
+                file.write(f"#EXTINF:2,{name}\n{media(name)}\n")
+        return self.render("--comfort", comfort, "--seconds", "20", self.path("row.m3u"))
+
+    def test_tracks_in_a_row_join(self):
+        self.full_volume()
+        whole = read_wav(media("gapless_whole.wav"))[3]
+        for form in ("gapless_%d.wav", "gapless_%d.flac"):
+            with self.subTest(form=form):
+                row = self.in_a_row("on", *(form % n for n in (1, 2, 3)))
+                self.assertEqual(row[:len(whole)], whole)
+        lengths = [len(read_wav(media(f"gapless_{n}.wav"))[3]) for n in (1, 2, 3)]
+        for names in (("link_1.ogg", "link_2.ogg", "link_3.ogg"),
+                      ("gapless_1.mp3", "gapless_2.mp3", "gapless_3.mp3"),
+                      ("gapless_1.flac", "gapless_2.mp3", "link_3.ogg")):
+            with self.subTest(names=names):
+                alone = array.array("f")
+                for name, length in zip(names, lengths):
+                    alone += self.render("--comfort", "on", media(name))[:length]
+                self.assertEqual(self.in_a_row("on", *names)[:len(alone)], alone)
+
+    def test_without_comfort_there_is_a_gap(self):
+        self.full_volume()
+        whole = read_wav(media("gapless_whole.wav"))[3]
+        row = self.in_a_row("off", "gapless_1.wav", "gapless_2.wav", "gapless_3.wav")
+        self.assertNotEqual(row[:len(whole)], whole)
 
     def test_what_never_ends_needs_a_limit(self):
         result = self.run_program("--render", self.path("out.wav"), media("song.xm"))

@@ -65,6 +65,8 @@ TABLE = {
     "two_blocks.wma": ("wav_s16_44100_stereo.wav",
                        [*FFMPEG, "-i", "{in}", "-t", "0.08", "-c:a", "wmav2", "-b:a", "128k",
                         "{out}"]),
+    **{"gapless_%d.mp3" % n: ("gapless_%d.wav" % n, [*LAME, "-b", "192", "{in}", "{out}"])
+       for n in (1, 2, 3)},
     "gapless_1.flac": ("gapless_1.wav", [*FLAC, "-o", "{out}", "{in}"]),
     "gapless_2.flac": ("gapless_2.wav", [*FLAC, "-o", "{out}", "{in}"]),
     "gapless_3.flac": ("gapless_3.wav", [*FLAC, "-o", "{out}", "{in}"]),
