@@ -11,6 +11,7 @@
 #include <linux/seccomp.h>
 #include <sys/ioctl.h>
 #include <sys/prctl.h>
+#include <sys/socket.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 #include <vector>
@@ -178,6 +179,7 @@ struct Looked {
 constexpr std::array kRefusedValues = {
     Looked{SYS_fcntl, 1, F_SETOWN},  Looked{SYS_fcntl, 1, F_SETOWN_EX},
     Looked{SYS_fcntl, 1, F_SETSIG},  Looked{SYS_ioctl, 1, TIOCSTI},
+    Looked{SYS_ioctl, 1, FIOSETOWN}, Looked{SYS_ioctl, 1, SIOCSPGRP},
     Looked{SYS_ioctl, 1, TIOCLINUX}, Looked{SYS_prctl, 0, PR_SET_PDEATHSIG},
 };
 
