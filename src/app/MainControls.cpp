@@ -65,8 +65,9 @@ ui::ListWidget& MainControls::makeList(MainElement element, const char* objectNa
     widget->setObjectName(QString::fromLatin1(objectName));
     widget->leaveToWindow(
         [this](const ui::KeyEvent& key) { return player_.menus().frmTSR.hasAccelerator(key); });
-    widget->setScrollerPicture([this] {
-        return player_.view().pictures.find(player_.elements().get(MainElement::Picture3).picture);
+    widget->setScrollerPicture([this](int factor) {
+        return player_.view().pictures.find(player_.elements().get(MainElement::Picture3).picture,
+                                            factor);
     });
     rows.showsRowsAt([this, element, widget](std::size_t row) {
         const ui::Box box = player_.elements().get(element).box();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Play.h"
 
+#include "app/BuiltInPictures.h"
 #include "app/DataPlace.h"
 #include "app/frmPlayer.h"
 #include "app/MainWindow.h"
@@ -22,8 +23,6 @@
 #include <cstdlib>
 #include <optional>
 #include <QApplication>
-#include <QFile>
-#include <QIcon>
 #include <QSessionManager>
 
 namespace tovik::app {
@@ -72,22 +71,6 @@ host::Host unattended(const host::Host& host, host::Dialogs& dialogs, host::Prog
             .closing = host.closing,
             .paths = host.paths,
             .operatingSystem = host.operatingSystem};
-}
-
-/// The bitmap of one of the window's own pictures, which are part of the program.
-std::string windowPicture(std::string_view name) {
-    QFile file(QStringLiteral(":/window/%1.bmp")
-                   .arg(QLatin1StringView(name.data(), static_cast<qsizetype>(name.size()))));
-    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
-}
-
-/// Drawn for each size, the small ones on whole pixels.
-QIcon programIcon() {
-    QIcon icon;
-    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256}) {
-        icon.addFile(QStringLiteral(":/window/icons/tovik-%1.png").arg(size));
-    }
-    return icon;
 }
 
 } // namespace
@@ -150,6 +133,7 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
          .program = line.screenshotFile ? "" : environment.executableFolder + "/tovik",
          .typePlaces = desktop::TypePlaces::of(environment, place.folder)},
         line.screenshotFile ? nullptr : &shell.shell());
+    player.view().pictures.takeFineFrom(finePicture);
     window::giveWindowPictures(player.elements(), player.view().pictures, windowPicture);
     player.presence().mini.windowPicture = windowPicture;
     window.attach(player);

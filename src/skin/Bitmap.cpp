@@ -173,7 +173,7 @@ ui::PixelImage readBitmap(std::string_view bytes) {
     return image;
 }
 
-ui::PixelImage loadBitmap(const std::string& path) {
+std::string bitmapFile(const std::string& path) {
     const base::RegularFile file(path, base::RegularFile::Access::Read);
     base::raiseFailure(file.failure());
     if (file.size() > kMostBitmapBytes) {
@@ -181,7 +181,11 @@ ui::PixelImage loadBitmap(const std::string& path) {
     }
     std::string bytes;
     base::raiseFailure(file.readAt(0, static_cast<std::size_t>(file.size()), bytes));
-    return readBitmap(bytes);
+    return bytes;
+}
+
+ui::PixelImage loadBitmap(const std::string& path) {
+    return readBitmap(bitmapFile(path));
 }
 
 } // namespace tovik::skin

@@ -20,8 +20,11 @@ inline constexpr std::int64_t kMostBitmapPixels = std::int64_t{1} << 24;
 /// others are opaque. Raises 481 for anything else and for a file that ends early.
 [[nodiscard]] ui::PixelImage readBitmap(std::string_view bytes);
 
-/// A bitmap from a file. Raises 53 when there is none, 481 like `readBitmap` and for a file that
-/// is too large, and otherwise the failure of reading.
+/// The bytes of a bitmap's file. Raises 53 when there is none, 481 for a file that is too large,
+/// and otherwise the failure of reading.
+[[nodiscard]] std::string bitmapFile(const std::string& path);
+
+/// A bitmap from a file. Raises what the two others raise.
 [[nodiscard]] ui::PixelImage loadBitmap(const std::string& path);
 
 } // namespace tovik::skin

@@ -141,15 +141,16 @@ StripColours stripColours(const PixelImage& strip) {
 }
 
 void drawText(cMemDC& target, const PixelImage& strip, std::u32string_view characters, int line) {
+    const int factor = strip.density;
     target.Cls();
     int x = kFirstX;
     for (const char32_t character : characters) {
-        if (x >= target.Width()) {
+        if (x * factor >= target.Width()) {
             break;
         }
         const GlyphPlace glyph = findGlyph(character);
-        target.BitBlt(x, line * kLineHeight + kFirstY, kGlyphWidth, kGlyphHeight, strip, glyph.x,
-                      glyph.y);
+        target.BitBlt(x * factor, (line * kLineHeight + kFirstY) * factor, kGlyphWidth * factor,
+                      kGlyphHeight * factor, strip, glyph.x * factor, glyph.y * factor);
         x += kGlyphWidth;
     }
 }

@@ -45,7 +45,7 @@ struct StripColours {
 [[nodiscard]] StripColours stripColours(const PixelImage& strip);
 
 /// Clears the surface and draws the characters on it, from one pixel off its left edge on. Line 0
-/// is the topmost; what does not fit is cut off.
+/// is the topmost; what does not fit is cut off. The surface is as dense as the strip.
 void drawText(cMemDC& target, const PixelImage& strip, std::u32string_view characters,
               int line = 0);
 

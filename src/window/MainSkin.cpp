@@ -80,17 +80,17 @@ bool MainSkin::tooLarge(const ui::PixelImage& image) const {
 }
 
 void MainSkin::load(const Binding& binding) {
-    const std::string path = skinBitmapPath(paths_, binding.file);
-    ui::PixelImage image = loadSkinBitmap(path);
+    auto [image, print] = loadSkinBitmap(paths_, binding.file);
     if (binding.to.name == MainElement::mainIMG && tooLarge(image)) {
-        throw base::withPlace(base::RuntimeError(base::ErrorNumber::InvalidPicture), path);
+        throw base::withPlace(base::RuntimeError(base::ErrorNumber::InvalidPicture),
+                              skinBitmapPath(paths_, binding.file));
     }
     ui::Element& element = elements_.touch(binding.to.name, binding.to.index);
     if (binding.takesSize) {
         element.width = image.width;
         element.height = image.height;
     }
-    element.picture = pictures_.add(std::move(image));
+    element.picture = pictures_.add(std::move(image), pictures_.drawnLike(print));
 }
 
 } // namespace tovik::window

@@ -2,7 +2,7 @@
 #include "window/MiniSkin.h"
 
 #include "skin/Bitmap.h"
-#include "window/SkinBitmaps.h"
+#include "skin/PicturePrint.h"
 
 #include <array>
 #include <utility>
@@ -62,22 +62,24 @@ std::span<const MiniPicture> miniWindowPictures() noexcept {
 
 void MiniSkin::LoadMiniSkin() {
     for (const MiniPicture& row : kBindings) {
-        give(row, loadSkinBitmap(skinBitmapPath(paths_, row.name)));
+        give(row, loadSkinBitmap(paths_, row.name));
     }
     takeWindowPictures();
     takePicturesOfMain();
     keepFaces();
 }
 
-void MiniSkin::give(const MiniPicture& row, ui::PixelImage image) {
+void MiniSkin::give(const MiniPicture& row, SkinBitmap bitmap) {
+    auto& [image, print] = bitmap;
     ui::Element& element = elements_.touch(row.element, row.index);
     if (row.sized) {
         element.width = image.width;
         element.height = image.height;
     }
     const auto [known, isNew] = known_.try_emplace(row.name);
-    known->second = isNew ? pictures_.add(std::move(image))
-                          : pictures_.replace(known->second, std::move(image));
+    known->second =
+        isNew ? pictures_.add(std::move(image), pictures_.drawnLike(print))
+              : pictures_.replace(known->second, std::move(image), pictures_.drawnLike(print));
     element.picture = known->second;
 }
 
@@ -89,7 +91,7 @@ void MiniSkin::takeWindowPictures() {
         }
         const std::string bytes = bytesOf_ ? bytesOf_(row.name) : std::string();
         if (!bytes.empty()) {
-            give(row, skin::readBitmap(bytes));
+            give(row, {skin::readBitmap(bytes), skin::picturePrint(row.name, bytes)});
         }
     }
 }

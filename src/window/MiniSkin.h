@@ -6,6 +6,7 @@
 #include "host/Paths.h"
 #include "ui/PictureStore.h"
 #include "window/MiniElements.h"
+#include "window/SkinBitmaps.h"
 
 #include <functional>
 #include <map>
@@ -51,7 +52,7 @@ public:
     void showOver(std::size_t index);
 
 private:
-    void give(const MiniPicture& row, ui::PixelImage image);
+    void give(const MiniPicture& row, SkinBitmap bitmap);
     void takeWindowPictures();
     void takePicturesOfMain();
     void keepFaces();

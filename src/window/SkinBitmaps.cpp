@@ -4,6 +4,7 @@
 #include "base/ErrorPlace.h"
 #include "base/RuntimeError.h"
 #include "skin/Bitmap.h"
+#include "skin/PicturePrint.h"
 
 namespace tovik::window {
 
@@ -19,9 +20,11 @@ std::string skinBitmapPath(const host::Paths& paths, std::string_view name) {
     return paths.inside(file.append(name).append(kEnding));
 }
 
-ui::PixelImage loadSkinBitmap(const std::string& path) {
+SkinBitmap loadSkinBitmap(const host::Paths& paths, std::string_view name) {
+    const std::string path = skinBitmapPath(paths, name);
     try {
-        return skin::loadBitmap(path);
+        const std::string bytes = skin::bitmapFile(path);
+        return {skin::readBitmap(bytes), skin::picturePrint(name, bytes)};
     } catch (const base::RuntimeError& error) {
         throw base::withPlace(error, path);
     }

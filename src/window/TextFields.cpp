@@ -10,6 +10,21 @@
 
 namespace tovik::window {
 
+namespace {
+
+/// As dense as the strip; width and height in skin pixels.
+ui::PixelImage wordsPicture(const ui::PixelImage& strip, std::u32string_view characters, int width,
+                            int height) {
+    ui::cMemDC surface;
+    surface.Init(width * strip.density, height * strip.density);
+    ui::drawText(surface, strip, characters);
+    ui::PixelImage words = surface.DetachBitmap();
+    words.density = strip.density;
+    return words;
+}
+
+} // namespace
+
 TextFields::TextFields(MainElements& elements, ui::PictureStore& pictures)
     : TextFields(elements, pictures,
                  {.kept = elements,
@@ -53,11 +68,18 @@ bool TextFields::draw(ui::ElementAddress field, std::u32string_view characters, 
                  .height = shown.height};
     Drawn& last = drawn_[{field.name, field.index}];
     if (!last.picture || !last.sameAs(wanted)) {
-        ui::cMemDC surface;
-        surface.Init(width, static_cast<int>(std::lround(shown.height)));
-        ui::drawText(surface, *glyphs, wanted.characters);
-        wanted.picture = last.picture ? pictures_.replace(last.picture, surface.DetachBitmap())
-                                      : pictures_.add(surface.DetachBitmap());
+        const auto height = static_cast<int>(std::lround(shown.height));
+        ui::Redraw words = [&pictures = pictures_, source, width, height,
+                            characters = wanted.characters](int factor) {
+            const ui::PixelImage* const fine = pictures.find(source, factor);
+            return fine != nullptr && fine->density > 1
+                       ? wordsPicture(*fine, characters, width, height)
+                       : ui::PixelImage{};
+        };
+        ui::PixelImage plain = wordsPicture(*glyphs, wanted.characters, width, height);
+        wanted.picture = last.picture
+                             ? pictures_.replace(last.picture, std::move(plain), std::move(words))
+                             : pictures_.add(std::move(plain), std::move(words));
         last = std::move(wanted);
     }
     if (shown.picture != last.picture || !shown.smallText.empty()) {

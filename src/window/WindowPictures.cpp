@@ -2,6 +2,7 @@
 #include "window/WindowPictures.h"
 
 #include "skin/Bitmap.h"
+#include "skin/PicturePrint.h"
 
 #include <array>
 #include <map>
@@ -48,7 +49,9 @@ void giveWindowPictures(MainElements& elements, ui::PictureStore& pictures,
         if (isNew) {
             const std::string bytes = bytesOf(row.name);
             if (!bytes.empty()) {
-                place->second = pictures.add(skin::readBitmap(bytes));
+                place->second =
+                    pictures.add(skin::readBitmap(bytes),
+                                 pictures.drawnLike(skin::picturePrint(row.name, bytes)));
             }
         }
         if (!place->second) {

@@ -48,6 +48,23 @@ class SkinArt(unittest.TestCase):
         for name, bitmap in small.items():
             self.assertEqual(size_of(large[name]), tuple(2 * side for side in size_of(bitmap)))
 
+    def test_a_set_for_dense_screens_is_named_after_the_plain_pictures(self):
+        folder = self.folder / "fine"
+        self.assertEqual(run("--fine", folder, "--scale", "2").returncode, 0)
+        fine = pictures(folder)
+        listed = fine.pop("fine.qrc").decode()
+        self.assertIn('prefix="/fine/2"', listed)
+        # Those of the skin and those of the window itself; none shares a name with another.
+        self.assertEqual(len(fine), 124 + 24)
+        for name in fine:
+            self.assertRegex(name, "^[0-9a-f]{16}[.]bmp$")
+            self.assertEqual(listed.count(f"<file>{name}</file>"), 1)
+        larger = sorted(self.drawn("--scale", "2").values())
+        self.assertLessEqual(len(set(larger) - set(fine.values())), 0)
+        self.assertEqual(run("--fine", folder, "--scale", "3").returncode, 0)
+        self.assertEqual(set(pictures(folder)) - {"fine.qrc"}, set(fine))
+        self.assertIn('prefix="/fine/3"', (folder / "fine.qrc").read_text())
+
     def test_previews_every_panel(self):
         seen = set()
         for panel in range(1, 7):
@@ -72,7 +89,7 @@ class SkinArt(unittest.TestCase):
     def test_refuses_other_words(self):
         folder = self.folder / "none"
         for words in ([], [folder, "--scale", "0"], [folder, "--scale", "two"], [folder, folder],
-                ["--icon", folder], ["--icon", folder, "0"], ["--icons"], ["--preview", folder, "7"],
+                ["--icon", folder], ["--icon", folder, "0"], ["--icons"], ["--fine"], ["--preview", folder, "7"],
                       ["--what"]):
             result = run(*words)
             self.assertEqual(result.returncode, 1, words)

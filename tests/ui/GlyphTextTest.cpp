@@ -114,6 +114,28 @@ TEST(GlyphText, whatDoesNotFitIsCutOff) {
     EXPECT_EQ(surface.Image().pixels[pixelPlace(surface.Image(), 7, 4)], stripPixel(6, 1));
 }
 
+TEST(GlyphText, drawsWithAStripThatIsSeveralTimesAsLarge) {
+    PixelImage large{155 * 2, 18 * 2, {}, 2};
+    for (int y = 0; y < large.height; ++y) {
+        for (int x = 0; x < large.width; ++x) {
+            large.pixels.push_back(stripPixel(x / 2, y / 2, static_cast<std::uint32_t>(x % 2)));
+        }
+    }
+    cMemDC surface;
+    surface.Init(40, 20);
+    drawText(surface, large, U"b1");
+    const auto at = [&](int x, int y) {
+        return surface.Image().pixels[pixelPlace(surface.Image(), x, y)];
+    };
+    EXPECT_EQ(at(1, 6), 0U);
+    EXPECT_EQ(at(2, 5), 0U);
+    EXPECT_EQ(at(2, 6), stripPixel(5, 0, 0));
+    EXPECT_EQ(at(3, 6), stripPixel(5, 0, 1));
+    EXPECT_EQ(at(11, 17), stripPixel(9, 5, 1));
+    EXPECT_EQ(at(12, 6), stripPixel(5, 6, 0));
+    EXPECT_EQ(at(22, 6), 0U);
+}
+
 TEST(GlyphText, aStripThatIsTooSmallGivesWhatItHas) {
     cMemDC surface;
     surface.Init(8, 10);

@@ -50,5 +50,78 @@ TEST(PictureStore, refusesPixelsThatDoNotFillTheSize) {
     EXPECT_THROW(static_cast<void>(store.replace({}, {1, 1, {1}})), base::RuntimeError);
 }
 
+PixelImage even(int width, int height, std::uint32_t pixel, int density = 1) {
+    const auto count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+    return {width, height, std::vector<std::uint32_t>(count, pixel), density};
+}
+
+TEST(PictureStore, aPictureIsFoundInTheSizeThatADenseScreenWants) {
+    PictureStore store;
+    std::vector<int> asked;
+    const Picture picture = store.add(even(3, 2, 1), [&asked](int factor) {
+        asked.push_back(factor);
+        return factor % 2 == 0 ? even(6, 4, 2, 2) : PixelImage{};
+    });
+    EXPECT_EQ(store.find(picture, 1), store.find(picture));
+    EXPECT_EQ(asked, std::vector<int>());
+    const PixelImage* const twice = store.find(picture, 2);
+    EXPECT_EQ(twice->density, 2);
+    EXPECT_EQ(twice->pixels, std::vector<std::uint32_t>(24, 2));
+    EXPECT_EQ(store.find(picture, 2), twice);
+    EXPECT_EQ(asked, std::vector<int>({2})) << "it is kept";
+    // None of three times the size: its pixels are enlarged.
+    EXPECT_EQ(store.find(picture, 3), store.find(picture));
+    EXPECT_EQ(store.find(picture, 4)->density, 2);
+    EXPECT_EQ(asked, std::vector<int>({2, 3, 4}));
+    EXPECT_EQ(store.find({}, 2), nullptr);
+}
+
+TEST(PictureStore, aLargerImageOfAnotherShapeIsNotTaken) {
+    PictureStore store;
+    for (const PixelImage& wrong :
+         {even(6, 2, 2, 2), even(9, 6, 2, 3), even(7, 4, 2, 2), even(6, 4, 2), even(3, 2, 2)}) {
+        const Picture picture = store.add(even(3, 2, 1), [&wrong](int) { return wrong; });
+        EXPECT_EQ(store.find(picture, 2), store.find(picture));
+    }
+    const Picture nothing = store.add({}, [](int) { return even(2, 2, 2, 2); });
+    EXPECT_EQ(store.find(nothing, 2)->density, 1);
+}
+
+TEST(PictureStore, pixelsThatChangeHaveNoLargerImageOfBefore) {
+    PictureStore store;
+    const Redraw twice = [](int) { return even(2, 2, 2, 2); };
+    Picture picture = store.add(even(1, 1, 1), twice);
+    EXPECT_EQ(store.find(picture, 2)->density, 2);
+    picture = store.replace(picture, even(1, 1, 5), [](int) { return even(2, 2, 6, 2); });
+    EXPECT_EQ(store.find(picture, 2)->pixels.front(), 6U);
+    picture = store.replace(picture, even(1, 1, 5));
+    EXPECT_EQ(store.find(picture, 2)->density, 1);
+    picture = store.replace(picture, even(1, 1, 5), twice);
+    EXPECT_EQ(store.find(picture, 2)->density, 2);
+    picture = store.draw(picture, [](PixelImage& image) { image.pixels[0] = 7; });
+    EXPECT_EQ(store.find(picture, 2)->pixels.front(), 7U);
+}
+
+TEST(PictureStore, bitmapsAreFoundByTheirPrint) {
+    PictureStore store;
+    const Picture early = store.add(even(1, 1, 1), store.drawnLike(7));
+    EXPECT_EQ(store.find(early, 3)->density, 1) << "nobody has any";
+    store.takeFineFrom([](std::uint64_t print, int factor) {
+        return print == 7 ? even(factor, factor, 9, factor) : PixelImage{};
+    });
+    EXPECT_EQ(store.find(early, 2)->pixels.front(), 9U);
+    const Picture another = store.add(even(1, 1, 1), store.drawnLike(8));
+    EXPECT_EQ(store.find(another, 2)->density, 1);
+}
+
+TEST(PictureStore, tellsWhatItsPixelsTake) {
+    PictureStore store;
+    const Picture picture = store.add(even(3, 2, 1), [](int) { return even(6, 4, 2, 2); });
+    EXPECT_EQ(store.sizes().plain, 24U);
+    EXPECT_EQ(store.sizes().fine, 0U);
+    static_cast<void>(store.find(picture, 2));
+    EXPECT_EQ(store.sizes().fine, 96U);
+}
+
 } // namespace
 } // namespace tovik::ui

@@ -2,6 +2,8 @@
 #include "window/MainSkin.h"
 
 #include "base/RuntimeError.h"
+#include "skin/Bitmap.h"
+#include "skin/PicturePrint.h"
 #include "support/host/TestHost.h"
 #include "support/skin/Bitmaps.h"
 #include "support/skin/TestSkin.h"
@@ -10,6 +12,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
+#include <map>
 #include <set>
 
 namespace tovik::window {
@@ -51,6 +55,55 @@ protected:
     int tabsRefreshed_ = 0;
     MainSkin skin_{elements_, pictures_, host_.paths, [this] { ++tabsRefreshed_; }};
 };
+
+TEST_F(MainSkinTest, aLargerPictureIsShownOnlyWhileItsFileIsTheOneThatItWasDrawnWith) {
+    // As if all larger pictures were drawn to the files as they are now.
+    std::map<std::uint64_t, std::string> drawn;
+    for (const Binding& binding : mainBindings()) {
+        if (!binding.file.empty()) {
+            drawn[skin::picturePrint(binding.file, skin::bitmapFile(fileOf(binding.file)))] =
+                binding.file;
+        }
+    }
+    ASSERT_EQ(drawn.size(), 107U);
+    pictures_.takeFineFrom([&](std::uint64_t print, int factor) {
+        const auto found = drawn.find(print);
+        if (found == drawn.end()) {
+            return ui::PixelImage{};
+        }
+        const ui::PixelImage plain = skin::loadBitmap(fileOf(found->second));
+        const auto size = static_cast<std::size_t>(factor);
+        return ui::PixelImage{
+            plain.width * factor, plain.height * factor,
+            std::vector<std::uint32_t>(plain.pixels.size() * size * size, 0xFFABCDEF), factor};
+    });
+    {
+        // One byte of the header, which changes no pixel.
+        std::fstream file(fileOf("screen"), std::ios::in | std::ios::out | std::ios::binary);
+        file.seekp(38);
+        file.put('\x01');
+    }
+    // Another picture of the skin in its place is another picture.
+    fs::copy_file(fileOf("btn_play_over"), fileOf("btn_play_up"),
+                  fs::copy_options::overwrite_existing);
+    skin_.LoadMainSkin();
+    const auto factorOf = [&](N name, std::size_t index = 0) {
+        return pictures_.find(picture(name, index), 2)->density;
+    };
+    EXPECT_EQ(factorOf(N::mainIMG), 2);
+    EXPECT_EQ(factorOf(N::infoWin), 2);
+    EXPECT_EQ(factorOf(N::ScreenIMG), 1);
+    std::size_t fine = 0;
+    std::size_t all = 0;
+    for (const Binding& binding : mainBindings()) {
+        if (!binding.file.empty()) {
+            ++all;
+            fine += factorOf(binding.to.name, binding.to.index) == 2 ? 1U : 0U;
+        }
+    }
+    EXPECT_EQ(all, 107U);
+    EXPECT_EQ(fine, 105U);
+}
 
 TEST_F(MainSkinTest, everyFileHasItsPlaceInTheFixedOrder) {
     std::vector<std::string> files;

@@ -56,6 +56,24 @@ TEST_F(TextFieldsTest, drawsWithTheBrightOrTheDimStrip) {
     EXPECT_EQ(elements.get(MainElement::mono_img).caption, "0");
 }
 
+TEST_F(TextFieldsTest, onADenseScreenWordsAreDrawnWithAStripOfThatSize) {
+    giveStrips();
+    const ui::PixelImage fine{310, 36, std::vector<std::uint32_t>(310 * 36, 0xFF778899), 2};
+    elements.touch(MainElement::textImg2).picture = pictures.add(
+        ui::test::strip(2), [&](int factor) { return factor == 2 ? fine : ui::PixelImage{}; });
+    fields.show(MainElement::mono_img, 0, "0", Strip::Dim);
+    const ui::Picture dim = elements.get(MainElement::mono_img).picture;
+    const ui::PixelImage* const words = pictures.find(dim, 2);
+    EXPECT_EQ(words->density, 2);
+    EXPECT_EQ(words->width, 2 * pictures.find(dim)->width);
+    EXPECT_EQ(words->pixels.at(static_cast<std::size_t>(6 * words->width + 2)), 0xFF778899);
+    EXPECT_EQ(words->pixels.at(static_cast<std::size_t>(6 * words->width + 1)), 0U);
+    EXPECT_EQ(pictures.find(dim, 3)->density, 1) << "the strip is not drawn in that size";
+    // With a strip of the skin's own there is none to draw with: its words are enlarged.
+    fields.show(MainElement::musicinfo_img, 0, "C", Strip::Bright);
+    EXPECT_EQ(pictures.find(elements.get(MainElement::musicinfo_img).picture, 2)->density, 1);
+}
+
 TEST_F(TextFieldsTest, thePictureHasTheSizeOfItsElement) {
     giveStrips();
     fields.show(MainElement::shwchange, 0, "Volume", Strip::Bright);

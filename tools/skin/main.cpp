@@ -5,6 +5,7 @@
 #include "BitmapFile.h"
 #include "PictureSet.h"
 #include "Preview.h"
+#include "skin/PicturePrint.h"
 #include "Stand.h"
 
 #include <charconv>
@@ -22,6 +23,8 @@ namespace {
 constexpr std::string_view kUsage =
     "tovik_skin_art FOLDER [--scale N]             the pictures of the skin, as bitmaps\n"
     "tovik_skin_art --window FOLDER [--scale N]    the pictures of the window's own elements\n"
+    "tovik_skin_art --fine FOLDER [--scale N]      both for dense screens, by their prints, and a "
+    "list for rcc\n"
     "tovik_skin_art --preview FILE.png PANEL [--scale N]   a panel, 1 to 5; 6: the list open\n"
     "tovik_skin_art --splash FILE.png [--scale N]  the picture of the start\n"
     "tovik_skin_art --icon FILE.png SIZE           the program's icon\n"
@@ -49,6 +52,27 @@ bool writeAll(const Drawings& drawings, const std::string& folder, int scale) {
         }
     }
     return true;
+}
+
+/// A set for dense screens. What it belongs to is told by the plain picture, byte for byte: in a
+/// skin where that one is replaced, it is not found.
+bool writeFine(const std::string& folder, int scale) {
+    std::error_code failure;
+    std::filesystem::create_directories(folder, failure);
+    std::string list = "<RCC><qresource prefix=\"/fine/" + std::to_string(scale) + "\">\n";
+    for (const Drawings& set :
+         {skinDrawings(), miniSkinDrawings(), windowDrawings(), miniWindowDrawings()}) {
+        for (const Drawing& drawing : set) {
+            const std::string plain = bitmapBytes(rendered(drawing, 1));
+            const std::string name =
+                skin::printName(skin::picturePrint(drawing.name, plain)) + ".bmp";
+            if (!write(folder + "/" + name, bitmapBytes(rendered(drawing, scale)))) {
+                return false;
+            }
+            list += "<file>" + name + "</file>\n";
+        }
+    }
+    return write(folder + "/fine.qrc", list + "</qresource></RCC>\n");
 }
 
 bool save(const QImage& image, const std::string& path) {
@@ -110,6 +134,8 @@ int run(std::vector<std::string> words) {
     } else if (is("--window", 2)) {
         done = writeAll(windowDrawings(), words.at(1), scale) &&
                writeAll(miniWindowDrawings(), words.at(1), scale);
+    } else if (is("--fine", 2)) {
+        done = writeFine(words.at(1), scale);
     } else if (is("--icons", 2)) {
         done = writeIcons(words.at(1));
     } else if (is("--splash", 2)) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/qt/FrontLayer.h"
 
+#include "ui/qt/Reduction.h"
+
 #include <QPainter>
 
 namespace tovik::ui {
@@ -49,12 +51,16 @@ void FrontLayer::refresh(const SkinScale& scale) {
 
 void FrontLayer::paintEvent(QPaintEvent* /*event*/) {
     // In the window's own coordinates, so that the pixels meet those of the window below.
+    const double ratio = devicePixelRatioF();
     QPainter painter(this);
-    const double factor = scale_.factor() / image_.factor();
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.translate(-pos());
-    painter.scale(factor, factor);
-    painter.drawImage(box_.topLeft() * image_.factor(), image_.alone(slots_, box_));
+    drawReduced(painter,
+                {.image = image_.alone(slots_, box_),
+                 .origin = box_.topLeft() * image_.factor(),
+                 .factor = image_.factor(),
+                 .scale = scale_.factor() * ratio,
+                 .ratio = ratio},
+                geometry());
 }
 
 } // namespace tovik::ui

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/qt/ListScroller.h"
 
+#include "ui/qt/Reduction.h"
+
 #include <algorithm>
 #include <QMouseEvent>
 #include <QTimerEvent>
+#include <QtMath>
 #include <utility>
 
 namespace tovik::ui {
@@ -32,14 +35,14 @@ void ListScroller::setFactor(double factor) {
 }
 
 QSize ListScroller::sizeHint() const {
-    return picture() != nullptr ? QSize(scaled(kTrack.width()), scaled(2 * kUp.height()))
-                                : QScrollBar::sizeHint();
+    return hasPicture() ? QSize(scaled(kTrack.width()), scaled(2 * kUp.height()))
+                        : QScrollBar::sizeHint();
 }
 
-const PixelImage* ListScroller::picture() const {
-    const PixelImage* const image = source_();
-    const bool whole =
-        image != nullptr && image->width >= kPicture.width() && image->height >= kPicture.height();
+const PixelImage* ListScroller::picture(int factor) const {
+    const PixelImage* const image = source_(factor);
+    const bool whole = image != nullptr && image->width >= kPicture.width() * image->density &&
+                       image->height >= kPicture.height() * image->density;
     return whole ? image : nullptr;
 }
 
@@ -80,31 +83,61 @@ ListScroller::Part ListScroller::partAt(int y) const {
 }
 
 void ListScroller::paintEvent(QPaintEvent* event) {
-    const PixelImage* const image = picture();
-    if (image == nullptr) {
+    const double ratio = devicePixelRatioF();
+    const int factor = wholeFactor(factor_ * ratio);
+    const PixelImage* const found = picture(factor);
+    if (found == nullptr) {
         QScrollBar::paintEvent(event);
         return;
     }
-    const QImage pieces(reinterpret_cast<const uchar*>(image->pixels.data()), image->width,
-                        image->height, QImage::Format_ARGB32_Premultiplied);
+    // Composed like the window that it stands on, and reduced as one with it.
+    const double larger = factor / factor_;
+    const QPoint place = mapTo(window(), QPoint());
+    const QPoint origin(qRound(place.x() * larger), qRound(place.y() * larger));
+    QImage image(qCeil(width() * larger), qCeil(height() * larger),
+                 QImage::Format_ARGB32_Premultiplied);
+    QPainter composer(&image);
+    composer.setCompositionMode(QPainter::CompositionMode_Source);
+    drawPieces(composer, *found, larger);
+    composer.end();
     QPainter painter(this);
-    const QRect room = track();
+    painter.translate(-place);
+    drawReduced(painter,
+                {.image = image,
+                 .origin = origin,
+                 .factor = factor,
+                 .scale = factor_ * ratio,
+                 .ratio = ratio},
+                rect().translated(place));
+}
+
+void ListScroller::drawPieces(QPainter& painter, const PixelImage& picture, double factor) const {
+    const QImage pieces(reinterpret_cast<const uchar*>(picture.pixels.data()), picture.width,
+                        picture.height, QImage::Format_ARGB32_Premultiplied);
+    const auto draw = [&](const QRect& place, const QRect& piece) {
+        const QPoint corner(qRound(place.left() * factor), qRound(place.top() * factor));
+        const QPoint end(qRound((place.right() + 1) * factor),
+                         qRound((place.bottom() + 1) * factor));
+        painter.drawImage(QRect(corner, end - QPoint(1, 1)), pieces,
+                          QRect(piece.topLeft() * picture.density, piece.size() * picture.density));
+    };
     // Also behind the buttons, whose corners may be transparent.
-    painter.drawImage(rect(), pieces, kTrack);
+    draw(rect(), kTrack);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    const QRect room = track();
     if (hasButtons()) {
-        painter.drawImage(QRect(0, 0, width(), room.top()), pieces,
-                          held_ == Part::up ? kUpPressed : kUp);
-        painter.drawImage(QRect(0, room.bottom() + 1, width(), room.top()), pieces,
-                          held_ == Part::down ? kDownPressed : kDown);
+        draw(QRect(0, 0, width(), room.top()), held_ == Part::up ? kUpPressed : kUp);
+        draw(QRect(0, room.bottom() + 1, width(), room.top()),
+             held_ == Part::down ? kDownPressed : kDown);
     }
     if (maximum() > minimum()) {
         const bool pressed = held_ == Part::thumb || held_ == Part::before || held_ == Part::after;
-        painter.drawImage(thumb(), pieces, pressed ? kThumbPressed : kThumb);
+        draw(thumb(), pressed ? kThumbPressed : kThumb);
     }
 }
 
 void ListScroller::mousePressEvent(QMouseEvent* event) {
-    if (picture() == nullptr) {
+    if (!hasPicture()) {
         QScrollBar::mousePressEvent(event);
         return;
     }
@@ -128,7 +161,7 @@ void ListScroller::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void ListScroller::mouseMoveEvent(QMouseEvent* event) {
-    if (picture() == nullptr) {
+    if (!hasPicture()) {
         QScrollBar::mouseMoveEvent(event);
         return;
     }
@@ -142,7 +175,7 @@ void ListScroller::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void ListScroller::mouseReleaseEvent(QMouseEvent* event) {
-    if (picture() == nullptr) {
+    if (!hasPicture()) {
         QScrollBar::mouseReleaseEvent(event);
     } else if (event->button() == Qt::LeftButton) {
         letGo();

@@ -19,12 +19,13 @@ namespace tovik::ui {
 /// A button or the track that is held scrolls at once, again after 200 ms and then every 50 ms.
 class ListScroller final : public QScrollBar {
 public:
-    /// Asked each time; may give null. What it gives is not kept.
-    using Source = std::function<const PixelImage*()>;
+    /// Asked each time, with the pixels of the screen that one of the picture takes along a side;
+    /// may give null. What it gives is not kept.
+    using Source = std::function<const PixelImage*(int factor)>;
 
     explicit ListScroller(Source source);
 
-    /// Pixels for one pixel of the picture.
+    /// Widget pixels for one pixel of the picture.
     void setFactor(double factor);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -43,7 +44,13 @@ protected:
 private:
     enum class Part : std::uint8_t { none, up, down, before, after, thumb };
 
-    [[nodiscard]] const PixelImage* picture() const;
+    /// Null, unless it is a whole one.
+    [[nodiscard]] const PixelImage* picture(int factor) const;
+
+    [[nodiscard]] bool hasPicture() const { return picture(1) != nullptr; }
+
+    /// Draws the bar on an image where one of its pixels is that many along a side.
+    void drawPieces(QPainter& painter, const PixelImage& picture, double factor) const;
     [[nodiscard]] Part partAt(int y) const;
     [[nodiscard]] QRect track() const;
     [[nodiscard]] bool hasButtons() const;

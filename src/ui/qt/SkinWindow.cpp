@@ -5,11 +5,9 @@
 #include "ui/qt/KeyCodes.h"
 #include "ui/qt/WindowAccess.h"
 
-#include <algorithm>
 #include <cmath>
 #include <QCloseEvent>
 #include <QCoreApplication>
-#include <QPainter>
 #include <QTextDocument>
 #include <QToolTip>
 #include <QWindow>
@@ -20,7 +18,6 @@ namespace {
 
 constexpr double kWheelNotch = 120;   ///< what the window system reports for one notch
 constexpr double kPlaceTolerance = 3; ///< pixels; a fractional scale rounds
-constexpr double kHair = 1e-3;        ///< by which a scale may miss a whole number and count as one
 
 /// Asks the window to look at the records that were written.
 QEvent::Type changesEvent() {
@@ -105,6 +102,10 @@ bool SkinWindow::event(QEvent* event) {
         applyChanges();
         return true;
     }
+    if (event->type() == QEvent::ScreenChangeInternal) {
+        // Nothing else need be painted for long: it would stay in the density of the other screen.
+        update();
+    }
     if (event->type() == QEvent::ToolTip) {
         const auto* const help = static_cast<QHelpEvent*>(event);
         showToolTip(help->pos(), help->globalPos());
@@ -121,49 +122,6 @@ bool SkinWindow::eventFilter(QObject* watched, QEvent* event) {
     }
     followFocus(watched, event->type());
     return QWidget::eventFilter(watched, event);
-}
-
-int SkinWindow::density() const {
-    return std::max(1, static_cast<int>(std::ceil(scale_.factor() * devicePixelRatioF() - kHair)));
-}
-
-void SkinWindow::paintEvent(QPaintEvent* /*event*/) {
-    const double exact = scale_.factor() * devicePixelRatioF();
-    const int whole = density();
-    image_.setFactor(whole);
-    const QImage& image = image_.compose(router_.hovered());
-    QPainter painter(this);
-    // The window's old pixels must go, where the new ones are transparent.
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, std::abs(whole - exact) > kHair);
-    painter.scale(scale_.factor() / whole, scale_.factor() / whole);
-    painter.drawImage(0, 0, image);
-}
-
-void SkinWindow::redraw(const Box& box) {
-    const Box painted = paintedBox(box);
-    image_.invalidate(painted);
-    update(scale_.pixels(painted));
-}
-
-void SkinWindow::setRegion(const Region* region) {
-    region_ = region != nullptr ? std::optional(*region) : std::nullopt;
-    applyRegion();
-}
-
-void SkinWindow::applyRegion() {
-    if (!region_) {
-        clearMask();
-        return;
-    }
-    QRegion mask;
-    for (const RegionRectangle& one : region_->rectangles()) {
-        mask += scale_.pixels({.left = static_cast<double>(one.left),
-                               .top = static_cast<double>(one.top),
-                               .width = static_cast<double>(one.right) - one.left,
-                               .height = static_cast<double>(one.bottom) - one.top});
-    }
-    setMask(mask);
 }
 
 bool SkinWindow::outside(const PointerState& pointer) const {

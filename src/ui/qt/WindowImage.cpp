@@ -112,7 +112,8 @@ void WindowImage::drawElement(QPainter& painter, std::size_t slot, bool hovered)
     const Element& element = elements_.at(slot);
     if (!element.smallText.empty()) {
         drawSmallText(painter, element);
-    } else if (const PixelImage* const image = pictures_.find(element.picture); image != nullptr) {
+    } else if (const PixelImage* const image = pictures_.find(element.picture, factor_);
+               image != nullptr) {
         painter.save();
         painter.setOpacity(element.enabled ? 1 : kDisabledOpacity);
         drawPicture(painter, *image, element.box(), element.shade);
@@ -127,9 +128,10 @@ void WindowImage::drawElement(QPainter& painter, std::size_t slot, bool hovered)
 
 void WindowImage::drawSliderBar(QPainter& painter, const Element& element) const {
     Box box{element.left, element.top + element.bar.top, element.width, element.bar.height};
-    if (const PixelImage* const bar = pictures_.find(element.bar.picture); bar != nullptr) {
+    if (const PixelImage* const bar = pictures_.find(element.bar.picture, factor_);
+        bar != nullptr) {
         // One that is narrower than its groove stands in the middle.
-        box.left += std::max((element.width - bar->width) / 2, 0.0);
+        box.left += std::max((element.width - bar->width / bar->density) / 2, 0.0);
         drawPicture(painter, *bar, box);
     } else {
         drawPlainSliderBar(painter, element, box);

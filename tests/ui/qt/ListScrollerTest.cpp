@@ -39,7 +39,7 @@ protected:
 
     PixelImage image_ = pieces();
     const PixelImage* picture_ = &image_;
-    ListScroller bar_{[this] { return picture_; }};
+    ListScroller bar_{[this](int) { return picture_; }};
 
     void SetUp() override {
         bar_.setRange(0, 1000);

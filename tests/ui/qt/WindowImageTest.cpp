@@ -90,6 +90,36 @@ TEST_F(WindowImageTest, pixelsOfAPictureStayWholeWhereverItStands) {
     EXPECT_NE(composed().pixel(60, 140), 0xFFFF0000);
 }
 
+TEST_F(WindowImageTest, picturesAreTakenInTheSizeOfTheImageWhereTheyAreDrawnInIt) {
+    // Drawn twice as large it is a pattern that enlarging cannot make.
+    const auto pattern = [](int factor) {
+        PixelImage large{2 * factor, 2 * factor, {}, factor};
+        for (int i = 0; i < 4 * factor * factor; ++i) {
+            large.pixels.push_back(0xFF000000U + static_cast<std::uint32_t>(i));
+        }
+        return large;
+    };
+    table.touch(Small::lamp, 0).picture =
+        pictures.add({2, 2, {0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0xFFFFFFFF}},
+                     [&](int factor) { return factor % 2 == 0 ? pattern(2) : PixelImage{}; });
+    const auto at = [&](int x, int y) { return composed().pixel(x, y); };
+    EXPECT_EQ(at(10, 70), 0xFFFF0000);
+    image.setFactor(2);
+    for (int i = 0; i < 16; ++i) {
+        EXPECT_EQ(at(20 + i % 4, 140 + i / 4), 0xFF000000U + static_cast<std::uint32_t>(i));
+    }
+    image.setFactor(3);
+    EXPECT_EQ(at(32, 212), 0xFFFF0000) << "enlarged";
+    image.setFactor(4);
+    EXPECT_EQ(at(41, 281), 0xFF000000) << "the larger one, enlarged once more";
+    EXPECT_EQ(at(42, 280), 0xFF000001);
+    // What does not fit its place is cut off at that size, too.
+    image.setFactor(2);
+    table.touch(Small::lamp, 0).width = 1;
+    EXPECT_EQ(at(21, 140), 0xFF000001);
+    EXPECT_NE(at(22, 140), 0xFF000002);
+}
+
 TEST_F(WindowImageTest, theWordsOfAWidgetAreLeftToIt) {
     table.touch(Small::list).textColour = {255, 255, 255};
     const QImage without = composed();
