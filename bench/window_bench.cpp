@@ -1,12 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a window costs to draw: all of it, and what the ticks of a playing track change.
+// What a window costs to draw: all of it, and what the ticks of a playing track change; at 1, 2 and
+// 3 pixels of the screen for one of the skin along a side, and reduced to a half of one. With each
+// come what its pictures take: in skin pixels, and in larger ones.
+#include "PictureSet.h"
 #include "ui/GlyphText.h"
+#include "ui/KeyColour.h"
+#include "ui/PixelColour.h"
+#include "ui/qt/Reduction.h"
 #include "ui/qt/WindowImage.h"
 #include "window/MainElements.h"
 #include "window/TextFields.h"
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <QGuiApplication>
 
 namespace {
@@ -14,59 +21,89 @@ namespace {
 using namespace tovik::ui;
 using namespace tovik::window;
 
-/// The main window with pictures of one colour for everything that is shown, and strips.
+PixelImage pixelsOf(const tovik::skinart::Drawing& drawing, int density) {
+    const QImage image = rendered(drawing, density).convertToFormat(QImage::Format_ARGB32);
+    const auto* const first = reinterpret_cast<const std::uint32_t*>(image.constBits());
+    PixelImage pixels{
+        image.width(), image.height(), {first, first + image.width() * image.height()}, density};
+    std::ranges::replace(pixels.pixels, opaquePixel(keyColour(kWindowDepth)), 0U);
+    return pixels;
+}
+
+/// The main window with the shipped pictures.
 struct Window {
     MainElements elements{mainLayout()};
     PictureStore pictures;
     TextFields fields{elements, pictures};
     WindowImage image{elements, pictures};
+    double scale;
 
-    explicit Window(int factor) {
-        for (const ElementPlace<MainElement>& place : mainLayout()) {
-            for (std::size_t i = 0; i < place.count; ++i) {
-                Element& element = elements.touch(place.name, place.first + i);
-                if (element.kind != ElementKind::Label && element.width >= 1) {
-                    element.picture =
-                        picture(static_cast<int>(element.width), static_cast<int>(element.height));
-                }
+    explicit Window(const benchmark::State& state)
+        : scale(static_cast<double>(state.range(0)) / 2) {
+        for (const auto& set : {tovik::skinart::skinDrawings(), tovik::skinart::windowDrawings()}) {
+            for (const tovik::skinart::Drawing& drawing : set) {
+                elements.touch(drawing.spot.name, drawing.spot.index).picture =
+                    pictures.add(pixelsOf(drawing, 1), [drawing](int factor) {
+                        const int density = factor % 3 == 0 ? 3 : factor % 2 == 0 ? 2 : 1;
+                        return density > 1 ? pixelsOf(drawing, density) : PixelImage{};
+                    });
             }
         }
-        elements.touch(MainElement::textImg).picture = picture(155, 18);
-        for (std::size_t digit = 0; digit < 10; ++digit) {
-            elements.touch(MainElement::Digit, digit).picture = picture(14, 17);
-        }
-        image.setFactor(factor);
+        image.setFactor(wholeFactor(scale));
         draw();
     }
 
-    Picture picture(int width, int height) {
-        const auto count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-        return pictures.add({width, height, std::vector<std::uint32_t>(count, 0xFF336699)});
-    }
-
     void draw() {
+        QRegion changed;
         for (const ElementStore::Change& change : elements.takeChanges()) {
             for (const auto& box : {change.before, change.after}) {
                 if (box) {
                     image.invalidate(paintedBox(*box));
+                    const Box painted = paintedBox(*box);
+                    changed += QRectF(painted.left * scale, painted.top * scale,
+                                      painted.width * scale, painted.height * scale)
+                                   .toAlignedRect();
                 }
             }
         }
-        benchmark::DoNotOptimize(image.compose(std::nullopt).constBits());
+        reduce(changed);
+    }
+
+    void drawAll() {
+        image.invalidateAll();
+        const Box ground = elements.get(MainElement::mainIMG).box();
+        reduce(QRectF(0, 0, ground.width * scale, ground.height * scale).toAlignedRect());
+    }
+
+    void reduce(const QRegion& parts) {
+        const QImage& whole = image.compose(std::nullopt);
+        const double ratio = image.factor() / scale;
+        for (const QRect& part : parts) {
+            if (ratio > 1) {
+                benchmark::DoNotOptimize(reduced(whole, {}, ratio, part).constBits());
+            }
+        }
+        benchmark::DoNotOptimize(whole.constBits());
+    }
+
+    void tell(benchmark::State& state) const {
+        const PictureStore::Sizes sizes = pictures.sizes();
+        state.counters["plain_KiB"] = static_cast<double>(sizes.plain) / 1024;
+        state.counters["fine_KiB"] = static_cast<double>(sizes.fine) / 1024;
     }
 };
 
 void wholeWindow(benchmark::State& state) {
-    Window window(static_cast<int>(state.range(0)));
+    Window window(state);
     for (auto _ : state) {
-        window.image.invalidateAll();
-        window.draw();
+        window.drawAll();
     }
+    window.tell(state);
 }
 
 /// One move of the title, five times a second.
 void titleTick(benchmark::State& state) {
-    Window window(static_cast<int>(state.range(0)));
+    Window window(state);
     const std::u32string text = charactersOf("An artist - a title of usual length (04:05)***");
     std::size_t start = 0;
     for (auto _ : state) {
@@ -79,7 +116,7 @@ void titleTick(benchmark::State& state) {
 
 /// A second of the clock: the last digit and the mark of the position.
 void clockTick(benchmark::State& state) {
-    Window window(static_cast<int>(state.range(0)));
+    Window window(state);
     std::size_t second = 0;
     for (auto _ : state) {
         ++second;
@@ -92,9 +129,10 @@ void clockTick(benchmark::State& state) {
 
 } // namespace
 
-BENCHMARK(wholeWindow)->Arg(1)->Arg(2);
-BENCHMARK(titleTick)->Arg(1)->Arg(2);
-BENCHMARK(clockTick)->Arg(1)->Arg(2);
+// Half pixels of the screen for one of the skin.
+BENCHMARK(wholeWindow)->Arg(2)->Arg(3)->Arg(4)->Arg(6);
+BENCHMARK(titleTick)->Arg(2)->Arg(3)->Arg(4)->Arg(6);
+BENCHMARK(clockTick)->Arg(2)->Arg(3)->Arg(4)->Arg(6);
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -3,10 +3,10 @@
 """Measures what the window costs: process start to first painted frame, and one idle and one
 playing stretch.
 
-Usage: window_day.py PROGRAM FILE [--seconds N] [--runs N]
+Usage: window_day.py PROGRAM FILE [--seconds N] [--runs N] [--scale S]
 
 "First frame" is when a pixel in the middle of the window's place is no longer the screen's black;
-it is asked of the X server about every millisecond. Idle is a restored list that nobody plays.
+it is asked of the X server about every millisecond. The scale is that of the screen. Idle is a restored list that nobody plays.
 """
 import argparse
 import ctypes
@@ -26,7 +26,8 @@ PLACE = (100 + 235, 100 + 35)  # in the window, which the settings of a first st
 class Screen:
     """One pixel of a private X server."""
 
-    def __init__(self, name):
+    def __init__(self, name, scale):
+        self.place = tuple(int(side * scale) for side in PLACE)
         self.x11 = ctypes.CDLL("libX11.so.6")
         for function in ("XOpenDisplay", "XGetImage"):
             getattr(self.x11, function).restype = ctypes.c_void_p
@@ -37,7 +38,7 @@ class Screen:
 
     def lit(self):
         image = ctypes.c_void_p(self.x11.XGetImage(
-            self.display, ctypes.c_ulong(self.root), *PLACE, 1, 1, ctypes.c_ulong(0xFFFFFFFF),
+            self.display, ctypes.c_ulong(self.root), *self.place, 1, 1, ctypes.c_ulong(0xFFFFFFFF),
             Z_PIXMAP))
         pixel = self.x11.XGetPixel(image, 0, 0)
         self.x11.XDestroyImage(image)
@@ -82,10 +83,12 @@ def main():
     parser.add_argument("file")
     parser.add_argument("--seconds", type=float, default=60)
     parser.add_argument("--runs", type=int, default=7)
+    parser.add_argument("--scale", type=float, default=1)
     arguments = parser.parse_args()
     stage = Stage()
+    stage.environment["QT_SCALE_FACTOR"] = str(arguments.scale)
     try:
-        screen = Screen(stage.environment["DISPLAY"])
+        screen = Screen(stage.environment["DISPLAY"], arguments.scale)
         command = [arguments.program, os.path.abspath(arguments.file)]
         first_frame(stage, screen, command)  # fills the data folder
         times = [first_frame(stage, screen, command) for _ in range(arguments.runs)]
