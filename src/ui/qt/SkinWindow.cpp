@@ -102,10 +102,6 @@ bool SkinWindow::event(QEvent* event) {
         applyChanges();
         return true;
     }
-    if (event->type() == QEvent::ScreenChangeInternal) {
-        // Nothing else need be painted for long: it would stay in the density of the other screen.
-        update();
-    }
     if (event->type() == QEvent::ToolTip) {
         const auto* const help = static_cast<QHelpEvent*>(event);
         showToolTip(help->pos(), help->globalPos());
