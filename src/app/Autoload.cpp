@@ -3,9 +3,9 @@
 
 namespace tovik::app {
 
-Autoload::Autoload(const player::Core& core, Lists& lists, player::RowPlayer& rows)
-    : core_(core), lists_(lists), rows_(rows),
-      Timer4_(core.timers.makeTimer([this] { Timer4(); })) {}
+Autoload::Autoload(const LastSession::Needs& session, Lists& lists)
+    : core_(session.core), lists_(lists), rows_(session.playback.rows), lastSession_(session),
+      Timer4_(core_.timers.makeTimer([this] { Timer4(); })) {}
 
 void Autoload::begin() {
     Timer4_->setInterval(kTimer4Ms);
@@ -28,6 +28,7 @@ void Autoload::Timer4() {
 void Autoload::autoload_playlist() {
     config::guard(core_.errors, config::player("Autoload_Playlist"), [this] {
         lists_.load();
+        lastSession_.restore();
         if (core_.state.FirstRun) {
             // The very first start plays the piece that came with the program.
             rows_.playItem(0);

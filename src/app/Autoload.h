@@ -2,6 +2,7 @@
 // Reads the saved list shortly after the window is shown. Interface thread.
 #pragma once
 
+#include "app/LastSession.h"
 #include "app/Lists.h"
 #include "host/Timer.h"
 #include "player/Core.h"
@@ -16,7 +17,10 @@ public:
     static constexpr int kTimer4Ms = 100;
 
     /// All of them outlive the object.
-    Autoload(const player::Core& core, Lists& lists, player::RowPlayer& rows);
+    Autoload(const LastSession::Needs& session, Lists& lists);
+
+    /// A step of the end: what the next session goes on with.
+    void keepSession() { lastSession_.keep(); }
 
     /// From now on it looks whether the start is over.
     void begin();
@@ -31,6 +35,7 @@ private:
     const player::Core& core_;
     Lists& lists_;
     player::RowPlayer& rows_;
+    LastSession lastSession_;
     std::unique_ptr<host::Timer> Timer4_;
 };
 

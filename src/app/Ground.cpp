@@ -26,8 +26,14 @@ Ground::Ground(const host::Host& host, Process& process, const StartOptions& opt
       errHandler_(host.paths, host.clock, host.operatingSystem), settings(host.paths, settingsXml_),
       stored(settings, state, host.timers), version(settings),
       language(host.paths, options.shippedFolder), errors(errHandler_, host.dialogs),
-      unkept(errors, language, screen, options.unkept) {
+      unkept(errors, language, screen, options.unkept), unplayable({.state = state,
+                                                                    .news = news,
+                                                                    .screen = screen,
+                                                                    .language = language,
+                                                                    .unkept = unkept,
+                                                                    .timers = host.timers}) {
     state.ComfortOfRun = options.comfort;
+    language.obey(state.comfort);
     settings.reportUnwritten([this](const base::RuntimeError& failure) { unkept.note(failure); });
     language.attach(config::TextWindow::frmTSR, menuTexts);
 }

@@ -5,6 +5,7 @@
 #include "app/Process.h"
 #include "app/StartOptions.h"
 #include "app/UnkeptNotice.h"
+#include "app/UnplayableNotice.h"
 #include "config/clsXML.h"
 #include "config/Errors.h"
 #include "config/MenuTexts.h"
@@ -74,6 +75,7 @@ public:
     config::MultiLNG language;
     config::Errors errors;
     UnkeptNotice unkept;
+    UnplayableNotice unplayable;
 };
 
 } // namespace tovik::app

@@ -27,6 +27,9 @@ public:
 
     // Steps of the start and the end --------------------------------------------------------------
 
+    /// Whether the list of this session is the saved one of the next.
+    [[nodiscard]] bool keeps() const { return files.savesAtExit(state_.DirAddIdle); }
+
     void selectFirstRow();
     void saveList();
 

@@ -96,6 +96,7 @@ ui::ListWidget& MainControls::addList(MainElement element, const char* objectNam
         list, element == MainElement::lstTracks ? nullptr : &player_.menus().frmTSR,
         element == MainElement::RadioLst ? commands::CommandId::radioInfo
                                          : commands::CommandId::editTag));
+    rows.obey(player_.state().comfort);
     auto* widget = &makeList(element, objectName, rows);
     widget->setColours(window::kListColours);
     widget->showTimes();

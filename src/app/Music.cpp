@@ -63,7 +63,10 @@ void Music::bind(commands::Commands& commands) {
 void Music::bindPlaying(commands::Commands& commands) {
     commands.bind(CommandId::play, [this] { playback.rows.button_play(); });
     commands.bind(CommandId::pause, [this] { playback.transport.button_pause(); });
-    commands.bind(CommandId::stop, [this] { playback.transport.button_stop(); });
+    commands.bind(CommandId::stop, [this] {
+        playback.rows.forgetPlace();
+        playback.transport.button_stop();
+    });
     commands.bind(CommandId::backFiveSeconds, [this] { playback.transport.five_seconds_bck(); });
     commands.bind(CommandId::forwardFiveSeconds, [this] { playback.transport.five_seconds_fwd(); });
     commands.bind(CommandId::startOfList, [this] { playback.rows.playItem(0); });

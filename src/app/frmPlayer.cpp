@@ -33,7 +33,12 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                 host),
       discInfo_(core_, lists_.lstTracks, host, windows),
       startFile_(core_, music_.playback, lists_.files, music_.tag, options_.commandLine),
-      autoload_(core_, lists_, music_.playback.rows),
+      autoload_({.core = core_,
+                 .playback = music_.playback,
+                 .stored = ground_.stored,
+                 .lists = lists_,
+                 .paths = host.paths},
+                lists_),
       menus_(commands_, ground_.menuTexts, window, ground_.errors, host.paths),
       front_({.core = core_,
               .knobs = {.seek = music_.playback.seek,
@@ -199,6 +204,12 @@ void frmPlayer::changeLanguage() {
 
 void frmPlayer::applyComfort() {
     music_.playback.volume.apply();
+    music_.playback.silenceSkip.watch();
+    tone_.equalizer.followComfort();
+    for (playlist::stdSS* const list : {&lists_.stdSS, &lists_.lstTracks, &lists_.RadioLst}) {
+        list->looksChanged(1, list->ListCount());
+    }
+    changeLanguage();
 }
 
 void frmPlayer::loadSettings(frmPlayer& player) {

@@ -71,6 +71,8 @@ const std::span<const frmPlayer::Step> frmPlayer::kEndSteps = [] {
         // The saved list is read once the window is shown.
         Step{"save the list", in<&P::lists_, &Lists::saveList>, false,
              in<&P::front_, &Front::showWindow>},
+        Step{"keep the place and the order of the list", in<&P::autoload_, &Autoload::keepSession>,
+             false, in<&P::front_, &Front::showWindow>},
         Step{"save the shortcuts", in<&P::menus_, &Menus::saveShortcuts>, false,
              in<&P::menus_, &Menus::load>},
         Step{"hide the window", in<&P::front_, &Front::hideWindow>},

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/CaseFold.h"
 
+#include "base/BaseLetters.h"
 #include "base/Text.h"
 #include "base/Unicode.h"
 #include "base/Windows1252.h"
@@ -71,7 +72,22 @@ std::uint32_t longForm(std::string_view text, std::size_t& bytes) {
     return character;
 }
 
-void appendFoldedUtf8(std::string& to, std::string_view text) {
+void appendCharacter(std::string& to, std::uint32_t character) {
+    appendUtf8(to, folded(character));
+}
+
+void appendPlainCharacter(std::string& to, std::uint32_t character) {
+    if (const BaseLetter* const letter = baseLetterOf(character)) {
+        for (const char32_t plain : letter->base) {
+            appendUtf8(to, plain);
+        }
+    } else if (!isMark(character)) {
+        appendCharacter(to, character);
+    }
+}
+
+template <typename Append>
+void appendFoldedUtf8(std::string& to, std::string_view text, const Append& append) {
     while (!text.empty()) {
         if (static_cast<unsigned char>(text.front()) < kFirstLongForm) {
             to += folded(text.front());
@@ -79,14 +95,13 @@ void appendFoldedUtf8(std::string& to, std::string_view text) {
             continue;
         }
         std::size_t bytes = 0;
-        appendUtf8(to, folded(longForm(text, bytes)));
+        append(to, longForm(text, bytes));
         text.remove_prefix(bytes);
     }
 }
 
-} // namespace
-
-void appendFolded(std::string& to, std::string_view bytes) {
+template <typename Append>
+void appendShown(std::string& to, std::string_view bytes, const Append& append) {
     const bool ascii = std::ranges::all_of(
         bytes, [](char byte) { return static_cast<unsigned char>(byte) < kFirstLongForm; });
     if (ascii) {
@@ -96,10 +111,20 @@ void appendFolded(std::string& to, std::string_view bytes) {
             to[at] = folded(to[at]);
         }
     } else if (isUtf8(bytes)) {
-        appendFoldedUtf8(to, bytes);
+        appendFoldedUtf8(to, bytes, append);
     } else {
-        appendFoldedUtf8(to, utf8FromWindows1252(bytes));
+        appendFoldedUtf8(to, utf8FromWindows1252(bytes), append);
     }
+}
+
+} // namespace
+
+void appendFolded(std::string& to, std::string_view bytes) {
+    appendShown(to, bytes, appendCharacter);
+}
+
+void appendPlain(std::string& to, std::string_view bytes) {
+    appendShown(to, bytes, appendPlainCharacter);
 }
 
 std::string foldedText(std::string_view bytes) {

@@ -14,6 +14,9 @@ namespace tovik::base {
 /// its folded form holds the other's.
 void appendFolded(std::string& folded, std::string_view bytes);
 
+/// The same without accents: letters by their base letters, marks left out.
+void appendPlain(std::string& plain, std::string_view bytes);
+
 /// The same as a text of its own.
 [[nodiscard]] std::string foldedText(std::string_view bytes);
 

@@ -28,18 +28,25 @@ struct Comfort {
     bool goesOnFromSoundingRow = false; ///< the row chosen for Play
     bool keepsLookOnEntry = false;      ///< the played look when rows make room
     bool clearsLookAtStop = false;      ///< the played look behind Stop
+    bool keepsPauseAtEnd = false;       ///< Next at the end of the list while paused
 
-    bool addsHandedOver = false;      ///< a switch for a player that runs
-    bool keepsListForMissing = false; ///< a file that is handed over and is not there
-    bool takesAnyHandOver = false;    ///< a window's number that is out of date
-    bool keepsMeaningOfCase = false;  ///< exact matches and the box for the case
-    bool namesSoundingTrack = false;  ///< the track of the jump to a row
-    bool showsHours = false;          ///< the hours in the jump to a time
+    bool addsHandedOver = false;       ///< a switch for a player that runs
+    bool keepsListForMissing = false;  ///< a file that is handed over and is not there
+    bool takesAnyHandOver = false;     ///< a window's number that is out of date
+    bool keepsMeaningOfCase = false;   ///< exact matches and the box for the case
+    bool namesSoundingTrack = false;   ///< the track of the jump to a row
+    bool keepsRowOfHit = false;        ///< hits of one file
+    bool findsWordsInAnyOrder = false; ///< words of a search
+    bool showsHours = false;           ///< the hours in the jump to a time
+    bool clockShowsHours = false;      ///< the hours of the clock
 
     // What follows, and how.
     bool alwaysPicksRow = false;        ///< the pick that is no row
+    bool resumesSession = false;        ///< the place of the last session
+    bool goesOnAfterPause = false;      ///< Play while paused
     bool remembersPicks = false;        ///< shuffle without a memory
     bool restartsOnlyTrack = false;     ///< Previous in a list of one
+    bool stopsAtListEnd = false;        ///< the end of the list
     bool endsExactly = false;           ///< the end of a track
     bool fadesIn = false;               ///< the full start of a crossfade
     bool crossesBeforeEnd = false;      ///< a crossfade that comes too late
@@ -48,6 +55,7 @@ struct Comfort {
     bool clampsSkips = false;           ///< five seconds near the ends
     bool keepsTitleOfOldTrack = false;  ///< a crossfade that fails
     bool tellsUnplayable = false;       ///< a file that no decoder takes
+    bool skipsUnplayable = false;       ///< a row that cannot be played
     bool takesSilenceShareAsIs = false; ///< the share from which silence counts
     bool countsUnbrokenSilence = false; ///< silence that adds up
     bool readsThreshold = false;        ///< the threshold after a restart
@@ -68,6 +76,7 @@ struct Comfort {
     bool keepsFractions = false;      ///< fractions of stored gains
     bool limitsGains = false;         ///< gains beyond the slider
     bool bendsBothTracks = false;     ///< the old track during a crossfade
+    bool resetsMaster = false;        ///< the master beside the reset button
 
     // Settings, words, files.
     bool startsWithoutSetting = false; ///< a start without a setting

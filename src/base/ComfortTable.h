@@ -59,6 +59,9 @@ struct ComfortRow {
 
 /// Every member once.
 inline constexpr auto kComfortRows = std::to_array<ComfortRow>({
+    {&Comfort::goesOnAfterPause, 1},
+    {&Comfort::resumesSession, 1},
+
     {&Comfort::keepsBalance, 2},
     {&Comfort::tellsBalanceOfStart, 2},
 
@@ -75,8 +78,10 @@ inline constexpr auto kComfortRows = std::to_array<ComfortRow>({
     {&Comfort::alwaysPicksRow, 5},
     {&Comfort::remembersPicks, 5},
     {&Comfort::restartsOnlyTrack, 5},
+    {&Comfort::stopsAtListEnd, 5},
 
     {&Comfort::tellsUnplayable, 6},
+    {&Comfort::skipsUnplayable, 6},
 
     {&Comfort::switchesOffFlat, 7},
     {&Comfort::staysOffForTracks, 7},
@@ -85,6 +90,7 @@ inline constexpr auto kComfortRows = std::to_array<ComfortRow>({
     {&Comfort::keepsFractions, 7},
     {&Comfort::limitsGains, 7},
     {&Comfort::bendsBothTracks, 7},
+    {&Comfort::resetsMaster, 7},
 
     {&Comfort::takesSilenceShareAsIs, 8},
     {&Comfort::countsUnbrokenSilence, 8},
@@ -112,6 +118,7 @@ inline constexpr auto kComfortRows = std::to_array<ComfortRow>({
     {&Comfort::goesOnFromSoundingRow, 11},
     {&Comfort::keepsLookOnEntry, 11},
     {&Comfort::clearsLookAtStop, 11},
+    {&Comfort::keepsPauseAtEnd, 11},
 
     {&Comfort::writesFirstLength, 12},
     {&Comfort::tellsOwnSound, 12},
@@ -135,6 +142,8 @@ inline constexpr auto kComfortRows = std::to_array<ComfortRow>({
 
     {&Comfort::keepsMeaningOfCase, 16},
     {&Comfort::namesSoundingTrack, 16},
+    {&Comfort::findsWordsInAnyOrder, 16},
+    {&Comfort::keepsRowOfHit, 16},
 
     {&Comfort::keepsRipList, 17},
     {&Comfort::separatesNumbers, 17},
@@ -164,6 +173,7 @@ inline constexpr auto kComfortRows = std::to_array<ComfortRow>({
 
     {&Comfort::showsOneFormOfTime, 21},
     {&Comfort::showsHours, 21},
+    {&Comfort::clockShowsHours, 21},
 
     {&Comfort::titlesFileStart, 22},
     {&Comfort::hidesLampsOverList, 22},

@@ -35,6 +35,12 @@ std::string lastFive(std::int32_t seconds) {
     return text.substr(text.size() - kMinutesAndSeconds);
 }
 
+std::string shortTime(std::int32_t seconds) {
+    return seconds < kSecondsPerHour
+               ? lastFive(seconds)
+               : std::to_string(seconds / kSecondsPerHour) + ":" + lastFive(seconds);
+}
+
 std::int32_t GetSeconds(std::string_view time) {
     return numberAt(time, 0) * kSecondsPerHour + numberAt(time, 3) * kSecondsPerMinute +
            numberAt(time, 6);

@@ -14,6 +14,9 @@ namespace tovik::base {
 /// Its last five characters, "mm:ss": hours are cut away.
 [[nodiscard]] std::string lastFive(std::int32_t seconds);
 
+/// "mm:ss", and from an hour on "h:mm:ss".
+[[nodiscard]] std::string shortTime(std::int32_t seconds);
+
 /// The seconds of a text "hh:mm:ss": the numbers at the first, fourth and seventh character, each
 /// two characters long; what stands between does not matter. Raises TypeMismatch when one is no
 /// number.

@@ -32,10 +32,7 @@ void addRow(playlist::stdSS& target, const std::string& letter, std::int32_t tra
 } // namespace
 
 std::string Seconds2HMS(std::int32_t seconds) {
-    if (seconds < kHour) {
-        return base::lastFive(seconds);
-    }
-    return std::to_string(seconds / kHour) + ":" + base::lastFive(seconds % kHour);
+    return base::shortTime(seconds);
 }
 
 std::string CdTrackList::currentLetter() const {

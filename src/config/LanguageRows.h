@@ -29,6 +29,7 @@ inline constexpr auto kEnglishNotices = std::to_array<std::string_view>({
     "The disc was taken out of its drive.",
     "parts of the disc cannot be read",
     "[x] gave no more picture and was ended",
+    "Cannot be played: [x]",
 });
 
 /// The English of "TovikNames".

@@ -18,6 +18,16 @@ using S = LanguageSection;
 
 constexpr std::string_view kFolder = "Languages";
 constexpr std::string_view kExtension = ".lng";
+constexpr std::string_view kEnglish = "Languages/English.lng";
+
+/// The text of an item in a language file; empty where there is none.
+std::string textIn(const std::string& path, LanguageSection section, int number) {
+    INI file;
+    file.Path = path;
+    file.Section = languageSections()[static_cast<std::size_t>(section)].name;
+    file.Key = "item" + std::to_string(number);
+    return std::string(base::trimmed(file.Value()));
+}
 
 bool isReadable(const host::Paths& paths) {
     std::error_code failure;
@@ -64,15 +74,23 @@ std::string MultiLNG::path() const {
     return holder().inside(name);
 }
 
-std::string MultiLNG::textOf(const std::string& path, LanguageSection section, int number) {
+std::string MultiLNG::textOf(const std::string& path, LanguageSection section, int number) const {
+    std::string text = textIn(path, section, number);
+    return text.empty() ? englishOf(section, number) : text;
+}
+
+std::string MultiLNG::englishOf(LanguageSection section, int number) const {
     const LanguageSectionRow& row = languageSections()[static_cast<std::size_t>(section)];
-    INI file;
-    file.Path = path;
-    file.Section = row.name;
-    file.Key = "item" + std::to_string(number);
-    const std::string text(base::trimmed(file.Value()));
-    const auto place = static_cast<std::size_t>(number);
-    return text.empty() && place < row.english.size() ? std::string(row.english[place]) : text;
+    if (const auto place = static_cast<std::size_t>(number); place < row.english.size()) {
+        return std::string(row.english[place]);
+    }
+    if (!comfort_->keepsMissingWords) {
+        return {};
+    }
+    std::string text = textIn(paths_.inside(kEnglish), section, number);
+    return text.empty() && !shipped_.dataFolder().empty()
+               ? textIn(shipped_.inside(kEnglish), section, number)
+               : text;
 }
 
 void MultiLNG::load(LanguageSection section) {

@@ -2,6 +2,7 @@
 // Puts the texts of a language file into the windows. Interface thread.
 #pragma once
 
+#include "base/Comfort.h"
 #include "config/LanguageTable.h"
 #include "host/Paths.h"
 
@@ -30,13 +31,17 @@ enum class RipText : std::uint8_t {
 ///
 /// A deliberate oddity (`textOf`): a file, section or key that is missing gives empty texts, and
 /// these replace what the window bore: what a language leaves out goes blank, and nothing is said.
-/// Sections that begin with "Tovik" have English words built in, which stand in for that.
+/// Sections that begin with "Tovik" have English words built in, which stand in for that; for the
+/// others the shipped English file does where `Comfort::keepsMissingWords` is on.
 class MultiLNG {
 public:
     /// The paths are kept by reference. Where the data folder's "Languages" cannot be read, the
     /// one in `shippedFolder` takes its place.
     explicit MultiLNG(const host::Paths& paths, std::string shippedFolder = {})
         : paths_(paths), shipped_(std::move(shippedFolder)) {}
+
+    /// What of its behaviour is kinder; outlives this. Nothing is without it.
+    void obey(const base::Comfort& comfort) { comfort_ = &comfort; }
 
     /// The languages that there are: the files in the folder by their names, without the extension.
     [[nodiscard]] std::vector<std::string> names() const;
@@ -100,11 +105,14 @@ private:
     void load(LanguageSection section);
     [[nodiscard]] const host::Paths& holder() const;
     [[nodiscard]] std::string path() const;
-    [[nodiscard]] static std::string textOf(const std::string& path, LanguageSection section,
-                                            int number);
+    [[nodiscard]] std::string textOf(const std::string& path, LanguageSection section,
+                                     int number) const;
+    [[nodiscard]] std::string englishOf(LanguageSection section, int number) const;
 
     const host::Paths& paths_;
     host::Paths shipped_; ///< of an empty folder: there is none
+    static constexpr base::Comfort kNoComfort{};
+    const base::Comfort* comfort_ = &kNoComfort;
     std::string file_;
     std::array<TextTargets*, kTextWindows> targets_{};
 };

@@ -24,6 +24,7 @@ constexpr std::array kNames{
     Row{DataItem::Settings, "db/settings.xml"},
     Row{DataItem::AutosaveList, "db/autosave.m3u"},
     Row{DataItem::UnsavedList, "db/autosave.new.m3u"},
+    Row{DataItem::ShuffleOrder, "db/shuffle.dat"},
     Row{DataItem::ErrorLog, "db/err.log"},
     Row{DataItem::Stations, "db/stations.dat"},
     Row{DataItem::Shortcuts, "db/shortcuts.dat"},

@@ -12,6 +12,7 @@ enum class DataItem {
     Settings,
     AutosaveList,
     UnsavedList,
+    ShuffleOrder,
     ErrorLog,
     Stations,
     Shortcuts,

@@ -82,6 +82,7 @@ bool Crossfade::start(const TrackRef& track, std::int32_t fade, const std::strin
         }
         if (state.comfort.keepsTitleOfOldTrack && sounds(oldChannel())) {
             state.CrossfadeLeg = formerLeg;
+            facts_.noteUnopened(track);
         } else {
             showUnopened(track);
         }

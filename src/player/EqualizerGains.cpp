@@ -6,6 +6,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 
 namespace tovik::player {
 
@@ -13,11 +14,15 @@ namespace {
 
 constexpr double kStoredRange = 12; ///< dB, in
 constexpr double kSliderSteps = 10; ///< steps from the middle
+constexpr double kMillions = 1e6;
+
+static_assert(kStoredRange == kSliderSteps * kStoredStep);
 
 } // namespace
 
-std::string gainText(std::int32_t slider) {
-    const double gain = (kSliderMiddle - slider) * kStoredRange / kSliderSteps;
+std::string gainText(double slider) {
+    const double gain =
+        std::round((kSliderMiddle - slider) * kStoredRange / kSliderSteps * kMillions) / kMillions;
     std::array<char, 32> digits{};
     char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), gain).ptr;
     return {digits.data(), end};
@@ -28,9 +33,13 @@ std::int32_t sliderOfGain(std::string_view gain) {
                          config::settingToInt16(gain) * kSliderSteps / kStoredRange);
 }
 
-std::string curveText(std::span<const std::int32_t> sliders) {
+double exactSliderOfGain(std::string_view gain) {
+    return kSliderMiddle - base::textToNumber(gain) * kSliderSteps / kStoredRange;
+}
+
+std::string curveText(std::span<const double> sliders) {
     std::string text;
-    for (const std::int32_t slider : sliders) {
+    for (const double slider : sliders) {
         text.append(text.empty() ? "" : "/").append(gainText(slider));
     }
     return text;

@@ -14,8 +14,12 @@ inline constexpr std::int32_t kSliderTop = 0;
 inline constexpr std::int32_t kSliderMiddle = 10;
 inline constexpr std::int32_t kSliderBottom = 20;
 
-/// The stored gain of a slider, such as "8.4" for the value 3: from "12" at the top to "-12".
-[[nodiscard]] std::string gainText(std::int32_t slider);
+/// What a step of a slider is stored as, in dB.
+inline constexpr double kStoredStep = 1.2;
+
+/// The stored gain of a slider, such as "8.4" for the value 3: from "12" at the top to "-12". To
+/// the sixth digit behind the point.
+[[nodiscard]] std::string gainText(double slider);
 
 /// The slider of a stored gain, halves to even. Gains of more than 12 dB give values outside the
 /// slider. Raises 13 for a text that is no number and 6 for one that does not fit 16 bits.
@@ -24,7 +28,11 @@ inline constexpr std::int32_t kSliderBottom = 20;
 /// user wrote behind the point is lost. All values that a slider can have come back the same.
 [[nodiscard]] std::int32_t sliderOfGain(std::string_view gain);
 
+/// The same between two values of the slider, with the fraction of the gain. Raises 13 for a text
+/// that is no number.
+[[nodiscard]] double exactSliderOfGain(std::string_view gain);
+
 /// The stored gains of sliders, joined with "/".
-[[nodiscard]] std::string curveText(std::span<const std::int32_t> sliders);
+[[nodiscard]] std::string curveText(std::span<const double> sliders);
 
 } // namespace tovik::player

@@ -39,14 +39,14 @@ std::string presetPath(std::int32_t number) {
 void EqualizerStore::apply(std::string_view curve) {
     const config::Fields gains(curve, kSeparator);
     for (std::size_t band = 0; band < Equalizer::kBands; ++band) {
-        equalizer_.eq_sld(band, sliderOfGain(gains.at(band)));
+        equalizer_.eq_sld(band, equalizer_.sliderFor(gains.at(band)));
     }
 }
 
 std::string EqualizerStore::curve() const {
-    std::array<std::int32_t, Equalizer::kBands> sliders{};
+    std::array<double, Equalizer::kBands> sliders{};
     for (std::size_t band = 0; band < sliders.size(); ++band) {
-        sliders.at(band) = equalizer_.eq_sld(band);
+        sliders.at(band) = equalizer_.position(band);
     }
     return curveText(sliders);
 }
@@ -98,16 +98,19 @@ void EqualizerStore::keepIn(StoredSettings& stored) {
     }
     stored.keptBy(kMasterKey, [this](config::clsXML& xml) {
         xml.WriteNode(config::Settings::pathOf(kMasterKey),
-                      gainText(equalizer_.eq_sld(Equalizer::kMaster)));
+                      gainText(equalizer_.position(Equalizer::kMaster)));
     });
 }
 
 void EqualizerStore::autoload_db() {
-    equalizer_.eq_sld(Equalizer::kMaster, readInStep(settings_, kMasterKey, sliderOfGain));
+    equalizer_.eq_sld(Equalizer::kMaster,
+                      readInStep(settings_, kMasterKey, [this](std::string_view gain) {
+                          return equalizer_.sliderFor(gain);
+                      }));
 }
 
 void EqualizerStore::autosave_db() {
-    storeText(settings_, kMasterKey, gainText(equalizer_.eq_sld(Equalizer::kMaster)));
+    storeText(settings_, kMasterKey, gainText(equalizer_.position(Equalizer::kMaster)));
 }
 
 void EqualizerStore::save_teq(const std::string& path) const {

@@ -29,7 +29,7 @@ struct NowPlaying {
     std::string caption;     ///< of the main window, as far as it has rotated
     std::string miniCaption; ///< of the mini window, likewise
 
-    std::string time = kNoTime; ///< five characters, the third is the colon
+    std::string time = kNoTime; ///< "mm:ss", or "h:mm:ss" where hours are told
     bool countsDown = false;    ///< a minus sign stands before the time
     double percent = 0;         ///< the position mark, 0 to 100
 

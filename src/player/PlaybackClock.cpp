@@ -2,7 +2,7 @@
 #include "player/PlaybackClock.h"
 
 #include "base/Numbers.h"
-#include "base/TimeText.h"
+#include "player/ClockText.h"
 
 #include <algorithm>
 #include <limits>
@@ -69,7 +69,11 @@ void PlaybackClock::endTrackOnOverflow(Body&& body) {
         if (error.number() != static_cast<int>(base::ErrorNumber::Overflow)) {
             throw;
         }
-        end_->Next_track();
+        if (core_.state.comfort.stopsAtListEnd) {
+            end_->endTrack();
+        } else {
+            end_->Next_track();
+        }
     }
 }
 
@@ -94,7 +98,7 @@ void PlaybackClock::showDigits() {
     const std::int32_t shown = state.TimeDisplayMode == kRemaining
                                    ? time_.GetDuration(state.active()) - position
                                    : position;
-    core_.screen.playing.time = base::lastFive(shown);
+    core_.screen.playing.time = clockText(state.comfort, shown);
     core_.screen.playing.countsDown = state.TimeDisplayMode != 0;
     core_.screen.showTime();
 }
@@ -105,7 +109,7 @@ void PlaybackClock::showHeard() {
     const std::int64_t heard =
         std::int64_t{state.HeardBefore} + time_.GetHeardSeconds(state.active());
     core_.screen.playing.time =
-        base::lastFive(static_cast<std::int32_t>(std::min(heard, kMostSeconds)));
+        clockText(state.comfort, static_cast<std::int32_t>(std::min(heard, kMostSeconds)));
     core_.screen.playing.countsDown = false;
     core_.screen.showTime();
 }

@@ -77,6 +77,9 @@ struct PlayerState {
     std::int32_t WindowLeft = 0;
     std::int32_t WindowTop = 0;
 
+    /// The row and the second where the last session ended, "12 95"; empty: nothing is known.
+    std::string ResumePlace;
+
     base::Comfort comfort;            ///< kinder behaviour, all off at first
     std::optional<bool> ComfortOfRun; ///< all of it on or off, whatever the settings say
 

@@ -1,25 +1,75 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/RowPlayer.h"
 
+#include "player/ClockText.h"
 #include "player/FadeTime.h"
+
+#include <algorithm>
+#include <utility>
 
 namespace tovik::player {
 
 void RowPlayer::button_play() {
     config::guard(core_.errors, config::player("playup_mouseup"), [this] {
         playlist::stdSS& list = core_.lists.stdSS;
+        // A deliberate oddity: Play starts anew, only Pause goes on.
+        if (core_.state.IsPlaying && core_.state.IsPaused && core_.state.comfort.goesOnAfterPause) {
+            transport_.pause();
+            return;
+        }
         if (list.ListCount() > 0) {
             core_.state.IsPaused = false;
             if (list.SelectedIndex == 0) {
                 list.SelectIndex(1);
             }
+            const std::optional<RowPlace> place = std::exchange(waiting_, std::nullopt);
             Stdss_Play(std::to_string(list.SelectedIndex));
+            if (place && place->row == list.SelectedIndex && core_.state.IsPlaying) {
+                time_.SetPlayingPos(core_.state.active(), place->seconds, false);
+            }
         }
     });
 }
 
+void RowPlayer::waitAt(const RowPlace& place) {
+    playlist::stdSS& list = core_.lists.stdSS;
+    core_.lists.List1.ListIndex(place.row - 1);
+    list.SelectIndex(place.row);
+    if (place.seconds <= 0) {
+        return;
+    }
+    waiting_ = place;
+    core_.state.CurrentTitle = list.text(place.row, playlist::RowText::Title);
+    NowPlaying& playing = core_.screen.playing;
+    playing.scrollerText = " " + core_.state.CurrentTitle;
+    playing.caption = playing.scrollerText;
+    core_.screen.showTitles();
+    const std::int32_t length = list.seconds(place.row);
+    playing.countsDown = core_.state.TimeDisplayMode != 0 && length > 0;
+    playing.time =
+        clockText(core_.state.comfort, playing.countsDown ? length - place.seconds : place.seconds);
+    core_.screen.showTime();
+    if (length > 0) {
+        playing.percent = std::min(100.0, 100.0 * place.seconds / length);
+        core_.screen.showPosition();
+    }
+}
+
+std::optional<RowPlace> RowPlayer::place() const {
+    const PlayerState& state = core_.state;
+    const playlist::stdSS& list = core_.lists.stdSS;
+    if (state.IsPlaying && !state.RadioMode && list.SoundingRow() > 0) {
+        return RowPlace{list.SoundingRow(), time_.GetHeardSeconds(state.active())};
+    }
+    if (waiting_) {
+        return waiting_;
+    }
+    return list.SelectedIndex > 0 ? std::optional(RowPlace{list.SelectedIndex, 0}) : std::nullopt;
+}
+
 void RowPlayer::Stdss_Play(const std::string& /*row*/) {
     config::guard(core_.errors, config::player("playlist_play"), [this] {
+        forgetPlace();
         playlist::stdSS& list = core_.lists.stdSS;
         const TrackRef track = trackOf(list, list.SelectedIndex);
         const std::int32_t seconds = fadeSeconds(core_.settings);
@@ -47,6 +97,7 @@ bool RowPlayer::startAlone(const TrackRef& track) {
 }
 
 void RowPlayer::List1_DblClick() {
+    forgetPlace();
     const playlist::Row row = core_.lists.List1.ListIndex() + 1;
     const TrackRef track = trackOf(core_.lists.stdSS, row);
     core_.lists.stdSS.SelectedIndex = row;
@@ -68,6 +119,7 @@ void RowPlayer::playItem(std::int32_t item) {
 }
 
 void RowPlayer::PlayRow(playlist::Row row, std::int32_t fadeSeconds) {
+    forgetPlace();
     core_.lists.stdSS.SelectIndex(row);
     const TrackRef track = trackOf(core_.lists.stdSS, row);
     PlayerState& state = core_.state;

@@ -2,6 +2,7 @@
 // Plays a row of the list: plainly, or by a crossfade where that mode is on. Interface thread.
 #pragma once
 
+#include "player/CBASS_TIME.h"
 #include "player/Core.h"
 #include "player/Crossfade.h"
 #include "player/TrackFacts.h"
@@ -10,9 +11,16 @@
 #include "player/Transport.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace tovik::player {
+
+/// A place of a row.
+struct RowPlace {
+    playlist::Row row = 0;
+    std::int32_t seconds = 0;
+};
 
 class RowPlayer {
 public:
@@ -21,7 +29,19 @@ public:
         : core_(core), transport_(transport), crossfade_(crossfade), facts_(facts) {}
 
     /// Plays the selected row from its beginning, also while paused; without one the first row.
+    /// With `Comfort::goesOnAfterPause` what is paused goes on.
     void button_play();
+
+    /// Selects a row and shows the place, at which the next `button_play` begins if nothing was
+    /// played until then and the row is still selected.
+    void waitAt(const RowPlace& place);
+
+    /// Nobody waits any more.
+    void forgetPlace() { waiting_.reset(); }
+
+    /// Where `waitAt` should begin in the next session: what sounds, else where it waits, else the
+    /// selected row. Raises what asking for a place raises.
+    [[nodiscard]] std::optional<RowPlace> place() const;
 
     /// A row of the list is to be played: the selected one, whatever `row` says. A crossfade, if
     /// that mode is on.
@@ -48,6 +68,8 @@ private:
     Transport& transport_;
     Crossfade& crossfade_;
     TrackFacts& facts_;
+    CBASS_TIME time_{core_.sound};
+    std::optional<RowPlace> waiting_;
 };
 
 } // namespace tovik::player

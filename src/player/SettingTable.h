@@ -114,6 +114,8 @@ inline constexpr std::array kSettingTable{
     SettingRow{"IROP", SettingKind::text, NoMember{}, ReadAt::live},
     SettingRow{"SCD", SettingKind::flag, NoMember{}, ReadAt::live},
     SettingRow{"ASO", SettingKind::flag, NoMember{}, ReadAt::live},
+    SettingRow{"RSM", SettingKind::text, &PlayerState::ResumePlace, ReadAt::step, SavedAt::demand,
+               KeyOf::player},
     SettingRow{"CDSEARCH", SettingKind::flag, NoMember{}, ReadAt::live, SavedAt::demand,
                KeyOf::player},
 };

@@ -16,6 +16,8 @@ namespace {
 /// oddity, for sound in between does not clear the count.
 constexpr std::int16_t kTicksOfSilence = 10;
 
+constexpr double kAll = 100; ///< percent
+
 } // namespace
 
 std::int16_t silenceCountsFrom(std::int16_t percent) {
@@ -30,6 +32,9 @@ SilenceSkip::SilenceSkip(const Core& core, const Crossfade& crossfade)
 
 void SilenceSkip::watch() {
     sldTimer_->setEnabled(core_.state.SilenceSkipOn);
+    if (core_.state.SilenceSkipOn && core_.state.comfort.readsThreshold) {
+        readThreshold();
+    }
 }
 
 bool SilenceSkip::opened() const {
@@ -44,17 +49,31 @@ bool SilenceSkip::opened() const {
             progress = 0;
         }
     }
-    return progress >= silenceCountsFrom(silenceThreshold_);
+    const bool asIs = core_.state.comfort.takesSilenceShareAsIs;
+    return progress >= (asIs ? silenceThreshold_ / kAll : silenceCountsFrom(silenceThreshold_));
+}
+
+/// Silence before this moment and behind it are two: with `Comfort::countsUnbrokenSilence` they do
+/// not add up.
+void SilenceSkip::endSilence() {
+    if (core_.state.comfort.countsUnbrokenSilence) {
+        core_.state.SilenceTicks = 0;
+    }
 }
 
 void SilenceSkip::SLD_Timer() {
     PlayerState& state = core_.state;
+    const bool pauses = state.IsPaused && state.comfort.countsUnbrokenSilence;
     if (crossfade_.runs() || !state.SilenceSkipOn || !state.IsPlaying || state.RadioMode ||
-        !opened()) {
+        pauses || !opened()) {
+        endSilence();
         return;
     }
-    if (core_.sound.BASS_ChannelGetLevel(state.active()) == 0 &&
-        state.SilenceTicks < std::numeric_limits<std::int16_t>::max()) {
+    const bool silent = core_.sound.BASS_ChannelGetLevel(state.active()) == 0;
+    if (!silent) {
+        endSilence();
+    }
+    if (silent && state.SilenceTicks < std::numeric_limits<std::int16_t>::max()) {
         ++state.SilenceTicks;
     }
     if (state.SilenceTicks < kTicksOfSilence || core_.lists.stdSS.ListCount() < 1) {

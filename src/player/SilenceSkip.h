@@ -22,7 +22,8 @@ public:
 
     static constexpr int kSldTimerMs = 100;
 
-    /// Lets `sldTimer` tick while the mode is on; its tick would do nothing otherwise.
+    /// Lets `sldTimer` tick while the mode is on; its tick would do nothing otherwise. With
+    /// `Comfort::readsThreshold` it reads the threshold for that, and raises what that raises.
     void watch();
 
     [[nodiscard]] bool watches() const { return sldTimer_->enabled(); }
@@ -40,6 +41,7 @@ public:
 
 private:
     [[nodiscard]] bool opened() const;
+    void endSilence();
 
     const Core& core_;
     TrackEnd* end_ = nullptr;

@@ -17,6 +17,20 @@ constexpr playlist::Row kTenRows = 10;
 
 } // namespace
 
+TrackAdvance::TrackAdvance(const Core& core, Transport& transport, RowPlayer& rows,
+                           FadeOut& fadeOut, SeamlessNext& seamless, host::RandomNumbers& random)
+    : order(core.lists.stdSS, random), core_(core), transport_(transport), rows_(rows),
+      fadeOut_(fadeOut), seamless_(seamless), random_(random),
+      skip_(core.timers.makeTimer([this] { skipRow(); })) {
+    constexpr int kSoon = 1; // an interval of 0 never ticks
+    skip_->setInterval(kSoon);
+    core_.news.add(*this);
+}
+
+TrackAdvance::~TrackAdvance() {
+    core_.news.remove(*this);
+}
+
 playlist::Row TrackAdvance::gen_shuffle(playlist::Row count) {
     // Cell 0 stays empty; it is one of the nine that are taken unless `Comfort` says otherwise.
     static constexpr std::size_t kCells = 10;
@@ -43,29 +57,29 @@ playlist::Row TrackAdvance::pick() {
 void TrackAdvance::Next_track() {
     config::guard(core_.errors, config::player("Next_track"), [this] {
         const std::int32_t seconds = fadeSeconds(core_.settings);
+        endSkipping();
         if (const auto row = takeUpcomingRow()) {
-            rows_.PlayRow(*row, seconds);
+            play(*row, seconds, Direction::forth);
         }
     });
 }
 
 /// What `Next_track` plays; a pick stays the same until it is taken.
 std::optional<playlist::Row> TrackAdvance::upcomingRow() {
-    if (core_.state.ShuffleOn) {
-        if (!upcoming_) {
-            upcoming_ = pick();
-        }
-        return upcoming_;
+    if (remembers()) {
+        return order.upcoming(core_.state.RepeatOn);
     }
-    if (!hasNext()) {
-        return std::nullopt;
+    if (!core_.state.ShuffleOn) {
+        return rowBehind(currentRow());
     }
-    const playlist::Row row = core_.lists.stdSS.SelectedIndex;
-    return row == core_.lists.stdSS.ListCount() ? 1 : row + 1;
+    if (!upcoming_) {
+        upcoming_ = pick();
+    }
+    return upcoming_;
 }
 
 std::optional<playlist::Row> TrackAdvance::takeUpcomingRow() {
-    const auto row = upcomingRow();
+    const auto row = remembers() ? order.next(core_.state.RepeatOn) : upcomingRow();
     upcoming_.reset();
     return row;
 }
@@ -73,43 +87,133 @@ std::optional<playlist::Row> TrackAdvance::takeUpcomingRow() {
 void TrackAdvance::last_track() {
     config::guard(core_.errors, config::player("Last_track"), [this] {
         const std::int32_t seconds = fadeSeconds(core_.settings);
-        const playlist::Row count = core_.lists.stdSS.ListCount();
+        endSkipping();
         if (core_.lists.stdSS.SelectedIndex == 0) {
             core_.lists.stdSS.SelectedIndex = 1;
         }
-        const playlist::Row row = core_.lists.stdSS.SelectedIndex;
-        if (core_.state.ShuffleOn) {
-            if (count != 0 && core_.state.RepeatOn) {
-                rows_.PlayRow(pick(), seconds);
-            }
-        } else if (row != 1) {
-            rows_.PlayRow(row - 1, seconds);
-        } else if (core_.state.RepeatOn && count != 0) {
-            // A deliberate oddity: with a single row this is row 0, which plays nothing.
-            rows_.PlayRow(count == 1 ? 0 : count, seconds);
+        if (const auto row = rowBefore(currentRow())) {
+            play(*row, seconds, Direction::back);
         }
     });
 }
 
-bool TrackAdvance::hasNext() const {
+std::optional<playlist::Row> TrackAdvance::rowBehind(playlist::Row row) {
+    if (remembers()) {
+        return order.next(core_.state.RepeatOn);
+    }
+    if (core_.state.ShuffleOn) {
+        return pick();
+    }
     const playlist::Row count = core_.lists.stdSS.ListCount();
-    return count != 0 && (core_.state.ShuffleOn || core_.state.RepeatOn ||
-                          core_.lists.stdSS.SelectedIndex != count);
+    if (count == 0 || (row == count && !core_.state.RepeatOn)) {
+        return std::nullopt;
+    }
+    return row == count ? 1 : row + 1;
+}
+
+std::optional<playlist::Row> TrackAdvance::rowBefore(playlist::Row row) {
+    const playlist::Row count = core_.lists.stdSS.ListCount();
+    if (remembers()) {
+        const auto before = order.previous();
+        return before || count == 0 ? before : std::optional(row);
+    }
+    const bool mayTurn = core_.state.RepeatOn && count != 0;
+    if (core_.state.ShuffleOn) {
+        return mayTurn ? std::optional(pick()) : std::nullopt;
+    }
+    if (row != 1) {
+        return row - 1;
+    }
+    if (!mayTurn) {
+        return std::nullopt;
+    }
+    // A deliberate oddity: with a single row this is row 0, which plays nothing.
+    return count != 1 || core_.state.comfort.restartsOnlyTrack ? count : 0;
+}
+
+void TrackAdvance::play(playlist::Row row, std::int32_t seconds, Direction direction) {
+    rows_.PlayRow(row, seconds);
+    if (core_.state.comfort.skipsUnplayable && core_.lists.stdSS.isUnplayable(row)) {
+        failed_ = row;
+        ++failures_;
+        direction_ = direction;
+        skip_->setEnabled(true);
+    } else {
+        endSkipping();
+    }
+}
+
+/// One row a tick: a list of files that are all gone may be long, and Stop must reach the player.
+void TrackAdvance::skipRow() {
+    skip_->setEnabled(false);
+    config::guard(core_.errors, config::player("Next_track"), [this] {
+        const auto row = direction_ == Direction::forth ? rowBehind(failed_) : rowBefore(failed_);
+        const bool wayEnds = remembers() && row == failed_;
+        if (!row || wayEnds || failures_ >= core_.lists.stdSS.ListCount()) {
+            transport_.button_stop(); // ends the skipping, too
+            return;
+        }
+        play(*row, fadeSeconds(core_.settings), direction_);
+    });
+}
+
+void TrackAdvance::endSkipping() {
+    skip_->setEnabled(false);
+    failures_ = 0;
+}
+
+void TrackAdvance::reportTrack(const TrackReport& /*report*/) {
+    endSkipping();
+    if (remembers()) {
+        order.noteStarted(core_.lists.stdSS.SoundingRow());
+    } else {
+        order.clear();
+    }
+}
+
+void TrackAdvance::reportNothing(const std::string& /*format*/, const std::string& /*word*/) {
+    endSkipping();
+}
+
+bool TrackAdvance::hasNext() const {
+    if (remembers()) {
+        return order.hasNext(core_.state.RepeatOn);
+    }
+    const playlist::Row count = core_.lists.stdSS.ListCount();
+    return count != 0 && (core_.state.ShuffleOn || core_.state.RepeatOn || currentRow() != count);
+}
+
+bool TrackAdvance::hasPrevious() const {
+    return core_.lists.stdSS.ListCount() != 0 &&
+           (core_.state.RepeatOn || remembers() || currentRow() > 1);
+}
+
+/// A deliberate oddity: the list goes on from the row that was clicked last, unless
+/// `Comfort::goesOnFromSoundingRow` lets it go on from the one that sounds.
+playlist::Row TrackAdvance::currentRow() const {
+    const playlist::stdSS& list = core_.lists.stdSS;
+    const bool fromSounding = core_.state.comfort.goesOnFromSoundingRow && core_.state.IsPlaying &&
+                              list.SoundingRow() > 0;
+    return fromSounding ? list.SoundingRow() : list.SelectedIndex;
 }
 
 bool TrackAdvance::neverEnds() const {
-    return core_.lists.stdSS.ListCount() != 0 && (core_.state.ShuffleOn || core_.state.RepeatOn) &&
-           !core_.state.StopAfterCurrent;
+    const bool goesOn = core_.state.RepeatOn || (core_.state.ShuffleOn && !remembers());
+    return core_.lists.stdSS.ListCount() != 0 && goesOn && !core_.state.StopAfterCurrent;
 }
 
 void TrackAdvance::endTrack() {
     if (core_.state.RippingNow || core_.state.RipRunning) {
         return; // the latter also between two tracks
     }
-    if (core_.state.StopAfterCurrent || fadeOut_.runs()) {
+    const bool listEnds = core_.state.comfort.stopsAtListEnd && !hasNext();
+    if (core_.state.StopAfterCurrent || fadeOut_.runs() || listEnds) {
         transport_.button_stop();
     } else if (const auto following = seamless_.takeOver()) {
         upcoming_.reset();
+        if (remembers()) {
+            order.noteStarted(following->row);
+        }
         rows_.showStarted(*following);
     } else {
         Next_track();
@@ -189,7 +293,7 @@ void TrackAdvance::playItem(playlist::Row row) {
 
 void TrackAdvance::ten_tracks_fwd() {
     const playlist::Row count = core_.lists.stdSS.ListCount();
-    const playlist::Row row = core_.lists.stdSS.SelectedIndex;
+    const playlist::Row row = currentRow();
     if (count == 0 || row < 1) {
         playItem(kTenRows);
     } else if (count - row < kTenRows) {
@@ -200,7 +304,7 @@ void TrackAdvance::ten_tracks_fwd() {
 }
 
 void TrackAdvance::ten_track_bck() {
-    const playlist::Row row = core_.lists.stdSS.SelectedIndex;
+    const playlist::Row row = currentRow();
     if (core_.lists.stdSS.ListCount() != 0 && row > kTenRows) {
         playItem(row - kTenRows);
     } else {
@@ -210,14 +314,18 @@ void TrackAdvance::ten_track_bck() {
 
 void TrackAdvance::button_next() {
     if (core_.lists.stdSS.ListCount() > 0) {
-        core_.state.IsPaused = false;
+        if (hasNext() || !core_.state.comfort.keepsPauseAtEnd) {
+            core_.state.IsPaused = false;
+        }
         Next_track();
     }
 }
 
 void TrackAdvance::button_previous() {
     if (core_.lists.stdSS.ListCount() > 0) {
-        core_.state.IsPaused = false;
+        if (hasPrevious() || !core_.state.comfort.keepsPauseAtEnd) {
+            core_.state.IsPaused = false;
+        }
         last_track();
     }
 }

@@ -7,32 +7,41 @@
 #include "player/FadeOut.h"
 #include "player/RowPlayer.h"
 #include "player/SeamlessNext.h"
+#include "player/ShuffleOrder.h"
 #include "player/TrackEnd.h"
 #include "player/Transport.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 
 namespace tovik::player {
 
-class TrackAdvance final : public TrackEnd {
+class TrackAdvance final : public TrackEnd, private TrackEvents {
 public:
     /// All of them outlive the object.
     TrackAdvance(const Core& core, Transport& transport, RowPlayer& rows, FadeOut& fadeOut,
-                 SeamlessNext& seamless, host::RandomNumbers& random)
-        : core_(core), transport_(transport), rows_(rows), fadeOut_(fadeOut), seamless_(seamless),
-          random_(random) {}
+                 SeamlessNext& seamless, host::RandomNumbers& random);
+    ~TrackAdvance() override;
+    TrackAdvance(const TrackAdvance&) = delete;
+    TrackAdvance& operator=(const TrackAdvance&) = delete;
+
+    /// What the shuffle has played, where `Comfort::remembersPicks` lets it have a memory.
+    ShuffleOrder order;
 
     void Next_track() override;
 
-    /// The row before, or with shuffle and repeat a new pick.
+    /// The row before, or with shuffle and repeat a new pick. A row that cannot be played ends it,
+    /// as it does `Next_track`; with `Comfort::skipsUnplayable` the next one in the same direction
+    /// has its turn, a tick later.
     void last_track();
 
     /// Ten rows on or back, or one where fewer are left.
     void ten_tracks_fwd();
     void ten_track_bck();
 
-    /// What the buttons do: nothing with an empty list.
+    /// What the buttons do: nothing with an empty list. A deliberate oddity: they take a pause for
+    /// ended before they know of a row to go on to (`Comfort::keepsPauseAtEnd` looks first).
     void button_next();
     void button_previous();
 
@@ -45,6 +54,7 @@ public:
     /// have no memory; the host's generator takes its seed from the clock when the program starts.
     [[nodiscard]] playlist::Row gen_shuffle(playlist::Row count);
 
+    /// A deliberate oddity: behind the last row nothing stops (`Comfort::stopsAtListEnd` does).
     void endTrack() override;
 
     /// Near the end the track that comes next is opened, so that it follows without a gap; with
@@ -70,12 +80,30 @@ public:
     void selectItem(std::int32_t item);
 
 private:
+    [[nodiscard]] bool hasPrevious() const;
+    [[nodiscard]] playlist::Row currentRow() const;
+    void reportTrack(const TrackReport& report) override;
+    void reportNothing(const std::string& format, const std::string& word) override;
+
+    /// Steps through the list from a row; none where there is nothing to go to.
+    [[nodiscard]] std::optional<playlist::Row> rowBehind(playlist::Row row);
+    [[nodiscard]] std::optional<playlist::Row> rowBefore(playlist::Row row);
+
+    enum class Direction : std::uint8_t { forth, back };
+
+    void play(playlist::Row row, std::int32_t seconds, Direction direction);
+    void skipRow();
+    void endSkipping();
     void playItem(playlist::Row row);
     [[nodiscard]] playlist::Row pick();
     [[nodiscard]] std::optional<playlist::Row> upcomingRow();
     [[nodiscard]] std::optional<playlist::Row> takeUpcomingRow();
     void fadeModule(std::int64_t milliseconds);
     [[nodiscard]] bool followsOnAlbum(const TrackRef& next) const;
+
+    [[nodiscard]] bool remembers() const {
+        return core_.state.ShuffleOn && core_.state.comfort.remembersPicks;
+    }
 
     const Core& core_;
     Transport& transport_;
@@ -85,6 +113,10 @@ private:
     host::RandomNumbers& random_;
     std::optional<playlist::Row> upcoming_;        ///< a pick that was made before its time
     sound::Handle crossedFrom_ = sound::kNoHandle; ///< the channel that a crossfade was to leave
+    std::unique_ptr<host::Timer> skip_;            ///< ticks once: the failed row is left behind
+    playlist::Row failed_ = 0;                     ///< the row that could not be played
+    std::int32_t failures_ = 0;                    ///< in a row
+    Direction direction_ = Direction::forth;       ///< in which it was met
 };
 
 } // namespace tovik::player

@@ -34,6 +34,9 @@ public:
     /// Nothing plays; `format` and `word` are the parts of the status message.
     virtual void reportNothing(const std::string& /*format*/, const std::string& /*word*/) {}
 
+    /// A file that was to be played did not open.
+    virtual void reportUnplayable() {}
+
     /// What plays was paused or goes on.
     virtual void reportPause() {}
 

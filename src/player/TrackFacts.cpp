@@ -2,8 +2,8 @@
 #include "player/TrackFacts.h"
 
 #include "base/Text.h"
-#include "base/TimeText.h"
 #include "config/SettingText.h"
+#include "player/ClockText.h"
 #include "player/LiveSetting.h"
 #include "playlist/FileNames.h"
 #include "tags/ShownField.h"
@@ -30,8 +30,8 @@ std::int64_t fileLength(const std::string& path) {
 
 } // namespace
 
-std::string TrackFacts::lastFive(sound::Handle channel) {
-    return base::lastFive(time_.GetDuration(channel));
+std::string TrackFacts::length(sound::Handle channel) {
+    return clockText(core_.state.comfort, time_.GetDuration(channel));
 }
 
 void TrackFacts::takeOverFields() {
@@ -41,6 +41,7 @@ void TrackFacts::takeOverFields() {
 
 void TrackFacts::show(sound::Handle channel, const TrackRef& track, const std::string& popup) {
     core_.lists.stdSS.showSounding(track.row);
+    core_.lists.stdSS.setUnplayable(track.row, false);
     showFormat(channel, track.path);
     readFields(track.path);
     core_.screen.showFacts();
@@ -65,11 +66,18 @@ void TrackFacts::show(sound::Handle channel, const TrackRef& track, const std::s
 
 void TrackFacts::showNothingKnown(const TrackRef& track) {
     core_.lists.stdSS.showSounding(track.row);
+    core_.lists.stdSS.setUnplayable(track.row, false);
     core_.screen.playing.fields.fill(kUnknown);
     core_.screen.showFacts();
 }
 
+void TrackFacts::noteUnopened(const TrackRef& track) {
+    core_.lists.stdSS.setUnplayable(track.row, true);
+    core_.news.reportUnplayable();
+}
+
 void TrackFacts::showUnopened(const TrackRef& track) {
+    noteUnopened(track);
     core_.state.CurrentTitle = track.title;
     core_.screen.playing.miniCaption = " " + core_.state.CurrentTitle;
     core_.screen.playing.scrollerText = core_.screen.playing.miniCaption;
@@ -130,13 +138,13 @@ void TrackFacts::showPopup(sound::Handle channel, const std::string& text) {
     if (!readLive(core_.settings, "OSD", config::settingToFlag)) {
         return;
     }
-    core_.news.showTitlePopup(text + "(" + lastFive(channel) + ")");
+    core_.news.showTitlePopup(text + "(" + length(channel) + ")");
 }
 
 void TrackFacts::showTitles(sound::Handle channel, const TrackRef& track) {
     core_.state.CurrentTitle = track.title;
     core_.screen.playing.scrollerText =
-        " " + core_.state.CurrentTitle + " (" + lastFive(channel) + ")";
+        " " + core_.state.CurrentTitle + " (" + length(channel) + ")";
     core_.screen.playing.caption = core_.screen.playing.scrollerText;
     core_.screen.playing.miniCaption = " " + core_.state.CurrentTitle;
     core_.screen.showTitles();

@@ -28,7 +28,10 @@ public:
     /// A CD track tells nothing of itself but its row.
     void showNothingKnown(const TrackRef& track);
 
-    /// A file did not open: title and captions are those of its row. What sounds besides goes on,
+    /// A file did not open: its row is marked, and it is told.
+    void noteUnopened(const TrackRef& track);
+
+    /// The same, and title and captions are those of its row. What sounds besides goes on,
     /// and so does the clock.
     void showUnopened(const TrackRef& track);
 
@@ -47,7 +50,7 @@ private:
     void showFormat(sound::Handle channel, const std::string& path);
     void readFields(const std::string& path);
     void showPopup(sound::Handle channel, const std::string& text);
-    [[nodiscard]] std::string lastFive(sound::Handle channel);
+    [[nodiscard]] std::string length(sound::Handle channel);
 
     const Core& core_;
     tags::cMP3ID3v1& tag_;

@@ -29,6 +29,8 @@ public:
         tell(&TrackEvents::reportNothing, format, word);
     }
 
+    void reportUnplayable() override { tell(&TrackEvents::reportUnplayable); }
+
     void reportPause() override { tell(&TrackEvents::reportPause); }
 
     void reportSeek() override { tell(&TrackEvents::reportSeek); }

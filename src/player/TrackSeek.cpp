@@ -2,7 +2,7 @@
 #include "player/TrackSeek.h"
 
 #include "base/Numbers.h"
-#include "base/TimeText.h"
+#include "player/ClockText.h"
 
 #include <algorithm>
 
@@ -38,7 +38,8 @@ void TrackSeek::preview(double percent) {
     const std::int32_t duration = time_.GetDuration(core_.state.active());
     const std::int32_t place = base::toInt32(duration * percent / kAll);
     NowPlaying& playing = core_.screen.playing;
-    playing.time = base::lastFive(core_.state.TimeDisplayMode == 0 ? place : duration - place);
+    playing.time =
+        clockText(core_.state.comfort, core_.state.TimeDisplayMode == 0 ? place : duration - place);
     playing.countsDown = core_.state.TimeDisplayMode != 0;
     core_.screen.showTime();
 }

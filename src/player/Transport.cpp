@@ -107,6 +107,9 @@ void Transport::Stop_play() {
             core_.news.stopVisualisation();
             state.IsPlaying = false;
         }
+        if (state.comfort.clearsLookAtStop) {
+            core_.lists.stdSS.showSounding(0);
+        }
         core_.news.reportNothing(kNothingFormat, kNothingWord);
     });
 }

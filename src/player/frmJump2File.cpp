@@ -22,11 +22,19 @@ constexpr int kTimer2Ms = 250;
 
 constexpr std::array<LiveKey, 2> kCheckSettings = {LiveKey("EM"), LiveKey("MC")};
 
-/// How titles are compared, by the tick boxes: first exact match, then match case. A deliberate
-/// oddity: for exact matches the second box means the opposite.
-constexpr std::array<std::array<TitleMatch, 2>, 2> kInvertedCase = {{
+/// How titles are compared, by the tick boxes: first exact match, then match case.
+using Matches = std::array<std::array<TitleMatch, 2>, 2>;
+
+/// A deliberate oddity: for exact matches the second box means the opposite.
+constexpr Matches kInvertedCase = {{
     {TitleMatch::contains, TitleMatch::containsExactCase},
     {TitleMatch::equalsExactCase, TitleMatch::equals},
+}};
+
+/// With `Comfort::keepsMeaningOfCase` it means the same for both.
+constexpr Matches kPlainCase = {{
+    {TitleMatch::contains, TitleMatch::containsExactCase},
+    {TitleMatch::equals, TitleMatch::equalsExactCase},
 }};
 
 } // namespace
@@ -98,9 +106,12 @@ void frmJump2File::SearchString_Change(std::string_view text) {
 }
 
 void frmJump2File::search() {
+    const base::Comfort& comfort = core_.state.comfort;
+    const Matches& matches = comfort.keepsMeaningOfCase ? kPlainCase : kInvertedCase;
     search_->find(
-        text_,
-        kInvertedCase.at(Check1(Check::exactMatch) ? 1 : 0).at(Check1(Check::matchCase) ? 1 : 0));
+        text_, matches.at(Check1(Check::exactMatch) ? 1 : 0).at(Check1(Check::matchCase) ? 1 : 0),
+        comfort.findsWordsInAnyOrder ? playlist::TitleWords::anyOrder
+                                     : playlist::TitleWords::asTyped);
     select(List1().empty() ? kNone : 0);
     view_->showHits();
     view_->showCount();
@@ -111,11 +122,15 @@ void frmJump2File::followList() {
         return;
     }
     search_->refresh();
-    const auto picked = std::ranges::find_if(List1(), [this](Row row) {
+    const auto isPicked = [this](Row row) {
         return core_.lists.stdSS.text(row, RowText::FileName) == picked_;
-    });
+    };
+    const bool stays = core_.state.comfort.keepsRowOfHit && isPicked(pickedRow_);
+    const auto picked =
+        stays ? std::ranges::find(List1(), pickedRow_) : std::ranges::find_if(List1(), isPicked);
     if (picked != List1().end()) {
         listIndex_ = static_cast<std::int32_t>(std::distance(List1().begin(), picked));
+        pickedRow_ = *picked;
     } else {
         select(List1().empty() ? kNone : 0);
     }
@@ -124,6 +139,7 @@ void frmJump2File::followList() {
 
 void frmJump2File::select(std::int32_t hit) {
     listIndex_ = hit;
+    pickedRow_ = hit == kNone ? 0 : List1().at(static_cast<std::size_t>(hit));
     picked_ = hit == kNone ? std::string()
                            : std::string(core_.lists.stdSS.text(
                                  List1().at(static_cast<std::size_t>(hit)), RowText::FileName));
@@ -186,9 +202,13 @@ void frmJump2File::SearchString_Enter() {
     Timer1_->setEnabled(true);
 }
 
-/// The first row with that name; 0 where it has gone from the list.
+/// The first row with that name; 0 where it has gone from the list. A deliberate oddity: also where
+/// another one was picked, unless `Comfort::keepsRowOfHit` says otherwise.
 Row frmJump2File::rowOf(std::string_view fileName) const {
     const playlist::stdSS& list = core_.lists.stdSS;
+    if (core_.state.comfort.keepsRowOfHit && list.text(pickedRow_, RowText::FileName) == fileName) {
+        return pickedRow_;
+    }
     for (Row row = 1; row <= list.ListCount(); ++row) {
         if (list.text(row, RowText::FileName) == fileName) {
             return row;

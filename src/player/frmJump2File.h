@@ -120,6 +120,7 @@ private:
     bool staysOnTop_ = false;
     std::int32_t listIndex_ = kNone;
     std::string picked_;                  ///< the file name of the selected hit
+    playlist::Row pickedRow_ = 0;         ///< its row, when it was selected
     std::unique_ptr<host::Timer> Timer1_; ///< closes the dialog after a pick
     std::unique_ptr<host::Timer> Timer2_; ///< keeps hits and count up to date
 };

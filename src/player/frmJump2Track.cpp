@@ -22,7 +22,10 @@ playlist::Row numberIn(std::string_view text) {
 void frmJump2Track::Form_Load() {
     ListCount_ = core_.lists.stdSS.ListCount();
     // A deliberate oddity: what was fetched last, by whomever, not what sounds.
-    playing_ = core_.lists.stdSS.OutTitle;
+    const playlist::stdSS& list = core_.lists.stdSS;
+    playing_ = core_.state.comfort.namesSoundingTrack
+                   ? std::string(list.text(list.SoundingRow(), playlist::RowText::Title))
+                   : list.OutTitle;
     row_ = 0;
 }
 

@@ -43,13 +43,17 @@ std::optional<std::int32_t> typedSeconds(std::string_view text) {
     }
 }
 
+/// A deliberate oddity: without the hours it is another place.
+std::string frmjump2time::shown(std::int32_t seconds) const {
+    return core_.state.comfort.showsHours ? base::shortTime(seconds) : base::lastFive(seconds);
+}
+
 std::string frmjump2time::lbldur() const {
-    return base::lastFive(time_.GetDuration(core_.state.active()));
+    return shown(time_.GetDuration(core_.state.active()));
 }
 
 std::string frmjump2time::Text1() const {
-    // A deliberate oddity: without the hours it is another place.
-    return base::lastFive(core_.state.RadioMode ? 0 : time_.GetPlayingPos(core_.state.active()));
+    return shown(core_.state.RadioMode ? 0 : time_.GetPlayingPos(core_.state.active()));
 }
 
 bool frmjump2time::Command1_Click(std::string_view text) const {

@@ -23,10 +23,10 @@ public:
     frmjump2time(const Core& core, const Crossfade& crossfade)
         : core_(core), crossfade_(crossfade) {}
 
-    /// The track's length, five characters.
+    /// The track's length: "mm:ss", with `Comfort::showsHours` "h:mm:ss" where it has hours.
     [[nodiscard]] std::string lbldur() const;
 
-    /// The time that the box is filled with: where the track is, five characters. Raises 6 beyond
+    /// The time that the box is filled with: where the track is, in the same form. Raises 6 beyond
     /// 32767 seconds.
     [[nodiscard]] std::string Text1() const;
 
@@ -35,6 +35,8 @@ public:
     [[nodiscard]] bool Command1_Click(std::string_view text) const;
 
 private:
+    [[nodiscard]] std::string shown(std::int32_t seconds) const;
+
     const Core& core_;
     const Crossfade& crossfade_;
     CBASS_TIME time_{core_.sound};

@@ -5,6 +5,7 @@
 #include "base/Windows1252.h"
 #include "playlist/stdSS.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace tovik::playlist {
@@ -22,6 +23,24 @@ std::size_t findIn(std::string_view text, std::string_view what, std::size_t fro
     return found == nullptr
                ? std::string_view::npos
                : static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
+}
+
+std::vector<std::string> wordsIn(std::string_view text) {
+    std::vector<std::string> words;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find(' '), text.size());
+        if (end > 0) {
+            words.emplace_back(text.substr(0, end));
+        }
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return words;
+}
+
+bool holdsAll(std::string_view title, const std::vector<std::string>& words) {
+    return std::ranges::all_of(words, [title](const std::string& word) {
+        return findIn(title, word, 0) != std::string_view::npos;
+    });
 }
 
 } // namespace
@@ -60,7 +79,7 @@ void TitleSearch::foldTitles() {
     ends_.clear();
     ends_.reserve(static_cast<std::size_t>(count));
     for (Row row = 1; row <= count; ++row) {
-        base::appendFolded(titles_, list_.text(row, RowText::Title));
+        append(titles_, list_.text(row, RowText::Title));
         ends_.push_back(titles_.size());
         titles_ += '\0';
     }
@@ -72,12 +91,27 @@ std::string_view TitleSearch::foldedTitle(Row row) const {
     return std::string_view(titles_).substr(begin, endOf(row) - begin);
 }
 
-void TitleSearch::find(std::string_view text, TitleMatch match) {
+void TitleSearch::append(std::string& titles, std::string_view bytes) const {
+    if (words_ == TitleWords::anyOrder) {
+        base::appendPlain(titles, bytes);
+    } else {
+        base::appendFolded(titles, bytes);
+    }
+}
+
+void TitleSearch::find(std::string_view text, TitleMatch match, TitleWords words) {
+    stale_ = stale_ || words != words_;
     const bool narrower = !stale_ && match == match_ && isContained(match) &&
                           text.find(text_) != std::string_view::npos;
     text_ = text;
-    foldedText_ = base::foldedText(text);
     match_ = match;
+    words_ = words;
+    foldedText_.clear();
+    append(foldedText_, text);
+    wordsOfText_.clear();
+    if (words == TitleWords::anyOrder && isContained(match)) {
+        wordsOfText_ = wordsIn(match == TitleMatch::contains ? foldedText_ : text_);
+    }
     if (narrower) {
         std::erase_if(hits_, [this](Row row) { return !matches(row); });
     } else {
@@ -97,7 +131,7 @@ void TitleSearch::scan() {
     hits_.clear();
     Row row = 1;
     std::size_t from = 0;
-    if (foldedText_.empty()) {
+    if (foldedText_.empty() || words_ == TitleWords::anyOrder) {
         for (; row <= static_cast<Row>(ends_.size()); ++row) {
             if (matches(row)) {
                 hits_.push_back(row);
@@ -123,6 +157,9 @@ void TitleSearch::scan() {
 bool TitleSearch::matches(Row row) const {
     const std::string_view folded = foldedTitle(row);
     const auto seen = [&] { return base::displayText(list_.text(row, RowText::Title)); };
+    if (words_ == TitleWords::anyOrder && isContained(match_)) {
+        return holdsAll(match_ == TitleMatch::contains ? folded : seen(), wordsOfText_);
+    }
     switch (match_) {
     case TitleMatch::contains:
         return findIn(folded, foldedText_, 0) != std::string_view::npos;

@@ -12,7 +12,7 @@ void stdSS::AddItem(std::string_view ItemData, std::string_view FileName, std::s
     if (rows_.size() >= static_cast<std::size_t>(std::numeric_limits<Row>::max())) {
         return;
     }
-    rows_.push_back({RowTexts(ItemData, FileName, Title, TimeText), Seconds, false});
+    rows_.push_back({.texts = RowTexts(ItemData, FileName, Title, TimeText), .seconds = Seconds});
     tell([this](ListObserver& observer) { observer.rowsInserted(ListCount(), 1); });
     addToTotal(Seconds);
 }
@@ -62,9 +62,17 @@ void stdSS::RefreshTime(Row row, std::int32_t Seconds, std::string_view TimeText
     addToTotal(difference);
 }
 
+void stdSS::setUnplayable(Row row, bool unplayable) {
+    if (has(row) && at(row).unplayable != unplayable) {
+        at(row).unplayable = unplayable;
+        looksChanged(row, row);
+    }
+}
+
 void stdSS::AddFileName2(Row row, std::string_view FileName) {
     if (has(row)) {
         at(row).texts.set(RowText::FileName, FileName);
+        at(row).unplayable = false;
         tell([row](ListObserver& observer) { observer.rowChanged(row); });
     }
 }
@@ -102,6 +110,10 @@ std::int32_t stdSS::seconds(Row row) const noexcept {
 
 bool stdSS::isMarked(Row row) const noexcept {
     return has(row) && at(row).marked;
+}
+
+bool stdSS::isUnplayable(Row row) const noexcept {
+    return has(row) && at(row).unplayable;
 }
 
 bool stdSS::isPlayed(Row row) const noexcept {

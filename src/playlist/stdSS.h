@@ -2,6 +2,7 @@
 // The player's list of rows: playlist, tracks of a disc, radio stations. Interface thread.
 #pragma once
 
+#include "base/Comfort.h"
 #include "playlist/ListEvents.h"
 #include "playlist/RowTexts.h"
 
@@ -77,6 +78,9 @@ public:
     /// the played mark see `movedMark` in stdSSMove.cpp.
     void MoveRow(Row row, Row before);
 
+    /// Rows may look otherwise than before, by no change of the list.
+    void looksChanged(Row first, Row last) const;
+
     void RefreshTitle(Row row, std::string_view Title);
 
     /// The same, but nobody is told: for titles that change faster than anyone can see. Whoever
@@ -85,6 +89,9 @@ public:
 
     /// Replaces the length; with the same seconds nothing changes, not even the text.
     void RefreshTime(Row row, std::int32_t Seconds, std::string_view TimeText);
+
+    /// Whether its file could be played when that was tried last.
+    void setUnplayable(Row row, bool unplayable);
 
     void AddFileName2(Row row, std::string_view FileName);
 
@@ -117,6 +124,9 @@ public:
     /// Ends a multiple selection; only the selected row stays marked.
     void NoMS();
 
+    /// What of its behaviour is kinder; outlives the list. Nothing is without it.
+    void obey(const base::Comfort& comfort) noexcept { comfort_ = &comfort; }
+
     /// Who hears the events: none or one. Not owned.
     void setEvents(ListEvents* events) noexcept { events_ = events; }
 
@@ -134,6 +144,7 @@ public:
 
     [[nodiscard]] std::int32_t seconds(Row row) const noexcept;
     [[nodiscard]] bool isMarked(Row row) const noexcept;
+    [[nodiscard]] bool isUnplayable(Row row) const noexcept;
 
     /// The row with the played look, 0 for none.
     [[nodiscard]] Row SoundingRow() const noexcept { return lookRow(); }
@@ -142,10 +153,13 @@ public:
     [[nodiscard]] bool isPlayed(Row row) const noexcept;
 
 private:
+    static constexpr base::Comfort kNoComfort{};
+
     struct Record {
         RowTexts texts;
         std::int32_t seconds = 0;
         bool marked = false;
+        bool unplayable = false;
     };
 
     [[nodiscard]] bool has(Row row) const noexcept { return row > 0 && row <= ListCount(); }
@@ -164,7 +178,7 @@ private:
 
     [[nodiscard]] Row lookRow() const noexcept { return soundingRow_.value_or(playedIndex_); }
 
-    void looksChanged(Row first, Row last) const;
+    [[nodiscard]] Row movedMark(Row mark, Row from, Row to) const;
     void showRow(Row row) const;
 
     template <typename Tell>
@@ -177,6 +191,7 @@ private:
     std::vector<Record> rows_;
     std::vector<ListObserver*> observers_;
     ListEvents* events_ = nullptr;
+    const base::Comfort* comfort_ = &kNoComfort;
     Row playedIndex_ = 0;            // started last from the list
     std::optional<Row> soundingRow_; // has the played look; without one the row above has
     Row selectionAnchor_ = 0;
@@ -184,8 +199,9 @@ private:
     std::int32_t totalSeconds_ = 0;
     bool multiActive_ = false;
 
-    // A deliberate oddity: never cleared. So only the first restart of the played row in a session
-    // reaches the player by a double click; later ones end in `PlayedAgain`, which nobody hears.
+    // A deliberate oddity: never cleared, unless `Comfort::restartsEachTime` says otherwise. So
+    // only the first restart of the played row in a session reaches the player by a double click;
+    // later ones end in `PlayedAgain`, which nobody hears.
     bool replayUsed_ = false;
 };
 

@@ -6,19 +6,20 @@
 
 namespace tovik::playlist {
 
-namespace {
-
 /// Which number the played mark has after a row went from one place to another. A deliberate
 /// oddity: the mark goes with the row itself, and with the one just above when that row went up,
-/// but stays at its number when its entry was one of the others that made room.
-Row movedMark(Row mark, Row from, Row to) {
+/// but stays at its number when its entry was one of the others that made room, unless
+/// `Comfort::keepsLookOnEntry` lets it go with every entry.
+Row stdSS::movedMark(Row mark, Row from, Row to) const {
     if (mark == from) {
         return to;
     }
+    if (comfort_->keepsLookOnEntry) {
+        const bool madeRoom = mark >= std::min(from, to) && mark <= std::max(from, to);
+        return madeRoom ? mark + (to < from ? 1 : -1) : mark;
+    }
     return to < from && mark == from - 1 ? from : mark;
 }
-
-} // namespace
 
 void stdSS::MoveRow(Row row, Row before) {
     if (!has(row) || before < 1 || before > ListCount() + 1 || before == row || before == row + 1) {

@@ -52,7 +52,7 @@ void stdSS::ContextClick() const {
 void stdSS::StartRow(Row row) {
     if (has(row) && row == playedIndex_ && !replayUsed_) {
         raisePlay(row);
-        replayUsed_ = true;
+        replayUsed_ = !comfort_->restartsEachTime;
     } else {
         Play(row);
     }

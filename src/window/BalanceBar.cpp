@@ -58,7 +58,9 @@ void BalanceBar::showStartText() {
 }
 
 void BalanceBar::showText() {
-    core_.screen.playing.balanceText = text(stepOf(core_.state.BalanceValue), percentStep_);
+    const std::size_t step = stepOf(core_.state.BalanceValue);
+    core_.screen.playing.balanceText =
+        text(step, core_.state.comfort.tellsBalanceOfStart ? step : percentStep_);
     core_.screen.showBalance();
 }
 

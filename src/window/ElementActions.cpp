@@ -106,7 +106,7 @@ std::string ElementActions::textOf(ui::ElementAddress element) const {
     case MainElement::balbar:
         return p_.core.screen.playing.balanceText;
     case MainElement::eq_sld:
-        return decibels(rangeOf(element)->value);
+        return decibels(p_.knobs.equalizer.decibelsOf(element.index));
     default:
         return p_.elements.get(element.as<MainElement>(), element.index).caption;
     }

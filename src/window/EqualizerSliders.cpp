@@ -68,9 +68,7 @@ void EqualizerSliders::tell(std::optional<std::size_t> slider) {
     std::string words;
     if (slider) {
         const std::string& name = elements_.get(MainElement::eq_sld, *slider).name;
-        // The top of a slider is its least value and the most that one hears.
-        const std::int32_t gain = player::kSliderMiddle - equalizer_.eq_sld(*slider);
-        words = (name.empty() ? "" : name + ":  ") + decibels(gain);
+        words = (name.empty() ? "" : name + ":  ") + decibels(equalizer_.decibelsOf(*slider));
     }
     if (elements_.get(MainElement::eq_val).caption != words) {
         elements_.touch(MainElement::eq_val).caption = words;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/ListRows.h"
 
+#include "base/TimeText.h"
+
 namespace tovik::window {
 
 namespace {
@@ -29,7 +31,14 @@ std::string ListRows::numberText(std::size_t row) const {
 }
 
 std::string ListRows::timeText(std::size_t row) const {
-    return std::string(list_.text(numberOf(row), playlist::RowText::TimeText));
+    const playlist::Row number = numberOf(row);
+    if (comfort_ != nullptr && comfort_->skipsUnplayable && list_.isUnplayable(number)) {
+        return kUnplayableMark;
+    }
+    const std::int32_t seconds = list_.seconds(number);
+    return comfort_ != nullptr && comfort_->showsOneFormOfTime && seconds > 0
+               ? base::shortTime(seconds)
+               : std::string(list_.text(number, playlist::RowText::TimeText));
 }
 
 std::optional<std::size_t> ListRows::current() const {

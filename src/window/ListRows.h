@@ -2,6 +2,7 @@
 // A list of the player as a widget sees it: playlist, tracks of a disc, stations. Interface thread.
 #pragma once
 
+#include "base/Comfort.h"
 #include "playlist/stdSS.h"
 #include "ui/ListColours.h"
 #include "ui/ListModel.h"
@@ -30,6 +31,9 @@ inline constexpr ui::ListColours kListColours{
     .PlayedBorderColor = ui::Colour{184, 98, 0},
 };
 
+/// Stands for the length of a row that cannot be played.
+inline constexpr const char* kUnplayableMark = "\u2717";
+
 class ListRows final : public ui::ListModel, public ui::ListInput {
 public:
     /// The list must outlive it.
@@ -38,6 +42,10 @@ public:
     explicit ListRows(playlist::stdSS& list, MenuPopper* menus = nullptr,
                       commands::CommandId info = commands::CommandId::editTag)
         : list_(list), menus_(menus), info_(info) {}
+
+    /// Which form times have, and whether a row that cannot be played is marked; outlives it.
+    /// Without it each row tells what it was given.
+    void obey(const base::Comfort& comfort) { comfort_ = &comfort; }
 
     /// Where a menu that a key asks for appears; without it at the pointer.
     void showsRowsAt(RowPlace place) { place_ = std::move(place); }
@@ -74,6 +82,7 @@ private:
     playlist::stdSS& list_;
     MenuPopper* menus_;
     commands::CommandId info_;
+    const base::Comfort* comfort_ = nullptr;
     RowPlace place_;
 };
 

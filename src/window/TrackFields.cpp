@@ -2,6 +2,7 @@
 #include "window/TrackFields.h"
 
 #include <array>
+#include <string>
 
 namespace tovik::window {
 
@@ -12,6 +13,14 @@ constexpr std::array<std::uint16_t, 4> kDigits = {1, 2, 4, 5};
 
 constexpr const char* kMono = "Mono";
 constexpr const char* kStereo = "Stereo";
+
+/// "01:02" of "1:02:03": there are four digits, and from an hour on they tell hours and minutes.
+std::string firstTwoNumbers(const std::string& time) {
+    constexpr std::size_t kTwoNumbers = 5;
+    std::string digits = time.substr(0, time.find(':', time.find(':') + 1));
+    digits.insert(0, digits.size() < kTwoNumbers ? kTwoNumbers - digits.size() : 0, '0');
+    return digits.substr(digits.size() - kTwoNumbers);
+}
 
 Strip brightIf(bool bright) {
     return bright ? Strip::Bright : Strip::Dim;
@@ -26,8 +35,9 @@ void TrackFields::showFormat(const player::NowPlaying& playing) {
 }
 
 void TrackFields::showTime(const player::NowPlaying& playing) {
+    const std::string digits = firstTwoNumbers(playing.time);
     for (const std::uint16_t digit : kDigits) {
-        showDigit(digit, playing.time.at(digit - 1U));
+        showDigit(digit, digits.at(digit - 1U));
     }
 }
 

@@ -3,8 +3,10 @@
 #include "app/PreferencesDialogRig.h"
 #include "player/ComfortSettings.h"
 
+#include <memory>
 #include <QLabel>
 #include <QScrollArea>
+#include <set>
 
 namespace tovik::test {
 namespace {
@@ -110,6 +112,129 @@ TEST_F(ComfortPage, saysThatTheCommandLineDecides) {
         EXPECT_TRUE(said.isVisible());
         EXPECT_TRUE(said.text().startsWith("The command line decides"));
     });
+}
+
+/// Sessions over one saved list.
+class ComfortSessions : public AppRig {
+protected:
+    ComfortSessions() {
+        std::string rows = "#EXTM3U\r\n";
+        for (const char* const name : {"one", "two", "three"}) {
+            rows += "#EXTINF:100," + std::string(name) + "\r\n" +
+                    track(std::string(name) + ".mp3", {.seconds = 100}) + "\r\n";
+        }
+        host_.folder.write(kList, rows);
+    }
+
+    void begin() {
+        start();
+        advance(200);
+    }
+
+    void end() {
+        player().kill_me();
+        endPlayer();
+        host_.endStatus.reset();
+        // The next process has not ended yet.
+        std::destroy_at(&host_.closing);
+        std::construct_at(&host_.closing, [this](int status) { host_.endStatus = status; });
+    }
+
+    void run(commands::CommandId command) { EXPECT_TRUE(player().commands().run(command)); }
+};
+
+TEST_F(ComfortSessions, aStartGoesOnWhereTheLastOneEnded) {
+    using commands::CommandId;
+    for (const bool kind : {false, true}) {
+        options_.comfort = kind;
+        begin();
+        player().music().playback.rows.playItem(1);
+        player().music().playback.time.SetPlayingPos(player().state().active(), 30, false);
+        end();
+        begin();
+        EXPECT_EQ(player().stdSS().SelectedIndex, kind ? 2 : 0);
+        EXPECT_FALSE(player().state().IsPlaying);
+        run(CommandId::play);
+        EXPECT_TRUE(player().stdSS().isPlayed(kind ? 2 : 1));
+        const auto& state = player().state();
+        EXPECT_EQ(sound_.channel(state.active()).position / (44100 * 4), kind ? 30 : 0);
+        EXPECT_EQ(host_.folder.read(kSettings).find("<RSM>") != std::string::npos, kind);
+        run(CommandId::stop);
+        end();
+    }
+}
+
+TEST_F(ComfortSessions, theShuffleGoesOnWithItsRound) {
+    options_.comfort = true;
+    set("SHF", "1");
+    begin();
+    player().music().playback.rows.playItem(1);
+    end();
+    std::set<playlist::Row> heard{2};
+    for (int session = 0; session < 2; ++session) {
+        begin();
+        player().music().playback.advance.Next_track();
+        heard.insert(player().stdSS().SoundingRow());
+        end();
+    }
+    EXPECT_EQ(heard.size(), 3U);
+    begin();
+    EXPECT_FALSE(player().music().playback.advance.hasNext());
+    player().music().playback.advance.last_track();
+    EXPECT_NE(player().stdSS().SoundingRow(), 0);
+}
+
+TEST_F(ComfortSessions, whatCannotBePlayedIsToldInOneLineForAWhile) {
+    for (const bool kind : {false, true}) {
+        options_.comfort = kind;
+        begin();
+        const std::string& notice = player().view().core.screen.playing.notice;
+        player().stdSS().AddItem("", "/none.mp3", "none", "00:00", 0);
+        player().music().playback.rows.playItem(3);
+        EXPECT_EQ(notice, kind ? "Cannot be played: 1" : "");
+        player().music().playback.rows.playItem(3);
+        EXPECT_EQ(notice, kind ? "Cannot be played: 2" : "");
+        advance(6000);
+        EXPECT_EQ(notice, "");
+        for (const auto& box : host_.dialogs.boxes) {
+            ADD_FAILURE() << box.title << ": " << box.text;
+        }
+        end();
+    }
+}
+
+TEST_F(ComfortSessions, aChangeActsOnWhatSounds) {
+    begin();
+    player().music().playback.rows.playItem(0);
+    player().ground().state.BalanceValue = 50;
+    player().ground().state.comfort = all();
+    sound_.calls.clear();
+    player().applyComfort();
+    const sound::Handle channel = player().state().active();
+    EXPECT_EQ(sound_.channel(channel).pan, 50);
+    for (const float gain : sound_.gains(channel)) {
+        EXPECT_EQ(gain, 0.0F);
+    }
+}
+
+TEST_F(ComfortSessions, theDigitsTellHoursAndMinutes) {
+    const std::string path = track("long.mp3", {.seconds = 8000});
+    for (const bool kind : {false, true}) {
+        options_.comfort = kind;
+        begin();
+        player().stdSS().AddItem("", path, "long", "00:00", 0);
+        player().music().playback.rows.playItem(player().stdSS().ListCount() - 1);
+        const player::CBASS_TIME time(sound_);
+        time.SetPlayingPos(player().state().active(), 3723, false);
+        advance(600);
+        std::string digits;
+        for (const std::size_t place : {1U, 2U, 4U, 5U}) {
+            digits += player().elements().get(window::MainElement::timed, place).caption;
+        }
+        EXPECT_EQ(digits.substr(0, 3), kind ? "010" : "020");
+        EXPECT_EQ(digits.back() == '2', kind) << digits;
+        end();
+    }
 }
 
 } // namespace

@@ -40,5 +40,16 @@ TEST(CaseFoldText, bytesThatAreNoUtf8AreWhatIsShownOfThem) {
     EXPECT_EQ(foldedText("\x8A\xC8ura"), "\u0161\u00E8ura");
 }
 
+TEST(PlainText, lettersLoseTheirMarks) {
+    for (const auto& [text, plain] :
+         {Pair{"Caf\u00E9 \u00C4\u00D6\u00DC", "cafe aou"}, Pair{"\u010Ce\u0161nja", "cesnja"},
+          Pair{"e\u0301\u0308x", "ex"}, Pair{"\xC9t\xE9", "ete"}, Pair{"Stra\u00DFe", "strasse"},
+          Pair{"\u041C\u0423\u0417", "\u043C\u0443\u0437"}, Pair{"PLAIN 1", "plain 1"}}) {
+        std::string got;
+        appendPlain(got, text);
+        EXPECT_EQ(got, plain);
+    }
+}
+
 } // namespace
 } // namespace tovik::base

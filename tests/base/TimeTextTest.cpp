@@ -63,5 +63,12 @@ TEST(TimeText, whatIsNoNumberIsATypeMismatch) {
     }
 }
 
+TEST(TimeText, aShortTimeHasHoursWhereThereAreAny) {
+    EXPECT_EQ(shortTime(0), "00:00");
+    EXPECT_EQ(shortTime(3599), "59:59");
+    EXPECT_EQ(shortTime(3600), "1:00:00");
+    EXPECT_EQ(shortTime(36'005), "10:00:05");
+}
+
 } // namespace
 } // namespace tovik::base

@@ -31,9 +31,9 @@ struct Item {
 };
 
 /// Drawn with the strips, with their longest number in place of "[x]".
-constexpr Item kStripTexts[] = {{"PlayerWin", 41, 60}, {"PlayerWin", 42, 60},
-                                {"PlayerWin", 43, 60}, {"PlayerWin", 44, 60},
-                                {"MainMenu", 27, 132}, {"TovikNotice", 0, 150}};
+constexpr Item kStripTexts[] = {
+    {"PlayerWin", 41, 60}, {"PlayerWin", 42, 60},   {"PlayerWin", 43, 60},   {"PlayerWin", 44, 60},
+    {"MainMenu", 27, 132}, {"TovikNotice", 0, 150}, {"TovikNotice", 12, 150}};
 
 std::string keyOf(int number) {
     return "item" + std::to_string(number);
@@ -140,6 +140,7 @@ TEST_P(LanguageFiles, placeholdersStandWhereTheyAreReplaced) {
                                                                       {{"TovikNotice", 6}, 1},
                                                                       {{"TovikNotice", 11}, 1},
                                                                       {{"TovikPreferences", 15}, 1},
+                                                                      {{"TovikNotice", 12}, 1},
                                                                       {{"TovikRip", 0}, 1},
                                                                       {{"TovikRip", 1}, 1},
                                                                       {{"TovikRip", 2}, 1},

@@ -344,5 +344,27 @@ TEST(MenuTexts, keepsTheLastCaptionOfEachEntry) {
     EXPECT_EQ(menus.caption("mnuExit"), "");
 }
 
+TEST_F(MultiLNGTest, withItsSwitchMissingWordsAreTheEnglishOnes) {
+    base::Comfort comfort;
+    language_.obey(comfort);
+    const test::TemporaryFolder shipped;
+    shipped.write("Languages/English.lng", "[Prompt]\r\nitem0=shipped\r\nitem1=shipped\r\n");
+    write("[Prompt]\r\nitem2=own\r\n");
+    MultiLNG language(paths_, shipped.path());
+    language.obey(comfort);
+    for (const char* const name : {"Test", "None"}) {
+        const bool has = std::string_view(name) == "Test";
+        language.Language_File(name);
+        comfort.keepsMissingWords = false;
+        EXPECT_EQ(language.get_Prompt_String(0), "");
+        comfort.keepsMissingWords = true;
+        EXPECT_EQ(language.get_Prompt_String(0), "shipped");
+        EXPECT_EQ(language.get_Prompt_String(2), has ? "own" : "");
+    }
+    folder_.write("Languages/English.lng", "[Prompt]\r\nitem0=the user's\r\n");
+    EXPECT_EQ(language.get_Prompt_String(0), "the user's");
+    EXPECT_EQ(language.get_Prompt_String(1), "shipped");
+}
+
 } // namespace
 } // namespace tovik::config

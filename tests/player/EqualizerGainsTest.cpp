@@ -69,7 +69,7 @@ TEST(EqualizerGains, whatIsNoGainIsAnError) {
 }
 
 TEST(EqualizerGains, aCurveIsTheGainsWithSlashes) {
-    EXPECT_EQ(curveText(std::array{0, 9, 13, 20}), "12/1.2/-3.6/-12");
+    EXPECT_EQ(curveText(std::array{0.0, 9.0, 13.0, 20.0}), "12/1.2/-3.6/-12");
     EXPECT_EQ(curveText({}), "");
 }
 

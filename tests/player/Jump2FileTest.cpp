@@ -293,5 +293,42 @@ TEST_F(Jump2File, whatWasChosenIsPlayedAlsoWhenItsRowMovedOrWent) {
     EXPECT_EQ(list_.SelectedIndex, 0);
 }
 
+TEST_F(Jump2File, withItsSwitchTheCaseMeansTheSameInBothModes) {
+    state_.comfort.keepsMeaningOfCase = true;
+    addTitles({"Song", "song", "a song"});
+    open();
+    dialog_.SearchString_Change("song");
+    dialog_.Check1_Click(Check::exactMatch, true);
+    EXPECT_THAT(hits(), ElementsAre("Song", "song"));
+    dialog_.Check1_Click(Check::matchCase, true);
+    EXPECT_THAT(hits(), ElementsAre("song"));
+}
+
+TEST_F(Jump2File, withItsSwitchWordsComeInAnyOrder) {
+    state_.comfort.findsWordsInAnyOrder = true;
+    addTitles({"Help - The Beatles", "Caf\u00E9"});
+    open();
+    dialog_.SearchString_Change("beatles help");
+    EXPECT_THAT(hits(), ElementsAre("Help - The Beatles"));
+    dialog_.SearchString_Change("cafe");
+    EXPECT_THAT(hits(), ElementsAre("Caf\u00E9"));
+}
+
+TEST_F(Jump2File, withItsSwitchTheChosenRowOfAFileIsPlayed) {
+    const std::string file = track("same", {.seconds = 65});
+    for (int row = 0; row < 3; ++row) {
+        list_.AddItem("", file, "same", "00:00", 0);
+    }
+    for (const bool kind : {false, true}) {
+        state_.comfort.keepsRowOfHit = kind;
+        open();
+        dialog_.SearchString_KeyDown(Move::down);
+        dialog_.SearchString_KeyDown(Move::down);
+        dialog_.SearchString_Enter();
+        EXPECT_EQ(list_.SelectedIndex, kind ? 3 : 1);
+        dialog_.Form_Unload();
+    }
+}
+
 } // namespace
 } // namespace tovik::test

@@ -171,5 +171,25 @@ TEST_F(Jump2Time, afterItOnlyTheOneThatPlays) {
               1);
 }
 
+TEST_F(Jump2Time, withItsSwitchHoursAreShownAndJumpGoesThere) {
+    state_.comfort.showsHours = true;
+    fetchRow(track("long", {.seconds = 8000}), "Long");
+    burn(list_.OutFileName);
+    EXPECT_TRUE(dialog_.Command1_Click("1:15:00"));
+    EXPECT_EQ(dialog_.lbldur(), "2:13:20");
+    EXPECT_EQ(dialog_.Text1(), "1:15:00");
+    EXPECT_TRUE(dialog_.Command1_Click(dialog_.Text1()));
+    EXPECT_EQ(second(state_.active()), 4500);
+}
+
+TEST_F(Jump2Track, withItsSwitchTheTrackThatSoundsIsNamed) {
+    state_.comfort.namesSoundingTrack = true;
+    mirror_.ListIndex(0);
+    rowPlayer_.List1_DblClick();
+    list_.GetData(2);
+    dialog_.Form_Load();
+    EXPECT_EQ(dialog_.Label1(Label::playing, "Now playing:"), "Now playing: T1");
+}
+
 } // namespace
 } // namespace tovik::test

@@ -143,5 +143,21 @@ TEST_F(MoveTest, aClickThatAsksAboutTheListIsToldToItsOwner) {
     EXPECT_EQ(asked.times, 1);
 }
 
+TEST_F(MoveTest, withItsSwitchThePlayedLookGoesWithEveryEntry) {
+    base::Comfort comfort{.keepsLookOnEntry = true};
+    list.obey(comfort);
+    for (Row sounding = 1; sounding <= 5; ++sounding) {
+        for (Row from = 1; from <= 5; ++from) {
+            for (Row before = 1; before <= 6; ++before) {
+                list.showSounding(sounding);
+                const std::string title(list.text(sounding, RowText::Title));
+                list.MoveRow(from, before);
+                EXPECT_EQ(list.text(list.SoundingRow(), RowText::Title), title)
+                    << sounding << " " << from << " " << before;
+            }
+        }
+    }
+}
+
 } // namespace
 } // namespace tovik::playlist

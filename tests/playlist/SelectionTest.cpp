@@ -267,5 +267,26 @@ TEST_F(SelectionTest, withoutAnOwnerNothingBreaks) {
     EXPECT_EQ(list.ListCount(), 0);
 }
 
+TEST_F(SelectionTest, withItsSwitchEachDoubleClickStartsTheRow) {
+    base::Comfort comfort;
+    list.obey(comfort);
+    list.StartRow(2);
+    list.StartRow(2);
+    static_cast<void>(events.taken());
+    list.StartRow(2);
+    EXPECT_THAT(events.taken(), ElementsAre("PlayedAgain"));
+    stdSS kind;
+    NotedEvents heard{kind};
+    fill(kind, {"a", "b"});
+    static_cast<void>(heard.taken());
+    comfort.restartsEachTime = true;
+    kind.obey(comfort);
+    for (int click = 0; click < 4; ++click) {
+        kind.StartRow(2);
+        EXPECT_THAT(heard.taken(), testing::SizeIs(1));
+        EXPECT_THAT(heard.taken(), IsEmpty());
+    }
+}
+
 } // namespace
 } // namespace tovik::playlist

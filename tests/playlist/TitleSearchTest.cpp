@@ -119,5 +119,26 @@ TEST_F(TitleSearchTest, keyByKeyItFindsWhatAWalkFinds) {
     EXPECT_EQ(searches, 400);
 }
 
+TEST_F(TitleSearchTest, wordsInAnyOrderWithoutAccents) {
+    fill(list_, {"Help - The Beatles", "Caf\u00E9 Beat", "Beat", "HELP"});
+    const auto any = [this](std::string_view text, TitleMatch match = TitleMatch::contains) {
+        search_.find(text, match, TitleWords::anyOrder);
+        return search_.hits();
+    };
+    EXPECT_THAT(found("beatles help"), IsEmpty());
+    EXPECT_THAT(found("cafe"), IsEmpty());
+    EXPECT_THAT(any("beat"), ElementsAre(1, 2, 3));
+    EXPECT_THAT(any("beatles help"), ElementsAre(1));
+    EXPECT_THAT(any(" beat  cafe "), ElementsAre(2));
+    EXPECT_THAT(any("BEAT CAF\u00C9"), ElementsAre(2));
+    EXPECT_THAT(any(""), ElementsAre(1, 2, 3, 4));
+    EXPECT_THAT(any("Beat Help", TitleMatch::containsExactCase), ElementsAre(1));
+    EXPECT_THAT(any("beat Help", TitleMatch::containsExactCase), IsEmpty());
+    EXPECT_THAT(any("cafe beat", TitleMatch::equals), ElementsAre(2));
+    EXPECT_THAT(any("beat cafe", TitleMatch::equals), IsEmpty());
+    EXPECT_THAT(any("Help", TitleMatch::equalsExactCase), IsEmpty());
+    EXPECT_THAT(found("cafe"), IsEmpty()) << "back to letters as they were typed";
+}
+
 } // namespace
 } // namespace tovik::playlist

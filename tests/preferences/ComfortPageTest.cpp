@@ -69,7 +69,7 @@ TEST_F(ComfortPage, eachSwitchActsAtOnceAndIsKeptUnderItsKey) {
         tick(number, false);
         ASSERT_TRUE(preferences_.save_settings());
         EXPECT_EQ(state_.comfort, base::Comfort());
-        EXPECT_EQ(host_.folder.read(kSettings).find(key), std::string::npos);
+        EXPECT_EQ(host_.folder.read(kSettings).find("<" + key + ">"), std::string::npos);
     }
 }
 

@@ -144,5 +144,15 @@ TEST_F(Balance, aClickThatFailsIsLoggedAndTold) {
     EXPECT_EQ(state_.BalanceValue, -25);
 }
 
+TEST_F(Balance, withItsSwitchTheStartTellsTheStep) {
+    elements_.touch(MainElement::Label4, 1).caption = "Right [x]%";
+    state_.BalanceValue = 25;
+    for (const bool kind : {false, true}) {
+        state_.comfort.tellsBalanceOfStart = kind;
+        balanceBar_.showStartText();
+        EXPECT_EQ(screen_.playing.balanceText, kind ? "Right 25%" : "Right 100%");
+    }
+}
+
 } // namespace
 } // namespace tovik::test

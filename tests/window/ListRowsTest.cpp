@@ -195,5 +195,29 @@ TEST_F(ListRowsTest, deleteRemovesTheSelectedRowOrAllThatAreMarked) {
     EXPECT_EQ(rows_.text(1), "Five");
 }
 
+TEST_F(ListRowsTest, withItsSwitchTimesHaveOneForm) {
+    base::Comfort comfort;
+    rows_.obey(comfort);
+    list_.RefreshTime(2, 66, "00:01:06");
+    list_.RefreshTime(3, 3725, "01:02:05");
+    list_.AddItem("", "x.mp3", "Six", "?", 0);
+    EXPECT_EQ(rows_.timeText(1), "00:01:06");
+    comfort.showsOneFormOfTime = true;
+    EXPECT_EQ(rows_.timeText(0), "01:05");
+    EXPECT_EQ(rows_.timeText(1), "01:06");
+    EXPECT_EQ(rows_.timeText(2), "1:02:05");
+    EXPECT_EQ(rows_.timeText(5), "?") << "a length that nobody knows";
+}
+
+TEST_F(ListRowsTest, withItsSwitchARowThatCannotBePlayedIsMarked) {
+    base::Comfort comfort;
+    rows_.obey(comfort);
+    list_.setUnplayable(2, true);
+    EXPECT_EQ(rows_.timeText(1), "01:05");
+    comfort.skipsUnplayable = true;
+    EXPECT_EQ(rows_.timeText(1), window::kUnplayableMark);
+    EXPECT_EQ(rows_.timeText(0), "01:05");
+}
+
 } // namespace
 } // namespace tovik::test
