@@ -49,6 +49,7 @@ AppRig::AppRig() {
     fs::create_directories(host_.folder / "db");
     fs::copy_file(std::string(TOVIK_DATA_DIR) + "/db/settings.xml", host_.folder / kSettings);
     fs::permissions(host_.folder / kSettings, fs::perms::owner_write, fs::perm_options::add);
+    takeOut("CMF"); // tests of comfort put it back, all others speak of the player without
     fs::create_symlink(std::string(TOVIK_DATA_DIR) + "/Languages", host_.folder / "Languages");
     host_.folder.write(kList, "#EXTM3U\r\n");
     fs::create_directories(host_.folder / "skins");

@@ -89,6 +89,7 @@ RenderRig::RenderRig() {
     fs::create_symlink(std::string(TOVIK_DATA_DIR) + "/Languages", folder_ / "data/Languages");
     writeTestSkin(folder_ / "data");
     set("CVL", "100");
+    set("CMF", "0"); // the player without comfort
 }
 
 RenderRig::~RenderRig() {

@@ -36,7 +36,7 @@ const std::map<std::string, std::string> kDefaults{
     {"EM", "0"},           {"MC", "0"},
     {"SHWND", "0"},        {"DOB", "1411,128,128,128,128,128"},
     {"TKXV", "0,1"},       {"TKV2", "1"},
-    {"TKD", "21.11.2026"},
+    {"TKD", "21.11.2026"}, {"CMF", "1"},
 };
 
 class ShippedSettingsTest : public test::SettingsFixture {

@@ -26,6 +26,8 @@ def media(name):
 class ProgramTest(unittest.TestCase):
     """Each test has a folder of its own, which is also home, data and runtime folder."""
 
+    COMFORT = "off"  # "on", or None for what the settings say
+
     def setUp(self):
         self.stack = contextlib.ExitStack()
         self.addCleanup(self.stack.close)
@@ -60,12 +62,17 @@ class ProgramTest(unittest.TestCase):
         with open(path, "wb") as file:
             file.write(text)
 
+    def words_of(self, words):
+        """The words of a start: a test that says nothing of comfort is one of the player without."""
+        spoken = self.COMFORT is None or any(word.startswith("--comfort") for word in words)
+        return [PROGRAM, *([] if spoken else ["--comfort=" + self.COMFORT]), *words]
+
     def run_program(self, *words, **options):
-        return subprocess.run([PROGRAM, *words], env=self.environment, capture_output=True,
+        return subprocess.run(self.words_of(words), env=self.environment, capture_output=True,
                               timeout=LIMIT, cwd=self.folder, **options)
 
     def start_program(self, *words, **options):
-        process = subprocess.Popen([PROGRAM, *words], env=self.environment, cwd=self.folder,
+        process = subprocess.Popen(self.words_of(words), env=self.environment, cwd=self.folder,
                                    stdout=subprocess.PIPE, stderr=subprocess.PIPE, **options)
         self.stack.callback(process.communicate)
         self.stack.callback(process.kill)

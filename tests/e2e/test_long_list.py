@@ -8,7 +8,7 @@ import subprocess
 import unittest
 import wave
 
-from program import PROGRAM, ProgramTest
+from program import ProgramTest
 
 HEADER = 58           # bytes before the first sample
 SECOND = 44100 * 2 * 4
@@ -43,7 +43,7 @@ class LongList(ProgramTest):
     def render(self, *words):
         """(digest, seconds, longest run of silent seconds, peak memory in kB)."""
         out = self.path("out.wav")
-        process = subprocess.Popen([PROGRAM, "--render", out, *words], env=self.environment,
+        process = subprocess.Popen(self.words_of(["--render", out, *words]), env=self.environment,
                                    cwd=self.folder)
         self.stack.callback(process.kill)
         _, status, usage = os.wait4(process.pid, 0)

@@ -7,7 +7,7 @@ import unittest
 from program import LIMIT, ProgramTest, media
 
 TAB_X, TAB_Y = 242 + 15, 9 + 8  # of the preferences, in the window
-PLAYBACK, RIPPER, SHORTCUTS = 2, 3, 6  # pages, counted from the first
+PLAYBACK, RIPPER, SHORTCUTS, COMFORT = 2, 3, 6, 7  # pages, counted from the first
 
 
 class Preferences(ProgramTest):
@@ -78,6 +78,21 @@ class Preferences(ProgramTest):
         self.assertEqual((self.saved(b"ASOT"), self.saved(b"CFDT")), (b"0", b"4"))
         self.end()
         self.assertEqual((self.saved(b"SHF"), self.saved(b"RPT")), (b"1", b"1"))
+
+    def test_comfort_is_kept_and_a_switch_goes_with_it(self):
+        self.end()
+        self.COMFORT = None
+        self.assertEqual(self.saved(b"CMF"), b"1")  # of a new data folder
+        for expected in (b"0", b"1"):
+            self.begin()
+            self.key("ctrl+p")
+            self.opened()
+            self.page(COMFORT)
+            self.key("alt+b", "alt+w", "space", "Return")  # the first switch alone is otherwise
+            self.closed()
+            self.assertEqual(self.saved(b"CMF"), expected)
+            self.assertEqual(self.saved(b"CMF01"), b"1" if expected == b"0" else b"0")
+            self.end()
 
     def test_a_language_shows_at_once_and_escape_takes_nothing_back(self):
         self.open_by_mouse()

@@ -56,6 +56,7 @@ protected:
                                    std::filesystem::copy_options::overwrite_existing);
         std::filesystem::permissions(host_.folder / kSettings, std::filesystem::perms::owner_write,
                                      std::filesystem::perm_options::add);
+        drop("CMF"); // tests of comfort put it back
         std::filesystem::create_directory_symlink(TOVIK_DATA_DIR "/Languages",
                                                   host_.folder / "Languages");
         screen_.add(modes_);
