@@ -38,11 +38,13 @@ Ground::Ground(const host::Host& host, Process& process, const StartOptions& opt
     language.attach(config::TextWindow::frmTSR, menuTexts);
 }
 
-void Ground::save(player::SettingKey key, const std::string& text) {
+bool Ground::save(player::SettingKey key, const std::string& text) {
     try {
         player::storeText(settings, key, text);
+        return true;
     } catch (const base::RuntimeError& error) {
         unkept.note(error);
+        return false;
     }
 }
 
@@ -66,9 +68,11 @@ void Ground::takeFirstRun() {
     if (base::readWholeFile(file, bytes)) {
         return;
     }
-    save("CLNG", config::profileValue(bytes, "Firstrun", "LNG"));
-    static_cast<void>(std::remove(file.c_str()));
-    state.FirstRun = true;
+    // What cannot be stored is taken over by the next start.
+    if (save("CLNG", config::profileValue(bytes, "Firstrun", "LNG"))) {
+        static_cast<void>(std::remove(file.c_str()));
+        state.FirstRun = true;
+    }
 }
 
 void Ground::refuseOldSystem() {
@@ -96,14 +100,17 @@ void Ground::readMessenger() {
 
 void Ground::makeKnown() {
     if (process_.isFirst()) {
-        save("SHWND", std::to_string(window_.handle()));
+        static_cast<void>(save("SHWND", std::to_string(window_.handle())));
     }
 }
 
-void Ground::startHelper(const std::string& name, const std::string& argument) {
-    if (!host_.programs.start(name, {argument})) {
-        throw base::withPlace(base::RuntimeError(base::ErrorNumber::FileNotFound), name);
-    }
+void Ground::startHelper(const std::string& name, const std::string& argument) const {
+    // The start goes on without it, and asks nobody: few installations have these programs.
+    config::guard(errors, config::player("Load"), [&] {
+        if (!host_.programs.start(name, {argument})) {
+            throw base::withPlace(base::RuntimeError(base::ErrorNumber::FileNotFound), name);
+        }
+    });
 }
 
 void Ground::associateFileTypes() {

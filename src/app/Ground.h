@@ -39,6 +39,8 @@ public:
 
     /// Before all others: even those that meet another instance look at the record.
     void readComfort();
+
+    /// The language that an installation chose becomes the stored one; done once it is stored.
     void takeFirstRun();
     void refuseOldSystem();
     void lookForOtherInstance();
@@ -46,17 +48,17 @@ public:
     void readMessenger();
     void makeKnown();
 
-    /// Raises 53 when the helper is not there, as does the next one.
+    /// A helper that is not there is logged, here and by the next one.
     void associateFileTypes();
     void checkForUpdates();
     void showCaptions();
     void tellUnkept();
 
 private:
-    /// Saves a setting that the start can do without.
-    void save(player::SettingKey key, const std::string& text);
+    /// Saves a setting that the start can do without. Whether it is stored.
+    [[nodiscard]] bool save(player::SettingKey key, const std::string& text);
 
-    void startHelper(const std::string& name, const std::string& argument);
+    void startHelper(const std::string& name, const std::string& argument) const;
 
     host::Host host_;
     Process& process_;

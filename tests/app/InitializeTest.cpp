@@ -2,6 +2,7 @@
 // What happens before there is a window.
 #include "app/AppRig.h"
 #include "support/host/SettingPlace.h"
+#include "support/host/Unprivileged.h"
 
 namespace tovik::test {
 namespace {
@@ -83,6 +84,21 @@ TEST_F(Initialize, withoutSettingsTheInstallationIsConsumedAllTheSame) {
     EXPECT_FALSE(std::filesystem::exists(host_.folder / kSettings));
     EXPECT_THAT(logged(), ElementsAre("Invalid use of Null" + settingPlace(host_.folder, "MI") +
                                       ",94,Player,Initialize"));
+}
+
+TEST_F(Initialize, aLanguageThatMayNotBeStoredIsTakenOverByTheNextStart) {
+    install("[Firstrun]\nLNG=Deutsch\n");
+    namespace fs = std::filesystem;
+    fs::permissions(host_.folder.path(), fs::perms(0777));
+    fs::permissions(host_.folder / "firstrun.ini", fs::perms(0666));
+    fs::permissions(host_.folder / kSettings, fs::perms(0444));
+    fs::permissions(host_.folder / "db", fs::perms(0555));
+    {
+        const Unprivileged user;
+        player().Form_Initialize();
+    }
+    EXPECT_TRUE(installed());
+    EXPECT_FALSE(player().state().FirstRun);
 }
 
 TEST_F(Initialize, aSettingThatIsNoNumber) {

@@ -203,12 +203,14 @@ TEST_F(Load, theProgramThatLooksForUpdates) {
     EXPECT_EQ(window_.caption, "Tovik 3.9");
 }
 
-TEST_F(Load, aHelperThatIsNotThereEndsTheLoad) {
+TEST_F(Load, helpersThatAreNotThereAreLoggedAndTheStartGoesOn) {
+    set("AFS", "1");
     set("CHKU", "1");
     start();
-    EXPECT_THAT(logged(), ElementsAre("File not found: update.exe,53,Player,Load"));
-    ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
-    EXPECT_EQ(host_.dialogs.boxes[0].text, "File not found: update.exe");
+    EXPECT_THAT(logged(), ElementsAre("File not found: Tkstart.exe,53,Player,Load",
+                                      "File not found: update.exe,53,Player,Load"));
+    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+    EXPECT_EQ(window_.caption, "Tovik 0.1") << "the steps behind them were taken";
 }
 
 TEST_F(Load, otherNumbersStartNoProgram) {
