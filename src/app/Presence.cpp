@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Presence.h"
 
+#include "config/SettingText.h"
 #include "player/LiveSetting.h"
 
 namespace tovik::app {
@@ -44,6 +45,11 @@ Presence::~Presence() {
     }
     p_.main.titleElsewhere = nullptr;
     p_.core.news.remove(*this);
+}
+
+void Presence::showTitlePopup(const std::string& text) {
+    title.show_title(text,
+                     player::readLiveOr(p_.core.settings, "OSK", config::settingToFlag, false));
 }
 
 void Presence::bind(commands::Commands& commands) {

@@ -83,7 +83,7 @@ public:
     window::frmTitle title;
 
 private:
-    void showTitlePopup(const std::string& text) override { title.show_title(text); }
+    void showTitlePopup(const std::string& text) override;
 
     void reportNothing(const std::string& /*format*/, const std::string& /*word*/) override {
         sysTray.tellTitle({});

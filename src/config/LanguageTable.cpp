@@ -286,6 +286,7 @@ constexpr auto kRows = std::to_array<Row>({
     inWindow(S::TovikPreferences, 12, W::frmRipDir, "Text1", K::Name),
     inWindow(S::TovikPreferences, 13, W::frmRipDir, "Dir1", K::Name),
     put(S::TovikPreferences, 14, "ShortcutText", K::Kept, 5, 2),
+    put(S::TovikPreferences, 16, "Check18"),
 
     put(S::TovikAbout, 0, "LibrariesCaption"),
     put(S::TovikAbout, 1, "Licence"),

@@ -118,6 +118,7 @@ inline constexpr std::array kSettingTable{
                KeyOf::player},
     SettingRow{"CDSEARCH", SettingKind::flag, NoMember{}, ReadAt::live, SavedAt::demand,
                KeyOf::player},
+    SettingRow{"OSK", SettingKind::flag, NoMember{}, ReadAt::live, SavedAt::demand, KeyOf::player},
 };
 
 /// The place of a key in the table, found while compiling: a key without a row does not compile.

@@ -26,6 +26,7 @@ constexpr auto kSingle = std::to_array<ControlRow>({
     {C::Check15, "Check15", K::check, P::general, "Frame9", E::nextUse},
     {C::Combo3, "Combo3", K::choice, P::general, "Frame11", E::language},
     {C::Check16, "Check16", K::check, P::general, "Frame12", E::nextUse},
+    {C::Check18, "Check18", K::check, P::general, "Frame12", E::nextUse},
     {C::List1, "List1", K::ticks, P::fileTypes, "", E::nextUse},
     {C::Check6, "Check6", K::check, P::fileTypes, "", E::nextStart},
     {C::Check7, "Check7", K::check, P::playback, "PlaybackFrm", E::crossfade},

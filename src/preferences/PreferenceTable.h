@@ -41,6 +41,7 @@ enum class Control : std::uint8_t {
     Check15,   ///< the volume of the whole output
     Combo3,    ///< the language
     Check16,   ///< the popup with the title
+    Check18,   ///< as a notification of the desktop
     List1,     ///< the file types
     Check6,    ///< associate them at the start
     Check7,    ///< crossfade
@@ -61,7 +62,7 @@ enum class Control : std::uint8_t {
     Comfort_0, ///< the master of comfort; its switches follow by their numbers
 };
 
-inline constexpr std::size_t kControls = 29 + base::kComfortSwitches.size();
+inline constexpr std::size_t kControls = 30 + base::kComfortSwitches.size();
 
 /// The control of a switch of comfort by its number, that of the master by 0.
 constexpr Control comfortControl(std::size_t number) {

@@ -26,6 +26,7 @@ constexpr auto kTable = std::to_array<StoredRow>({
     {"CLNG", Form::language, C::Combo3},
     {"CHKU", Form::flag, C::Check13},
     {"OSD", Form::flag, C::Check16},
+    {"OSK", Form::flag, C::Check18},
     {"STI", Form::number, C::Slider3},
     {"VPS", Form::number, C::Slider4},
     {"MI", Form::flag, C::Check1},

@@ -71,7 +71,8 @@ TitleWindow::~TitleWindow() = default;
 
 void TitleWindow::show(const window::TitleBar& bar) {
     const QString words = ui::displayString(bar.text);
-    if (QGuiApplication::platformName().startsWith(u"wayland")) {
+    if (bar.asNotification || QGuiApplication::platformName().startsWith(u"wayland")) {
+        hide();
         notice_.show(words);
         return;
     }

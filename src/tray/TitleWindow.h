@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The title popup on the screen: a bar that neither takes the keyboard nor the mouse. Where a
-// compositor would place it at its own will, a notification of the desktop takes its place.
-// Interface thread.
+// The title popup on the screen: a bar that neither takes the keyboard nor the mouse. Where that
+// is wanted, or a compositor would place it at its own will, a notification of the desktop takes
+// its place. Interface thread.
 #pragma once
 
 #include "tray/TitleNotice.h"

@@ -71,9 +71,10 @@ public:
     [[nodiscard]] virtual std::optional<ScreenPlace> takePlace() { return std::nullopt; }
 };
 
-/// Words across the top of the screen that the player is on.
+/// Words across the top of the screen that the player is on, or in a notification of the desktop.
 struct TitleBar {
     std::string text; ///< bytes: valid UTF-8, or else Windows-1252
+    bool asNotification = false;
     int heightTwips = 560;
     int opacityPercent = 30;
 };

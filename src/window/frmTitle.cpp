@@ -20,12 +20,12 @@ void frmTitle::Load() {
     });
 }
 
-bool frmTitle::show_title(const std::string& text) {
+bool frmTitle::show_title(const std::string& text, bool asNotification) {
     return config::guard(errors_, config::procedureOf("OSD", "ShowTitle"), [&] {
         if (!shown()) {
             Load();
         }
-        popup_.show({.text = text});
+        popup_.show({.text = text, .asNotification = asNotification});
         Timer1_->setEnabled(false);
         Timer1_->setEnabled(true);
     });

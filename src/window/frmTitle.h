@@ -24,7 +24,7 @@ public:
 
     /// Shows a text; one that is shown already has its whole time before it again. Whether it was
     /// shown.
-    bool show_title(const std::string& text);
+    bool show_title(const std::string& text, bool asNotification = false);
 
     /// Escape ends it. Returns whether the key did.
     bool KeyDown(int keyCode);

@@ -341,6 +341,23 @@ TEST_F(PresenceOfThePlayer, aTrackThatStartsIsToldAcrossTheScreen) {
     EXPECT_EQ(popup_.hidden, 1);
 }
 
+TEST_F(PresenceOfThePlayer, aTrackThatStartsIsToldAsANotificationWhereThatIsWanted) {
+    set("OSD", "1");
+    play();
+    EXPECT_FALSE(popup_.last.asNotification);
+    put("OSK", "1");
+    run(CommandId::play);
+    EXPECT_TRUE(popup_.last.asNotification);
+    put("OSK", "0");
+    run(CommandId::play);
+    EXPECT_FALSE(popup_.last.asNotification);
+    set("OSD", "0");
+    put("OSK", "1");
+    const std::size_t told = popup_.texts.size();
+    run(CommandId::play);
+    EXPECT_EQ(popup_.texts.size(), told);
+}
+
 TEST_F(PresenceOfThePlayer, nothingIsToldWhereItIsNotWanted) {
     set("OSD", "0");
     play();

@@ -39,6 +39,7 @@ constexpr auto kExpected = std::to_array<Expected>({
     {"Check15", "EV2", Effect::nextUse, Page::general, 1, "1"},
     {"Combo3", "CLNG", Effect::language, Page::general, kNoNumber, ""},
     {"Check16", "OSD", Effect::nextUse, Page::general, 1, "1"},
+    {"Check18", "OSK", Effect::nextUse, Page::general, 1, "1"},
     {"List1", "SFA", Effect::nextUse, Page::fileTypes, kNoNumber, ""},
     {"Check6", "AFS", Effect::nextStart, Page::fileTypes, 1, "1"},
     {"Check6", "ASO", Effect::nextStart, Page::fileTypes, 1, "1"},

@@ -42,6 +42,7 @@ TEST_F(frmPreferences, showsTheShippedSettings) {
 TEST_F(frmPreferences, okWithoutAChangeLeavesTheFileAsItWas) {
     state_.LoadFinished = false; // the window has no place yet
     store("CDSEARCH", "0");
+    store("OSK", "0");
     const std::string before = host_.folder.read(kSettings);
     again();
     EXPECT_TRUE(preferences_.Command1_Click());

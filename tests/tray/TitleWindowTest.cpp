@@ -47,6 +47,15 @@ TEST_F(TitleWindowTest, otherWordsComeOnTheSameBar) {
     popup_.hide();
 }
 
+TEST_F(TitleWindowTest, aNotificationTakesThePlaceOfTheBar) {
+    popup_.show({.text = "one"});
+    ASSERT_NE(bar(), nullptr);
+    popup_.show({.text = "two", .asNotification = true});
+    EXPECT_EQ(bar(), nullptr);
+    popup_.show({.text = "three"});
+    EXPECT_NE(bar(), nullptr);
+}
+
 TEST_F(TitleWindowTest, aKeyMayEndIt) {
     std::vector<int> keys;
     popup_.setKey([&](int code) {
