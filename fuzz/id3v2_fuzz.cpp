@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Takes the input for what stands in front of the sound of an MP3 file: its tag is read, changed,
-// written and read again. What was set comes back, and the sound stays as it was.
+// written and read again. What was set comes back, and the sound stays as it was. The picture of
+// the tag is one, or there is none.
 #include "base/Text.h"
 #include "SilentDialogs.h"
 #include "tags/cMP3ID3v2.h"
 #include "tags/LostFrames.h"
 #include "tags/SoundStart.h"
+#include "tags/TagPicture.h"
 
 #include <cstdint>
 #include <string>
@@ -63,6 +65,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     demand(!base::replaceFile(path, bytes, base::Flush::No));
     const base::RegularFile file(path, base::RegularFile::Access::Read);
     static_cast<void>(tags::isMpegAudio(file));
+    if (const auto picture = tags::pictureOfTag(bytes)) {
+        demand(tags::pictureForm(picture->bytes) == picture->form);
+        demand(picture->bytes.size() < bytes.size());
+    }
     const std::string kept = sound();
     // With frames of its own the input may begin its sound earlier: then that is kept, too.
     checkUpdate(path, bytes, kept);

@@ -51,6 +51,7 @@ Environment Environment::current() {
     return {.home = home.empty() ? homeInDatabase() : std::move(home),
             .dataHome = variable("XDG_DATA_HOME"),
             .configHome = variable("XDG_CONFIG_HOME"),
+            .cacheHome = variable("XDG_CACHE_HOME"),
             .runtimeFolder = runtime.empty()
                                  ? std::filesystem::temp_directory_path(failure).native()
                                  : std::move(runtime),

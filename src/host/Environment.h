@@ -10,6 +10,7 @@ struct Environment {
     std::string home;              ///< HOME, else what the password database tells
     std::string dataHome;          ///< XDG_DATA_HOME
     std::string configHome{};      ///< XDG_CONFIG_HOME
+    std::string cacheHome{};       ///< XDG_CACHE_HOME
     std::string runtimeFolder{};   ///< XDG_RUNTIME_DIR, else the folder for temporary files
     std::string locale;            ///< the first set of LC_ALL, LC_MESSAGES, LANG
     std::string activationToken{}; ///< XDG_ACTIVATION_TOKEN

@@ -15,6 +15,7 @@ namespace {
 TEST(Environment, isThatOfThisProcess) {
     ::setenv("XDG_DATA_HOME", "/data home", 1);
     ::setenv("XDG_CONFIG_HOME", "/config home", 1);
+    ::setenv("XDG_CACHE_HOME", "/cache home", 1);
     ::setenv("XDG_RUNTIME_DIR", "/run/me", 1);
     ::setenv("LANG", "sl_SI.UTF-8", 1);
     ::setenv("LC_MESSAGES", "de_DE", 1);
@@ -23,6 +24,7 @@ TEST(Environment, isThatOfThisProcess) {
     const Environment environment = Environment::current();
     EXPECT_EQ(environment.dataHome, "/data home");
     EXPECT_EQ(environment.configHome, "/config home");
+    EXPECT_EQ(environment.cacheHome, "/cache home");
     EXPECT_EQ(environment.runtimeFolder, "/run/me");
     EXPECT_EQ(environment.locale, "de_DE");
     EXPECT_EQ(environment.home, ::getpwuid(::getuid())->pw_dir);
