@@ -8,6 +8,7 @@
 #include "app/OutputChoice.h"
 #include "base/ErrorStream.h"
 #include "desktop/bus/Mpris.h"
+#include "desktop/CoverFiles.h"
 #include "dialogs/DialogOpener.h"
 #include "host/qt/RealHost.h"
 #include "host/virtual/UnattendedDialogs.h"
@@ -166,7 +167,7 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
     desktop::Mpris mpris(player.desktop().remote,
                          {.Raise = [&player] { player.presence().bringToFront({}); },
                           .Quit = [&player] { player.commands().run(commands::CommandId::exit); }},
-                         host.dispatcher);
+                         host.dispatcher, desktop::coverFolder(environment));
     if (!line.screenshotFile) {
         mpris.begin();
     }

@@ -9,7 +9,6 @@ namespace tovik::desktop {
 
 namespace {
 
-constexpr const char* kUnknown = "N/A";
 constexpr const char* kTitleAlone = "{0}";
 constexpr std::size_t kTitleCharacters = 256;
 
@@ -26,7 +25,7 @@ void Messenger::UpdateMessengerStatus() {
     }
     const std::string& artist = core_.screen.playing.fields.at(0);
     const std::string& title = core_.screen.playing.fields.at(1);
-    if (artist != kUnknown && title != kUnknown) {
+    if (artist != player::kUnknown && title != player::kUnknown) {
         SendMessengerStatus({.enabled = true,
                              .value1 = std::string(base::trimmed(artist)),
                              .value2 = std::string(base::trimmed(title))});

@@ -2,12 +2,12 @@
 #include "desktop/Remote.h"
 
 #include "base/Numbers.h"
+#include "base/Text.h"
 #include "base/Url.h"
 #include "base/Windows1252.h"
 #include "player/FadeTime.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <utility>
 
@@ -15,22 +15,21 @@ namespace tovik::desktop {
 
 using commands::CommandId;
 using playlist::Row;
-using playlist::RowText;
 
 namespace {
 
 constexpr double kMicroseconds = 1'000'000;
 constexpr double kWholeVolume = 100;
-constexpr const char* kUnknown = "N/A";
 constexpr std::size_t kYear = 3;
 constexpr std::size_t kGenre = 4;
+constexpr std::size_t kYearDigits = 4;
 
-std::string pathOf(RowIds::Id id) {
-    return kTrackPath + std::to_string(id);
-}
-
-std::string urlOf(const std::string& path) {
-    return base::isUrl(path) ? path : base::fileUrl(path);
+/// Only a year may stand where a date is asked for.
+std::string yearIn(const std::string& text) {
+    const std::string year(base::trimmed(text));
+    const bool fits = year.size() == kYearDigits &&
+                      std::ranges::all_of(year, [](char c) { return c >= '0' && c <= '9'; });
+    return fits ? year : std::string();
 }
 
 std::int64_t microseconds(double seconds) {
@@ -49,6 +48,13 @@ Remote::~Remote() {
     p_.core.screen.remove(*this);
 }
 
+std::string Remote::urlOf(const std::string& path) {
+    if (base::isUrl(path)) {
+        return base::displayText(path);
+    }
+    return path.starts_with('/') ? base::fileUrl(path) : std::string();
+}
+
 void Remote::tell() const {
     if (changed) {
         changed();
@@ -56,20 +62,31 @@ void Remote::tell() const {
 }
 
 void Remote::reportTrack(const player::TrackReport& report) {
+    const std::string before = known_;
     if (report.path != report_.path) {
         art_.clear();
     }
     report_ = report;
+    known_ = currentTrack();
     tell();
+    if (known_ == before && seeked) {
+        seeked(0); // nothing else would tell that it began anew
+    }
     if (started) {
         started(report.path);
     }
 }
 
-void Remote::reportNothing(const std::string& /*format*/, const std::string& /*word*/) {
+void Remote::reportUnknownTrack(const std::string& path) {
     report_ = {};
+    report_.path = path;
+    known_ = kNoTrack;
     art_.clear();
     tell();
+}
+
+void Remote::reportNothing(const std::string& /*format*/, const std::string& /*word*/) {
+    reportUnknownTrack({});
 }
 
 void Remote::reportSeek() {
@@ -78,13 +95,22 @@ void Remote::reportSeek() {
     }
 }
 
-void Remote::setArt(const std::string& url) {
-    art_ = url;
-    tell();
+void Remote::setArt(const std::string& path, const std::string& url) {
+    if (path == report_.path) {
+        art_ = url;
+        tell();
+    }
 }
 
+/// The player counts a track that is over, or did not open, as playing until something follows it.
 bool Remote::playing() const {
-    return p_.core.state.IsPlaying;
+    const player::PlayerState& state = p_.core.state;
+    if (!state.IsPlaying || state.RadioMode || state.IsPaused) {
+        return state.IsPlaying;
+    }
+    const sound::Handle channel = state.active();
+    return channel != sound::kNoHandle &&
+           p_.core.sound.BASS_ChannelIsActive(channel) != sound::Activity::stopped;
 }
 
 Row Remote::playingRow() const {
@@ -123,17 +149,20 @@ RemoteTrack Remote::current() const {
     }
     const auto field = [this](std::size_t which) {
         const std::string& text = p_.core.screen.playing.fields.at(which);
-        return text == kUnknown ? std::string() : base::displayText(text);
+        return text == player::kUnknown ? std::string() : base::displayText(text);
     };
-    const std::string title = report_.title.empty() ? p_.core.state.CurrentTitle : report_.title;
+    // What did not open gave its title to the window while the one before sounds on.
+    const std::string& row =
+        report_.listTitle.empty() ? p_.core.state.CurrentTitle : report_.listTitle;
+    const std::string& title = report_.title.empty() ? row : report_.title;
     return {.trackId = currentTrack(),
             .length = length(),
             .title = base::displayText(title),
             .artist = base::displayText(report_.artist),
             .album = base::displayText(report_.album),
             .genre = field(kGenre),
-            .year = field(kYear),
-            .url = report_.path.empty() ? std::string() : urlOf(report_.path),
+            .year = yearIn(field(kYear)),
+            .url = urlOf(report_.path),
             .artUrl = art_};
 }
 
@@ -248,21 +277,6 @@ void Remote::SetPosition(std::string_view trackId, std::int64_t position) {
     }
 }
 
-bool Remote::OpenUri(const std::string& uri) {
-    playlist::stdSS& list = p_.core.lists.stdSS;
-    const Row before = list.ListCount();
-    if (base::isWebUrl(uri)) {
-        list.AddItem(uri, uri, uri, "", 0);
-    } else if (const auto path = base::pathFromFileUrl(uri)) {
-        p_.addFile(*path);
-    }
-    if (list.ListCount() == before) {
-        return false;
-    }
-    p_.playback.rows.PlayRow(before + 1, player::fadeSeconds(p_.core.settings));
-    return true;
-}
-
 bool Remote::setLoopStatus(std::string_view status) {
     if (status != "None" && status != "Playlist") {
         return false;
@@ -282,59 +296,6 @@ void Remote::setShuffle(bool on) {
 void Remote::setVolume(double volume) {
     const double held = volume > 0 ? std::min(volume, 1.0) : 0; // no number is 0, too
     p_.playback.volume.change_volume(base::toInt16(held * kWholeVolume), -1);
-}
-
-std::vector<std::string> Remote::Tracks() const {
-    const Row count = p_.core.lists.stdSS.ListCount();
-    const Row middle = std::max<Row>(playingRow(), 1);
-    const Row first =
-        std::clamp<Row>(middle - kMostTracks / 2, 1, std::max<Row>(1, count - kMostTracks + 1));
-    std::vector<std::string> tracks;
-    for (Row row = first; row <= std::min<Row>(count, first + kMostTracks - 1); ++row) {
-        tracks.push_back(pathOf(rows.idOf(row)));
-    }
-    return tracks;
-}
-
-std::string Remote::currentTrack() const {
-    if (!playing()) {
-        return kNoTrack;
-    }
-    // What sounds without a row, such as a station, has the number that no row has.
-    return pathOf(rows.idOf(playingRow()));
-}
-
-Row Remote::rowOfPath(std::string_view trackId) const {
-    const std::string_view begin = kTrackPath;
-    if (!trackId.starts_with(begin)) {
-        return 0;
-    }
-    trackId.remove_prefix(begin.size());
-    RowIds::Id id = 0;
-    const char* const end = trackId.data() + trackId.size();
-    const auto read = std::from_chars(trackId.data(), end, id);
-    return read.ec == std::errc() && read.ptr == end ? rows.rowOf(id) : 0;
-}
-
-RemoteTrack Remote::trackOf(std::string_view trackId) const {
-    const Row row = rowOfPath(trackId);
-    if (row == 0) {
-        return {};
-    }
-    if (row == playingRow()) {
-        return current();
-    }
-    const playlist::stdSS& list = p_.core.lists.stdSS;
-    return {.trackId = std::string(trackId),
-            .length = microseconds(std::max(list.seconds(row), 0)),
-            .title = base::displayText(list.text(row, RowText::Title)),
-            .url = urlOf(std::string(list.text(row, RowText::FileName)))};
-}
-
-void Remote::GoTo(std::string_view trackId) {
-    if (const Row row = rowOfPath(trackId); row != 0) {
-        p_.playback.rows.PlayRow(row, player::fadeSeconds(p_.core.settings));
-    }
 }
 
 } // namespace tovik::desktop

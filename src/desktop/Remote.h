@@ -73,8 +73,12 @@ public:
     /// Held to 0 to 1.
     void setVolume(double volume);
 
-    /// The picture of the track that sounds, as a URL of a file; empty: none.
-    void setArt(const std::string& url);
+    /// Of the track that was reported last; empty where nothing plays or it is a station.
+    [[nodiscard]] const std::string& path() const { return report_.path; }
+
+    /// The picture of the track with this path, as a URL of a file; empty: none. Nothing happens if
+    /// another one sounds by now.
+    void setArt(const std::string& path, const std::string& url);
 
     // The list ------------------------------------------------------------------------------------
 
@@ -82,6 +86,9 @@ public:
     static constexpr playlist::Row kMostTracks = 200;
 
     RowIds rows;
+
+    /// How rows are called outside.
+    [[nodiscard]] static std::string pathOf(RowIds::Id row);
 
     /// The paths of the rows that are told.
     [[nodiscard]] std::vector<std::string> Tracks() const;
@@ -106,12 +113,17 @@ private:
     void showSource() override { tell(); }
 
     void reportTrack(const player::TrackReport& report) override;
+    void reportUnknownTrack(const std::string& path) override;
     void reportNothing(const std::string& format, const std::string& word) override;
+
+    void reportEndOfList() override { tell(); }
 
     void reportPause() override { tell(); }
 
     void reportSeek() override;
 
+    /// Empty for what is neither an address nor an absolute path.
+    [[nodiscard]] static std::string urlOf(const std::string& path);
     void tell() const;
     [[nodiscard]] bool playing() const;
     [[nodiscard]] std::int64_t length() const;
@@ -124,6 +136,7 @@ private:
     Needs p_;
     player::TrackReport report_{};
     std::string art_;
+    std::string known_; ///< the path of the track that was reported last
 };
 
 } // namespace tovik::desktop

@@ -54,8 +54,10 @@ void RowIds::rowsCleared() {
     tell();
 }
 
-void RowIds::rowChanged(playlist::Row /*row*/) {
-    tell();
+void RowIds::rowChanged(playlist::Row row) {
+    if (wordsChanged) {
+        wordsChanged(idOf(row));
+    }
 }
 
 void RowIds::tell() const {

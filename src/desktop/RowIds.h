@@ -27,8 +27,11 @@ public:
     /// 0 for a number that no row has.
     [[nodiscard]] playlist::Row rowOf(Id id) const;
 
-    /// Called when the rows, their order or their words changed.
+    /// Called when the rows or their order changed, or another one may be selected.
     std::function<void()> changed{};
+
+    /// Called when the words of that row changed.
+    std::function<void(Id row)> wordsChanged{};
 
 private:
     void rowsInserted(playlist::Row first, playlist::Row count) override;
@@ -36,6 +39,9 @@ private:
     void rowMoved(playlist::Row from, playlist::Row to) override;
     void rowsCleared() override;
     void rowChanged(playlist::Row row) override;
+
+    void looksChanged(playlist::Row /*first*/, playlist::Row /*last*/) override { tell(); }
+
     void tell() const;
 
     playlist::stdSS& list_;

@@ -13,6 +13,9 @@ namespace tovik::player {
 
 inline constexpr std::size_t kTagFields = 5;
 
+/// A field of which nothing is known.
+inline constexpr const char* kUnknown = "N/A";
+
 /// The clock where nothing plays.
 inline constexpr const char* kNoTime = "00:00";
 

@@ -60,6 +60,8 @@ void TrackAdvance::Next_track() {
         endSkipping();
         if (const auto row = takeUpcomingRow()) {
             play(*row, seconds, Direction::forth);
+        } else {
+            core_.news.reportEndOfList();
         }
     });
 }

@@ -31,6 +31,13 @@ public:
     /// For the status message of messengers and the desktop.
     virtual void reportTrack(const TrackReport& /*report*/) {}
 
+    /// A track took the place of the one before, and no more is known than its path: one of a
+    /// disc. Empty: a file did not open, and nothing sounds.
+    virtual void reportUnknownTrack(const std::string& /*path*/) {}
+
+    /// The last track is over and none follows; told again as long as the clock goes on looking.
+    virtual void reportEndOfList() {}
+
     /// Nothing plays; `format` and `word` are the parts of the status message.
     virtual void reportNothing(const std::string& /*format*/, const std::string& /*word*/) {}
 

@@ -20,8 +20,6 @@ namespace {
 /// As many characters of a tag's field as the window has room for.
 constexpr std::size_t kFieldWidth = 17;
 
-constexpr const char* kUnknown = "N/A";
-
 std::int64_t fileLength(const std::string& path) {
     std::error_code error;
     const auto size = std::filesystem::file_size(path, error);
@@ -69,6 +67,7 @@ void TrackFacts::showNothingKnown(const TrackRef& track) {
     core_.lists.stdSS.setUnplayable(track.row, false);
     core_.screen.playing.fields.fill(kUnknown);
     core_.screen.showFacts();
+    core_.news.reportUnknownTrack(track.path);
 }
 
 void TrackFacts::noteUnopened(const TrackRef& track) {
@@ -93,6 +92,7 @@ void TrackFacts::showSilence() {
     core_.screen.showPosition();
     core_.screen.playing.fields.fill(kUnknown);
     core_.screen.showFacts();
+    core_.news.reportUnknownTrack({});
 }
 
 void TrackFacts::showFormat(sound::Handle channel, const std::string& path) {

@@ -25,6 +25,12 @@ public:
         tell(&TrackEvents::reportTrack, report);
     }
 
+    void reportUnknownTrack(const std::string& path) override {
+        tell(&TrackEvents::reportUnknownTrack, path);
+    }
+
+    void reportEndOfList() override { tell(&TrackEvents::reportEndOfList); }
+
     void reportNothing(const std::string& format, const std::string& word) override {
         tell(&TrackEvents::reportNothing, format, word);
     }

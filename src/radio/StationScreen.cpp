@@ -13,7 +13,6 @@ namespace {
 /// The notices of a language that are about stations, from this one on.
 constexpr int kFirstNotice = 5;
 
-constexpr const char* kUnknown = "N/A";
 constexpr std::size_t kRateDigits = 2;
 
 } // namespace
@@ -40,7 +39,7 @@ void StationScreen::begin(std::string_view title) {
     playing.percent = 0;
     core_.screen.showPosition();
     // They are hidden; who asks for the artist and the title of a track finds none.
-    playing.fields.fill(kUnknown);
+    playing.fields.fill(player::kUnknown);
     core_.state.TrackInfoText.clear();
     core_.state.TrackInfoMode.clear();
     playing.infoText.clear();

@@ -91,7 +91,8 @@ TEST_F(RemoteTest, whatPlays) {
 TEST_F(RemoteTest, factsOfTheTagAndThePicture) {
     const test::TagTexts tag{.title = "Song", .artist = "B\xE9", .album = "Album", .year = "1999"};
     ASSERT_TRUE(burn(track("a b.mp3", {.seconds = 10}, 1000, &tag)));
-    remote_.setArt("file:///c.png");
+    remote_.setArt(remote_.path(), "file:///c.png");
+    remote_.setArt("another", "file:///d.png");
     const RemoteTrack now = remote_.state().Metadata;
     EXPECT_EQ(now.title, "Song");
     EXPECT_EQ(now.artist, "B\xC3\xA9") << "valid UTF-8 whatever the tag holds";
@@ -184,6 +185,19 @@ TEST_F(RemoteTest, modesDecideWhetherThereIsANext) {
     EXPECT_TRUE(remote_.state().CanGoNext);
     remote_.setShuffle(true);
     EXPECT_TRUE(remote_.state().Shuffle);
+}
+
+TEST_F(RemoteTest, anotherRowThatIsSelectedHasOthersBesideIt) {
+    playSecond();
+    int told = 0;
+    remote_.rows.changed = [&told] { ++told; };
+    list_.SelectIndex(3);
+    EXPECT_GT(told, 0);
+    EXPECT_FALSE(remote_.state().CanGoNext);
+    EXPECT_TRUE(remote_.state().CanGoPrevious);
+    list_.SelectIndex(1);
+    EXPECT_TRUE(remote_.state().CanGoNext);
+    EXPECT_FALSE(remote_.state().CanGoPrevious);
 }
 
 TEST_F(RemoteTest, volumeBothWays) {
@@ -280,6 +294,76 @@ TEST_F(RemoteTest, numbersStayWithTheirRows) {
     EXPECT_EQ(remote_.rows.rowOf(1), 0);
     EXPECT_EQ(remote_.rows.idOf(1), 0U);
     EXPECT_GE(told, 5);
+}
+
+TEST_F(RemoteTest, aRowWithOtherWordsIsTold) {
+    addRows(3, {.seconds = 1});
+    std::vector<RowIds::Id> told;
+    remote_.rows.wordsChanged = [&told](RowIds::Id row) { told.push_back(row); };
+    list_.RefreshTitle(2, "another");
+    EXPECT_THAT(told, ElementsAre(2U));
+    EXPECT_EQ(remote_.trackOf(Remote::pathOf(2)).title, "another");
+}
+
+TEST_F(RemoteTest, aFileThatDoesNotOpenLeavesNothingOfTheOneBefore) {
+    const test::TagTexts tag{.title = "Song", .artist = "Band"};
+    ASSERT_TRUE(burn(track("a.mp3", {.seconds = 10}, 1000, &tag)));
+    remote_.setArt(remote_.path(), "file:///c.png");
+    changes_ = 0;
+    EXPECT_FALSE(burn(host_.folder / "none.mp3"));
+    EXPECT_GT(changes_, 0);
+    EXPECT_EQ(remote_.state().PlaybackStatus, "Stopped");
+    EXPECT_EQ(remote_.state().Metadata, RemoteTrack{.trackId = kNoTrack});
+    EXPECT_EQ(remote_.path(), "");
+}
+
+TEST_F(RemoteTest, aFadeToAFileThatDoesNotOpenKeepsWhatSounds) {
+    const std::string path = track("a.mp3", {.seconds = 10});
+    fetchRow(path, "First");
+    ASSERT_TRUE(burn(path));
+    EXPECT_FALSE(fade(host_.folder / "none.mp3", 1000));
+    EXPECT_EQ(remote_.state().PlaybackStatus, "Playing");
+    EXPECT_THAT(remote_.state().Metadata.url, testing::EndsWith("/a.mp3"));
+    EXPECT_EQ(remote_.state().Metadata.title, "First") << "not that of the other row";
+}
+
+TEST_F(RemoteTest, theEndOfTheListIsTold) {
+    playSecond();
+    remote_.Next();
+    ASSERT_EQ(remote_.state().PlaybackStatus, "Playing");
+    advance(99'500);
+    EXPECT_EQ(remote_.state().PlaybackStatus, "Playing");
+    changes_ = 0;
+    advance(3'000);
+    EXPECT_GT(changes_, 0);
+    EXPECT_EQ(remote_.state().PlaybackStatus, "Stopped");
+    remote_.PlayPause();
+    EXPECT_EQ(remote_.state().PlaybackStatus, "Playing") << "it begins anew";
+}
+
+TEST_F(RemoteTest, aTrackThatBeginsAnewTellsItsPlace) {
+    playSecond();
+    EXPECT_THAT(seeks_, IsEmpty());
+    list_.SelectIndex(2);
+    rowPlayer_.button_play();
+    EXPECT_THAT(seeks_, ElementsAre(0));
+    remote_.Next();
+    EXPECT_EQ(seeks_.size(), 1U) << "another track tells it by itself";
+}
+
+TEST_F(RemoteTest, aYearIsADateAndOtherWordsAreNone) {
+    for (const auto& [year, told] : {std::pair("1999", "1999"), {"99", ""}, {"abcd", ""}}) {
+        const test::TagTexts tag{.title = "Song", .year = year};
+        ASSERT_TRUE(burn(track(std::string(year) + ".mp3", {.seconds = 10}, 1000, &tag)));
+        EXPECT_EQ(remote_.state().Metadata.year, told);
+    }
+}
+
+TEST_F(RemoteTest, aPathThatIsNotWholeHasNoUrl) {
+    list_.AddItem("", "song.mp3", "a", "", 0);
+    list_.AddItem("", "http://a/b c", "b", "", 0);
+    EXPECT_EQ(remote_.trackOf(Remote::pathOf(1)).url, "");
+    EXPECT_EQ(remote_.trackOf(Remote::pathOf(2)).url, "http://a/b c");
 }
 
 TEST_F(RemoteTest, ofManyRowsThoseRoundThePlayingOneAreTold) {

@@ -2,6 +2,7 @@
 """A client of the message bus for tests, on a Python that has GLib's library. Reads requests from
 its standard input, one JSON list a line, and answers each with one line:
 ["call", interface, method, signature, arguments]: the results, or {"error": name};
+["type", interface, property]: the signature of its value;
 ["signals"]: what was told since the last time, as [interface, name, arguments]."""
 import json
 import sys
@@ -29,10 +30,18 @@ def call(bus, interface, method, signature, arguments):
     return list(answer.unpack())
 
 
+def type_of(bus, interface, name):
+    answer = bus.call_sync(NAME, PATH, "org.freedesktop.DBus.Properties", "Get",
+                           GLib.Variant("(ss)", (interface, name)), None, Gio.DBusCallFlags.NONE,
+                           5000, None)
+    return answer.get_child_value(0).get_variant().get_type_string()
+
+
 def unjson(signature, arguments):
     """A variant stands as [signature, value]."""
     if signature == "(ssv)":
-        return (*arguments[:2], GLib.Variant(*arguments[2]))
+        form, value = arguments[2]
+        return (*arguments[:2], GLib.Variant(form, tuple(value) if form[0] == "(" else value))
     return tuple(arguments)
 
 
@@ -44,6 +53,8 @@ def main():
         request = json.loads(line)
         if request[0] == "call":
             answer = call(bus, *request[1:])
+        elif request[0] == "type":
+            answer = type_of(bus, *request[1:])
         else:
             # What was sent before an answer came before it.
             bus.call_sync("org.freedesktop.DBus", "/", "org.freedesktop.DBus.Peer", "Ping", None,

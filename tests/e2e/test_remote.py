@@ -1,78 +1,16 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The remote control over the message bus, with a client of our own and with playerctl."""
-import json
 import os
 import shutil
 import subprocess
 import time
 import unittest
 
-from program import LIMIT, ProgramTest, media
-from test_accessibility import PYTHON
-
-NAME = "org.mpris.MediaPlayer2.tovik"
-PATH = "/org/mpris/MediaPlayer2"
-ROOT = "org.mpris.MediaPlayer2"
-PLAYER = ROOT + ".Player"
-TRACKS = ROOT + ".TrackList"
-PROPERTIES = "org.freedesktop.DBus.Properties"
-SECOND = 1000000
+from program import LIMIT, media
+from remote import NAME, PLAYER, PROPERTIES, ROOT, SECOND, TRACKS, RemoteTest
 
 
-class Remote(ProgramTest):
-    def setUp(self):
-        super().setUp()
-        self.start_screen()
-        self.start_bus()
-        self.client = subprocess.Popen(
-            [PYTHON, os.path.join(os.path.dirname(__file__), "bus_client.py"), NAME, PATH],
-            env=self.environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
-        self.stack.callback(self.client.communicate)
-
-    def start(self, *words):
-        self.player = self.start_program("--device", "silent", *words)
-        self.wait_until(lambda: "error" not in self.call(PROPERTIES, "Get", "(ss)", ROOT,
-                                                         "Identity"), "nobody on the bus")
-
-    def ask(self, *request):
-        self.client.stdin.write(json.dumps(request) + "\n")
-        self.client.stdin.flush()
-        return json.loads(self.client.stdout.readline())
-
-    def call(self, interface, method, signature="()", *arguments):
-        return self.ask("call", interface, method, signature, arguments)
-
-    def get(self, name, interface=PLAYER):
-        answer = self.call(PROPERTIES, "Get", "(ss)", interface, name)
-        self.assertIsInstance(answer, list, answer)
-        return answer[0]
-
-    def put(self, name, signature, value, interface=PLAYER):
-        return self.call(PROPERTIES, "Set", "(ssv)", interface, name, [signature, value])
-
-    def told(self, name):
-        """The arguments of the signals of a name since the last time."""
-        return [arguments for _, signal, arguments in self.ask("signals") if signal == name]
-
-    def changes(self):
-        """What was told to have changed since the last time."""
-        changed = {}
-        for arguments in self.told("PropertiesChanged"):
-            changed.update(arguments[1])
-        return changed
-
-    def until(self, name, value, interface=PLAYER):
-        self.wait_until(lambda: self.get(name, interface) == value,
-                        f"{name} never became {value}")
-
-    def playlist(self):
-        path = self.path("list.m3u")
-        songs = [media("varied.wav"), media("wav_s16_44100_stereo.wav"), media("silence.wav")]
-        with open(path, "w", encoding="utf-8") as file:
-            file.write("#EXTM3U\n" + "".join(f"#EXTINF:60,Song {i}\n{song}\n"
-                                             for i, song in enumerate(songs, 1)))
-        return path
-
+class Remote(RemoteTest):
     def test_the_program(self):
         self.start()
         self.assertEqual(self.get("Identity", ROOT), "Tovik")
@@ -173,14 +111,121 @@ class Remote(ProgramTest):
         self.call(TRACKS, "RemoveTrack", "(o)", tracks[0])
         self.call(TRACKS, "AddTrack", "(sob)", "file:///x", tracks[0], False)
         self.assertEqual(self.get("Tracks", TRACKS), tracks)
-        self.told("TrackListReplaced")
-        self.assertEqual(self.call(PLAYER, "OpenUri", "(s)", "file://" + media("wav_s16_44100_mono.wav")), [])
+        self.assertEqual(self.call(PLAYER, "OpenUri", "(s)",
+                                   "file://" + media("wav_s16_44100_mono.wav")), [])
         self.assertEqual(len(self.get("Tracks", TRACKS)), 4)
-        self.wait_until(lambda: any(len(one[0]) == 4 for one in self.told("TrackListReplaced")),
-                        "not told")
         self.assertTrue(self.get("Metadata")["xesam:url"].endswith("/wav_s16_44100_mono.wav"))
         self.assertEqual(self.call(PLAYER, "OpenUri", "(s)", "gopher://x"),
                          {"error": "org.freedesktop.DBus.Error.InvalidArgs"})
+
+    def test_rows_that_come_go_and_change_are_told(self):
+        self.start(self.playlist())
+        self.until("PlaybackStatus", "Playing")
+        tracks = self.get("Tracks", TRACKS)
+        self.ask("signals")
+        self.assertEqual(self.call(PLAYER, "OpenUri", "(s)",
+                                   "file://" + media("wav_s16_44100_mono.wav")), [])
+        added = self.get("Tracks", TRACKS)[-1]
+        told = []
+        self.wait_until(lambda: told.extend(self.told("TrackAdded")) or told, "not told")
+        metadata, after = told[0]
+        self.assertEqual((metadata["mpris:trackid"], after), (added, tracks[-1]))
+        # The row that plays gets its real length: its words change.
+        changed = []
+        self.call(TRACKS, "GoTo", "(o)", tracks[1])
+        self.wait_until(lambda: changed.extend(self.told("TrackMetadataChanged")) or changed,
+                        "not told")
+        self.assertIn(changed[0][0], [tracks[1], added])
+        self.assertEqual(changed[0][1]["mpris:trackid"], changed[0][0])
+        # What is selected is removed: on the screen, since nobody may from outside.
+        self.start_window_manager()
+        window = self.window_of(self.player)
+        self.tool("xdotool", "windowactivate", "--sync", window)
+        self.tool("xdotool", "mousemove", "--window", window, "350", "200", "click", "1")
+        self.tool("xdotool", "key", "--clearmodifiers", "End", "Delete")
+        removed = []
+        self.wait_until(lambda: removed.extend(self.told("TrackRemoved")) or removed, "not told")
+        self.assertEqual(removed, [[added]])
+        self.assertEqual(self.get("Tracks", TRACKS), tracks)
+        # What another start hands over takes the place of the list.
+        self.run_program("--device", "silent", media("varied.wav"))
+        replaced = []
+        self.wait_until(lambda: replaced.extend(self.told("TrackListReplaced")) or replaced,
+                        "not told")
+        self.assertEqual(replaced[-1][0], self.get("Tracks", TRACKS))
+        self.assertEqual(replaced[-1][1], replaced[-1][0][0])
+
+    def test_every_property_has_its_type_and_only_some_are_set(self):
+        self.start()
+        types = {ROOT: {"CanQuit": "b", "CanRaise": "b", "HasTrackList": "b", "Identity": "s",
+                        "DesktopEntry": "s", "SupportedUriSchemes": "as",
+                        "SupportedMimeTypes": "as"},
+                 PLAYER: {"PlaybackStatus": "s", "LoopStatus": "s", "Rate": "d", "Shuffle": "b",
+                          "Metadata": "a{sv}", "Volume": "d", "Position": "x", "MinimumRate": "d",
+                          "MaximumRate": "d", "CanGoNext": "b", "CanGoPrevious": "b",
+                          "CanPlay": "b", "CanPause": "b", "CanSeek": "b", "CanControl": "b"},
+                 TRACKS: {"Tracks": "ao", "CanEditTracks": "b"}}
+        refused = "org.freedesktop.DBus.Error."
+        for interface, properties in types.items():
+            everything = self.call(PROPERTIES, "GetAll", "(s)", interface)[0]
+            self.assertEqual(set(everything), set(properties), interface)
+            for name, signature in properties.items():
+                self.assertEqual(self.ask("type", interface, name), signature, name)
+                wrong = "InvalidArgs" if name in ("LoopStatus", "Rate", "Shuffle",
+                                                  "Volume") else "PropertyReadOnly"
+                self.assertEqual(self.put(name, "(ii)", (1, 2), interface),
+                                 {"error": refused + wrong}, name)
+
+    def test_bad_input_is_refused_or_does_nothing(self):
+        self.start(self.playlist())
+        self.until("PlaybackStatus", "Playing")
+        tracks = self.get("Tracks", TRACKS)
+        refused = {"error": "org.freedesktop.DBus.Error.InvalidArgs"}
+        for uri in ("", "x", "/etc/passwd", "file:///etc/passwd", "file://elsewhere/a.mp3",
+                    "file:///a%zz.mp3", "file:///no/such/file.mp3", "ftp://x/y.mp3"):
+            self.assertEqual(self.call(PLAYER, "OpenUri", "(s)", uri), refused, uri)
+        for call in ((PLAYER, "OpenUri", "(i)", 1), (PLAYER, "SetPosition", "(sx)", tracks[0], 1),
+                     (PLAYER, "SetPosition", "(o)", tracks[0]), (PLAYER, "Next", "(s)", "x"),
+                     (TRACKS, "GoTo", "(s)", tracks[0]), (TRACKS, "GetTracksMetadata", "(as)", []),
+                     (ROOT, "Quit", "(b)", True), (TRACKS, "RemoveTrack", "()"),
+                     (TRACKS, "AddTrack", "(s)", "file:///x")):
+            self.assertEqual(self.call(*call), refused, call)
+        for track in ("/", "/org/tovik/track/0", "/org/tovik/track/99999999999999999999",
+                      "/org/mpris/MediaPlayer2/TrackList/NoTrack"):
+            self.assertEqual(self.call(TRACKS, "GoTo", "(o)", track), [])
+            self.assertEqual(self.call(TRACKS, "GetTracksMetadata", "(ao)", [track]), [[]])
+            self.assertEqual(self.call(PLAYER, "SetPosition", "(ox)", track, 0), [])
+        self.assertEqual(self.get("Metadata")["mpris:trackid"], tracks[0])
+        self.assertEqual(self.get("Tracks", TRACKS), tracks)
+
+    def test_the_picture_of_a_track(self):
+        self.environment["XDG_CACHE_HOME"] = self.path("cache")
+        picture = b"\xff\xd8\xff\xe0 a picture"
+        body = b"\0image/jpeg\0\x03\0" + picture
+        frame = b"APIC" + len(body).to_bytes(4, "big") + b"\0\0" + body
+        with open(media("mp3_vbr.mp3"), "rb") as file:
+            sound = file.read()
+        os.mkdir(self.path("music"))
+        song = self.path("music/song.mp3")
+        with open(song, "wb") as file:
+            file.write(b"ID3\x03\0\0" + bytes([0, 0, 0, len(frame)]) + frame + sound)
+        self.start(song)
+        self.wait_until(lambda: "mpris:artUrl" in self.get("Metadata"), "no picture")
+        url = self.get("Metadata")["mpris:artUrl"]
+        self.assertTrue(url.startswith("file://" + self.path("cache/tovik/covers/")), url)
+        with open(url.removeprefix("file://"), "rb") as file:
+            self.assertEqual(file.read(), picture)
+        self.wait_until(lambda: self.changes().get("Metadata", {}).get("mpris:artUrl") == url,
+                        "not told")
+        # One in the folder is nearer at hand.
+        with open(self.path("music/Cover.JPG"), "wb") as file:
+            file.write(picture)
+        self.call(PLAYER, "OpenUri", "(s)", "file://" + song)
+        self.wait_until(lambda: self.get("Metadata").get("mpris:artUrl")
+                        == "file://" + self.path("music/Cover.JPG"), "the picture of the folder")
+        self.call(PLAYER, "OpenUri", "(s)", "file://" + media("varied.wav"))
+        self.until("PlaybackStatus", "Playing")
+        self.assertNotIn("mpris:artUrl", self.get("Metadata"))
 
     def test_what_is_not_there(self):
         self.start()

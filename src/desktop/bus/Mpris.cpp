@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/bus/Mpris.h"
 
+#include "desktop/bus/CoverSearch.h"
 #include "desktop/bus/SessionBus.h"
+#include "desktop/TrackListChange.h"
 
 #include <algorithm>
 #include <optional>
@@ -14,6 +16,7 @@
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
 #include <QTimer>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -30,10 +33,6 @@ const QString kProperties = QStringLiteral("org.freedesktop.DBus.Properties");
 constexpr uint kDoNotQueue = 4;
 constexpr uint kPrimaryOwner = 1;
 
-QString textOf(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 bool is(std::string_view text, const QString& other) {
     return textOf(text) == other;
 }
@@ -42,8 +41,9 @@ bool is(std::string_view text, const QString& other) {
 
 class Mpris::Service final : public QDBusVirtualObject {
 public:
-    Service(Remote& remote, RemoteProgram program, host::Dispatcher& dispatcher)
-        : remote_(remote), program_(std::move(program)), dispatcher_(dispatcher) {
+    Service(Remote& remote, RemoteProgram program, host::Dispatcher& dispatcher, std::string covers)
+        : remote_(remote), program_(std::move(program)), dispatcher_(dispatcher),
+          covers_(std::move(covers)) {
         qDBusRegisterMetaType<QList<QVariantMap>>();
         // Many changes at once are told as one.
         soon_.setSingleShot(true);
@@ -53,7 +53,9 @@ public:
     ~Service() override {
         remote_.changed = {};
         remote_.seeked = {};
+        remote_.started = {};
         remote_.rows.changed = {};
+        remote_.rows.wordsChanged = {};
     }
 
     void begin() {
@@ -87,14 +89,24 @@ private:
         bus_->registerVirtualObject(kPath, this);
         told_ = values();
         remote_.changed = [this] { soon_.start(0); };
-        remote_.rows.changed = [this] {
-            listChanged_ = true;
+        tracks_ = remote_.Tracks();
+        remote_.rows.changed = [this] { soon_.start(0); };
+        remote_.rows.wordsChanged = [this](RowIds::Id row) {
+            // More than these are told as a new list.
+            if (reworded_.size() < TrackListChange::kMany) {
+                reworded_.insert(Remote::pathOf(row));
+            }
             soon_.start(0);
         };
         remote_.seeked = [this](std::int64_t position) {
             tellChanges();
             signal(kPlayerInterface, "Seeked", {static_cast<qlonglong>(position)});
         };
+        covers_.found = [this](const std::string& track, const std::string& url) {
+            remote_.setArt(track, url);
+        };
+        remote_.started = [this](const std::string& track) { covers_.look(track); };
+        covers_.look(remote_.path());
         requestName(kName);
     }
 
@@ -216,7 +228,7 @@ private:
             for (std::size_t i = 0; i < now.size(); ++i) {
                 const bool other = properties[i].told == Told::withValue &&
                                    properties[i].interface == interface &&
-                                   !same(now.at(i), told_.at(i));
+                                   !sameValue(now.at(i), told_.at(i));
                 if (other) {
                     changes.insert(textOf(properties[i].name), now.at(i));
                 }
@@ -227,48 +239,57 @@ private:
             }
         }
         told_ = std::move(now);
-        if (std::exchange(listChanged_, false)) {
-            tellList();
-        }
-    }
-
-    /// Object paths within a map are no values that compare.
-    static bool same(const QVariant& left, const QVariant& right) {
-        if (left.metaType() != QMetaType::fromType<QVariantMap>()) {
-            return left == right;
-        }
-        const auto comparable = [](const QVariant& value) {
-            QVariantMap map = value.toMap();
-            const QString key = QStringLiteral("mpris:trackid");
-            map.insert(key, map.value(key).value<QDBusObjectPath>().path());
-            return map;
-        };
-        return comparable(left) == comparable(right);
+        tellList();
     }
 
     void tellList() {
-        signal(kProperties.toStdString(), "PropertiesChanged",
-               {textOf(kTracksInterface), QVariantMap(), QStringList{QStringLiteral("Tracks")}});
-        QList<QDBusObjectPath> paths;
-        for (const std::string& path : remote_.Tracks()) {
-            paths.append(QDBusObjectPath(QString::fromStdString(path)));
+        using Kind = TrackListChange::Kind;
+        const std::vector<std::string> before = std::exchange(tracks_, remote_.Tracks());
+        const TrackListChange change = trackListChange(before, tracks_);
+        if (change.kind != Kind::none) {
+            signal(
+                kProperties.toStdString(), "PropertiesChanged",
+                {textOf(kTracksInterface), QVariantMap(), QStringList{QStringLiteral("Tracks")}});
         }
-        const QDBusObjectPath current(QString::fromStdString(remote_.currentTrack()));
-        signal(kTracksInterface, "TrackListReplaced",
-               {QVariant::fromValue(paths), QVariant::fromValue(current)});
+        const std::set<std::string> reworded = std::exchange(reworded_, {});
+        if (change.kind == Kind::replaced || reworded.size() >= TrackListChange::kMany) {
+            signal(kTracksInterface, "TrackListReplaced",
+                   {tracksValue(tracks_), trackValue(remote_.currentTrack())});
+            return;
+        }
+        for (const std::size_t place : change.places) {
+            if (change.kind == Kind::removed) {
+                signal(kTracksInterface, "TrackRemoved", {trackValue(before.at(place))});
+            } else {
+                signal(kTracksInterface, "TrackAdded",
+                       {metadataOf(remote_.trackOf(tracks_.at(place))),
+                        trackValue(place == 0 ? kNoTrack : tracks_.at(place - 1))});
+            }
+        }
+        for (const std::string& track : reworded) {
+            if (std::ranges::find(before, track) != before.end() &&
+                std::ranges::find(tracks_, track) != tracks_.end()) {
+                signal(kTracksInterface, "TrackMetadataChanged",
+                       {trackValue(track), metadataOf(remote_.trackOf(track))});
+            }
+        }
     }
 
     Remote& remote_;
     const RemoteProgram program_;
     host::Dispatcher& dispatcher_;
     std::optional<QDBusConnection> bus_;
-    std::vector<QVariant> told_; ///< what the bus was told last
-    bool listChanged_ = false;
+    std::vector<QVariant> told_;      ///< what the bus was told last
+    std::vector<std::string> tracks_; ///< likewise
+    std::set<std::string> reworded_;  ///< tracks whose words changed since
+    CoverSearch covers_;
     QTimer soon_;
 };
 
-Mpris::Mpris(Remote& remote, RemoteProgram program, host::Dispatcher& dispatcher)
-    : service_(std::make_unique<Service>(remote, std::move(program), dispatcher)) {}
+Mpris::Mpris(Remote& remote, RemoteProgram program, host::Dispatcher& dispatcher,
+             std::string covers)
+    : service_(
+          std::make_unique<Service>(remote, std::move(program), dispatcher, std::move(covers))) {}
 
 Mpris::~Mpris() = default;
 

@@ -13,8 +13,9 @@ namespace tovik::desktop {
 
 class Mpris {
 public:
-    /// All of them outlive the object.
-    Mpris(Remote& remote, RemoteProgram program, host::Dispatcher& dispatcher);
+    /// Player and dispatcher outlive the object; pictures out of tags are kept in the folder
+    /// `covers`.
+    Mpris(Remote& remote, RemoteProgram program, host::Dispatcher& dispatcher, std::string covers);
     ~Mpris();
     Mpris(const Mpris&) = delete;
     Mpris& operator=(const Mpris&) = delete;

@@ -18,24 +18,8 @@ using S = const RemoteState&;
 using Arguments = const QVariantList&;
 using Answer = std::optional<QVariantList>;
 
-QString textOf(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-QVariant pathOf(const std::string& path) {
-    return QVariant::fromValue(QDBusObjectPath(QString::fromStdString(path)));
-}
-
 std::string pathIn(const QVariant& value) {
     return value.value<QDBusObjectPath>().path().toStdString();
-}
-
-QVariant pathsOf(const std::vector<std::string>& paths) {
-    QList<QDBusObjectPath> list;
-    for (const std::string& path : paths) {
-        list.append(QDBusObjectPath(QString::fromStdString(path)));
-    }
-    return QVariant::fromValue(list);
 }
 
 QStringList mimeTypes() {
@@ -119,7 +103,7 @@ constexpr auto kProperties = std::to_array<MprisProperty>({
      [](T, S state) -> QVariant { return state.CanSeek; }},
     {kPlayerInterface, "CanControl", "b", Told::never, fixed<true>},
     {kTracksInterface, "Tracks", "ao", Told::withoutValue,
-     [](T target, S) -> QVariant { return pathsOf(target.remote.Tracks()); }},
+     [](T target, S) -> QVariant { return tracksValue(target.remote.Tracks()); }},
     {kTracksInterface, "CanEditTracks", "b", Told::withValue, fixed<false>},
 });
 
@@ -269,27 +253,6 @@ QString mprisIntrospection() {
         xml += QStringLiteral("</interface>");
     }
     return xml;
-}
-
-QVariantMap metadataOf(const RemoteTrack& track) {
-    QVariantMap map{{QStringLiteral("mpris:trackid"), pathOf(track.trackId)}};
-    if (track.length > 0) {
-        map.insert(QStringLiteral("mpris:length"), static_cast<qlonglong>(track.length));
-    }
-    const auto put = [&map](const QString& key, const std::string& text, bool list = false) {
-        if (!text.empty()) {
-            const QString value = QString::fromStdString(text);
-            map.insert(key, list ? QVariant(QStringList{value}) : QVariant(value));
-        }
-    };
-    put(QStringLiteral("xesam:title"), track.title);
-    put(QStringLiteral("xesam:artist"), track.artist, true);
-    put(QStringLiteral("xesam:album"), track.album);
-    put(QStringLiteral("xesam:genre"), track.genre, true);
-    put(QStringLiteral("xesam:contentCreated"), track.year);
-    put(QStringLiteral("xesam:url"), track.url);
-    put(QStringLiteral("mpris:artUrl"), track.artUrl);
-    return map;
 }
 
 } // namespace tovik::desktop

@@ -3,6 +3,7 @@
 // each property and each method is, and what it does with the player. Interface thread.
 #pragma once
 
+#include "desktop/bus/MprisValues.h"
 #include "desktop/Remote.h"
 
 #include <functional>
@@ -66,8 +67,4 @@ struct MprisSignal {
 
 /// All interfaces as introspection data.
 [[nodiscard]] QString mprisIntrospection();
-
-/// A track as the bus has it.
-[[nodiscard]] QVariantMap metadataOf(const RemoteTrack& track);
-
 } // namespace tovik::desktop
