@@ -20,6 +20,16 @@ constexpr const char* kIcon = "\\tkstart.exe,1";
 /// themselves, a little later.
 constexpr const char* kEntriesChanged = "update-desktop-database";
 
+/// Asked beside the interface thread: the disk may be slow.
+bool isThere(host::MessagePump& pump, const std::string& path) {
+    const auto there = std::make_shared<bool>(false);
+    const bool asked = host::runBeside(pump, [there, path] {
+        std::error_code failure;
+        *there = std::filesystem::exists(path, failure);
+    });
+    return asked && *there;
+}
+
 } // namespace
 
 Desktop::Desktop(const Needs& needs, const host::Host& host)
@@ -28,8 +38,10 @@ Desktop::Desktop(const Needs& needs, const host::Host& host)
               .playback = needs.playback,
               .commands = needs.commands,
               .addFile =
-                  [&media = needs.media](const std::string& path) {
-                      media.Stdss_OleDragDrop(std::vector<std::string>{path});
+                  [&media = needs.media, &pump = host.pump](const std::string& path) {
+                      if (isThere(pump, path)) {
+                          media.Stdss_OleDragDrop(std::vector<std::string>{path});
+                      }
                   }}),
       host_(host), options_(needs.options) {
     needs.core.news.add(messenger);

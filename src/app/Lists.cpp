@@ -21,6 +21,12 @@ void Lists::selectFirstRow() {
     }
 }
 
+void Lists::saveListSoFar() {
+    if (files.savesAtExit(state_.DirAddIdle)) {
+        files.autosave_playlist();
+    }
+}
+
 void Lists::saveList() {
     keeper_.end();
     const bool saves = files.savesAtExit(state_.DirAddIdle);

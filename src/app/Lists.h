@@ -33,6 +33,9 @@ public:
     void selectFirstRow();
     void saveList();
 
+    /// The same while the program goes on.
+    void saveListSoFar();
+
     playlist::stdSS stdSS;
     playlist::stdSS lstTracks;
     playlist::stdSS RadioLst;

@@ -6,6 +6,7 @@
 #include "app/frmPlayer.h"
 #include "app/MainWindow.h"
 #include "app/OutputChoice.h"
+#include "app/SessionEnd.h"
 #include "base/ErrorStream.h"
 #include "desktop/bus/Mpris.h"
 #include "desktop/CoverFiles.h"
@@ -24,7 +25,6 @@
 #include <cstdlib>
 #include <optional>
 #include <QApplication>
-#include <QSessionManager>
 
 namespace tovik::app {
 
@@ -92,9 +92,12 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
     engine.warmUp();
 
     preferX11();
-    int argc = 1;
+    // The session knows its programs by the name that it gave them.
     std::string name = "tovik";
-    std::array<char*, 2> argv = {name.data(), nullptr};
+    std::string option = "-session";
+    std::string sessionName = line.session.value_or("");
+    std::array<char*, 4> argv = {name.data(), option.data(), sessionName.data(), nullptr};
+    int argc = line.session ? 3 : 1;
     const QApplication application(argc, argv.data());
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setPalette(ui::skinPalette());
@@ -147,8 +150,16 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
         }
         player.kill_me();
     });
-    QObject::connect(qApp, &QGuiApplication::commitDataRequest, qApp,
-                     [&](QSessionManager&) { host.closing.request(host::ClosedBy::System); });
+    const SessionEnd sessionEnd({.closing = host.closing,
+                                 .dispatcher = host.dispatcher,
+                                 .save = [&player] { player.saveSession(); },
+                                 .again =
+                                     [&](const std::string& session) {
+                                         return restartCommand(environment.executableFolder +
+                                                                   "/tovik",
+                                                               line.dataFolder.value_or(""),
+                                                               line.device.value_or(""), session);
+                                     }});
 
     const auto shot = host.timers.makeTimer([&] {
         copy.reset();

@@ -193,6 +193,14 @@ void frmPlayer::kill_me() {
     process_.end(EXIT_SUCCESS);
 }
 
+void frmPlayer::saveSession() {
+    try {
+        take(kSessionSteps);
+    } catch (...) {
+        ground_.errors.log(config::currentError(), config::player("kill process"));
+    }
+}
+
 void frmPlayer::changeLanguage() {
     ground_.readLanguage();
     ground_.language.loadAttached();

@@ -50,6 +50,10 @@ public:
     /// Saves everything, frees the sound library and ends the process.
     void kill_me();
 
+    /// Saves what `kill_me` would, and goes on. What goes wrong is only logged: nobody is there to
+    /// answer a box.
+    void saveSession();
+
     /// Reads which language is set and gives its words to all windows that are open. Raises what
     /// reading a setting raises.
     void changeLanguage();
@@ -140,6 +144,7 @@ private:
     static const std::span<const Step> kInitializeSteps;
     static const std::span<const Step> kLoadSteps;
     static const std::span<const Step> kEndSteps;
+    static const std::span<const Step> kSessionSteps;
 
     /// Takes the steps in their order until the process is told to end.
     void take(std::span<const Step> steps);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The start and the end of the program, in their order.
+// The start and the end of the program, and what is saved in between, in their order.
 #include "app/frmPlayer.h"
 
 #include <array>
@@ -87,6 +87,23 @@ const std::span<const frmPlayer::Step> frmPlayer::kEndSteps = [] {
         Step{"free the visualisation", in<&P::visuals_, &Visuals::free>},
         Step{"free the sound library", in<&P::music_, &Music::freeSound>},
         Step{"remove the tray icon", in<&P::presence_, &Presence::hideTray>},
+    };
+    return std::span<const Step>(kSteps);
+}();
+
+const std::span<const frmPlayer::Step> frmPlayer::kSessionSteps = [] {
+    using P = frmPlayer;
+    static constexpr std::array kSteps = {
+        Step{"save the list so far", in<&P::lists_, &Lists::saveListSoFar>, false,
+             in<&P::front_, &Front::showWindow>},
+        Step{"save the shortcuts", in<&P::menus_, &Menus::saveShortcuts>, false,
+             in<&P::menus_, &Menus::load>},
+        Step{"finish lists that are being saved", in<&P::filling_, &Filling::finishSaves>},
+        Step{"save the settings", &P::saveSettings},
+        Step{"save the equalizer", in<&P::tone_, &Tone::saveEqualizer>, false,
+             in<&P::tone_, &Tone::restoreEqualizer>},
+        Step{"save the stations", in<&P::stations_, &Stations::saveStations>, false,
+             in<&P::stations_, &Stations::readStations>},
     };
     return std::span<const Step>(kSteps);
 }();

@@ -86,6 +86,9 @@ constexpr std::string_view kOptionStart = "--";
 /// Drives have the letters D to Z.
 constexpr std::size_t kMostImages = 23;
 
+/// Session managers write it so; nobody else does, so that no help tells it.
+constexpr std::string_view kSessionWord = "-session";
+
 std::string synopsis(const Option& option) {
     std::string text = std::string(kOptionStart).append(option.name);
     return option.valueName.empty() ? text : text.append(" ").append(option.valueName);
@@ -106,7 +109,9 @@ public:
         bool options = true;
         for (; next_ < words_.size() && !error_; ++next_) {
             const std::string_view word = words_[next_];
-            if (!options || !word.starts_with(kOptionStart)) {
+            if (options && word == kSessionWord && next_ + 1 < words_.size()) {
+                line_.session = words_[++next_];
+            } else if (!options || !word.starts_with(kOptionStart)) {
                 others.push_back(word);
             } else if (word == kOptionStart) {
                 options = false;

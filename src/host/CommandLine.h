@@ -22,6 +22,7 @@ struct CommandLine {
     bool help = false;
     bool version = false;
     bool forgetTypes = false;
+    std::optional<std::string> session; ///< by which the desktop's session knows the program
     std::optional<std::string> dataFolder;
     std::optional<std::string> device;
     std::optional<bool> comfort; ///< for this run
@@ -41,8 +42,8 @@ inline constexpr int kUsageStatus = 2;
 
 /// Reads the words behind the program's name. Options begin with "--", their value is the next
 /// word or stands behind "="; a bare "--" ends them. Of an option given twice the last counts, but
-/// for
-/// "--cd".
+/// for "--cd". A session manager puts "-session" with the name of the
+/// program in its session.
 [[nodiscard]] std::variant<CommandLine, UsageError>
 parseCommandLine(std::span<const std::string> words, std::string_view workingFolder);
 

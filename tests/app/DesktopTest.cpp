@@ -53,6 +53,15 @@ TEST_F(DesktopWing, aStartThatNobodyWatchesLeavesTheDesktopAlone) {
     EXPECT_FALSE(player().choices().preferences.canAssociate());
 }
 
+TEST_F(DesktopWing, aRemoteControlOpensFilesThatAreThere) {
+    start();
+    const std::string path = track("song.mp3");
+    EXPECT_FALSE(player().desktop().remote.OpenUri("file://" + (host_.folder / "none.mp3")));
+    EXPECT_EQ(player().stdSS().ListCount(), 0);
+    EXPECT_TRUE(player().desktop().remote.OpenUri("file://" + path));
+    EXPECT_EQ(player().stdSS().ListCount(), 1);
+}
+
 TEST_F(DesktopWing, messengersHearOfTracksAndOfTheEnd) {
     set("MSN", "1");
     options_.commandLine = "\"" + track("song.mp3") + "\"";

@@ -168,6 +168,43 @@ TEST_F(End, aFailedSaveLosesNothing) {
     EXPECT_EQ(host_.folder.read(kSettings), before);
 }
 
+TEST_F(End, aSessionThatMayGoOnHasAllSavedAndThePlayerGoesOn) {
+    options_.commandLine = "\"" + track("song.mp3") + "\"";
+    start();
+    EXPECT_TRUE(player().commands().run(commands::CommandId::shuffle));
+    window_.x = 500;
+    sound_.calls.clear();
+    player().saveSession();
+    EXPECT_EQ(setting("SHF"), "1");
+    EXPECT_EQ(setting("X"), "7500");
+    EXPECT_THAT(sound_.calls, IsEmpty()) << "it plays on";
+    EXPECT_FALSE(host_.endStatus);
+    EXPECT_TRUE(player().state().IsPlaying);
+    EXPECT_TRUE(player().commands().run(commands::CommandId::shuffle));
+    player().kill_me();
+    EXPECT_EQ(setting("SHF"), "0") << "the end saves what came behind it";
+}
+
+TEST_F(End, theListOfASessionThatMayGoOnIsSaved) {
+    host_.folder.write("db/autosave.m3u", "#EXTM3U\r\n#EXTINF:1,one\r\n/one.mp3\r\n");
+    start();
+    advance(200); // the list is read 100 ms after the start
+    player().lists().stdSS.AddItem("", "/two.mp3", "two", "", 0);
+    player().saveSession();
+    EXPECT_THAT(host_.folder.read("db/autosave.m3u"), testing::HasSubstr("/two.mp3"));
+}
+
+TEST_F(End, aSaveForASessionThatFailsIsOnlyLogged) {
+    start();
+    lockFolder(true);
+    {
+        const Unprivileged user;
+        player().saveSession();
+    }
+    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+    EXPECT_THAT(logged(), testing::SizeIs(1));
+}
+
 TEST_F(End, noBoxIsShownWhenNobodyIsThere) {
     start();
     lockFolder(true);

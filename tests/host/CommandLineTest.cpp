@@ -86,6 +86,14 @@ TEST(CommandLine, aBareDoubleDashEndsTheOptions) {
     EXPECT_THAT(line.player.files, ElementsAre("/music/--help", "/music/--", "/music/-x"));
 }
 
+TEST(CommandLine, aSessionManagerNamesTheProgram) {
+    const CommandLine line = parsed({"--data", "d", "-session", "10a_1", "/Play", "a.mp3"});
+    EXPECT_EQ(line.session, "10a_1");
+    EXPECT_THAT(line.player.files, ElementsAre("/music/a.mp3"));
+    EXPECT_FALSE(parsed({"--", "-session", "x"}).session);
+    EXPECT_THAT(parsed({"-session"}).player.files, ElementsAre("/music/-session"));
+}
+
 TEST(CommandLine, theLastOfTwoCounts) {
     EXPECT_EQ(parsed({"--device=a", "--device", "b"}).device, "b");
     EXPECT_EQ(parsed({"--device==x"}).device, "=x");
