@@ -179,8 +179,8 @@ RemoteState Remote::state() const {
     remote.Volume = state.CurrentVolume / kWholeVolume;
     remote.Metadata = current();
     remote.CanGoNext = p_.playback.advance.hasNext();
-    remote.CanGoPrevious =
-        any && (state.ShuffleOn ? state.RepeatOn : state.RepeatOn || list.SelectedIndex > 1);
+    const bool picksAnew = state.ShuffleOn && !state.comfort.remembersPicks;
+    remote.CanGoPrevious = picksAnew ? any && state.RepeatOn : p_.playback.advance.hasPrevious();
     remote.CanPlay = any || playing();
     remote.CanPause = playing();
     remote.CanSeek = remote.Metadata.length > 0;

@@ -72,6 +72,9 @@ public:
     /// Whether `Next_track` would play something.
     [[nodiscard]] bool hasNext() const;
 
+    /// Whether `last_track` would play something, but for picks without a memory.
+    [[nodiscard]] bool hasPrevious() const;
+
     /// Whether there is always a next track.
     [[nodiscard]] bool neverEnds() const;
 
@@ -80,7 +83,6 @@ public:
     void selectItem(std::int32_t item);
 
 private:
-    [[nodiscard]] bool hasPrevious() const;
     [[nodiscard]] playlist::Row currentRow() const;
     void reportTrack(const TrackReport& report) override;
     void reportNothing(const std::string& format, const std::string& word) override;

@@ -200,6 +200,14 @@ TEST_F(RemoteTest, anotherRowThatIsSelectedHasOthersBesideIt) {
     EXPECT_FALSE(remote_.state().CanGoPrevious);
 }
 
+TEST_F(RemoteTest, whatShuffleRemembersIsBeforeThis) {
+    playSecond();
+    remote_.setShuffle(true);
+    EXPECT_FALSE(remote_.state().CanGoPrevious);
+    state_.comfort.remembersPicks = true;
+    EXPECT_TRUE(remote_.state().CanGoPrevious);
+}
+
 TEST_F(RemoteTest, volumeBothWays) {
     remote_.setVolume(0.5);
     EXPECT_EQ(state_.CurrentVolume, 50);
