@@ -34,15 +34,15 @@ bool isThere(host::MessagePump& pump, const std::string& path) {
 
 Desktop::Desktop(const Needs& needs, const host::Host& host)
     : messenger(needs.core, host.messengers),
-      remote({.core = needs.core,
-              .playback = needs.playback,
-              .commands = needs.commands,
-              .addFile =
-                  [&media = needs.media, &pump = host.pump](const std::string& path) {
-                      if (isThere(pump, path)) {
-                          media.Stdss_OleDragDrop(std::vector<std::string>{path});
-                      }
-                  }}),
+      remote(
+          {.core = needs.core,
+           .playback = needs.playback,
+           .commands = needs.commands,
+           .isThere = [&pump = host.pump](const std::string& path) { return isThere(pump, path); },
+           .addFile =
+               [&media = needs.media](const std::string& path) {
+                   media.Stdss_OleDragDrop(std::vector<std::string>{path});
+               }}),
       host_(host), options_(needs.options) {
     needs.core.news.add(messenger);
 }

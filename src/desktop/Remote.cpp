@@ -182,7 +182,7 @@ RemoteState Remote::state() const {
     const bool picksAnew = state.ShuffleOn && !state.comfort.remembersPicks;
     remote.CanGoPrevious = picksAnew ? any && state.RepeatOn : p_.playback.advance.hasPrevious();
     remote.CanPlay = any || playing();
-    remote.CanPause = playing();
+    remote.CanPause = remote.CanPlay; // it is not to come and go with what the player does
     remote.CanSeek = remote.Metadata.length > 0;
     return remote;
 }
@@ -231,12 +231,16 @@ void Remote::Play() {
     }
 }
 
-void Remote::PlayPause() {
+bool Remote::PlayPause() {
+    if (!state().CanPause) {
+        return false;
+    }
     if (playing()) {
         p_.commands.run(CommandId::pause);
     } else {
         Play();
     }
+    return true;
 }
 
 void Remote::Stop() {
@@ -248,11 +252,11 @@ void Remote::Stop() {
 void Remote::moveTo(std::int64_t position) {
     const sound::Handle channel = p_.core.state.active();
     const double seconds = static_cast<double>(position) / kMicroseconds;
-    p_.core.sound.BASS_ChannelSetPosition(
+    const bool moved = p_.core.sound.BASS_ChannelSetPosition(
         channel, p_.core.sound.BASS_ChannelSeconds2Bytes(channel, seconds));
     p_.core.state.SilenceTicks = 0;
-    if (seeked) {
-        seeked(position);
+    if (moved && seeked) {
+        seeked(Position()); // not every place can be reached
     }
 }
 

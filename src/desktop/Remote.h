@@ -25,6 +25,8 @@ public:
         const player::Core& core;
         player::Playback& playback;
         const commands::Commands& commands;
+        /// May let other calls come meanwhile.
+        std::function<bool(const std::string& path)> isThere;
         std::function<void(const std::string& path)> addFile; ///< to the end of the list
     };
 
@@ -52,7 +54,10 @@ public:
     void Next();
     void Previous();
     void Pause();
-    void PlayPause();
+
+    /// False where there is nothing to play or to pause.
+    [[nodiscard]] bool PlayPause();
+
     void Stop();
     void Play();
 
@@ -63,8 +68,12 @@ public:
     /// Nothing happens for another track than the one that sounds, or a place outside of it.
     void SetPosition(std::string_view trackId, std::int64_t position);
 
-    /// Appends a file or an address of the web to the list and plays it. False for what is neither.
+    /// Appends a file of music or an address of the web to the list and plays it. False for what is
+    /// neither, and while another one is being opened.
     [[nodiscard]] bool OpenUri(const std::string& uri);
+
+    /// Whether `OpenUri` still waits for the disk.
+    [[nodiscard]] bool opening() const { return opening_; }
 
     /// "None", "Track" or "Playlist". Repeating one track is not known: false, as for any other.
     [[nodiscard]] bool setLoopStatus(std::string_view status);
@@ -133,7 +142,11 @@ private:
     void go(commands::CommandId command, int step, bool possible);
     void moveTo(std::int64_t position);
 
+    /// Asks the disk, and holds off whoever wants to open another one meanwhile.
+    [[nodiscard]] bool isThere(const std::string& path);
+
     Needs p_;
+    bool opening_ = false;
     player::TrackReport report_{};
     std::string art_;
     std::string known_; ///< the path of the track that was reported last

@@ -4,9 +4,11 @@
 #include "base/Windows1252.h"
 #include "desktop/Remote.h"
 #include "player/FadeTime.h"
+#include "playlist/AudioExtensions.h"
 
 #include <algorithm>
 #include <charconv>
+#include <optional>
 
 namespace tovik::desktop {
 
@@ -23,12 +25,36 @@ std::string Remote::pathOf(RowIds::Id row) {
     return kTrackPath + std::to_string(row);
 }
 
+bool Remote::isThere(const std::string& path) {
+    struct While {
+        explicit While(bool& it) : flag(it) { flag = true; }
+
+        ~While() { flag = false; }
+
+        While(const While&) = delete;
+        While& operator=(const While&) = delete;
+        bool& flag;
+    };
+
+    const While asked(opening_);
+    return p_.isThere(path);
+}
+
 bool Remote::OpenUri(const std::string& uri) {
+    if (opening_) {
+        return false;
+    }
+    const bool web = base::isWebUrl(uri);
+    const auto path = web ? std::nullopt : base::pathFromFileUrl(uri);
+    if (path && (!playlist::isMusic(*path) || !isThere(*path))) {
+        return false;
+    }
+    // Whatever happened to the list while the disk was asked has happened by now.
     playlist::stdSS& list = p_.core.lists.stdSS;
     const Row before = list.ListCount();
-    if (base::isWebUrl(uri)) {
+    if (web) {
         list.AddItem(uri, uri, uri, "", 0);
-    } else if (const auto path = base::pathFromFileUrl(uri)) {
+    } else if (path) {
         p_.addFile(*path);
     }
     if (list.ListCount() == before) {

@@ -21,6 +21,9 @@ inline constexpr std::size_t kScannedExtensions = 14;
 /// Whether a dropped file becomes a row: its extension is one of all, in any case of letters.
 [[nodiscard]] bool isDropped(std::string_view path);
 
+/// Whether a file is music by its extension, in any case of letters: no playlist file.
+[[nodiscard]] bool isMusic(std::string_view path);
+
 /// How many rows a file gets when a folder is added: for each place in its extension and each of
 /// the scanned ones one, if the latter occurs at that place or behind it, in any case of letters.
 [[nodiscard]] std::int32_t scannedRows(std::string_view extension);

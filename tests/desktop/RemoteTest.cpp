@@ -7,7 +7,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <limits>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -50,13 +52,16 @@ protected:
     std::vector<std::string> started_;
     commands::Commands commands_;
     std::vector<std::string> added_;
+    std::function<bool(const std::string&)> isThere_ = [](const std::string&) { return true; };
     Remote remote_{{.core = core_,
                     .playback = playback_,
                     .commands = commands_,
-                    .addFile = [this](const std::string& path) {
-                        added_.push_back(path);
-                        list_.AddItem(path, path, path, "", 0);
-                    }}};
+                    .isThere = [this](const std::string& path) { return isThere_(path); },
+                    .addFile =
+                        [this](const std::string& path) {
+                            added_.push_back(path);
+                            list_.AddItem(path, path, path, "", 0);
+                        }}};
 };
 
 TEST_F(RemoteTest, nothingPlays) {
@@ -67,6 +72,7 @@ TEST_F(RemoteTest, nothingPlays) {
                  state.CanGoPrevious);
     EXPECT_EQ(remote_.Position(), 0);
     EXPECT_EQ(remote_.currentTrack(), kNoTrack);
+    EXPECT_FALSE(remote_.PlayPause());
     remote_.Pause();
     remote_.Stop();
     remote_.Next();
@@ -118,13 +124,14 @@ TEST_F(RemoteTest, pauseAndPlay) {
     remote_.Play();
     EXPECT_EQ(remote_.state().PlaybackStatus, "Playing");
     EXPECT_EQ(playingRow(), 2) << "it goes on and does not begin anew";
-    remote_.PlayPause();
+    EXPECT_TRUE(remote_.PlayPause());
     EXPECT_EQ(remote_.state().PlaybackStatus, "Paused");
-    remote_.PlayPause();
+    EXPECT_TRUE(remote_.PlayPause());
     EXPECT_EQ(remote_.state().PlaybackStatus, "Playing");
     remote_.Stop();
     EXPECT_EQ(remote_.state().PlaybackStatus, "Stopped");
-    remote_.PlayPause();
+    EXPECT_TRUE(remote_.state().CanPause) << "there is a list to play";
+    EXPECT_TRUE(remote_.PlayPause());
     EXPECT_EQ(remote_.state().PlaybackStatus, "Playing");
 }
 
@@ -236,6 +243,17 @@ TEST_F(RemoteTest, seeking) {
     EXPECT_EQ(playingRow(), 3) << "behind the end is the next track";
 }
 
+TEST_F(RemoteTest, thePlaceThatWasReachedIsTold) {
+    playSecond();
+    remote_.Seek(1);
+    ASSERT_EQ(seeks_.size(), 1U);
+    EXPECT_EQ(seeks_.front(), 0) << "no sample begins later so soon";
+    sound_.error = sound::ErrorCode::invalidPosition;
+    remote_.Seek(kSecond);
+    remote_.SetPosition(remote_.currentTrack(), 40 * kSecond);
+    EXPECT_EQ(seeks_.size(), 1U) << "it stayed where it was";
+}
+
 TEST_F(RemoteTest, placesOfTheTrackThatSounds) {
     playSecond();
     const std::string id = remote_.currentTrack();
@@ -263,10 +281,36 @@ TEST_F(RemoteTest, openedAddressesAreAppendedAndPlayed) {
     EXPECT_TRUE(remote_.OpenUri("file://" + host_.folder.path() + "/x%20y.mp3"));
     EXPECT_THAT(added_, ElementsAre(path));
     EXPECT_EQ(playingRow(), 2);
-    for (const char* bad : {"", "x", "/etc/passwd", "ftp://a/b", "file:///a%00b"}) {
+    for (const char* bad : {"", "x", "/etc/passwd", "ftp://a/b", "file:///a%00b", "file:///a.m3u",
+                            "file:///a.PLS", "file:///etc/passwd"}) {
         EXPECT_FALSE(remote_.OpenUri(bad)) << bad;
     }
+    isThere_ = [](const std::string&) { return false; };
+    EXPECT_FALSE(remote_.OpenUri("file:///none.mp3"));
     EXPECT_EQ(list_.ListCount(), 2);
+}
+
+TEST_F(RemoteTest, whileTheDiskIsAskedForOneFileNoOtherIsOpened) {
+    addRows(3, {.seconds = 100});
+    const std::string path = track("x.mp3", {.seconds = 10});
+    int asked = 0;
+    isThere_ = [this, &asked](const std::string&) {
+        ++asked;
+        EXPECT_TRUE(remote_.opening());
+        EXPECT_FALSE(remote_.OpenUri("file:///y.mp3"));
+        EXPECT_FALSE(remote_.OpenUri("http://a/b"));
+        list_.Clear(); // by hand meanwhile
+        addRows(1, {.seconds = 100});
+        return true;
+    };
+    EXPECT_TRUE(remote_.OpenUri("file://" + path));
+    EXPECT_EQ(asked, 1);
+    EXPECT_THAT(added_, ElementsAre(path));
+    EXPECT_EQ(list_.ListCount(), 2);
+    EXPECT_EQ(playingRow(), 2);
+    isThere_ = [](const std::string&) -> bool { throw std::runtime_error("the program ends"); };
+    EXPECT_ANY_THROW(static_cast<void>(remote_.OpenUri("file://" + path)));
+    EXPECT_FALSE(remote_.opening());
 }
 
 TEST_F(RemoteTest, theTracksOfTheList) {
@@ -345,7 +389,7 @@ TEST_F(RemoteTest, theEndOfTheListIsTold) {
     advance(3'000);
     EXPECT_GT(changes_, 0);
     EXPECT_EQ(remote_.state().PlaybackStatus, "Stopped");
-    remote_.PlayPause();
+    EXPECT_TRUE(remote_.PlayPause());
     EXPECT_EQ(remote_.state().PlaybackStatus, "Playing") << "it begins anew";
 }
 

@@ -16,7 +16,10 @@ class Remote(RemoteTest):
         self.assertEqual(self.get("Identity", ROOT), "Tovik")
         self.assertEqual(self.get("DesktopEntry", ROOT), "tovik")
         self.assertEqual(self.get("SupportedUriSchemes", ROOT), ["file", "http", "https"])
-        self.assertIn("audio/mpeg", self.get("SupportedMimeTypes", ROOT))
+        types = self.get("SupportedMimeTypes", ROOT)
+        self.assertIn("audio/mpeg", types)
+        for playlist in ("audio/x-mpegurl", "audio/x-scpls"):
+            self.assertNotIn(playlist, types)
         for name in ("CanQuit", "CanRaise", "HasTrackList"):
             self.assertIs(self.get(name, ROOT), True)
         self.call(PLAYER, "Stop")  # the first start plays a welcome
@@ -28,9 +31,17 @@ class Remote(RemoteTest):
         self.assertIs(everything["CanControl"], True)
         self.assertIn('interface name="org.mpris.MediaPlayer2.TrackList"',
                       self.call("org.freedesktop.DBus.Introspectable", "Introspect")[0])
-        self.assertEqual(self.call(ROOT, "Raise"), [])
         self.assertEqual(self.call(ROOT, "Quit"), [])
         self.assertEqual(self.player.wait(LIMIT), 0)
+
+    def test_a_minimised_window_is_raised(self):
+        self.start_window_manager()
+        self.start()
+        window = self.window_of(self.player)
+        self.tool("xdotool", "windowminimize", "--sync", window)
+        self.wait_until(lambda: not self.player_windows(), "the window to go")
+        self.assertEqual(self.call(ROOT, "Raise"), [])
+        self.wait_until(lambda: self.player_windows() == [window], "the window to come back")
 
     def test_playing(self):
         self.start(self.playlist())
@@ -61,15 +72,52 @@ class Remote(RemoteTest):
         self.call(PLAYER, "Stop")
         self.assertEqual(self.get("PlaybackStatus"), "Stopped")
         self.assertTrue(self.get("Metadata")["mpris:trackid"].endswith("/NoTrack"))
+        self.assertIs(self.get("CanPause"), True)  # there is something to play
+        self.assertEqual(self.call(PLAYER, "PlayPause"), [])
+        self.assertEqual(self.get("PlaybackStatus"), "Playing")
+
+    def test_nothing_to_play(self):
+        with open(self.path("none.m3u"), "w", encoding="utf-8") as file:
+            file.write("#EXTM3U\n")
+        self.start(self.path("none.m3u"))
+        self.until("Tracks", [], TRACKS)
+        self.until("PlaybackStatus", "Stopped")
+        self.assertEqual([self.get("CanPlay"), self.get("CanPause")], [False, False])
+        self.assertEqual(self.call(PLAYER, "PlayPause"),
+                         {"error": "org.freedesktop.DBus.Error.NotSupported"})
+
+    def test_what_can_be_done_is_told(self):
+        self.start(self.playlist())
+        self.until("PlaybackStatus", "Playing")
+        can = ("CanGoNext", "CanGoPrevious", "CanPlay", "CanPause", "CanSeek")
+        self.assertEqual([self.get(name) for name in can], [True, False, True, True, True])
+        for _ in range(2):
+            self.call(PLAYER, "Next")
+        self.assertEqual([self.get(name) for name in can], [False, True, True, True, True])
+        told = {}
+        self.wait_until(lambda: told.update(self.changes()) or "CanGoPrevious" in told, "not told")
+        self.assertEqual((told["CanGoNext"], told["CanGoPrevious"]), (False, True))
+        for name, on, off in (("LoopStatus", "Playlist", "None"), ("Shuffle", True, False)):
+            for value, possible in ((on, True), (off, False)):
+                self.put(name, "s" if name == "LoopStatus" else "b", value)
+                self.assertIs(self.get("CanGoNext"), possible, name)
+                self.wait_until(lambda p=possible: self.changes().get("CanGoNext") is p,
+                                "not told")
+        self.call(PLAYER, "Stop")
+        self.assertIs(self.get("CanSeek"), False)
+        self.wait_until(lambda: self.changes().get("CanSeek") is False, "not told")
 
     def test_seeking(self):
         self.start(self.playlist())
         self.until("PlaybackStatus", "Playing")
         self.call(PLAYER, "Pause")
-        self.told("Seeked")
+        self.ask("signals")
         track = self.get("Metadata")["mpris:trackid"]
         self.call(PLAYER, "SetPosition", "(ox)", track, 3 * SECOND)
-        self.assertEqual(self.told("Seeked"), [[3 * SECOND]])
+        signals = self.ask("signals")
+        self.assertIn([PLAYER, "Seeked", [3 * SECOND]], signals)
+        self.assertFalse([arguments for _, name, arguments in signals
+                          if name == "PropertiesChanged" and "Position" in arguments[1]])
         self.assertEqual(self.get("Position"), 3 * SECOND)
         self.call(PLAYER, "Seek", "(x)", -SECOND)
         self.assertEqual(self.told("Seeked"), [[2 * SECOND]])
@@ -126,9 +174,11 @@ class Remote(RemoteTest):
         self.assertEqual(self.call(PLAYER, "OpenUri", "(s)",
                                    "file://" + media("wav_s16_44100_mono.wav")), [])
         added = self.get("Tracks", TRACKS)[-1]
-        told = []
-        self.wait_until(lambda: told.extend(self.told("TrackAdded")) or told, "not told")
-        metadata, after = told[0]
+        signals = []
+        self.wait_until(lambda: signals.extend(self.ask("signals")) or "TrackAdded" in [
+            name for _, name, _ in signals], "not told")
+        self.assertIn([PROPERTIES, "PropertiesChanged", [TRACKS, {}, ["Tracks"]]], signals)
+        metadata, after = next(arguments for _, name, arguments in signals if name == "TrackAdded")
         self.assertEqual((metadata["mpris:trackid"], after), (added, tracks[-1]))
         # The row that plays gets its real length: its words change.
         changed = []
@@ -182,7 +232,7 @@ class Remote(RemoteTest):
         tracks = self.get("Tracks", TRACKS)
         refused = {"error": "org.freedesktop.DBus.Error.InvalidArgs"}
         for uri in ("", "x", "/etc/passwd", "file:///etc/passwd", "file://elsewhere/a.mp3",
-                    "file:///a%zz.mp3", "file:///no/such/file.mp3", "ftp://x/y.mp3"):
+                    "file://" + self.path("list.m3u"), "file:///a%zz.mp3", "file:///no/such/file.mp3", "ftp://x/y.mp3"):
             self.assertEqual(self.call(PLAYER, "OpenUri", "(s)", uri), refused, uri)
         for call in ((PLAYER, "OpenUri", "(i)", 1), (PLAYER, "SetPosition", "(sx)", tracks[0], 1),
                      (PLAYER, "SetPosition", "(o)", tracks[0]), (PLAYER, "Next", "(s)", "x"),
@@ -242,6 +292,10 @@ class Remote(RemoteTest):
         other = self.start_program("--device", "silent")
         own = f"{NAME}.instance{other.pid}"
         self.wait_until(lambda: own in self.names(), "no name of its own")
+        self.assertIn(NAME, self.names())
+        self.assertEqual(self.call(ROOT, "Quit"), [])
+        self.assertEqual(self.player.wait(LIMIT), 0)  # the name was still that of the first
+        self.assertIsNone(other.poll())
 
     def names(self):
         answer = subprocess.run(["dbus-send", "--session", "--print-reply", "--dest=org.freedesktop"
@@ -274,13 +328,28 @@ class Remote(RemoteTest):
         control("next")
         self.assertEqual(control("metadata", "title"), "Song 2")
         control("previous")
+        self.assertEqual(control("metadata", "title"), "Song 1")
+        self.assertEqual(control("status"), "Paused")
         control("play")
+        self.assertEqual(control("status"), "Playing")
+        control("play-pause")
+        self.assertEqual(control("status"), "Paused")
+        control("position", "1+")
+        self.assertGreaterEqual(float(control("position")), 1)
+        control("play-pause")
+        self.assertEqual(control("status"), "Playing")
         control("volume", "0.5")
         self.assertEqual(float(control("volume")), 0.5)
+        control("volume", "0.1-")
+        self.assertEqual(float(control("volume")), 0.4)
         control("shuffle", "On")
         self.assertEqual(control("shuffle"), "On")
+        control("shuffle", "Toggle")
+        self.assertEqual(control("shuffle"), "Off")
         control("loop", "Playlist")
         self.assertEqual(control("loop"), "Playlist")
+        control("loop", "None")
+        self.assertEqual(control("loop"), "None")
         control("open", "file://" + media("wav_s16_44100_mono.wav"))
         self.assertTrue(control("metadata", "xesam:url").endswith("/wav_s16_44100_mono.wav"))
         control("stop")

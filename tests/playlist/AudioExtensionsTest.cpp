@@ -22,6 +22,15 @@ TEST(AudioExtensions, aDropTakesThemAllWhole) {
     }
 }
 
+TEST(AudioExtensions, aListOfFilesIsNoMusic) {
+    for (const char* path : {"/a.mp3", "/a.WMA", "/x.y.Mo3"}) {
+        EXPECT_TRUE(isMusic(path)) << path;
+    }
+    for (const char* path : {"/list.m3u", "/list.PLS", "/mp3", "/a.txt", ""}) {
+        EXPECT_FALSE(isMusic(path)) << path;
+    }
+}
+
 TEST(AudioExtensions, aFolderTakesWhatHoldsOneOfThem) {
     EXPECT_EQ(scannedRows("mp3"), 1);
     EXPECT_EQ(scannedRows("MP3"), 1);

@@ -18,6 +18,7 @@
 #include <QTimer>
 #include <set>
 #include <utility>
+#include <variant>
 #include <vector>
 
 namespace tovik::desktop {
@@ -142,10 +143,11 @@ private:
             return message.createErrorReply(QDBusError::InvalidArgs,
                                             QStringLiteral("other arguments are needed"));
         }
-        const auto answer = found->call(target(), message.arguments());
-        return answer ? message.createReply(*answer)
-                      : message.createErrorReply(QDBusError::InvalidArgs,
-                                                 QStringLiteral("this cannot be opened"));
+        const MprisAnswer answer = found->call(target(), message.arguments());
+        const auto* const refusal = std::get_if<MprisRefusal>(&answer);
+        return refusal == nullptr
+                   ? message.createReply(std::get<QVariantList>(answer))
+                   : message.createErrorReply(textOf(refusal->error), textOf(refusal->why));
     }
 
     QDBusMessage property(const QDBusMessage& message) {

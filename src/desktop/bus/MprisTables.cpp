@@ -8,6 +8,7 @@
 #include <QDBusArgument>
 #include <QDBusObjectPath>
 #include <QStringList>
+#include <span>
 
 namespace tovik::desktop {
 
@@ -16,7 +17,7 @@ namespace {
 using T = const MprisTarget&;
 using S = const RemoteState&;
 using Arguments = const QVariantList&;
-using Answer = std::optional<QVariantList>;
+using Answer = MprisAnswer;
 
 std::string pathIn(const QVariant& value) {
     return value.value<QDBusObjectPath>().path().toStdString();
@@ -24,7 +25,9 @@ std::string pathIn(const QVariant& value) {
 
 QStringList mimeTypes() {
     QStringList types;
-    for (const std::string_view extension : playlist::AudioExtensions) {
+    // A list of files is no track.
+    for (const std::string_view extension :
+         std::span(playlist::AudioExtensions).first<playlist::kScannedExtensions>()) {
         for (const std::string_view type : mimeTypesOf(extension)) {
             types.append(textOf(type));
         }
@@ -133,7 +136,13 @@ constexpr auto kMethods = std::to_array<MprisMethod>({
     {kPlayerInterface, "Next", "", "", plain<&Remote::Next>},
     {kPlayerInterface, "Previous", "", "", plain<&Remote::Previous>},
     {kPlayerInterface, "Pause", "", "", plain<&Remote::Pause>},
-    {kPlayerInterface, "PlayPause", "", "", plain<&Remote::PlayPause>},
+    {kPlayerInterface, "PlayPause", "", "",
+     [](T target, Arguments) -> Answer {
+         if (!target.remote.PlayPause()) {
+             return MprisRefusal{"org.freedesktop.DBus.Error.NotSupported", "there is no track"};
+         }
+         return done();
+     }},
     {kPlayerInterface, "Stop", "", "", plain<&Remote::Stop>},
     {kPlayerInterface, "Play", "", "", plain<&Remote::Play>},
     {kPlayerInterface, "Seek", "x Offset", "",
@@ -147,8 +156,15 @@ constexpr auto kMethods = std::to_array<MprisMethod>({
          return done();
      }},
     {kPlayerInterface, "OpenUri", "s Uri", "",
-     [](T target, Arguments arguments) {
-         return target.remote.OpenUri(arguments.at(0).toString().toStdString()) ? done() : Answer();
+     [](T target, Arguments arguments) -> Answer {
+         if (target.remote.opening()) {
+             return MprisRefusal{"org.freedesktop.DBus.Error.LimitsExceeded",
+                                 "another one is being opened"};
+         }
+         if (!target.remote.OpenUri(arguments.at(0).toString().toStdString())) {
+             return MprisRefusal{"org.freedesktop.DBus.Error.InvalidArgs", "this cannot be opened"};
+         }
+         return done();
      }},
     {kTracksInterface, "GetTracksMetadata", "ao TrackIds", "aa{sv} Metadata",
      [](T target, Arguments arguments) -> Answer {

@@ -7,11 +7,11 @@
 #include "desktop/Remote.h"
 
 #include <functional>
-#include <optional>
 #include <QString>
 #include <QVariant>
 #include <span>
 #include <string_view>
+#include <variant>
 
 namespace tovik::desktop {
 
@@ -43,13 +43,20 @@ struct MprisProperty {
     bool (*set)(const MprisTarget& target, const QVariant& value) = nullptr; ///< none: read only
 };
 
+/// Why a call has no effect.
+struct MprisRefusal {
+    std::string_view error; ///< its name on the bus
+    std::string_view why;
+};
+
+using MprisAnswer = std::variant<QVariantList, MprisRefusal>;
+
 struct MprisMethod {
     std::string_view interface;
     std::string_view name;
     std::string_view arguments; ///< "type name" of each, parted by commas
     std::string_view result;    ///< of the one that it gives, likewise
-    /// The answer; nothing for arguments that make no sense.
-    std::optional<QVariantList> (*call)(const MprisTarget& target, const QVariantList& arguments);
+    MprisAnswer (*call)(const MprisTarget& target, const QVariantList& arguments);
 };
 
 struct MprisSignal {

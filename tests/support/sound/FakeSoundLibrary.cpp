@@ -273,7 +273,8 @@ std::int64_t FakeSoundLibrary::BASS_ChannelGetPosition(Handle handle) {
 bool FakeSoundLibrary::BASS_ChannelSetPosition(Handle handle, std::int64_t bytes) {
     calls.push_back(call("BASS_ChannelSetPosition", handle, bytes));
     Channel* const channel = find(handle);
-    if (channel == nullptr || bytes < 0 || bytes > bytesOf(channel->file, channel->file.seconds)) {
+    if (channel == nullptr || bytes < 0 || bytes > bytesOf(channel->file, channel->file.seconds) ||
+        error == sound::ErrorCode::invalidPosition) {
         return false;
     }
     channel->position = bytes;
