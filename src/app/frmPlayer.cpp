@@ -194,10 +194,12 @@ void frmPlayer::kill_me() {
 }
 
 void frmPlayer::saveSession() {
-    try {
-        take(kSessionSteps);
-    } catch (...) {
-        ground_.errors.log(config::currentError(), config::player("kill process"));
+    for (std::size_t i = 0; i < kSessionSteps.size(); ++i) {
+        try {
+            take(kSessionSteps.subspan(i, 1));
+        } catch (...) {
+            ground_.errors.log(config::currentError(), config::player("kill process"));
+        }
     }
 }
 

@@ -50,8 +50,8 @@ public:
     /// Saves everything, frees the sound library and ends the process.
     void kill_me();
 
-    /// Saves what `kill_me` would, and goes on. What goes wrong is only logged: nobody is there to
-    /// answer a box.
+    /// Saves what `kill_me` would, and goes on. What goes wrong is only logged, for nobody is there
+    /// to answer a box, and keeps nothing else from being saved.
     void saveSession();
 
     /// Reads which language is set and gives its words to all windows that are open. Raises what

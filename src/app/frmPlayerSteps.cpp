@@ -96,6 +96,8 @@ const std::span<const frmPlayer::Step> frmPlayer::kSessionSteps = [] {
     static constexpr std::array kSteps = {
         Step{"save the list so far", in<&P::lists_, &Lists::saveListSoFar>, false,
              in<&P::front_, &Front::showWindow>},
+        Step{"keep the place and the order of the list", in<&P::autoload_, &Autoload::keepSession>,
+             false, in<&P::front_, &Front::showWindow>},
         Step{"save the shortcuts", in<&P::menus_, &Menus::saveShortcuts>, false,
              in<&P::menus_, &Menus::load>},
         Step{"finish lists that are being saved", in<&P::filling_, &Filling::finishSaves>},

@@ -143,6 +143,17 @@ protected:
     void run(commands::CommandId command) { EXPECT_TRUE(player().commands().run(command)); }
 };
 
+TEST_F(ComfortSessions, thePlaceAndTheOrderOfOneThatMayGoOnAreKept) {
+    options_.comfort = true;
+    begin();
+    run(commands::CommandId::shuffle);
+    player().music().playback.rows.playItem(1);
+    player().music().playback.time.SetPlayingPos(player().state().active(), 30, false);
+    player().saveSession();
+    EXPECT_NE(host_.folder.read(kSettings).find("<RSM>2 30</RSM>"), std::string::npos);
+    EXPECT_TRUE(std::filesystem::exists(host_.paths.of(host::DataItem::ShuffleOrder)));
+}
+
 TEST_F(ComfortSessions, aStartGoesOnWhereTheLastOneEnded) {
     using commands::CommandId;
     for (const bool kind : {false, true}) {

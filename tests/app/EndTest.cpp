@@ -9,6 +9,8 @@ namespace {
 namespace fs = std::filesystem;
 using testing::Contains;
 using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 class End : public AppRig {
@@ -202,7 +204,21 @@ TEST_F(End, aSaveForASessionThatFailsIsOnlyLogged) {
         player().saveSession();
     }
     EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
-    EXPECT_THAT(logged(), testing::SizeIs(1));
+    EXPECT_THAT(logged(), Contains(EndsWith("settings.xml,70,Player,kill process")));
+    EXPECT_THAT(logged(), Contains(HasSubstr("stations.dat,"))) << "one does not hide the other";
+}
+
+TEST_F(End, aListThatCannotBeSavedKeepsASessionFromNothingElse) {
+    host_.folder.write(kList, "#EXTM3U\r\n#EXTINF:1,one\r\n/one.mp3\r\n");
+    start();
+    advance(200); // the list is read 100 ms after the start
+    fs::remove(host_.folder / kList);
+    fs::create_directory(host_.folder / kList);
+    window_.x = 500;
+    player().saveSession();
+    EXPECT_EQ(setting("X"), "7500");
+    EXPECT_THAT(logged(), ElementsAre(EndsWith(",Player,kill process")));
+    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
 }
 
 TEST_F(End, noBoxIsShownWhenNobodyIsThere) {
