@@ -22,32 +22,47 @@ namespace {
 
 constexpr std::string_view kSkinPackage = "skins/base.tsf";
 
+/// What the steps have in common.
+struct Upgrading {
+    const host::Paths& paths;
+    const host::Paths& shipped;
+    host::LaidFiles& laid;
+    bool picturesRenewed = false;
+};
+
 /// One step; its failure is told and does not keep the others from it.
-using Step = void (*)(const host::Paths& paths, const host::Paths& shipped, host::LaidFiles& laid);
+using Step = void (*)(Upgrading& upgrading);
 
 /// The data folder's package counts as the one that was shipped while it is as it was laid.
-void renewPictures(const host::Paths& paths, const host::Paths& shipped, host::LaidFiles& laid) {
+void renewPictures(Upgrading& upgrading) {
     std::string newer;
-    const auto failure = base::readWholeFile(shipped.of(host::DataItem::SkinPackage), newer);
+    const auto failure =
+        base::readWholeFile(upgrading.shipped.of(host::DataItem::SkinPackage), newer);
     if (failure == std::errc::no_such_file_or_directory) {
         return;
     }
     base::raiseFailure(failure);
     std::string older;
-    const auto row = laid.digests.find(kSkinPackage);
-    if (base::readWholeFile(paths.of(host::DataItem::SkinPackage), older) ||
-        row == laid.digests.end() || base::digestOf(older) != row->second) {
+    const auto& digests = upgrading.laid.digests;
+    const auto row = digests.find(kSkinPackage);
+    if (base::readWholeFile(upgrading.paths.of(host::DataItem::SkinPackage), older) ||
+        row == digests.end() || base::digestOf(older) != row->second) {
         older.clear();
     }
-    skin::renewSkin(paths, newer, older);
+    skin::renewSkin(upgrading.paths, newer, older);
+    upgrading.picturesRenewed = true;
 }
 
-void renewFiles(const host::Paths& paths, const host::Paths& shipped, host::LaidFiles& laid) {
-    base::raiseFailure(host::renewShippedFiles(paths, shipped.dataFolder(), laid));
+/// The next start compares pictures that could not be renewed with the older package once more.
+void renewFiles(Upgrading& upgrading) {
+    base::raiseFailure(
+        host::renewShippedFiles(upgrading.paths, upgrading.shipped.dataFolder(), upgrading.laid,
+                                upgrading.picturesRenewed ? std::string_view() : kSkinPackage));
 }
 
-void takeVersion(const host::Paths& paths, const host::Paths& shipped, host::LaidFiles&) {
-    config::takeVersion(paths.of(host::DataItem::Settings), shipped.of(host::DataItem::Settings));
+void takeVersion(Upgrading& upgrading) {
+    config::takeVersion(upgrading.paths.of(host::DataItem::Settings),
+                        upgrading.shipped.of(host::DataItem::Settings));
 }
 
 /// In this order: the pictures are compared with the package that the files renew.
@@ -68,10 +83,11 @@ void upgradeDataFolder(const std::string& dataFolder, const std::string& shipped
     }
     host::LaidFiles laid = remembered ? *remembered : host::recognisedFiles(paths);
     const host::Paths from(shipped);
+    Upgrading upgrading{.paths = paths, .shipped = from, .laid = laid};
     bool whole = true;
     for (const Step step : kSteps) {
         try {
-            step(paths, from, laid);
+            step(upgrading);
         } catch (const base::RuntimeError& error) {
             base::tell(dataFolder + ": " + error.description());
             whole = false;

@@ -130,9 +130,11 @@ bool isNewer(std::string_view version, std::string_view than) {
     return numbersOf(than) < numbersOf(version);
 }
 
-std::error_code renewShippedFiles(const Paths& paths, const std::string& shipped, LaidFiles& laid) {
+std::error_code renewShippedFiles(const Paths& paths, const std::string& shipped, LaidFiles& laid,
+                                  std::string_view except) {
     std::vector<std::string> names;
     std::error_code first = listShipped(shipped, names);
+    std::erase(names, except);
     for (const std::string& name : names) {
         const std::error_code failure = renewFile(paths, shipped, name, laid);
         first = first ? first : failure;

@@ -40,8 +40,8 @@ struct LaidFiles {
 /// Lays each shipped file that the data folder lacks, and renews each that is as `laid` remembers
 /// it; one that somebody changed stays, and so do all below "db", which are the user's. Brings the
 /// digests in `laid` up to what stands there now. A file that cannot be written does not keep the
-/// others from it; answers with the first failure.
+/// others from it; answers with the first failure. The file named `except` is passed over.
 [[nodiscard]] std::error_code renewShippedFiles(const Paths& paths, const std::string& shipped,
-                                                LaidFiles& laid);
+                                                LaidFiles& laid, std::string_view except = {});
 
 } // namespace tovik::host

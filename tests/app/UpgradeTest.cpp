@@ -122,6 +122,30 @@ TEST_F(UpgradeTest, whatFailsIsToldAndTriedAgain) {
     EXPECT_TRUE(data("db/laid.txt").starts_with("Tovik 0.2.0\n"));
 }
 
+TEST_F(UpgradeTest, picturesThatFailAreRenewedAtTheNextStart) {
+    fs::permissions(folder_.path(), fs::perms(0755));
+    for (const char* place : {"data", "data/db", "data/skins", "data/Languages"}) {
+        fs::permissions(folder_ / place, fs::perms(0777));
+    }
+    for (const char* file : {"db/settings.xml", "db/laid.txt", "vh.txt", "skins/base.tsf",
+                             "Languages/English.lng", "Languages/Slovenian.lng"}) {
+        fs::permissions(folder_ / ("data/" + std::string(file)), fs::perms(0666));
+    }
+    fs::permissions(folder_ / "data/skins/CurrentSkin", fs::perms(0555));
+    {
+        const Unprivileged user;
+        EXPECT_NE(upgrade(), "");
+    }
+    EXPECT_EQ(data("skins/CurrentSkin/main.bmp"), "old");
+    EXPECT_EQ(data("Languages/English.lng"), "new") << "the others do not wait for it";
+    EXPECT_TRUE(data("db/laid.txt").starts_with("Tovik 0.1.0\n"));
+    fs::permissions(folder_ / "data/skins/CurrentSkin", fs::perms(0755));
+    EXPECT_EQ(upgrade(), "");
+    EXPECT_EQ(data("skins/CurrentSkin/main.bmp"), "new");
+    EXPECT_EQ(data("skins/base.tsf"), folder_.read("0.2.0/skins/base.tsf"));
+    EXPECT_TRUE(data("db/laid.txt").starts_with("Tovik 0.2.0\n"));
+}
+
 TEST_F(UpgradeTest, aFolderOfTheTimeBeforeIsCompletedAndRemembers) {
     fs::remove(folder_ / "data/db/laid.txt");
     fs::remove(folder_ / "data/vh.txt");
