@@ -9,7 +9,7 @@ namespace tovik::desktop {
 
 namespace {
 
-constexpr std::size_t kMostTypes = 3;
+constexpr std::size_t kMostTypes = 2;
 
 struct TypeRow {
     std::string_view extension;
@@ -29,7 +29,7 @@ constexpr auto kTypes = std::to_array<TypeRow>({
     {"mp3", {"audio/mpeg"}},
     {"ogg", {"audio/x-vorbis+ogg", "audio/ogg"}},
     {"wav", {"audio/x-wav"}},
-    {"wma", {"audio/x-ms-wma", "application/vnd.ms-asf", "video/x-ms-asf"}},
+    {"wma", {"audio/x-ms-wma"}},
     {"m3u", {"audio/x-mpegurl"}},
     {"pls", {"audio/x-scpls"}},
 });

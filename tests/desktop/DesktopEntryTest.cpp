@@ -37,7 +37,7 @@ TEST(DesktopEntry, typesAndActions) {
               "Categories=AudioVideo;Audio;Player;\n"
               "Comment=Tovik Media File\n"
               "Exec=\"/usr/bin/tovik\" %f\n"
-              "MimeType=audio/mpeg;audio/x-ms-wma;application/vnd.ms-asf;video/x-ms-asf;\n"
+              "MimeType=audio/mpeg;audio/x-ms-wma;\n"
               "X-Tovik-FileTypes=true\n"
               "Actions=play;add;\n"
               "\n[Desktop Action play]\n"

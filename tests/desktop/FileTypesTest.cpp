@@ -14,9 +14,11 @@
 namespace tovik::desktop {
 namespace {
 
+using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
+using testing::StartsWith;
 
 constexpr const char* kProgram = "/opt/a b/tovik";
 constexpr const char* kIcon = "/opt/a b\\tkstart.exe,1";
@@ -113,6 +115,12 @@ TEST(MimeTypesTest, everyFileThatIsKnownHasAType) {
     }
     EXPECT_THAT(mimeTypesOf("ogg"), ElementsAre("audio/x-vorbis+ogg", "audio/ogg"));
     EXPECT_THAT(mimeTypesOf("exe"), IsEmpty());
+}
+
+TEST(MimeTypesTest, noneIsThatOfVideosOrOfAContainer) {
+    for (const std::string_view extension : playlist::AudioExtensions) {
+        EXPECT_THAT(mimeTypesOf(extension), Each(StartsWith("audio/"))) << extension;
+    }
 }
 
 } // namespace
