@@ -16,10 +16,6 @@ namespace {
 /// The picture of the files is the second one of the launcher.
 constexpr const char* kIcon = "\\tkstart.exe,1";
 
-/// Makes what desktops remember of their entries true again. Where it is missing they look anew by
-/// themselves, a little later.
-constexpr const char* kEntriesChanged = "update-desktop-database";
-
 /// Asked beside the interface thread: the disk may be slow.
 bool isThere(host::MessagePump& pump, const std::string& path) {
     const auto there = std::make_shared<bool>(false);
@@ -71,7 +67,7 @@ void Desktop::associate(std::span<const std::string> extensions) {
         return;
     }
     base::raiseFailure(*failure);
-    static_cast<void>(host_.programs.start(kEntriesChanged, {options_.typePlaces.applications}));
+    desktop::tellOfEntries(host_.programs, options_.typePlaces);
 }
 
 } // namespace tovik::app

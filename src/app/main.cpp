@@ -9,6 +9,8 @@
 #include "host/CommandLine.h"
 #include "host/DataFolder.h"
 #include "host/Environment.h"
+#include "host/Paths.h"
+#include "host/system/DetachedPrograms.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -21,8 +23,12 @@ namespace {
 
 int forgetTypes(const tovik::host::CommandLine& line, const tovik::host::Environment& environment) {
     using namespace tovik;
-    const auto failure = desktop::forgetTypes(
-        desktop::TypePlaces::of(environment, host::chooseDataFolder(environment, line.dataFolder)));
+    const std::string dataFolder = host::chooseDataFolder(environment, line.dataFolder);
+    const auto places = desktop::TypePlaces::of(environment, dataFolder);
+    const auto failure = desktop::forgetTypes(places);
+    const host::Paths paths(dataFolder);
+    host::DetachedPrograms programs(paths, environment.searchPath);
+    desktop::tellOfForgotten(programs, places);
     if (failure) {
         base::tell("cannot forget all file types: " + failure.message());
     }

@@ -119,11 +119,8 @@ std::string keep(const tags::TagPicture& picture, const std::string& folder,
 } // namespace
 
 std::string coverFolder(const host::Environment& environment) {
-    // A relative path is to be taken for none.
-    const std::string cache = environment.cacheHome.starts_with('/')
-                                  ? environment.cacheHome
-                                  : base::joinPath(environment.home, ".cache");
-    return base::joinPath(cache, "tovik/covers");
+    return base::joinPath(host::folderOf(environment.cacheHome, environment.home, ".cache"),
+                          "tovik/covers");
 }
 
 std::string folderPicture(const std::string& trackPath) {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace tovik::desktop {
@@ -100,48 +101,88 @@ std::optional<Section> sectionOf(const Lines& lines, std::string_view heading) {
                    static_cast<std::size_t>(next - lines.begin())};
 }
 
-void putFirst(Lines& lines, std::string_view heading, const std::string& type,
-              std::string_view id) {
+/// The entry of a type in a section, and its line.
+std::optional<std::pair<Entry, std::size_t>> findEntry(const Lines& lines, std::string_view heading,
+                                                       std::string_view type) {
+    const auto section = sectionOf(lines, heading);
+    for (std::size_t i = section ? section->begin : 0; section && i < section->end; ++i) {
+        if (auto entry = Entry::of(lines.at(i)); entry && entry->type == type) {
+            return std::pair(std::move(*entry), i);
+        }
+    }
+    return std::nullopt;
+}
+
+/// Behind the last line of the section that is not blank, so that sections stay apart as they were.
+void addLine(Lines& lines, std::string_view heading, const std::string& line) {
     auto section = sectionOf(lines, heading);
     if (!section) {
         lines.emplace_back(heading);
         section = Section{lines.size(), lines.size()};
     }
-    for (std::size_t i = section->begin; i < section->end; ++i) {
-        if (auto entry = Entry::of(lines.at(i)); entry && entry->type == type) {
-            Names names{std::string(id)};
-            std::ranges::remove_copy(entry->names, std::back_inserter(names), id);
-            lines.at(i) = lineOf(type, names);
-            return;
-        }
-    }
-    // Behind the last line that is not blank, so that sections stay apart as they were.
     std::size_t place = section->end;
     while (place > section->begin && base::trimmed(lines.at(place - 1)).empty()) {
         --place;
     }
-    lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(place),
-                 lineOf(type, Names{std::string(id)}));
+    lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(place), line);
+}
+
+void putFirst(Lines& lines, std::string_view heading, const std::string& type,
+              std::string_view id) {
+    Names names{std::string(id)};
+    if (const auto found = findEntry(lines, heading, type)) {
+        std::ranges::remove_copy(found->first.names, std::back_inserter(names), id);
+        lines.at(found->second) = lineOf(type, names);
+    } else {
+        addLine(lines, heading, lineOf(type, names));
+    }
+}
+
+void putLast(Lines& lines, std::string_view heading, const std::string& type, std::string_view id) {
+    auto found = findEntry(lines, heading, type);
+    if (!found) {
+        addLine(lines, heading, lineOf(type, Names{std::string(id)}));
+    } else if (Names& names = found->first.names; std::ranges::find(names, id) == names.end()) {
+        names.emplace_back(id);
+        lines.at(found->second) = lineOf(type, names);
+    }
 }
 
 /// Takes the program out of the entries of a section that `chosen` names, and drops those that are
-/// empty then.
+/// empty then. Returns whether there was such an entry.
 template <typename Chosen>
-void takeOut(Lines& lines, std::string_view heading, std::string_view id, const Chosen& chosen) {
+bool takeOut(Lines& lines, std::string_view heading, std::string_view id, const Chosen& chosen) {
     const auto section = sectionOf(lines, heading);
     if (!section) {
-        return;
+        return false;
     }
+    bool found = false;
     for (std::size_t i = section->end; i-- > section->begin;) {
         auto entry = Entry::of(lines.at(i));
         if (!entry || !chosen(entry->type) || std::erase(entry->names, id) == 0) {
             continue;
         }
+        found = true;
         if (entry->names.empty()) {
             lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(i));
         } else {
             lines.at(i) = lineOf(entry->type, entry->names);
         }
+    }
+    return found;
+}
+
+/// Takes the program out of a section, and the section away where nothing is left of it.
+void forget(Lines& lines, std::string_view heading, std::string_view id) {
+    if (!takeOut(lines, heading, id, [](const std::string&) { return true; })) {
+        return;
+    }
+    const auto section = sectionOf(lines, heading);
+    const auto begin = lines.begin() + static_cast<std::ptrdiff_t>(section->begin);
+    const auto end = lines.begin() + static_cast<std::ptrdiff_t>(section->end);
+    if (std::all_of(begin, end,
+                    [](const std::string& line) { return base::trimmed(line).empty(); })) {
+        lines.erase(begin - 1, end);
     }
 }
 
@@ -159,11 +200,26 @@ std::string withDefaults(std::string_view bytes, std::span<const std::string> ty
     return bytesOf(lines, bytes);
 }
 
-std::string withoutProgram(std::string_view bytes, std::string_view desktopId) {
+std::vector<std::string> refusedTypes(std::string_view bytes, std::span<const std::string> types,
+                                      std::string_view desktopId) {
+    const Lines lines = linesOf(bytes);
+    std::vector<std::string> refused;
+    std::ranges::copy_if(types, std::back_inserter(refused), [&](const std::string& type) {
+        const auto found = findEntry(lines, kRemoved, type);
+        return found &&
+               std::ranges::find(found->first.names, desktopId) != found->first.names.end();
+    });
+    return refused;
+}
+
+std::string withoutProgram(std::string_view bytes, std::string_view desktopId,
+                           std::span<const std::string> refused) {
     Lines lines = linesOf(bytes);
-    const auto any = [](const std::string&) { return true; };
-    takeOut(lines, kDefaults, desktopId, any);
-    takeOut(lines, kAdded, desktopId, any);
+    forget(lines, kDefaults, desktopId);
+    forget(lines, kAdded, desktopId);
+    for (const std::string& type : refused) {
+        putLast(lines, kRemoved, type, desktopId);
+    }
     return bytesOf(lines, bytes);
 }
 

@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tovik::desktop {
 
@@ -14,8 +15,15 @@ namespace tovik::desktop {
 [[nodiscard]] std::string withDefaults(std::string_view bytes, std::span<const std::string> types,
                                        std::string_view desktopId);
 
+/// Those of the types that the user took from the program: among those that cannot open them.
+[[nodiscard]] std::vector<std::string> refusedTypes(std::string_view bytes,
+                                                    std::span<const std::string> types,
+                                                    std::string_view desktopId);
+
 /// The bytes without the program among defaults and those that can open something; a line that
-/// named nobody else goes, and other lines stay as they are.
-[[nodiscard]] std::string withoutProgram(std::string_view bytes, std::string_view desktopId);
+/// named nobody else goes, and a section that then holds nothing. The program is among those that
+/// cannot open the types of `refused`. Other lines stay as they are.
+[[nodiscard]] std::string withoutProgram(std::string_view bytes, std::string_view desktopId,
+                                         std::span<const std::string> refused = {});
 
 } // namespace tovik::desktop

@@ -9,7 +9,10 @@
 #include "desktop/MimeTypes.h"
 #include "host/Paths.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <iterator>
+#include <string_view>
 #include <vector>
 
 namespace tovik::desktop {
@@ -17,6 +20,12 @@ namespace tovik::desktop {
 namespace fs = std::filesystem;
 
 namespace {
+
+constexpr std::string_view kRefused = "Refused Types"; ///< a key of the store; its names are types
+
+/// Makes what desktops remember of their entries true again. Where it is missing they look anew by
+/// themselves, a little later.
+constexpr const char* kEntriesChanged = "update-desktop-database";
 
 /// A file that is not there reads as empty; any other failure is one.
 std::error_code readIfThere(const std::string& path, std::string& bytes) {
@@ -30,7 +39,8 @@ std::error_code writeWithFolder(const std::string& path, const std::string& byte
     return failure ? failure : base::replaceFile(path, bytes, base::Flush::Yes);
 }
 
-/// What `change` makes of a file's bytes, written where it is another.
+/// What `change` makes of a file's bytes, written where it is another; a file of which nothing is
+/// left goes.
 template <typename Change>
 std::error_code changeFile(const std::string& path, const Change& change) {
     std::string bytes;
@@ -38,7 +48,15 @@ std::error_code changeFile(const std::string& path, const Change& change) {
         return failure;
     }
     const std::string changed = change(bytes);
-    return changed == bytes ? std::error_code() : writeWithFolder(path, changed);
+    if (changed == bytes) {
+        return {};
+    }
+    std::error_code failure;
+    if (changed.empty() && !fs::is_symlink(path, failure)) {
+        fs::remove(path, failure);
+        return failure;
+    }
+    return writeWithFolder(path, changed);
 }
 
 std::vector<std::string> typesOf(std::span<const std::string> extensions) {
@@ -54,13 +72,34 @@ std::string entryFile(const TypePlaces& places) {
     return places.applications + "/" + std::string(kDesktopId);
 }
 
+/// Remembers which of the types the user took from the program, so that they are so again once
+/// they are forgotten.
+std::error_code noteRefused(KeyStore& store, const std::string& defaults,
+                            std::span<const std::string> types) {
+    std::string bytes;
+    if (const auto failure = readIfThere(defaults, bytes)) {
+        return failure;
+    }
+    for (const std::string& type : refusedTypes(bytes, types, kDesktopId)) {
+        store.WriteKey(std::string(kRefused), type, {});
+    }
+    return {};
+}
+
+std::vector<std::string> notedRefused(const KeyStore& store) {
+    std::vector<std::string> types;
+    if (const auto found = store.keys().find(kRefused); found != store.keys().end()) {
+        std::ranges::transform(found->second, std::back_inserter(types),
+                               [](const auto& value) { return value.first; });
+    }
+    return types;
+}
+
 } // namespace
 
 TypePlaces TypePlaces::of(const host::Environment& environment, const std::string& dataFolder) {
-    const std::string data =
-        environment.dataHome.empty() ? environment.home + "/.local/share" : environment.dataHome;
-    const std::string config =
-        environment.configHome.empty() ? environment.home + "/.config" : environment.configHome;
+    const std::string data = host::folderOf(environment.dataHome, environment.home, ".local/share");
+    const std::string config = host::folderOf(environment.configHome, environment.home, ".config");
     return {.store = host::Paths(dataFolder).of(host::DataItem::Classes),
             .applications = data + "/applications",
             .defaults = config + "/mimeapps.list"};
@@ -74,6 +113,10 @@ std::error_code claimTypes(const TypePlaces& places, std::span<const std::string
     }
     KeyStore store = KeyStore::fromBytes(kept);
     associate(store, extensions, programPath, iconSpec);
+    const std::vector<std::string> types = typesOf(extensions);
+    if (const auto failure = noteRefused(store, places.defaults, types)) {
+        return failure;
+    }
     if (const auto failure = writeWithFolder(places.store, store.bytes())) {
         return failure;
     }
@@ -88,19 +131,23 @@ std::error_code claimTypes(const TypePlaces& places, std::span<const std::string
         return failure;
     }
     return changeFile(places.defaults, [&](const std::string& bytes) {
-        return withDefaults(bytes, typesOf(extensions), kDesktopId);
+        return withDefaults(bytes, types, kDesktopId);
     });
 }
 
 std::error_code forgetTypes(const TypePlaces& places) {
-    auto first = changeFile(places.defaults, [](const std::string& bytes) {
-        return withoutProgram(bytes, kDesktopId);
+    std::string kept;
+    const std::error_code unread = readIfThere(places.store, kept);
+    const std::vector<std::string> refused = notedRefused(KeyStore::fromBytes(kept));
+    auto first = changeFile(places.defaults, [&](const std::string& bytes) {
+        return withoutProgram(bytes, kDesktopId, refused);
     });
     const auto note = [&first](std::error_code failure) {
         if (failure && !first) {
             first = failure;
         }
     };
+    note(unread);
     std::string entry;
     note(readIfThere(entryFile(places), entry));
     std::error_code failure;
@@ -111,6 +158,17 @@ std::error_code forgetTypes(const TypePlaces& places) {
     fs::remove(places.store, failure);
     note(failure);
     return first;
+}
+
+void tellOfEntries(host::Programs& programs, const TypePlaces& places) {
+    static_cast<void>(programs.start(kEntriesChanged, {places.applications}));
+}
+
+void tellOfForgotten(host::Programs& programs, const TypePlaces& places) {
+    std::error_code failure;
+    if (fs::exists(places.applications + "/mimeinfo.cache", failure)) {
+        tellOfEntries(programs, places);
+    }
 }
 
 } // namespace tovik::desktop

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "host/Environment.h"
+#include "host/Programs.h"
 
 #include <span>
 #include <string>
@@ -29,8 +30,15 @@ struct TypePlaces {
                                          const std::string& programPath,
                                          const std::string& iconSpec);
 
-/// Takes all of it back: the program is nobody's default, and its entry and keys are gone. An entry
-/// that somebody else wrote stays. Answers with the first failure.
+/// Takes all of it back: the program is nobody's default, its entry and keys are gone, and types
+/// that the user had taken from it are so again. An entry that somebody else wrote stays. Answers
+/// with the first failure.
 [[nodiscard]] std::error_code forgetTypes(const TypePlaces& places);
+
+/// Lets the desktop's own helper look at the entries anew, if there is one; does not wait for it.
+void tellOfEntries(host::Programs& programs, const TypePlaces& places);
+
+/// The same behind `forgetTypes`, where the helper has looked before.
+void tellOfForgotten(host::Programs& programs, const TypePlaces& places);
 
 } // namespace tovik::desktop

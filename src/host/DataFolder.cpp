@@ -141,11 +141,8 @@ std::string chooseDataFolder(const Environment& environment,
     if (isPortable(environment.executableFolder)) {
         return environment.executableFolder;
     }
-    // A relative data home is to be ignored, says the standard behind the variable.
-    const std::string dataHome = environment.dataHome.starts_with('/')
-                                     ? environment.dataHome
-                                     : base::joinPath(environment.home, kDefaultDataHome);
-    return base::joinPath(dataHome, kFolderName);
+    return base::joinPath(folderOf(environment.dataHome, environment.home, kDefaultDataHome),
+                          kFolderName);
 }
 
 std::optional<std::string> homeProblem(const Environment& environment,

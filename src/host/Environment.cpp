@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/Environment.h"
 
+#include "base/PathText.h"
+
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
@@ -61,6 +63,11 @@ Environment Environment::current() {
             .workingFolder = std::filesystem::current_path(failure).native(),
             .executableFolder =
                 std::filesystem::read_symlink("/proc/self/exe", failure).parent_path().native()};
+}
+
+std::string folderOf(const std::string& variable, const std::string& home,
+                     std::string_view otherwise) {
+    return variable.starts_with('/') ? variable : base::joinPath(home, otherwise);
 }
 
 } // namespace tovik::host

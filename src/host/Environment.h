@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace tovik::host {
 
@@ -21,5 +22,10 @@ struct Environment {
     /// The environment of this process. To be called before threads are started.
     [[nodiscard]] static Environment current();
 };
+
+/// The folder that a variable such as XDG_CONFIG_HOME names, else `otherwise` below the home. A
+/// relative one is to be ignored, says the standard behind the variables.
+[[nodiscard]] std::string folderOf(const std::string& variable, const std::string& home,
+                                   std::string_view otherwise);
 
 } // namespace tovik::host

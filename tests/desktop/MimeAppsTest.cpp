@@ -65,9 +65,30 @@ TEST(MimeApps, withoutTheProgramEveryOtherIsAsBefore) {
                                "text/html=browser.desktop\n"
                                "[Removed Associations]\n"
                                "video/mp4=tovik.desktop;\n";
-    EXPECT_EQ(withoutProgram(withDefaults(before, kTypes, kId), kId),
-              before + "[Added Associations]\n");
+    EXPECT_EQ(withoutProgram(withDefaults(before, kTypes, kId), kId), before);
+    EXPECT_EQ(withoutProgram(withDefaults("", kTypes, kId), kId), "");
     EXPECT_EQ(withoutProgram("", kId), "");
+}
+
+TEST(MimeApps, whatTheUserTookFromItIsSoAgain) {
+    const std::string before = "[Removed Associations]\n"
+                               "audio/flac=one.desktop;tovik.desktop;\n"
+                               "audio/mpeg=tovik.desktop;\n";
+    const std::vector<std::string> refused = refusedTypes(before, kTypes, kId);
+    EXPECT_EQ(refused, kTypes);
+    const std::string claimed = withDefaults(before, kTypes, kId);
+    EXPECT_TRUE(refusedTypes(claimed, kTypes, kId).empty());
+    EXPECT_EQ(withoutProgram(claimed, kId, refused), before);
+    EXPECT_EQ(withoutProgram(before, kId, refused), before);
+    EXPECT_EQ(withoutProgram("", kId, std::vector<std::string>{"a/b"}),
+              "[Removed Associations]\na/b=tovik.desktop;\n");
+}
+
+TEST(MimeApps, aSectionWithSomethingElseStays) {
+    const std::string before = "[Default Applications]\n# mine\n";
+    EXPECT_EQ(withoutProgram(withDefaults(before, kTypes, kId), kId), before);
+    const std::string empty = "[Added Associations]\n\n[Default Applications]\n";
+    EXPECT_EQ(withoutProgram(empty, kId), empty) << "not its own";
 }
 
 TEST(MimeApps, aLastLineWithoutAnEnd) {

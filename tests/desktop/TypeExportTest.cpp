@@ -3,6 +3,7 @@
 
 #include "base/AtomicFile.h"
 #include "base/RegularFile.h"
+#include "support/host/RecordingPrograms.h"
 #include "support/host/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -53,6 +54,11 @@ TEST_F(TypeExport, placesOfTheUser) {
     const TypePlaces other = TypePlaces::of(environment_, "/x");
     EXPECT_EQ(other.applications, "/d/applications");
     EXPECT_EQ(other.defaults, "/c/mimeapps.list");
+    environment_.dataHome = "d";
+    environment_.configHome = "./c";
+    const TypePlaces ignored = TypePlaces::of(environment_, "/x");
+    EXPECT_EQ(ignored.applications, places_.applications) << "relative ones are ignored";
+    EXPECT_EQ(ignored.defaults, places_.defaults);
 }
 
 TEST_F(TypeExport, claimsAndForgets) {
@@ -66,9 +72,43 @@ TEST_F(TypeExport, claimsAndForgets) {
     EXPECT_FALSE(forgetTypes(places_));
     EXPECT_EQ(read(entry_), "(none)");
     EXPECT_EQ(read(places_.store), "(none)");
-    EXPECT_EQ(read(places_.defaults),
-              "[Default Applications]\naudio/mpeg=one.desktop;\n[Added Associations]\n");
+    EXPECT_EQ(read(places_.defaults), "[Default Applications]\naudio/mpeg=one.desktop;\n");
     EXPECT_FALSE(forgetTypes(places_)) << "there is nothing left to do";
+}
+
+TEST_F(TypeExport, whatOnlyItWroteGoes) {
+    EXPECT_FALSE(claim({"mp3"}));
+    EXPECT_FALSE(forgetTypes(places_));
+    EXPECT_EQ(read(places_.defaults), "(none)");
+    const std::string refused = "[Removed Associations]\naudio/mpeg=tovik.desktop;\n";
+    write(places_.defaults, refused);
+    EXPECT_FALSE(claim({"mp3", "ogg"}));
+    EXPECT_FALSE(claim({"mp3"}));
+    EXPECT_FALSE(forgetTypes(places_));
+    EXPECT_EQ(read(places_.defaults), refused);
+}
+
+TEST_F(TypeExport, aLinkInPlaceOfTheDefaultsStays) {
+    const std::string target = folder_.path() + "/elsewhere";
+    write(target, "");
+    std::filesystem::create_directories(folder_.path() + "/.config");
+    std::filesystem::create_symlink(target, places_.defaults);
+    EXPECT_FALSE(claim({"mp3"}));
+    EXPECT_NE(read(target), "");
+    EXPECT_FALSE(forgetTypes(places_));
+    EXPECT_EQ(read(target), "");
+    EXPECT_TRUE(std::filesystem::is_symlink(places_.defaults));
+}
+
+TEST_F(TypeExport, theDesktopLooksAnewOnlyWhereItHasLooked) {
+    test::RecordingPrograms programs;
+    tellOfForgotten(programs, places_);
+    EXPECT_TRUE(programs.starts.empty());
+    write(places_.applications + "/mimeinfo.cache", "");
+    tellOfForgotten(programs, places_);
+    ASSERT_EQ(programs.starts.size(), 1U);
+    EXPECT_EQ(programs.starts[0].name, "update-desktop-database");
+    EXPECT_EQ(programs.starts[0].arguments, std::vector{places_.applications});
 }
 
 TEST_F(TypeExport, noneTickedTouchesNothing) {

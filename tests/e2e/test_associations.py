@@ -101,6 +101,9 @@ class Associations(ProgramTest):
         # The same again changes nothing.
         self.associate()
         self.assertEqual((self.defaults(), self.text(self.entry())), (CLAIMED, entry))
+        cache = self.path("share/applications/mimeinfo.cache")
+        self.wait_until(lambda: os.path.exists(cache) and "tovik" in self.text(cache),
+                        "what the desktop remembers of it")
         # A double click on a file: the running player plays it.
         song = self.path("a song & more.mp3")
         shutil.copy(media("mp3_vbr.mp3"), song)
@@ -113,6 +116,7 @@ class Associations(ProgramTest):
         self.assertFalse(os.path.exists(self.data("db/classes.ini")))
         self.assertEqual(self.answer_of("xdg-mime", "query", "default", "audio/mpeg"),
                          "other.desktop")
+        self.wait_until(lambda: "tovik" not in self.text(cache), "what the desktop remembers")
 
     def test_a_file_that_is_opened_starts_the_player(self):
         self.start_shown()
