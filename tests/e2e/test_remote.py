@@ -136,6 +136,9 @@ class Remote(RemoteTest):
             self.assertEqual(self.put(name, signature, value), [])
             self.assertEqual(self.get(name), value)
             self.wait_until(lambda n=name, v=value: self.changes().get(n) == v, "not told")
+        for asked, held in ((7.0, 1.0), (-1.0, 0.0)):
+            self.assertEqual(self.put("Volume", "d", asked), [])
+            self.assertEqual(self.get("Volume"), held)
         self.assertEqual(self.put("LoopStatus", "s", "Track"),
                          {"error": "org.freedesktop.DBus.Error.InvalidArgs"})
         self.assertEqual(self.put("Volume", "s", "loud"),
@@ -247,6 +250,23 @@ class Remote(RemoteTest):
             self.assertEqual(self.call(PLAYER, "SetPosition", "(ox)", track, 0), [])
         self.assertEqual(self.get("Metadata")["mpris:trackid"], tracks[0])
         self.assertEqual(self.get("Tracks", TRACKS), tracks)
+
+    def test_the_words_of_a_tag(self):
+        words = ((b"Caf\xe9", 30), (b"B\xe9 Band", 30), (b"Album", 30), (b"1999", 4), (b"", 30))
+        with open(media("mp3_vbr.mp3"), "rb") as file:
+            sound = file.read()
+        song = self.path("song.mp3")
+        with open(song, "wb") as file:
+            file.write(sound + b"TAG" + b"".join(word.ljust(size, b"\0") for word, size in words) +
+                       bytes([17]))
+        self.start(song)
+        self.wait_until(lambda: "xesam:artist" in self.get("Metadata"), "no words")
+        facts = self.get("Metadata")
+        self.assertEqual(facts["xesam:title"], "Caf\xe9")
+        self.assertEqual(facts["xesam:artist"], ["B\xe9 Band"])
+        self.assertEqual(facts["xesam:album"], "Album")
+        self.assertEqual(facts["xesam:genre"], ["Rock"])
+        self.assertTrue(facts["xesam:contentCreated"].startswith("1999"))
 
     def test_the_picture_of_a_track(self):
         self.environment["XDG_CACHE_HOME"] = self.path("cache")
