@@ -49,11 +49,12 @@ class Wayland(NotifierTest):
 
     def covered(self):
         """(left, top, width, height) of what is not the empty desktop; none: nothing. The pointer
-        is sent away each time: the compositor may have missed that it moved."""
+        is sent away each time: the compositor may have missed that it moved. What is narrow is the
+        pointer, now or when the desktop was empty."""
         self.away()
         said = self.tool("convert", self.path("empty.ppm"), self.screen("now.ppm"), "-compose",
                          "difference", "-composite", "-colorspace", "gray", "-threshold", "0",
-                         "-trim", "-format", "%w %h %X %Y", "info:").stdout
+                         "-morphology", "Open", "Rectangle:31x1", "-trim", "-format", "%w %h %X %Y", "info:").stdout
         width, height, left, top = map(int, said.split())
         return None if left < 0 else (left, top, width, height)
 
