@@ -75,6 +75,9 @@ void SeamlessNext::prepare(const TrackRef& track) {
         }
         const std::int16_t leg = freeLeg();
         sound::Handle& channel = channelOf(leg);
+        if (sounds(channel)) {
+            return; // a track still fades out on it, and is freed when that is over
+        }
         opener_.free(channel);
         waiting_ = open(track);
         channel = waiting_->channel;
@@ -95,8 +98,12 @@ void SeamlessNext::drop() {
     waiting_.reset();
 }
 
+bool SeamlessNext::sounds(sound::Handle channel) const {
+    return core_.sound.BASS_ChannelIsActive(channel) != sound::Activity::stopped;
+}
+
 std::optional<TrackRef> SeamlessNext::takeOver() {
-    if (!stillWaits()) {
+    if (!stillWaits() || !sounds(waiting_->channel)) {
         waiting_.reset();
         return std::nullopt;
     }

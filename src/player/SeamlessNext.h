@@ -46,6 +46,7 @@ private:
     [[nodiscard]] sound::Handle& channelOf(std::int16_t leg) const;
     void makeCurrent(std::int16_t leg) const;
     [[nodiscard]] bool stillWaits() const;
+    [[nodiscard]] bool sounds(sound::Handle channel) const;
     [[nodiscard]] Waiting open(const TrackRef& track);
     void setUp(sound::Handle channel, std::int16_t leg);
 

@@ -209,6 +209,33 @@ TEST_F(Seamless, aFileThatFailsLeavesTheOtherAlone) {
     EXPECT_EQ(title(), " T3");
 }
 
+TEST_F(Seamless, whatStillFadesIsNotCutOffForTheNext) {
+    state_.CrossfadeOn = true; // of five seconds
+    addRows(1, {.seconds = 60});
+    addRows(2, {.seconds = 8});
+    rowPlayer_.PlayRow(1, 0);
+    const sound::Handle first = state_.active();
+    advance(1000);
+    rowPlayer_.PlayRow(2, 5);
+    state_.CrossfadeOn = false;
+    advance(4900);
+    EXPECT_TRUE(sounds(first)) << "three seconds before the end of the second";
+    advance(3200);
+    EXPECT_FALSE(sound_.lives(first));
+    EXPECT_EQ(title(), " T3");
+    EXPECT_TRUE(sounds(state_.active()));
+    EXPECT_THAT(sound_.calls, Contains(StartsWith("playBehind(")));
+}
+
+TEST_F(Seamless, oneThatWasFreedMeanwhileIsStartedAnew) {
+    play(2, {.seconds = 10});
+    advance(8000);
+    ASSERT_TRUE(sound_.BASS_StreamFree(state_.SecondaryChannel));
+    advance(2100);
+    EXPECT_EQ(title(), " T2");
+    EXPECT_TRUE(sounds(state_.active()));
+}
+
 TEST_F(Seamless, tracksOfOneDiscFollowWithoutACrossfade) {
     set("CFDT", "3");
     state_.comfort.crossesBeforeEnd = true;
