@@ -23,6 +23,10 @@ struct Comfort {
     bool findsLargeFiles = false;       ///< large files below a folder
     bool opensDroppedLists = false;     ///< a playlist file that is dropped
     bool deletesMarkedRows = false;     ///< the delete button and marked rows
+    bool ordersByFolder = false;        ///< the order of files below a folder
+    bool scansDroppedFolders = false;   ///< a folder that is dropped
+    bool selectsNeighbour = false;      ///< the selection behind a removed row
+    bool keepsRemovedRows = false;      ///< rows that were removed
     bool writesFirstLength = false;     ///< the length of the first track
     bool showsOneFormOfTime = false;    ///< the time column of a played row
     bool goesOnFromSoundingRow = false; ///< the row chosen for Play
