@@ -58,6 +58,7 @@ struct Comfort {
     bool keepsOutputLevel = false;      ///< the level of a channel beside the output's
     bool clampsSkips = false;           ///< five seconds near the ends
     bool keepsTitleOfOldTrack = false;  ///< a crossfade that fails
+    bool shortensManualNext = false;    ///< a row that the user goes on to
     bool tellsUnplayable = false;       ///< a file that no decoder takes
     bool skipsUnplayable = false;       ///< a row that cannot be played
     bool takesSilenceShareAsIs = false; ///< the share from which silence counts
@@ -130,6 +131,16 @@ struct Comfort {
     bool startsWithoutPicture = false;    ///< a picture that is missing
     bool leavesUnknownSignsBlank = false; ///< signs that the display's glyphs leave out
     bool aimsAtPointer = false;           ///< the place on the small position bar
+    bool minimisesToTaskBar = false;      ///< the minimise button
+    bool hidesByTray = false;             ///< a click on the icon in the tray
+    bool keepsPlaces = false;             ///< the places of the other windows
+    bool showsSmallTitle = false;         ///< the size of the title popup
+    bool keepsCurrentTab = false;         ///< the current tab under the pointer
+
+    // The spectrum.
+    bool spreadsBands = false;     ///< the two bars at the right end
+    bool levelsInDecibels = false; ///< the scale of the bars
+    bool fallsByTime = false;      ///< the fall of the bars
 
     friend bool operator==(const Comfort&, const Comfort&) = default;
 };

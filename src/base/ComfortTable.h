@@ -74,6 +74,7 @@ inline constexpr auto kComfortRows = std::to_array<ComfortRow>({
     {&Comfort::fadesIn, 4},
     {&Comfort::crossesBeforeEnd, 4},
     {&Comfort::keepsTitleOfOldTrack, 4},
+    {&Comfort::shortensManualNext, 4},
 
     {&Comfort::alwaysPicksRow, 5},
     {&Comfort::remembersPicks, 5},
@@ -170,6 +171,10 @@ inline constexpr auto kComfortRows = std::to_array<ComfortRow>({
     {&Comfort::keepsLongAddresses, 18},
     {&Comfort::showsSavingAsItIs, 18},
 
+    {&Comfort::spreadsBands, 19},
+    {&Comfort::levelsInDecibels, 19},
+    {&Comfort::fallsByTime, 19},
+
     {&Comfort::completesSkin, 20},
     {&Comfort::tellsForeignSkin, 20},
     {&Comfort::startsWithoutPicture, 20},
@@ -184,6 +189,11 @@ inline constexpr auto kComfortRows = std::to_array<ComfortRow>({
     {&Comfort::pressesTabAtOnce, 22},
     {&Comfort::hidesStationsAtOnce, 22},
     {&Comfort::aimsAtPointer, 22},
+    {&Comfort::minimisesToTaskBar, 22},
+    {&Comfort::hidesByTray, 22},
+    {&Comfort::keepsPlaces, 22},
+    {&Comfort::showsSmallTitle, 22},
+    {&Comfort::keepsCurrentTab, 22},
 });
 
 namespace detail {
