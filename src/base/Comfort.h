@@ -87,6 +87,11 @@ struct Comfort {
     bool startsWithoutSetting = false; ///< a start without a setting
     bool keepsAnyBytes = false;        ///< a setting that no document can hold
     bool writesOnlyChanges = false;    ///< the settings file is written by each read
+    bool keepsDamagedAside = false;    ///< a damaged settings file
+    bool goesOnAfterStep = false;      ///< a step of the start or the end that fails
+    bool quotesLog = false;            ///< commas in the error log
+    bool cutsLog = false;              ///< the length of the error log
+    bool tellsTimersInLine = false;    ///< boxes that nobody caused
     bool obeysEarlySwitches = false;   ///< a path with "/" on the command text
     bool looksForTagFirst = false;     ///< removing a tag from a file without one
     bool readsSevenBits = false;       ///< the numbers of an ID3v2 tag

@@ -142,6 +142,11 @@ inline constexpr auto kComfortRows = std::to_array<ComfortRow>({
     {&Comfort::startsWithoutSetting, 14},
     {&Comfort::keepsAnyBytes, 14},
     {&Comfort::writesOnlyChanges, 14},
+    {&Comfort::keepsDamagedAside, 14},
+    {&Comfort::goesOnAfterStep, 14},
+    {&Comfort::quotesLog, 14},
+    {&Comfort::cutsLog, 14},
+    {&Comfort::tellsTimersInLine, 14},
 
     {&Comfort::keepsMissingWords, 15},
 
