@@ -106,6 +106,14 @@ struct Comfort {
     bool findsAllHeaders = false;      ///< headers that are not found
     bool keepsMissingWords = false;    ///< what a language file leaves out
 
+    // What files say of themselves.
+    bool readsEveryFormat = false; ///< the facts of what is no MP3
+    bool readsListAhead = false;   ///< the rows of what was not played
+    bool tellsWholeTexts = false;  ///< the beginning of a long text
+    bool editsEveryFormat = false; ///< the tags of what is no MP3
+    bool cutsRemovedTag = false;   ///< the bytes of a removed tag
+    bool savesOnlyChanges = false; ///< a save without a change
+
     // Radio.
     bool readsTitlesWhole = false;    ///< a semicolon in a station's title
     bool savesPlainSongs = false;     ///< the beginning of a saved song

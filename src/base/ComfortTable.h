@@ -128,6 +128,9 @@ inline constexpr auto kComfortRows = std::to_array<ComfortRow>({
     {&Comfort::writesFirstLength, 12},
     {&Comfort::tellsOwnSound, 12},
     {&Comfort::findsAllHeaders, 12},
+    {&Comfort::readsEveryFormat, 12},
+    {&Comfort::readsListAhead, 12},
+    {&Comfort::tellsWholeTexts, 12},
 
     {&Comfort::looksForTagFirst, 13},
     {&Comfort::readsSevenBits, 13},
@@ -138,6 +141,9 @@ inline constexpr auto kComfortRows = std::to_array<ComfortRow>({
     {&Comfort::showsLastGenre, 13},
     {&Comfort::enablesAlbum, 13},
     {&Comfort::leavesUntickedTag, 13},
+    {&Comfort::editsEveryFormat, 13},
+    {&Comfort::cutsRemovedTag, 13},
+    {&Comfort::savesOnlyChanges, 13},
 
     {&Comfort::startsWithoutSetting, 14},
     {&Comfort::keepsAnyBytes, 14},
