@@ -121,6 +121,11 @@ struct Comfort {
     bool keepsStationsAtOnce = false; ///< stations of a session that was broken off
     bool keepsLongAddresses = false;  ///< stations with long addresses
     bool showsSavingAsItIs = false;   ///< the save button of a new station
+    bool savesToRadioFolder = false;  ///< the folder of saved songs
+    bool numbersSavedSongs = false;   ///< a song that is saved twice
+    bool tagsSavedSongs = false;      ///< the tags of saved songs
+    bool savesUntitled = false;       ///< songs of stations without titles
+    bool tellsDeadStations = false;   ///< a station that does not answer
 
     // Audio CDs.
     bool encodesSelectedDrive = false; ///< the drive that is ripped
@@ -133,6 +138,10 @@ struct Comfort {
     bool readsDiscKeys = false;        ///< titles that look like keys
     bool keepsTypedNames = false;      ///< names of a disc that were typed
     bool takesWholeGenre = false;      ///< the genre of ripped files
+    bool removesPartFiles = false;     ///< the file of a cancelled track
+    bool cleansRipNames = false;       ///< signs in the names of ripped files
+    bool keepsEarlierRips = false;     ///< files of an earlier rip
+    bool playsWhileRipping = false;    ///< the sound while a disc is ripped
 
     // What the window shows.
     bool titlesFileStart = false;         ///< the caption of a start with a file

@@ -174,6 +174,10 @@ inline constexpr auto kComfortRows = std::to_array<ComfortRow>({
     {&Comfort::readsDiscKeys, 17},
     {&Comfort::keepsTypedNames, 17},
     {&Comfort::takesWholeGenre, 17},
+    {&Comfort::removesPartFiles, 17},
+    {&Comfort::cleansRipNames, 17},
+    {&Comfort::keepsEarlierRips, 17},
+    {&Comfort::playsWhileRipping, 17},
 
     {&Comfort::readsTitlesWhole, 18},
     {&Comfort::savesPlainSongs, 18},
@@ -181,6 +185,11 @@ inline constexpr auto kComfortRows = std::to_array<ComfortRow>({
     {&Comfort::keepsStationsAtOnce, 18},
     {&Comfort::keepsLongAddresses, 18},
     {&Comfort::showsSavingAsItIs, 18},
+    {&Comfort::savesToRadioFolder, 18},
+    {&Comfort::numbersSavedSongs, 18},
+    {&Comfort::tagsSavedSongs, 18},
+    {&Comfort::savesUntitled, 18},
+    {&Comfort::tellsDeadStations, 18},
 
     {&Comfort::spreadsBands, 19},
     {&Comfort::levelsInDecibels, 19},
