@@ -102,12 +102,13 @@ Drawing positionCard() {
     return drawing;
 }
 
-/// The button that folds the quick list out lies on the head of a card.
-Drawing fold(const char* name, N store, Icon icon) {
-    const auto paint = [icon](QPainter& painter) {
-        const QRectF face(0, 0, 14, 10);
+/// The button that folds the quick list out, or back: it lies on the head of a card. With the list
+/// open its place is high up in the heading, so it fills the lower part only.
+Drawing fold(const char* name, N store, Icon icon, double top) {
+    const auto paint = [icon, top](QPainter& painter) {
+        const QRectF face(0, top, 14, 10 - top);
         painter.fillPath(rounded(face, 3), downwards(face, {kFaceUp.bottom, kInk}));
-        paintIcon(painter, icon, {7, 5}, 10, kWhite, false);
+        paintIcon(painter, icon, face.center(), 10, kWhite, false);
     };
     return cutFrom(paintCardUnder(N::fxWin, kListHead, {N::qpl_but}),
                    drawingFor(name, {N::qpl_but}, {store}, paint));
@@ -133,8 +134,8 @@ Drawings areaDrawings() {
     all.push_back(positionCard());
     all.push_back(card("volwin", N::volwin, kVolumeHead, Icon::Speaker));
     all.push_back(card("balwin", N::balwin, kVolumeHead, Icon::Balance));
-    all.push_back(fold("qpl_exp", N::qpl_exp, Icon::ChevronUp));
-    all.push_back(fold("qpl_col", N::qpl_col, Icon::ChevronDown));
+    all.push_back(fold("qpl_exp", N::qpl_exp, Icon::ChevronUp, 0));
+    all.push_back(fold("qpl_col", N::qpl_col, Icon::ChevronDown, 2));
     all.push_back(
         cutFromBody(rectOf({N::iconIMG}), drawingFor("icon", {N::iconIMG}, paintWindowIcon)));
     return all;

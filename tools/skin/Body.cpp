@@ -20,7 +20,10 @@ constexpr QRectF kPanelBox(20, 45, 432, 190);
 constexpr double kShoulder = 5; ///< how far the top lies below the crest that bears the tabs
 constexpr double kCorner = 20;
 /// The title of the quick list stands on the body when the list is open.
-constexpr QRectF kListTitle(286, 45, 166, 16);
+constexpr QRectF kListTitle(286, 45, 166, 15);
+/// A step inside the deck: the open list ends right above its lower edge.
+constexpr QRectF kStep(17.5, 41.5, 436, 221);
+constexpr double kStepRadius = 6;
 
 QColor colourOf(QRgb value) {
     return QColor::fromRgba(value);
@@ -36,6 +39,8 @@ void paintDeck(QPainter& painter) {
     const QRectF upper(kDeckBox.left(), kDeckBox.top(), kDeckBox.width(), 7);
     painter.fillRect(upper, downwards(upper, {0x90000000, kNothing}));
     painter.restore();
+    painter.strokePath(rounded(kStep.translated(0, 1), kStepRadius), QPen(colourOf(0x805258A0), 1));
+    painter.strokePath(rounded(kStep, kStepRadius), QPen(colourOf(kDeckEdge), 1));
     // The bezel round the lists, which fill their place from edge to edge.
     const QRectF bezel = kPanelBox.adjusted(-0.5, -0.5, 0.5, 0.5);
     painter.strokePath(rounded(bezel.translated(0, 1), 2), QPen(colourOf(0x305258A0), 1));
@@ -129,7 +134,7 @@ void paintBody(QPainter& painter) {
         paintScrew(painter, screw, 3.5);
     }
     paintDeck(painter);
-    paintCard(painter, kListTitle, 16);
+    paintCard(painter, kListTitle, kListTitle.height());
     paintRim(painter, outline, kWindow.height());
 }
 

@@ -9,18 +9,21 @@ namespace {
 
 using N = window::MainElement;
 
+constexpr QRectF kBox(0, 0, kStripWidth, kStripHeight);
+
+/// Words lie on the display, at no place of their own.
 Drawing strip(const char* name, N element, QRgb colour) {
-    return {.name = name,
-            .size = {kStripWidth, kStripHeight},
-            .paint =
-                [colour](QPainter& painter) {
-                    painter.fillRect(QRectF(0, 0, kStripWidth, kStripHeight),
-                                     QColor::fromRgb(keyPixel()));
-                    for (const Glyph& glyph : glyphs()) {
-                        paintPixels(painter, {glyph.left, glyph.top}, pixelsOf(glyph), colour);
-                    }
-                },
-            .spot = {element}};
+    return cutFrom(
+        [](QPainter& painter) { painter.fillRect(kBox, QColor::fromRgb(kGlass.bottom)); },
+        {.name = name,
+         .size = kBox.size().toSize(),
+         .paint =
+             [colour](QPainter& painter) {
+                 for (const Glyph& glyph : glyphs()) {
+                     paintPixels(painter, {glyph.left, glyph.top}, pixelsOf(glyph), colour);
+                 }
+             },
+         .spot = {element}});
 }
 
 } // namespace

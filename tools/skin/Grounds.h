@@ -8,7 +8,7 @@ namespace tovik::skinart {
 
 /// The heights of the strips that bear the titles of the cards.
 inline constexpr double kPositionHead = 14;
-inline constexpr double kVolumeHead = 13;
+inline constexpr double kVolumeHead = 12;
 inline constexpr double kListHead = 16;
 
 using Ground = std::function<void(QPainter&)>;

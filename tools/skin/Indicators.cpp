@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Families.h"
+#include "Grounds.h"
 #include "Palette.h"
 #include "PixelArt.h"
 
@@ -46,21 +47,25 @@ constexpr QPoint kFirstColumn(99, 52);
 constexpr QPoint kSecondColumn(112, 52);
 constexpr int kLowerRow = 10;
 
-Drawing indicator(const std::string& name, N element, QPoint place, const PixelRows& rows,
-                  QRgb colour) {
+/// A lamp: its pixels, and the symbol that its button bears.
+struct Sign {
+    PixelRows rows;
+    Icon icon;
+};
+
+/// Nothing but the symbol: it also stands over the list.
+Drawing indicator(const std::string& name, N element, QPoint place, const Sign& sign, QRgb colour) {
     const QPoint corner = place - rectOf({element}).topLeft().toPoint();
-    return drawingFor(name, {element}, [&rows, corner, colour](QPainter& painter) {
-        // Nothing but the symbol: it also stands over the list.
-        painter.fillRect(QRectF(0, 0, 12, 9), QColor::fromRgb(keyPixel()));
-        paintPixels(painter, corner, rows, colour);
-    });
+    return cutFrom(paintScreenUnder({element}),
+                   drawingFor(name, {element}, [sign, corner, colour](QPainter& painter) {
+                       paintSign(painter, corner, sign.rows, sign.icon, colour);
+                   }));
 }
 
 /// A lamp and the same unlit.
-void append(Drawings& all, const std::string& name, N lit, N dark, QPoint place,
-            const PixelRows& rows) {
-    all.push_back(indicator(name, lit, place, rows, kAmber));
-    all.push_back(indicator(name + "2", dark, place, rows, kGlowDim));
+void append(Drawings& all, const std::string& name, N lit, N dark, QPoint place, const Sign& sign) {
+    all.push_back(indicator(name, lit, place, sign, kAmber));
+    all.push_back(indicator(name + "2", dark, place, sign, kGlowDim));
 }
 
 } // namespace
@@ -68,10 +73,11 @@ void append(Drawings& all, const std::string& name, N lit, N dark, QPoint place,
 Drawings indicatorDrawings() {
     const QPoint below(0, kLowerRow);
     Drawings all;
-    append(all, "shuffle", N::Shuffle, N::ShuffleDown, kFirstColumn, shufflePixels());
-    append(all, "loop", N::loopImg, N::LoopImg2, kSecondColumn, loopPixels());
-    append(all, "cfd", N::CFD, N::CFD2, kFirstColumn + below, crossfadePixels());
-    append(all, "sld", N::Sld, N::sld2, kSecondColumn + below, skipPixels());
+    append(all, "shuffle", N::Shuffle, N::ShuffleDown, kFirstColumn,
+           {shufflePixels(), Icon::Shuffle});
+    append(all, "loop", N::loopImg, N::LoopImg2, kSecondColumn, {loopPixels(), Icon::Repeat});
+    append(all, "cfd", N::CFD, N::CFD2, kFirstColumn + below, {crossfadePixels(), Icon::Crossfade});
+    append(all, "sld", N::Sld, N::sld2, kSecondColumn + below, {skipPixels(), Icon::SkipSilence});
     return all;
 }
 

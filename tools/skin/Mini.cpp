@@ -16,12 +16,14 @@ namespace {
 
 using N = window::MiniElement;
 
-/// So small a symbol is made of whole pixels, as the lamps and the letters of the display are.
+/// On a plain screen so small a symbol is made of whole pixels, as the lamps and the letters of the
+/// display are.
 struct ButtonRow {
     const char* name;
     N element;
     std::size_t index;
     PixelRows symbol;
+    Icon icon;
 };
 
 const std::vector<ButtonRow>& transport() {
@@ -29,30 +31,54 @@ const std::vector<ButtonRow>& transport() {
         {"minmode_pre",
          N::Image4,
          0,
-         {"X....X", "X...XX", "X..XXX", "X.XXXX", "X..XXX", "X...XX", "X....X"}},
-        {"minmode_play", N::Image4, 1, {"X...", "XX..", "XXX.", "XXXX", "XXX.", "XX..", "X..."}},
+         {"X....X", "X...XX", "X..XXX", "X.XXXX", "X..XXX", "X...XX", "X....X"},
+         Icon::Previous},
+        {"minmode_play",
+         N::Image4,
+         1,
+         {"X...", "XX..", "XXX.", "XXXX", "XXX.", "XX..", "X..."},
+         Icon::Play},
         {"minmode_pause",
          N::Image4,
          2,
-         {"XX..XX", "XX..XX", "XX..XX", "XX..XX", "XX..XX", "XX..XX", "XX..XX"}},
+         {"XX..XX", "XX..XX", "XX..XX", "XX..XX", "XX..XX", "XX..XX", "XX..XX"},
+         Icon::Pause},
         {"minmode_stop",
          N::Image4,
          3,
-         {"......", "XXXXXX", "XXXXXX", "XXXXXX", "XXXXXX", "XXXXXX", "XXXXXX"}},
+         {"......", "XXXXXX", "XXXXXX", "XXXXXX", "XXXXXX", "XXXXXX", "XXXXXX"},
+         Icon::Stop},
         {"minmode_next",
          N::Image4,
          4,
-         {"X....X", "XX...X", "XXX..X", "XXXX.X", "XXX..X", "XX...X", "X....X"}},
-        {"minmode_open", N::Image4, 5, {"..XX..", ".XXXX.", "XXXXXX", "......", "XXXXXX"}},
+         {"X....X", "XX...X", "XXX..X", "XXXX.X", "XXX..X", "XX...X", "X....X"},
+         Icon::Next},
+        {"minmode_open",
+         N::Image4,
+         5,
+         {"..XX..", ".XXXX.", "XXXXXX", "......", "XXXXXX"},
+         Icon::Open},
     };
     return rows;
 }
 
 const std::vector<ButtonRow>& corners() {
     static const std::vector<ButtonRow> rows{
-        {"mini_restore", N::Image1, 0, {"XXXXXX", "X....X", "X..XXX", "X..XXX", "XXXXXX"}},
-        {"mini_hide", N::Image1, 1, {"......", "......", "......", "XXXXXX", "XXXXXX"}},
-        {"mini_close", N::Image1, 2, {"XX..XX", ".XXXX.", "..XX..", ".XXXX.", "XX..XX"}},
+        {"mini_restore",
+         N::Image1,
+         0,
+         {"XXXXXX", "X....X", "X..XXX", "X..XXX", "XXXXXX"},
+         Icon::MiniMode},
+        {"mini_hide",
+         N::Image1,
+         1,
+         {"......", "......", "......", "XXXXXX", "XXXXXX"},
+         Icon::Minimise},
+        {"mini_close",
+         N::Image1,
+         2,
+         {"XX..XX", ".XXXX.", "..XX..", ".XXXX.", "XX..XX"},
+         Icon::Close},
     };
     return rows;
 }
@@ -67,22 +93,22 @@ Drawing drawing(std::string name, QSize size, std::function<void(QPainter&)> pai
 }
 
 /// The symbol stands in the middle of its face.
-void paintButton(QPainter& painter, const QRectF& box, const PixelRows& symbol, Look look) {
+void paintButton(QPainter& painter, const QRectF& box, const ButtonRow& row, Look look) {
     paintFace(painter, box, look, 3);
+    const PixelRows& symbol = row.symbol;
     const QPoint corner(static_cast<int>(box.width() - static_cast<double>(symbol[0].size())) / 2,
                         static_cast<int>(box.height() - static_cast<double>(symbol.size())) / 2);
-    paintPixels(painter, corner + QPoint(0, 1), symbol, kShadow);
-    paintPixels(painter, corner, symbol, symbolColour(look));
+    paintSign(painter, corner + QPoint(0, 1), symbol, row.icon, kShadow);
+    paintSign(painter, corner, symbol, row.icon, symbolColour(look));
 }
 
 Drawing button(const ButtonRow& row, const char* ending, Look look) {
     const QRectF window = miniRectOf(row.element, row.index);
-    return cutFrom(
-        groundOf(window),
-        drawing(std::string(row.name) + ending, window.size().toSize(),
-                [row, window, look](QPainter& painter) {
-                    paintButton(painter, {QPointF(0, 0), window.size()}, row.symbol, look);
-                }));
+    return cutFrom(groundOf(window),
+                   drawing(std::string(row.name) + ending, window.size().toSize(),
+                           [row, window, look](QPainter& painter) {
+                               paintButton(painter, {QPointF(0, 0), window.size()}, row, look);
+                           }));
 }
 
 /// From where the sound is soft to where it is loud, or from the begin to the end.

@@ -40,7 +40,6 @@ inline constexpr QRgb kRed = 0xFFFF5562;
 // Cards: the light areas that bear dark words.
 inline constexpr Shade kCard{0xFFE0E4F2, 0xFFC8CEE4};
 inline constexpr Shade kCardHead{0xFFC2C9E2, 0xFFAEB6D6};
-inline constexpr QRgb kCardEdge = 0xFF0B0C1E;
 inline constexpr QRgb kCardLine = 0xFF949DC6;
 inline constexpr QRgb kInk = 0xFF212152;
 inline constexpr QRgb kInkSoft = 0xFF5D659A;

@@ -99,9 +99,9 @@ double sunk(Look look) noexcept {
 }
 
 void paintCard(QPainter& painter, const QRectF& box, double head) {
-    const QRectF body = box.adjusted(0.5, 0.5, -0.5, -0.5);
-    const QPainterPath shape = rounded(body, 4);
-    fill(painter, shape, downwards(body, kCard));
+    // To the very edge of its box, so that its words have room: the deck is dark enough to end it.
+    const QPainterPath shape = rounded(box, 4);
+    fill(painter, shape, downwards(box, kCard));
     painter.save();
     painter.setClipPath(shape);
     if (head > 0) {
@@ -112,11 +112,9 @@ void paintCard(QPainter& painter, const QRectF& box, double head) {
         painter.fillRect(QRectF(strip.left(), strip.bottom(), strip.width(), 1),
                          colourOf(0x70FFFFFF));
     }
-    outline(painter, rounded(body.adjusted(1, 1, -1, -1), 3), 0x48FFFFFF);
-    painter.fillRect(QRectF(body.left() + 3, body.top() + 0.5, body.width() - 6, 1),
-                     colourOf(0x90FFFFFF));
+    outline(painter, rounded(box.adjusted(0.5, 0.5, -0.5, -0.5), 3.5), 0x48FFFFFF);
+    painter.fillRect(QRectF(box.left() + 3, box.top(), box.width() - 6, 1), colourOf(0x90FFFFFF));
     painter.restore();
-    outline(painter, shape, kCardEdge);
 }
 
 void paintGlass(QPainter& painter, const QRectF& box, double radius) {

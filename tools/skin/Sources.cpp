@@ -16,9 +16,18 @@ constexpr double kPartWidth = 13;
 constexpr double kArrowHeight = 21;
 constexpr double kPartHeight = 40;
 
+/// The channel that everything else of the bar lies in: the same at any height, and dark, because
+/// it stands at the bezel and beside light lists and dark ones.
+void paintChannel(QPainter& painter, const QRectF& box) {
+    QLinearGradient across(box.topLeft(), box.topRight());
+    across.setColorAt(0, QColor::fromRgb(kDeckEdge));
+    across.setColorAt(0.35, QColor::fromRgb(kDeck.top));
+    across.setColorAt(1, QColor::fromRgb(kDeck.bottom));
+    painter.fillRect(box, across);
+}
+
 void paintArrow(QPainter& painter, double left, Icon icon, Look look) {
     const QRectF box(left, 0, kPartWidth, kArrowHeight);
-    painter.fillRect(box, QColor::fromRgb(kCard.bottom));
     paintFace(painter, box, look, 4);
     paintIcon(painter, icon, {left + kPartWidth / 2, kArrowHeight / 2 - 0.5 + sunk(look)}, 10,
               symbolColour(look));
@@ -26,7 +35,6 @@ void paintArrow(QPainter& painter, double left, Icon icon, Look look) {
 
 void paintThumb(QPainter& painter, double left, Look look) {
     const QRectF box(left, 0, kPartWidth, kPartHeight);
-    painter.fillRect(box, QColor::fromRgb(kCard.bottom));
     paintFace(painter, box.adjusted(1, 0, -1, 0), look, 4);
     for (const double y : {16.5, 19.5, 22.5}) {
         painter.fillRect(QRectF(left + 4, y, 5, 1), QColor::fromRgba(symbolColour(look)));
@@ -35,14 +43,11 @@ void paintThumb(QPainter& painter, double left, Look look) {
 
 /// Up, up pressed, track, down, down pressed, thumb, thumb pressed.
 void paintScroller(QPainter& painter) {
-    painter.fillRect(QRectF(0, 0, 7 * kPartWidth, kPartHeight), QColor::fromRgb(kCard.bottom));
+    for (int part = 0; part < 7; ++part) {
+        paintChannel(painter, {part * kPartWidth, 0, kPartWidth, kPartHeight});
+    }
     paintArrow(painter, 0, Icon::ChevronUp, Look::Up);
     paintArrow(painter, kPartWidth, Icon::ChevronUp, Look::Down);
-    const QRectF track(2 * kPartWidth, 0, kPartWidth, kPartHeight);
-    QLinearGradient across(track.topLeft(), track.topRight());
-    across.setColorAt(0, QColor::fromRgb(kCardHead.bottom));
-    across.setColorAt(1, QColor::fromRgb(kCard.bottom));
-    painter.fillRect(track, across);
     paintArrow(painter, 3 * kPartWidth, Icon::ChevronDown, Look::Up);
     paintArrow(painter, 4 * kPartWidth, Icon::ChevronDown, Look::Down);
     paintThumb(painter, 5 * kPartWidth, Look::Up);
