@@ -15,8 +15,16 @@ struct Comfort {
     bool resetsTitles = false;          ///< titles carried over in M3U files
     bool resolvesNames = false;         ///< relative names in M3U files
     bool keepsListOfFileStart = false;  ///< a session that began with a file
+    bool takesBadLengths = false;       ///< lengths in M3U files that are no numbers
+    bool forgetsLengths = false;        ///< lengths carried over in PLS files
+    bool readsAllOfPls = false;         ///< the count of a PLS file
+    bool namesUntitled = false;         ///< entries without a title
+    bool opensMoreLists = false;        ///< lists in M3U8 and XSPF
     bool loadsChosenList = false;       ///< the M3U file of the load button
+    bool asksBeforeLoading = false;     ///< a list loaded into another one
     bool savesAnyEnding = false;        ///< a list saved under another ending
+    bool savesRelativeNames = false;    ///< names in a saved list
+    bool escapesPage = false;           ///< signs in the page for browsers
     bool addsFilesOnce = false;         ///< files that come more than once with a folder
     bool asksForLocation = false;       ///< the button for a location
     bool clearsOnlyList = false;        ///< clearing beside the folder dialog

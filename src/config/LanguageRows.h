@@ -30,6 +30,10 @@ inline constexpr auto kEnglishNotices = std::to_array<std::string_view>({
     "parts of the disc cannot be read",
     "[x] gave no more picture and was ended",
     "Cannot be played: [x]",
+    "The playlist is not empty. Shall [x] replace it, or be appended to it?",
+    "&Replace",
+    "&Append",
+    "No playlist: [x]",
 });
 
 /// The English of "TovikNames".

@@ -24,7 +24,9 @@ struct MessageBox {
     MessageButtons buttons = MessageButtons::Ok;
     MessageAnswer defaultAnswer = MessageAnswer::Ok;
     std::string okCaption{};     ///< empty: the system's word for that button
-    std::string cancelCaption{}; ///< the same
+    std::string cancelCaption{}; ///< the same, as are the others
+    std::string yesCaption{};
+    std::string noCaption{};
 };
 
 /// One line of a file dialog's filter, such as {"Audio files (*.mp3)", {"*.mp3", "*.mp?"}}: the
@@ -41,6 +43,9 @@ struct FileDialog {
     std::string fileName{};         ///< the name proposed
     std::string defaultExtension{}; ///< added to a typed name that has none; without a dot
     bool manyFiles = false;         ///< open dialogs only
+    /// Save dialogs only: a name that ends in none of the filters' extensions gets that of the
+    /// chosen filter instead of the default one.
+    bool addsFilterExtension = false;
 };
 
 struct FolderDialog {

@@ -141,6 +141,8 @@ TEST_P(LanguageFiles, placeholdersStandWhereTheyAreReplaced) {
                                                                       {{"TovikNotice", 11}, 1},
                                                                       {{"TovikPreferences", 15}, 1},
                                                                       {{"TovikNotice", 12}, 1},
+                                                                      {{"TovikNotice", 13}, 1},
+                                                                      {{"TovikNotice", 16}, 1},
                                                                       {{"TovikRip", 0}, 1},
                                                                       {{"TovikRip", 1}, 1},
                                                                       {{"TovikRip", 2}, 1},

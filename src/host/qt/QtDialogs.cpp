@@ -64,6 +64,15 @@ std::string pathFrom(const QString& name) {
     return QFile::encodeName(name).toStdString();
 }
 
+/// As the window wants it: "name (*.a *.b)".
+QString shownFilter(const FileFilter& filter) {
+    QStringList patterns;
+    for (const std::string& pattern : filter.patterns) {
+        patterns << shown(pattern);
+    }
+    return shown(filter.name) + " (" + patterns.join(' ') + ')';
+}
+
 void prepare(QFileDialog& window, const FileDialog& dialog, const QString& folder) {
     window.setWindowTitle(shown(dialog.title));
     window.setDirectory(folder);
@@ -71,11 +80,7 @@ void prepare(QFileDialog& window, const FileDialog& dialog, const QString& folde
     window.setOption(QFileDialog::HideNameFilterDetails);
     QStringList filters;
     for (const FileFilter& filter : dialog.filters) {
-        QStringList patterns;
-        for (const std::string& pattern : filter.patterns) {
-            patterns << shown(pattern);
-        }
-        filters << shown(filter.name) + " (" + patterns.join(' ') + ')';
+        filters << shownFilter(filter);
     }
     window.setNameFilters(filters);
     window.setDefaultSuffix(shown(dialog.defaultExtension));
@@ -101,6 +106,37 @@ QString folderOfMusic() {
     return QFileInfo(music).isDir() ? music : QDir::homePath();
 }
 
+/// The extension of the filter that is chosen in the window: "m3u" where it takes "*.m3u" first.
+QString chosenExtension(const QFileDialog& window, const FileDialog& dialog) {
+    // The window may leave out the patterns when it tells the filter.
+    const QString chosen = window.selectedNameFilter();
+    for (const FileFilter& filter : dialog.filters) {
+        if (!filter.patterns.empty() &&
+            (chosen == shown(filter.name) || chosen == shownFilter(filter))) {
+            return shown(filter.patterns.front()).section('.', -1);
+        }
+    }
+    return shown(dialog.defaultExtension);
+}
+
+/// Whether a name fits any of the filters.
+bool fitsOne(const FileDialog& dialog, const QString& name) {
+    return std::ranges::any_of(dialog.filters, [&name](const FileFilter& filter) {
+        return std::ranges::any_of(filter.patterns, [&name](const std::string& pattern) {
+            return QDir::match(shown(pattern), name);
+        });
+    });
+}
+
+/// What the window itself asks for a name that it knows to be complete, in its words.
+bool mayReplace(QFileDialog& window, const QString& path) {
+    return !QFileInfo::exists(path) ||
+           QMessageBox::warning(&window, window.windowTitle(),
+                                QFileDialog::tr("%1 already exists.\nDo you want to replace it?")
+                                    .arg(QFileInfo(path).fileName()),
+                                Button::Yes | Button::No, Button::No) == Button::Yes;
+}
+
 std::optional<std::string> firstOf(const std::vector<std::string>& paths) {
     return paths.empty() ? std::nullopt : std::optional(paths.front());
 }
@@ -119,8 +155,10 @@ MessageAnswer QtDialogs::showMessage(const MessageBox& box) {
                        lookUp(kButtons, box.buttons), QApplication::activeWindow());
     window.setTextFormat(Qt::PlainText);
     window.setDefaultButton(lookUp(kAnswers, box.defaultAnswer));
-    for (const auto& [button, caption] :
-         {std::pair{Button::Ok, &box.okCaption}, {Button::Cancel, &box.cancelCaption}}) {
+    for (const auto& [button, caption] : {std::pair{Button::Ok, &box.okCaption},
+                                          {Button::Cancel, &box.cancelCaption},
+                                          {Button::Yes, &box.yesCaption},
+                                          {Button::No, &box.noCaption}}) {
         if (QAbstractButton* const widget = window.button(button);
             widget != nullptr && !caption->empty()) {
             widget->setText(shown(*caption));
@@ -153,7 +191,24 @@ std::optional<std::string> QtDialogs::saveFile(const FileDialog& dialog) {
     window.setAcceptMode(QFileDialog::AcceptSave);
     window.setFileMode(QFileDialog::AnyFile);
     prepare(window, dialog, startFolder(dialog.folder));
-    return firstOf(choices(window, lastFolder_));
+    if (!dialog.addsFilterExtension) {
+        return firstOf(choices(window, lastFolder_));
+    }
+    const auto followFilter = [&] { window.setDefaultSuffix(chosenExtension(window, dialog)); };
+    QObject::connect(&window, &QFileDialog::filterSelected, &window, followFilter);
+    followFilter();
+    while (const auto chosen = firstOf(choices(window, lastFolder_))) {
+        const QString name = nameFrom(*chosen);
+        if (fitsOne(dialog, QFileInfo(name).fileName())) {
+            return chosen;
+        }
+        // The window takes what stands behind any dot for an extension: "Vol. 2".
+        const QString whole = name + '.' + chosenExtension(window, dialog);
+        if (mayReplace(window, whole)) {
+            return pathFrom(whole);
+        }
+    }
+    return std::nullopt;
 }
 
 std::optional<std::string> QtDialogs::chooseFolder(const FolderDialog& dialog) {

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -13,6 +14,7 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 #include <utility>
 
 namespace tovik::host {
@@ -132,6 +134,60 @@ TEST_F(QtDialogsTest, saveAddsTheExtensionAndRemembersTheFolder) {
         window.reject();
     });
     EXPECT_EQ(dialogs_.saveFile({.title = "Save"}), std::nullopt);
+}
+
+/// Saves under this name with the filter of that number chosen.
+class QtSavingTest : public QtDialogsTest {
+protected:
+    [[nodiscard]] std::optional<std::string> save(const QString& name, int filter) {
+        const WhenShown<QFileDialog> user([&](QFileDialog& window) {
+            auto* const filters = window.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+            filters->setCurrentIndex(filter);
+            emit filters->activated(filter); // as when the user chooses it
+            emit filters->textActivated(filters->currentText());
+            window.findChild<QLineEdit*>()->setText(name);
+            QMetaObject::invokeMethod(&window, "accept");
+        });
+        return dialogs_.saveFile({.title = "Save",
+                                  .filters = {{"M3U", {"*.m3u"}}, {"XSPF", {"*.xspf"}}},
+                                  .folder = folder_.path(),
+                                  .defaultExtension = "m3u",
+                                  .addsFilterExtension = true});
+    }
+};
+
+TEST_F(QtSavingTest, theFilterTellsTheExtension) {
+    EXPECT_EQ(save("mix", 0), folder_ / "mix.m3u");
+    EXPECT_EQ(save("mix", 1), folder_ / "mix.xspf");
+    EXPECT_EQ(save("Vol. 2", 1), folder_ / "Vol. 2.xspf");
+    EXPECT_EQ(save("mix.M3U", 1), folder_ / "mix.M3U") << "a name that says it itself";
+}
+
+TEST_F(QtSavingTest, aNameThatIsCompletedIsReplacedOnlyIfTheUserSaysSo) {
+    folder_.write("Vol. 2.xspf", "kept");
+    for (const auto& [button, saved] :
+         {std::pair{QMessageBox::Yes, std::optional(folder_ / "Vol. 2.xspf")},
+          {QMessageBox::No, std::optional<std::string>()}}) {
+        std::optional<WhenShown<QFileDialog>> again; // after a No
+        const WhenShown<QMessageBox> answer([&again, pressed = button](QMessageBox& window) {
+            again.emplace([](QFileDialog& dialog) { dialog.reject(); });
+            window.button(pressed)->click();
+        });
+        EXPECT_EQ(save("Vol. 2", 1), saved);
+    }
+}
+
+TEST_F(QtDialogsTest, buttonsMayHaveWordsOfTheirOwn) {
+    const WhenShown<QMessageBox> user([](QMessageBox& window) {
+        EXPECT_EQ(window.button(QMessageBox::Yes)->text(), "Replace");
+        EXPECT_EQ(window.button(QMessageBox::No)->text(), "Append");
+        window.button(QMessageBox::No)->click();
+    });
+    EXPECT_EQ(dialogs_.showMessage({.text = "?",
+                                    .buttons = MessageButtons::YesNoCancel,
+                                    .yesCaption = "Replace",
+                                    .noCaption = "Append"}),
+              MessageAnswer::No);
 }
 
 TEST_F(QtDialogsTest, theFirstOneOpensWithTheMusicOrAtHome) {
