@@ -166,6 +166,11 @@ void TrackAdvance::endSkipping() {
 
 void TrackAdvance::reportTrack(const TrackReport& /*report*/) {
     endSkipping();
+    noteRow();
+}
+
+/// The row that sounds has had its turn in the round of a shuffle.
+void TrackAdvance::noteRow() {
     if (remembers()) {
         order.noteStarted(core_.lists.stdSS.SoundingRow());
     } else {
@@ -335,6 +340,9 @@ void TrackAdvance::button_previous() {
 void TrackAdvance::button_shuffle() {
     core_.state.ShuffleOn = !core_.state.ShuffleOn;
     forgetNext();
+    if (core_.state.IsPlaying) {
+        noteRow(); // what sounds already has had its turn
+    }
     core_.screen.showMode(Mode::shuffle);
 }
 

@@ -101,6 +101,7 @@ private:
     [[nodiscard]] std::optional<playlist::Row> upcomingRow();
     [[nodiscard]] std::optional<playlist::Row> takeUpcomingRow();
     void fadeModule(std::int64_t milliseconds);
+    void noteRow();
     [[nodiscard]] bool followsOnAlbum(const TrackRef& next) const;
 
     [[nodiscard]] bool remembers() const {

@@ -217,6 +217,25 @@ TEST_F(ComfortPlay, shufflePlaysEachRowOnceAndGoesBackTheSameWay) {
     EXPECT_NE(offered(), heard.back()) << "another round";
 }
 
+TEST_F(ComfortPlay, theRowThatSoundsHadItsTurnWhenShuffleIsSwitchedOn) {
+    comfort().remembersPicks = true;
+    addRows(5, {.seconds = 65});
+    begin(3);
+    const std::string first = offered();
+    advance_.button_shuffle();
+    int followed = 0;
+    while (advance_.hasNext()) {
+        advance_.Next_track();
+        EXPECT_NE(offered(), first);
+        ++followed;
+    }
+    EXPECT_EQ(followed, 4);
+    for (; followed > 0; --followed) {
+        advance_.last_track();
+    }
+    EXPECT_EQ(offered(), first);
+}
+
 TEST_F(ComfortPlay, theEndOfAShuffleStops) {
     comfort().remembersPicks = comfort().stopsAtListEnd = true;
     addRows(3, {.seconds = 2});
