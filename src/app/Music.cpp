@@ -62,7 +62,13 @@ void Music::bind(commands::Commands& commands) {
 
 void Music::bindPlaying(commands::Commands& commands) {
     commands.bind(CommandId::play, [this] { playback.rows.button_play(); });
-    commands.bind(CommandId::pause, [this] { playback.transport.button_pause(); });
+    commands.bind(CommandId::pause, [this] {
+        if (playback.rows.waiting()) {
+            playback.rows.button_play(); // what the last session left counts as paused
+        } else {
+            playback.transport.button_pause();
+        }
+    });
     commands.bind(CommandId::stop, [this] {
         playback.rows.forgetPlace();
         playback.transport.button_stop();

@@ -132,6 +132,9 @@ std::int64_t Remote::length() const {
 }
 
 std::int64_t Remote::Position() const {
+    if (const auto place = p_.playback.rows.waiting()) {
+        return microseconds(place->seconds);
+    }
     const player::PlayerState& state = p_.core.state;
     const sound::Handle channel = state.playsStation() ? state.PrimaryChannel : state.active();
     if (!playing() || channel == sound::kNoHandle) {
@@ -145,7 +148,8 @@ std::int64_t Remote::Position() const {
 
 RemoteTrack Remote::current() const {
     if (!playing()) {
-        return {.trackId = kNoTrack};
+        return p_.playback.rows.waiting() ? trackOf(currentTrack())
+                                          : RemoteTrack{.trackId = kNoTrack};
     }
     const auto field = [this](std::size_t which) {
         const std::string& text = p_.core.screen.playing.fields.at(which);
@@ -173,6 +177,8 @@ RemoteState Remote::state() const {
     RemoteState remote;
     if (playing()) {
         remote.PlaybackStatus = state.IsPaused ? "Paused" : "Playing";
+    } else if (p_.playback.rows.waiting()) {
+        remote.PlaybackStatus = "Paused"; // Play goes on where the last session ended
     }
     remote.LoopStatus = state.RepeatOn ? "Playlist" : "None";
     remote.Shuffle = state.ShuffleOn;
@@ -183,7 +189,7 @@ RemoteState Remote::state() const {
     remote.CanGoPrevious = picksAnew ? any && state.RepeatOn : p_.playback.advance.hasPrevious();
     remote.CanPlay = any || playing();
     remote.CanPause = remote.CanPlay; // it is not to come and go with what the player does
-    remote.CanSeek = remote.Metadata.length > 0;
+    remote.CanSeek = playing() && remote.Metadata.length > 0;
     return remote;
 }
 
@@ -244,8 +250,12 @@ bool Remote::PlayPause() {
 }
 
 void Remote::Stop() {
-    if (playing()) {
+    const bool waits = p_.playback.rows.waiting().has_value();
+    if (waits || playing()) {
         p_.commands.run(CommandId::stop);
+    }
+    if (waits) {
+        tell();
     }
 }
 

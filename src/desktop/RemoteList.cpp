@@ -77,6 +77,9 @@ std::vector<std::string> Remote::Tracks() const {
 }
 
 std::string Remote::currentTrack() const {
+    if (const auto place = p_.playback.rows.waiting()) {
+        return pathOf(rows.idOf(place->row));
+    }
     if (!playing()) {
         return kNoTrack;
     }

@@ -55,6 +55,12 @@ void RowPlayer::waitAt(const RowPlace& place) {
     }
 }
 
+std::optional<RowPlace> RowPlayer::waiting() const {
+    const bool waits = waiting_ && !core_.state.IsPlaying &&
+                       waiting_->row == core_.lists.stdSS.SelectedIndex;
+    return waits ? waiting_ : std::nullopt;
+}
+
 std::optional<RowPlace> RowPlayer::place() const {
     const PlayerState& state = core_.state;
     const playlist::stdSS& list = core_.lists.stdSS;

@@ -36,6 +36,9 @@ public:
     /// played until then and the row is still selected.
     void waitAt(const RowPlace& place);
 
+    /// The place at which `button_play` would begin now, if one waits.
+    [[nodiscard]] std::optional<RowPlace> waiting() const;
+
     /// Nobody waits any more.
     void forgetPlace() { waiting_.reset(); }
 

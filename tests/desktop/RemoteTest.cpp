@@ -27,7 +27,10 @@ protected:
     RemoteTest() {
         commands_.bind(CommandId::play, [this] { rowPlayer_.button_play(); });
         commands_.bind(CommandId::pause, [this] { transport_.button_pause(); });
-        commands_.bind(CommandId::stop, [this] { transport_.button_stop(); });
+        commands_.bind(CommandId::stop, [this] {
+            rowPlayer_.forgetPlace();
+            transport_.button_stop();
+        });
         commands_.bind(CommandId::next, [this] { advance_.Next_track(); });
         commands_.bind(CommandId::previous, [this] { advance_.last_track(); });
         commands_.bind(CommandId::shuffle, [this] { advance_.button_shuffle(); });
@@ -205,6 +208,35 @@ TEST_F(RemoteTest, anotherRowThatIsSelectedHasOthersBesideIt) {
     list_.SelectIndex(1);
     EXPECT_TRUE(remote_.state().CanGoNext);
     EXPECT_FALSE(remote_.state().CanGoPrevious);
+}
+
+TEST_F(RemoteTest, aPlaceThatWaitsIsPaused) {
+    addRows(3, {.seconds = 100});
+    list_.RefreshTime(2, 100, "01:40");
+    rowPlayer_.waitAt({2, 25});
+    const RemoteState state = remote_.state();
+    EXPECT_EQ(state.PlaybackStatus, "Paused");
+    EXPECT_EQ(state.Metadata.title, "T2");
+    EXPECT_EQ(state.Metadata.trackId, remote_.Tracks().at(1));
+    EXPECT_EQ(state.Metadata.length, 100 * kSecond);
+    EXPECT_FALSE(state.CanSeek) << "nothing is open yet";
+    EXPECT_EQ(remote_.Position(), 25 * kSecond);
+    EXPECT_TRUE(remote_.PlayPause());
+    EXPECT_EQ(remote_.state().PlaybackStatus, "Playing");
+    EXPECT_EQ(remote_.Position(), 25 * kSecond);
+}
+
+TEST_F(RemoteTest, aPlaceThatWaitsIsLeftByAStopOrForAnotherRow) {
+    addRows(3, {.seconds = 100});
+    rowPlayer_.waitAt({2, 25});
+    changes_ = 0;
+    remote_.Stop();
+    EXPECT_EQ(remote_.state().PlaybackStatus, "Stopped");
+    EXPECT_GT(changes_, 0);
+    rowPlayer_.waitAt({2, 25});
+    remote_.Next();
+    EXPECT_EQ(remote_.state().PlaybackStatus, "Stopped");
+    EXPECT_EQ(remote_.Position(), 0);
 }
 
 TEST_F(RemoteTest, whatShuffleRemembersIsBeforeThis) {
