@@ -34,11 +34,11 @@ Visuals::Visuals(Needs needs)
              .area = ui::addressOf(window::MainElement::Picture1),
              .store = needs.elements,
              .bars = ui::addressOf(window::MainElement::Picture2)}),
-      spectrum(needs.core, area_), sonVis({.core = needs.core,
-                                           .watches = needs.host.watches,
-                                           .paths = needs.host.paths,
-                                           .lost = [this] { lost(); }},
-                                          area_),
+      spectrum(needs.core, needs.host.clock, area_), sonVis({.core = needs.core,
+                                                             .watches = needs.host.watches,
+                                                             .paths = needs.host.paths,
+                                                             .lost = [this] { lost(); }},
+                                                            area_),
       n_(std::move(needs)), shelf_(n_.core, n_.host.watches, [this] { filled(); }),
       later_(n_.core.timers.makeTimer([this] {
           later_->setEnabled(false);

@@ -3,17 +3,20 @@
 
 #include "vis/HeardChannel.h"
 
+#include <utility>
+
 namespace tovik::vis {
 
 namespace {
 
 /// A mark that falls by a hundredth a tick takes at most so many for its last row: ln 3 / -ln 0.99.
+/// One that falls by time takes fewer, also at the fastest tick.
 constexpr int kStillTicks = 110;
 
 } // namespace
 
-modSpectrum::modSpectrum(const player::Core& core, VisualArea& area)
-    : core_(core), area_(&area), timer_(core.timers.makeTimer([this] { tick(); })) {}
+modSpectrum::modSpectrum(const player::Core& core, const host::Clock& clock, VisualArea& area)
+    : core_(core), clock_(clock), area_(&area), timer_(core.timers.makeTimer([this] { tick(); })) {}
 
 void modSpectrum::setSpeed(int milliseconds) {
     timer_->setInterval(intervalOf(milliseconds));
@@ -44,6 +47,7 @@ void modSpectrum::stir() {
     still_ = 0;
     if (!timer_->enabled() && timer_->interval() > 0 && mayMove()) {
         timer_->setEnabled(true);
+        lastTick_.reset();
     }
 }
 
@@ -57,14 +61,24 @@ void modSpectrum::tick() {
         return;
     }
     listen();
-    computeBands(data_, data_.bands);
-    movePeaks(data_);
+    const base::Comfort& comfort = core_.state.comfort;
+    const double seconds = passed();
+    computeBands(data_, data_.bands, comfort, seconds);
+    movePeaks(data_, comfort, seconds);
     if (figure_.place(data_, area_->width(), area_->height())) {
         area_->draw(1, [this](ui::PixelImage& picture) { figure_.draw(picture, area_->bars()); });
         still_ = 0;
     } else if (settled()) {
         timer_->setEnabled(false);
     }
+}
+
+/// Since the tick before, in seconds: ticks may come late.
+double modSpectrum::passed() {
+    constexpr double kMsInSecond = 1000;
+    const std::int64_t now = clock_.monotonicMs();
+    const std::int64_t before = std::exchange(lastTick_, now).value_or(now);
+    return static_cast<double>(now - before) / kMsInSecond;
 }
 
 /// Where nothing can be heard of, what was heard last stands.

@@ -2,20 +2,22 @@
 // The built-in spectrum: bars that follow what is heard. Interface thread.
 #pragma once
 
+#include "host/Clock.h"
 #include "player/Core.h"
 #include "vis/SpectrumFigure.h"
 #include "vis/VisualArea.h"
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 namespace tovik::vis {
 
 /// Its timer ticks only while there is something to move and someone can see it.
 class modSpectrum {
 public:
-    /// Both outlive the object. It is stopped at first.
-    modSpectrum(const player::Core& core, VisualArea& area);
+    /// All of them outlive the object. It is stopped at first.
+    modSpectrum(const player::Core& core, const host::Clock& clock, VisualArea& area);
     modSpectrum(const modSpectrum&) = delete;
     modSpectrum& operator=(const modSpectrum&) = delete;
 
@@ -45,14 +47,17 @@ private:
     void listen();
     [[nodiscard]] bool mayMove() const;
     [[nodiscard]] bool settled();
+    [[nodiscard]] double passed();
 
     const player::Core& core_;
+    const host::Clock& clock_;
     VisualArea* area_;
     std::unique_ptr<host::Timer> timer_;
     SpectrumData data_;
     SpectrumFigure figure_;
     bool started_ = false;
-    int still_ = 0; ///< ticks in a row that moved nothing
+    int still_ = 0;                        ///< ticks in a row that moved nothing
+    std::optional<std::int64_t> lastTick_; ///< of the clock; none behind a rest
 };
 
 } // namespace tovik::vis

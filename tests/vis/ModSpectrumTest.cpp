@@ -32,7 +32,7 @@ protected:
     static constexpr sound::Handle kSecond = 102;
 
     NotedArea area_;
-    vis::modSpectrum spectrum_{core_, area_};
+    vis::modSpectrum spectrum_{core_, host_.clock, area_};
 };
 
 TEST_F(ModSpectrum, ticksAtItsSpeedFromTheStartOn) {
@@ -182,6 +182,52 @@ TEST_F(ModSpectrum, aStartDrawsTheWholeAreaAnew) {
     spectrum_.StartSpectrum();
     advance(kSpeedMs);
     EXPECT_EQ(area_.picture.pixels[0], 0xFF000000U);
+}
+
+TEST_F(ModSpectrum, withComfortBarsAndMarksFallAlikeAtAnySpeed) {
+    state_.comfort.levelsInDecibels = true;
+    state_.comfort.fallsByTime = true;
+    for (const int speed : {67, 40, 17}) { // 15, 25 and 60 pictures a second
+        spectrum_.setSpeed(speed);
+        sound_.spectra[kFirst].fill(1);
+        spectrum_.StartSpectrum();
+        advance(1000);
+        ASSERT_EQ(spectrum_.data().bands[0], 1) << speed;
+        ASSERT_EQ(spectrum_.data().peaks[0], 1) << speed;
+        sound_.spectra[kFirst].fill(0);
+        const int before = sound_.spectraRead;
+        advance(450);
+        const int ticks = sound_.spectraRead - before;
+        ASSERT_GE(ticks, 450 / speed) << speed;
+        // Each tick stands for its whole interval.
+        const double passed = ticks * speed / 1000.0;
+        EXPECT_NEAR(double{spectrum_.data().bands[0]}, 1 - passed * 4 / 3, 1e-4) << speed;
+        EXPECT_NEAR(double{spectrum_.data().peaks[0]}, 1 - passed / 3, 1e-4) << speed;
+        EXPECT_NEAR(passed, 0.45, 0.067) << speed;
+        advance(600);
+        EXPECT_EQ(spectrum_.data().bands[0], 0) << speed;
+        EXPECT_GT(spectrum_.data().peaks[0], 0.6F) << speed;
+        advance(2500);
+        EXPECT_EQ(spectrum_.data().peaks[0], 0) << speed;
+    }
+}
+
+TEST_F(ModSpectrum, withComfortAPauseIsNoTimeInWhichBarsFall) {
+    state_.comfort.levelsInDecibels = true;
+    state_.comfort.fallsByTime = true;
+    spectrum_.StartSpectrum();
+    advance(400);
+    sound_.spectra[kFirst].fill(0);
+    state_.IsPaused = true;
+    advance(5000);
+    ASSERT_TRUE(spectrum_.rests());
+    EXPECT_EQ(spectrum_.data().bands[0], 1);
+    state_.IsPaused = false;
+    spectrum_.stir();
+    advance(kSpeedMs);
+    EXPECT_EQ(spectrum_.data().bands[0], 1) << "the first tick stands for no time";
+    advance(kSpeedMs);
+    EXPECT_NEAR(double{spectrum_.data().bands[0]}, 1 - 0.04 * 4 / 3, 1e-4);
 }
 
 } // namespace

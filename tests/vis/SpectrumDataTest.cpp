@@ -198,5 +198,143 @@ TEST(SpectrumData, whatIsNoNumberCountsAsSilence) {
     EXPECT_EQ(data.scale33[5], 0);
 }
 
+base::Comfort kind() {
+    base::Comfort comfort;
+    comfort.spreadsBands = true;
+    comfort.levelsInDecibels = true;
+    comfort.fallsByTime = true;
+    return comfort;
+}
+
+/// The height of a bar, from the decibels that it stands for.
+double height(double decibels) {
+    return (decibels + 60) / 60;
+}
+
+/// The fine bands after one look at that sound.
+std::array<float, 33> kindBands(const std::array<float, 256>& bins) {
+    SpectrumData data;
+    data.FFT = bins;
+    computeBands(data, data.bands, kind());
+    return data.bands;
+}
+
+TEST(ComfortableSpectrum, aToneReadsItsDecibelsInItsBandAndTheBandsAreEqualPartsOfAnOctave) {
+    const double step = std::pow(192.0, 1.0 / 32);
+    for (const double decibels : {0.0, -20.0, -40.0}) {
+        for (int band = 6; band < 33; ++band) {
+            const double bin = std::round(std::pow(step, band));
+            const auto bands = kindBands(measured(bin, std::pow(10, decibels / 20)));
+            EXPECT_NEAR(*std::ranges::max_element(bands), height(decibels), 0.005) << band;
+            // The middle of a low band is no whole bin.
+            const auto highest = std::ranges::max_element(bands) - bands.begin();
+            EXPECT_LE(std::abs(highest - band), bin < 10 ? 1 : 0) << bin;
+        }
+    }
+}
+
+TEST(ComfortableSpectrum, aToneBetweenTwoBinsReadsTheSameWithinADecibelAndAHalf) {
+    for (double bin = 4; bin < 230; bin += 3.7) {
+        const auto bands = kindBands(measured(bin, 0.1));
+        EXPECT_NEAR(*std::ranges::max_element(bands), height(-20), 1.5 / 60) << bin;
+    }
+}
+
+TEST(ComfortableSpectrum, everyBarMovesAndNoFrequencyIsLost) {
+    std::array<float, 256> bins{};
+    bins.fill(0.01F);
+    for (const float band : kindBands(bins)) {
+        EXPECT_GT(band, 0.3F);
+    }
+    for (std::size_t bin = 1; bin < bins.size(); ++bin) {
+        bins.fill(0);
+        bins.at(bin) = 1;
+        EXPECT_EQ(std::ranges::max(kindBands(bins)), 1) << bin;
+    }
+    // What lies above the last octave is in the last bar.
+    EXPECT_EQ(kindBands(bins).back(), 1);
+}
+
+TEST(ComfortableSpectrum, aQuietSoundIsLowFromItsFirstMomentOn) {
+    // In relation to themselves these two look alike.
+    SpectrumData quiet;
+    quiet.FFT = measured(20, 0.01);
+    computeBands(quiet, quiet.bands, kind());
+    EXPECT_NEAR(double{std::ranges::max(quiet.bands)}, height(-40), 0.01);
+    SpectrumData loud;
+    loud.FFT = measured(20, 1);
+    computeBands(loud, loud.bands, kind());
+    EXPECT_NEAR(double{std::ranges::max(loud.bands)}, 1, 0.01);
+    loud.FFT = measured(20, 0.0005); // -66 dB
+    loud.bands.fill(0);
+    computeBands(loud, loud.bands, kind());
+    EXPECT_EQ(std::ranges::max(loud.bands), 0);
+}
+
+TEST(ComfortableSpectrum, whatSoundsTogetherInABandCountsTogether) {
+    // Noise of that size in each bin: a band of 16 bins has 16 / 1.5 times the power of one.
+    std::array<float, 256> bins{};
+    bins.fill(0.01F);
+    const auto bands = kindBands(bins);
+    EXPECT_NEAR(double{bands[28]}, height(-40 + 10 * std::log10(17 / 1.5)), 1e-4);
+    EXPECT_NEAR(double{bands[0]}, height(-40), 1e-4);
+}
+
+TEST(ComfortableSpectrum, barsRiseAtOnceAndFallByTheSeconds) {
+    SpectrumData data;
+    data.FFT.fill(1);
+    computeBands(data, data.bands, kind(), 10);
+    movePeaks(data, kind(), 10);
+    EXPECT_EQ(data.bands[5], 1);
+    EXPECT_EQ(data.peaks[5], 1);
+    data.FFT.fill(0);
+    computeBands(data, data.bands, kind(), 0.3);
+    movePeaks(data, kind(), 0.3);
+    EXPECT_FLOAT_EQ(data.bands[5], 0.6F);
+    EXPECT_FLOAT_EQ(data.peaks[5], 0.9F);
+    computeBands(data, data.bands, kind(), 60);
+    movePeaks(data, kind(), 60);
+    EXPECT_EQ(data.bands[5], 0);
+    EXPECT_EQ(data.peaks[5], 0);
+}
+
+TEST(ComfortableSpectrum, eachKindnessStandsForItself) {
+    SpectrumData data;
+    data.FFT = measured(3, 0.1);
+    base::Comfort comfort;
+    comfort.spreadsBands = true;
+    computeBands(data, data.bands, comfort);
+    EXPECT_FLOAT_EQ(data.bands[7], 0.5F) << "half way, in relation to the highest so far";
+    data = {};
+    data.FFT = measured(3, 0.1);
+    comfort = {};
+    comfort.levelsInDecibels = true;
+    computeBands(data, data.bands, comfort);
+    EXPECT_NEAR(double{data.bands[3]}, height(-20) / 2, 1e-3) << "band 3 of the table is bin 3";
+    data = {};
+    data.FFT = measured(3, 0.1);
+    comfort = {};
+    comfort.fallsByTime = true;
+    computeBands(data, data.bands, comfort);
+    EXPECT_EQ(data.bands[3], 1) << "its highest so far, at once";
+}
+
+TEST(ComfortableSpectrum, thereIsACoarsePictureToo) {
+    SpectrumData data;
+    data.FFT.fill(0.01F);
+    std::vector<float> bands(16, 0);
+    computeBands(data, bands, kind());
+    for (const float band : bands) {
+        EXPECT_GT(band, 0.3F);
+    }
+}
+
+TEST(ComfortableSpectrum, whatIsNoNumberIsSilence) {
+    SpectrumData data;
+    data.FFT.fill(std::numeric_limits<float>::quiet_NaN());
+    computeBands(data, data.bands, kind());
+    EXPECT_EQ(std::ranges::max(data.bands), 0);
+}
+
 } // namespace
 } // namespace tovik::test
