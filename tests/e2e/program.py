@@ -16,6 +16,7 @@ import unittest
 PROGRAM = os.environ["TOVIK_PROGRAM"]
 MEDIA = os.environ["TOVIK_MEDIA"]
 ARTEFACTS = os.environ.get("TOVIK_ARTEFACTS", tempfile.gettempdir())
+COMFORT = os.environ.get("TOVIK_COMFORT", "off")  # of tests that say nothing of it
 LIMIT = 20  # seconds after which a program counts as hung
 
 
@@ -23,10 +24,15 @@ def media(name):
     return os.path.join(MEDIA, name)
 
 
+def odd(test):
+    """Marks a test, or all of a class, that speaks of an odd behaviour: comfort has another."""
+    return unittest.skipIf(COMFORT == "on", "speaks of what comfort does otherwise")(test)
+
+
 class ProgramTest(unittest.TestCase):
     """Each test has a folder of its own, which is also home, data and runtime folder."""
 
-    COMFORT = "off"  # "on", or None for what the settings say
+    COMFORT = COMFORT  # "on" or "off", or None for what the settings say
 
     def setUp(self):
         self.stack = contextlib.ExitStack()

@@ -33,9 +33,8 @@ class Playlist(ProgramTest):
 
     def begin(self, titles, panel="3"):
         """The player with a kept list of these titles, on a panel."""
-        subprocess.run([os.environ["TOVIK_PROGRAM"], "--comfort=off", "--render", self.path("out.wav"), "--seconds",
-                        "0.1", self.song("first.wav")], env=self.environment, check=True,
-                       capture_output=True, timeout=LIMIT)  # makes the data folder
+        self.run_program("--render", self.path("out.wav"), "--seconds", "0.1",
+                         self.song("first.wav"), check=True)  # makes the data folder
         with open(self.data("db/autosave.m3u"), "w", newline="", encoding="utf-8") as file:
             file.write("#EXTM3U\r\n")
             for title in titles:
