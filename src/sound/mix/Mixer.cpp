@@ -137,8 +137,12 @@ void Mixer::addVoices(std::span<float> block) noexcept {
     }
     for (Voice* voice : voices()) {
         const auto place = voice->joinsAt();
-        if (place && *place < block.size() / 2) {
-            voice->start();
+        if (!place) {
+            continue;
+        }
+        // Behind a voice that ends with the block, too: by the next one it may have been freed.
+        voice->start();
+        if (*place < block.size() / 2) {
             addVoice(*voice, block.subspan(*place * 2),
                      clock() + static_cast<std::int64_t>(*place));
         }

@@ -79,6 +79,19 @@ TEST(Follow, StartsAtOnceBehindOneThatHasEnded) {
     expectSame(cut(rig.render(framesOf(part)), 0, framesOf(part)), part);
 }
 
+TEST(Follow, GoesOnWhereTheOneBeforeEndsWithABlockAndIsFreedBehindIt) {
+    EngineRig rig;
+    const Stereo part = wavSamples("gapless_1.wav");
+    const Stereo next = wavSamples("gapless_2.wav");
+    const Handle first = rig.play("gapless_1.wav");
+    const Handle second = rig.open("gapless_2.wav");
+    ASSERT_TRUE(rig.engine.playBehind(second, first));
+    expectSame(rig.render(framesOf(part)), part);
+    ASSERT_EQ(rig.engine.BASS_ChannelIsActive(first), Activity::stopped);
+    ASSERT_TRUE(rig.engine.BASS_StreamFree(first));
+    expectSame(rig.render(framesOf(next)), next);
+}
+
 TEST(Follow, StaysSilentWhereTheOneBeforeGoes) {
     for (const bool stopped : {true, false}) {
         EngineRig rig;
