@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/PlayerRig.h"
 
+#include "support/host/ComfortOfTests.h"
+
 namespace tovik::test {
 
 namespace {
@@ -27,6 +29,7 @@ PlayerRig::PlayerRig() {
     values_ = {{"CFDT", "5"}, {"SLDT", "50"},  {"EV2", "0"},
                {"OSD", "0"},  {"TKXV", "0,1"}, {"TKV2", "1"}};
     writeSettings();
+    state_.comfort = comfortOfTests();
     state_.CurrentVolume = 80;
     state_.BalanceValue = -25;
 }

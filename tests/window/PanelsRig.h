@@ -5,6 +5,7 @@
 #include "config/clsXML.h"
 #include "config/ErrHandler.h"
 #include "config/Errors.h"
+#include "support/host/ComfortOfTests.h"
 #include "support/host/TestHost.h"
 #include "support/sound/FakeSoundLibrary.h"
 #include "window/Panels.h"
@@ -23,6 +24,7 @@ public:
 
 struct PanelsRig {
     PanelsRig() {
+        state.comfort = test::comfortOfTests();
         for (std::size_t i = 0; i < elements.count(MainElement::Image2); ++i) {
             elements.touch(MainElement::Image2, i).picture = look(i);
         }
