@@ -202,7 +202,7 @@ TEST(SkinFit, theDeckHasAnEdgeRightBelowTheOpenList) {
     constexpr int kListEnd = 262;
     const QImage& body = picture("main");
     for (int x = 288; x < 450; ++x) {
-        EXPECT_GT(brightness(body.pixel(x, kListEnd + 1)), brightness(body.pixel(x, kListEnd)) + 20)
+        EXPECT_GT(brightness(body.pixel(x, kListEnd + 2)), brightness(body.pixel(x, kListEnd + 1)) + 20)
             << x;
     }
 }

@@ -22,7 +22,7 @@ constexpr double kCorner = 20;
 /// The title of the quick list stands on the body when the list is open.
 constexpr QRectF kListTitle(286, 45, 166, 15);
 /// A step inside the deck: the open list ends right above its lower edge.
-constexpr QRectF kStep(17.5, 41.5, 436, 221);
+constexpr QRectF kStep(17.5, 41.5, 436, 222);
 constexpr double kStepRadius = 6;
 
 QColor colourOf(QRgb value) {
