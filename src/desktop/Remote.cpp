@@ -193,13 +193,12 @@ RemoteState Remote::state() const {
     return remote;
 }
 
-/// What was paused stays so, and what is stopped only has another row selected.
-void Remote::go(CommandId command, int step, bool possible) {
+/// What was paused stays so, and what is stopped only has the row selected that would follow.
+void Remote::go(CommandId command, Direction direction, bool possible) {
     if (!playing()) {
-        playlist::stdSS& list = p_.core.lists.stdSS;
-        const Row row = list.SelectedIndex + step;
-        if (row >= 1 && row <= list.ListCount()) {
-            list.SelectIndex(row);
+        const auto row = p_.playback.advance.stepTo(direction);
+        if (row && *row >= 1) { // a pick may be none
+            p_.core.lists.stdSS.SelectIndex(*row);
             tell();
         }
         return;
@@ -216,11 +215,11 @@ void Remote::go(CommandId command, int step, bool possible) {
 }
 
 void Remote::Next() {
-    go(CommandId::next, 1, state().CanGoNext);
+    go(CommandId::next, Direction::forth, state().CanGoNext);
 }
 
 void Remote::Previous() {
-    go(CommandId::previous, -1, state().CanGoPrevious);
+    go(CommandId::previous, Direction::back, state().CanGoPrevious);
 }
 
 void Remote::Pause() {

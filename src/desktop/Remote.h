@@ -69,7 +69,8 @@ public:
     void SetPosition(std::string_view trackId, std::int64_t position);
 
     /// Appends a file of music or an address of the web to the list and plays it. False for what is
-    /// neither, and while another one is being opened.
+    /// neither, a file that cannot be played, and while another one is being opened. An address
+    /// that does not answer is known too late.
     [[nodiscard]] bool OpenUri(const std::string& uri);
 
     /// Whether `OpenUri` still waits for the disk.
@@ -139,7 +140,9 @@ private:
     [[nodiscard]] playlist::Row playingRow() const;
     [[nodiscard]] playlist::Row rowOfPath(std::string_view trackId) const;
     [[nodiscard]] RemoteTrack current() const;
-    void go(commands::CommandId command, int step, bool possible);
+    using Direction = player::TrackAdvance::Direction;
+
+    void go(commands::CommandId command, Direction direction, bool possible);
     void moveTo(std::int64_t position);
 
     /// Asks the disk, and holds off whoever wants to open another one meanwhile.

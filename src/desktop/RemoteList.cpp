@@ -61,7 +61,7 @@ bool Remote::OpenUri(const std::string& uri) {
         return false;
     }
     p_.playback.rows.PlayRow(before + 1, player::fadeSeconds(p_.core.settings));
-    return true;
+    return !list.isUnplayable(before + 1);
 }
 
 std::vector<std::string> Remote::Tracks() const {

@@ -4,6 +4,7 @@
 #include "base/Numbers.h"
 #include "player/FadeTime.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <string>
@@ -97,6 +98,15 @@ void TrackAdvance::last_track() {
             play(*row, seconds, Direction::back);
         }
     });
+}
+
+std::optional<playlist::Row> TrackAdvance::stepTo(Direction direction) {
+    const playlist::stdSS& list = core_.lists.stdSS;
+    if (list.ListCount() == 0) {
+        return std::nullopt;
+    }
+    return direction == Direction::forth ? takeUpcomingRow()
+                                         : rowBefore(std::max<playlist::Row>(currentRow(), 1));
 }
 
 std::optional<playlist::Row> TrackAdvance::rowBehind(playlist::Row row) {

@@ -78,6 +78,12 @@ public:
     /// Whether there is always a next track.
     [[nodiscard]] bool neverEnds() const;
 
+    enum class Direction : std::uint8_t { forth, back };
+
+    /// The row that `Next_track` or `last_track` would play, which counts as gone to: for who only
+    /// selects it. None where there is nothing to go to, or 0 for a pick that is no row.
+    [[nodiscard]] std::optional<playlist::Row> stepTo(Direction direction);
+
     /// Selects an item of the plain list, counted from 0; one that is not there leaves the
     /// selection as it is.
     void selectItem(std::int32_t item);
@@ -90,8 +96,6 @@ private:
     /// Steps through the list from a row; none where there is nothing to go to.
     [[nodiscard]] std::optional<playlist::Row> rowBehind(playlist::Row row);
     [[nodiscard]] std::optional<playlist::Row> rowBefore(playlist::Row row);
-
-    enum class Direction : std::uint8_t { forth, back };
 
     void play(playlist::Row row, std::int32_t seconds, Direction direction);
     void skipRow();

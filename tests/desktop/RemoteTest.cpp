@@ -9,6 +9,7 @@
 #include <cmath>
 #include <functional>
 #include <limits>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -177,6 +178,30 @@ TEST_F(RemoteTest, nextWhileStoppedSelects) {
     EXPECT_EQ(list_.SelectedIndex, 1);
 }
 
+TEST_F(RemoteTest, nextWhileStoppedSelectsWhatWouldFollow) {
+    addRows(3, {.seconds = 100});
+    list_.SelectIndex(3);
+    remote_.Next();
+    EXPECT_EQ(list_.SelectedIndex, 3) << "nothing follows";
+    state_.RepeatOn = true;
+    remote_.Next();
+    EXPECT_EQ(list_.SelectedIndex, 1);
+    remote_.Previous();
+    EXPECT_EQ(list_.SelectedIndex, 3);
+    state_.ShuffleOn = true;
+    state_.comfort.remembersPicks = true;
+    std::set<playlist::Row> rows;
+    for (int step = 0; step < 3; ++step) {
+        remote_.Next();
+        rows.insert(list_.SelectedIndex);
+    }
+    EXPECT_EQ(rows.size(), 3U) << "each row once";
+    const playlist::Row last = list_.SelectedIndex;
+    remote_.Previous();
+    EXPECT_NE(list_.SelectedIndex, last);
+    EXPECT_EQ(remote_.state().PlaybackStatus, "Stopped");
+}
+
 TEST_F(RemoteTest, modesDecideWhetherThereIsANext) {
     playSecond();
     remote_.Next();
@@ -320,6 +345,8 @@ TEST_F(RemoteTest, openedAddressesAreAppendedAndPlayed) {
     isThere_ = [](const std::string&) { return false; };
     EXPECT_FALSE(remote_.OpenUri("file:///none.mp3"));
     EXPECT_EQ(list_.ListCount(), 2);
+    isThere_ = [](const std::string&) { return true; };
+    EXPECT_FALSE(remote_.OpenUri("file:///noise.mp3")) << "no decoder takes it";
 }
 
 TEST_F(RemoteTest, whileTheDiskIsAskedForOneFileNoOtherIsOpened) {
