@@ -138,7 +138,7 @@ void PlaybackClock::Timer3() {
     });
 }
 
-void PlaybackClock::movePosition() {
+std::int16_t PlaybackClock::markPosition() {
     const PlayerState& state = core_.state;
     std::int16_t percent = 0;
     if (state.ActiveChannel != ChannelSlot::none) {
@@ -147,7 +147,12 @@ void PlaybackClock::movePosition() {
     }
     core_.screen.playing.percent = percent;
     core_.screen.showPosition();
-    if (state.comfort.endsExactly) {
+    return percent;
+}
+
+void PlaybackClock::movePosition() {
+    const std::int16_t percent = markPosition();
+    if (core_.state.comfort.endsExactly) {
         lookForExactEnd();
     } else if (isEndOfTrack(percent)) {
         end_->endTrack();
@@ -161,11 +166,26 @@ void PlaybackClock::lookForExactEnd() {
     if (core_.sound.BASS_ChannelIsActive(channel) == sound::Activity::stopped) {
         Timer3_->setInterval(kTimer3Ms);
         end_->endTrack();
+        followTrack(channel);
         return;
     }
     const std::int64_t left = time_.GetMillisecondsLeft(channel);
     const std::int64_t until = left - end_->nearEnd(left) + kBehind;
+    followTrack(channel);
     Timer3_->setInterval(static_cast<int>(std::clamp<std::int64_t>(until, kBehind, kTimer3Ms)));
+}
+
+/// Another track sounds than before: mark and digits are at its beginning now, not a tick later.
+void PlaybackClock::followTrack(sound::Handle before) {
+    const PlayerState& state = core_.state;
+    if (!state.IsPlaying || state.RadioMode || state.active() == before ||
+        core_.sound.BASS_ChannelIsActive(state.active()) == sound::Activity::stopped) {
+        return;
+    }
+    static_cast<void>(markPosition());
+    if (movesDigits_) {
+        showDigits();
+    }
 }
 
 } // namespace tovik::player

@@ -69,8 +69,10 @@ private:
     void stir();
     void showDigits();
     void showHeard();
+    std::int16_t markPosition();
     void movePosition();
     void lookForExactEnd();
+    void followTrack(sound::Handle before);
     template <typename Body>
     void endTrackOnOverflow(Body&& body);
 

@@ -55,6 +55,24 @@ TEST_F(Seamless, theNextTrackStartsBehindTheLastSample) {
     EXPECT_EQ(state_.active(), state_.PrimaryChannel);
 }
 
+TEST_F(Seamless, markAndDigitsAreAtTheBeginningOfTheNextTrackAtOnce) {
+    clock_.begin();
+    play(3, {.seconds = 10.3});
+    advance(10290);
+    EXPECT_GT(playing_.percent, 90);
+    EXPECT_EQ(playing_.time, "00:10");
+    advance(30);
+    ASSERT_EQ(list_.SoundingRow(), 2);
+    EXPECT_EQ(playing_.percent, 0);
+    EXPECT_EQ(playing_.time, "00:00");
+    // A hand on the bar has the digits.
+    clock_.moveDigits(false);
+    playing_.time = "held";
+    advance(10300);
+    ASSERT_EQ(list_.SoundingRow(), 3);
+    EXPECT_EQ(playing_.time, "held");
+}
+
 TEST_F(Seamless, itHasVolumeAndBalanceBeforeItSounds) {
     play(2, {.seconds = 10});
     state_.comfort.keepsBalance = true;
