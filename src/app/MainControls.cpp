@@ -20,6 +20,7 @@ MainControls::MainControls(frmPlayer& player, ui::SkinWindow& window,
     text4_->setAttribute(Qt::WA_NoSystemBackground);
     text4_->setObjectName(QStringLiteral("Text4"));
     window_.hostControl(MainElement::Text4, 0, text4_);
+    quickList_.obey(player.state().comfort);
     addQuickList();
     takeFiles(addList(MainElement::stdSS, "stdSS", player.stdSS()));
     addList(MainElement::lstTracks, "lstTracks", player.lists().lstTracks);

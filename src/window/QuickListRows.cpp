@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/QuickListRows.h"
 
+#include "window/ListRows.h"
+
 namespace tovik::window {
 
 std::size_t QuickListRows::rows() const {
@@ -9,6 +11,12 @@ std::size_t QuickListRows::rows() const {
 
 std::string QuickListRows::text(std::size_t row) const {
     return std::string(mirror_.List(static_cast<std::int32_t>(row)));
+}
+
+std::string QuickListRows::numberText(std::size_t row) const {
+    const bool marks = comfort_ != nullptr && comfort_->skipsUnplayable &&
+                       list_.isUnplayable(static_cast<playlist::Row>(row) + 1);
+    return marks ? std::string(kUnplayableMark) + " " : std::string();
 }
 
 std::optional<std::size_t> QuickListRows::current() const {

@@ -2,6 +2,7 @@
 // The quick list as a widget sees it. Interface thread.
 #pragma once
 
+#include "base/Comfort.h"
 #include "player/RowPlayer.h"
 #include "playlist/ListMirror.h"
 #include "playlist/stdSS.h"
@@ -20,11 +21,17 @@ public:
                   MenuPopper* menus = nullptr)
         : mirror_(mirror), list_(list), player_(player), menus_(menus) {}
 
+    /// Whether a row that cannot be played is marked; outlives it. Without it none is.
+    void obey(const base::Comfort& comfort) { comfort_ = &comfort; }
+
     /// Where a menu that a key asks for appears; without it at the pointer.
     void showsRowsAt(RowPlace place) { place_ = std::move(place); }
 
     [[nodiscard]] std::size_t rows() const override;
     [[nodiscard]] std::string text(std::size_t row) const override;
+
+    /// The mark of a row that cannot be played, in front of its title: there is no column of times.
+    [[nodiscard]] std::string numberText(std::size_t row) const override;
     [[nodiscard]] std::optional<std::size_t> current() const override;
     [[nodiscard]] bool selected(std::size_t row) const override;
     [[nodiscard]] bool marked(std::size_t row) const override;
@@ -51,6 +58,7 @@ private:
     playlist::stdSS& list_;
     player::RowPlayer& player_;
     MenuPopper* menus_;
+    const base::Comfort* comfort_ = nullptr;
     RowPlace place_;
 };
 

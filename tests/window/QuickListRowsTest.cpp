@@ -2,6 +2,7 @@
 #include "window/QuickListRows.h"
 
 #include "player/PlayerRig.h"
+#include "window/ListRows.h"
 
 namespace tovik::test {
 namespace {
@@ -44,6 +45,19 @@ TEST_F(QuickList, theMarkIsOfTheRowThatSounds) {
     advance_.button_next();
     EXPECT_TRUE(rows_.marked(1));
     EXPECT_FALSE(rows_.marked(0));
+}
+
+TEST_F(QuickList, aRowThatCannotBePlayedMayBeMarked) {
+    addRows(2, {.seconds = 10});
+    list_.setUnplayable(2, true);
+    EXPECT_EQ(rows_.numberText(1), "");
+    state_.comfort.skipsUnplayable = false;
+    rows_.obey(state_.comfort);
+    EXPECT_EQ(rows_.numberText(1), "");
+    state_.comfort.skipsUnplayable = true;
+    EXPECT_EQ(rows_.numberText(1), std::string(window::kUnplayableMark) + " ");
+    EXPECT_EQ(rows_.numberText(0), "");
+    EXPECT_EQ(rows_.text(1), "T2");
 }
 
 TEST_F(QuickList, aMovedRowGoesWithItsSelectionInBothLists) {
