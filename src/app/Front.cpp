@@ -4,6 +4,7 @@
 #include "skin/UnpackSkin.h"
 #include "ui/Twips.h"
 #include "window/MainButtons.h"
+#include "window/MiniSkin.h"
 
 #include <array>
 #include <utility>
@@ -14,10 +15,16 @@ using commands::CommandId;
 using window::TimeDisplay;
 
 Front::Front(const window::MainView::Needs& needs, player::StoredSettings& stored,
-             config::MultiLNG& language)
-    : view(needs), knobs(needs.knobs), host_(needs.host), state_(needs.core.state),
-      window_(needs.window), stored_(stored),
-      words_(language, config::TextWindow::frmPlayer, view.texts) {}
+             config::MultiLNG& language, const std::string& shippedSkin)
+    : view(needs), spare(needs.core.state.comfort,
+                         {shippedSkin, needs.host.paths.of(host::DataItem::SkinPackage)},
+                         [&errors = needs.core.errors](const base::RuntimeError& error) {
+                             errors.log(error, config::player("Load"));
+                         }),
+      knobs(needs.knobs), host_(needs.host), state_(needs.core.state), window_(needs.window),
+      stored_(stored), words_(language, config::TextWindow::frmPlayer, view.texts) {
+    view.skin.spareWith(spare);
+}
 
 void Front::bind(commands::Commands& commands) {
     bindPanels(commands);
@@ -82,7 +89,12 @@ void Front::notePlace() {
 }
 
 void Front::loadSkin() {
-    skin::UnpackSkin(host_.paths, host_.dialogs);
+    if (!state_.comfort.completesSkin) {
+        skin::UnpackSkin(host_.paths, host_.dialogs);
+    } else if (!skin::mendSkin(host_.paths, window::skinFiles()) &&
+               state_.comfort.tellsForeignSkin && foreignSkin) {
+        foreignSkin(host_.paths.of(host::DataItem::SkinPackage));
+    }
     view.skin.LoadMainSkin();
 }
 

@@ -7,16 +7,19 @@
 #include "config/MultiLNG.h"
 #include "player/StoredSettings.h"
 #include "window/MainView.h"
+#include "window/SpareSkin.h"
 
 #include <functional>
+#include <string>
 
 namespace tovik::app {
 
 class Front {
 public:
-    /// All of them outlive the wing.
+    /// All of them outlive the wing. `shippedSkin` is the package that came with the program;
+    /// empty: none did.
     Front(const window::MainView::Needs& needs, player::StoredSettings& stored,
-          config::MultiLNG& language);
+          config::MultiLNG& language, const std::string& shippedSkin);
     Front(const Front&) = delete;
     Front& operator=(const Front&) = delete;
 
@@ -47,10 +50,14 @@ public:
     void hideWindow();
 
     window::MainView view;
+    window::SpareSkin spare;
     player::Knobs knobs; ///< what of the sound the view turns
 
     /// Told when the user chose a panel, which stands in the main window; none: nobody is.
     std::function<void()> panelChosen;
+
+    /// Told of a package, by its path, that is no skin's or not a whole one; none: nobody is.
+    std::function<void(const std::string&)> foreignSkin;
 
 private:
     void bindPanels(commands::Commands& commands);

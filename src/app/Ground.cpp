@@ -18,24 +18,62 @@ namespace {
 
 constexpr int kOldestSystem = 5;
 
+host::Host watched(const host::Host& host, host::TimerFactory& timers, host::Dialogs& dialogs) {
+    return {.clock = host.clock,
+            .timers = timers,
+            .watches = host.watches,
+            .pump = host.pump,
+            .dialogs = dialogs,
+            .programs = host.programs,
+            .random = host.random,
+            .lock = host.lock,
+            .messages = host.messages,
+            .messengers = host.messengers,
+            .dispatcher = host.dispatcher,
+            .closing = host.closing,
+            .paths = host.paths,
+            .operatingSystem = host.operatingSystem};
+}
+
 } // namespace
 
 Ground::Ground(const host::Host& host, Process& process, const StartOptions& options,
                window::PlayerWindow& window)
-    : host_(host), process_(process), window_(window),
-      errHandler_(host.paths, host.clock, host.operatingSystem), settings(host.paths, settingsXml_),
-      stored(settings, state, host.timers), version(settings),
-      language(host.paths, options.shippedFolder), errors(errHandler_, host.dialogs),
-      unkept(errors, language, screen, options.unkept), unplayable({.state = state,
-                                                                    .news = news,
-                                                                    .screen = screen,
-                                                                    .language = language,
-                                                                    .unkept = unkept,
-                                                                    .timers = host.timers}) {
+    : host_(host), timers_(host.timers, [this](const auto& tick) { runTick(tick); }),
+      process_(process), window_(window), errHandler_(host.paths, host.clock, host.operatingSystem),
+      settings(host.paths, settingsXml_), stored(settings, state, timers_), version(settings),
+      language(host.paths, options.shippedFolder),
+      dialogs_(
+          {.dialogs = host.dialogs, .timers = timers_, .comfort = state.comfort, .line = line}),
+      watchedHost_(watched(host, timers_, dialogs_)), errors(errHandler_, dialogs_),
+      unkept(errors, language, screen, options.unkept), line(screen, unkept, host.timers),
+      unplayable({.state = state, .news = news, .language = language, .line = line}),
+      troubles(errors, language) {
     state.ComfortOfRun = options.comfort;
     language.obey(state.comfort);
+    errHandler_.obey(state.comfort);
+    settings.obey(state.comfort,
+                  options.shippedFolder.empty()
+                      ? std::string()
+                      : host::Paths(options.shippedFolder).of(host::DataItem::Settings),
+                  options.musicFolder);
     settings.reportUnwritten([this](const base::RuntimeError& failure) { unkept.note(failure); });
+    settings.reportReplaced(
+        [this](const base::RuntimeError& bad) { errors.log(bad, config::player("Load")); });
+    settings.reportKeptAside([this](const std::string& path) { troubles.noteAside(path); });
     language.attach(config::TextWindow::frmTSR, menuTexts);
+}
+
+void Ground::runTick(const host::Timer::Tick& tick) const {
+    if (!state.comfort.tellsTimersInLine) {
+        tick();
+        return;
+    }
+    try {
+        tick();
+    } catch (...) {
+        errors.reportUnguarded(config::currentError()); // here, where it counts as of a tick
+    }
 }
 
 bool Ground::save(player::SettingKey key, const std::string& text) {

@@ -4,6 +4,8 @@
 
 #include "app/Process.h"
 #include "app/StartOptions.h"
+#include "app/Troubles.h"
+#include "app/Unasked.h"
 #include "app/UnkeptNotice.h"
 #include "app/UnplayableNotice.h"
 #include "config/clsXML.h"
@@ -31,6 +33,10 @@ public:
            window::PlayerWindow& window);
     Ground(const Ground&) = delete;
     Ground& operator=(const Ground&) = delete;
+
+    /// What the platform offers, as all other parts are to have it: what comes from a tick of its
+    /// timers is told in a line.
+    [[nodiscard]] const host::Host& host() const { return watchedHost_; }
 
     /// Reads which language is set. Raises what reading a setting raises.
     void readLanguage();
@@ -60,7 +66,10 @@ private:
 
     void startHelper(const std::string& name, const std::string& argument) const;
 
+    void runTick(const host::Timer::Tick& tick) const;
+
     host::Host host_;
+    WatchedTimers timers_;
     Process& process_;
     window::PlayerWindow& window_;
     config::clsXML settingsXml_;
@@ -75,9 +84,17 @@ public:
     config::Version version;
     config::MenuTexts menuTexts;
     config::MultiLNG language;
+
+private:
+    UnaskedDialogs dialogs_;
+    host::Host watchedHost_;
+
+public:
     config::Errors errors;
     UnkeptNotice unkept;
+    PassingLine line;
     UnplayableNotice unplayable;
+    Troubles troubles;
 };
 
 } // namespace tovik::app

@@ -8,6 +8,7 @@
 #include "app/OutputChoice.h"
 #include "app/SessionEnd.h"
 #include "base/ErrorStream.h"
+#include "config/FirstFill.h"
 #include "desktop/bus/Mpris.h"
 #include "desktop/CoverFiles.h"
 #include "dialogs/DialogOpener.h"
@@ -132,6 +133,10 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
          .keepsList = !line.screenshotFile,
          .comfort = line.comfort,
          .shippedFolder = place.shippedFolder,
+         .musicFolder =
+             [&environment] {
+                 return config::musicFolder(environment.home, environment.configHome);
+             },
          .shippedVisuals = line.screenshotFile ? std::string() : sound::shippedVisuals(),
          .unkept = place.unkept,
          .program = line.screenshotFile ? "" : environment.executableFolder + "/tovik",

@@ -18,7 +18,8 @@ Presence::Presence(const Needs& needs)
                        .host = needs.host,
                        .menus = &needs.menus,
                        .visual = &needs.visuals,
-                       .shippedSkin = needs.shippedSkin}),
+                       .shippedSkin = needs.shippedSkin,
+                       .spare = needs.spare}),
       sysTray(needs.core, needs.version, needs.shell != nullptr ? needs.shell->area : noArea_,
               {.left = [this] { bringToFront(p_.shell->area.takeToken()); },
                .menu =

@@ -31,8 +31,9 @@ public:
         player::StoredSettings& stored;
         config::Version& version;
         const commands::Commands& commands;
-        window::Shell* shell = nullptr; ///< null: a desktop that offers nothing
-        std::string shippedSkin{};      ///< the package that came with the program; empty: none
+        window::Shell* shell = nullptr;     ///< null: a desktop that offers nothing
+        std::string shippedSkin{};          ///< the package that came with the program; empty: none
+        window::SpareSkin* spare = nullptr; ///< see `frmMiniMode`
     };
 
     explicit Presence(const Needs& needs);

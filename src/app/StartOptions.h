@@ -5,6 +5,7 @@
 #include "base/RuntimeError.h"
 #include "desktop/TypeExport.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -17,7 +18,8 @@ struct StartOptions {
     bool keepsList = true;         ///< false: the list is not saved while the program runs
     std::optional<bool> comfort{}; ///< all of it on or off for this run; none: as the settings say
     std::string shippedFolder{};   ///< what came with the program; empty: nothing
-    std::string shippedVisuals{};  ///< the plug-ins among it; empty: none
+    std::function<std::string()> musicFolder{}; ///< the user's; none: nobody knows
+    std::string shippedVisuals{};               ///< the plug-ins among it; empty: none
     std::optional<base::RuntimeError> unkept{}; ///< why nothing of this session is kept, if so
     std::string
         program{}; ///< the path by which desktops start this one; empty: they are left alone

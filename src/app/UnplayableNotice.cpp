@@ -13,14 +13,7 @@ constexpr int kWords = 12; ///< among the notices
 
 } // namespace
 
-UnplayableNotice::UnplayableNotice(const Needs& needs)
-    : p_(needs), shown_(p_.timers.makeTimer([this] {
-          shown_->setEnabled(false);
-          files_ = 0;
-          show("");
-          p_.unkept.show();
-      })) {
-    shown_->setInterval(kShownMs);
+UnplayableNotice::UnplayableNotice(const Needs& needs) : p_(needs) {
     p_.news.add(*this);
 }
 
@@ -32,14 +25,9 @@ void UnplayableNotice::reportUnplayable() {
     if (!p_.state.comfort.tellsUnplayable) {
         return;
     }
-    ++files_;
-    show(base::replaceAll(p_.language.get_Notice_String(kWords), "[x]", std::to_string(files_)));
-    shown_->setEnabled(true); // from now on once more
-}
-
-void UnplayableNotice::show(const std::string& text) {
-    p_.screen.playing.notice = text;
-    p_.screen.showNotice();
+    files_ = p_.line.shows(told_) ? files_ + 1 : 1;
+    told_ = base::replaceAll(p_.language.get_Notice_String(kWords), "[x]", std::to_string(files_));
+    p_.line.show(told_);
 }
 
 } // namespace tovik::app

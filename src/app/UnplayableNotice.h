@@ -3,16 +3,13 @@
 // thread.
 #pragma once
 
-#include "app/UnkeptNotice.h"
+#include "app/PassingLine.h"
 #include "config/MultiLNG.h"
-#include "host/Timer.h"
-#include "host/TimerFactory.h"
 #include "player/PlayerState.h"
-#include "player/Screen.h"
 #include "player/TrackNews.h"
 
 #include <cstdint>
-#include <memory>
+#include <string>
 
 namespace tovik::app {
 
@@ -20,16 +17,12 @@ namespace tovik::app {
 /// `Comfort::tellsUnplayable`.
 class UnplayableNotice final : private player::TrackEvents {
 public:
-    static constexpr int kShownMs = 5000;
-
     /// All of it outlives the object.
     struct Needs {
         const player::PlayerState& state;
         player::TrackNews& news;
-        player::Screen& screen;
         const config::MultiLNG& language;
-        UnkeptNotice& unkept; ///< has the line otherwise
-        host::TimerFactory& timers;
+        PassingLine& line;
     };
 
     explicit UnplayableNotice(const Needs& needs);
@@ -39,10 +32,9 @@ public:
 
 private:
     void reportUnplayable() override;
-    void show(const std::string& text);
 
     Needs p_;
-    std::unique_ptr<host::Timer> shown_;
+    std::string told_;
     std::int32_t files_ = 0;
 };
 

@@ -7,39 +7,49 @@
 
 namespace tovik::app {
 
+namespace {
+
+std::string shippedSkin(const StartOptions& options) {
+    return options.shippedFolder.empty()
+               ? std::string()
+               : host::Paths(options.shippedFolder).of(host::DataItem::SkinPackage);
+}
+
+} // namespace
+
 frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                      window::PlayerWindow& window, window::WindowOpener& windows,
                      player::TrackEvents& events, StartOptions options, window::Shell* shell)
     : options_(std::move(options)), process_(host, options_.checkInstance),
       ground_(host, process_, options_, window),
-      lists_(host, ground_.state, options_.keepsList), core_{.state = ground_.state,
-                                                             .sound = sound,
-                                                             .settings = ground_.settings,
-                                                             .errors = ground_.errors,
-                                                             .lists = {.stdSS = lists_.stdSS,
-                                                                       .List1 = lists_.List1},
-                                                             .timers = host.timers,
-                                                             .screen = ground_.screen,
-                                                             .news = ground_.news},
-      tone_(core_, ground_.stored, host.dialogs, windows),
-      music_(core_, tone_.equalizer, window, host, process_),
+      lists_(ground_.host(), ground_.state, options_.keepsList),
+      core_{.state = ground_.state,
+            .sound = sound,
+            .settings = ground_.settings,
+            .errors = ground_.errors,
+            .lists = {.stdSS = lists_.stdSS, .List1 = lists_.List1},
+            .timers = ground_.host().timers,
+            .screen = ground_.screen,
+            .news = ground_.news},
+      tone_(core_, ground_.stored, ground_.host().dialogs, windows),
+      music_(core_, tone_.equalizer, window, ground_.host(), process_),
       search_(core_, music_.playback, windows),
-      tagging_(core_, host, music_.tagWarning, ground_.language, windows),
+      tagging_(core_, ground_.host(), music_.tagWarning, ground_.language, windows),
       stations_({.core = core_,
                  .playback = music_.playback,
                  .RadioLst = lists_.RadioLst,
                  .language = ground_.language,
                  .windows = windows},
-                host),
-      discInfo_(core_, lists_.lstTracks, host, windows),
+                ground_.host()),
+      discInfo_(core_, lists_.lstTracks, ground_.host(), windows),
       startFile_(core_, music_.playback, lists_.files, music_.tag, options_.commandLine),
       autoload_({.core = core_,
                  .playback = music_.playback,
                  .stored = ground_.stored,
                  .lists = lists_,
-                 .paths = host.paths},
+                 .paths = ground_.host().paths},
                 lists_),
-      menus_(commands_, ground_.menuTexts, window, ground_.errors, host.paths),
+      menus_(commands_, ground_.menuTexts, window, ground_.errors, ground_.host().paths),
       front_({.core = core_,
               .knobs = {.seek = music_.playback.seek,
                         .volume = music_.playback.volume,
@@ -47,11 +57,11 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                         .equalizer = tone_.equalizer},
               .commands = commands_,
               .window = window,
-              .host = host,
+              .host = ground_.host(),
               .menus = &menus_.frmTSR},
-             ground_.stored, ground_.language),
+             ground_.stored, ground_.language, shippedSkin(options_)),
       visuals_({.core = core_,
-                .host = host,
+                .host = ground_.host(),
                 .window = window,
                 .elements = front_.view.elements,
                 .pictures = front_.view.pictures,
@@ -62,23 +72,21 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                  .knobs = front_.knobs,
                  .main = front_.view,
                  .window = window,
-                 .host = host,
+                 .host = ground_.host(),
                  .menus = menus_.frmTSR,
                  .visuals = visuals_,
                  .stored = ground_.stored,
                  .version = ground_.version,
                  .commands = commands_,
                  .shell = shell,
-                 .shippedSkin =
-                     options_.shippedFolder.empty()
-                         ? std::string()
-                         : host::Paths(options_.shippedFolder).of(host::DataItem::SkinPackage)}),
+                 .shippedSkin = shippedSkin(options_),
+                 .spare = &front_.spare}),
       filling_({.core = core_,
                 .files = lists_.files,
                 .window = window,
                 .windows = windows,
                 .elements = front_.view.elements},
-               host),
+               ground_.host()),
       discs_({.core = core_,
               .playback = music_.playback,
               .lstTracks = lists_.lstTracks,
@@ -87,7 +95,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
               .menus = menus_.frmTSR,
               .panels = front_.view.panels,
               .language = ground_.language},
-             host),
+             ground_.host()),
       rips_({.core = core_,
              .disc = discs_.state,
              .form = discInfo_.form,
@@ -97,23 +105,23 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
              .warning = music_.tagWarning,
              .work = tagging_.work(),
              .elements = front_.view.elements},
-            host),
+            ground_.host()),
       choices_({.preferences = {.core = core_,
                                 .silenceSkip = music_.playback.silenceSkip,
                                 .window = window,
                                 .windows = windows,
                                 .language = ground_.language,
-                                .paths = host.paths,
+                                .paths = ground_.host().paths,
                                 .shippedFolder = options_.shippedFolder},
                 .version = ground_.version,
-                .host = host,
+                .host = ground_.host(),
                 .changeLanguage = [this] { changeLanguage(); }}),
       desktop_({.core = core_,
                 .playback = music_.playback,
                 .commands = commands_,
                 .media = filling_.media,
                 .options = options_},
-               host),
+               ground_.host()),
       handOver_(core_, process_, options_, window, startFile_, autoload_,
                 [this](const std::string& token) { presence_.bringToFront(token); }) {
     choices_.preferences.hooks.spectrumSpeed = [this](std::int32_t milliseconds) {
@@ -121,6 +129,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     };
     choices_.preferences.hooks.comfort = [this] { applyComfort(); };
     choices_.preferences.hooks.tray = [this](bool) { presence_.ApplyShellPresence(); };
+    front_.foreignSkin = [this](const std::string& path) { ground_.troubles.noteForeign(path); };
     front_.panelChosen = [this] { presence_.showMainWindow(); };
     desktop_.attach(choices_.preferences.hooks);
     ground_.news.add(events);
@@ -151,41 +160,61 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     front_.enableButtons(commands_);
 }
 
-void frmPlayer::take(std::span<const Step> steps) {
+bool frmPlayer::applies(const Step& step) const {
     const auto wasTaken = [this](Call call) {
         return std::ranges::find(taken_, call) != taken_.end();
     };
+    return !process_.ended() && (!process_.passingBy() || step.besideOther) &&
+           (step.reader == nullptr || wasTaken(step.reader));
+}
+
+void frmPlayer::take(const Step& step) {
+    step.call(*this);
+    taken_.push_back(step.call);
+}
+
+void frmPlayer::take(std::span<const Step> steps, const config::Procedure& procedure) {
     for (const Step& step : steps) {
-        if (process_.ended()) {
-            return;
+        if (!applies(step)) {
+            continue;
         }
-        if ((!process_.passingBy() || step.besideOther) &&
-            (step.reader == nullptr || wasTaken(step.reader))) {
-            step.call(*this);
-            taken_.push_back(step.call);
+        try {
+            take(step);
+        } catch (...) {
+            if (!ground_.state.comfort.goesOnAfterStep) {
+                throw;
+            }
+            ground_.troubles.note(config::currentError(), procedure);
         }
     }
 }
 
 void frmPlayer::Form_Initialize() {
-    config::guard(ground_.errors, config::player("Initialize"), [this] { take(kInitializeSteps); });
+    constexpr const config::Procedure& kWords = config::player("Initialize");
+    config::guard(ground_.errors, kWords, [this] { take(kInitializeSteps, kWords); });
 }
 
 void frmPlayer::Form_Load() {
     try {
-        take(kLoadSteps);
+        take(kLoadSteps, config::player("Load"));
     } catch (...) {
         const base::RuntimeError error = config::currentError();
         front_.endSplash();
         ground_.errors.reportAndTell(error, config::player("Load"));
     }
     handOver_.begin();
+    if (!process_.ended()) {
+        ground_.troubles.tell();
+    }
 }
 
 void frmPlayer::kill_me() {
     try {
         // A save that fails ends the list of things to do, never the way out.
-        config::guard(ground_.errors, config::player("kill process"), [this] { take(kEndSteps); });
+        config::guard(ground_.errors, config::player("kill process"), [this] {
+            take(kEndSteps, config::player("kill process"));
+            ground_.troubles.tell();
+        });
     } catch (...) {
         // Nothing that goes wrong in telling it may keep the process alive, either.
         ground_.errors.reportUnguarded(config::currentError());
@@ -194,9 +223,11 @@ void frmPlayer::kill_me() {
 }
 
 void frmPlayer::saveSession() {
-    for (std::size_t i = 0; i < kSessionSteps.size(); ++i) {
+    for (const Step& step : kSessionSteps) {
         try {
-            take(kSessionSteps.subspan(i, 1));
+            if (applies(step)) {
+                take(step);
+            }
         } catch (...) {
             ground_.errors.log(config::currentError(), config::player("kill process"));
         }

@@ -44,7 +44,8 @@ public:
     /// What happens before there is a window. May end the process.
     void Form_Initialize();
 
-    /// Window, device and lists. A failure is logged, and the rest is left undone.
+    /// Window, device and lists. A failure is logged, and the rest is left undone; with
+    /// `Comfort::goesOnAfterStep` it is done, and a box tells what failed.
     void Form_Load();
 
     /// Saves everything, frees the sound library and ends the process.
@@ -146,8 +147,11 @@ private:
     static const std::span<const Step> kEndSteps;
     static const std::span<const Step> kSessionSteps;
 
-    /// Takes the steps in their order until the process is told to end.
-    void take(std::span<const Step> steps);
+    /// Takes the steps in their order until the process is told to end. With
+    /// `Comfort::goesOnAfterStep` one that fails is noted, under the words of the procedure.
+    void take(std::span<const Step> steps, const config::Procedure& procedure);
+    void take(const Step& step);
+    [[nodiscard]] bool applies(const Step& step) const;
 
     /// The step of a wing.
     template <auto Wing, auto Method>

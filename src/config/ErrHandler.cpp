@@ -35,15 +35,31 @@ Identity identityIn(const std::string& settingsPath) {
             .build = orEmpty([&] { return std::to_string(buildNumber(read("TKXV"))); })};
 }
 
+constexpr base::Comfort kNoComfort;
+
+/// A field of a table in text (RFC 4180) that stays on its line.
+std::string quoted(std::string_view field) {
+    std::string text;
+    bool needs = false;
+    for (const char character : field) {
+        needs |= character == ',' || character == '"';
+        if (character == '"') {
+            text += character;
+        }
+        const auto byte = static_cast<unsigned char>(character);
+        text += byte < ' ' ? ' ' : character;
+    }
+    return needs ? '"' + text + '"' : text;
+}
+
 } // namespace
 
 ErrHandler::ErrHandler(const host::Paths& paths, const host::Clock& clock,
                        const host::OperatingSystem& system)
-    : paths_(paths), clock_(clock), system_(system) {}
+    : paths_(paths), clock_(clock), system_(system), comfort_(&kNoComfort) {}
 
 void ErrHandler::SaveLog(std::string_view description, int number, std::string_view module,
                          std::string_view procedure) const {
-    LogFile log(paths_.of(host::DataItem::ErrorLog));
     const host::LocalTime now = clock_.localTime();
     const Identity identity = identityIn(paths_.of(host::DataItem::Settings));
     std::string line = logDate(now) + "/" + logTime(now);
@@ -55,9 +71,13 @@ void ErrHandler::SaveLog(std::string_view description, int number, std::string_v
           std::string_view(identity.version), std::string_view(identity.build),
           std::string_view(systemText)}) {
         line += ",";
-        line += field;
+        line += comfort_->quotesLog ? quoted(field) : std::string(field);
     }
-    log.append(line);
+    const std::string path = paths_.of(host::DataItem::ErrorLog);
+    if (comfort_->cutsLog) {
+        cutLog(path, kMostLogBytes, line.size());
+    }
+    LogFile(path).append(line);
 }
 
 } // namespace tovik::config

@@ -5,12 +5,10 @@
 #include "base/LineReader.h"
 #include "base/PathText.h"
 #include "base/RegularFile.h"
-#include "config/clsXML.h"
 #include "config/Settings.h"
 #include "config/WriteFailure.h"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 #include <optional>
 
@@ -18,7 +16,6 @@ namespace tovik::config {
 
 namespace {
 
-constexpr std::array<std::string_view, 3> kFolderKeys{"ROP", "IROP", "CFLD"};
 constexpr std::string_view kMusicVariable = "XDG_MUSIC_DIR=\"";
 constexpr std::string_view kHomeVariable = "$HOME";
 
@@ -62,15 +59,19 @@ void fillFolders(const std::string& settingsPath, const std::string& folder) {
         return;
     }
     for (const std::string_view key : kFolderKeys) {
-        const std::string path = Settings::pathOf(key);
-        if (xml.NodeCount(path) > 0 && xml.ReadNode(path).empty()) {
-            xml.WriteNode(path, folder);
-        }
+        fillFolder(xml, key, folder);
     }
     xml.Save(settingsPath);
 }
 
 } // namespace
+
+void fillFolder(clsXML& xml, std::string_view key, const std::string& folder) {
+    const std::string path = Settings::pathOf(key);
+    if (xml.NodeCount(path) > 0 && xml.ReadNode(path).empty()) {
+        xml.WriteNode(path, folder);
+    }
+}
 
 std::string musicFolder(const std::string& home, const std::string& configHome) {
     const std::string folder =

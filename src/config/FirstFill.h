@@ -3,8 +3,10 @@
 // start, by the interface thread.
 #pragma once
 
+#include "config/clsXML.h"
 #include "host/Paths.h"
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -14,6 +16,12 @@ namespace tovik::config {
 /// (`configHome`, or ".config" in the home where that is empty or relative), else "Music" in the
 /// home. The folder need not exist.
 [[nodiscard]] std::string musicFolder(const std::string& home, const std::string& configHome);
+
+/// The settings that are folders below which files land; shipped without a text.
+inline constexpr std::array<std::string_view, 3> kFolderKeys{"ROP", "IROP", "CFLD"};
+
+/// Gives one of them the folder, if the open document has it without a text.
+void fillFolder(clsXML& xml, std::string_view key, const std::string& folder);
 
 /// Completes a data folder whose first start is still ahead ("firstrun.ini" is there): those of
 /// the keys ROP, IROP and CFLD that are empty get the music folder, and if there is no automatic

@@ -34,6 +34,8 @@ inline constexpr auto kEnglishNotices = std::to_array<std::string_view>({
     "&Replace",
     "&Append",
     "No playlist: [x]",
+    "The settings were damaged and begin anew. The old ones are kept in [x]",
+    "No skin package, or a damaged one: [x]",
 });
 
 /// The English of "TovikNames".

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "config/LogFile.h"
 
+#include "base/AtomicFile.h"
 #include "base/FileErrors.h"
+#include "base/RegularFile.h"
 #include "config/WriteFailure.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <system_error>
 #include <utility>
@@ -63,6 +66,23 @@ void LogFile::append(std::string_view line) {
             raiseWriteFailure(base::lastSystemError(), path_);
         }
     }
+}
+
+void cutLog(const std::string& path, std::int64_t most, std::size_t line) {
+    constexpr std::size_t kLineEnd = 2;
+    std::string rest;
+    {
+        const base::RegularFile log(path, base::RegularFile::Access::Read);
+        if (log.failure() || log.size() + static_cast<std::int64_t>(line + kLineEnd) <= most) {
+            return;
+        }
+        const std::int64_t kept = std::min(most / 2, log.size());
+        if (log.readAt(log.size() - kept, static_cast<std::size_t>(kept), rest)) {
+            return;
+        }
+    }
+    rest.erase(0, std::min(rest.find('\n'), rest.size() - 1) + 1);
+    static_cast<void>(base::replaceFile(path, rest, base::Flush::No));
 }
 
 std::string logDate(const host::LocalTime& time) {

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A text file that only grows. Interface thread.
+// A text file that grows. Interface thread.
 #pragma once
 
 #include "host/Clock.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -25,6 +27,11 @@ private:
     std::string path_;
     int descriptor_;
 };
+
+/// Makes room for a line of so many bytes: a log that would have more than `most` bytes with it
+/// keeps the last half of that, from the beginning of a line on. One that cannot be read or
+/// written, or is no file, stays as it is.
+void cutLog(const std::string& path, std::int64_t most, std::size_t line);
 
 /// "dd.MM.yyyy"
 [[nodiscard]] std::string logDate(const host::LocalTime& time);

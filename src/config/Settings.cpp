@@ -2,7 +2,13 @@
 #include "config/Settings.h"
 
 #include "base/ErrorPlace.h"
+#include "base/RegularFile.h"
 #include "base/Text.h"
+#include "base/Url.h"
+#include "config/StrictXml.h"
+#include "config/XmlText.h"
+
+#include <filesystem>
 
 namespace tovik::config {
 
@@ -13,10 +19,41 @@ constexpr const char* kRoot = "/Settings";
 /// How much of a bad text is told.
 constexpr std::size_t kLongestToldText = 100;
 
+constexpr base::Comfort kNoComfort;
+
+constexpr const char* kOff = "0";
+
+constexpr std::string_view kAside = ".damaged";
+constexpr int kMostAside = 1000;
+
+/// A name beside the file that nothing bears yet: "settings.xml.damaged", then with a number.
+std::string freeName(const std::string& path) {
+    std::string name = path + std::string(kAside);
+    std::error_code failure;
+    for (int number = 2; number < kMostAside &&
+                         std::filesystem::exists(std::filesystem::symlink_status(name, failure));
+         ++number) {
+        name = path + std::string(kAside) + "." + std::to_string(number);
+    }
+    return name;
+}
+
+std::string bytesOf(const std::string& path) {
+    std::string bytes; // empty where there is none, or none that can be read
+    static_cast<void>(base::readWholeFile(path, bytes, static_cast<std::int64_t>(kMostXmlBytes)));
+    return bytes;
+}
+
 } // namespace
 
 Settings::Settings(const host::Paths& paths, clsXML& settingsXml)
-    : paths_(paths), xml_(settingsXml) {}
+    : paths_(paths), xml_(settingsXml), comfort_(&kNoComfort) {}
+
+void Settings::obey(const base::Comfort& comfort, std::string shipped,
+                    std::function<std::string()> musicFolder) {
+    comfort_ = &comfort;
+    shipped_.lieAt(std::move(shipped), std::move(musicFolder));
+}
 
 std::string Settings::getSetting(std::string_view key) {
     std::string text;
@@ -25,34 +62,72 @@ std::string Settings::getSetting(std::string_view key) {
 }
 
 void Settings::saveSetting(std::string_view key, std::string_view value) {
-    withSettings([&](clsXML& xml) { xml.WriteNode(pathOf(key), std::string(value)); });
+    withSettings([&](clsXML& xml) { write(xml, key, std::string(value)); });
 }
 
 void Settings::withSettings(const std::function<void(clsXML&)>& work) {
     readAnew();
     work(xml_);
-    xml_.Save(paths_.of(host::DataItem::Settings));
+    save(base::Flush::Yes);
 }
 
 void Settings::readSettings(const std::function<void(const clsXML&)>& work) {
     readAnew();
     work(xml_);
-    saveOrTell(base::Flush::Yes);
+    if (!comfort_->writesOnlyChanges) {
+        saveOrTell(base::Flush::Yes);
+    }
 }
 
 void Settings::peek(const std::function<void(const clsXML&)>& work) {
-    readAnew();
+    const std::string path = paths_.of(host::DataItem::Settings);
+    if (!xml_.OpenXML(path, XmlSource::FilePath)) {
+        shipped_.takePlaceOf(bytesOf(path), xml_);
+    }
     work(xml_);
 }
 
 void Settings::writeBehind(const std::function<void(clsXML&)>& work) {
     readAnew();
     work(xml_);
-    saveOrTell(base::Flush::No);
+    if (xml_.changed() || !comfort_->writesOnlyChanges) {
+        saveOrTell(base::Flush::No);
+    }
 }
 
 void Settings::readAnew() {
-    xml_.OpenXML(paths_.of(host::DataItem::Settings), XmlSource::FilePath);
+    const std::string path = paths_.of(host::DataItem::Settings);
+    const bool whole = xml_.OpenXML(path, XmlSource::FilePath);
+    if (whole && comfort_->startsWithoutSetting) {
+        shipped_.complete(xml_);
+    } else if (!whole && comfort_->keepsDamagedAside && shipped_.there()) {
+        standIn(path);
+    }
+}
+
+void Settings::standIn(const std::string& path) {
+    const std::string damaged = bytesOf(path);
+    shipped_.takePlaceOf(damaged, xml_);
+    std::error_code failure;
+    if (!std::filesystem::is_regular_file(path, failure)) {
+        return;
+    }
+    const std::string aside = freeName(path);
+    std::filesystem::rename(path, aside, failure);
+    if (failure) {
+        return; // nothing here can be written, which the next write tells
+    }
+    // At once: without any a next start would count as the first one.
+    saveOrTell(base::Flush::Yes);
+    if (keptAside_) {
+        keptAside_(aside);
+    }
+}
+
+void Settings::save(base::Flush most) {
+    if (xml_.changed() || !comfort_->writesOnlyChanges) {
+        xml_.Save(paths_.of(host::DataItem::Settings), most);
+    }
 }
 
 void Settings::saveOrTell(base::Flush most) {
@@ -67,7 +142,13 @@ void Settings::saveOrTell(base::Flush most) {
 
 std::string Settings::textOf(const clsXML& xml, std::string_view key) const {
     try {
-        return xml.ReadNode(pathOf(key));
+        std::string text = xml.ReadNode(pathOf(key));
+        if (comfort_->keepsAnyBytes) {
+            if (auto path = base::pathFromFileUrl(text)) {
+                return *std::move(path);
+            }
+        }
+        return text;
     } catch (const base::RuntimeError& error) {
         throw base::withPlace(error, placeOf(key));
     }
@@ -84,6 +165,28 @@ void Settings::makeOrWrite(clsXML& xml, std::string_view key, const std::string&
     } else {
         xml.WriteNode(pathOf(key), value);
     }
+}
+
+void Settings::write(clsXML& xml, std::string_view key, const std::string& value) const {
+    const bool asAddress = comfort_->keepsAnyBytes && value.starts_with('/') && !isXmlChars(value);
+    xml.WriteNode(pathOf(key), asAddress ? base::fileUrl(value) : value);
+}
+
+std::optional<std::string> Settings::instead(const base::RuntimeError& bad, std::string_view key,
+                                             const std::string& attribute) {
+    if (!comfort_->startsWithoutSetting || !shipped_.there()) {
+        return std::nullopt;
+    }
+    std::optional<std::string> shipped;
+    if (attribute.empty()) {
+        shipped = shipped_.textOf(key).value_or(kOff); // a key of our own may be in no document
+    } else {
+        shipped = shipped_.attributeOf(key, attribute);
+    }
+    if (shipped && replaced_ && replacedTexts_.insert(bad.description()).second) {
+        replaced_(bad);
+    }
+    return shipped;
 }
 
 std::string Settings::placeOf(std::string_view key) const {

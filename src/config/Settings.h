@@ -3,11 +3,15 @@
 #pragma once
 
 #include "base/AtomicFile.h"
+#include "base/Comfort.h"
 #include "base/RuntimeError.h"
 #include "config/clsXML.h"
+#include "config/ShippedSettings.h"
 #include "host/Paths.h"
 
 #include <functional>
+#include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -19,6 +23,9 @@ namespace tovik::config {
 /// case. The program has no defaults: a key that the file lacks raises 94 when it is read and is
 /// not created when it is written. So does every key of a missing or damaged file, which is left
 /// as it is. An error of a read names the file and the key, that of a conversion the text, too.
+///
+/// With comfort (`obey`) what came with the program stands in for a key that is missing or bad, a
+/// damaged file is kept beside the new one, and the file is written only where it changes.
 class Settings {
 public:
     /// Is told of a file that could not be written back after a read.
@@ -27,8 +34,24 @@ public:
     /// Is told of a key whose value the user is changing.
     using Changed = std::function<void(std::string_view key)>;
 
+    /// Is told of a text that a shipped one stands in for.
+    using Replaced = std::function<void(const base::RuntimeError&)>;
+
+    /// Is told where a damaged file is kept.
+    using KeptAside = std::function<void(const std::string& path)>;
+
     /// Both are kept by reference. The document is the one that the whole program shares.
     Settings(const host::Paths& paths, clsXML& settingsXml);
+
+    /// What of its behaviour is kinder, which outlives this, and the settings that came with the
+    /// program; see `ShippedSettings::lieAt`. Nothing is kinder without it.
+    void obey(const base::Comfort& comfort, std::string shipped,
+              std::function<std::string()> musicFolder = {});
+
+    /// Each bad text is told once.
+    void reportReplaced(Replaced replaced) { replaced_ = std::move(replaced); }
+
+    void reportKeptAside(KeptAside keptAside) { keptAside_ = std::move(keptAside); }
 
     /// From now on `unwritten` is told of every read whose file could not be written back; the
     /// read itself counts.
@@ -51,13 +74,28 @@ public:
     /// What `convert` makes of the text of a key. Raises what either raises.
     template <typename Convert>
     [[nodiscard]] auto getAs(std::string_view key, const Convert& convert) {
-        const std::string text = getSetting(key);
+        return converted(key, getSetting(key), convert);
+    }
+
+    /// What `convert` makes of a text of the key, or else of the one that stands in for it. Raises
+    /// `bad`.
+    template <typename Convert>
+    auto converted(std::string_view key, const std::string& text, const Convert& convert) {
         try {
             return convert(text);
         } catch (const base::RuntimeError& error) {
-            throw bad(error, key, text);
+            const std::optional<std::string> standIn = instead(bad(error, key, text), key);
+            if (!standIn) {
+                throw bad(error, key, text);
+            }
+            return convert(*standIn);
         }
     }
+
+    /// What of the shipped settings stands in for a text that is `bad`, which is told: that of the
+    /// key, or of an attribute of its element. Nothing where nothing does.
+    [[nodiscard]] std::optional<std::string>
+    instead(const base::RuntimeError& bad, std::string_view key, const std::string& attribute = {});
 
     /// Sets the text of a key that exists; the file has reached the disk on return. Raises what
     /// writing raises.
@@ -70,7 +108,9 @@ public:
     /// The same for work that only reads: what saving raises is told to `reportUnwritten`.
     void readSettings(const std::function<void(const clsXML&)>& work);
 
-    /// Opens the file in the shared document for work that only reads. The file stays untouched.
+    /// Opens the file in the shared document for work that only reads, before it is known what of
+    /// the behaviour is kinder: in the place of a missing or damaged file, what would take it. The
+    /// file stays untouched.
     void peek(const std::function<void(const clsXML&)>& work);
 
     /// As `withSettings`, for work whose result need not have reached the disk: nothing is waited
@@ -86,6 +126,9 @@ public:
     /// Sets the text of a key in the open document, and makes its element where there is none.
     static void makeOrWrite(clsXML& xml, std::string_view key, const std::string& value);
 
+    /// Sets the text of a key that the open document has; `textOf` gives it back.
+    void write(clsXML& xml, std::string_view key, const std::string& value) const;
+
     /// The error with the file, the key and its text behind its description.
     [[nodiscard]] base::RuntimeError bad(const base::RuntimeError& error, std::string_view key,
                                          std::string_view text) const;
@@ -95,11 +138,18 @@ public:
 
 private:
     void readAnew();
+    void standIn(const std::string& path);
+    void save(base::Flush most);
     void saveOrTell(base::Flush most);
     [[nodiscard]] std::string placeOf(std::string_view key) const;
 
     const host::Paths& paths_;
     clsXML& xml_;
+    const base::Comfort* comfort_;
+    ShippedSettings shipped_;
+    std::set<std::string> replacedTexts_; ///< that were told
+    Replaced replaced_;
+    KeptAside keptAside_;
     Unwritten unwritten_;
     Changed changed_;
 };

@@ -238,6 +238,30 @@ void clsXML::MakeNode(const std::string& parentPath, const std::string& name,
     }
 }
 
+void clsXML::takeMissing(const clsXML& from, std::string_view except) {
+    pugi::xml_node own = document().xml.document_element();
+    const pugi::xml_node others = from.document().xml.document_element();
+    if (!own || !others) {
+        return;
+    }
+    for (const pugi::xml_node& child : others.children()) {
+        const std::string_view name = child.name();
+        if (child.type() == pugi::node_element && !name.starts_with(except) &&
+            !own.child(child.name())) {
+            own.append_copy(child);
+            document_->changed = true;
+        }
+    }
+}
+
+bool clsXML::readable() const noexcept {
+    return document_ && document_->readable;
+}
+
+bool clsXML::changed() const noexcept {
+    return document_ && document_->changed;
+}
+
 void clsXML::DeleteAttribute(const std::string& path, const std::string& attribute) {
     pugi::xml_node element = document().selectElement(path);
     document_->changed |= element.remove_attribute(attribute.c_str());

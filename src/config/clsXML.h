@@ -84,6 +84,17 @@ public:
                   const std::optional<XmlAttribute>& first = std::nullopt,
                   const std::optional<XmlAttribute>& second = std::nullopt);
 
+    /// Appends to the document element a copy of each child of another document's that it has none
+    /// of by that name, but for those whose names begin with `except`. Without a document element
+    /// on either side nothing happens.
+    void takeMissing(const clsXML& from, std::string_view except);
+
+    /// Whether the document holds what its source told.
+    [[nodiscard]] bool readable() const noexcept;
+
+    /// Whether it was changed since it was read or saved.
+    [[nodiscard]] bool changed() const noexcept;
+
     /// An absent attribute is no failure.
     void DeleteAttribute(const std::string& path, const std::string& attribute);
 

@@ -13,7 +13,8 @@ namespace tovik::player {
 /// Puts the choices into the open document. A switch that follows the master gets no element.
 void putComfort(config::clsXML& xml, const base::ComfortChoices& choices);
 
-/// What the settings say; the file is only read.
+/// What the settings say, or what would take the place of a file that is missing or damaged; it is
+/// only read.
 [[nodiscard]] base::ComfortChoices readComfort(config::Settings& settings);
 
 } // namespace tovik::player

@@ -60,8 +60,13 @@ std::optional<base::RuntimeError> EqualizerStore::autoload_eq() {
     try {
         apply(stored);
     } catch (const base::RuntimeError& error) {
+        const base::RuntimeError bad = settings_.bad(error, kCurveKey, stored);
+        if (const auto shipped = settings_.instead(bad, kCurveKey, kValue)) {
+            apply(*shipped);
+            return std::nullopt;
+        }
         halfRead_ = curve();
-        return settings_.bad(error, kCurveKey, stored);
+        return bad;
     }
     return std::nullopt;
 }

@@ -87,18 +87,22 @@ void StoredSettings::read(SettingKey key) {
 void StoredSettings::readRow(const config::clsXML& xml, std::size_t row) {
     const SettingRow& setting = kSettingTable.at(row);
     if (setting.owner == KeyOf::format || config::Settings::holds(xml, setting.key)) {
-        const std::string text = settings_.textOf(xml, setting.key);
-        try {
-            useMember(state_, setting, Take{setting.kind, text});
-        } catch (const base::RuntimeError& error) {
-            throw settings_.bad(error, setting.key, text);
-        }
+        settings_.converted(setting.key, settings_.textOf(xml, setting.key),
+                            [&](std::string_view text) {
+                                useMember(state_, setting, Take{setting.kind, text});
+                            });
     }
     known_.set(row);
 }
 
 void StoredSettings::save(SettingKey key) {
     settings_.withSettings([&](config::clsXML& xml) { write(xml, key.row); });
+    known_.set(key.row);
+    changing_.reset(key.row);
+}
+
+void StoredSettings::saveBehind(SettingKey key) {
+    settings_.writeBehind([&](config::clsXML& xml) { write(xml, key.row); });
     known_.set(key.row);
     changing_.reset(key.row);
 }
@@ -130,7 +134,7 @@ void StoredSettings::write(config::clsXML& xml, std::size_t row) const {
     if (setting.owner == KeyOf::player) {
         config::Settings::makeOrWrite(xml, setting.key, text);
     } else {
-        xml.WriteNode(config::Settings::pathOf(setting.key), text);
+        settings_.write(xml, setting.key, text);
     }
 }
 

@@ -38,6 +38,10 @@ public:
     /// writing raises.
     void save(SettingKey key);
 
+    /// Writes one value at once, read or not, but waits for no disk and raises nothing: what fails
+    /// is told as that of a read.
+    void saveBehind(SettingKey key);
+
     /// Writes, in one pass, whatever is to be kept at the end and was read. Raises what writing
     /// raises.
     void saveAtEnd();

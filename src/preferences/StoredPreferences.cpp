@@ -201,12 +201,8 @@ void readPreferences(config::Settings& settings, PreferenceValues& values) {
                 values.setNumber(row.control, 0);
                 continue;
             }
-            const std::string text = settings.textOf(xml, setting.key);
-            try {
-                take(row, text, values);
-            } catch (const base::RuntimeError& error) {
-                throw settings.bad(error, setting.key, text);
-            }
+            settings.converted(setting.key, settings.textOf(xml, setting.key),
+                               [&](std::string_view text) { take(row, text, values); });
         }
     });
 }
@@ -229,9 +225,8 @@ void writePreferences(config::Settings& settings, const PreferenceValues& values
                 continue;
             } else if (setting.owner == player::KeyOf::player) {
                 config::Settings::makeOrWrite(xml, setting.key, textFor(row, values));
-            } else if (const std::string path = config::Settings::pathOf(setting.key);
-                       !showsTheSame(row, xml.ReadNode(path), values)) {
-                xml.WriteNode(path, textFor(row, values));
+            } else if (!showsTheSame(row, settings.textOf(xml, setting.key), values)) {
+                settings.write(xml, setting.key, textFor(row, values));
             }
         }
     });

@@ -5,13 +5,11 @@
 #include "base/FileErrors.h"
 #include "base/PathText.h"
 #include "base/RegularFile.h"
-#include "base/Text.h"
 #include "skin/Huffman.h"
-#include "skin/SkinPackage.h"
+#include "skin/PackedPictures.h"
 #include "skin/UnpackSkin.h"
 
 #include <filesystem>
-#include <map>
 #include <string>
 #include <system_error>
 
@@ -19,33 +17,9 @@ namespace tovik::skin {
 
 namespace {
 
-/// What a picture's stream is, and how its name is written.
-struct Picture {
-    std::string_view fileName;
-    std::string_view payload;
-};
-
-using Pictures = std::map<std::string, Picture>; ///< by the name in lower case
-
-Pictures picturesOf(std::string_view bytes) {
-    Pictures pictures;
-    if (bytes.empty()) {
-        return pictures;
-    }
-    SkinPackageReader package(bytes);
-    for (int left = package.header().signedAsSkin() ? package.header().fileCount : 0; left > 0;
-         --left) {
-        const SkinPackageEntry entry = package.next();
-        if (staysInFolder(entry.fileName)) {
-            pictures[base::toLowerAscii(entry.fileName)] = {entry.fileName, entry.payload};
-        }
-    }
-    return pictures;
-}
-
 /// Whether the file stands there as the older package has it. The streams of one picture are the
 /// same bytes, so what both packages share needs no look at the disk.
-bool isOlderForm(const std::string& path, const Picture& now, const Picture& before) {
+bool isOlderForm(const std::string& path, const PackedPicture& now, const PackedPicture& before) {
     std::string there;
     return before.payload != now.payload && !base::readWholeFile(path, there) &&
            there == HuffmanDecodeString(before.payload);
@@ -60,7 +34,7 @@ void renewSkin(const host::Paths& paths, std::string_view newer, std::string_vie
         return;
     }
     const host::Paths inFolder(folder);
-    const Pictures before = picturesOf(older);
+    const PackedPictures before = picturesOf(older);
     for (const auto& [name, picture] : picturesOf(newer)) {
         const std::string path = inFolder.inside(picture.fileName);
         std::error_code unseen;

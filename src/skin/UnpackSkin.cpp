@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "skin/UnpackSkin.h"
 
+#include "base/AtomicFile.h"
 #include "base/ErrorPlace.h"
 #include "base/FileErrors.h"
 #include "base/PathText.h"
 #include "base/RegularFile.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "skin/Bitmap.h"
 #include "skin/Huffman.h"
 #include "skin/NewFile.h"
 #include "skin/SkinPackage.h"
@@ -15,6 +17,7 @@
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <set>
 #include <utility>
 
 namespace tovik::skin {
@@ -93,7 +96,88 @@ bool putFrom(const std::string& path, const std::vector<std::string>& names,
     return found;
 }
 
+void makeFolder(const std::string& folder) {
+    std::error_code failure;
+    fs::create_directories(folder, failure);
+    if (failure) {
+        throw base::withPlace(base::RuntimeError(base::errorNumberOf(failure)), folder);
+    }
+}
+
+bool isPicture(const std::string& path) {
+    try {
+        static_cast<void>(readBitmap(bitmapFile(path)));
+        return true;
+    } catch (const base::RuntimeError&) {
+        return false;
+    }
+}
+
+/// Those of the names, in lower case, that the folder has no file of; with `asPictures` none that
+/// is a picture.
+std::set<std::string> lackingIn(const std::string& folder, const std::vector<std::string>& names,
+                                bool asPictures) {
+    std::set<std::string> lacking;
+    for (const std::string& name : names) {
+        lacking.insert(base::toLowerAscii(name));
+    }
+    std::error_code failure;
+    for (fs::directory_iterator entry(folder, failure), end; !failure && entry != end;
+         entry.increment(failure)) {
+        const std::string name = base::toLowerAscii(entry->path().filename().string());
+        if (lacking.contains(name) && (!asPictures || isPicture(entry->path().string()))) {
+            lacking.erase(name);
+        }
+    }
+    return lacking;
+}
+
+/// Whether the package, and each entry that is wanted, is whole. Nothing wanted: all are.
+bool putWanted(const std::string& path, const std::string& folder,
+               const std::set<std::string>& wanted) {
+    std::string bytes;
+    base::raiseFailure(base::readWholeFile(path, bytes));
+    SkinPackageReader package(bytes);
+    bool whole = package.header().signedAsSkin();
+    for (int left = whole ? package.header().fileCount : 0; left > 0; --left) {
+        const SkinPackageEntry entry = package.next();
+        if (!staysInFolder(entry.fileName) ||
+            (!wanted.empty() && !wanted.contains(base::toLowerAscii(entry.fileName)))) {
+            continue;
+        }
+        try {
+            const std::string data = HuffmanDecodeString(entry.payload);
+            whole &=
+                !base::replaceFile(base::joinPath(folder, entry.fileName), data, base::Flush::No);
+        } catch (const base::RuntimeError&) {
+            whole = false; // the others may be had all the same
+        }
+    }
+    return whole;
+}
+
 } // namespace
+
+bool mendSkin(const host::Paths& paths, const std::vector<std::string>& names) {
+    const std::string folder = paths.of(host::DataItem::CurrentSkin);
+    makeFolder(folder);
+    std::error_code unseen;
+    const std::string scratch = paths.inside(kScratchName);
+    const std::set<std::string> lacking = lackingIn(folder, names, fs::exists(scratch, unseen));
+    bool whole = lacking.empty();
+    if (!whole) {
+        try {
+            whole = putWanted(paths.of(host::DataItem::SkinPackage), folder,
+                              countsAsUnpacked(folder) ? lacking : std::set<std::string>());
+        } catch (const std::exception&) {
+            whole = false;
+        }
+    }
+    if (whole) {
+        fs::remove(scratch, unseen);
+    }
+    return whole;
+}
 
 bool countsAsUnpacked(const std::string& folder) {
     std::error_code failure;
@@ -130,11 +214,7 @@ void completeSkin(const host::Paths& paths, const std::vector<std::string>& name
 
 void UnpackSkin(const host::Paths& paths, host::Dialogs& dialogs) {
     const std::string folder = paths.of(host::DataItem::CurrentSkin);
-    std::error_code failure;
-    fs::create_directories(folder, failure);
-    if (failure) {
-        throw base::withPlace(base::RuntimeError(base::errorNumberOf(failure)), folder);
-    }
+    makeFolder(folder);
     if (countsAsUnpacked(folder)) {
         return;
     }

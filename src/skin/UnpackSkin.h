@@ -22,6 +22,12 @@ void UnpackSkin(const host::Paths& paths, host::Dialogs& dialogs);
 void completeSkin(const host::Paths& paths, const std::vector<std::string>& names,
                   const std::vector<std::string>& packages);
 
+/// The kinder way: whatever of `names` the skin's folder lacks is put there from the package, and
+/// all of the package into a folder without a file; where an unpacking failed before, what it left
+/// and is no picture counts as lacking. What stands there stays. False where the package had to be
+/// read and is none, or not a whole one. Raises only what `UnpackSkin` raises.
+[[nodiscard]] bool mendSkin(const host::Paths& paths, const std::vector<std::string>& names);
+
 /// Whether the skin's folder counts as filled. One file is enough, whatever it is: a folder with a
 /// stray file in it is not filled, and one that was filled in part is not completed before a newer
 /// program does (`renewSkin`). Raises what reading the folder raises.

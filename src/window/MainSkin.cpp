@@ -3,9 +3,9 @@
 
 #include "base/ErrorPlace.h"
 #include "base/RuntimeError.h"
-#include "window/SkinBitmaps.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -79,12 +79,29 @@ bool MainSkin::tooLarge(const ui::PixelImage& image) const {
            !fitsScreen_(image.width, image.height);
 }
 
-void MainSkin::load(const Binding& binding) {
-    auto [image, print] = loadSkinBitmap(paths_, binding.file);
-    if (binding.to.name == MainElement::mainIMG && tooLarge(image)) {
+SkinBitmap MainSkin::bitmapFor(const Binding& binding) const {
+    SkinBitmap bitmap = loadSkinBitmap(paths_, binding.file);
+    if (binding.to.name == MainElement::mainIMG && tooLarge(bitmap.image)) {
         throw base::withPlace(base::RuntimeError(base::ErrorNumber::InvalidPicture),
                               skinBitmapPath(paths_, binding.file));
     }
+    return bitmap;
+}
+
+void MainSkin::load(const Binding& binding) {
+    std::optional<SkinBitmap> bitmap;
+    try {
+        bitmap = bitmapFor(binding);
+    } catch (const base::RuntimeError& error) {
+        if (spare_ == nullptr) {
+            throw;
+        }
+        bitmap = spare_->insteadOf(error, binding.file);
+    }
+    if (!bitmap) {
+        return;
+    }
+    auto& [image, print] = *bitmap;
     ui::Element& element = elements_.touch(binding.to.name, binding.to.index);
     if (binding.takesSize) {
         element.width = image.width;

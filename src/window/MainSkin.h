@@ -6,6 +6,7 @@
 #include "host/Paths.h"
 #include "ui/PictureStore.h"
 #include "window/MainBindings.h"
+#include "window/SpareSkin.h"
 
 #include <functional>
 
@@ -19,6 +20,10 @@ public:
         MainElements& elements, ui::PictureStore& pictures, const host::Paths& paths,
         std::function<void()> refreshTabs,
         std::function<bool(int, int)> fitsScreen = [](int, int) { return true; });
+
+    /// From now on pictures that are missing come from there, as far as it has them and comfort is
+    /// wanted; it outlives the object.
+    void spareWith(SpareSkin& spare) { spare_ = &spare; }
 
     /// Gives every element its picture from the skin's folder. The first file that is missing or
     /// no picture raises its error, 481 also a window's ground that no screen has room for (one as
@@ -48,6 +53,7 @@ private:
     [[nodiscard]] ui::Picture pictureOf(Slot slot) const;
     void give(Slot slot, ui::Picture picture);
     void load(const Binding& binding);
+    [[nodiscard]] SkinBitmap bitmapFor(const Binding& binding) const;
     [[nodiscard]] bool tooLarge(const ui::PixelImage& image) const;
 
     MainElements& elements_;
@@ -55,6 +61,7 @@ private:
     const host::Paths& paths_;
     std::function<void()> refreshTabs_;
     std::function<bool(int, int)> fitsScreen_;
+    SpareSkin* spare_ = nullptr;
 };
 
 } // namespace tovik::window

@@ -43,6 +43,7 @@ MainView::MainView(const Needs& needs)
     for (player::NowPlayingView* const view : views) {
         core.screen.add(*view);
     }
+    fields.obey(core.state.comfort);
 }
 
 MainView::~MainView() {

@@ -3,6 +3,7 @@
 
 #include "skin/Bitmap.h"
 #include "skin/PicturePrint.h"
+#include "window/MainBindings.h"
 
 #include <array>
 #include <utility>
@@ -56,17 +57,44 @@ std::span<const MiniPicture> miniBindings() noexcept {
     return kBindings;
 }
 
+std::vector<std::string> skinFiles() {
+    constexpr const char* kEnding = ".bmp";
+    std::vector<std::string> files;
+    for (const Binding& binding : mainBindings()) {
+        if (!binding.file.empty()) {
+            files.push_back(std::string(binding.file) + kEnding);
+        }
+    }
+    for (const MiniPicture& row : kBindings) {
+        files.push_back(std::string(row.name) + kEnding);
+    }
+    return files;
+}
+
 std::span<const MiniPicture> miniWindowPictures() noexcept {
     return kOwn;
 }
 
 void MiniSkin::LoadMiniSkin() {
     for (const MiniPicture& row : kBindings) {
-        give(row, loadSkinBitmap(paths_, row.name));
+        load(row);
     }
     takeWindowPictures();
     takePicturesOfMain();
     keepFaces();
+}
+
+void MiniSkin::load(const MiniPicture& row) {
+    try {
+        give(row, loadSkinBitmap(paths_, row.name));
+    } catch (const base::RuntimeError& error) {
+        if (spare_ == nullptr) {
+            throw;
+        }
+        if (auto bitmap = spare_->insteadOf(error, row.name)) {
+            give(row, *std::move(bitmap));
+        }
+    }
 }
 
 void MiniSkin::give(const MiniPicture& row, SkinBitmap bitmap) {

@@ -7,12 +7,14 @@
 #include "ui/PictureStore.h"
 #include "window/MiniElements.h"
 #include "window/SkinBitmaps.h"
+#include "window/SpareSkin.h"
 
 #include <functional>
 #include <map>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tovik::window {
 
@@ -28,6 +30,9 @@ struct MiniPicture {
 /// The files, in the order in which they are read.
 [[nodiscard]] std::span<const MiniPicture> miniBindings() noexcept;
 
+/// The files of a skin, those of both windows, with their ending.
+[[nodiscard]] std::vector<std::string> skinFiles();
+
 /// What no file of a skin gives a picture.
 [[nodiscard]] std::span<const MiniPicture> miniWindowPictures() noexcept;
 
@@ -41,6 +46,9 @@ public:
         : elements_(elements), main_(main), pictures_(pictures), paths_(paths),
           bytesOf_(std::move(bytesOf)) {}
 
+    /// From now on pictures that are missing come from there; see `MainSkin::spareWith`.
+    void spareWith(SpareSkin& spare) { spare_ = &spare; }
+
     /// Gives every element its picture, each time anew from the files: the first one that is
     /// missing or no picture raises its error.
     void LoadMiniSkin();
@@ -52,6 +60,7 @@ public:
     void showOver(std::size_t index);
 
 private:
+    void load(const MiniPicture& row);
     void give(const MiniPicture& row, SkinBitmap bitmap);
     void takeWindowPictures();
     void takePicturesOfMain();
@@ -63,6 +72,7 @@ private:
     ui::PictureStore& pictures_;
     const host::Paths& paths_;
     std::function<std::string(std::string_view)> bytesOf_;
+    SpareSkin* spare_ = nullptr;
     std::map<std::string_view, ui::Picture> known_; ///< by their names, so that they are replaced
 };
 

@@ -63,7 +63,7 @@ bool TextFields::draw(ui::ElementAddress field, std::u32string_view characters, 
     const std::size_t fitting = static_cast<std::size_t>(std::max(width, 0)) / ui::kGlyphWidth + 1;
     Drawn wanted{.picture = {},
                  .strip = source,
-                 .characters = std::u32string(characters.substr(0, fitting)),
+                 .characters = drawn(characters.substr(0, fitting)),
                  .width = shown.width,
                  .height = shown.height};
     Drawn& last = drawn_[{field.name, field.index}];
@@ -88,6 +88,15 @@ bool TextFields::draw(ui::ElementAddress field, std::u32string_view characters, 
         written.smallText.clear();
     }
     return true;
+}
+
+std::u32string TextFields::drawn(std::u32string_view characters) const {
+    std::u32string text(characters);
+    if (comfort_ != nullptr && comfort_->leavesUnknownSignsBlank) {
+        std::ranges::replace_if(
+            text, [](char32_t character) { return !ui::hasGlyph(character); }, U' ');
+    }
+    return text;
 }
 
 void TextFields::writeSmall(ui::ElementAddress field, std::u32string_view characters,

@@ -3,6 +3,7 @@
 // plain captions as long as there are none. Interface thread.
 #pragma once
 
+#include "base/Comfort.h"
 #include "ui/PictureStore.h"
 #include "window/MainElements.h"
 
@@ -34,6 +35,9 @@ public:
     /// Those of the main window, which keeps the strips.
     TextFields(MainElements& elements, ui::PictureStore& pictures);
 
+    /// What is kinder, which outlives the object; nothing is without it.
+    void obey(const base::Comfort& comfort) { comfort_ = &comfort; }
+
     /// Shows words on an element: bytes, valid UTF-8 or else Windows-1252. Nothing is drawn anew
     /// for words that it shows already. Letters that the strips lack become base letters; words
     /// that they cannot draw then either are drawn with a small font.
@@ -62,6 +66,9 @@ private:
 
     void becomeSource(ui::Picture strip);
 
+    /// The characters as they are drawn: a sign that the strips lack may be a blank.
+    [[nodiscard]] std::u32string drawn(std::u32string_view characters) const;
+
     [[nodiscard]] const ui::Element& element(ui::ElementAddress address) const {
         return elements_.at(elements_.slotOf(address));
     }
@@ -83,6 +90,7 @@ private:
     ui::ElementStore& elements_;
     ui::PictureStore& pictures_;
     StripPlaces strips_;
+    const base::Comfort* comfort_ = nullptr;
     std::map<std::pair<std::uint16_t, std::uint16_t>, Drawn> drawn_; ///< by name and index
 };
 

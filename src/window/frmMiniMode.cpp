@@ -33,6 +33,10 @@ frmMiniMode::frmMiniMode(const Needs& needs)
       p_(needs) {
     p_.core.screen.add(display);
     p_.core.screen.add(volume);
+    fields.obey(p_.core.state.comfort);
+    if (p_.spare != nullptr) {
+        skin.spareWith(*p_.spare);
+    }
 }
 
 frmMiniMode::~frmMiniMode() {
@@ -41,7 +45,11 @@ frmMiniMode::~frmMiniMode() {
 }
 
 void frmMiniMode::Form_Load() {
-    skin::UnpackSkin(p_.host.paths, p_.host.dialogs);
+    if (p_.core.state.comfort.completesSkin) {
+        static_cast<void>(skin::mendSkin(p_.host.paths, skinFiles())); // the start told of it
+    } else {
+        skin::UnpackSkin(p_.host.paths, p_.host.dialogs);
+    }
     completeSkin();
     skin.LoadMiniSkin();
     cutOutline(shape_, p_.main.pictures.find(elements.get(MiniElement::picBackground).picture),

@@ -28,6 +28,7 @@ public:
         MenuPopper* menus = nullptr;   ///< null: there are no menus
         VisualInput* visual = nullptr; ///< null: there are no visualisations
         std::string shippedSkin{};     ///< the package that came with the program; empty: none
+        SpareSkin* spare = nullptr;    ///< null: nothing takes the place of a picture
     };
 
     explicit frmMiniMode(const Needs& needs);

@@ -96,6 +96,92 @@ TEST_F(Skin, aPictureThatIsNoneIsLogged) {
     EXPECT_THAT(sound_.calls, Not(Contains("window shown")));
 }
 
+/// With comfort, beside a program that brought a skin.
+class KindSkin : public Skin {
+protected:
+    KindSkin() {
+        options_.comfort = true;
+        fs::create_directories(shipped_.path() + "/db");
+        fs::copy_file(std::string(TOVIK_DATA_DIR) + "/db/settings.xml",
+                      shipped_.path() + "/db/settings.xml");
+        shipped_.write("skins/base.tsf", skin::skinPackage(files(), ""));
+        options_.shippedFolder = shipped_.path();
+        dropSkin();
+    }
+
+    TemporaryFolder shipped_;
+};
+
+TEST_F(KindSkin, aMissingPictureIsTheShippedOne) {
+    std::vector<skin::SkinFile> some = files();
+    std::erase_if(some, [](const skin::SkinFile& file) { return file.name == "9.bmp"; });
+    host_.folder.write("skins/base.tsf", skin::skinPackage(some, ""));
+    start();
+    EXPECT_EQ(shown(MainElement::Digit, 9), "9");
+    EXPECT_EQ(shown(MainElement::sld2), "sld2");
+    EXPECT_TRUE(player().state().LoadFinished);
+    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+    EXPECT_THAT(logged(),
+                ElementsAre("File not found: " + (host_.folder / "skins/CurrentSkin/9.bmp") +
+                            ",53,Player,Load"));
+    EXPECT_FALSE(fs::exists(host_.folder / "skins/CurrentSkin/9.bmp")) << "the skin is the user's";
+}
+
+TEST_F(KindSkin, aPictureThatIsNoneIsTheShippedOne) {
+    writeTestSkin(host_.folder.path());
+    host_.folder.write("skins/CurrentSkin/main.bmp", "no picture");
+    host_.folder.write("skins/CurrentSkin/0.bmp", "");
+    start();
+    EXPECT_EQ(shown(MainElement::mainIMG), "main");
+    EXPECT_EQ(shown(MainElement::timed, 1), "0");
+    EXPECT_THAT(logged(), testing::SizeIs(2));
+    EXPECT_EQ(host_.folder.read("skins/CurrentSkin/main.bmp"), "no picture");
+}
+
+TEST_F(KindSkin, aStrayFileKeepsNothingFromTheFolder) {
+    host_.folder.write("skins/base.tsf", skin::skinPackage(files(), ""));
+    host_.folder.write("skins/CurrentSkin/stray.txt", "");
+    start();
+    EXPECT_THAT(logged(), IsEmpty());
+    EXPECT_EQ(shown(MainElement::sld2), "sld2");
+    EXPECT_TRUE(fs::exists(host_.folder / "skins/CurrentSkin/sld2.bmp"));
+}
+
+TEST_F(KindSkin, aFileThatIsNoPackageIsToldAndTheShippedSkinIsShown) {
+    const std::string package = host_.folder.write("skins/base.tsf", "Zovik or anything else, with "
+                                                                     "some bytes behind it");
+    start();
+    EXPECT_EQ(shown(MainElement::mainIMG), "main");
+    ASSERT_THAT(host_.dialogs.boxes, testing::SizeIs(1));
+    EXPECT_EQ(host_.dialogs.boxes[0].text, "No skin package, or a damaged one: " + package);
+    EXPECT_TRUE(player().state().LoadFinished);
+}
+
+TEST_F(KindSkin, withNoSkinAtAllTheStartGoesOn) {
+    options_.shippedFolder.clear();
+    start();
+    EXPECT_TRUE(player().state().LoadFinished);
+    EXPECT_EQ(shown(MainElement::mainIMG), "");
+    player().presence().enterMiniMode();
+    player().kill_me();
+    EXPECT_EQ(host_.endStatus, 0);
+}
+
+TEST_F(KindSkin, theSmallWindowHasTheShippedPicturesToo) {
+    writeTestSkin(host_.folder.path());
+    host_.folder.write("skins/CurrentSkin/minmode_play.bmp", "none");
+    auto all = files();
+    all.push_back({"minmode_play.bmp", skin::plainBitmap(7, 5, 0xABCDEF)});
+    shipped_.write("skins/base.tsf", skin::skinPackage(all, ""));
+    start();
+    player().presence().enterMiniMode();
+    const auto& play = player().presence().mini.elements.get(window::MiniElement::Image4, 1);
+    const ui::PixelImage* const image = player().view().pictures.find(play.picture);
+    ASSERT_NE(image, nullptr);
+    EXPECT_EQ(image->pixels.at(0), 0xFFABCDEF);
+    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+}
+
 TEST_F(Skin, theMouseChangesFaces) {
     start();
     EXPECT_EQ(shown(MainElement::mainbt), "mainbt_down");

@@ -58,6 +58,44 @@ TEST_F(ErrHandlerTest, nothingIsEscaped) {
     EXPECT_EQ(log(), "04.03.2026/05:06:07,a, \"b\" caf\xE9,5,M,kill process,1.3,42,6.1\r\n");
 }
 
+TEST_F(ErrHandlerTest, withComfortAFieldIsQuotedWhereItNeedsToBe) {
+    base::Comfort comfort;
+    comfort.quotesLog = true;
+    handler_.obey(comfort);
+    handler_.SaveLog("a, \"b\"\r\ncaf\xE9", 5, "M", "kill process");
+    handler_.SaveLog("plain", 5, "M", "kill process");
+    EXPECT_EQ(log(), "04.03.2026/05:06:07,\"a, \"\"b\"\"  caf\xE9\",5,M,kill process,1.3,42,6.1\r\n"
+                     "04.03.2026/05:06:07,plain,5,M,kill process,1.3,42,6.1\r\n");
+}
+
+TEST_F(ErrHandlerTest, withComfortALongLogLosesItsOlderHalf) {
+    const std::string line = std::string(98, 'x') + "\r\n";
+    std::string old = "the first\r\n";
+    const std::string last = "04.03.2026/05:06:07,e,1,M,p,1.3,42,6.1\r\n";
+    constexpr auto kMost = static_cast<std::size_t>(ErrHandler::kMostLogBytes);
+    while (old.size() + 2 * line.size() <= kMost) {
+        old += line;
+    }
+    old += std::string(kMost - old.size() - last.size() - 2, 'y') + "\r\n"; // one more fits
+    host_.folder.write("db/err.log", old);
+    base::Comfort comfort;
+    handler_.obey(comfort);
+    handler_.SaveLog("e", 1, "M", "p");
+    EXPECT_EQ(log(), old + last);
+    host_.folder.write("db/err.log", old);
+    comfort.cutsLog = true;
+    handler_.SaveLog("e", 1, "M", "p");
+    EXPECT_EQ(log(), old + last) << "it is as long as it may be";
+    handler_.SaveLog("f", 1, "M", "p");
+    const std::string cut = log();
+    EXPECT_LE(cut.size(), kMost / 2 + 100);
+    EXPECT_GT(cut.size(), kMost / 2 - 100);
+    EXPECT_TRUE(cut.starts_with(line)) << "from the beginning of a line on";
+    EXPECT_TRUE(cut.ends_with(last + "04.03.2026/05:06:07,f,1,M,p,1.3,42,6.1\r\n"));
+    handler_.SaveLog("g", 1, "M", "p");
+    EXPECT_TRUE(log().starts_with(cut));
+}
+
 TEST_F(ErrHandlerTest, whatCannotBeReadOfTheVersionIsEmpty) {
     const std::string start = "04.03.2026/05:06:07,e,1,M,p,";
     const std::vector<std::pair<const char*, const char*>> cases{

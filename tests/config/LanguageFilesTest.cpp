@@ -143,6 +143,8 @@ TEST_P(LanguageFiles, placeholdersStandWhereTheyAreReplaced) {
                                                                       {{"TovikNotice", 12}, 1},
                                                                       {{"TovikNotice", 13}, 1},
                                                                       {{"TovikNotice", 16}, 1},
+                                                                      {{"TovikNotice", 17}, 1},
+                                                                      {{"TovikNotice", 18}, 1},
                                                                       {{"TovikRip", 0}, 1},
                                                                       {{"TovikRip", 1}, 1},
                                                                       {{"TovikRip", 2}, 1},

@@ -4,6 +4,7 @@
 
 #include "config/RaisedNumber.h"
 #include "config/SettingsFixture.h"
+#include "config/SettingText.h"
 #include "support/host/FullDisk.h"
 #include "support/host/Unprivileged.h"
 

@@ -203,6 +203,28 @@ class Session(ProgramTest):
         self.answer(box)
         self.end_unkept(player)
 
+    def test_what_is_damaged_or_missing_stops_no_comfortable_start(self):
+        self.installed()
+        damaged = self.read("db/settings.xml")[:1500]
+        with open(self.data("db/settings.xml"), "wb") as file:
+            file.write(damaged)
+        os.remove(self.data("skins/CurrentSkin/main.bmp"))
+        with open(self.data("skins/CurrentSkin/0.bmp"), "wb") as file:
+            file.write(b"no picture")
+        player = self.start_program("--comfort=on", "--device", "silent")
+        box = self.plain_box()
+        self.assertTrue(self.player_windows())
+        self.keep_screenshot("damaged-settings.png")
+        self.answer(box)
+        self.end(player)
+        self.assertEqual(self.read("db/settings.xml.damaged"), damaged)
+        self.assertIn(b"<CVL>80</CVL>", self.read("db/settings.xml"))
+        self.assertTrue(os.path.exists(self.data("skins/CurrentSkin/main.bmp")))
+        self.assertEqual(self.read("skins/CurrentSkin/0.bmp"), b"no picture")
+        log = self.read("db/err.log").decode().splitlines()
+        self.assertEqual(len(log), 2, log)
+        self.assertIn("0.bmp", log[0] + log[1])
+
     def test_a_signal_while_a_box_of_the_start_stands_wipes_nothing(self):
         self.installed()
         self.setting(b"CVL", b"oops")

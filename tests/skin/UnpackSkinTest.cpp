@@ -4,6 +4,7 @@
 #include "base/RuntimeError.h"
 #include "skin/HuffmanEncoder.h"
 #include "skin/LittleEndian.h"
+#include "skin/PackageBytes.h"
 #include "skin/SkinPackage.h"
 #include "skin/Streams.h"
 #include "support/host/TestHost.h"
@@ -25,27 +26,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
 using testing::SizeIs;
-
-std::string textField(std::string_view text) {
-    std::string bytes;
-    appendLittleEndian(bytes, static_cast<std::uint16_t>(text.size()));
-    return bytes.append(text);
-}
-
-std::string header(std::int16_t count, const std::string& signature = "Tovik12345") {
-    std::string bytes = signature;
-    for (const char* const text : {"one", "", "three", "four"}) {
-        bytes += textField(text);
-    }
-    appendLittleEndian(bytes, count);
-    return bytes;
-}
-
-std::string entry(std::string_view name, std::string_view payload) {
-    std::string bytes = "\x55"; // the flag
-    appendLittleEndian(bytes, static_cast<std::int32_t>(payload.size()));
-    return bytes.append(textField(name)).append(payload);
-}
 
 class UnpackSkinTest : public testing::Test {
 protected:

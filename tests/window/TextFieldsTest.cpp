@@ -56,6 +56,20 @@ TEST_F(TextFieldsTest, drawsWithTheBrightOrTheDimStrip) {
     EXPECT_EQ(elements.get(MainElement::mono_img).caption, "0");
 }
 
+TEST_F(TextFieldsTest, aSignWithoutAGlyphMayBeBlank) {
+    giveStrips();
+    base::Comfort comfort;
+    fields.obey(comfort);
+    fields.show(MainElement::mono_img, 0, ";a", Strip::Bright);
+    EXPECT_EQ(corner(MainElement::mono_img), stripPixel(0, 0, 1));
+    comfort.leavesUnknownSignsBlank = true;
+    fields.show(MainElement::mono_img, 0, ";a", Strip::Bright);
+    EXPECT_EQ(corner(MainElement::mono_img), stripPixel(145, 0, 1));
+    EXPECT_EQ(elements.get(MainElement::mono_img).caption, ";a");
+    fields.show(MainElement::mono_img, 0, "a;", Strip::Bright);
+    EXPECT_EQ(corner(MainElement::mono_img), stripPixel(0, 0, 1));
+}
+
 TEST_F(TextFieldsTest, onADenseScreenWordsAreDrawnWithAStripOfThatSize) {
     giveStrips();
     const ui::PixelImage fine{310, 36, std::vector<std::uint32_t>(310 * 36, 0xFF778899), 2};
