@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tovik::app {
 
@@ -29,6 +30,38 @@ player::RowPlace placeIn(std::string_view text) {
 }
 
 } // namespace
+
+LastSession::LastSession(const Needs& needs)
+    : p_(needs), soon_(needs.core.timers.makeTimer([this] { keepSoFar(); })) {
+    soon_->setInterval(kSoonMs);
+    p_.core.news.add(*this);
+}
+
+LastSession::~LastSession() {
+    p_.core.news.remove(*this);
+}
+
+/// Not within the start of a track, which is not to wait for files.
+void LastSession::keepSoon() {
+    const base::Comfort& comfort = p_.core.state.comfort;
+    if (comfort.resumesSession || comfort.remembersPicks) {
+        soon_->setEnabled(true);
+    }
+}
+
+void LastSession::keepSoFar() {
+    soon_->setEnabled(false);
+    const player::PlayerState& state = p_.core.state;
+    if (!p_.lists.keeps()) {
+        return;
+    }
+    if (state.comfort.resumesSession && notePlace()) {
+        p_.stored.saveBehind("RSM");
+    }
+    if (state.comfort.remembersPicks && state.ShuffleOn) {
+        writer_.write(p_.paths.of(host::DataItem::ShuffleOrder), p_.playback.advance.order.text());
+    }
+}
 
 void LastSession::restore() {
     player::PlayerState& state = p_.core.state;
@@ -52,6 +85,8 @@ void LastSession::restore() {
 }
 
 void LastSession::keep() {
+    soon_->setEnabled(false);
+    writer_.wait();
     const player::PlayerState& state = p_.core.state;
     if (!p_.lists.keeps()) {
         return;
@@ -64,15 +99,18 @@ void LastSession::keep() {
     }
 }
 
-void LastSession::keepPlace() {
+bool LastSession::notePlace() {
     player::RowPlace place;
     try {
         place = p_.playback.rows.place().value_or(place);
     } catch (const base::RuntimeError&) { // NOLINT(bugprone-empty-catch): it has no place by now
     }
     const std::string text = std::to_string(place.row) + " " + std::to_string(place.seconds);
-    if (p_.core.state.ResumePlace != text) {
-        p_.core.state.ResumePlace = text;
+    return std::exchange(p_.core.state.ResumePlace, text) != text;
+}
+
+void LastSession::keepPlace() {
+    if (notePlace()) {
         p_.stored.save("RSM");
     }
 }

@@ -5,14 +5,22 @@
 
 #include "app/Lists.h"
 #include "host/Paths.h"
+#include "host/Timer.h"
 #include "player/Core.h"
 #include "player/Playback.h"
 #include "player/StoredSettings.h"
+#include "player/TrackNews.h"
+#include "playlist/ListWriter.h"
+
+#include <memory>
+#include <string>
 
 namespace tovik::app {
 
-/// Of both only what `Comfort` asks for: `resumesSession` and `remembersPicks`.
-class LastSession {
+/// Of both only what `Comfort` asks for: `resumesSession` and `remembersPicks`. They are also kept
+/// shortly after a track started, was paused, stopped or moved, so that a program that is killed
+/// loses little.
+class LastSession final : private player::TrackEvents {
 public:
     /// All of it outlives the object.
     struct Needs {
@@ -23,7 +31,12 @@ public:
         const host::Paths& paths;
     };
 
-    explicit LastSession(const Needs& needs) : p_(needs) {}
+    static constexpr int kSoonMs = 250;
+
+    explicit LastSession(const Needs& needs);
+    ~LastSession() override;
+    LastSession(const LastSession&) = delete;
+    LastSession& operator=(const LastSession&) = delete;
 
     /// The saved list was read. What does not fit it is left.
     void restore();
@@ -33,10 +46,29 @@ public:
     void keep();
 
 private:
+    void reportTrack(const player::TrackReport& /*report*/) override { keepSoon(); }
+
+    void reportUnknownTrack(const std::string& /*path*/) override { keepSoon(); }
+
+    void reportNothing(const std::string& /*format*/, const std::string& /*word*/) override {
+        keepSoon();
+    }
+
+    void reportPause() override { keepSoon(); }
+
+    void reportSeek() override { keepSoon(); }
+
+    void keepSoon();
+    void keepSoFar();
+
+    /// Whether the place is another than the one that is kept.
+    [[nodiscard]] bool notePlace();
     void keepPlace();
     void keepOrder();
 
     Needs p_;
+    playlist::ListWriter writer_; ///< of the order, while the session goes on
+    std::unique_ptr<host::Timer> soon_;
 };
 
 } // namespace tovik::app

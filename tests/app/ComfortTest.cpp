@@ -154,6 +154,40 @@ TEST_F(ComfortSessions, thePlaceAndTheOrderOfOneThatMayGoOnAreKept) {
     EXPECT_TRUE(std::filesystem::exists(host_.paths.of(host::DataItem::ShuffleOrder)));
 }
 
+TEST_F(ComfortSessions, aSessionThatIsKilledLosesLittle) {
+    for (const bool kind : {false, true}) {
+        options_.comfort = kind;
+        set("SHF", "1");
+        begin();
+        const auto kept = [this] { return host_.folder.read(kSettings); };
+        const auto pause = [this] { run(commands::CommandId::pause); };
+        player().music().playback.rows.playItem(1);
+        advance(300);
+        EXPECT_EQ(kept().find("<RSM>2 0</RSM>") != std::string::npos, kind) << "it started";
+        player().music().playback.time.SetPlayingPos(player().state().active(), 30, false);
+        advance(2000);
+        EXPECT_EQ(kept().find("<RSM>2 30</RSM>"), std::string::npos) << "nobody asks all the time";
+        pause();
+        advance(300);
+        EXPECT_EQ(kept().find("<RSM>2 30</RSM>") != std::string::npos, kind);
+        endPlayer(); // and no step of the end
+        sound_.initialized = false;
+        EXPECT_EQ(std::filesystem::exists(host_.paths.of(host::DataItem::ShuffleOrder)), kind);
+        begin();
+        EXPECT_EQ(player().stdSS().SelectedIndex, kind ? 2 : 0);
+        end();
+    }
+}
+
+TEST_F(ComfortSessions, aSessionOfOneFileKeepsNoPlace) {
+    options_.comfort = true;
+    options_.commandLine = "\"" + track("other.mp3") + "\"";
+    begin();
+    ASSERT_TRUE(player().state().IsPlaying);
+    advance(1000);
+    EXPECT_EQ(host_.folder.read(kSettings).find("<RSM>"), std::string::npos);
+}
+
 TEST_F(ComfortSessions, aStartGoesOnWhereTheLastOneEnded) {
     using commands::CommandId;
     for (const bool kind : {false, true}) {
