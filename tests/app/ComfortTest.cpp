@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QScrollArea>
 #include <set>
+#include <thread>
 
 namespace tovik::test {
 namespace {
@@ -170,9 +171,13 @@ TEST_F(ComfortSessions, aSessionThatIsKilledLosesLittle) {
         pause();
         advance(300);
         EXPECT_EQ(kept().find("<RSM>2 30</RSM>") != std::string::npos, kind);
+        const std::string order = host_.paths.of(host::DataItem::ShuffleOrder);
+        while (kind && !std::filesystem::exists(order)) {
+            std::this_thread::yield(); // another thread writes it
+        }
         endPlayer(); // and no step of the end
         sound_.initialized = false;
-        EXPECT_EQ(std::filesystem::exists(host_.paths.of(host::DataItem::ShuffleOrder)), kind);
+        EXPECT_EQ(std::filesystem::exists(order), kind);
         begin();
         EXPECT_EQ(player().stdSS().SelectedIndex, kind ? 2 : 0);
         end();
