@@ -10,6 +10,7 @@ pkg_check_modules(VORBISFILE REQUIRED IMPORTED_TARGET vorbisfile)
 pkg_check_modules(FLAC REQUIRED IMPORTED_TARGET flac)
 pkg_check_modules(SOXR REQUIRED IMPORTED_TARGET soxr)
 pkg_check_modules(OPENMPT REQUIRED IMPORTED_TARGET libopenmpt)
+pkg_check_modules(TAGLIB REQUIRED IMPORTED_TARGET taglib)
 pkg_check_modules(PULSE REQUIRED IMPORTED_TARGET libpulse)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)
 pkg_check_modules(SDL2 REQUIRED sdl2)
@@ -34,6 +35,7 @@ set(TOVIK_LIBRARIES
     "libsoxr ${SOXR_VERSION}"
     "libcurl ${CURL_VERSION}"
     "libcdio ${CDIO_libcdio_VERSION}"
+    "TagLib ${TAGLIB_VERSION}"
     "libpulse ${PULSE_VERSION}"
     "libxcb ${XCB_VERSION}"
     "SDL ${SDL2_VERSION}"

@@ -28,7 +28,7 @@ Filling::Filling(const Needs& needs, const host::Host& host)
             {.load = titleOf(needs.elements, kLoadTitle),
              .save = titleOf(needs.elements, kSaveTitle)}),
       openDirectory(needs.core, host.pump), buttons(needs.core, needs.files, openDirectory),
-      window_(needs.window), windows_(needs.windows) {}
+      rowFacts(needs.core, *needs.core.facts), window_(needs.window), windows_(needs.windows) {}
 
 void Filling::bind(commands::Commands& commands) {
     commands.bind(CommandId::addFile, button([this] { media.Add_file(); }));

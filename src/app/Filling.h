@@ -8,6 +8,7 @@
 #include "player/Core.h"
 #include "player/frmOpenDirectory.h"
 #include "player/ListButtons.h"
+#include "player/ListFacts.h"
 #include "playlist/AddMedia.h"
 #include "playlist/ListDialogs.h"
 #include "playlist/PlaylistFiles.h"
@@ -45,6 +46,7 @@ public:
     playlist::ListDialogs files;
     player::frmOpenDirectory openDirectory;
     player::ListButtons buttons;
+    player::ListFacts rowFacts;
 
 private:
     /// A command of the playlist's panel: the keyboard goes to `Text4` first.

@@ -4,7 +4,7 @@
 namespace tovik::app {
 
 Lists::Lists(const host::Host& host, const player::PlayerState& state, bool keepsList)
-    : files(stdSS, host.pump, host.paths), state_(state),
+    : files(stdSS, host.pump, host.paths), facts(host.watches), state_(state),
       keeper_(stdSS, host.clock, host.timers, host.paths,
               [this, keepsList] { return keepsList && files.savesAtExit(state_.DirAddIdle); }) {
     stdSS.obey(state.comfort);

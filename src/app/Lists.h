@@ -9,6 +9,7 @@
 #include "playlist/ListMirror.h"
 #include "playlist/PlaylistFiles.h"
 #include "playlist/stdSS.h"
+#include "tags/FactsDesk.h"
 
 namespace tovik::app {
 
@@ -41,6 +42,7 @@ public:
     playlist::stdSS RadioLst;
     playlist::ListMirror List1{stdSS};
     playlist::PlaylistFiles files;
+    tags::FactsDesk facts;
 
 private:
     const player::PlayerState& state_;

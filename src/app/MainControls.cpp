@@ -23,11 +23,13 @@ MainControls::MainControls(frmPlayer& player, ui::SkinWindow& window,
     quickList_.obey(player.state().comfort);
     addQuickList();
     takeFiles(addList(MainElement::stdSS, "stdSS", player.stdSS()));
+    rows_.back()->tellSeen([this](playlist::Row row) { player_.filling().rowFacts.rowSeen(row); });
     addList(MainElement::lstTracks, "lstTracks", player.lists().lstTracks);
     addList(MainElement::RadioLst, "RadioLst", player.lists().RadioLst);
     addSearchField();
     addDrives();
     takeFocus();
+    player.filling().rowFacts.begin();
 }
 
 MainControls::~MainControls() {

@@ -94,6 +94,8 @@ private:
         sysTray.tellTitle(report.listTitle);
     }
 
+    void reportFacts(const player::TrackReport& report) override { reportTrack(report); }
+
     [[nodiscard]] bool wantsTray();
     void listenToTray();
     void trayChanged();

@@ -30,7 +30,8 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
             .lists = {.stdSS = lists_.stdSS, .List1 = lists_.List1},
             .timers = ground_.host().timers,
             .screen = ground_.screen,
-            .news = ground_.news},
+            .news = ground_.news,
+            .facts = &lists_.facts},
       tone_(core_, ground_.stored, ground_.host().dialogs, windows),
       music_(core_, tone_.equalizer, window, ground_.host(), process_),
       search_(core_, music_.playback, windows),
@@ -250,6 +251,7 @@ void frmPlayer::applyComfort() {
     for (playlist::stdSS* const list : {&lists_.stdSS, &lists_.lstTracks, &lists_.RadioLst}) {
         list->looksChanged(1, list->ListCount());
     }
+    filling_.rowFacts.follow();
     changeLanguage();
 }
 

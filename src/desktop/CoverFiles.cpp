@@ -5,6 +5,7 @@
 #include "base/PathText.h"
 #include "base/RegularFile.h"
 #include "base/Text.h"
+#include "tags/FileFacts.h"
 #include "tags/TagPicture.h"
 
 #include <algorithm>
@@ -144,13 +145,14 @@ std::string folderPicture(const std::string& trackPath) {
 }
 
 std::string coverOf(const std::string& trackPath, const std::string& covers,
-                    const CoverLimits& limits) {
+                    const CoverLimits& limits, CoverTags tags) {
     if (!trackPath.starts_with('/')) {
         return {}; // an address, or a track of a disc
     }
     std::string found = folderPicture(trackPath);
     if (found.empty()) {
-        if (const auto picture = tags::pictureOfFile(trackPath)) {
+        if (const auto picture = tags == CoverTags::everyFormat ? tags::pictureOfAnyFile(trackPath)
+                                                                : tags::pictureOfFile(trackPath)) {
             found = keep(*picture, covers, limits);
         }
     }

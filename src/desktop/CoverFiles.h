@@ -24,9 +24,13 @@ struct CoverLimits {
 /// case of letters, the first of this order. Empty where there is none.
 [[nodiscard]] std::string folderPicture(const std::string& trackPath);
 
+/// Whose tags are looked at for a picture.
+enum class CoverTags : std::uint8_t { id3v2, everyFormat };
+
 /// The picture of a track: that of its folder, else that of its tag, which is written to the folder
 /// of covers unless it is there already. Empty where there is none or it cannot be written.
 [[nodiscard]] std::string coverOf(const std::string& trackPath, const std::string& covers,
-                                  const CoverLimits& limits = {});
+                                  const CoverLimits& limits = {},
+                                  CoverTags tags = CoverTags::id3v2);
 
 } // namespace tovik::desktop

@@ -77,6 +77,13 @@ void Remote::reportTrack(const player::TrackReport& report) {
     }
 }
 
+void Remote::reportFacts(const player::TrackReport& report) {
+    if (report.path == report_.path) {
+        report_ = report;
+        tell();
+    }
+}
+
 void Remote::reportUnknownTrack(const std::string& path) {
     report_ = {};
     report_.path = path;

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "commands/Commands.h"
+#include "desktop/CoverFiles.h"
 #include "desktop/RemoteState.h"
 #include "desktop/RowIds.h"
 #include "player/Core.h"
@@ -86,6 +87,11 @@ public:
     /// Of the track that was reported last; empty where nothing plays or it is a station.
     [[nodiscard]] const std::string& path() const { return report_.path; }
 
+    /// Where the picture of a track may be looked for.
+    [[nodiscard]] CoverTags coverTags() const {
+        return p_.core.state.comfort.readsEveryFormat ? CoverTags::everyFormat : CoverTags::id3v2;
+    }
+
     /// The picture of the track with this path, as a URL of a file; empty: none. Nothing happens if
     /// another one sounds by now.
     void setArt(const std::string& path, const std::string& url);
@@ -123,6 +129,7 @@ private:
     void showSource() override { tell(); }
 
     void reportTrack(const player::TrackReport& report) override;
+    void reportFacts(const player::TrackReport& report) override;
     void reportUnknownTrack(const std::string& path) override;
     void reportNothing(const std::string& format, const std::string& word) override;
 

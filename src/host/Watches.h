@@ -24,6 +24,9 @@ public:
     /// empty. The descriptor stays open longer than the watch. Below 0: never.
     [[nodiscard]] virtual std::unique_ptr<Watch> watch(int descriptor,
                                                        std::function<void()> readable) = 0;
+
+    /// Nothing will ever be told: who would wait for it must do without.
+    [[nodiscard]] virtual bool watchesNothing() const { return false; }
 };
 
 /// Where nothing happens beside the program: nothing is ever told.
@@ -33,6 +36,8 @@ public:
                                                std::function<void()> /*readable*/) override {
         return std::make_unique<Watch>();
     }
+
+    [[nodiscard]] bool watchesNothing() const override { return true; }
 };
 
 } // namespace tovik::host

@@ -12,6 +12,10 @@
 #include "playlist/stdSS.h"
 #include "sound/SoundLibrary.h"
 
+namespace tovik::tags {
+class FactsDesk;
+}
+
 namespace tovik::player {
 
 /// The list that is played, and the quick list that shows the same rows.
@@ -30,6 +34,7 @@ struct Core {
     host::TimerFactory& timers;
     Screen& screen;
     TrackNews& news;
+    tags::FactsDesk* facts = nullptr; ///< without one nothing is asked of files
 };
 
 } // namespace tovik::player

@@ -26,6 +26,9 @@ struct NowPlaying {
     /// Artist, title, album, year, genre.
     std::array<std::string, kTagFields> fields;
 
+    /// The same, whole; what does not begin as the field does is out of date.
+    std::array<std::string, kTagFields> wholeFields;
+
     std::string stationText; ///< what a station says of itself; lines end in LF
 
     std::string scrollerText;

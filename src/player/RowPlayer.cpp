@@ -145,8 +145,13 @@ void RowPlayer::PlayRow(playlist::Row row, std::int32_t fadeSeconds) {
 
 void RowPlayer::showStarted(const TrackRef& track) {
     PlayerState& state = core_.state;
-    state.CurrentTitle = track.title;
-    const std::string shown = " " + track.title;
+    const playlist::stdSS& list = core_.lists.stdSS;
+    // The start may have brought a title into the row.
+    const bool isNew = state.comfort.readsEveryFormat &&
+                       list.text(track.row, playlist::RowText::FileName) == track.path;
+    state.CurrentTitle =
+        isNew ? std::string(list.text(track.row, playlist::RowText::Title)) : track.title;
+    const std::string shown = " " + state.CurrentTitle;
     NowPlaying& playing = core_.screen.playing;
     playing.scrollerText = shown;
     playing.caption = shown;

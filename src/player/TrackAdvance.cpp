@@ -2,7 +2,9 @@
 #include "player/TrackAdvance.h"
 
 #include "base/Numbers.h"
+#include "base/Url.h"
 #include "player/FadeTime.h"
+#include "tags/FactsDesk.h"
 
 #include <algorithm>
 #include <array>
@@ -242,8 +244,26 @@ bool TrackAdvance::followsOnAlbum(const TrackRef& next) const {
     const std::string playing(list.text(list.SoundingRow(), playlist::RowText::FileName));
     const auto before = cdTrackOf(playing);
     const auto after = cdTrackOf(next.path);
-    return before && after && before->letter == after->letter &&
-           before->number + 1 == after->number;
+    if (before && after) {
+        return before->letter == after->letter && before->number + 1 == after->number;
+    }
+    return core_.state.comfort.crossesBeforeEnd && !before && !after &&
+           filesFollowOnAlbum(playing, next.path);
+}
+
+/// Asked again and again before the end: what is not known yet is by then.
+bool TrackAdvance::filesFollowOnAlbum(const std::string& playing, const std::string& next) const {
+    if (core_.facts == nullptr || base::isWebUrl(playing) || base::isWebUrl(next)) {
+        return false;
+    }
+    for (const std::string& path : {playing, next}) {
+        if (core_.facts->known(path) == nullptr) {
+            core_.facts->ask(path, tags::FactsDesk::Urgency::first);
+        }
+    }
+    const tags::FileFacts* const before = core_.facts->known(playing);
+    const tags::FileFacts* const after = core_.facts->known(next);
+    return before != nullptr && after != nullptr && tags::followsOnAlbum(*before, *after);
 }
 
 /// A module that ends after its first pass mostly ends in the middle of a sound.

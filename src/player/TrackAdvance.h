@@ -107,6 +107,8 @@ private:
     void fadeModule(std::int64_t milliseconds);
     void noteRow();
     [[nodiscard]] bool followsOnAlbum(const TrackRef& next) const;
+    [[nodiscard]] bool filesFollowOnAlbum(const std::string& playing,
+                                          const std::string& next) const;
 
     [[nodiscard]] bool remembers() const {
         return core_.state.ShuffleOn && core_.state.comfort.remembersPicks;

@@ -31,6 +31,9 @@ public:
     /// For the status message of messengers and the desktop.
     virtual void reportTrack(const TrackReport& /*report*/) {}
 
+    /// More is known of the track that was told last.
+    virtual void reportFacts(const TrackReport& /*report*/) {}
+
     /// A track took the place of the one before, and no more is known than its path: one of a
     /// disc. Empty: a file did not open, and nothing sounds.
     virtual void reportUnknownTrack(const std::string& /*path*/) {}

@@ -6,12 +6,15 @@
 #include "player/ClockText.h"
 #include "player/LiveSetting.h"
 #include "playlist/FileNames.h"
+#include "tags/FactsDesk.h"
 #include "tags/ShownField.h"
 #include "tags/TagTitle.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 namespace tovik::player {
 
@@ -26,7 +29,18 @@ std::int64_t fileLength(const std::string& path) {
     return error ? 0 : static_cast<std::int64_t>(size);
 }
 
+std::string shownOf(const std::string& field) {
+    return std::string(base::firstCharacters(field, kFieldWidth));
+}
+
 } // namespace
+
+TrackFacts::TrackFacts(const Core& core, tags::cMP3ID3v1& tag) : core_(core), tag_(tag) {
+    if (core_.facts != nullptr) {
+        core_.facts->addTaker(
+            [this](const std::string& path, const tags::FileFacts& facts) { take(path, facts); });
+    }
+}
 
 std::string TrackFacts::length(sound::Handle channel) {
     return clockText(core_.state.comfort, time_.GetDuration(channel));
@@ -41,28 +55,33 @@ void TrackFacts::show(sound::Handle channel, const TrackRef& track, const std::s
     core_.lists.stdSS.showSounding(track.row);
     core_.lists.stdSS.setUnplayable(track.row, false);
     showFormat(channel, track.path);
-    readFields(track.path);
-    core_.screen.showFacts();
-    if (core_.state.TracksStarted > 1) {
+    const tags::FileFacts facts = read(track);
+    showFields(facts);
+    if (core_.state.TracksStarted > 1 || core_.state.comfort.writesFirstLength) {
         refreshRowTime(channel, track.row);
     }
-    refreshRowTitle(track);
-    showPopup(channel, popup.empty() ? track.title + " " : popup);
-    showTitles(channel, track);
+    const TrackRef shown = refreshRowTitle(track, facts);
+    showPopup(channel, popup.empty() ? shown.title + " " : popup);
+    showTitles(channel, shown);
     core_.state.IsPlaying = true;
     core_.state.IsPaused = false;
-    std::ranges::replace(core_.screen.playing.fields, std::string(), std::string(kUnknown));
-    core_.screen.showFacts();
+    nameUnknown();
     core_.news.restartVisualisation();
-    core_.news.reportTrack({.path = track.path,
-                            .artist = std::string(tags::shownField(tag_.Artist())),
-                            .title = std::string(tags::shownField(tag_.Title())),
-                            .album = std::string(tags::shownField(tag_.Album())),
-                            .listTitle = track.title,
-                            .seconds = time_.GetDuration(channel)});
+    core_.news.reportTrack(reportOf(channel, shown, facts));
+}
+
+TrackReport TrackFacts::reportOf(sound::Handle channel, const TrackRef& track,
+                                 const tags::FileFacts& facts) {
+    return {.path = track.path,
+            .artist = facts.artist,
+            .title = facts.title,
+            .album = facts.album,
+            .listTitle = track.title,
+            .seconds = time_.GetDuration(channel)};
 }
 
 void TrackFacts::showNothingKnown(const TrackRef& track) {
+    awaited_.reset();
     core_.lists.stdSS.showSounding(track.row);
     core_.lists.stdSS.setUnplayable(track.row, false);
     core_.screen.playing.fields.fill(kUnknown);
@@ -85,6 +104,7 @@ void TrackFacts::showUnopened(const TrackRef& track) {
 }
 
 void TrackFacts::showSilence() {
+    awaited_.reset();
     core_.lists.stdSS.showSounding(0);
     core_.screen.playing.time = kNoTime;
     core_.screen.showTime();
@@ -104,16 +124,59 @@ void TrackFacts::showFormat(sound::Handle channel, const std::string& path) {
     core_.screen.playing.mode = core_.state.TrackInfoMode;
 }
 
-void TrackFacts::readFields(const std::string& path) {
-    tag_.MP3File(path);
-    const auto shown = [](std::string_view field) {
-        return std::string(base::firstCharacters(tags::shownField(field), kFieldWidth));
-    };
+tags::FileFacts TrackFacts::read(const TrackRef& track) {
+    awaited_.reset();
+    if (core_.state.comfort.readsEveryFormat && core_.facts != nullptr) {
+        if (const tags::FileFacts* const known = core_.facts->known(track.path)) {
+            return *known;
+        }
+        core_.facts->ask(track.path, tags::FactsDesk::Urgency::first);
+        if (const tags::FileFacts* const answered = core_.facts->known(track.path)) {
+            return *answered;
+        }
+        awaited_ = track;
+        return {};
+    }
+    tag_.MP3File(track.path);
     // Without a tag the number is 0, which would be the name of a genre.
-    const std::string_view genre =
-        tag_.HasID3v1Tag() ? tags::cMP3ID3v1::GenreName(tag_.genre()) : std::string_view();
-    core_.screen.playing.fields = {shown(tag_.Artist()), shown(tag_.Title()), shown(tag_.Album()),
-                                   shown(tag_.Year()), shown(genre)};
+    return {.artist = std::string(tags::shownField(tag_.Artist())),
+            .title = std::string(tags::shownField(tag_.Title())),
+            .album = std::string(tags::shownField(tag_.Album())),
+            .year = std::string(tags::shownField(tag_.Year())),
+            .genre = std::string(tag_.HasID3v1Tag() ? tags::cMP3ID3v1::GenreName(tag_.genre())
+                                                    : std::string_view()),
+            .track = tag_.track()};
+}
+
+/// The rest is known: it takes its places as if it had been there from the beginning.
+void TrackFacts::take(const std::string& path, const tags::FileFacts& facts) {
+    if (!awaited_ || awaited_->path != path || !core_.state.IsPlaying || core_.state.RadioMode) {
+        return;
+    }
+    const TrackRef track = *std::exchange(awaited_, std::nullopt);
+    const sound::Handle channel = core_.state.active();
+    showFields(facts);
+    nameUnknown();
+    const TrackRef shown = refreshRowTitle(track, facts);
+    if (shown.title != track.title) {
+        showTitles(channel, shown);
+    }
+    core_.news.reportFacts(reportOf(channel, shown, facts));
+}
+
+void TrackFacts::showFields(const tags::FileFacts& facts) {
+    NowPlaying& playing = core_.screen.playing;
+    const std::array<std::string, kTagFields> whole{facts.artist, facts.title, facts.album,
+                                                    facts.year, facts.genre};
+    std::ranges::transform(whole, playing.fields.begin(), shownOf);
+    playing.wholeFields =
+        core_.state.comfort.tellsWholeTexts ? whole : std::array<std::string, kTagFields>();
+    core_.screen.showFacts();
+}
+
+void TrackFacts::nameUnknown() {
+    std::ranges::replace(core_.screen.playing.fields, std::string(), std::string(kUnknown));
+    core_.screen.showFacts();
 }
 
 void TrackFacts::refreshRowTime(sound::Handle channel, playlist::Row row) {
@@ -123,15 +186,24 @@ void TrackFacts::refreshRowTime(sound::Handle channel, playlist::Row row) {
 
 /// A row that was added by the name of its file gets its real title at its first start. A title
 /// from a list stays: the tag may hold no more than the beginning of it.
-void TrackFacts::refreshRowTitle(const TrackRef& track) {
+TrackRef TrackFacts::refreshRowTitle(const TrackRef& track, const tags::FileFacts& facts) {
     playlist::stdSS& list = core_.lists.stdSS;
     if (list.text(track.row, playlist::RowText::FileName) != track.path ||
         !playlist::isNamedAfter(list.text(track.row, playlist::RowText::Title), track.path)) {
-        return;
+        return track;
     }
-    if (const auto title = tags::tagTitle(tag_)) {
-        list.RefreshTitle(track.row, *title);
+    const bool kinder = core_.state.comfort.readsEveryFormat;
+    const std::string title =
+        kinder ? tags::listTitle(facts) : tags::tagTitle(tag_).value_or(std::string());
+    if (title.empty()) {
+        return track;
     }
+    list.RefreshTitle(track.row, title);
+    TrackRef shown = track;
+    if (kinder) {
+        shown.title = title;
+    }
+    return shown;
 }
 
 void TrackFacts::showPopup(sound::Handle channel, const std::string& text) {

@@ -5,9 +5,12 @@
 
 #include "player/CBASS_TIME.h"
 #include "player/Core.h"
+#include "player/TrackEvents.h"
 #include "player/TrackRef.h"
 #include "tags/cMP3ID3v1.h"
+#include "tags/FileFacts.h"
 
+#include <optional>
 #include <string>
 
 namespace tovik::player {
@@ -15,7 +18,7 @@ namespace tovik::player {
 class TrackFacts {
 public:
     /// Both outlive the object.
-    TrackFacts(const Core& core, tags::cMP3ID3v1& tag) : core_(core), tag_(tag) {}
+    TrackFacts(const Core& core, tags::cMP3ID3v1& tag);
 
     /// A file or a disc's track becomes the current source: the fields of the tag take the place of
     /// what a station showed.
@@ -46,14 +49,23 @@ public:
     void refreshRowTime(sound::Handle channel, playlist::Row row);
 
 private:
-    void refreshRowTitle(const TrackRef& track);
+    /// What is known of a track at once. With `Comfort::readsEveryFormat` the rest comes later.
+    [[nodiscard]] tags::FileFacts read(const TrackRef& track);
+    void take(const std::string& path, const tags::FileFacts& facts);
+
+    /// Brings a title into the row, and gives the track as it is shown from then on.
+    [[nodiscard]] TrackRef refreshRowTitle(const TrackRef& track, const tags::FileFacts& facts);
+    [[nodiscard]] TrackReport reportOf(sound::Handle channel, const TrackRef& track,
+                                       const tags::FileFacts& facts);
     void showFormat(sound::Handle channel, const std::string& path);
-    void readFields(const std::string& path);
+    void showFields(const tags::FileFacts& facts);
+    void nameUnknown();
     void showPopup(sound::Handle channel, const std::string& text);
     [[nodiscard]] std::string length(sound::Handle channel);
 
     const Core& core_;
     tags::cMP3ID3v1& tag_;
+    std::optional<TrackRef> awaited_; ///< the track that sounds, while its facts are on their way
     CBASS_TIME time_{core_.sound};
 };
 

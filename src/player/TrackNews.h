@@ -25,6 +25,10 @@ public:
         tell(&TrackEvents::reportTrack, report);
     }
 
+    void reportFacts(const TrackReport& report) override {
+        tell(&TrackEvents::reportFacts, report);
+    }
+
     void reportUnknownTrack(const std::string& path) override {
         tell(&TrackEvents::reportUnknownTrack, path);
     }

@@ -140,11 +140,16 @@ void frmMp3Tag::loadVersion2() {
 
 std::int64_t frmMp3Tag::lookAtFile() {
     std::int64_t fileBytes = 0;
+    const base::Comfort comfort = needs_.core.state.comfort;
+    own_ = {};
     needs_.work.run([&] {
         const base::RegularFile file(form_.Text1, base::RegularFile::Access::Read);
         if (!file.failure()) {
             fileBytes = file.size();
             form_.mayWrite = tags::isMpegAudio(file);
+        }
+        if (comfort.tellsOwnSound || comfort.findsAllHeaders) {
+            own_ = tags::factsOfFile(form_.Text1);
         }
         lost_ = tags::lostFrames(form_.Text1, shownGenre_);
         lostWithoutFields_ = tags::lostFrames(form_.Text1, std::nullopt);

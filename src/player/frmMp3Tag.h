@@ -8,6 +8,7 @@
 #include "player/TagForm.h"
 #include "tags/cMP3ID3v1.h"
 #include "tags/cMP3ID3v2.h"
+#include "tags/FileFacts.h"
 #include "tags/TagWarning.h"
 #include "tags/TagWork.h"
 
@@ -64,7 +65,8 @@ public:
     [[nodiscard]] static std::vector<std::string> genres();
 
     /// The values of the technical page. A deliberate oddity: those of the sound are of what plays,
-    /// whatever file is shown; without a channel they are empty.
+    /// whatever file is shown, and empty without a channel; `Comfort::tellsOwnSound` takes those of
+    /// the file.
     [[nodiscard]] std::array<std::string, 11> Label4(const TagWords& words) const;
 
     /// Why nothing can be written; empty where it can.
@@ -100,6 +102,7 @@ private:
     std::int64_t lookAtFile();
 
     void loadSound(std::int64_t fileBytes);
+    void loadOwnSound();
     void loadHeader();
     [[nodiscard]] bool save();
     [[nodiscard]] bool saveVersion1();
@@ -111,6 +114,7 @@ private:
     tags::cMP3ID3v2 version2_;
     TagForm form_;
     Facts facts_;
+    tags::FileFacts own_;                        ///< what the file says of itself
     std::uint8_t shownGenre_ = 0;                ///< that was loaded for version 2
     std::vector<std::string> lost_;              ///< the frames that a save drops
     std::vector<std::string> lostWithoutFields_; ///< the same where the editor sets no field

@@ -12,6 +12,8 @@ namespace {
 
 constexpr std::string_view kPlace = "[x]";
 constexpr std::string_view kTrue = "True";
+constexpr const char* kMonoMode = "Mono";
+constexpr const char* kStereoMode = "Stereo";
 
 /// What a template makes of a value; without a place for it the value stands with its unit.
 std::string filled(std::string_view text, const std::string& value, std::string_view unit = {}) {
@@ -24,7 +26,27 @@ std::string filled(std::string_view text, const std::string& value, std::string_
 
 } // namespace
 
+void frmMp3Tag::loadOwnSound() {
+    constexpr std::int32_t kUsualBits = 16; // of formats whose samples have none of their own
+    constexpr std::int32_t kBitsOfByte = 8;
+    if (own_.hertz <= 0) {
+        return;
+    }
+    const std::int32_t bits = own_.bits > 0 ? own_.bits : kUsualBits;
+    facts_.frequency = std::to_string(own_.hertz);
+    facts_.bitsAndMode =
+        std::to_string(bits) + " bit, " + (own_.channels == 1 ? kMonoMode : kStereoMode);
+    facts_.bytesPerSecond =
+        std::to_string(std::int64_t{own_.hertz} * own_.channels * bits / kBitsOfByte);
+    facts_.bitsPerSecond = std::to_string(own_.kilobits);
+    facts_.duration = CBASS_TIME::GetTime(own_.seconds);
+}
+
 void frmMp3Tag::loadSound(std::int64_t fileBytes) {
+    if (needs_.core.state.comfort.tellsOwnSound) {
+        loadOwnSound();
+        return;
+    }
     const sound::Handle channel = needs_.core.state.active();
     if (channel == sound::kNoHandle) {
         return;
@@ -42,6 +64,15 @@ void frmMp3Tag::loadSound(std::int64_t fileBytes) {
 }
 
 void frmMp3Tag::loadHeader() {
+    if (needs_.core.state.comfort.findsAllHeaders) {
+        facts_.validHeader = own_.mpeg.has_value();
+        const tags::MpegFacts mpeg = own_.mpeg.value_or(tags::MpegFacts{});
+        facts_.version = mpeg.version;
+        facts_.layer = mpeg.layer;
+        facts_.copyright = mpeg.copyright;
+        facts_.original = mpeg.original;
+        return;
+    }
     tags::clsID3 header(needs_.dialogs);
     header.FullName(form_.Text1);
     try {

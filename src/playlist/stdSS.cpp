@@ -69,10 +69,17 @@ void stdSS::setUnplayable(Row row, bool unplayable) {
     }
 }
 
+void stdSS::setFactsTaken(Row row) {
+    if (has(row)) {
+        at(row).factsTaken = true;
+    }
+}
+
 void stdSS::AddFileName2(Row row, std::string_view FileName) {
     if (has(row)) {
         at(row).texts.set(RowText::FileName, FileName);
         at(row).unplayable = false;
+        at(row).factsTaken = false;
         tell([row](ListObserver& observer) { observer.rowChanged(row); });
     }
 }
@@ -114,6 +121,10 @@ bool stdSS::isMarked(Row row) const noexcept {
 
 bool stdSS::isUnplayable(Row row) const noexcept {
     return has(row) && at(row).unplayable;
+}
+
+bool stdSS::factsTaken(Row row) const noexcept {
+    return has(row) && at(row).factsTaken;
 }
 
 bool stdSS::isPlayed(Row row) const noexcept {

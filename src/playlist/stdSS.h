@@ -93,6 +93,9 @@ public:
     /// Whether its file could be played when that was tried last.
     void setUnplayable(Row row, bool unplayable);
 
+    /// What its file says of itself was asked for and is in the row, as far as it has a place.
+    void setFactsTaken(Row row);
+
     void AddFileName2(Row row, std::string_view FileName);
 
     /// Copies a row into the `Out` variables; row 0 or less empties them; a row past the end leaves
@@ -145,6 +148,7 @@ public:
     [[nodiscard]] std::int32_t seconds(Row row) const noexcept;
     [[nodiscard]] bool isMarked(Row row) const noexcept;
     [[nodiscard]] bool isUnplayable(Row row) const noexcept;
+    [[nodiscard]] bool factsTaken(Row row) const noexcept;
 
     /// The row with the played look, 0 for none.
     [[nodiscard]] Row SoundingRow() const noexcept { return lookRow(); }
@@ -160,6 +164,7 @@ private:
         std::int32_t seconds = 0;
         bool marked = false;
         bool unplayable = false;
+        bool factsTaken = false;
     };
 
     [[nodiscard]] bool has(Row row) const noexcept { return row > 0 && row <= ListCount(); }

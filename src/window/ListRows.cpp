@@ -32,6 +32,9 @@ std::string ListRows::numberText(std::size_t row) const {
 
 std::string ListRows::timeText(std::size_t row) const {
     const playlist::Row number = numberOf(row);
+    if (seen_) {
+        seen_(number);
+    }
     if (comfort_ != nullptr && comfort_->skipsUnplayable && list_.isUnplayable(number)) {
         return kUnplayableMark;
     }

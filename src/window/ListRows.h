@@ -8,6 +8,7 @@
 #include "ui/ListModel.h"
 #include "window/MenuPopper.h"
 
+#include <functional>
 #include <utility>
 
 namespace tovik::window {
@@ -47,6 +48,9 @@ public:
     /// Without it each row tells what it was given.
     void obey(const base::Comfort& comfort) { comfort_ = &comfort; }
 
+    /// Hears of each row that is drawn, before it is; it changes nothing at once.
+    void tellSeen(std::function<void(playlist::Row)> seen) { seen_ = std::move(seen); }
+
     /// Where a menu that a key asks for appears; without it at the pointer.
     void showsRowsAt(RowPlace place) { place_ = std::move(place); }
 
@@ -83,6 +87,7 @@ private:
     MenuPopper* menus_;
     commands::CommandId info_;
     const base::Comfort* comfort_ = nullptr;
+    std::function<void(playlist::Row)> seen_;
     RowPlace place_;
 };
 

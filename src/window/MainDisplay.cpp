@@ -29,7 +29,12 @@ MainDisplay::MainDisplay(const player::PlayerState& state, MainElements& element
 void MainDisplay::showFacts(const player::NowPlaying& playing) {
     showFormat(playing);
     for (std::size_t i = 0; i < player::kTagFields; ++i) {
-        elements_.touch(MainElement::lblinfo, i).caption = playing.fields[i];
+        const std::string& field = playing.fields.at(i);
+        const std::string& whole = playing.wholeFields.at(i);
+        const bool goesOn = whole.size() > field.size() && whole.starts_with(field);
+        ui::Element& element = elements_.touch(MainElement::lblinfo, i);
+        element.caption = field;
+        element.tooltip = goesOn ? whole : std::string();
     }
 }
 

@@ -91,7 +91,8 @@ class Package(unittest.TestCase):
 
     def test_it_asks_for_its_libraries_and_recommends_the_encoders(self):
         depends, recommends = self.fields("Depends", "Recommends")
-        for library in ("libc6 (>=", "libqt6widgets6", "libavcodec", "libcurl4", "libcdio"):
+        for library in ("libc6 (>=", "libqt6widgets6", "libavcodec", "libcurl4", "libcdio",
+                        "libtag1v5"):
             self.assertIn(library, depends)
         for program in ("lame", "vorbis-tools"):
             self.assertIn(program, recommends)

@@ -4,8 +4,10 @@
 
 #include "config/clsXML.h"
 #include "player/Playback.h"
+#include "support/host/PollWatches.h"
 #include "support/host/TestHost.h"
 #include "support/sound/FakeSoundLibrary.h"
+#include "tags/FactsDesk.h"
 #include "tags/TagWarning.h"
 
 #include <gmock/gmock.h>
@@ -63,6 +65,11 @@ public:
 
     void reportTrack(const player::TrackReport& track) override {
         told.emplace_back("track");
+        report = track;
+    }
+
+    void reportFacts(const player::TrackReport& track) override {
+        told.emplace_back("facts");
         report = track;
     }
 
@@ -158,6 +165,12 @@ protected:
     player::TrackNews news_;
     RecordingEvents events_;
     NumberedWindow handle_;
+    PollWatches watches_;                          ///< at first nothing is: answers come at once
+    std::map<std::string, tags::FileFacts> known_; ///< what files say of themselves, by path
+    tags::FactsDesk desk_{watches_, [this](const std::string& path) {
+                              const auto known = known_.find(path);
+                              return known == known_.end() ? tags::FileFacts{} : known->second;
+                          }};
     NotedEqualizer startEqualizer_{sound_.calls};
     player::Core core_{.state = state_,
                        .sound = sound_,
@@ -166,7 +179,8 @@ protected:
                        .lists = {.stdSS = list_, .List1 = mirror_},
                        .timers = host_.clock,
                        .screen = screen_,
-                       .news = news_};
+                       .news = news_,
+                       .facts = &desk_};
     player::Playback playback_{core_, tag_, startEqualizer_, handle_, host_.random};
 
     // The parts by the names that tests use.

@@ -2,7 +2,6 @@
 #include "desktop/bus/CoverSearch.h"
 
 #include "base/Url.h"
-#include "desktop/CoverFiles.h"
 
 #include <exception>
 #include <QCoreApplication>
@@ -22,10 +21,10 @@ void CoverSearch::look(const std::string& track) {
 
 void CoverSearch::begin(const std::string& track) {
     searching_ = true;
-    std::thread([guard = QPointer<QObject>(this), this, track, covers = covers_] {
+    std::thread([guard = QPointer<QObject>(this), this, track, covers = covers_, tags = tags] {
         std::string picture;
         try {
-            picture = coverOf(track, covers);
+            picture = coverOf(track, covers, {}, tags);
         } catch (const std::exception&) {
             picture.clear(); // too large for the memory that there is
         }

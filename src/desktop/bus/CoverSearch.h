@@ -2,6 +2,8 @@
 // Finds the picture of the track that plays, on a thread of its own. Interface thread.
 #pragma once
 
+#include "desktop/CoverFiles.h"
+
 #include <functional>
 #include <optional>
 #include <QObject>
@@ -17,6 +19,9 @@ public:
     /// The URL of the picture of a track; not called for one that has none, nor for one behind
     /// which another was looked for.
     std::function<void(const std::string& track, const std::string& url)> found{};
+
+    /// Whose tags are looked at from now on.
+    CoverTags tags = CoverTags::id3v2;
 
     /// Waits for nothing; an empty path has no picture. One search runs at a time: of those that
     /// are asked for meanwhile only the last one follows.

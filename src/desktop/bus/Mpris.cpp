@@ -106,9 +106,14 @@ private:
         covers_.found = [this](const std::string& track, const std::string& url) {
             remote_.setArt(track, url);
         };
-        remote_.started = [this](const std::string& track) { covers_.look(track); };
-        covers_.look(remote_.path());
+        remote_.started = [this](const std::string& track) { lookForCover(track); };
+        lookForCover(remote_.path());
         requestName(kName);
+    }
+
+    void lookForCover(const std::string& track) {
+        covers_.tags = remote_.coverTags();
+        covers_.look(track);
     }
 
     void requestName(const QString& name) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sound/cd/FindDrives.h"
 
-#include "sound/decode/ModuleFile.h"
+#include "base/ModuleFile.h"
 
 namespace tovik::sound {
 
@@ -13,7 +13,7 @@ constexpr const char* kFile = "tovik-cd.so";
 
 std::vector<FoundDrive> findDrives(const std::vector<std::string>& images) {
     static const auto* const module =
-        findInModule<DriveModule>(kFile, kDrivesSymbol, kDrivesVersion);
+        base::findInModule<DriveModule>(kFile, kDrivesSymbol, kDrivesVersion);
     return module == nullptr ? std::vector<FoundDrive>{} : module->find(images);
 }
 

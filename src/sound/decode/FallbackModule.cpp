@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sound/decode/FallbackModule.h"
 
-#include "sound/decode/ModuleFile.h"
+#include "base/ModuleFile.h"
 
 #include <utility>
 
@@ -10,7 +10,7 @@ namespace {
 
 const FallbackDecoders* module() {
     static const FallbackDecoders* const decoders =
-        findInModule<FallbackDecoders>(kFallbackFile, kFallbackSymbol, kFallbackVersion);
+        base::findInModule<FallbackDecoders>(kFallbackFile, kFallbackSymbol, kFallbackVersion);
     return decoders;
 }
 

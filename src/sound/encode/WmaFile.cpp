@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sound/encode/WmaFile.h"
 
+#include "base/ModuleFile.h"
 #include "sound/decode/FallbackModule.h"
-#include "sound/decode/ModuleFile.h"
 
 namespace tovik::sound {
 
 std::unique_ptr<WmaFile> createWmaFile(const std::string& path, const WmaForm& form,
                                        std::string& failure) {
     static const WmaModule* const module =
-        findInModule<WmaModule>(kFallbackFile, kWmaSymbol, kWmaVersion);
+        base::findInModule<WmaModule>(kFallbackFile, kWmaSymbol, kWmaVersion);
     if (module == nullptr) {
         failure = kFallbackFile;
         return nullptr;

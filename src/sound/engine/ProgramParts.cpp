@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sound/engine/ProgramParts.h"
 
-#include "sound/decode/ModuleFile.h"
+#include "base/ModuleFile.h"
 
 namespace tovik::sound {
 
 std::string visualHost() {
-    return besideProgram("tovik-vis-host");
+    return base::besideProgram("tovik-vis-host");
 }
 
 std::string shippedVisuals() {
-    return besideProgram("Vis");
+    return base::besideProgram("Vis");
 }
 
 } // namespace tovik::sound

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sound/net/Http.h"
 
-#include "sound/decode/ModuleFile.h"
+#include "base/ModuleFile.h"
 
 namespace tovik::sound {
 namespace {
@@ -9,7 +9,7 @@ namespace {
 constexpr const char* kFile = "tovik-http.so";
 
 const HttpModule* find() {
-    return findInModule<HttpModule>(kFile, kHttpSymbol, kHttpVersion);
+    return base::findInModule<HttpModule>(kFile, kHttpSymbol, kHttpVersion);
 }
 
 } // namespace

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "sound/decode/ModuleFile.h"
+#include "base/ModuleFile.h"
 
 #include <array>
 #include <dlfcn.h>
 #include <filesystem>
 
-namespace tovik::sound {
+namespace tovik::base {
 namespace {
 
 /// Beside the program, as it is built, or where it is installed: its own parts, and those with
@@ -43,4 +43,4 @@ const void* symbolOfModule(const char* file, const char* symbol) {
     return nullptr;
 }
 
-} // namespace tovik::sound
+} // namespace tovik::base

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-namespace tovik::sound {
+namespace tovik::base {
 
 /// A file or folder of the program, beside it or where programs keep their parts; empty where there
 /// is none.
@@ -24,4 +24,4 @@ template <typename Record>
     return record != nullptr && record->version == version ? record : nullptr;
 }
 
-} // namespace tovik::sound
+} // namespace tovik::base

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Where the facts of files are asked for and come in: they are read one after the other on a thread
+// of its own. Interface thread.
+#pragma once
+
+#include "host/Watches.h"
+#include "tags/FileFacts.h"
+
+#include <cstddef>
+#include <functional>
+#include <list>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace tovik::tags {
+
+class FactsDesk {
+public:
+    /// Reads a file; runs on the desk's thread, throws nothing, may wait as long as it likes.
+    using Read = std::function<FileFacts(const std::string& path)>;
+
+    /// Facts that were asked for. More may be asked for in it.
+    using Taker = std::function<void(const std::string& path, const FileFacts& facts)>;
+
+    /// The watches outlive it. The thread begins with the first question. Where nothing is
+    /// watched, as in a render, a question is answered in the call that asks it.
+    explicit FactsDesk(host::Watches& watches, Read read = factsOfFile);
+
+    /// Lets what is being read come to its end for a moment; a file that stalls is left alone.
+    ~FactsDesk();
+    FactsDesk(const FactsDesk&) = delete;
+    FactsDesk& operator=(const FactsDesk&) = delete;
+
+    enum class Urgency {
+        first, ///< before all that waits
+        last,  ///< behind it
+    };
+
+    /// Takers are told in the order in which they came; none goes before the desk does.
+    void addTaker(Taker taker) { takers_.push_back(std::move(taker)); }
+
+    /// Asks for the facts of a file. One that waits already is not asked for twice; asked for
+    /// again as the first it goes to the front.
+    void ask(const std::string& path, Urgency urgency);
+
+    /// How many answers are still to come.
+    [[nodiscard]] std::size_t waiting() const noexcept { return waiting_; }
+
+    /// Calls once the events that wait by now were handled.
+    void callLater(std::function<void()> call);
+
+    /// What came in lately for who asked for it as the first; null where nobody did, or too long
+    /// ago. Holds until the next answer.
+    [[nodiscard]] const FileFacts* known(const std::string& path);
+
+private:
+    class Reader;
+
+    /// How many answers are kept.
+    static constexpr std::size_t kKept = 64;
+
+    struct Answer {
+        std::string path;
+        FileFacts facts;
+        bool urgent;
+    };
+
+    void begin();
+    void takeAnswers();
+    void take(const Answer& answer);
+    void keep(const Answer& answer);
+
+    host::Watches& watches_;
+    Read read_;
+    std::vector<Taker> takers_;
+    std::list<Answer> kept_; ///< the latest in front
+    std::unordered_map<std::string, std::list<Answer>::iterator> places_;
+    std::vector<std::function<void()>> later_;
+    std::size_t waiting_ = 0;
+    std::shared_ptr<Reader> reader_; ///< shared with the thread, which may outlive the desk
+    std::unique_ptr<host::Watch> watch_;
+};
+
+} // namespace tovik::tags

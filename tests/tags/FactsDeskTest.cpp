@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Facts that are read beside the interface thread.
+#include "tags/FactsDesk.h"
+
+#include "base/Mutex.h"
+#include "support/host/PollWatches.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <memory>
+#include <thread>
+
+namespace tovik::tags {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// A disk that holds the reader until it is let go.
+class Gate {
+public:
+    void open() {
+        const base::MutexLock lock(mutex_);
+        open_ = true;
+        changed_.notifyAll();
+    }
+
+    FileFacts pass(const std::string& path) {
+        const base::MutexLock lock(mutex_);
+        order_.push_back(path);
+        changed_.notifyAll();
+        while (!open_) {
+            changed_.wait(mutex_);
+        }
+        return {.title = "title of " + path};
+    }
+
+    void waitForReads(std::size_t count) {
+        const base::MutexLock lock(mutex_);
+        while (order_.size() < count) {
+            changed_.wait(mutex_);
+        }
+    }
+
+    std::vector<std::string> order() {
+        const base::MutexLock lock(mutex_);
+        return order_;
+    }
+
+private:
+    base::Mutex mutex_;
+    base::Condition changed_;
+    bool open_ = false;
+    std::vector<std::string> order_;
+};
+
+class Desk : public testing::Test {
+protected:
+    Desk() { watches_.nothing = false; }
+
+    FactsDesk& desk() {
+        if (!desk_) {
+            desk_ = std::make_unique<FactsDesk>(
+                watches_, [gate = gate_](const std::string& path) { return gate->pass(path); });
+            desk_->addTaker([this](const std::string& path, const FileFacts& facts) {
+                taken_.push_back(path + ": " + facts.title);
+            });
+        }
+        return *desk_;
+    }
+
+    test::PollWatches watches_;
+    std::shared_ptr<Gate> gate_ = std::make_shared<Gate>();
+    std::vector<std::string> taken_;
+    std::unique_ptr<FactsDesk> desk_;
+};
+
+TEST_F(Desk, asksWithoutWaiting) {
+    desk().ask("a", FactsDesk::Urgency::last);
+    gate_->waitForReads(1);
+    EXPECT_FALSE(watches_.wait(std::chrono::milliseconds(0)));
+    EXPECT_THAT(taken_, IsEmpty());
+    gate_->open();
+    EXPECT_TRUE(watches_.waitUntil([this] { return desk().waiting() == 0; }));
+    EXPECT_THAT(taken_, ElementsAre("a: title of a"));
+}
+
+TEST_F(Desk, whatIsUrgentComesFirst) {
+    for (const char* const path : {"a", "b", "c", "d"}) {
+        desk().ask(path, FactsDesk::Urgency::last);
+    }
+    gate_->waitForReads(1);
+    desk().ask("d", FactsDesk::Urgency::first);
+    desk().ask("b", FactsDesk::Urgency::last);
+    EXPECT_EQ(desk().waiting(), 4U) << "nothing is asked for twice";
+    gate_->open();
+    EXPECT_TRUE(watches_.waitUntil([this] { return desk().waiting() == 0; }));
+    EXPECT_THAT(gate_->order(), ElementsAre("a", "d", "b", "c"));
+    EXPECT_EQ(taken_.size(), 4U);
+}
+
+TEST_F(Desk, answersComeInBatches) {
+    gate_->open();
+    for (int i = 0; i < 400; ++i) {
+        desk().ask(std::to_string(i), FactsDesk::Urgency::last);
+    }
+    int calls = 0;
+    EXPECT_TRUE(watches_.waitUntil([&] {
+        ++calls;
+        return desk().waiting() == 0;
+    }));
+    EXPECT_EQ(taken_.size(), 400U);
+    EXPECT_LT(calls, 60);
+}
+
+TEST_F(Desk, keepsWhatWasAskedForFirst) {
+    gate_->open();
+    desk().ask("playing", FactsDesk::Urgency::first);
+    for (int i = 0; i < 200; ++i) {
+        desk().ask(std::to_string(i), FactsDesk::Urgency::last);
+    }
+    EXPECT_EQ(desk().known("playing"), nullptr);
+    EXPECT_TRUE(watches_.waitUntil([this] { return desk().waiting() == 0; }));
+    ASSERT_NE(desk().known("playing"), nullptr);
+    EXPECT_EQ(desk().known("playing")->title, "title of playing");
+    EXPECT_EQ(desk().known("5"), nullptr);
+    for (int i = 0; i < 100; ++i) {
+        desk().ask("urgent" + std::to_string(i), FactsDesk::Urgency::first);
+    }
+    EXPECT_TRUE(watches_.waitUntil([this] { return desk().waiting() == 0; }));
+    EXPECT_EQ(desk().known("playing"), nullptr) << "but not for ever";
+}
+
+TEST_F(Desk, callsLater) {
+    bool called = false;
+    desk().callLater([&] { called = true; });
+    EXPECT_FALSE(called);
+    EXPECT_TRUE(watches_.waitUntil([&] { return called; }));
+}
+
+TEST_F(Desk, theEndDoesNotWaitForADiskThatStalls) {
+    desk().ask("a", FactsDesk::Urgency::last);
+    gate_->waitForReads(1);
+    const auto begin = std::chrono::steady_clock::now();
+    desk_.reset();
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+    gate_->open(); // the thread comes to its end by itself
+}
+
+TEST_F(Desk, withoutWatchesItAnswersAtOnce) {
+    watches_.nothing = true;
+    gate_->open();
+    desk().ask("a", FactsDesk::Urgency::first);
+    EXPECT_THAT(taken_, ElementsAre("a: title of a"));
+    EXPECT_NE(desk().known("a"), nullptr);
+    EXPECT_EQ(desk().waiting(), 0U);
+}
+
+} // namespace
+} // namespace tovik::tags
