@@ -12,7 +12,7 @@ pkg_check_modules(SOXR REQUIRED IMPORTED_TARGET soxr)
 pkg_check_modules(OPENMPT REQUIRED IMPORTED_TARGET libopenmpt)
 pkg_check_modules(TAGLIB REQUIRED IMPORTED_TARGET taglib)
 pkg_check_modules(PULSE REQUIRED IMPORTED_TARGET libpulse)
-pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)
+pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-shape)
 pkg_check_modules(SDL2 REQUIRED sdl2)
 find_package(pugixml REQUIRED)
 pkg_check_modules(EXPAT REQUIRED IMPORTED_TARGET expat)
@@ -37,7 +37,7 @@ set(TOVIK_LIBRARIES
     "libcdio ${CDIO_libcdio_VERSION}"
     "TagLib ${TAGLIB_VERSION}"
     "libpulse ${PULSE_VERSION}"
-    "libxcb ${XCB_VERSION}"
+    "libxcb ${XCB_xcb_VERSION}"
     "SDL ${SDL2_VERSION}"
     "pugixml ${pugixml_VERSION}"
     "Expat ${EXPAT_VERSION}")

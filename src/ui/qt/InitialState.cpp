@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/qt/InitialState.h"
 
-#include <xcb/xcb.h>
+#include "ui/qt/XServer.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#include <memory>
-#include <QGuiApplication>
 
 namespace tovik::ui {
 
@@ -21,23 +18,17 @@ constexpr std::uint32_t kStateCounts = 2;
 constexpr std::uint32_t kNormal = 1;
 constexpr std::uint8_t kWide = 32; ///< bits of a number
 
-struct Free {
-    void operator()(void* memory) const { std::free(memory); }
-};
-
 } // namespace
 
 void beginAsWindow(const QWindow& window) {
-    const auto* const application = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    xcb_connection_t* const server = application != nullptr ? application->connection() : nullptr;
+    xcb_connection_t* const server = xServer();
     if (server == nullptr) {
         return;
     }
     const auto id = static_cast<xcb_window_t>(window.winId());
     const auto asked =
         xcb_get_property(server, 0, id, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS, 0, kHints);
-    const std::unique_ptr<xcb_get_property_reply_t, Free> answer(
-        xcb_get_property_reply(server, asked, nullptr));
+    const XReply<xcb_get_property_reply_t> answer(xcb_get_property_reply(server, asked, nullptr));
     if (!answer || answer->format != kWide || answer->value_len < kHints) {
         return;
     }

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/qt/QuietTitle.h"
 
-#include <xcb/xcb.h>
+#include "ui/qt/XServer.h"
 
-#include <cstdlib>
-#include <memory>
 #include <QByteArray>
-#include <QGuiApplication>
 #include <string_view>
 
 namespace tovik::ui {
@@ -17,25 +14,6 @@ constexpr std::string_view kName = "_NET_WM_NAME";
 constexpr std::string_view kUtf8 = "UTF8_STRING";
 constexpr std::uint8_t kBytes = 8; ///< bits of an element of a text
 
-struct Free {
-    void operator()(void* memory) const { std::free(memory); }
-};
-
-xcb_connection_t* connection() {
-    const auto* const application = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return application != nullptr ? application->connection() : nullptr;
-}
-
-xcb_intern_atom_cookie_t askForAtom(xcb_connection_t* server, std::string_view name) {
-    return xcb_intern_atom(server, 0, static_cast<std::uint16_t>(name.size()), name.data());
-}
-
-xcb_atom_t atom(xcb_connection_t* server, xcb_intern_atom_cookie_t asked) {
-    const std::unique_ptr<xcb_intern_atom_reply_t, Free> answer(
-        xcb_intern_atom_reply(server, asked, nullptr));
-    return answer ? answer->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
-
 void listenTo(xcb_connection_t* server, xcb_window_t window, std::uint32_t events) {
     xcb_change_window_attributes(server, window, XCB_CW_EVENT_MASK, &events);
 }
@@ -43,7 +21,7 @@ void listenTo(xcb_connection_t* server, xcb_window_t window, std::uint32_t event
 } // namespace
 
 bool QuietTitle::set(const QWindow& window, const QString& title) {
-    xcb_connection_t* const server = connection();
+    xcb_connection_t* const server = xServer();
     if (server == nullptr) {
         return false;
     }
@@ -52,8 +30,8 @@ bool QuietTitle::set(const QWindow& window, const QString& title) {
         const auto name = askForAtom(server, kName);
         const auto utf8 = askForAtom(server, kUtf8);
         const auto attributes = xcb_get_window_attributes(server, id);
-        known_ = {.window = id, .name = atom(server, name), .utf8 = atom(server, utf8)};
-        const std::unique_ptr<xcb_get_window_attributes_reply_t, Free> answer(
+        known_ = {.window = id, .name = atomOf(server, name), .utf8 = atomOf(server, utf8)};
+        const XReply<xcb_get_window_attributes_reply_t> answer(
             xcb_get_window_attributes_reply(server, attributes, nullptr));
         if (answer) {
             known_.events = answer->your_event_mask;

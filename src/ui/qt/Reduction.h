@@ -15,7 +15,7 @@ inline constexpr double kScaleHair = 1e-3;
 /// The whole factor at or above a scale; at least 1.
 [[nodiscard]] int wholeFactor(double scale) noexcept;
 
-/// The pixels `part` of a picture that is `ratio` times smaller than `source`, 1 to 2: each is the
+/// The pixels `part` of a picture that is `ratio` times smaller than `source`, 1 to 8: each is the
 /// mean of the area that it covers. `source` is the part of the whole picture from `origin` on;
 /// what lies outside it counts for nothing, and a pixel that covers none of it is transparent. The
 /// same pixel comes out whatever part it is asked with. Both images are premultiplied ARGB.
@@ -27,8 +27,9 @@ struct ReducedImage {
     const QImage& image; ///< composed at `factor`
     QPoint origin;       ///< of the image in the window, in its own pixels
     int factor = 1;
-    double scale = 1; ///< of the screen: pixels of the device for one skin pixel
-    double ratio = 1; ///< of the device: its pixels for one of the widget
+    double scale = 1;       ///< of the screen: pixels of the device for one skin pixel
+    double ratio = 1;       ///< of the device: its pixels for one of the widget
+    bool hardEdged = false; ///< a fraction, too: nobody blends what is half there, see `Outline.h`
 };
 
 /// Draws what of it lies in `place`, in widget pixels of the window, over whatever is there (or in

@@ -197,6 +197,7 @@ void SkinWindow::wheelEvent(QWheelEvent* event) {
 
 void SkinWindow::moveEvent(QMoveEvent* /*event*/) {
     untold_ = {};
+    keepSize();
     dispatcher_.run([&] { input_.windowMoved(); });
 }
 

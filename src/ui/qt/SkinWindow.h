@@ -92,11 +92,19 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
 private:
+    /// What the outline was made for that the window system has.
+    struct Shaped {
+        WId window = 0;
+        double scale = 0; ///< pixels of the device for one of the skin
+        bool blended = true;
+    };
+
     void fitToGround();
     void redraw(const Box& box);
     void showRing();
@@ -105,6 +113,10 @@ private:
     void followFocus(const QObject* control, QEvent::Type change);
     void press(QMouseEvent& event, bool twice);
     void applyRegion();
+    /// Cuts the window along its picture, where that can be done finer than along the skin.
+    void followScreen(bool allIsPainted);
+    /// X11 leaves a window its size in pixels when it comes to a screen of another density.
+    void keepSize();
     [[nodiscard]] bool outside(const PointerState& pointer) const;
     [[nodiscard]] PointerState pointerAt(const QSinglePointEvent& event) const;
     void showToolTip(QPoint place, QPoint onScreen);
@@ -119,6 +131,8 @@ private:
     SkinScale scale_;
     WindowImage image_;
     std::optional<Region> region_;
+    double sizedFor_ = 0; ///< at which density of the screen the window was last made to fit
+    std::optional<Shaped> shaped_; ///< none where windows are cut by Qt's mask alone
     QPoint untold_; ///< how far the window was from where Qt takes it to be, at the last press
     bool dragging_ = false;           ///< a drag was begun since the press
     const QWindow* titled_ = nullptr; ///< which got its title through the widget

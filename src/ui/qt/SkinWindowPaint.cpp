@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What of the window is on the screen: its picture in the screen's density, and its outline.
+// What of the window is on the screen: its picture in the screen's density.
 #include "ui/qt/Reduction.h"
 #include "ui/qt/SkinWindow.h"
 
@@ -17,6 +17,7 @@ void SkinWindow::paintEvent(QPaintEvent* event) {
     const double ratio = devicePixelRatioF();
     image_.setFactor(density());
     const QImage& image = image_.compose(router_.hovered());
+    followScreen(event->rect().contains(rect()));
     QPainter painter(this);
     // The window's old pixels must go, where the new ones are transparent.
     painter.setCompositionMode(QPainter::CompositionMode_Source);
@@ -26,7 +27,8 @@ void SkinWindow::paintEvent(QPaintEvent* event) {
                      .origin = {},
                      .factor = image_.factor(),
                      .scale = scale_.factor() * ratio,
-                     .ratio = ratio},
+                     .ratio = ratio,
+                     .hardEdged = shaped_ && !shaped_->blended},
                     place);
     }
 }
@@ -35,26 +37,6 @@ void SkinWindow::redraw(const Box& box) {
     const Box painted = paintedBox(box);
     image_.invalidate(painted);
     update(scale_.pixels(painted));
-}
-
-void SkinWindow::setRegion(const Region* region) {
-    region_ = region != nullptr ? std::optional(*region) : std::nullopt;
-    applyRegion();
-}
-
-void SkinWindow::applyRegion() {
-    if (!region_) {
-        clearMask();
-        return;
-    }
-    QRegion mask;
-    for (const RegionRectangle& one : region_->rectangles()) {
-        mask += scale_.pixels({.left = static_cast<double>(one.left),
-                               .top = static_cast<double>(one.top),
-                               .width = static_cast<double>(one.right) - one.left,
-                               .height = static_cast<double>(one.bottom) - one.top});
-    }
-    setMask(mask);
 }
 
 } // namespace tovik::ui

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/qt/SystemTrayWatch.h"
 
-#include <xcb/xcb.h>
+#include "ui/qt/XServer.h"
+
 #include <xcb/xcbext.h>
 
-#include <cstdlib>
-#include <memory>
 #include <QGuiApplication>
 #include <QWidget>
 #include <utility>
@@ -20,17 +19,8 @@ constexpr int kCollectMs = 2;
 /// Qt's window for an icon in such a tray.
 constexpr const char* kIconWindow = "QSystemTrayIconSys";
 
-struct Free {
-    void operator()(void* memory) const { std::free(memory); }
-};
-
-xcb_connection_t* connection() {
-    const auto* const application = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return application != nullptr ? application->connection() : nullptr;
-}
-
 bool isRoot(std::uint32_t window) {
-    for (auto screen = xcb_setup_roots_iterator(xcb_get_setup(connection())); screen.rem > 0;
+    for (auto screen = xcb_setup_roots_iterator(xcb_get_setup(xServer())); screen.rem > 0;
          xcb_screen_next(&screen)) {
         if (screen.data->root == window) {
             return true;
@@ -48,7 +38,7 @@ int screenOfDisplay(const char* display) {
     if (xcb_parse_display(display, &host, &number, &screen) == 0) {
         return 0;
     }
-    const std::unique_ptr<char, Free> owned(host);
+    const XReply<char> owned(host);
     return screen;
 }
 
@@ -61,7 +51,7 @@ SystemTrayWatch::SystemTrayWatch(std::function<void()> changed) : changed_(std::
     tell_.setSingleShot(true);
     tell_.setInterval(0);
     tell_.callOnTimeout(&tell_, [this] { changed_(); });
-    if (connection() == nullptr) {
+    if (xServer() == nullptr) {
         return;
     }
     qGuiApp->installNativeEventFilter(this);
@@ -71,7 +61,7 @@ SystemTrayWatch::SystemTrayWatch(std::function<void()> changed) : changed_(std::
                 selection_ = atom;
                 askOwner();
             });
-    xcb_flush(connection());
+    xcb_flush(xServer());
 }
 
 SystemTrayWatch::~SystemTrayWatch() {
@@ -79,7 +69,7 @@ SystemTrayWatch::~SystemTrayWatch() {
         return;
     }
     qGuiApp->removeNativeEventFilter(this);
-    if (xcb_connection_t* const server = connection(); server != nullptr) {
+    if (xcb_connection_t* const server = xServer(); server != nullptr) {
         for (const Question& question : open_) {
             xcb_discard_reply(server, question.sequence);
         }
@@ -92,8 +82,7 @@ void SystemTrayWatch::ask(unsigned int sequence, std::function<void(const void*)
 }
 
 void SystemTrayWatch::askAtom(const std::string& name, std::function<void(std::uint32_t)> answer) {
-    const auto asked =
-        xcb_intern_atom(connection(), 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const auto asked = askForAtom(xServer(), name);
     ask(asked.sequence, [answer = std::move(answer)](const void* reply) {
         answer(reply != nullptr ? static_cast<const xcb_intern_atom_reply_t*>(reply)->atom
                                 : std::uint32_t{XCB_ATOM_NONE});
@@ -101,23 +90,23 @@ void SystemTrayWatch::askAtom(const std::string& name, std::function<void(std::u
 }
 
 void SystemTrayWatch::askOwner() {
-    const auto asked = xcb_get_selection_owner(connection(), selection_);
+    const auto asked = xcb_get_selection_owner(xServer(), selection_);
     ask(asked.sequence, [this](const void* reply) {
         found(reply != nullptr ? static_cast<const xcb_get_selection_owner_reply_t*>(reply)->owner
                                : std::uint32_t{XCB_NONE});
     });
-    xcb_flush(connection());
+    xcb_flush(xServer());
 }
 
 void SystemTrayWatch::collect() {
     while (!open_.empty()) {
         void* reply = nullptr;
         xcb_generic_error_t* error = nullptr;
-        if (xcb_poll_for_reply(connection(), open_.front().sequence, &reply, &error) == 0) {
+        if (xcb_poll_for_reply(xServer(), open_.front().sequence, &reply, &error) == 0) {
             return;
         }
-        const std::unique_ptr<void, Free> answer(reply);
-        const std::unique_ptr<xcb_generic_error_t, Free> failure(error);
+        const XReply<void> answer(reply);
+        const XReply<xcb_generic_error_t> failure(error);
         const Question question = std::move(open_.front());
         open_.pop_front();
         question.answer(answer.get());
@@ -129,8 +118,8 @@ void SystemTrayWatch::found(std::uint32_t tray) {
     if (tray != XCB_NONE) {
         // To be told of its end.
         const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-        xcb_change_window_attributes(connection(), tray, XCB_CW_EVENT_MASK, &events);
-        xcb_flush(connection());
+        xcb_change_window_attributes(xServer(), tray, XCB_CW_EVENT_MASK, &events);
+        xcb_flush(xServer());
     }
     if (std::exchange(tray_, tray) != tray) {
         tell_.start();

@@ -8,7 +8,7 @@
 namespace tovik::ui {
 namespace {
 
-constexpr std::array kRatios{2 / 1.25, 2 / 1.5, 2 / 1.75, 3 / 2.5, 2 / 1.1, 3 / 2.9};
+constexpr std::array kRatios{2 / 1.25, 2 / 1.5, 2 / 1.75, 3 / 2.5, 2 / 1.1, 3 / 2.9, 1 / 0.4, 1 / 0.3};
 
 /// A picture of that size whose pixels a function gives.
 template <typename Pixel>
