@@ -26,8 +26,7 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # The encoders of ripped discs are programs that the player starts, the library of ALSA's sound is looked
 # for when it is wanted.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "lame, vorbis-tools, libsdl2-2.0-0, ca-certificates")
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "qt6-wayland")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "lame, vorbis-tools, libsdl2-2.0-0, ca-certificates, qt6-wayland")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_DEBUGINFO_PACKAGE ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)

@@ -6,6 +6,7 @@
 #include "app/frmPlayer.h"
 #include "app/MainWindow.h"
 #include "app/OutputChoice.h"
+#include "app/PlatformChoice.h"
 #include "app/SessionEnd.h"
 #include "base/ErrorStream.h"
 #include "config/FirstFill.h"
@@ -30,14 +31,6 @@
 namespace tovik::app {
 
 namespace {
-
-/// Placing, staying on top and the shape of a window need X11, which most desktops offer beside
-/// Wayland; who set the platform by hand keeps it.
-void preferX11() {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
-        qputenv("QT_QPA_PLATFORM", "xcb");
-    }
-}
 
 /// Says on the error stream what became of the device; the player waits by itself.
 class DeviceNews final : public sound::DeviceObserver {
@@ -92,7 +85,7 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
     // Opening the device and building the window take about as long: do both at once.
     engine.warmUp();
 
-    preferX11();
+    choosePlatform();
     // The session knows its programs by the name that it gave them.
     std::string name = "tovik";
     std::string option = "-session";

@@ -74,8 +74,9 @@ class ProgramTest(unittest.TestCase):
         return [PROGRAM, *([] if spoken else ["--comfort=" + self.COMFORT]), *words]
 
     def run_program(self, *words, **options):
-        return subprocess.run(self.words_of(words), env=self.environment, capture_output=True,
-                              timeout=LIMIT, cwd=self.folder, **options)
+        options.setdefault("env", self.environment)
+        return subprocess.run(self.words_of(words), capture_output=True, timeout=LIMIT,
+                              cwd=self.folder, **options)
 
     def start_program(self, *words, **options):
         process = subprocess.Popen(self.words_of(words), env=self.environment, cwd=self.folder,

@@ -3,57 +3,33 @@
 window of a private X server, where it has a pointer."""
 import glob
 import os
-import shutil
 import signal
 import subprocess
 import unittest
 
+from compositor import SOCKET, Compositor
 from pictures import Picture
 from program import LIMIT, ProgramTest, media
 
 GROUND = (64, 96, 128)
-SETTINGS = """[core]
-idle-time=0
-[shell]
-background-image=
-background-color=0xff406080
-panel-position=none
-locking=false
-"""
+SHELL = "background-image=\nbackground-color=0xff406080\n"
 SIZE = (470, 312)
 TABS = {"main": 122, "equalizer": 146, "playlist": 170, "ripper": 194, "radio": 218}
-PLUGIN = "/usr/lib/*/qt6/plugins/platforms/libqwayland*.so"
 
 
-class Wayland(ProgramTest):
-    def setUp(self):
-        super().setUp()
-        if not shutil.which("weston"):
-            self.skipTest("weston is missing: nothing of Wayland is tested")
-        if not glob.glob(PLUGIN):
-            self.skipTest("qt6-wayland is missing: nothing of Wayland is tested")
-
-    def start_compositor(self, backend, *options, scale=1, size=(1024, 768), more=""):
+class Wayland(Compositor, ProgramTest):
+    def start_output(self, backend, *options, scale=1, size=(1024, 768)):
         self.output = tuple(scale * side for side in size)
-        path = self.path("weston.ini")
-        with open(path, "w", encoding="ascii") as file:
-            file.write(SETTINGS + more)
-        compositor = subprocess.Popen(
-            ["weston", "--config=" + path, "--socket=wayland-test", "--use-pixman",
-             f"--backend={backend}-backend.so", *options,
-             *([] if more else [f"--width={size[0]}", f"--height={size[1]}", f"--scale={scale}"])],
-            env=self.environment, cwd=self.folder, stdout=subprocess.DEVNULL,
-            stderr=subprocess.DEVNULL)
-        self.stack.callback(compositor.wait)
-        self.stack.callback(compositor.terminate)
-        self.wait_until(lambda: os.path.exists(self.path("wayland-test")), "the compositor")
+        self.start_compositor(backend, *options, f"--width={size[0]}", f"--height={size[1]}",
+                              f"--scale={scale}", shell=SHELL)
 
-    def start(self, scale=1):
-        """The player where it finds no X."""
+    def start(self, scale=1, **more):
+        """The player where it finds no X, or what the test says is there."""
         self.scale = scale
         environment = self.environment
-        self.environment = {**environment, "WAYLAND_DISPLAY": "wayland-test"}
+        self.environment = {**environment, "WAYLAND_DISPLAY": SOCKET}
         self.environment.pop("DISPLAY", None)
+        self.environment.update(more)
         self.player = self.start_program("--device", "silent", media("wav_s16_44100_stereo.wav"))
         self.environment = environment
         self.wait_until(lambda: self.player.poll() is not None or self.seen(), "the window")
@@ -72,7 +48,7 @@ class Wayland(ProgramTest):
         for old in glob.glob(self.path("wayland-screenshot*.png")):
             os.remove(old)
         subprocess.run(["weston-screenshooter"], cwd=self.folder, timeout=LIMIT, check=False,
-                       env={**self.environment, "WAYLAND_DISPLAY": "wayland-test"},
+                       env={**self.environment, "WAYLAND_DISPLAY": SOCKET},
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         shots = glob.glob(self.path("wayland-screenshot*.png"))
         return self.tool_bytes("convert", shots[0], "-alpha", "off", "-depth", "8",
@@ -127,7 +103,7 @@ class Wayland(ProgramTest):
         self.assertEqual(black, 0, "a fringe at the corner")
 
     def test_shows_itself_without_a_screen(self):
-        self.start_compositor("headless", "--debug")
+        self.start_output("headless", "--debug")
         self.start()
         self.look()
         self.end()
@@ -139,15 +115,45 @@ class Wayland(ProgramTest):
         self.assertFalse(os.path.exists(self.data("db/err.log")) and self.read("db/err.log"))
 
     def test_follows_the_density_of_the_output(self):
-        self.start_compositor("headless", "--debug", scale=2)
+        self.start_output("headless", "--debug", scale=2)
         self.start(2)
         self.look()
-        # Drawn at that size, not enlarged: pixels of a pair differ.
-        seen = self.picture()
-        pairs = [(seen.at(x, y), seen.at(x + 1, y))
-                 for y in range(540, 600, 2) for x in range(112, 372, 2)]
-        self.assertGreater(sum(one != other for one, other in pairs), len(pairs) // 50)
+        self.look_for_its_own_pixels()
         self.end()
+
+    def look_for_its_own_pixels(self):
+        """It is drawn at that size, not enlarged by the compositor: the transport's buttons are
+        those of a window on no screen."""
+        path = self.path("shot.png")
+        result = self.run_program("--screenshot", path, env={
+            **self.environment, "QT_QPA_PLATFORM": "offscreen", "QT_SCALE_FACTOR": "2"})
+        self.assertEqual(result.returncode, 0, result.stderr)
+        place = (112, 540, 260, 60)
+        values = iter(self.tool_bytes("convert", path, "-alpha", "off", "-crop",
+                                      "{2}x{3}+{0}+{1}".format(*place), "-depth", "8", "rgb:-"))
+        pairs = list(zip(zip(values, values, values), self.picture().part(*place)))
+        self.assertEqual(len(pairs), place[2] * place[3])
+        wrong = sum(one != other for one, other in pairs)
+        self.assertLess(wrong, len(pairs) // 50)
+
+    def test_where_x_is_offered_too_it_speaks_wayland(self):
+        self.start_output("headless", "--debug")
+        self.start_screen()
+        display = self.environment.pop("DISPLAY")  # the test's eye is the compositor's
+        self.start(DISPLAY=display, XDG_SESSION_TYPE="wayland")
+        self.end()
+        # By hand, or where the session is one of X, it is a window there.
+        self.environment["DISPLAY"] = display
+        for chosen in ({"QT_QPA_PLATFORM": "xcb"}, {"XDG_SESSION_TYPE": "x11"}):
+            self.environment.update(WAYLAND_DISPLAY=SOCKET, **chosen)
+            self.start_shown()
+            self.end_shown()
+            for name in chosen:
+                del self.environment[name]
+        # A compositor that has gone leaves X.
+        self.environment["WAYLAND_DISPLAY"] = "gone"
+        self.start_shown()
+        self.end_shown()
 
     def mouse(self, x, y, *actions):
         left, top = self.place()
@@ -159,7 +165,7 @@ class Wayland(ProgramTest):
     def test_clicks_and_drags(self):
         # Larger than the compositor: it learns of the pointer when that comes in.
         self.start_screen("-screen", "0", "1100x900x24")
-        self.start_compositor("x11")
+        self.start_output("x11")
         self.start()
         self.tool("xdotool", "mousemove", "1090", "890", "sleep", "0.1")
         self.look()
