@@ -81,7 +81,7 @@ void Settings::readSettings(const std::function<void(const clsXML&)>& work) {
 
 void Settings::peek(const std::function<void(const clsXML&)>& work) {
     const std::string path = paths_.of(host::DataItem::Settings);
-    if (!xml_.OpenXML(path, XmlSource::FilePath)) {
+    if (!open(path)) {
         shipped_.takePlaceOf(bytesOf(path), xml_);
     }
     work(xml_);
@@ -95,9 +95,13 @@ void Settings::writeBehind(const std::function<void(clsXML&)>& work) {
     }
 }
 
+bool Settings::open(const std::string& path) {
+    return xml_.OpenXML(path, XmlSource::FilePath) && xml_.NodeCount(kRoot) > 0;
+}
+
 void Settings::readAnew() {
     const std::string path = paths_.of(host::DataItem::Settings);
-    const bool whole = xml_.OpenXML(path, XmlSource::FilePath);
+    const bool whole = open(path);
     if (whole && comfort_->startsWithoutSetting) {
         shipped_.complete(xml_);
     } else if (!whole && comfort_->keepsDamagedAside && shipped_.there()) {
@@ -106,19 +110,25 @@ void Settings::readAnew() {
 }
 
 void Settings::standIn(const std::string& path) {
-    const std::string damaged = bytesOf(path);
-    shipped_.takePlaceOf(damaged, xml_);
+    shipped_.takePlaceOf(bytesOf(path), xml_);
     std::error_code failure;
     if (!std::filesystem::is_regular_file(path, failure)) {
         return;
     }
     const std::string aside = freeName(path);
-    std::filesystem::rename(path, aside, failure);
-    if (failure) {
-        return; // nothing here can be written, which the next write tells
+    std::filesystem::create_hard_link(path, aside, failure);
+    if (failure && !std::filesystem::copy_file(path, aside, failure)) {
+        return; // nothing can be written here, which the next write tells
     }
-    // At once: without any a next start would count as the first one.
-    saveOrTell(base::Flush::Yes);
+    try {
+        xml_.Save(path);
+    } catch (const base::RuntimeError& error) {
+        std::filesystem::remove(aside, failure); // it stands where it stood
+        if (unwritten_) {
+            unwritten_(error);
+        }
+        return;
+    }
     if (keptAside_) {
         keptAside_(aside);
     }

@@ -137,6 +137,7 @@ public:
     [[nodiscard]] static std::string pathOf(std::string_view key);
 
 private:
+    [[nodiscard]] bool open(const std::string& path);
     void readAnew();
     void standIn(const std::string& path);
     void save(base::Flush most);

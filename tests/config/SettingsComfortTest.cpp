@@ -3,6 +3,7 @@
 #include "config/RaisedNumber.h"
 #include "config/SettingsFixture.h"
 #include "config/SettingText.h"
+#include "support/host/FullDisk.h"
 
 #include <gmock/gmock.h>
 
@@ -124,6 +125,30 @@ TEST_F(SettingsComfortTest, aDamagedFileIsKeptAsideAndTold) {
         EXPECT_EQ(settings_.getSetting("MI"), "0");
         EXPECT_THAT(aside_, IsEmpty());
     }
+}
+
+TEST_F(SettingsComfortTest, aDocumentOfSomethingElseIsADamagedOne) {
+    wantComfort();
+    writeFile("<Playlist/>");
+    EXPECT_EQ(settings_.getSetting("CVL"), "80");
+    EXPECT_THAT(aside_, ElementsAre(path() + ".damaged"));
+    EXPECT_EQ(host_.folder.read(std::string(kFile) + ".damaged"), "<Playlist/>");
+}
+
+TEST_F(SettingsComfortTest, aDamagedFileThatCannotBeReplacedStaysAndTheValuesAreThere) {
+    wantComfort();
+    int unwritten = 0;
+    settings_.reportUnwritten([&](const base::RuntimeError& /*error*/) { ++unwritten; });
+    writeFile("<Settings><MI>1");
+    {
+        const test::FullDisk full(0);
+        EXPECT_EQ(settings_.getSetting("CVL"), "80");
+        EXPECT_EQ(settings_.getSetting("MI"), "0");
+    }
+    EXPECT_EQ(unwritten, 2);
+    EXPECT_EQ(file(), "<Settings><MI>1");
+    EXPECT_THAT(aside_, IsEmpty());
+    EXPECT_FALSE(fs::exists(path() + ".damaged"));
 }
 
 TEST_F(SettingsComfortTest, whoseComfortADamagedFileMeansIsReadFromWhatIsLeftOfIt) {
