@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/MainDisplay.h"
 
+#include "ui/GlyphText.h"
 #include "window/PanelTable.h"
 #include "window/PositionMark.h"
 
@@ -80,6 +81,9 @@ void MainDisplay::showStopNote() {
 
 void MainDisplay::showNotice(const player::NowPlaying& playing) {
     fields_.show(MainElement::notice_img, 0, playing.notice, Strip::Bright);
+    ui::Element& notice = elements_.touch(MainElement::notice_img);
+    const auto fitting = static_cast<std::size_t>(notice.width) / ui::kGlyphWidth;
+    notice.tooltip = playing.notice.size() > fitting ? playing.notice : std::string();
 }
 
 void MainDisplay::showStation(const player::NowPlaying& playing) {

@@ -88,6 +88,15 @@ TEST_F(Display, wordsAreDrawnWithTheStripsOnceThereAreSome) {
     EXPECT_EQ(ink(MainElement::shwchange, 1), 0xFF00FF00U);
 }
 
+TEST_F(Display, aNoticeThatIsCutStandsWholeInItsTooltip) {
+    playing_.notice = "Type mismatch";
+    display_.showNotice(playing_);
+    EXPECT_EQ(elements_.get(MainElement::notice_img).tooltip, "");
+    playing_.notice = "Type mismatch: a file with a long name.m3u";
+    display_.showNotice(playing_);
+    EXPECT_EQ(elements_.get(MainElement::notice_img).tooltip, playing_.notice);
+}
+
 TEST_F(Display, noLetterOfTheNoticeIsCutInAnyLanguage) {
     // Every glyph is ink as wide as it may be, so that what is cut off is missed.
     constexpr std::uint32_t kInk = 0xFF00FF00U;
