@@ -250,6 +250,12 @@ class Remote(RemoteTest):
             self.assertEqual(self.call(PLAYER, "SetPosition", "(ox)", track, 0), [])
         self.assertEqual(self.get("Metadata")["mpris:trackid"], tracks[0])
         self.assertEqual(self.get("Tracks", TRACKS), tracks)
+        # What nothing can play stands in the list, and is no success either.
+        noise = self.path("noise.mp3")
+        with open(noise, "wb") as file:
+            file.write(b"no sound at all " * 100)
+        self.assertEqual(self.call(PLAYER, "OpenUri", "(s)", "file://" + noise), refused)
+        self.assertEqual(len(self.get("Tracks", TRACKS)), len(tracks) + 1)
 
     def test_the_words_of_a_tag(self):
         words = ((b"Caf\xe9", 30), (b"B\xe9 Band", 30), (b"Album", 30), (b"1999", 4), (b"", 30))
