@@ -1,10 +1,11 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """What tests of the player's looks share: pictures of its windows, and how far two are apart."""
+import math
 import os
 import re
 import shutil
 
-from program import PROGRAM, ProgramTest
+from program import LIMIT, PROGRAM, ProgramTest
 
 BLOCK = 16   # skin pixels: differences are counted by such squares, so that none is lost in a mean
 KEPT = 8     # of 255: by how much a channel may be off, for stored pictures have 64 shades of each
@@ -22,6 +23,22 @@ FONTS = """<?xml version="1.0"?><!DOCTYPE fontconfig SYSTEM "fonts.dtd">
     <edit name="rgba" mode="assign"><const>none</const></edit></match>
 </fontconfig>
 """
+
+
+BACK = "#406080"  # what shows where a window is cut out
+
+TABS = ("main", "equalizer", "playlist", "ripper", "radio")
+FIRST_TAB, TAB_PITCH, TAB_TOP, TAB_WIDTH = 122, 24, 9, 22
+
+
+def flat(path):
+    """A picture without anything that shines through, as words of convert."""
+    return [path, "-background", BACK, "-alpha", "remove", "-alpha", "off"]
+
+
+def part(size):
+    """The upper left part of that size, as words of convert."""
+    return ["-crop", "{}x{}+0+0".format(*size), "+repage"]
 
 
 class LooksTest(ProgramTest):
@@ -58,6 +75,16 @@ class LooksTest(ProgramTest):
                 *(int(side * scale) - 1 for side in (left, top)),
                 *(int(side * scale) + 1 for side in (right, bottom)))]
         return words
+
+    def reduced(self, large, scale, size):
+        """What a picture that was composed at 2 is at a fraction, of that size, as words of
+        convert: each pixel is the mean of what it covers."""
+        sizes = [(whole, round(whole * scale / 2)) for whole in
+                 (next(side for side in range(math.ceil(2 * cut / scale), 4 * cut)
+                       if side * scale / 2 == round(side * scale / 2)) for cut in size)]
+        extent, small = ("{}x{}".format(*sides) for sides in zip(*sizes))
+        return ["(", *flat(large), "-background", BACK, "-extent", extent, "-scale", small + "!",
+                *part(size), ")"]
 
     def apart(self, one, other, scale, kept=KEPT):
         """The squares of two pictures (words of convert) that differ in more than a few pixels:
@@ -96,3 +123,69 @@ class LooksTest(ProgramTest):
         self.convert(path, "-alpha", "set", "-fill", "none", *cut, "-depth", "8", "-strip",
                      "-define", "png:compression-level=9", path)
         return path
+
+
+class ClicksTest(LooksTest):
+    """Clicks on a real screen, at places in skin pixels."""
+
+    def move(self, place):
+        self.tool("xdotool", "mousemove", "--window", self.main,
+                  *(str(int(coordinate * self.factor)) for coordinate in place))
+
+    def click(self, x, y):
+        """On a place in skin pixels, from somewhere else."""
+        self.move((235, 300))
+        self.move((x, y))
+        self.tool("xdotool", "click", "1")
+
+    def chosen_tab(self):
+        """The tab that has the colour of a chosen one, by what the screen shows."""
+        found = []
+        for number, tab in enumerate(TABS):
+            box = [(FIRST_TAB + TAB_PITCH * number) * self.factor, TAB_TOP * self.factor,
+                   TAB_WIDTH * self.factor, TAB_WIDTH * self.factor]
+            left, top, width, height = map(int, box)
+            values = iter(self.tool_bytes(
+                "import", "-silent", "-window", self.main, "-crop",
+                f"{width}x{height}+{left}+{top}", "-depth", "8", "rgb:-"))
+            amber = sum(red > 200 and 100 < green < 190 and blue < 80
+                        for red, green, blue in zip(values, values, values))
+            if amber > 4 * self.factor:
+                found.append(tab)
+        return found
+
+    def start_at(self, scale, *words):
+        self.factor = float(scale)
+        self.environment["QT_SCALE_FACTOR"] = scale
+        self.start_screen("-screen", "0", "1600x1000x24", "-wr")
+        self.start_window_manager()
+        self.start_shown(*words)
+        self.wait_until(lambda: self.chosen_tab() == ["main"], "the first picture")
+
+    def clicks_at(self, scale):
+        """Tabs and the closing cross at that scale, in the middle and at their edges."""
+        self.start_at(scale)
+        for number in (1, 4, 2, 3, 0):
+            self.click(FIRST_TAB + TAB_PITCH * number + TAB_WIDTH / 2, TAB_TOP + TAB_WIDTH / 2)
+            self.wait_until(lambda: self.chosen_tab() == [TABS[number]], TABS[number])
+        # The border of a button is where it is seen: a pixel further there is another element.
+        self.click(FIRST_TAB + TAB_PITCH + 1, TAB_TOP + 11)
+        self.wait_until(lambda: self.chosen_tab() == ["equalizer"], "the left edge of the tab")
+        self.click(FIRST_TAB + 11, TAB_TOP + 11)
+        self.wait_until(lambda: self.chosen_tab() == ["main"], "the main tab")
+        self.click(FIRST_TAB + TAB_PITCH - 1, TAB_TOP + 11)  # between two tabs
+        self.click(FIRST_TAB + 5 * TAB_PITCH - 3, TAB_TOP + 11)
+        self.wait_until(lambda: self.chosen_tab() == ["radio"], "the right edge of the last tab")
+        self.click(FIRST_TAB + 5 * TAB_PITCH - 1, TAB_TOP + 11)  # right of it
+        self.click(FIRST_TAB + 2 * TAB_PITCH + 11, TAB_TOP + 1)
+        self.wait_until(lambda: self.chosen_tab() == ["playlist"], "the upper edge of a tab")
+        self.click(FIRST_TAB + 11, TAB_TOP + TAB_WIDTH + 1)  # below another
+        self.keep_screenshot(f"scale-{scale}.png")
+        said = self.tool("xdotool", "getwindowgeometry", self.main).stdout
+        size = re.search(r"Geometry: (\d+)x(\d+)", said)
+        self.assertEqual(tuple(map(int, size.groups())),
+                         tuple(int(side * self.factor + 0.5) for side in (470, 312)))
+        self.assertEqual(self.chosen_tab(), ["playlist"])
+        # The closing cross is small and stands at the far side.
+        self.click(434, 18)
+        self.assertEqual(self.player.wait(LIMIT), 0)
