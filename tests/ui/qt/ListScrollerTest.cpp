@@ -6,7 +6,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <map>
 #include <QElapsedTimer>
+#include <utility>
+#include <vector>
 
 namespace tovik::ui {
 namespace {
@@ -177,6 +181,82 @@ TEST_F(ListScrollerTest, aBarTooLowForItsPiecesKeepsInside) {
     bar_.setValue(1000);
     EXPECT_EQ(shadeAt(29), shadeOf(thumbPiece));
     EXPECT_LT(bar_.thumb().bottom(), 30);
+}
+
+/// The bar on a dense screen: a picture of each density, each piece in two tones that change in
+/// every second of its pixels, so that one enlarged from a plainer picture looks otherwise.
+class FineScrollerTest : public testing::Test {
+protected:
+    std::vector<int> asked_;
+    std::map<int, PixelImage> images_;
+    ListScroller bar_{[this](int factor) {
+        asked_.push_back(factor);
+        return &images_.at(factor);
+    }};
+
+    FineScrollerTest() {
+        for (const int density : {1, 2, 3}) {
+            PixelImage image{
+                .width = 91 * density, .height = 40 * density, .pixels = {}, .density = density};
+            for (int y = 0; y < image.height; ++y) {
+                for (int x = 0; x < image.width; ++x) {
+                    const auto shade = static_cast<std::uint32_t>(x / density / kPitch * 20 + 20);
+                    const auto stripe = static_cast<std::uint32_t>(y % 2 * 100);
+                    image.pixels.push_back(0xFF000000U | shade << 16U | stripe << 8U |
+                                           static_cast<std::uint32_t>(density));
+                }
+            }
+            images_.emplace(density, std::move(image));
+        }
+        bar_.setRange(0, 1000);
+    }
+
+    [[nodiscard]] QImage shownAt(double factor) {
+        bar_.setFactor(factor);
+        bar_.resize(qRound(kPitch * factor), qRound(190 * factor));
+        asked_.clear();
+        return bar_.grab().toImage();
+    }
+};
+
+TEST_F(FineScrollerTest, showsThePictureOfTheScreensOwnDensity) {
+    for (const int factor : {1, 2, 3}) {
+        const QImage shown = shownAt(factor);
+        EXPECT_NE(std::ranges::find(asked_, factor), asked_.end()) << factor;
+        const auto shadeAt = [&](int y) { return shown.pixelColor(6 * factor, y * factor).red(); };
+        EXPECT_EQ(shadeAt(1), shadeOf(up)) << factor;
+        EXPECT_EQ(shadeAt(22), shadeOf(thumbPiece)) << factor;
+        EXPECT_EQ(shadeAt(60), shadeOf(thumbPiece)) << factor;
+        EXPECT_EQ(shadeAt(100), shadeOf(trackPiece)) << factor;
+        EXPECT_EQ(shadeAt(188), shadeOf(down)) << factor;
+        // Each pixel of the thumb is one of the picture's.
+        for (int y = 21 * factor; y < 61 * factor; ++y) {
+            const QColor pixel = shown.pixelColor(6 * factor, y);
+            EXPECT_EQ(pixel.blue(), factor);
+            EXPECT_EQ(pixel.green(), (y - 21 * factor) % 2 * 100) << y << " at " << factor;
+        }
+        // The first column of a piece is not its neighbour's.
+        EXPECT_EQ(shown.pixelColor(0, 100 * factor).red(), shadeOf(trackPiece));
+        EXPECT_EQ(shown.pixelColor(shown.width() - 1, 100 * factor).red(), shadeOf(trackPiece));
+    }
+}
+
+TEST_F(FineScrollerTest, aFractionIsTheReducedPictureOfTheNextDensity) {
+    for (const double factor : {1.25, 1.5}) {
+        const QImage shown = shownAt(factor);
+        EXPECT_NE(std::ranges::find(asked_, 2), asked_.end()) << factor;
+        int mixed = 0;
+        for (int y = qRound(25 * factor); y < qRound(55 * factor); ++y) {
+            const QColor pixel = shown.pixelColor(shown.width() / 2, y);
+            EXPECT_EQ(pixel.red(), shadeOf(thumbPiece)) << y << " at " << factor;
+            EXPECT_EQ(pixel.blue(), 2) << y << " at " << factor;
+            mixed += pixel.green() > 5 && pixel.green() < 95 ? 1 : 0;
+        }
+        // Two tones of the picture meet in most pixels, which no enlarged or skipped one has.
+        EXPECT_GT(mixed, 15 * factor) << factor;
+        EXPECT_EQ(shown.pixelColor(6, qRound(10 * factor)).red(), shadeOf(up)) << factor;
+        EXPECT_EQ(shown.pixelColor(6, qRound(120 * factor)).red(), shadeOf(trackPiece)) << factor;
+    }
 }
 
 } // namespace

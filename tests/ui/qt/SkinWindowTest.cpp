@@ -217,6 +217,37 @@ TEST_F(SkinWindowTest, whatTakesNoMouseIsShownOverAControlThatKeepsTheMouse) {
     }
 }
 
+TEST_F(SkinWindowTest, whatIsShownOverAControlHasThePixelsThatItHasBesideOne) {
+    QWidget control;
+    PixelImage lamp{30, 20, {}};
+    for (std::uint32_t pixel = 0; pixel < 600; ++pixel) {
+        lamp.pixels.push_back(0xFF000000U | pixel * 0x1357U % 0xFFFFFFU);
+    }
+    Element& button = table.touch(Small::up);
+    button.takesMouse = false;
+    button.picture = pictures.add(lamp);
+    for (const double scale : {1.0, 1.25, 1.5, 2.0, 3.0}) {
+        SCOPED_TRACE(scale);
+        window.setScale(scale);
+        const QRect inside(QPoint(qRound(42 * scale), qRound(42 * scale)),
+                           QPoint(qRound(68 * scale), qRound(58 * scale)));
+        Element& list = table.touch(Small::list);
+        list.left = 120;
+        list.top = 10;
+        window.hostControl(Small::list, 0, &control);
+        window.show();
+        settle();
+        const QImage beside = window.grab(inside).toImage();
+        table.touch(Small::list).left = 30;
+        table.touch(Small::list).top = 30;
+        settle();
+        ASSERT_TRUE(control.geometry().contains(inside));
+        EXPECT_EQ(window.grab(inside).toImage(), beside);
+        EXPECT_NE(beside.pixelColor(0, 0), beside.pixelColor(beside.rect().bottomRight()));
+        control.setParent(nullptr);
+    }
+}
+
 TEST_F(SkinWindowTest, aDisabledElementKeepsItsTooltipAndTheMouse) {
     table.touch(Small::up).enabled = false;
     table.touch(Small::up).tooltip = "later";
