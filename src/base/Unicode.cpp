@@ -77,6 +77,24 @@ void appendUtf8(std::string& text, std::uint32_t character) {
     }
 }
 
+std::uint32_t takeCharacter(std::string_view& text) {
+    const auto take = [&text] {
+        const auto byte = static_cast<std::uint8_t>(text.front());
+        text.remove_prefix(1);
+        return static_cast<std::uint32_t>(byte);
+    };
+    const std::uint32_t lead = take();
+    if (lead < 0x80) {
+        return lead;
+    }
+    const unsigned more = lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
+    std::uint32_t character = lead & (0x3FU >> more);
+    for (unsigned index = 0; index < more; ++index) {
+        character = character << 6U | (take() & 0x3FU);
+    }
+    return character;
+}
+
 std::string utf8FromUtf16(std::string_view bytes, ByteOrder order) {
     std::string text;
     text.reserve(bytes.size());

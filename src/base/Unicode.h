@@ -11,6 +11,9 @@ namespace tovik::base {
 /// Appends one character, up to U+10FFFF, in UTF-8 (RFC 3629).
 void appendUtf8(std::string& text, std::uint32_t character);
 
+/// Takes the first character off a text that is UTF-8 and not empty.
+[[nodiscard]] std::uint32_t takeCharacter(std::string_view& text);
+
 enum class ByteOrder { LittleEndian, BigEndian };
 
 /// UTF-16 text in UTF-8 (RFC 2781). U+FFFD stands for half a pair and for half a unit at the end.

@@ -20,25 +20,6 @@ constexpr std::array<std::uint32_t, kLatinStart - kTableStart> kTable{
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-/// Takes the first character off a text known to be UTF-8.
-std::uint32_t takeCharacter(std::string_view& text) {
-    const auto take = [&text] {
-        const auto byte = static_cast<std::uint8_t>(text.front());
-        text.remove_prefix(1);
-        return static_cast<std::uint32_t>(byte);
-    };
-    const std::uint32_t lead = take();
-    if (lead < 0x80) {
-        return lead;
-    }
-    const unsigned more = lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
-    std::uint32_t character = lead & (0x3FU >> more);
-    for (unsigned index = 0; index < more; ++index) {
-        character = character << 6U | (take() & 0x3FU);
-    }
-    return character;
-}
-
 std::optional<char> byteOf(std::uint32_t character) {
     if (character < kTableStart || (character >= kLatinStart && character <= 0xFF)) {
         return static_cast<char>(character);

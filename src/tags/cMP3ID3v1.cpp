@@ -4,7 +4,6 @@
 #include "base/FileErrors.h"
 #include "base/RegularFile.h"
 #include "base/RuntimeError.h"
-#include "base/Text.h"
 #include "tags/GenreNames.h"
 
 namespace tovik::tags {
@@ -13,16 +12,11 @@ namespace {
 
 using base::RegularFile;
 
-constexpr std::string_view kMark = "TAG";
 constexpr std::string_view kRemovedMark("\x01\0\0\0", 4);
-constexpr std::size_t kTagBytes = 128;
-constexpr std::size_t kTextWidth = 30;
-constexpr std::size_t kYearWidth = 4;
-constexpr std::size_t kCommentWidth = 28;
 
 /// Where the 128 bytes at the end begin.
 std::int64_t lastBytesAt(const RegularFile& file) {
-    return file.size() - static_cast<std::int64_t>(kTagBytes);
+    return file.size() - static_cast<std::int64_t>(kId3v1Bytes);
 }
 
 /// The tag's bytes; empty when the file holds none.
@@ -31,8 +25,8 @@ std::error_code readTagBytes(const RegularFile& file, std::string& bytes) {
     if (lastBytesAt(file) <= 0) {
         return {};
     }
-    const std::error_code failure = file.readAt(lastBytesAt(file), kTagBytes, bytes);
-    if (bytes.size() != kTagBytes || !bytes.starts_with(kMark)) {
+    const std::error_code failure = file.readAt(lastBytesAt(file), kId3v1Bytes, bytes);
+    if (bytes.size() != kId3v1Bytes || !bytes.starts_with(kId3v1Mark)) {
         bytes.clear();
     }
     return failure;
@@ -43,12 +37,6 @@ std::string take(std::string_view& bytes, std::size_t count) {
     std::string taken(bytes.substr(0, count));
     bytes.remove_prefix(count);
     return taken;
-}
-
-std::string padded(std::string_view text, std::size_t width) {
-    std::string field(base::cutToWidth(text, width));
-    field.resize(width, ' ');
-    return field;
 }
 
 } // namespace
@@ -76,7 +64,7 @@ void cMP3ID3v1::ReadTag() {
     }
     hasTag_ = true;
     std::string_view rest = tag;
-    rest.remove_prefix(kMark.size());
+    rest.remove_prefix(kId3v1Mark.size());
     fields_.title = take(rest, kTextWidth);
     fields_.artist = take(rest, kTextWidth);
     fields_.album = take(rest, kTextWidth);
@@ -104,26 +92,13 @@ void cMP3ID3v1::WriteTag() {
     std::string old;
     base::raiseFailure(readTagBytes(file, old));
     const std::error_code failure =
-        file.writeAt(old.empty() ? file.size() : lastBytesAt(file), bytes());
+        file.writeAt(old.empty() ? file.size() : lastBytesAt(file), id3v1Bytes(fields_));
     if (failure) {
         // Half a tag behind the sound would be noise to players: the length is put back. If that
         // fails too there is nothing left to do, and the first failure is the one to tell.
         static_cast<void>(file.resize(file.size()));
     }
     base::raiseFailure(failure);
-}
-
-std::string cMP3ID3v1::bytes() const {
-    std::string tag(kMark);
-    tag += padded(fields_.title, kTextWidth);
-    tag += padded(fields_.artist, kTextWidth);
-    tag += padded(fields_.album, kTextWidth);
-    tag += padded(fields_.year, kYearWidth);
-    tag += padded(fields_.comment, kCommentWidth);
-    tag += '\0';
-    tag += static_cast<char>(fields_.track);
-    tag += static_cast<char>(fields_.genre);
-    return tag;
 }
 
 bool cMP3ID3v1::RemoveTag() const {

@@ -2,6 +2,7 @@
 // The ID3v1.1 tag: 128 bytes at the end of an MP3 file (id3.org/ID3v1). Interface thread.
 #pragma once
 
+#include "tags/Id3v1Bytes.h"
 #include "tags/TagWarning.h"
 
 #include <cstdint>
@@ -70,24 +71,13 @@ public:
     [[nodiscard]] bool RemoveTag() const;
 
 private:
-    struct Fields {
-        std::string title{};
-        std::string artist{};
-        std::string album{};
-        std::string year{};
-        std::string comment{};
-        std::uint8_t genre = 0;
-        std::uint8_t track = 0;
-    };
-
     void ReadTag();
     void WriteTag();
-    [[nodiscard]] std::string bytes() const;
 
     TagWarning& warning_;
     std::string path_;
     bool hasTag_ = false;
-    Fields fields_;
+    Id3v1Fields fields_;
 };
 
 } // namespace tovik::tags
