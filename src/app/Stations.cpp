@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Stations.h"
 
+#include "cd/RipNames.h"
+#include "player/LiveSetting.h"
 #include "radio/StationFile.h"
 #include "radio/StreamTitle.h"
 
@@ -16,9 +18,17 @@ Stations::Stations(const Needs& needs, const host::Host& host)
       windows_(needs.windows), dialogs_(host.dialogs), paths_(host.paths),
       list_(needs.RadioLst, needs.core.errors) {
     RadioLst_.setEvents(this);
+    RadioLst_.addObserver(*this);
+    player.songFolder = [this] {
+        const auto asItIs = [](const std::string& text) { return text; };
+        const std::string folder =
+            player::readLiveOr(core_.settings, "IROP", asItIs, std::string());
+        return folder.empty() ? folder : cd::ripFolder(paths_, folder);
+    };
 }
 
 Stations::~Stations() {
+    RadioLst_.removeObserver(*this);
     RadioLst_.setEvents(nullptr);
 }
 
@@ -65,7 +75,42 @@ void Stations::tellInfo() {
 }
 
 void Stations::readStations() {
-    lost_ = !list_.load(paths_.of(host::DataItem::Stations));
+    read_ = false;
+    lost_ =
+        !list_.load(paths_.of(host::DataItem::Stations), core_.state.comfort.keepsLongAddresses);
+    read_ = true;
+}
+
+void Stations::rowsInserted(playlist::Row /*first*/, playlist::Row /*count*/) {
+    keepAtOnce();
+}
+
+void Stations::rowsRemoved(std::span<const playlist::Row> /*rows*/) {
+    keepAtOnce();
+}
+
+void Stations::rowMoved(playlist::Row /*from*/, playlist::Row /*to*/) {
+    keepAtOnce();
+}
+
+void Stations::rowsCleared() {
+    keepAtOnce();
+}
+
+void Stations::rowChanged(playlist::Row /*row*/) {
+    keepAtOnce();
+}
+
+/// A file that could not be read waits for the end, which sets it aside.
+void Stations::keepAtOnce() {
+    if (core_.state.comfort.keepsStationsAtOnce && read_ && !lost_) {
+        writer_.write(paths_.of(host::DataItem::Stations), list_.fileText(count()));
+    }
+}
+
+std::int16_t Stations::count() const {
+    return static_cast<std::int16_t>(
+        std::min<playlist::Row>(RadioLst_.ListCount(), radio::kMostStations));
 }
 
 void Stations::saveStations() {
@@ -73,9 +118,8 @@ void Stations::saveStations() {
                   !radio::StationList::setAside(paths_.of(host::DataItem::Stations)))) {
         return;
     }
-    const playlist::Row count =
-        std::min<playlist::Row>(RadioLst_.ListCount(), radio::kMostStations);
-    list_.WriteStationList(paths_.of(host::DataItem::Stations), static_cast<std::int16_t>(count));
+    writer_.wait(); // what is older must not come behind it
+    list_.WriteStationList(paths_.of(host::DataItem::Stations), count());
 }
 
 } // namespace tovik::app

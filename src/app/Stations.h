@@ -8,15 +8,20 @@
 #include "host/Host.h"
 #include "player/Core.h"
 #include "player/Playback.h"
+#include "playlist/ListEvents.h"
+#include "playlist/ListWriter.h"
 #include "radio/frmaddst.h"
 #include "radio/StationList.h"
 #include "radio/StationPlayer.h"
 #include "window/WindowOpener.h"
 
+#include <cstdint>
+#include <span>
+
 namespace tovik::app {
 
 /// The parts are used as they are.
-class Stations final : private playlist::ListEvents {
+class Stations final : private playlist::ListEvents, private playlist::ListObserver {
 public:
     struct Needs {
         const player::Core& core;
@@ -49,6 +54,16 @@ private:
     void Play(const std::string& itemData) override;
     void PlayedAgain() override;
 
+    // What is kept is another.
+    void rowsInserted(playlist::Row first, playlist::Row count) override;
+    void rowsRemoved(std::span<const playlist::Row> rows) override;
+    void rowMoved(playlist::Row from, playlist::Row to) override;
+    void rowsCleared() override;
+    void rowChanged(playlist::Row row) override;
+    void keepAtOnce();
+
+    [[nodiscard]] std::int16_t count() const;
+
     [[nodiscard]] bool has() const { return RadioLst_.ListCount() > 0; }
 
     void tellInfo();
@@ -59,7 +74,9 @@ private:
     host::Dialogs& dialogs_;
     const host::Paths& paths_;
     radio::StationList list_;
+    playlist::ListWriter writer_;
     bool lost_ = false; ///< the file could not be read
+    bool read_ = false; ///< the file was read, and nothing else changes the list since
 };
 
 } // namespace tovik::app

@@ -36,6 +36,8 @@ inline constexpr auto kEnglishNotices = std::to_array<std::string_view>({
     "No playlist: [x]",
     "The settings were damaged and begin anew. The old ones are kept in [x]",
     "No skin package, or a damaged one: [x]",
+    "the station does not answer",
+    "no sound at this address",
 });
 
 /// The English of "TovikNames".

@@ -33,8 +33,8 @@ std::string_view unquoted(std::string_view value) {
     return quoted ? value.substr(1, value.size() - 2) : value;
 }
 
-std::string valueOf(const KeyLine& line) {
-    return std::string(base::cutToWidth(unquoted(line.value), kProfileValueWidth));
+std::string valueOf(const KeyLine& line, std::size_t width = kProfileValueWidth) {
+    return std::string(base::cutToWidth(unquoted(line.value), width));
 }
 
 bool isSection(std::string_view line, std::string_view section) {
@@ -136,12 +136,13 @@ std::optional<std::string> findProfileValue(std::string_view bytes, std::string_
     return valueOf(*line);
 }
 
-std::vector<ProfileEntry> profileEntries(std::string_view bytes, std::string_view section) {
+std::vector<ProfileEntry> profileEntries(std::string_view bytes, std::string_view section,
+                                         std::size_t width) {
     std::vector<ProfileEntry> entries;
     const SectionView view(bytes, section);
     for (const KeyLine& line : view.keys()) {
         if (!line.name.starts_with(kComment)) {
-            entries.push_back({std::string(line.name), valueOf(line)});
+            entries.push_back({std::string(line.name), valueOf(line, width)});
         }
     }
     return entries;

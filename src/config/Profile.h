@@ -3,6 +3,7 @@
 // in any case of ASCII letters, and the first match wins. Pure; any thread.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,9 +34,11 @@ struct ProfileEntry {
     std::string value;
 };
 
-/// The keys in a section with their values, in their order, comments left out.
+/// The keys in a section with their values, of at most so many bytes, in their order, comments left
+/// out.
 [[nodiscard]] std::vector<ProfileEntry> profileEntries(std::string_view bytes,
-                                                       std::string_view section);
+                                                       std::string_view section,
+                                                       std::size_t width = kProfileValueWidth);
 
 /// The bytes with a key set: in its place, else behind the last line of its section that is not
 /// blank, else in a new section at the end. New lines end in CR LF, every other byte stays. Line

@@ -2,7 +2,6 @@
 #include "radio/StationFile.h"
 
 #include "base/Text.h"
-#include "config/Profile.h"
 
 #include <algorithm>
 #include <charconv>
@@ -34,8 +33,8 @@ std::string nameKey(std::int32_t number) {
     return "Url" + std::to_string(number);
 }
 
-StationFile::StationFile(std::string_view bytes) {
-    for (config::ProfileEntry& entry : config::profileEntries(bytes, kStationSection)) {
+StationFile::StationFile(std::string_view bytes, std::size_t width) {
+    for (config::ProfileEntry& entry : config::profileEntries(bytes, kStationSection, width)) {
         values_.try_emplace(base::toLowerAscii(entry.name), std::move(entry.value));
     }
 }

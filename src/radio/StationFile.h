@@ -3,6 +3,9 @@
 // Pure; any thread.
 #pragma once
 
+#include "config/Profile.h"
+
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -24,9 +27,9 @@ inline constexpr std::int32_t kMostStations = 32767;
 /// A file taken apart once. Keys match in any case of ASCII letters, the first of a name counts.
 class StationFile {
 public:
-    explicit StationFile(std::string_view bytes);
+    explicit StationFile(std::string_view bytes, std::size_t width = config::kProfileValueWidth);
 
-    /// As the profile reader tells it, 254 bytes at most; empty for a missing key.
+    /// As the profile reader tells it, as wide as that at most; empty for a missing key.
     [[nodiscard]] std::string value(std::string_view key) const;
 
     /// How many stations it tells of: 0 for a missing count or one below 0, nothing for a count

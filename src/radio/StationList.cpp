@@ -33,22 +33,27 @@ std::string StationList::ReadStationList(std::string_view section, std::string_v
     return config::profileValue(bytes, section, key);
 }
 
-bool StationList::WriteStationList(const std::string& path, std::int16_t count) {
+std::string StationList::fileText(std::int16_t count) const {
     std::string file;
     appendStationHead(file);
     for (playlist::Row row = 1; row <= count; ++row) {
-        list_.GetData(row);
-        appendStation(file, row, list_.OutItemData, list_.OutTitle);
+        appendStation(file, row, list_.text(row, playlist::RowText::ItemData),
+                      list_.text(row, playlist::RowText::Title));
     }
     appendStationTail(file, count);
-    if (const std::error_code failure = base::replaceFile(path, file, base::Flush::Yes)) {
+    return file;
+}
+
+bool StationList::WriteStationList(const std::string& path, std::int16_t count) {
+    if (const std::error_code failure =
+            base::replaceFile(path, fileText(count), base::Flush::Yes)) {
         log(base::RuntimeError(base::errorNumberOf(failure)), path,
             config::procedureOf("AddStation", "WriteStationList"));
     }
     return true;
 }
 
-bool StationList::load(const std::string& path) {
+bool StationList::load(const std::string& path, bool whole) {
     static constexpr const config::Procedure& kProcedure =
         config::procedureOf("AddStation", "ReadStationList");
     std::string bytes;
@@ -60,7 +65,7 @@ bool StationList::load(const std::string& path) {
         log(base::RuntimeError(base::errorNumberOf(failure)), path, kProcedure);
         return false;
     }
-    const StationFile file(bytes);
+    const StationFile file(bytes, whole ? bytes.size() : config::kProfileValueWidth);
     const auto count = file.count();
     if (!count) {
         log(base::RuntimeError(base::ErrorNumber::TypeMismatch), path, kProcedure);

@@ -31,9 +31,13 @@ public:
     /// new one, whatever happens. A failure is logged; the answer is always true.
     bool WriteStationList(const std::string& path, std::int16_t count);
 
-    /// Appends the stations of a file, none of a missing one. False for a file that cannot be
+    /// What such a file would hold now.
+    [[nodiscard]] std::string fileText(std::int16_t count) const;
+
+    /// Appends the stations of a file, none of a missing one; addresses and names whole, or as wide
+    /// as `ReadStationList` gives them. False for a file that cannot be
     /// read or whose count is none: it is logged, and such a file must not be written over.
-    [[nodiscard]] bool load(const std::string& path);
+    [[nodiscard]] bool load(const std::string& path, bool whole = false);
 
     /// Makes room for a new file: what stands there gets ".unread" behind its name. False when it
     /// stays where it is.

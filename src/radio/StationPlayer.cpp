@@ -45,7 +45,7 @@ StationPlayer::StationPlayer(const player::Core& core, player::Playback& playbac
                  [this] {
                      config::guard(core_.errors, config::procedureOf("AddStation", "Play"), [this] {
                          if (!core_.state.IsPaused) {
-                             open(StationStatus::reconnecting);
+                             open(lostStatus());
                          }
                      });
                  }),
@@ -71,7 +71,7 @@ void StationPlayer::play(const player::TrackRef& track) {
 }
 
 void StationPlayer::start(const player::TrackRef& track, From from) {
-    if (core_.state.RipRunning) {
+    if (core_.state.RipRunning && !core_.state.comfort.playsWhileRipping) {
         return; // a rip gives the library back, and with it what would sound
     }
     config::guard(core_.errors, config::procedureOf("AddStation", "Play"), [&] {
@@ -96,6 +96,9 @@ void StationPlayer::becomeSource(const player::TrackRef& track, From from) {
     state.SilenceTicks = 0;
     state.ActiveChannel = player::ChannelSlot::primary;
     state.StreamRecording = false;
+    if (state.comfort.showsSavingAsItIs) {
+        core_.screen.showRecording();
+    }
     state.HeardBefore = 0;
     playback_.clock.watchTrack(false);
     track_ = track;
@@ -111,6 +114,7 @@ void StationPlayer::becomeSource(const player::TrackRef& track, From from) {
     core_.lists.stdSS.showSounding(from == From::playlist ? track.row : 0);
     RadioLst_.showSounding(from == From::stations ? track.row : 0);
     screen.begin(track.title.empty() ? track.path : track.title);
+    saving_->setWays(ways(false));
 }
 
 void StationPlayer::open(StationStatus status) {
@@ -199,6 +203,9 @@ void StationPlayer::takeSavingOver() {
 
 void StationPlayer::record(bool on) {
     core_.state.StreamRecording = on;
+    if (on) {
+        saving_->setWays(ways(true));
+    }
     saving_->setStreamRecording(on && current_);
     core_.screen.showRecording();
 }
@@ -210,14 +217,29 @@ void StationPlayer::over(const StreamReport& report) {
         return;
     }
     if (!sounded_ && (isForGood(report) || !report.live)) {
-        giveUp();
+        giveUp(report);
         return;
     }
     noteHeard();
     core_.sound.BASS_StreamFree(core_.state.PrimaryChannel);
     takeSavingOver();
-    screen.setStatus(StationStatus::reconnecting);
+    screen.setStatus(lostStatus());
     reopening_.lost();
+}
+
+StationStatus StationPlayer::lostStatus() const {
+    return core_.state.comfort.tellsDeadStations && !sounded_ ? StationStatus::noAnswer
+                                                              : StationStatus::reconnecting;
+}
+
+/// The folder is asked for when something is saved.
+SavingWays StationPlayer::ways(bool recording) const {
+    const base::Comfort& comfort = core_.state.comfort;
+    std::string folder =
+        recording && comfort.savesToRadioFolder && songFolder ? songFolder() : std::string();
+    return {.comfort = comfort,
+            .folder = folder.empty() ? saving_->folder() : std::move(folder),
+            .station = screen.name()};
 }
 
 /// Nothing more comes of it by itself.
@@ -229,11 +251,15 @@ void StationPlayer::endFile() {
     }
 }
 
-void StationPlayer::giveUp() {
+void StationPlayer::giveUp(const StreamReport& report) {
     core_.sound.BASS_StreamFree(core_.state.PrimaryChannel);
     core_.state.IsPlaying = false;
     record(false);
-    screen.setStatus(StationStatus::noSuchStation);
+    const bool silent =
+        report.trouble == StreamTrouble::notAudio || report.trouble == StreamTrouble::emptyList;
+    screen.setStatus(silent && core_.state.comfort.tellsDeadStations
+                         ? StationStatus::noSound
+                         : StationStatus::noSuchStation);
     core_.news.stopVisualisation();
 }
 

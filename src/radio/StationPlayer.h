@@ -12,6 +12,7 @@
 #include "sound/api/StreamReport.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -46,6 +47,10 @@ public:
 
     StationScreen screen;
 
+    /// Set by who composes the player: where songs go with `Comfort::savesToRadioFolder`; empty, or
+    /// not set: to the folder of old.
+    std::function<std::string()> songFolder;
+
 private:
     enum class From : std::uint8_t { stations, playlist };
 
@@ -68,7 +73,9 @@ private:
     void takeSavingOver();
     void over(const sound::StreamReport& report);
     void endFile();
-    void giveUp();
+    void giveUp(const sound::StreamReport& report);
+    [[nodiscard]] SavingWays ways(bool recording) const;
+    [[nodiscard]] StationStatus lostStatus() const;
     void lookAtSaving();
     void tellFailures();
 

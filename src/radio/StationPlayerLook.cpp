@@ -100,9 +100,10 @@ void StationPlayer::showTitle(const std::string& metadata) {
         return;
     }
     metadata_ = metadata;
-    if (const auto title = shownTitle(metadata)) {
+    const bool whole = core_.state.comfort.readsTitlesWhole;
+    if (const auto title = shownTitle(metadata, whole)) {
         screen.setTitle(*title);
-    } else if (streamTitle(metadata).answer == TitleAnswer::broken && !brokenTold_) {
+    } else if (streamTitle(metadata, whole).answer == TitleAnswer::broken && !brokenTold_) {
         brokenTold_ = true;
         static_cast<void>(
             core_.errors.log(base::RuntimeError(base::ErrorNumber::InvalidProcedureCall),
@@ -135,6 +136,13 @@ void StationPlayer::lookAtSaving() {
     if (failure->ends) {
         core_.state.StreamRecording = false;
         core_.screen.showRecording();
+    }
+    if (failure->why == std::errc::not_supported) {
+        static_cast<void>(core_.errors.log(
+            base::withPlace(base::RuntimeError(base::ErrorNumber::InvalidProcedureCall),
+                            track_.path),
+            config::procedureOf("AddStation", "record")));
+        return;
     }
     untold_ = failure;
     telling_->setInterval(kAtOnceMs);

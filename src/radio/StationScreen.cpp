@@ -10,8 +10,8 @@ namespace tovik::radio {
 
 namespace {
 
-/// The notices of a language that are about stations, from this one on.
-constexpr int kFirstNotice = 5;
+/// Which of a language's notices tell a status, from `connecting` on.
+constexpr std::array<int, kStationStatuses - 1> kNotices{5, 6, 7, 8, 19, 20};
 
 constexpr std::size_t kRateDigits = 2;
 
@@ -19,7 +19,7 @@ constexpr std::size_t kRateDigits = 2;
 
 void StationScreen::readWords() {
     for (std::size_t i = 0; i < words_.size(); ++i) {
-        words_.at(i) = language_.get_Notice_String(kFirstNotice + static_cast<int>(i));
+        words_.at(i) = language_.get_Notice_String(kNotices.at(i));
     }
     if (shown_ && status_ != StationStatus::sounds) {
         show();

@@ -20,7 +20,11 @@ enum class StationStatus : std::uint8_t {
     buffering,
     reconnecting,
     noSuchStation,
+    noAnswer, ///< it never sounded, and is tried again
+    noSound,  ///< nothing to be heard is there
 };
+
+inline constexpr std::size_t kStationStatuses = 7;
 
 /// Nothing is drawn anew that stands there already.
 class StationScreen {
@@ -50,6 +54,9 @@ public:
     /// The display belongs to something else: nothing more is shown.
     void end() { shown_ = false; }
 
+    /// What it calls itself, or its title in the list.
+    [[nodiscard]] const std::string& name() const { return name_; }
+
     /// The song, or the station's title while it tells none.
     [[nodiscard]] const std::string& title() const { return title_; }
 
@@ -59,7 +66,7 @@ private:
 
     const player::Core& core_;
     const config::MultiLNG& language_;
-    std::array<std::string, 4> words_; ///< by status, from `connecting` on
+    std::array<std::string, kStationStatuses - 1> words_; ///< by status, from `connecting` on
     bool shown_ = false;
     std::string name_;
     std::string title_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "radio/StreamTitle.h"
 
+#include "base/Controls.h"
 #include "base/Text.h"
 #include "base/Windows1252.h"
 #include "radio/CharacterReferences.h"
@@ -13,34 +14,26 @@ namespace tovik::radio {
 namespace {
 
 constexpr std::string_view kTitleMark = "StreamTitle='";
+constexpr std::string_view kTitleEnd = "';";
 constexpr std::string_view kNameMark = "icy-name:";
 constexpr std::string_view kForbidden = ":/\\?*|<>\"";
 constexpr std::string_view kExtension = ".mp3";
 constexpr std::size_t kMostNameBytes = 255;
 
-/// C0, DEL and C1 (as UTF-8 has it).
-std::string withoutControls(std::string_view text) {
-    std::string kept;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(text[i]);
-        const auto next = static_cast<unsigned char>(i + 1 < text.size() ? text[i + 1] : '\0');
-        if (byte == 0xC2 && next >= 0x80 && next <= 0x9F) {
-            ++i;
-        } else if (byte >= 0x20 && byte != 0x7F) {
-            kept += text[i];
-        }
-    }
-    return kept;
-}
-
 } // namespace
 
-StreamTitle streamTitle(std::string_view metadata) noexcept {
+StreamTitle streamTitle(std::string_view metadata, bool whole) noexcept {
     metadata = metadata.substr(0, metadata.find('\0'));
     if (!metadata.starts_with(kTitleMark)) {
         return {};
     }
     const std::string_view text = metadata.substr(kTitleMark.size());
+    if (whole) {
+        const std::size_t quote = text.find(kTitleEnd);
+        return quote == std::string_view::npos
+                   ? StreamTitle{TitleAnswer::broken}
+                   : StreamTitle{TitleAnswer::title, text.substr(0, quote)};
+    }
     const std::size_t end = text.find(';');
     // The character before the semicolon is the closing quote.
     if (end == std::string_view::npos || end == 0) {
@@ -49,10 +42,14 @@ StreamTitle streamTitle(std::string_view metadata) noexcept {
     return {TitleAnswer::title, text.substr(0, end - 1)};
 }
 
-std::optional<std::string> shownTitle(std::string_view metadata) {
+std::optional<std::string> shownTitle(std::string_view metadata, bool whole) {
     metadata = metadata.substr(0, metadata.find('\0'));
-    if (streamTitle(metadata).answer != TitleAnswer::title) {
+    const StreamTitle told = streamTitle(metadata, whole);
+    if (told.answer != TitleAnswer::title) {
         return std::nullopt;
+    }
+    if (whole) {
+        return shownServerText(told.title);
     }
     const std::string_view text = metadata.substr(kTitleMark.size());
     const std::size_t end = std::min(findBesideReferences(text, ';'), text.size());
@@ -95,7 +92,7 @@ std::string songFileName(std::string_view title) {
 }
 
 std::string shownText(std::string_view text) {
-    const std::string shown = withoutControls(base::displayText(text));
+    const std::string shown = base::withoutControls(base::displayText(text));
     return std::string(base::trimmed(shown));
 }
 

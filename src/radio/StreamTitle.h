@@ -22,12 +22,12 @@ struct StreamTitle {
 
 /// The title in a metadata string, which ends at its first NUL. The title reaches to two characters
 /// before the first ";": a deliberate oddity, for a title that holds one is cut there and loses the
-/// character before it, too.
-[[nodiscard]] StreamTitle streamTitle(std::string_view metadata) noexcept;
+/// character before it, too. `whole`: it reaches to the first "';".
+[[nodiscard]] StreamTitle streamTitle(std::string_view metadata, bool whole = false) noexcept;
 
 /// The same as people see it: in UTF-8, with characters for references such as "&amp;" and
 /// "&#1046;", whose ";" ends no title. Nothing where there is no title.
-[[nodiscard]] std::optional<std::string> shownTitle(std::string_view metadata);
+[[nodiscard]] std::optional<std::string> shownTitle(std::string_view metadata, bool whole = false);
 
 /// The name that a station gives itself in its headers (see `BASS_TAG_ICY`): what stands behind
 /// "icy-name:", spelled so, of the last such header. Nothing without one.

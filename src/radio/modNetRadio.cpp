@@ -4,7 +4,6 @@
 #include "base/PathText.h"
 #include "radio/StreamTitle.h"
 
-#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -14,14 +13,15 @@ using base::MutexLock;
 
 namespace {
 
-/// Files that may be opened at once; then one a second.
-constexpr int kMostOpens = 32;
+/// Between two blocks.
+constexpr std::size_t kMostTitles = 64;
 
 } // namespace
 
 modNetRadio::modNetRadio(std::string folder) : folder_(std::move(folder)) {}
 
-modNetRadio::modNetRadio(modNetRadio& broken) : folder_(broken.folder_) {
+modNetRadio::modNetRadio(modNetRadio& broken)
+    : folder_(broken.folder_), songs_(broken.interruptedSong()) {
     const MutexLock lock(broken.mutex_);
     const MutexLock own(mutex_);
     StreamRecording_ = std::exchange(broken.StreamRecording_, false);
@@ -29,9 +29,26 @@ modNetRadio::modNetRadio(modNetRadio& broken) : folder_(broken.folder_) {
     const bool opened = StreamRecording_ && broken.StreamFileOpen_ && broken.StreamFileOk_;
     interrupted_ = opened ? broken.StreamFileName_ : broken.interrupted_;
     refused_ = broken.refused_;
-    opens_ = broken.opens_;
-    counted_ = broken.counted_;
+    limit_ = broken.limit_;
+    ways_ = broken.ways_;
+    song_ = broken.song_;
     failure_ = std::exchange(broken.failure_, std::nullopt);
+}
+
+std::shared_ptr<const SavingWays> modNetRadio::waysNow() const {
+    const MutexLock lock(mutex_);
+    return ways_;
+}
+
+OpenSong modNetRadio::interruptedSong() const {
+    const MutexLock lock(mutex_);
+    return StreamRecording_ ? song_ : OpenSong();
+}
+
+void modNetRadio::setWays(SavingWays ways) {
+    auto shared = std::make_shared<const SavingWays>(std::move(ways));
+    const MutexLock lock(mutex_);
+    ways_ = std::move(shared);
 }
 
 void modNetRadio::setStreamRecording(bool on) {
@@ -40,6 +57,7 @@ void modNetRadio::setStreamRecording(bool on) {
     refused_.clear();
     if (!on) {
         interrupted_.clear();
+        song_ = {};
     }
 }
 
@@ -64,12 +82,18 @@ std::optional<modNetRadio::Failure> modNetRadio::takeFailure() {
 }
 
 void modNetRadio::DoMeta(std::string_view metadata) {
-    const StreamTitle title = streamTitle(metadata);
+    const bool whole = waysNow()->comfort.readsTitlesWhole;
+    const StreamTitle title = streamTitle(metadata, whole);
     if (title.answer != TitleAnswer::title) {
         return;
     }
     std::string name = base::joinPath(folder_, songFileName(title.title));
+    std::string shown = shownServerText(title.title);
     const MutexLock lock(mutex_);
+    if (titles_.size() >= kMostTitles) {
+        titles_.erase(titles_.begin());
+    }
+    titles_.push_back({std::move(shown), fed_});
     if (name == StreamFileName_) {
         // Servers repeat the title: what was saved of the song must not be replaced by its rest.
         return;
@@ -80,6 +104,10 @@ void modNetRadio::DoMeta(std::string_view metadata) {
 }
 
 void modNetRadio::download(std::span<const std::byte> block) {
+    if (saveSongs(block)) {
+        StreamFile_.CloseFile();
+        return;
+    }
     Turn turn = takeTurn();
     if (!turn.recording) {
         StreamFile_.CloseFile();
@@ -98,18 +126,53 @@ void modNetRadio::download(std::span<const std::byte> block) {
     }
 }
 
+/// False where the block is to be saved as it comes.
+bool modNetRadio::saveSongs(std::span<const std::byte> block) {
+    std::shared_ptr<const SavingWays> ways;
+    std::vector<TitleChange> titles;
+    bool recording = false;
+    {
+        const MutexLock lock(mutex_);
+        if (StreamBlocks_ < std::numeric_limits<std::int16_t>::max()) {
+            ++StreamBlocks_;
+        }
+        ways = ways_;
+        recording = StreamRecording_;
+        if (ways->comfort.savesPlainSongs || ways->comfort.savesAnyFormat) {
+            titles = std::exchange(titles_, {});
+            fed_ += block.size();
+        }
+    }
+    const base::Comfort& comfort = ways->comfort;
+    if (!comfort.savesPlainSongs && !comfort.savesAnyFormat) {
+        return false;
+    }
+    const SongSaver::Answer answer =
+        songs_.take(block, {.recording = recording, .ways = *ways, .titles = std::move(titles)});
+    {
+        const MutexLock lock(mutex_);
+        if (StreamRecording_ && song_.path != songs_.song().path) {
+            song_ = songs_.song();
+        }
+        if (answer.failure && !answer.ends) {
+            failure_ = Failure{answer.failure, songs_.path(), false};
+        }
+    }
+    if (answer.ends) {
+        endSaving({answer.failure, songs_.path(), true});
+    }
+    return songs_.saves(comfort);
+}
+
 modNetRadio::Turn modNetRadio::takeTurn() {
     const MutexLock lock(mutex_);
-    if (StreamBlocks_ < std::numeric_limits<std::int16_t>::max()) {
-        ++StreamBlocks_;
-    }
     if (!StreamRecording_) {
         StreamFileOpen_ = false;
         return {};
     }
     Turn turn{
         .recording = true, .ok = StreamFileOk_, .synced = StreamSynced_, .name = StreamFileName_};
-    if (!turn.name.empty() && !StreamFileOpen_ && !mayOpen()) {
+    if (!turn.name.empty() && !StreamFileOpen_ && !limit_.mayOpen()) {
         turn.name.clear();
     } else if (!turn.name.empty() && !StreamFileOpen_) {
         StreamFileOpen_ = true;
@@ -118,22 +181,6 @@ modNetRadio::Turn modNetRadio::takeTurn() {
             std::exchange(interrupted_, {}) == turn.name ? SongFile::goingOn : SongFile::anew;
     }
     return turn;
-}
-
-/// No song is so short that this keeps it from being saved; it keeps a server that sends a title
-/// with every byte from filling the folder with files.
-bool modNetRadio::mayOpen() {
-    const auto now = Clock::now();
-    const auto past = std::chrono::duration_cast<std::chrono::seconds>(now - counted_).count();
-    if (past > 0) {
-        opens_ -= static_cast<int>(std::min<std::int64_t>(past, opens_));
-        counted_ = now;
-    }
-    if (opens_ >= kMostOpens) {
-        return false;
-    }
-    ++opens_;
-    return true;
 }
 
 void modNetRadio::open(Turn& turn) {
@@ -179,12 +226,19 @@ void modNetRadio::refuse(const Turn& turn) {
 void modNetRadio::fail(const Turn& turn) {
     const std::error_code why = StreamFile_.failure();
     StreamFile_.CloseFile();
+    {
+        const MutexLock lock(mutex_);
+        StreamFileOpen_ = false;
+        StreamSynced_ = false;
+    }
+    endSaving({why, turn.name, true});
+}
+
+void modNetRadio::endSaving(const Failure& failure) {
     const MutexLock lock(mutex_);
-    StreamFileOpen_ = false;
-    StreamSynced_ = false;
     if (StreamRecording_) {
         StreamRecording_ = false;
-        failure_ = Failure{why, turn.name, true};
+        failure_ = failure;
     }
 }
 

@@ -5,15 +5,18 @@
 
 #include "base/Mutex.h"
 #include "radio/clsFileIo.h"
+#include "radio/OpenLimit.h"
+#include "radio/SongSaver.h"
 
-#include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 namespace tovik::radio {
 
@@ -36,6 +39,10 @@ public:
     explicit modNetRadio(modNetRadio& broken);
 
     [[nodiscard]] const std::string& folder() const { return folder_; }
+
+    /// Songs are saved in these ways from now on. With `Comfort::savesPlainSongs`, and for what is
+    /// no MPEG audio with `Comfort::savesAnyFormat`, as `SongSaver` does it; else as they come.
+    void setWays(SavingWays ways);
 
     /// Whether the record button is on. Off at first; the file is closed with the next block.
     void setStreamRecording(bool on);
@@ -67,17 +74,19 @@ private:
         std::string name{};
     };
 
-    using Clock = std::chrono::steady_clock;
-
+    [[nodiscard]] std::shared_ptr<const SavingWays> waysNow() const;
+    [[nodiscard]] OpenSong interruptedSong() const;
+    [[nodiscard]] bool saveSongs(std::span<const std::byte> block);
     [[nodiscard]] Turn takeTurn();
-    [[nodiscard]] bool mayOpen() TOVIK_REQUIRES(mutex_);
     void open(Turn& turn);
     void save(Turn& turn, std::span<const std::byte> block);
     void fail(const Turn& turn);
+    void endSaving(const Failure& failure);
     void refuse(const Turn& turn);
 
     std::string folder_;
-    clsFileIo StreamFile_; ///< of the engine's thread alone
+    clsFileIo StreamFile_; ///< of the engine's thread alone, as is the next one
+    SongSaver songs_;
 
     mutable base::Mutex mutex_; ///< never held over a file or a call out
     bool StreamRecording_ TOVIK_GUARDED_BY(mutex_) = false;
@@ -89,8 +98,12 @@ private:
     std::string interrupted_ TOVIK_GUARDED_BY(mutex_); ///< the file that goes on; empty: none
     std::string refused_ TOVIK_GUARDED_BY(mutex_); ///< the file that could not be made; empty: none
     std::optional<Failure> failure_ TOVIK_GUARDED_BY(mutex_);
-    int opens_ TOVIK_GUARDED_BY(mutex_) = 0; ///< of late: one a second is forgotten
-    Clock::time_point counted_ TOVIK_GUARDED_BY(mutex_) = Clock::now();
+    OpenLimit limit_ TOVIK_GUARDED_BY(mutex_);
+    std::shared_ptr<const SavingWays>
+        ways_ TOVIK_GUARDED_BY(mutex_) = std::make_shared<const SavingWays>();
+    std::vector<TitleChange> titles_ TOVIK_GUARDED_BY(mutex_); ///< not taken yet
+    std::uint64_t fed_ TOVIK_GUARDED_BY(mutex_) = 0;           ///< bytes that `songs_` was given
+    OpenSong song_ TOVIK_GUARDED_BY(mutex_);                   ///< of `songs_`
 };
 
 } // namespace tovik::radio

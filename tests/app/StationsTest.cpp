@@ -3,6 +3,9 @@
 // that are started from elsewhere.
 #include "app/AppRig.h"
 
+#include <chrono>
+#include <thread>
+
 namespace tovik::test {
 namespace {
 
@@ -96,6 +99,61 @@ TEST_F(StationsTest, aFileThatWasNotUnderstoodIsSetAsideForNewStations) {
     player().kill_me();
     EXPECT_THAT(host_.folder.read(kFile), HasSubstr("Station1=http://three.example/\r\n"));
     EXPECT_EQ(host_.folder.read("db/stations.dat.unread"), damaged);
+}
+
+TEST_F(StationsTest, eachChangeCanBeKeptAtOnce) {
+    startWithTwo();
+    player().state().comfort.keepsStationsAtOnce = true;
+    const auto waitFor = [this](const std::string& words) {
+        for (int i = 0; i < 5000 && host_.folder.read(kFile).find(words) == std::string::npos;
+             ++i) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+        EXPECT_THAT(host_.folder.read(kFile), HasSubstr(words));
+    };
+    player().stations().addStation.Command1_Click("Three", "http://three.example/");
+    waitFor("Url3=Three\r\n\r\nNumberOfEntries=3\r\n");
+    stations().Remove(1);
+    waitFor("Url2=Three\r\n\r\nNumberOfEntries=2\r\n");
+    player().state().comfort.keepsStationsAtOnce = false;
+    stations().Remove(1);
+    player().kill_me();
+    EXPECT_THAT(host_.folder.read(kFile), HasSubstr("Url1=Three\r\n\r\nNumberOfEntries=1\r\n"));
+}
+
+TEST_F(StationsTest, aFileThatWasNotUnderstoodIsNotWrittenOverAtOnceEither) {
+    const std::string damaged = "[stationlist]\r\nStation1=u\r\nNumberOfEntries=many\r\n";
+    host_.folder.write(kFile, damaged);
+    start();
+    player().state().comfort.keepsStationsAtOnce = true;
+    player().stations().addStation.Command1_Click("Three", "http://three.example/");
+    EXPECT_EQ(host_.folder.read(kFile), damaged);
+    player().kill_me();
+    EXPECT_EQ(host_.folder.read("db/stations.dat.unread"), damaged);
+}
+
+TEST_F(StationsTest, longAddressesComeBackWhole) {
+    const std::string address = "http://long.example/" + std::string(400, 'a');
+    host_.folder.write(kFile, "[stationlist]\r\nStation1=" + address +
+                                  "\r\nUrl1=Long\r\n\r\nNumberOfEntries=1\r\n");
+    start();
+    EXPECT_EQ(stations().text(1, playlist::RowText::ItemData).size(), 254U);
+    endPlayer();
+    host_.folder.write(kFile, "[stationlist]\r\nStation1=" + address +
+                                  "\r\nUrl1=Long\r\n\r\nNumberOfEntries=1\r\n");
+    put("CMF18", "1");
+    start();
+    EXPECT_EQ(stations().text(1, playlist::RowText::ItemData), address);
+}
+
+TEST_F(StationsTest, songsGoToTheFolderThatIsSetForTheRadio) {
+    startWithTwo();
+    set("IROP", "/music/of the radio");
+    EXPECT_EQ(player().stations().player.songFolder(), "/music/of the radio");
+    set("IROP", "c:\\Radio");
+    EXPECT_THAT(player().stations().player.songFolder(), testing::EndsWith("drive_c/Radio"));
+    set("IROP", "");
+    EXPECT_EQ(player().stations().player.songFolder(), "");
 }
 
 TEST_F(StationsTest, theButtonsPlayAddAndRemove) {

@@ -122,6 +122,17 @@ TEST_F(StationListTest, longValuesAreCutToTheWidthOfTheirBuffer) {
     EXPECT_EQ(again.text(1, playlist::RowText::FileName), address.substr(0, 254));
 }
 
+TEST_F(StationListTest, longValuesMayBeReadWhole) {
+    const std::string address = "http://" + std::string(3000, 'a');
+    addStation(list_, address, std::string(300, 'n'));
+    host_.folder.write("db/x", "");
+    stations_.WriteStationList(path_, 1);
+    playlist::stdSS again;
+    EXPECT_TRUE(StationList(again, errors_).load(path_, true));
+    EXPECT_EQ(again.text(1, playlist::RowText::FileName), address);
+    EXPECT_EQ(again.text(1, playlist::RowText::Title), std::string(300, 'n'));
+}
+
 TEST_F(StationListTest, keysAreFoundInAnyCaseAndTheFirstCounts) {
     EXPECT_TRUE(load("[other]\nStation1=wrong\n[StationList]\nSTATION1=u\nstation1=v\n"
                      "url1=\"n\"\nnumberofentries= 1 \n[stationlist]\nStation1=late\n"));

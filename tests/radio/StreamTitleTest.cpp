@@ -26,6 +26,15 @@ TEST(StreamTitleTest, aSemicolonInATitleCutsItAndTheCharacterBefore) {
     EXPECT_EQ(titleOf("StreamTitle='AB; C';"), "A");
 }
 
+TEST(StreamTitleTest, aWholeTitleEndsAtQuoteAndSemicolon) {
+    EXPECT_EQ(streamTitle("StreamTitle='AB; C';StreamUrl='x';", true).title, "AB; C");
+    EXPECT_EQ(streamTitle("StreamTitle='Don't; stop';", true).title, "Don't; stop");
+    EXPECT_EQ(streamTitle("StreamTitle='';", true).answer, TitleAnswer::title);
+    EXPECT_EQ(streamTitle("StreamTitle='no end;", true).answer, TitleAnswer::broken);
+    EXPECT_EQ(shownTitle("StreamTitle='a;b &amp; c';", true), "a;b & c");
+    EXPECT_EQ(shownTitle("StreamTitle='a;b", true), std::nullopt);
+}
+
 TEST(StreamTitleTest, metadataWithoutTheMarkSaysNothing) {
     for (const std::string_view metadata :
          {""sv, "StreamTitle="sv, "streamtitle='x';"sv, "StreamUrl='y';StreamTitle='x';"sv,
