@@ -38,7 +38,10 @@ void HandOver::meetOtherInstance() {
 
 void HandOver::begin() {
     // What is handed over starts the sound anew, which would take it from a rip.
-    process_.mailbox().begin([this] { return !autoload_.awaited() && !core_.state.RipRunning; },
+    const auto held = [this] {
+        return core_.state.RipRunning && !core_.state.comfort.playsWhileRipping;
+    };
+    process_.mailbox().begin([this, held] { return !autoload_.awaited() && !held(); },
                              [this](const host::InstanceMessage& message) { carryOut(message); });
 }
 

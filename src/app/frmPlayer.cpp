@@ -152,6 +152,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     ripping.showDisc = [this] { discInfo_.dialog.Show(); };
     ripping.unloadDisc = [this] { discInfo_.dialog.Unload(); };
     ripping.forgetOtherDisc = [this] { discInfo_.dialog.forgetOtherDisc(); };
+    discInfo_.dialog.hooks.drive = [this] { return discs_.state.CDDrive; };
     discInfo_.dialog.hooks.Rip_All = [this] { rips_.ripping.Rip_All(); };
     rips_.bind(commands_);
     menus_.bind(commands_, front_.view.elements, front_.view.input.keyWindow());

@@ -32,24 +32,27 @@ std::optional<std::pair<std::int32_t, std::string>> fieldOf(std::string_view lin
                      base::displayText(rest.substr(equals + 1)));
 }
 
-std::string& at(std::vector<std::string>& texts, std::int32_t index) {
-    if (index < 0 || static_cast<std::size_t>(index) >= texts.size()) {
+using Field = std::pair<std::int32_t, std::string>;
+
+void put(std::vector<std::string>& texts, Field&& field, bool skipsStray) {
+    if (field.first >= 0 && static_cast<std::size_t>(field.first) < texts.size()) {
+        texts[static_cast<std::size_t>(field.first)] = std::move(field.second);
+    } else if (!skipsStray) {
         throw base::RuntimeError(base::ErrorNumber::SubscriptOutOfRange);
     }
-    return texts[static_cast<std::size_t>(index)];
 }
 
 } // namespace
 
-CdTexts::CdTexts(std::string_view text, std::int32_t count)
+CdTexts::CdTexts(std::string_view text, std::int32_t count, bool skipsStray)
     : titles_(static_cast<std::size_t>(count) + 1), performers_(titles_.size()) {
     while (!text.empty() && text.front() != '\0') {
         const std::string_view line = text.substr(0, text.find('\0'));
         text.remove_prefix(std::min(line.size() + 1, text.size()));
         if (auto title = fieldOf(line, kTitleKey)) {
-            at(titles_, title->first) = std::move(title->second);
+            put(titles_, std::move(*title), skipsStray);
         } else if (auto performer = fieldOf(line, kPerformerKey)) {
-            at(performers_, performer->first) = std::move(performer->second);
+            put(performers_, std::move(*performer), skipsStray);
         }
     }
 }

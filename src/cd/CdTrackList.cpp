@@ -55,7 +55,10 @@ std::int64_t CdTrackList::lengthOf(std::int32_t track) const {
 }
 
 void CdTrackList::LoadTrackList(playlist::stdSS& target, bool addFlag) {
-    needs_.lstTracks.Clear();
+    const base::Comfort& comfort = needs_.core.state.comfort;
+    if (&target == &needs_.lstTracks || !comfort.keepsRipList) {
+        needs_.lstTracks.Clear();
+    }
     sound::SoundLibrary& sound = needs_.core.sound;
     const auto drive = static_cast<std::uint32_t>(needs_.state.CDDrive);
     if (!sound.BASS_CD_IsReady(drive)) {
@@ -92,7 +95,9 @@ void CdTrackList::LoadTrackListFromCDText(std::string_view text, std::int32_t co
 }
 
 void CdTrackList::loadFromText(std::string_view text, std::int32_t count, playlist::stdSS& target) {
-    const CdTexts texts(text, count);
+    const base::Comfort& comfort = needs_.core.state.comfort;
+    const CdTexts texts(text, count, comfort.skipsStrayCdText);
+    const std::string dot = comfort.separatesNumbers ? ". " : "";
     const std::string letter = currentLetter();
     needs_.form.tell(texts.title(0), texts.performer(0));
     for (std::int32_t track = 0; track < count; ++track) {
@@ -102,7 +107,7 @@ void CdTrackList::loadFromText(std::string_view text, std::int32_t count, playli
         }
         const std::int32_t number = track + 1;
         addRow(target, letter, track,
-               std::to_string(number) + texts.title(number) + " / " + texts.performer(number),
+               std::to_string(number) + dot + texts.title(number) + " / " + texts.performer(number),
                bytes);
     }
 }

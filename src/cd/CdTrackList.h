@@ -37,9 +37,9 @@ public:
     CdTrackList(const CdTrackList&) = delete;
     CdTrackList& operator=(const CdTrackList&) = delete;
 
-    /// Empties `lstTracks` and appends the tracks of the current drive's disc to `target`. A drive
-    /// without a disc gives none. `addFlag`: their names go to `List1`, too. Raises 9 where the
-    /// drive has no letter.
+    /// Empties `lstTracks` (with `Comfort::keepsRipList` where that is the target) and appends the
+    /// tracks of the current drive's disc to `target`. A drive without a disc gives none.
+    /// `addFlag`: their names go to `List1`, too. Raises 9 where the drive has no letter.
     void LoadTrackList(playlist::stdSS& target, bool addFlag);
 
     /// The same of a disc with CD-Text, `count` tracks: strings of a key, "=" and a value, each

@@ -57,6 +57,23 @@ std::string valueOf(std::string_view line) {
     return base::displayText(config::Fields(line, kEquals).at(1));
 }
 
+/// A line whose key is known, by that key alone.
+void takeLine(std::string_view line, DiscForm& form) {
+    const std::size_t equals = line.find(kEquals);
+    if (equals == std::string_view::npos) {
+        return;
+    }
+    const std::string_view key = base::trimmed(line.substr(0, equals));
+    const std::string text = base::displayText(line.substr(equals + 1));
+    const auto* const field = std::ranges::find_if(
+        kFields, [key](const Field& row) { return base::equalsIgnoringCase(row.key, key); });
+    if (field != kFields.end()) {
+        textOf(form, *field) = text;
+    } else if (base::equalsIgnoringCase(key.substr(0, kTrackKey.size()), kTrackKey)) {
+        form.List1.push_back(text);
+    }
+}
+
 } // namespace
 
 std::string discFileText(std::string_view discId, const DiscForm& form) {
@@ -71,10 +88,14 @@ std::string discFileText(std::string_view discId, const DiscForm& form) {
     return text;
 }
 
-void readDiscFile(std::string_view bytes, DiscForm& form) {
+void readDiscFile(std::string_view bytes, DiscForm& form, DiscKeys keys) {
     form.List1.clear();
     base::LineReader lines(bytes);
     for (auto line = lines.next(); line; line = lines.next()) {
+        if (keys == DiscKeys::inFront) {
+            takeLine(*line, form);
+            continue;
+        }
         // A deliberate oddity: the whole line is looked at, not its key.
         const std::string signs = base::toLowerAscii(*line);
         const auto* const told = std::ranges::find_if(kReadOrder, [&signs](std::size_t field) {

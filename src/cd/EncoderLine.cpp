@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace tovik::cd {
 
@@ -18,11 +19,13 @@ struct Row {
     std::string_view options;
 };
 
+constexpr std::string_view kOggProgram = "oggenc.exe";
+
 constexpr std::array<Row, 4> kRows{{
     {"MP3C", "lame.exe", "lame", true, " -b  %bitrate --priority %prio  - "},
     {"MP3V", "lame.exe", "lame", true, " --abr  %bitrate --priority %prio  - "},
-    {"OGGC", "oggenc.exe", "vorbis-tools", false, " --managed -b %bitrate -  -o "},
-    {"OGGV", "oggenc.exe", "vorbis-tools", false, " -b %bitrate -  -o "},
+    {"OGGC", kOggProgram, "vorbis-tools", false, " --managed -b %bitrate -  -o "},
+    {"OGGV", kOggProgram, "vorbis-tools", false, " -b %bitrate -  -o "},
 }};
 
 constexpr std::string_view kPriority = "--priority";
@@ -84,6 +87,29 @@ std::optional<EncoderLine> encoderLine(std::string_view type, std::int32_t bitra
     }
     line.arguments.push_back(path);
     return line;
+}
+
+void addTags(EncoderLine& line, const tags::FreshTags& tags) {
+    if (line.program != kOggProgram) {
+        return;
+    }
+    const std::string track = tags.track > 0 ? std::to_string(tags.track) : std::string();
+    const std::array<std::pair<std::string_view, const std::string&>, 6> rows{{
+        {"-t", tags.title},
+        {"-a", tags.artist},
+        {"-l", tags.album},
+        {"-d", tags.year},
+        {"-G", tags.genre},
+        {"-N", track},
+    }};
+    std::vector<std::string> words{"--utf8"};
+    for (const auto& [option, text] : rows) {
+        if (!text.empty()) {
+            words.emplace_back(option);
+            words.push_back(text);
+        }
+    }
+    line.arguments.insert(line.arguments.begin(), words.begin(), words.end());
 }
 
 } // namespace tovik::cd

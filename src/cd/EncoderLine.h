@@ -2,6 +2,8 @@
 // The commands of the encoder programs. Any thread.
 #pragma once
 
+#include "tags/FreshTags.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -24,5 +26,9 @@ struct EncoderLine {
                                                      std::int32_t priority,
                                                      std::string_view dataFolder,
                                                      const std::string& path);
+
+/// Has the program write these tags, where it is one that makes Ogg: UTF-8; what is empty is left
+/// out.
+void addTags(EncoderLine& line, const tags::FreshTags& tags);
 
 } // namespace tovik::cd

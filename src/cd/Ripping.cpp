@@ -11,9 +11,6 @@
 #include "host/Counted.h"
 #include "player/LiveSetting.h"
 #include "player/SoundDevice.h"
-#include "tags/cMP3ID3v1.h"
-#include "tags/cMP3ID3v2.h"
-#include "tags/TagField.h"
 
 #include <exception>
 #include <utility>
@@ -42,16 +39,13 @@ host::MessageBox question(std::string text, std::string title) {
             .defaultAnswer = host::MessageAnswer::No};
 }
 
-/// A text of the form as a tag holds it.
-std::string tagBytes(const std::string& text) {
-    tags::TagField field;
-    field.type(text);
-    return field.bytes();
-}
-
 } // namespace
 
 void Ripping::Rip_All() {
+    if (const auto row = std::exchange(again_, std::nullopt)) {
+        ripRow(*row);
+        return;
+    }
     command(config::procedureOf("TSR", "RipAll"), [this] {
         if (needs_.lstTracks.ListCount() == 0) {
             return;
@@ -68,8 +62,12 @@ void Ripping::Rip_All() {
 }
 
 void Ripping::mnuRipSel() {
-    command(config::procedureOf("TSR", "RipSel"), [this] {
-        const playlist::Row row = needs_.lstTracks.SelectedIndex;
+    ripRow(needs_.lstTracks.SelectedIndex);
+}
+
+void Ripping::ripRow(playlist::Row row) {
+    command(config::procedureOf("TSR", "RipSel"), [this, row] {
+        refusedRow_ = row;
         if (row < 1 || row > needs_.lstTracks.ListCount()) {
             return;
         }
@@ -93,8 +91,14 @@ void Ripping::command(const config::Procedure& procedure, const std::function<vo
             setRunning(false);
         }
     }
+    const playlist::Row row = std::exchange(refusedRow_, 0);
     if (std::exchange(refused_, false)) {
+        // A deliberate oddity: what is ripped from there is the disc, whatever was to be.
+        if (row > 0 && needs_.core.state.comfort.ripsRefusedTrack) {
+            again_ = row;
+        }
         call(hooks.showDisc);
+        again_.reset();
     }
 }
 
@@ -121,12 +125,13 @@ std::optional<Ripping::Job> Ripping::begin(bool alone) {
     if (!format) {
         return std::nullopt;
     }
+    const bool clean = needs_.core.state.comfort.cleansRipNames;
     std::string album = albumName(needs_.form);
     if (album.empty()) {
         album = unnamedAlbum(needs_.words.unnamed(), needs_.host.clock.localTime());
     }
     const std::string root = ripFolder(needs_.host.paths, player::readLive(settings, "ROP"));
-    const std::string folder = base::joinPath(root, ripName(album));
+    const std::string folder = base::joinPath(root, clean ? cleanRipName(album) : ripName(album));
     // Who thinks about the question may put in another disc.
     const auto disc = [this] {
         return needs_.core.sound.discNumber(static_cast<std::uint32_t>(needs_.disc.CDDrive));
@@ -139,6 +144,7 @@ std::optional<Ripping::Job> Ripping::begin(bool alone) {
     return Job{.format = *format,
                .rate = format->rate ? ripRate(rates, *format->rate) : 0,
                .folder = folder,
+               .root = root,
                .alone = alone};
 }
 
@@ -169,6 +175,9 @@ bool Ripping::mayWriteInto(const std::string& folder) {
     const std::optional<bool> exists = folderExists(needs_.host.pump, folder);
     if (!exists) {
         return false;
+    }
+    if (*exists && needs_.core.state.comfort.keepsEarlierRips) {
+        return true;
     }
     if (!*exists) {
         try {
@@ -210,7 +219,11 @@ std::vector<std::int64_t> Ripping::lengthsOf(const Job& job,
 }
 
 bool Ripping::run(const Job& job, const std::vector<Track>& tracks) {
-    call(hooks.Stop_play);
+    const bool alone = !needs_.core.state.comfort.playsWhileRipping;
+    if (alone) {
+        call(hooks.Stop_play);
+    }
+    written_.clear();
     needs_.progress.begin(lengthsOf(job, tracks));
     RipEnd end = RipEnd::done;
     std::exception_ptr error;
@@ -222,7 +235,7 @@ bool Ripping::run(const Job& job, const std::vector<Track>& tracks) {
                 return false; // nothing is there any more
             }
             needs_.progress.endTrack();
-            if (end == RipEnd::hopeless) {
+            if (end == RipEnd::hopeless || endCancelled()) {
                 break;
             }
         }
@@ -245,11 +258,11 @@ RipEnd Ripping::rip(const Job& job, const Track& track) {
     case RipBranch::ogg:
         return ripByProgram(job, track);
     case RipBranch::wav:
-        return ripper_.ExtractAudioTrackToWav(track.number, job.folder);
+        return ripper_.extractToWav(track.number, pathOf(job, track));
     case RipBranch::wma: {
         RipEnd end = RipEnd::failed;
         config::guard(needs_.core.errors, config::procedureOf("TSR", "Extract2WMA"),
-                      [&] { end = ripper_.ExtractAudioTrackToWMA(track.number); });
+                      [&] { end = ripper_.extractToWma(track.number, pathOf(job, track)); });
         return end;
     }
     }
@@ -257,47 +270,14 @@ RipEnd Ripping::rip(const Job& job, const Track& track) {
 }
 
 RipEnd Ripping::ripByProgram(const Job& job, const Track& track) {
-    const auto number = static_cast<std::size_t>(track.number);
-    const std::string name = ripName(trackTitle(needs_.form, number));
-    const std::string extension =
-        job.alone ? shortExtension(job.format) : std::string(job.format.extension);
-    const std::string path = base::joinPath(job.folder, name + extension);
+    const std::string path = pathOf(job, track);
     const RipEnd end = ripper_.Encoder(std::to_string(track.number), job.format.type, job.rate,
                                        path, true, static_cast<std::int16_t>(track.row - 1));
-    if (end == RipEnd::done && job.format.branch == RipBranch::mp3) {
+    const bool goes = !ripper_.partFile().empty() && needs_.core.state.comfort.removesPartFiles;
+    if (end == RipEnd::done && job.format.branch == RipBranch::mp3 && !goes) {
         WriteMp3Tag(path, track.number);
     }
     return end;
-}
-
-void Ripping::WriteMp3Tag(const std::string& path, std::int32_t track) {
-    config::guard(needs_.core.errors, config::procedureOf("TSR", "WriteMp3Tag"), [&] {
-        const DiscForm& form = needs_.form;
-        const std::string title = tagBytes(trackTitle(form, static_cast<std::size_t>(track)));
-        const std::string year = tagBytes(form.Text1[1]);
-        tags::cMP3ID3v1 first(warning_);
-        first.MP3File(path);
-        first.Artist(tagBytes(form.Text2[0]));
-        first.Title(title);
-        first.Year(year);
-        if (form.V1Genre >= 0) {
-            first.genre(static_cast<std::uint8_t>(form.V1Genre));
-        }
-        first.track(static_cast<std::uint8_t>(track + 1));
-        first.Update();
-
-        tags::cMP3ID3v2 second(warning_, work_);
-        second.MP3File(path);
-        second.Album(tagBytes(form.Text1[0]));
-        second.Title(title);
-        second.Year(year);
-        second.track(std::to_string(track + 1));
-        second.EncodedBy("Tovik");
-        if (form.V2Genre >= 0) {
-            second.genre(static_cast<std::uint8_t>(form.V2Genre));
-        }
-        static_cast<void>(second.Update());
-    });
 }
 
 } // namespace tovik::cd

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -36,7 +37,8 @@ public:
         std::function<void()> showPanel{};       ///< whether a rip runs is another
     } hooks;
 
-    /// Rips the tracks of all rows of the list. What goes wrong is logged.
+    /// Rips the tracks of all rows of the list, or the one whose folder was refused before. What
+    /// goes wrong is logged.
     void Rip_All();
 
     /// The same for the selected row.
@@ -58,6 +60,7 @@ private:
         RipFormat format;
         std::int32_t rate = 0;
         std::string folder; ///< absolute
+        std::string root;   ///< where that is
         bool alone = false; ///< one track
     };
 
@@ -79,6 +82,11 @@ private:
                                                       const std::vector<Track>& tracks) const;
     [[nodiscard]] RipEnd rip(const Job& job, const Track& track);
     [[nodiscard]] RipEnd ripByProgram(const Job& job, const Track& track);
+    void ripRow(playlist::Row row);
+    [[nodiscard]] std::string pathOf(const Job& job, const Track& track);
+    [[nodiscard]] std::string nameOf(const Job& job, const Track& track) const;
+    [[nodiscard]] bool endCancelled();
+    void writeTags(const std::string& path, std::int32_t track);
     void setRunning(bool running);
 
     /// A command runs already, or is asking something.
@@ -88,8 +96,11 @@ private:
     tags::TagWarning& warning_;
     tags::TagWork& work_;
     TrackRipper ripper_;
-    int running_ = 0;      ///< commands
-    bool refused_ = false; ///< the folder is there, and is to stay as it is
+    int running_ = 0;                      ///< commands
+    bool refused_ = false;                 ///< the folder is there, and is to stay as it is
+    playlist::Row refusedRow_ = 0;         ///< the track that was to go there; 0: the disc
+    std::optional<playlist::Row> again_{}; ///< the row that the dialog's button rips
+    std::set<std::string> written_{};      ///< by the job
 };
 
 } // namespace tovik::cd

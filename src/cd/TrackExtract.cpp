@@ -48,10 +48,6 @@ private:
     std::uint32_t unlocked_;
 };
 
-std::string trackFile(std::int32_t track, const char* extension) {
-    return "TRACK" + std::to_string(track + 1) + extension;
-}
-
 std::string headOf(sound::SoundLibrary& sound, sound::Handle stream) {
     constexpr std::uint32_t kMostChannels = 2;
     sound::BASS_CHANNELINFO info;
@@ -69,8 +65,13 @@ std::string headOf(sound::SoundLibrary& sound, sound::Handle stream) {
 } // namespace
 
 RipEnd TrackRipper::ExtractAudioTrackToWav(std::int32_t track, const std::string& folder) {
+    return extractToWav(track, base::joinPath(folder, plainTrackFile(track, ".WAV")));
+}
+
+RipEnd TrackRipper::extractToWav(std::int32_t track, const std::string& path) {
+    partFile_.clear();
     try {
-        return writeWav(track, folder);
+        return writeWav(track, path);
     } catch (...) {
         config::ShowRoutineError(needs_.host.dialogs, "ExtractAudioTrack", "Player",
                                  config::currentError());
@@ -91,7 +92,7 @@ RipEnd TrackRipper::withoutStream(std::uint32_t drive) const {
     return sound().discToc(drive) ? RipEnd::failed : RipEnd::hopeless;
 }
 
-RipEnd TrackRipper::writeWav(std::int32_t track, const std::string& folder) {
+RipEnd TrackRipper::writeWav(std::int32_t track, const std::string& path) {
     const auto drive = static_cast<std::uint32_t>(needs_.disc.CDDrive);
     const LockedDoor door(sound(), drive, drive);
     sound::Handle& stream = needs_.disc.CDStream;
@@ -101,7 +102,6 @@ RipEnd TrackRipper::writeWav(std::int32_t track, const std::string& folder) {
         needs_.host.dialogs.showMessage({.text = kNoStream, .title = host::kProgramTitle});
         return withoutStream(drive);
     }
-    const std::string path = base::joinPath(folder, trackFile(track, ".WAV"));
     RipFile file(path, headOf(sound(), stream));
     TrackFlow flow(needs_);
     const bool goesOn =
@@ -129,6 +129,7 @@ RipEnd TrackRipper::writeWav(std::int32_t track, const std::string& folder) {
         tellUnwritten(path, failure);
         return RipEnd::failed;
     }
+    partFile_ = flow.stopped() ? path : std::string();
     return end;
 }
 
@@ -139,14 +140,15 @@ RipEnd TrackRipper::ExtractAudioTrackToWMA(std::int32_t track) {
         folder = base::joinPath(folder, ripName(album));
     }
     const std::string name = trackTitle(needs_.form, static_cast<std::size_t>(track));
-    return writeWma(track, base::joinPath(folder, ripName(name) + ".WMA"));
+    return extractToWma(track, base::joinPath(folder, ripName(name) + ".WMA"));
 }
 
 RipEnd TrackRipper::ExtractAudioTrackToWMA(std::int32_t track, const std::string& folder) {
-    return writeWma(track, base::joinPath(folder, trackFile(track, ".WMA")));
+    return extractToWma(track, base::joinPath(folder, plainTrackFile(track, ".WMA")));
 }
 
-RipEnd TrackRipper::writeWma(std::int32_t track, const std::string& path) {
+RipEnd TrackRipper::extractToWma(std::int32_t track, const std::string& path) {
+    partFile_.clear();
     const std::int32_t rate =
         ripRate(player::readLive(needs_.core.settings, "DOB"), kWmaRateElement);
     const auto drive = static_cast<std::uint32_t>(needs_.disc.CDDrive);
@@ -170,6 +172,7 @@ RipEnd TrackRipper::writeWma(std::int32_t track, const std::string& path) {
     sound().BASS_ChannelStop(stream);
     sound().BASS_StreamFree(stream);
     needs_.core.state.RippingNow = false;
+    partFile_ = flow.stopped() && end != RipEnd::hopeless ? path : std::string();
     return end;
 }
 

@@ -37,7 +37,6 @@ bool TrackFlow::run(const Job& job, const Sink& sink) {
     sound::SoundLibrary& sound = needs_.core.sound;
     std::vector<std::byte> buffer(job.block);
     const std::int64_t length = sound.BASS_StreamGetLength(job.channel);
-    bool stopped = false;
     while (sound.BASS_ChannelIsActive(job.channel) != sound::Activity::stopped && !sink.failed()) {
         if (sink.takesMore()) {
             const std::int32_t got = sound.BASS_ChannelGetData(
@@ -55,12 +54,13 @@ bool TrackFlow::run(const Job& job, const Sink& sink) {
         if (!needs_.host.pump.Step()) {
             return false;
         }
-        stopped = cancelled();
-        if (stopped) {
+        stopped_ = cancelled();
+        if (stopped_) {
             break;
         }
     }
-    brokenOff_ = !stopped && moved_ < length && !sink.failed();
+    stopped_ = stopped_ && moved_ < length;
+    brokenOff_ = !stopped_ && moved_ < length && !sink.failed();
     return true;
 }
 

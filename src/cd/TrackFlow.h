@@ -51,6 +51,9 @@ public:
     /// user wanted.
     [[nodiscard]] bool brokenOff() const noexcept { return brokenOff_; }
 
+    /// Whether the user ended the last run before its stream's end.
+    [[nodiscard]] bool stopped() const noexcept { return stopped_; }
+
 private:
     [[nodiscard]] bool cancelled() const;
     void show(const Job& job) const;
@@ -59,6 +62,7 @@ private:
     std::int64_t moved_ = 0;
     std::int64_t beganMs_ = 0;
     bool brokenOff_ = false;
+    bool stopped_ = false;
     bool cancelledBefore_ = false; ///< with an earlier track
 };
 

@@ -4,6 +4,7 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "cd/RipDrive.h"
+#include "cd/RipNames.h"
 #include "config/ConversionLog.h"
 #include "config/ErrorTexts.h"
 #include "player/LiveSetting.h"
@@ -38,12 +39,19 @@ RipEnd TrackRipper::Encoder(const std::string& source, std::string_view type, st
         player::readLive(needs_.core.settings, "EPRIO", [](const std::string& text) {
             return base::toInt32(base::textToNumber(text));
         });
-    const auto line = encoderLine(type, bitrate, priority, needs_.host.paths.dataFolder(), path);
+    auto line = encoderLine(type, bitrate, priority, needs_.host.paths.dataFolder(), path);
     const auto program = line ? needs_.host.programs.find(line->program) : std::nullopt;
     if (line && !program) {
         return noProgram(*line);
     }
-    sound().BASS_Free();
+    if (line && isCdTrack && needs_.core.state.comfort.fillsBothTags) {
+        addTags(*line, tagsOf(needs_.form, base::toInt32(base::textToNumber(source))));
+    }
+    partFile_.clear();
+    const bool alone = !needs_.core.state.comfort.playsWhileRipping; // nothing else sounds
+    if (alone) {
+        sound().BASS_Free();
+    }
     static_cast<void>(player::openSoundDevice(sound(), needs_.window.handle()));
     sound().BASS_SetConfig(kFormatOption, 0);
     sound().BASS_Encode_Stop(encoderChannel_);
@@ -70,7 +78,10 @@ RipEnd TrackRipper::Encoder(const std::string& source, std::string_view type, st
                         flow, end);
     }
     sound().BASS_StreamFree(encoderChannel_);
-    sound().BASS_Free();
+    if (alone) {
+        sound().BASS_Free();
+    }
+    partFile_ = flow.stopped() && end != RipEnd::hopeless ? path : std::string();
     // The library given back with success has forgotten what went wrong before.
     const sound::ErrorCode last = sound().BASS_ErrorGetCode();
     const auto code = static_cast<std::int32_t>(failure != sound::ErrorCode::ok ? failure : last);

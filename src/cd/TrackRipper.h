@@ -28,11 +28,21 @@ public:
     /// Writes "TRACK", the number from 1 and ".WAV" into the folder. Raises nothing.
     [[nodiscard]] RipEnd ExtractAudioTrackToWav(std::int32_t track, const std::string& folder);
 
+    /// The same into a file of that name.
+    [[nodiscard]] RipEnd extractToWav(std::int32_t track, const std::string& path);
+
     /// Writes a WMA file with the names of the form. Raises what reading settings raises.
     [[nodiscard]] RipEnd ExtractAudioTrackToWMA(std::int32_t track);
 
     /// The same as "TRACK", the number from 1 and ".WMA" into a given folder.
     [[nodiscard]] RipEnd ExtractAudioTrackToWMA(std::int32_t track, const std::string& folder);
+
+    /// The same into a file of that name.
+    [[nodiscard]] RipEnd extractToWma(std::int32_t track, const std::string& path);
+
+    /// What was written of the last track when the user ended it, and nobody writes on; empty
+    /// where it is whole.
+    [[nodiscard]] const std::string& partFile() const noexcept { return partFile_; }
 
 private:
     [[nodiscard]] sound::Handle openSource(const std::string& source, bool isCdTrack);
@@ -48,8 +58,7 @@ private:
     [[nodiscard]] RipEnd encode(const EncoderLine& line, const std::string& program,
                                 const TrackFlow::Job& job, TrackFlow& flow,
                                 const std::string& path);
-    [[nodiscard]] RipEnd writeWav(std::int32_t track, const std::string& folder);
-    [[nodiscard]] RipEnd writeWma(std::int32_t track, const std::string& path);
+    [[nodiscard]] RipEnd writeWav(std::int32_t track, const std::string& path);
     [[nodiscard]] RipEnd flowToWma(std::int32_t track, sound::Handle encoder, TrackFlow& flow,
                                    const std::string& path);
     [[nodiscard]] TrackFlow::Job jobOf(sound::Handle stream, std::int32_t track) const;
@@ -73,6 +82,7 @@ private:
     [[nodiscard]] sound::SoundLibrary& sound() const { return needs_.core.sound; }
 
     const RipNeeds& needs_;
+    std::string partFile_;
     sound::Handle encoderChannel_ = sound::kNoHandle; ///< of the last `Encoder`
 };
 

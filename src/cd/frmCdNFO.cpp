@@ -99,12 +99,14 @@ void frmCdNFO::Unload() {
     form().Text2.front() = form().told.back();
     form().List1.clear();
     form().V1Genre = form().V2Genre = kNoGenre;
+    typed_ = false;
     toc_.clear();
     loaded_ = false;
 }
 
 void frmCdNFO::forgetOtherDisc() {
     if (loaded_ && firstToc() != toc_) {
+        keepTyped();
         Unload();
     }
 }
@@ -131,6 +133,7 @@ void frmCdNFO::Form_Activate() {
         return;
     }
     if (!fresh_) { // another disc than the one that was named
+        keepTyped();
         Unload();
         nameTracks();
         loaded_ = true;
@@ -152,6 +155,7 @@ void frmCdNFO::Form_Unload() {
     view_ = nullptr;
     form().changed = nullptr;
     needs_.FREEDB.callOff();
+    keepTyped();
 }
 
 bool frmCdNFO::Command1_Click(Button button) {
@@ -163,6 +167,7 @@ bool frmCdNFO::Command1_Click(Button button) {
             closes = true;
             break;
         case Button::close:
+            keepTyped();
             Unload();
             break;
         case Button::search:
@@ -177,13 +182,17 @@ bool frmCdNFO::Command1_Click(Button button) {
 }
 
 void frmCdNFO::Text1_Change(int index, const std::string& text) {
-    form().Text1.at(static_cast<std::size_t>(index)) = text;
+    std::string& field = form().Text1.at(static_cast<std::size_t>(index));
+    typed_ = typed_ || field != text;
+    field = text;
 }
 
 void frmCdNFO::Text2_Change(int index, const std::string& text) {
     config::guard(needs_.core.errors, config::procedureOf("CDNFO", "text2_change"), [&] {
-        form().Text2.at(static_cast<std::size_t>(index)) = text;
+        std::string& field = form().Text2.at(static_cast<std::size_t>(index));
         const auto track = Get_Selected();
+        typed_ = typed_ || (field != text && (index != kTrackField || track));
+        field = text;
         if (index == kTrackField && track) {
             form().List1.at(*track) = text;
             if (view_ != nullptr) {
@@ -219,7 +228,10 @@ bool frmCdNFO::load_local_cddb() {
         }
         deselect();
         try {
-            readDiscFile(*bytes, form());
+            readDiscFile(*bytes, form(),
+                         needs_.core.state.comfort.readsDiscKeys ? DiscKeys::inFront
+                                                                 : DiscKeys::anywhere);
+            typed_ = false;
         } catch (...) {
             show(); // what stood before the bad line is taken over
             throw;
@@ -235,16 +247,18 @@ void frmCdNFO::rip() {
     const std::string genre = base::toUpperAscii(form().Text2[kGenreField]);
     form().V1Genre = form().V2Genre = kNoGenre;
     if (format.starts_with(kTaggedFormat) && !genre.empty()) {
-        form().V1Genre = findGenre(0, kLastGenre1, [&genre](int number) {
-            return base::toUpperAscii(tags::cMP3ID3v1::GenreName(number)).find(genre) !=
-                   std::string::npos;
+        const bool whole = needs_.core.state.comfort.takesWholeGenre;
+        form().V1Genre = findGenre(0, kLastGenre1, [&genre, whole](int number) {
+            const std::string name = base::toUpperAscii(tags::cMP3ID3v1::GenreName(number));
+            return whole ? name == genre : name.find(genre) != std::string::npos;
         });
-        form().V2Genre = findGenre(1, kLastGenre2, [&genre](int number) {
+        form().V2Genre = findGenre(whole ? 0 : 1, kLastGenre2, [&genre](int number) {
             return base::toUpperAscii(tags::cMP3ID3v2::GenreName(number)) == genre;
         });
     }
     // What was typed is of this disc, also where it was put in while the dialog was open.
     toc_ = firstToc();
+    keepTyped();
     ripAsked_ = true;
 }
 
@@ -297,6 +311,7 @@ void frmCdNFO::search() {
 }
 
 void frmCdNFO::clear() {
+    typed_ = false; // what is kept of the disc stays
     emptyFields();
     nameTracks();
     show();
@@ -329,6 +344,7 @@ void frmCdNFO::takeFetched(const DiscForm& fetched) {
     form().Text1 = fetched.Text1;
     form().Text2 = fetched.Text2;
     form().List1 = fetched.List1;
+    typed_ = false;
     show();
 }
 
@@ -345,11 +361,28 @@ void frmCdNFO::store(const std::string& discId, const DiscForm& fetched) {
     static_cast<void>(done); // an end of the program does not keep it from being written
 }
 
+/// What the user knows of the disc is kept as what a search has found.
+void frmCdNFO::keepTyped() {
+    if (!needs_.core.state.comfort.keepsTypedNames || !typed_ || toc_.empty()) {
+        return;
+    }
+    typed_ = false;
+    config::guard(needs_.core.errors, config::procedureOf("CDNFO", "command1"),
+                  [this] { store(discs::FREEDB::DiscId(toc_), form()); });
+}
+
 /// A deliberate oddity: the disc in the first drive, whichever drive is chosen.
 std::string frmCdNFO::firstToc() {
     const std::string drives = needs_.FREEDB.CdDrives();
-    return drives.empty() ? std::string()
-                          : needs_.FREEDB.DiscToc(drives.substr(0, drives.find('|')));
+    std::string_view letters = drives;
+    const bool chosen = needs_.core.state.comfort.namesChosenDisc && hooks.drive;
+    for (std::int32_t before = chosen ? hooks.drive() : 0; before > 0; --before) {
+        const std::size_t bar = letters.find('|');
+        letters.remove_prefix(bar == std::string_view::npos ? letters.size() : bar + 1);
+    }
+    return letters.empty()
+               ? std::string()
+               : needs_.FREEDB.DiscToc(std::string(letters.substr(0, letters.find('|'))));
 }
 
 void frmCdNFO::show() {

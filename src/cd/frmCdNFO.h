@@ -54,8 +54,9 @@ public:
 
     /// Set by who composes the player; one that is not set does nothing.
     struct Hooks {
-        std::function<void()> open{};    ///< opens the dialog; it is closed on return
-        std::function<void()> Rip_All{}; ///< rips the tracks of the disc
+        std::function<void()> open{};          ///< opens the dialog; it is closed on return
+        std::function<void()> Rip_All{};       ///< rips the tracks of the disc
+        std::function<std::int32_t()> drive{}; ///< the chosen one, from 0
     } hooks;
 
     // For who rips and who lists tracks -----------------------------------------------------------
@@ -103,7 +104,8 @@ public:
     /// The selected track; nothing when none is.
     [[nodiscard]] std::optional<std::size_t> Get_Selected() const;
 
-    /// Reads the fields from the file that is kept of the disc in the first drive. Without a disc
+    /// Reads the fields from the file that is kept of the disc in the first drive, or in the chosen
+    /// one with `Comfort::namesChosenDisc`. Without a disc
     /// or a file they stay as they are. Returns whether there was a file.
     bool load_local_cddb();
 
@@ -121,6 +123,7 @@ private:
     void nameTracks();
     void takeFetched(const DiscForm& fetched);
     void store(const std::string& discId, const DiscForm& fetched);
+    void keepTyped();
     [[nodiscard]] std::string firstToc();
     void show();
     void showSearch();
@@ -138,6 +141,7 @@ private:
     bool loaded_ = false; ///< the form is that of a dialog that was not closed
     bool fresh_ = false;  ///< what is kept of the disc was not looked for yet
     bool ripAsked_ = false;
+    bool typed_ = false; ///< the form holds what nothing but the user knows
     bool searching_ = false;
     bool staysOnTop_ = false;
     std::optional<discs::QueryEnd> searchEnd_;

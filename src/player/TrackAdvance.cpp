@@ -222,8 +222,9 @@ bool TrackAdvance::neverEnds() const {
 }
 
 void TrackAdvance::endTrack() {
-    if (core_.state.RippingNow || core_.state.RipRunning) {
-        return; // the latter also between two tracks
+    const bool rips = core_.state.RippingNow || core_.state.RipRunning; // also between two tracks
+    if (rips && !core_.state.comfort.playsWhileRipping) {
+        return;
     }
     const bool listEnds = core_.state.comfort.stopsAtListEnd && !hasNext();
     if (core_.state.StopAfterCurrent || fadeOut_.runs() || listEnds) {
@@ -283,7 +284,8 @@ std::int64_t TrackAdvance::nearEnd(std::int64_t milliseconds) {
     constexpr std::int64_t kOpensBefore = 4000; // enough for a disk that wakes up
     const PlayerState& state = core_.state;
     fadeModule(milliseconds);
-    const bool movesOn = !state.StopAfterCurrent && !fadeOut_.runs() && !state.RipRunning;
+    const bool held = state.RipRunning && !state.comfort.playsWhileRipping;
+    const bool movesOn = !state.StopAfterCurrent && !fadeOut_.runs() && !held;
     const auto next = movesOn ? upcomingRow() : std::nullopt;
     if (!next || *next < 1) {
         seamless_.drop();

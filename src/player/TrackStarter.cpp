@@ -9,7 +9,9 @@
 namespace tovik::player {
 
 void TrackStarter::resetDevice() {
-    core_.sound.BASS_Free();
+    if (!core_.state.RipRunning) { // which would end with the library
+        core_.sound.BASS_Free();
+    }
     static_cast<void>(openSoundDevice(core_.sound, window_.handle()));
     TrackOpener opener(core_.sound);
     opener.free(core_.state.PrimaryChannel);

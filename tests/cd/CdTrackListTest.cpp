@@ -154,5 +154,37 @@ TEST(Seconds2HMS, ofMinutesAndHours) {
     EXPECT_EQ(cd::Seconds2HMS(4441), "1:14:01");
 }
 
+TEST_F(CdTrackList, numbersMayBeSeparated) {
+    insert({{10, 20}});
+    state_.comfort.separatesNumbers = true;
+    loadText("TITLE0=Album|TITLE1=Song|PERFORMER1=Singer|TITLE2=2 More");
+    EXPECT_EQ(tracks_.text(1, playlist::RowText::Title), "1. Song / Singer");
+    EXPECT_EQ(tracks_.text(2, playlist::RowText::Title), "2. 2 More / ");
+}
+
+TEST_F(CdTrackList, aTrackThatTheDiscDoesNotHaveMayBePassedOver) {
+    insert({{10, 20}});
+    state_.comfort.skipsStrayCdText = true;
+    loadText("TITLE1=Song|TITLE3=None|PERFORMER-1=No|PERFORMER2=Singer");
+    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+    EXPECT_EQ(tracks_.ListCount(), 2);
+    EXPECT_EQ(tracks_.text(1, playlist::RowText::Title), "1Song / ");
+    EXPECT_EQ(tracks_.text(2, playlist::RowText::Title), "2 / Singer");
+}
+
+TEST_F(CdTrackList, theRipListMayStayBesideThePlaylist) {
+    insert({{10, 20}});
+    load(tracks_);
+    state_.comfort.keepsRipList = true;
+    load(list_);
+    EXPECT_EQ(tracks_.ListCount(), 2);
+    EXPECT_EQ(list_.ListCount(), 2);
+    load(tracks_);
+    EXPECT_EQ(tracks_.ListCount(), 2) << "its own pouring empties it";
+    state_.comfort.keepsRipList = false;
+    load(list_);
+    EXPECT_EQ(tracks_.ListCount(), 0);
+}
+
 } // namespace
 } // namespace tovik::test

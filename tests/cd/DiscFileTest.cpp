@@ -109,5 +109,26 @@ TEST(DiscFile, aNameThatIsNotThereIsEmpty) {
     EXPECT_EQ(trackName(filledForm(), 3), "");
 }
 
+TEST(DiscFile, linesMayBeToldByTheKeyInFront) {
+    DiscForm form;
+    form.List1 = {"older"};
+    readDiscFile("DISCID=1\r\nDTITLE=a = b\nno line\ndartist = Ann\nDYEAR=1999\nDGENRE=\n"
+                 "TTITLE0=Dyear\nTTITLE1=my dtitle=x\nOTHER=dgenre\nTTITLE2\n",
+                 form, DiscKeys::inFront);
+    EXPECT_THAT(form.Text1, ElementsAre("a = b", "1999"));
+    EXPECT_THAT(form.Text2, ElementsAre(" Ann", "", ""));
+    EXPECT_THAT(form.List1, ElementsAre("Dyear", "my dtitle=x"));
+}
+
+TEST(DiscFile, whatWasWrittenIsReadByItsKeys) {
+    DiscForm before = filledForm();
+    before.Text1[0] = "dyear = ttitle";
+    before.List1 = {"DTITLE=", "=", ""};
+    DiscForm form;
+    readDiscFile(discFileText("1", before), form, DiscKeys::inFront);
+    EXPECT_EQ(form.Text1, before.Text1);
+    EXPECT_EQ(form.List1, before.List1);
+}
+
 } // namespace
 } // namespace tovik::cd

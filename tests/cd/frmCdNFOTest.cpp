@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cd/CdNFORig.h"
 
+#include <filesystem>
+
 namespace tovik::test {
 namespace {
 
@@ -319,6 +321,79 @@ TEST_F(frmCdNFOTest, aRipThatCannotBeginIsLogged) {
     takeOut("DOF");
     EXPECT_FALSE(dialog_.Command1_Click(Button::rip));
     EXPECT_THAT(logged(), ElementsAre(HasSubstr("CDNFO,command1")));
+}
+
+TEST_F(frmCdNFOTest, whatWasTypedMayBeKept) {
+    state_.comfort.keepsTypedNames = true;
+    open();
+    close();
+    EXPECT_FALSE(std::filesystem::exists(host_.folder / discFile())) << "nothing was typed";
+    for (const Button button : {Button::close, Button::rip}) {
+        open();
+        dialog_.Text1_Change(0, button == Button::rip ? "ripped" : "closed");
+        dialog_.List1_Click(1);
+        dialog_.Text2_Change(1, "Second");
+        close(button);
+        EXPECT_THAT(host_.folder.read(discFile()),
+                    HasSubstr(button == Button::rip ? "DTITLE=ripped\r\n" : "DTITLE=closed\r\n"));
+        dialog_.Unload();
+    }
+    open();
+    EXPECT_EQ(form_.Text1[0], "ripped");
+    EXPECT_THAT(form_.List1, ElementsAre("Track 1", "Second"));
+    const std::string kept = host_.folder.read(discFile());
+    dialog_.Command1_Click(Button::clear);
+    close();
+    EXPECT_EQ(host_.folder.read(discFile()), kept) << "cleared fields are nothing to keep";
+    open();
+    dialog_.Text1_Change(1, "2001");
+    dialog_.Form_Unload(); // the window is closed
+    EXPECT_THAT(host_.folder.read(discFile()), HasSubstr("DYEAR=2001\r\n"));
+}
+
+TEST_F(frmCdNFOTest, withoutThatWhatWasTypedIsGone) {
+    open();
+    dialog_.Text1_Change(0, "typed");
+    close();
+    EXPECT_FALSE(std::filesystem::exists(host_.folder / discFile()));
+}
+
+TEST_F(frmCdNFOTest, theChosenDrivesDiscMayBeNamed) {
+    sound_.drives.insert(sound_.drives.begin(), sound_.drives.front());
+    sound_.drives[0].toc = FakeDiscs::discOf({50, 60, 70});
+    sound_.drives[1].letter = sound_.drives[0].letter + 1;
+    dialog_.hooks.drive = [] { return 1; };
+    host_.folder.write(discFile(), "DTITLE=of the second\n");
+    EXPECT_FALSE(dialog_.load_local_cddb()) << "the first one is another disc";
+    state_.comfort.namesChosenDisc = true;
+    EXPECT_TRUE(dialog_.load_local_cddb());
+    EXPECT_EQ(form_.Text1[0], "of the second");
+    dialog_.hooks.drive = [] { return 7; };
+    EXPECT_FALSE(dialog_.load_local_cddb()) << "a drive that is not there";
+}
+
+TEST_F(frmCdNFOTest, linesMayBeToldByTheirKeys) {
+    host_.folder.write(discFile(), "DTITLE=a=b\nTTITLE0=Dyear\n");
+    state_.comfort.readsDiscKeys = true;
+    open();
+    EXPECT_THAT(form_.Text1, ElementsAre("a=b", ""));
+    EXPECT_THAT(form_.List1, ElementsAre("Dyear"));
+}
+
+TEST_F(frmCdNFOTest, theGenreMayBeTheOneOfThatName) {
+    const auto genresOf = [this](const char* genre) {
+        open();
+        dialog_.Text2_Change(2, genre);
+        close(Button::rip);
+        const auto genres = std::pair(form_.V1Genre, form_.V2Genre);
+        dialog_.Unload();
+        return genres;
+    };
+    EXPECT_EQ(genresOf("blues"), std::pair(std::int16_t{0}, std::int16_t{-1}));
+    state_.comfort.takesWholeGenre = true;
+    EXPECT_EQ(genresOf("blues"), std::pair(std::int16_t{0}, std::int16_t{0}));
+    EXPECT_EQ(genresOf("rock"), std::pair(std::int16_t{17}, std::int16_t{17}));
+    EXPECT_EQ(genresOf("roc"), std::pair(std::int16_t{-1}, std::int16_t{-1}));
 }
 
 } // namespace

@@ -237,6 +237,44 @@ class Rip(ProgramTest):
         self.assertGreater(first, second)
         self.assertLess(second, 44100 * 4 * 3)
 
+    def test_with_comfort_a_cancel_ends_the_job_and_nothing_is_lost(self):
+        disc = Disc(self.folder, [4, 200, 200])
+        self.write(self.data("CDDB/" + disc_id(disc)),
+                   "DTITLE=x=y\r\nDARTIST=AC/DC\r\nDGENRE=Jazz\r\nTTITLE0=Dyear?\r\n"
+                   "TTITLE1=Long\r\nTTITLE2=Never\r\n".encode())
+        folder = os.path.join(self.music, "AC-DC-x=y")
+        self.write(os.path.join(folder, "Dyear.mp3"), b"earlier")
+        self.setting(b"DOF", b"MP3 CBR")
+        self.start_sound_server()
+        length = 60 * 44100 * 4
+        self.write("long.wav", contents(media("wav_s16_44100_stereo.wav"))[:40] +
+                   length.to_bytes(4, "little") + bytes(length))
+        self.show_panel(self.start_program("--comfort=on", "--cd", disc.cue,
+                                           self.path("long.wav")))
+        self.wait_until(lambda: self.streams() == 1, "the sound of a file")
+        self.rip_all()
+        long = os.path.join(folder, "Long.mp3")
+        self.wait_until(lambda: os.path.exists(long) and os.path.getsize(long) > 50000, "a file")
+        encoder = children_of(self.player.pid, "lame")[0]
+        os.kill(int(encoder), signal.SIGSTOP)
+        self.assertEqual(self.streams(), 1, "the file plays on")
+        self.click(BUTTON)
+        box = self.box("Cancel rip")
+        self.tool("xdotool", "key", "--window", box, "alt+y")
+        self.wait_until(lambda: not self.boxes("Cancel rip"), "the end of the box")
+        os.kill(int(encoder), signal.SIGCONT)
+        self.wait_until(lambda: not os.path.exists(long), "the end of the part")
+        time.sleep(0.5)
+        self.assertEqual(sorted(os.listdir(folder)), ["Dyear (2).mp3", "Dyear.mp3"])
+        self.assertEqual(self.streams(), 1)
+        self.end()
+        self.assertEqual(contents(os.path.join(folder, "Dyear.mp3")), b"earlier")
+        told = self.tool("mid3v2", "-l", os.path.join(folder, "Dyear (2).mp3")).stdout
+        for part in ("TALB=x=y", "TPE1=AC/DC", "TIT2=Dyear?", "TRCK=1", "TCON=Jazz"):
+            self.assertIn(part + "\n", told)
+        tail = contents(os.path.join(folder, "Dyear (2).mp3"))[-128:]
+        self.assertEqual(tail[:97].split(b"TAG")[1].split(), [b"Dyear?", b"AC/DC", b"x=y"])
+
     def test_a_missing_encoder_is_named(self):
         disc = Disc(self.folder, [4])
         self.setting(b"DOF", b"MP3 CBR")
