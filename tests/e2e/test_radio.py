@@ -3,10 +3,12 @@
 import os
 import unittest
 
+from program import odd
 from radio import REMOVE, SAVE, RadioTest
 
 
 class Radio(RadioTest):
+    @odd
     def test_a_station_is_played_saved_lost_and_heard_again(self):
         self.start()
         self.play_first_station()

@@ -9,7 +9,7 @@ import time
 import unittest
 
 from disc_image import SECTOR, Disc, with_children
-from program import LIMIT, ProgramTest, children_of, media
+from program import LIMIT, ProgramTest, children_of, media, odd
 
 PANEL = (205, 20)  # the tab of the ripper's panel
 FIRST_ROW = (120, 78)
@@ -186,6 +186,7 @@ class Rip(ProgramTest):
             shutil.rmtree(self.music)  # within a second the folder may have the same name
         self.end()
 
+    @odd
     def test_an_album_is_named_and_tagged(self):
         titles = ['He said "-o x"', "-o x", "Größe"]
         disc = Disc(self.folder, [4, 4.2, 5])
@@ -217,6 +218,7 @@ class Rip(ProgramTest):
                          "TCON=Jazz"):
                 self.assertIn(part + "\n", told)
 
+    @odd
     def test_a_rip_is_cancelled(self):
         disc = Disc(self.folder, [200, 200])
         self.start(b"MP3 CBR", disc)
