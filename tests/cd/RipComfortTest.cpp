@@ -153,6 +153,7 @@ TEST_F(RipComfortTest, wmaStaysInTheFolderOfAnAlbumWithoutAName) {
     ripping_.Rip_All();
     EXPECT_EQ(sound_.encoders.at(0).command.output, music() + "/Song 1.WMA");
     comfort_.keepsWmaInAlbum = true;
+    std::filesystem::remove_all(music());
     sound_.encoders.clear();
     ripping_.Rip_All();
     const std::filesystem::path file(sound_.encoders.at(0).command.output);
