@@ -102,8 +102,8 @@ TEST_F(StationsTest, aFileThatWasNotUnderstoodIsSetAsideForNewStations) {
 }
 
 TEST_F(StationsTest, eachChangeCanBeKeptAtOnce) {
+    put("CMF18", "1");
     startWithTwo();
-    player().state().comfort.keepsStationsAtOnce = true;
     const auto waitFor = [this](const std::string& words) {
         for (int i = 0; i < 5000 && host_.folder.read(kFile).find(words) == std::string::npos;
              ++i) {
@@ -115,7 +115,8 @@ TEST_F(StationsTest, eachChangeCanBeKeptAtOnce) {
     waitFor("Url3=Three\r\n\r\nNumberOfEntries=3\r\n");
     stations().Remove(1);
     waitFor("Url2=Three\r\n\r\nNumberOfEntries=2\r\n");
-    player().state().comfort.keepsStationsAtOnce = false;
+    set("CMF18", "0");
+    player().ground().readComfort();
     stations().Remove(1);
     player().kill_me();
     EXPECT_THAT(host_.folder.read(kFile), HasSubstr("Url1=Three\r\n\r\nNumberOfEntries=1\r\n"));
@@ -124,8 +125,8 @@ TEST_F(StationsTest, eachChangeCanBeKeptAtOnce) {
 TEST_F(StationsTest, aFileThatWasNotUnderstoodIsNotWrittenOverAtOnceEither) {
     const std::string damaged = "[stationlist]\r\nStation1=u\r\nNumberOfEntries=many\r\n";
     host_.folder.write(kFile, damaged);
+    put("CMF18", "1");
     start();
-    player().state().comfort.keepsStationsAtOnce = true;
     player().stations().addStation.Command1_Click("Three", "http://three.example/");
     EXPECT_EQ(host_.folder.read(kFile), damaged);
     player().kill_me();
