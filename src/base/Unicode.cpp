@@ -111,6 +111,14 @@ std::string utf8FromUtf16(std::string_view bytes, ByteOrder order) {
     return text;
 }
 
+std::u32string charactersOf(std::string_view text) {
+    std::u32string characters;
+    while (!text.empty()) {
+        characters += static_cast<char32_t>(takeCharacter(text));
+    }
+    return characters;
+}
+
 std::string utf16LeOf(std::u32string_view characters) {
     std::string bytes;
     bytes.reserve(2 * characters.size());

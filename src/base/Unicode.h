@@ -19,6 +19,9 @@ enum class ByteOrder { LittleEndian, BigEndian };
 /// UTF-16 text in UTF-8 (RFC 2781). U+FFFD stands for half a pair and for half a unit at the end.
 [[nodiscard]] std::string utf8FromUtf16(std::string_view bytes, ByteOrder order);
 
+/// The characters of a text that is UTF-8.
+[[nodiscard]] std::u32string charactersOf(std::string_view text);
+
 /// Characters in UTF-16, low byte first (RFC 2781).
 [[nodiscard]] std::string utf16LeOf(std::u32string_view characters);
 

@@ -151,8 +151,11 @@ std::string coverOf(const std::string& trackPath, const std::string& covers,
     }
     std::string found = folderPicture(trackPath);
     if (found.empty()) {
-        if (const auto picture = tags == CoverTags::everyFormat ? tags::pictureOfAnyFile(trackPath)
-                                                                : tags::pictureOfFile(trackPath)) {
+        auto picture = tags::pictureOfFile(trackPath);
+        if (!picture && tags == CoverTags::everyFormat) {
+            picture = tags::pictureOfAnyFile(trackPath);
+        }
+        if (picture) {
             found = keep(*picture, covers, limits);
         }
     }

@@ -78,10 +78,15 @@ void Mp3TagDialog::load() {
     }
     dispatcher_.run([this] { language_.Load_FRM_MP3Tag(); });
     runLocked([this] { logic_.Form_Load(); });
-    if (text2_.front()->isEnabled()) {
-        text2_.front()->setFocus();
+    const bool two = logic_.form().editsVersion1;
+    if (!two) {
+        tabs_->setCurrentIndex(1);
+    }
+    QLineEdit* const first = two ? text2_.front() : text4_.front();
+    if (first->isEnabled()) {
+        first->setFocus();
     } else {
-        checks_.front()->setFocus();
+        (two ? checks_.front() : checks_.back())->setFocus();
     }
 }
 
@@ -139,6 +144,13 @@ void Mp3TagDialog::showForm() {
     }
     showField(text5_, form.Text5);
     showField(text3_, form.Text3);
+    while (genre2_->count() > player::kForeignGenre) {
+        genre2_->removeItem(genre2_->count() - 1);
+    }
+    if (!form.foreignGenre.empty()) {
+        genre2_->addItem(ui::displayString(form.foreignGenre));
+    }
+    tabs_->setTabText(1, ui::displayString(form.tagName));
     genre_->setCurrentIndex(form.genre);
     genre2_->setCurrentIndex(form.Genre2);
     enable();
@@ -159,8 +171,9 @@ void Mp3TagDialog::enable() {
     text3_->setEnabled(form.Check2);
     genre2_->setEnabled(form.Check2);
     command1_.front()->setEnabled(form.mayWrite);
+    checks_.front()->setEnabled(form.editsVersion1);
     for (QPushButton* const button : command2_) {
-        button->setEnabled(form.mayWrite);
+        button->setEnabled(form.mayWrite && form.editsVersion1);
     }
     const QString why = ui::displayString(logic_.reason());
     for (QLabel* const reason : reasons_) {

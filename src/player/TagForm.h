@@ -10,6 +10,9 @@
 
 namespace tovik::player {
 
+/// The entry behind the list of genres, where the second tag has one of its own.
+inline constexpr std::int32_t kForeignGenre = 149;
+
 /// Entry 0 of a list of genres is empty, the others are the numbers from 0 to 147.
 struct TagForm {
     std::string Text1{}; ///< the file's path
@@ -27,7 +30,10 @@ struct TagForm {
     std::int32_t Genre2 = 0;
     bool albumEnabled = false; ///< the last of `Text4`; the others go by `Check2`
 
-    bool mayWrite = false; ///< the file is MPEG audio: save and copy are enabled
+    bool mayWrite = false;        ///< the file can be edited: save and copy are enabled
+    bool editsVersion1 = true;    ///< there are two tags, else the second alone
+    std::string tagName{"ID3v2"}; ///< of the second
+    std::string foreignGenre{};   ///< of the second, by `kForeignGenre`
 };
 
 /// The words of the technical page; where a label holds "[x]" it is the template of its value.

@@ -21,7 +21,7 @@ constexpr int kGenres = 148;
 constexpr std::int32_t kNoEntry = 0;
 constexpr int kNoGenre = 255;
 
-// A deliberate oddity: the last genre counts as none.
+// A deliberate oddity: the last genre counts as none, unless `Comfort::showsLastGenre` is on.
 constexpr int kLastShownGenre = 146;
 
 // The rows of "TovikNotice" in the language files.
@@ -29,14 +29,6 @@ constexpr int kLossNotice = 1;
 constexpr int kSaveNotice = 2;
 constexpr int kCancelNotice = 3;
 constexpr int kNoMpegNotice = 4;
-
-std::int32_t entryOf(int genre) {
-    return genre <= kLastShownGenre ? genre + 1 : kNoEntry;
-}
-
-std::uint8_t genreOf(std::int32_t entry) {
-    return static_cast<std::uint8_t>(entry <= kNoEntry ? kNoGenre : entry - 1);
-}
 
 TagField shownField(const std::string& bytes) {
     return TagField(tags::shownField(bytes));
@@ -86,6 +78,15 @@ private:
 frmMp3Tag::frmMp3Tag(const Needs& needs)
     : needs_(needs), version1_(needs.warning), version2_(needs.warning, needs.work) {}
 
+std::int32_t frmMp3Tag::entryOf(int genre) const {
+    const int last = needs_.core.state.comfort.showsLastGenre ? kGenres - 1 : kLastShownGenre;
+    return genre <= last ? genre + 1 : kNoEntry;
+}
+
+std::uint8_t frmMp3Tag::genreOf(std::int32_t entry) {
+    return static_cast<std::uint8_t>(entry <= kNoEntry || entry > kGenres ? kNoGenre : entry - 1);
+}
+
 std::vector<std::string> frmMp3Tag::genres() {
     std::vector<std::string> entries(1);
     for (int genre = 0; genre < kGenres; ++genre) {
@@ -103,9 +104,14 @@ void frmMp3Tag::Form_Load() {
     list.GetData(list.SelectedIndex);
     form_ = {};
     facts_ = {};
+    kept_ = {};
     form_.Text1 = base::trimmed(list.OutFileName);
-    loadVersion1();
-    loadVersion2();
+    if (keepsFrames()) {
+        loadKept();
+    } else {
+        loadVersion1();
+        loadVersion2();
+    }
     loadFacts();
 }
 
@@ -135,24 +141,30 @@ void frmMp3Tag::loadVersion2() {
                    trimmedField(version2_.EncodedBy()), trimmedField(version2_.Album())};
     form_.Text3 = trimmedField(version2_.track());
     // A deliberate oddity: the genre of version 1, which is number 0 without a tag.
-    form_.Genre2 = entryOf(version1_.genre());
+    form_.Genre2 =
+        entryOf(needs_.core.state.comfort.showsOwnGenre ? version2_.genre() : version1_.genre());
 }
 
 std::int64_t frmMp3Tag::lookAtFile() {
     std::int64_t fileBytes = 0;
     const base::Comfort comfort = needs_.core.state.comfort;
+    const bool keeps = keepsFrames();
     own_ = {};
+    lost_.clear();
+    lostWithoutFields_.clear();
     needs_.work.run([&] {
         const base::RegularFile file(form_.Text1, base::RegularFile::Access::Read);
         if (!file.failure()) {
             fileBytes = file.size();
-            form_.mayWrite = tags::isMpegAudio(file);
+            form_.mayWrite = kept_.kind == tags::TagKind::none ? tags::isMpegAudio(file) : true;
         }
         if (comfort.tellsOwnSound || comfort.findsAllHeaders) {
             own_ = tags::factsOfFile(form_.Text1);
         }
-        lost_ = tags::lostFrames(form_.Text1, shownGenre_);
-        lostWithoutFields_ = tags::lostFrames(form_.Text1, std::nullopt);
+        if (!keeps) {
+            lost_ = tags::lostFrames(form_.Text1, shownGenre_);
+            lostWithoutFields_ = tags::lostFrames(form_.Text1, std::nullopt);
+        }
     });
     return fileBytes;
 }
@@ -183,7 +195,7 @@ bool frmMp3Tag::Command1_Click(Button button) {
 }
 
 void frmMp3Tag::Command2_Click(Copy copy) {
-    if (busy_ || !form_.mayWrite) {
+    if (busy_ || !form_.mayWrite || !form_.editsVersion1) {
         return;
     }
     const std::array<std::pair<TagField*, TagField*>, 6> pairs{{
@@ -196,10 +208,11 @@ void frmMp3Tag::Command2_Click(Copy copy) {
     }};
     if (copy == Copy::toVersion2) {
         form_.Check2 = true;
+        form_.albumEnabled = form_.albumEnabled || needs_.core.state.comfort.enablesAlbum;
         form_.Genre2 = form_.genre;
     } else {
         form_.Check1 = true;
-        form_.genre = form_.Genre2;
+        form_.genre = form_.Genre2 == kForeignGenre ? kNoEntry : form_.Genre2;
     }
     for (const auto& [first, second] : pairs) {
         (copy == Copy::toVersion2 ? *second : *first) = copy == Copy::toVersion2 ? *first : *second;
@@ -217,10 +230,12 @@ void frmMp3Tag::Check1_Click(bool checked) {
 
 void frmMp3Tag::Check2_Click(bool checked) {
     form_.Check2 = checked;
+    const bool takesAlbum = needs_.core.state.comfort.enablesAlbum;
+    form_.albumEnabled = takesAlbum ? checked : form_.albumEnabled;
     if (!checked) {
         TagField album = std::move(form_.Text4.back());
         form_.Text4 = {};
-        form_.Text4.back() = std::move(album);
+        form_.Text4.back() = takesAlbum ? TagField() : std::move(album);
         form_.Text3 = {};
         form_.Genre2 = kNoEntry;
     }
@@ -265,6 +280,9 @@ bool frmMp3Tag::save() {
         return false;
     }
     needs_.warning.TagSaving = true;
+    if (keepsFrames()) {
+        return saveKept();
+    }
     for (TagField* const track : {&form_.Text3, &form_.Text5}) {
         if (!isNumeric(*track)) {
             *track = {};
@@ -276,7 +294,12 @@ bool frmMp3Tag::save() {
 
 bool frmMp3Tag::saveVersion1() {
     if (!form_.Check1) {
-        return version1_.RemoveTag();
+        const base::Comfort& comfort = needs_.core.state.comfort;
+        if (comfort.looksForTagFirst && !version1_.HasID3v1Tag()) {
+            return true;
+        }
+        return comfort.cutsRemovedTag && version1_.HasID3v1Tag() ? version1_.CutTag()
+                                                                 : version1_.RemoveTag();
     }
     version1_.MP3File(form_.Text1);
     version1_.Title(trimmed(form_.Text2[0]));
@@ -293,8 +316,12 @@ bool frmMp3Tag::saveVersion1() {
 }
 
 /// A deliberate oddity: the tag is written also where its tick box is clear, then without the
-/// fields, and so even a file without one gets a tag.
+/// fields, and so even a file without one gets a tag (`Comfort::leavesUntickedTag` leaves the
+/// file).
 bool frmMp3Tag::saveVersion2() {
+    if (!form_.Check2 && needs_.core.state.comfort.leavesUntickedTag) {
+        return true;
+    }
     version2_.MP3File(form_.Text1);
     if (form_.Check2) {
         if (!form_.Text3.bytes().empty()) {

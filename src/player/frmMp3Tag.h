@@ -8,6 +8,7 @@
 #include "player/TagForm.h"
 #include "tags/cMP3ID3v1.h"
 #include "tags/cMP3ID3v2.h"
+#include "tags/EditTags.h"
 #include "tags/FileFacts.h"
 #include "tags/TagWarning.h"
 #include "tags/TagWork.h"
@@ -52,7 +53,8 @@ public:
     void Command2_Click(Copy copy);
 
     // A tick box was changed. Without the tick the fields of its tag are emptied. A deliberate
-    // oddity: the second one leaves the album as it is, enabled or not.
+    // oddity: the second one leaves the album as it is, enabled or not (`Comfort::enablesAlbum`
+    // takes it for a field like any other).
     void Check1_Click(bool checked);
     void Check2_Click(bool checked);
 
@@ -95,6 +97,20 @@ private:
 
     void loadVersion1();
     void loadVersion2();
+
+    /// Reads and writes by the formats' own rules, and keeps what is not changed.
+    [[nodiscard]] bool keepsFrames() const;
+    void loadKept();
+    [[nodiscard]] bool saveKept();
+    [[nodiscard]] tags::TagChange change1() const;
+    [[nodiscard]] tags::TagChange change2() const;
+    void noteChange(tags::TagChange& change, const tags::EditTag& tag, tags::EditField field,
+                    const std::string& text) const;
+
+    /// The entry of a number or a name of a genre, and the number of an entry.
+    [[nodiscard]] std::int32_t entryOfGenre(const std::string& genre) const;
+    [[nodiscard]] std::int32_t entryOf(int genre) const;
+    [[nodiscard]] static std::uint8_t genreOf(std::int32_t entry);
     void loadFacts();
 
     /// Finds out what the file is and what a save drops of it; returns its size in bytes. One that
@@ -112,6 +128,7 @@ private:
     Needs needs_;
     tags::cMP3ID3v1 version1_;
     tags::cMP3ID3v2 version2_;
+    tags::EditTags kept_; ///< as they were read
     TagForm form_;
     Facts facts_;
     tags::FileFacts own_;                        ///< what the file says of itself
@@ -119,6 +136,8 @@ private:
     std::vector<std::string> lost_;              ///< the frames that a save drops
     std::vector<std::string> lostWithoutFields_; ///< the same where the editor sets no field
     std::set<std::string> toldFiles_;            ///< whose losses were accepted
+    std::int32_t loadedGenre1_ = 0;
+    std::int32_t loadedGenre2_ = 0;
     bool busy_ = false;
 };
 

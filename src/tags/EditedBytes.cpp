@@ -85,6 +85,7 @@ void EditedBytes::replace(std::int64_t offset, std::int64_t count, std::string_v
     fresh += bytes;
     const std::int64_t begin = std::min(offset, size_);
     const std::int64_t end = begin + std::clamp(count, std::int64_t{0}, size_ - begin);
+    edited_ = edited_ || !fresh.empty() || end > begin;
     std::vector<Piece> pieces = cut(0, begin);
     if (!fresh.empty()) {
         pieces.push_back({.added = true,

@@ -27,6 +27,9 @@ public:
     /// The first thing that went wrong in opening or reading.
     [[nodiscard]] std::error_code failure() const noexcept { return failure_; }
 
+    /// Whether anything was replaced.
+    [[nodiscard]] bool edited() const noexcept { return edited_; }
+
     [[nodiscard]] std::int64_t size() const override { return size_; }
 
     [[nodiscard]] std::string read(std::int64_t offset, std::size_t count) override;
@@ -50,6 +53,7 @@ private:
     std::string added_;
     std::vector<Piece> pieces_;
     std::int64_t size_ = 0;
+    bool edited_ = false;
     std::error_code failure_;
 };
 

@@ -189,11 +189,15 @@ void FactsDesk::take(const Answer& answer) {
     }
 }
 
-void FactsDesk::keep(const Answer& answer) {
-    if (const auto place = places_.find(answer.path); place != places_.end()) {
+void FactsDesk::forget(const std::string& path) {
+    if (const auto place = places_.find(path); place != places_.end()) {
         kept_.erase(place->second);
         places_.erase(place);
     }
+}
+
+void FactsDesk::keep(const Answer& answer) {
+    forget(answer.path);
     kept_.push_front(answer);
     places_.emplace(kept_.front().path, kept_.begin());
     if (kept_.size() > kKept) {

@@ -56,6 +56,9 @@ public:
     /// ago. Holds until the next answer.
     [[nodiscard]] const FileFacts* known(const std::string& path);
 
+    /// The file was changed: what is known of it is out of date.
+    void forget(const std::string& path);
+
 private:
     class Reader;
 

@@ -2,6 +2,7 @@
 // What the module with TagLib hands over. Nothing in it throws. Any thread, one a file.
 #pragma once
 
+#include "tags/EditTags.h"
 #include "tags/FileFacts.h"
 #include "tags/TagBytes.h"
 
@@ -19,9 +20,18 @@ struct TagModule {
 
     /// Pictures as they lie in the file, the best one first.
     std::vector<std::string> (*pictures)(TagBytes& bytes, const std::string& name);
+
+    /// The ID3v2 tag of MPEG audio.
+    EditTag (*readId3v2)(TagBytes& bytes);
+
+    /// The tag of a file that is no MPEG audio.
+    EditTags (*readOther)(TagBytes& bytes, const std::string& name);
+
+    /// Changes that; false where it cannot be done.
+    bool (*changeOther)(TagBytes& bytes, const std::string& name, const TagChange& change);
 };
 
-inline constexpr std::uint32_t kTagVersion = 1;
+inline constexpr std::uint32_t kTagVersion = 2;
 inline constexpr const char* kTagSymbol = "tovikTags";
 inline constexpr const char* kTagFile = "tovik-tags.so";
 

@@ -188,6 +188,29 @@ TEST_F(Mp3TagDialog, savesWhatWasTypedAndCloses) {
     EXPECT_NE(saved.find(textFrame("TIT2", "New")), std::string::npos);
 }
 
+TEST_F(Mp3TagDialog, aFileOfAnotherFormatHasOnePage) {
+    base::Comfort& comfort = player().ground().state.comfort;
+    for (bool base::Comfort::*const member :
+         {&base::Comfort::readsSevenBits, &base::Comfort::decodesFrames,
+          &base::Comfort::readsWholeGenre, &base::Comfort::savesWithoutAlarm,
+          &base::Comfort::showsOwnGenre, &base::Comfort::editsEveryFormat}) {
+        comfort.*member = true;
+    }
+    open(flac({"TITLE=Song", "GENRE=Shoegaze"}, "no picture"));
+    EXPECT_EQ(at<QTabWidget>("TabStrip1").currentIndex(), 1);
+    EXPECT_EQ(at<QTabWidget>("TabStrip1").tabText(1), "Vorbis");
+    EXPECT_FALSE(at<QCheckBox>("Check1").isEnabled());
+    EXPECT_TRUE(at<QCheckBox>("Check2").isChecked());
+    EXPECT_EQ(at<QLineEdit>("Text4_0").text(), "Song");
+    EXPECT_EQ(at<QComboBox>("Genre2").currentText(), "Shoegaze");
+    EXPECT_TRUE(at<QPushButton>("Command1_0").isEnabled());
+    EXPECT_FALSE(at<QPushButton>("Command2_0").isEnabled());
+    open(mp3_);
+    EXPECT_EQ(at<QTabWidget>("TabStrip1").tabText(1), "ID3v2");
+    EXPECT_EQ(at<QComboBox>("Genre2").count(), 149);
+    EXPECT_TRUE(at<QCheckBox>("Check1").isEnabled());
+}
+
 TEST_F(Mp3TagDialog, escapeClosesAndLeavesTheFile) {
     open(mp3_ + version1_);
     QTest::keyClicks(&at<QLineEdit>("Text2_0"), "New");

@@ -3,6 +3,7 @@
 
 #include "base/RegularFile.h"
 #include "support/host/TemporaryFolder.h"
+#include "tags/Samples.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -50,6 +51,17 @@ protected:
     test::TemporaryFolder folder_;
     std::string covers_ = folder_ / "cache/covers";
 };
+
+TEST_F(CoverFiles, tagsOfEveryFormatWhereThatIsWanted) {
+    folder_.write("song.mp3", tags::samples::flac({}, jpeg("in FLAC")));
+    EXPECT_EQ(cover(), "");
+    const std::string found = coverOf(folder_ / "song.mp3", covers_, {}, CoverTags::everyFormat);
+    std::string bytes;
+    ASSERT_FALSE(base::readWholeFile(found, bytes));
+    EXPECT_EQ(bytes, jpeg("in FLAC"));
+    folder_.write("song.mp3", tagged(jpeg("in ID3")));
+    EXPECT_NE(coverOf(folder_ / "song.mp3", covers_, {}, CoverTags::everyFormat), "");
+}
 
 TEST_F(CoverFiles, noneWhereThereIsNone) {
     EXPECT_EQ(cover(), "") << "not even the file";

@@ -7,7 +7,7 @@ import subprocess
 import time
 import unittest
 
-from program import LIMIT, ProgramTest, media
+from program import LIMIT, ProgramTest, media, odd
 
 TITLES = {"English": "File information", "Slovenian": "Podatki o datoteki"}
 FIRST_FRAME = b"\xff\xfb\x90\x44"
@@ -36,7 +36,9 @@ def decoded(path):
                           capture_output=True, check=True, timeout=LIMIT).stdout
 
 
-class Tags(ProgramTest):
+class EditorTest(ProgramTest):
+    """The editor of a file, by the keyboard."""
+
     def setUp(self):
         super().setUp()
         self.start_screen()
@@ -99,6 +101,9 @@ class Tags(ProgramTest):
     def frames(self, path):
         return self.tool("mid3v2", "-l", path).stdout.splitlines()
 
+
+class Tags(EditorTest):
+    @odd
     def test_both_tags_are_edited_and_others_read_them(self):
         path = self.copy("mp3_id3v1.mp3")
         sound, heard = sound_of(path), decoded(path)
@@ -140,6 +145,7 @@ class Tags(ProgramTest):
             self.assertIn(line, self.frames(path))
         self.assertTrue(without_last_tag(path).endswith(sound))
 
+    @odd
     def test_what_would_be_lost_is_told_first(self):
         path = self.copy("mp3_id3_both.mp3")
         before = contents(path)
@@ -163,6 +169,7 @@ class Tags(ProgramTest):
         self.assertTrue(without_last_tag(path).endswith(sound))
         self.assertNotIn(b"image/png", contents(path))
 
+    @odd
     def test_other_files_are_only_shown(self):
         for name in ("flac_16_44100.flac", "wav_s16_44100_stereo.wav"):
             with self.subTest(name):
@@ -180,6 +187,7 @@ class Tags(ProgramTest):
                 self.end()
                 self.assertEqual(contents(path), before)
 
+    @odd
     def test_the_program_ends_with_the_editor_open(self):
         path = self.copy("mp3_id3_both.mp3")
         before = contents(path)

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tovik::tags::samples {
 
@@ -61,6 +62,33 @@ inline std::string head(const std::string& size, char version = 3, char flags = 
 inline std::string tag(const std::string& frames, char version = 3) {
     const std::string body = frames + "\0\0\0\0"s;
     return head(bigEndian(static_cast<std::uint32_t>(body.size() + 10)), version) + body;
+}
+
+/// Low byte first.
+inline std::string little(std::size_t number) {
+    std::string bytes;
+    for (unsigned i = 0; i < 4; ++i) {
+        bytes += static_cast<char>(number >> (8 * i) & 0xFFU);
+    }
+    return bytes;
+}
+
+/// A FLAC file's blocks: facts of 44100 Hz, stereo, 16 bits, 88200 samples; comments; a picture.
+inline std::string flac(const std::vector<std::string>& comments, const std::string& picture) {
+    const auto block = [](char type, const std::string& content) {
+        return type + bigEndian(static_cast<std::uint32_t>(content.size())).substr(1) + content;
+    };
+    std::string words = little(0) + little(comments.size());
+    for (const std::string& comment : comments) {
+        words += little(comment.size()) + comment;
+    }
+    const std::string art = bigEndian(3) + bigEndian(10) + "image/jpeg" + std::string(4 * 5, '\0') +
+                            bigEndian(static_cast<std::uint32_t>(picture.size())) + picture;
+    return "fLaC" +
+           block('\0', "\x10\0\x10\0\0\0\0\0\0\0\x0A\xC4\x42\xF0\0\x01\x58\x88"s +
+                           std::string(16, '\0')) +
+           block('\4', words) + block('\6', art) + block('\x81', std::string(8, '\0')) +
+           "\xFF\xF8\xC9\x08"s + std::string(64, '\0');
 }
 
 } // namespace tovik::tags::samples

@@ -97,6 +97,13 @@ TEST(ListColours, theRowThatPlaysIsSeenAtAGlance) {
     EXPECT_GT(warmth(ui::rowColours(window::kListColours, false, true).titleBack), 100);
 }
 
+TEST_F(ListRowsTest, whoAsksHearsOfEachRowThatIsDrawn) {
+    std::vector<playlist::Row> seen;
+    rows_.tellSeen([&](playlist::Row row) { seen.push_back(row); });
+    static_cast<void>(rows_.timeText(1));
+    EXPECT_THAT(seen, testing::ElementsAre(2));
+}
+
 TEST_F(ListRowsTest, aPressSelectsOneRowShiftARangeAndCtrlOneMoreOrLess) {
     press(1);
     EXPECT_EQ(list_.SelectedIndex, 2);

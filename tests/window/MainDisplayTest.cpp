@@ -47,6 +47,22 @@ TEST_F(Display, facts) {
     }
 }
 
+TEST_F(Display, aLongFieldIsWholeInItsTooltip) {
+    playing_.fields[1] = "The beginning";
+    playing_.wholeFields[1] = "The beginning of it all";
+    playing_.fields[2] = "Whole";
+    playing_.wholeFields[2] = "Whole";
+    playing_.fields[3] = "2001";
+    playing_.wholeFields[3] = "of another track";
+    display_.showFacts(playing_);
+    EXPECT_EQ(element(MainElement::lblinfo, 1).tooltip, "The beginning of it all");
+    EXPECT_EQ(element(MainElement::lblinfo, 2).tooltip, "");
+    EXPECT_EQ(element(MainElement::lblinfo, 3).tooltip, "");
+    playing_.fields[1] = "Other";
+    display_.showFacts(playing_);
+    EXPECT_EQ(element(MainElement::lblinfo, 1).tooltip, "");
+}
+
 TEST_F(Display, theWordThatAppliesIsBright) {
     playing_.mode = "Mono";
     display_.showFacts(playing_);
