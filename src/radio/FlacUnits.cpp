@@ -23,6 +23,7 @@ constexpr std::uint32_t kNoCount = 0xF0;
 
 /// No frame of a station is that long.
 constexpr std::size_t kMostFrame = std::size_t{128} << 10;
+constexpr int kMostTries = 64;
 constexpr std::size_t kLongestHead = 16;
 constexpr std::size_t kShortestFrame = 10;
 constexpr std::size_t kNumberAt = 4;
@@ -164,20 +165,25 @@ UnitStep FlacUnits::next(Bytes bytes, bool last) {
 }
 
 UnitStep FlacUnits::nextFrame(Bytes bytes, bool last) const {
-    const std::size_t place = firstHead(bytes, 0);
-    const Bytes rest = bytes.subspan(place);
-    const std::size_t end = frameEnd(rest, last);
-    if (end > 0) {
-        return {.skip = place, .length = end};
+    std::size_t place = firstHead(bytes, 0);
+    int tries = 0;
+    while (place < bytes.size()) {
+        const Bytes rest = bytes.subspan(place);
+        if (const std::size_t end = frameEnd(rest, last); end > 0) {
+            return {.skip = place, .length = end};
+        }
+        if (!last && rest.size() <= kMostFrame) {
+            break;
+        }
+        // That one is damaged, or none. Who sends nothing but such ones is not looked through.
+        place = ++tries < kMostTries ? firstHead(bytes, place + 1) : bytes.size();
     }
     if (last) {
         return {.skip = bytes.size()};
     }
     // The head of a frame may have come in half.
     const std::size_t kept = std::min(bytes.size(), kLongestHead);
-    const bool broken = rest.size() > kMostFrame;
-    const std::size_t next = broken ? firstHead(bytes, place + 1) : place;
-    return {.skip = std::min(next, bytes.size() - kept)};
+    return {.skip = std::min(place, bytes.size() - kept)};
 }
 
 std::string FlacUnits::headOf(std::string head, const std::string& artist,

@@ -210,6 +210,21 @@ TEST_F(SongSaverTest, aStreamThatCameBackGoesOnInTheFileOfItsSong) {
     EXPECT_THAT(names(), ElementsAre("One.mp3", "Two.mp3"));
 }
 
+TEST_F(SongSaverTest, aSongThatWasBegunWithoutTagsLosesNoSound) {
+    title("One");
+    come(frames('a', 'e'));
+    radio_.download({});
+    ways_.comfort.tagsSavedSongs = true;
+    modNetRadio second(radio_);
+    second.setWays(ways_);
+    second.DoMeta("StreamTitle='One';");
+    come(second, frames('f', 'j'));
+    second.download({});
+    const std::string saved = song("One.mp3");
+    EXPECT_THAT(saved, StartsWith(frames('a', 'j')));
+    EXPECT_EQ(saved.size(), 417U * 10 + 128);
+}
+
 TEST_F(SongSaverTest, whatWasEndedDoesNotGoOnInAnotherStream) {
     title("One");
     come(frames('a', 'e'));

@@ -191,6 +191,17 @@ TEST(SoundUnitsTest, aPageThatIsDamagedIsLeftOut) {
     EXPECT_EQ(taken.units.back(), whole.units.back());
 }
 
+TEST(SoundUnitsTest, aFrameOfFlacThatIsDamagedIsLeftOut) {
+    std::string file = mediaBytes("flac_16_44100.flac");
+    const Taken whole = feed(file, 4096);
+    const std::size_t broken = whole.units.size() - 4;
+    const auto begin = static_cast<std::size_t>(whole.begins.at(broken));
+    file.at(begin + 100) ^= 1;
+    const Taken taken = feed(file, 4096);
+    EXPECT_TRUE(taken.all() ==
+                file.substr(0, begin) + file.substr(begin + whole.units.at(broken).size()));
+}
+
 TEST(SoundUnitsTest, whatIsNoSoundIsKnownToBeNone) {
     SoundUnits units;
     const std::string page = "<html>" + std::string(10'000, 'x');
