@@ -33,9 +33,9 @@ public:
     /// The record of comfort changed: the list is gone through once more.
     void follow();
 
-    /// How many rows are asked for ahead, so that the disk has something to do and what comes in
-    /// sight does not wait for long.
-    static constexpr std::size_t kAhead = 48;
+    /// How many rows are asked for ahead: the reader has something to do while the interface thread
+    /// is busy, and what comes in at once is still a matter of a few milliseconds.
+    static constexpr std::size_t kAhead = 200;
 
 private:
     void rowsInserted(playlist::Row first, playlist::Row count) override;
