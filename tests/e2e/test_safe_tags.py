@@ -7,6 +7,8 @@ import unittest
 from program import LIMIT
 from test_tags import EditorTest, contents, decoded, sound_of
 
+PICTURE = 1000  # bytes of its frame, at least
+
 
 class SafeTags(EditorTest):
     COMFORT = "on"
@@ -15,7 +17,7 @@ class SafeTags(EditorTest):
         path = self.copy("mp3_id3_both.mp3")
         subprocess.run(["mid3v2", "--TXXX", "key:wörds", path], check=True, timeout=LIMIT)
         before = self.frames(path)
-        picture = contents(path)[contents(path).index(b"APIC"):][:3000]
+        picture = contents(path)[contents(path).index(b"APIC"):][:PICTURE]
         sound = sound_of(path)
         self.start(path)
         self.open_editor()
@@ -27,7 +29,7 @@ class SafeTags(EditorTest):
         self.assertEqual([line for line in self.frames(path) if not line.startswith("TIT2")],
                          [line for line in before if not line.startswith("TIT2")])
         self.assertIn("TIT2=Another title", self.frames(path))
-        self.assertIn(picture, contents(path))
+        self.assertTrue(picture in contents(path))
         self.assertTrue(contents(path).endswith(sound))
 
     def test_a_save_without_a_change_leaves_the_file(self):
