@@ -146,9 +146,21 @@ void Front::endSplash() {
     }
 }
 
+void Front::readPlaces() {
+    if (state_.comfort.keepsPlaces && state_.WindowPlaces.empty()) {
+        stored_.read("WPL");
+    }
+}
+
+void Front::followComfort() {
+    readPlaces();
+    window::applyPanel(view.elements, state_);
+}
+
 void Front::showWindow() {
     stored_.read("X");
     stored_.read("Y");
+    readPlaces();
     window_.moveTo(state_.WindowLeft / ui::kTwipsPerPixel, state_.WindowTop / ui::kTwipsPerPixel);
     window_.show();
     state_.LoadFinished = true;

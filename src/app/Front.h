@@ -31,6 +31,9 @@ public:
     /// Where the window stands goes into the state, if it was ever shown.
     void notePlace();
 
+    /// The record of comfort became another.
+    void followComfort();
+
     // Steps of the start and the end --------------------------------------------------------------
 
     void loadSkin();
@@ -63,6 +66,7 @@ private:
     void bindPanels(commands::Commands& commands);
     void bindModes(commands::Commands& commands);
     void mnuTop();
+    void readPlaces();
     [[nodiscard]] bool staysOnTop();
 
     host::Host host_;

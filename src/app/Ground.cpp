@@ -163,7 +163,12 @@ void Ground::checkForUpdates() {
     }
 }
 
+/// A deliberate oddity: a track that was started meanwhile has its captions overwritten, unless
+/// `Comfort::titlesFileStart` leaves them.
 void Ground::showCaptions() {
+    if (state.comfort.titlesFileStart && !screen.playing.caption.empty()) {
+        return;
+    }
     screen.playing.caption = version.get_Tovik_Version();
     screen.playing.miniCaption = screen.playing.caption;
     screen.showCaptions();

@@ -74,6 +74,12 @@ void MiniWindow::setTopmost(bool topmost) {
     }
 }
 
+void MiniWindow::moveTo(int left, int top) {
+    make();
+    placed_ = true;
+    OnScreen::moveTo(left, top);
+}
+
 ui::RegionWindow* MiniWindow::shape() {
     make();
     return OnScreen::shape();

@@ -39,6 +39,9 @@ public:
     void setCaption(const std::string& caption) override;
     void setTaskbarButton(bool shown) override;
     void setTopmost(bool topmost) override;
+
+    /// In the place of that of its first show.
+    void moveTo(int left, int top) override;
     [[nodiscard]] ui::RegionWindow* shape() override;
 
 private:

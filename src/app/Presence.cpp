@@ -3,12 +3,20 @@
 
 #include "config/SettingText.h"
 #include "player/LiveSetting.h"
+#include "window/WindowPlaces.h"
 
 namespace tovik::app {
 
 using commands::CommandId;
 using window::MainElement;
 using window::MiniElement;
+
+namespace {
+
+constexpr int kSmallTitleTwips = 480;
+constexpr int kSmallTitlePercent = 90;
+
+} // namespace
 
 Presence::Presence(const Needs& needs)
     : p_(needs), mini({.core = needs.core,
@@ -21,7 +29,7 @@ Presence::Presence(const Needs& needs)
                        .shippedSkin = needs.shippedSkin,
                        .spare = needs.spare}),
       sysTray(needs.core, needs.version, needs.shell != nullptr ? needs.shell->area : noArea_,
-              {.left = [this] { bringToFront(p_.shell->area.takeToken()); },
+              {.left = [this](bool twice) { clickIcon(twice); },
                .menu =
                    [this] {
                        p_.window.askedForMenu(p_.shell->area.takePlace());
@@ -49,8 +57,15 @@ Presence::~Presence() {
 }
 
 void Presence::showTitlePopup(const std::string& text) {
-    title.show_title(text,
-                     player::readLiveOr(p_.core.settings, "OSK", config::settingToFlag, false));
+    window::TitleBar bar{.text = text,
+                         .asNotification = player::readLiveOr(p_.core.settings, "OSK",
+                                                              config::settingToFlag, false)};
+    if (p_.core.state.comfort.showsSmallTitle) {
+        bar.small = true;
+        bar.heightTwips = kSmallTitleTwips;
+        bar.opacityPercent = kSmallTitlePercent;
+    }
+    title.show_title(bar);
 }
 
 void Presence::bind(commands::Commands& commands) {
@@ -91,6 +106,9 @@ void Presence::enterMiniMode() {
     }
     p_.window.hide();
     p_.window.mini().setTopmost(state.AlwaysOnTop == 1);
+    if (const auto place = window::keptPlace(state, window::kMiniWindow)) {
+        p_.window.mini().moveTo(place->left, place->top);
+    }
     p_.window.mini().show();
     state.MiniModeShown = true;
     hidden_ = false;
@@ -126,13 +144,37 @@ void Presence::showMainWindow() {
 }
 
 void Presence::minimise() {
-    if (p_.shell != nullptr && p_.shell->area.taken()) {
-        hidden_ = true;
-        p_.core.state.MiniModeShown = false;
-        p_.core.news.stopVisualisation();
-        windowInUse().hide();
-    } else if (p_.core.state.ShowInTaskbar == 1) {
+    const bool hasButton = p_.core.state.ShowInTaskbar == 1;
+    const bool hides = !hasButton || !p_.core.state.comfort.minimisesToTaskBar;
+    if (hides && trayHasIcon()) {
+        hide();
+    } else if (hasButton) {
         windowInUse().minimise();
+    }
+}
+
+bool Presence::trayHasIcon() const {
+    return p_.shell != nullptr && p_.shell->area.taken();
+}
+
+void Presence::hide() {
+    hidden_ = true;
+    p_.core.state.MiniModeShown = false;
+    p_.core.news.stopVisualisation();
+    windowInUse().hide();
+}
+
+/// The second click of a double one is none of its own where a click may hide.
+void Presence::clickIcon(bool twice) {
+    const std::string token = p_.shell->area.takeToken();
+    if (!p_.core.state.comfort.hidesByTray) {
+        bringToFront(token);
+    } else if (twice) {
+        return;
+    } else if (!hidden_ && trayHasIcon() && windowInUse().visible()) {
+        hide();
+    } else {
+        bringToFront(token);
     }
 }
 

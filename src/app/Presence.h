@@ -51,7 +51,7 @@ public:
     void showMainWindow();
 
     /// Off the screen: hidden while a tray has the icon, else down to the task bar. Where there is
-    /// neither, the window stays.
+    /// neither, the window stays. With `Comfort::minimisesToTaskBar` the task bar comes first.
     void minimise();
 
     /// The window in use comes to the screen, and gets the keyboard. The token is what the desktop
@@ -97,6 +97,9 @@ private:
     void reportFacts(const player::TrackReport& report) override { reportTrack(report); }
 
     [[nodiscard]] bool wantsTray();
+    [[nodiscard]] bool trayHasIcon() const;
+    void hide();
+    void clickIcon(bool twice);
     void listenToTray();
     void trayChanged();
     void comeBack();

@@ -2,10 +2,9 @@
 #include "app/ScreenWindow.h"
 
 #include "ui/qt/InitialState.h"
+#include "ui/qt/OnAScreen.h"
 
-#include <algorithm>
 #include <QGuiApplication>
-#include <QScreen>
 #include <QWindow>
 #include <utility>
 
@@ -73,16 +72,12 @@ void ScreenWindow::setTopmost(bool topmost) {
     widget_->windowHandle()->setFlag(Qt::WindowStaysOnTopHint, topmost);
 }
 
+bool ScreenWindow::tellsPlace() {
+    return !QGuiApplication::platformName().startsWith(u"wayland");
+}
+
 void ScreenWindow::moveTo(int left, int top) {
-    // A screen that was there before may be gone: keep the whole window on one that is.
-    const QScreen* screen = QGuiApplication::screenAt(QPoint(left, top));
-    const QRect room =
-        (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
-    const auto within = [](int value, int first, int last) {
-        return std::clamp(value, first, std::max(first, last));
-    };
-    widget_->move(within(left, room.left(), room.right() - widget_->width()),
-                  within(top, room.top(), room.bottom() - widget_->height()));
+    widget_->move(ui::onAScreen({left, top}, widget_->size()));
 }
 
 } // namespace tovik::app

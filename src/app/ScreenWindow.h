@@ -38,6 +38,7 @@ public:
     void setTaskbarButton(bool shown);
     void setTopmost(bool topmost);
     void moveTo(int left, int top);
+    [[nodiscard]] static bool tellsPlace();
 
 private:
     /// Passes the outline on as long as there is a widget: who gives it keeps it to its own end.
@@ -87,6 +88,8 @@ public:
     void setTopmost(bool topmost) override { screen_.setTopmost(topmost); }
 
     void moveTo(int left, int top) override { screen_.moveTo(left, top); }
+
+    [[nodiscard]] bool tellsPlace() const override { return ScreenWindow::tellsPlace(); }
 
     [[nodiscard]] int left() const override { return screen_.widget()->x(); }
 

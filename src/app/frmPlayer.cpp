@@ -249,6 +249,7 @@ void frmPlayer::applyComfort() {
     music_.playback.volume.apply();
     music_.playback.silenceSkip.watch();
     tone_.equalizer.followComfort();
+    front_.followComfort();
     for (playlist::stdSS* const list : {&lists_.stdSS, &lists_.lstTracks, &lists_.RadioLst}) {
         list->looksChanged(1, list->ListCount());
     }

@@ -101,7 +101,8 @@ public:
     [[nodiscard]] Choices& choices() { return choices_; }
 
     [[nodiscard]] dialogs::DialogLogic dialogs() {
-        return {.language = ground_.language,
+        return {.core = core_,
+                .language = ground_.language,
                 .loadPreset = tone_.loadPreset,
                 .openDirectory = filling_.openDirectory,
                 .jump2File = search_.jump2File,

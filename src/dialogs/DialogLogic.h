@@ -7,6 +7,7 @@ class MultiLNG;
 }
 
 namespace tovik::player {
+struct Core;
 class frmJump2File;
 class frmJump2Track;
 class frmjump2time;
@@ -37,6 +38,7 @@ namespace tovik::dialogs {
 
 /// All of it outlives the dialogs.
 struct DialogLogic {
+    const player::Core& core;
     config::MultiLNG& language;
     player::frmLoadPreset& loadPreset;
     player::frmOpenDirectory& openDirectory;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialogs/DialogOpener.h"
 
+#include "dialogs/DialogPlace.h"
+
 #include <algorithm>
 #include <QApplication>
 
@@ -39,6 +41,7 @@ void DialogOpener::open(window::WindowId window) {
                                 .parent = front != nullptr ? front : parent_.data()});
     made = &dialog;
     dialog.load();
+    new DialogPlace(dialog, logic_->core);
     if (row->kind == DialogKind::beside) {
         bringToFront(dialog);
         return;

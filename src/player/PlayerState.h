@@ -80,6 +80,9 @@ struct PlayerState {
     /// The row and the second where the last session ended, "12 95"; empty: nothing is known.
     std::string ResumePlace;
 
+    /// Where the other windows stood, by their names, in pixels: "mini 120 45;frmAbout 300 200".
+    std::string WindowPlaces;
+
     base::Comfort comfort;            ///< kinder behaviour, all off at first
     std::optional<bool> ComfortOfRun; ///< all of it on or off, whatever the settings say
 

@@ -116,7 +116,11 @@ inline constexpr std::array kSettingTable{
     SettingRow{"ASO", SettingKind::flag, NoMember{}, ReadAt::live},
     SettingRow{"RSM", SettingKind::text, &PlayerState::ResumePlace, ReadAt::step, SavedAt::demand,
                KeyOf::player},
+    SettingRow{"WPL", SettingKind::text, &PlayerState::WindowPlaces, ReadAt::step, SavedAt::rest,
+               KeyOf::player},
     SettingRow{"CDSEARCH", SettingKind::flag, NoMember{}, ReadAt::live, SavedAt::demand,
+               KeyOf::player},
+    SettingRow{"CFDN", SettingKind::number, NoMember{}, ReadAt::live, SavedAt::demand,
                KeyOf::player},
     SettingRow{"OSK", SettingKind::flag, NoMember{}, ReadAt::live, SavedAt::demand, KeyOf::player},
 };

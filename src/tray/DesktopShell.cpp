@@ -11,7 +11,8 @@ namespace tovik::tray {
 
 struct DesktopShell::Parts {
     Parts(const host::Dispatcher& dispatcher, std::function<QScreen*()> screen)
-        : tray(bus, dispatcher), popup(bus, std::move(screen)) {}
+        : tray(bus, dispatcher),
+          popup(bus, std::move(screen), [this] { return tray.iconPlace(); }) {}
 
     SessionBus bus;
     DesktopTray tray;

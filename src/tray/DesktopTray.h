@@ -39,6 +39,9 @@ public:
     [[nodiscard]] std::string takeToken() override;
     [[nodiscard]] std::optional<window::ScreenPlace> takePlace() override;
 
+    /// Where the icon is on the screen; empty where only the desktop knows.
+    [[nodiscard]] QRect iconPlace() const { return embedded_ ? embedded_->geometry() : QRect(); }
+
 private:
     [[nodiscard]] TrayClicks clicks();
     [[nodiscard]] std::function<void()> sends(std::uint32_t message);

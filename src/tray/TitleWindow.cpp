@@ -6,6 +6,7 @@
 #include "ui/qt/SetOpacity.h"
 #include "ui/Twips.h"
 
+#include <algorithm>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
@@ -19,8 +20,27 @@ const QColor kGround(13, 15, 32);
 const QColor kWords(255, 255, 255);
 constexpr double kLetterHeight = 0.55; ///< of the bar
 constexpr int kMargin = 8;
+constexpr int kWidest = 420; ///< of a small one
 
 } // namespace
+
+QRect cornerFor(QSize popup, const QRect& screen, const QRect& room, const QRect& icon) {
+    bool atTop = room.top() - screen.top() > screen.bottom() - room.bottom();
+    bool atLeft = QGuiApplication::isRightToLeft();
+    if (screen.intersects(icon)) {
+        atTop = icon.center().y() < screen.center().y();
+        atLeft = icon.center().x() < screen.center().x();
+    }
+    QRect place(QPoint(), popup);
+    place.moveTopLeft(room.topLeft() + QPoint(kMargin, kMargin));
+    if (!atTop) {
+        place.moveBottom(room.bottom() - kMargin);
+    }
+    if (!atLeft) {
+        place.moveRight(room.right() - kMargin);
+    }
+    return place;
+}
 
 /// Past the window manager: it stays above, in its place, without a button on the task bar.
 class TitleWindow::Bar final : public QWidget {
@@ -32,6 +52,13 @@ public:
         setAttribute(Qt::WA_ShowWithoutActivating);
         setAttribute(Qt::WA_TransparentForMouseEvents);
         setWindowRole(QStringLiteral("title"));
+    }
+
+    /// How wide it is with those words on it, at that height.
+    [[nodiscard]] int widthFor(const QString& words, int height) const {
+        QFont letters = font();
+        letters.setPixelSize(static_cast<int>(height * kLetterHeight));
+        return QFontMetrics(letters).horizontalAdvance(words) + 2 * kMargin;
     }
 
     void setWords(const QString& words) {
@@ -64,8 +91,9 @@ private:
     QString words_;
 };
 
-TitleWindow::TitleWindow(SessionBus& bus, std::function<QScreen*()> screen)
-    : notice_(bus), screen_(std::move(screen)) {}
+TitleWindow::TitleWindow(SessionBus& bus, std::function<QScreen*()> screen,
+                         std::function<QRect()> icon)
+    : notice_(bus), screen_(std::move(screen)), icon_(std::move(icon)) {}
 
 TitleWindow::~TitleWindow() = default;
 
@@ -83,8 +111,14 @@ void TitleWindow::show(const window::TitleBar& bar) {
     if (!bar_) {
         bar_ = std::make_unique<Bar>(key_);
     }
-    bar_->setGeometry(screen->geometry().left(), screen->geometry().top(),
-                      screen->geometry().width(), bar.heightTwips / ui::kTwipsPerPixel);
+    const int height = bar.heightTwips / ui::kTwipsPerPixel;
+    const QRect whole = screen->geometry();
+    if (bar.small) {
+        const int width = std::min({bar_->widthFor(words, height), kWidest, whole.width()});
+        bar_->setGeometry(cornerFor({width, height}, whole, screen->availableGeometry(), icon_()));
+    } else {
+        bar_->setGeometry(whole.left(), whole.top(), whole.width(), height);
+    }
     bar_->setWords(words);
     ui::SetOpacity(*bar_, bar.opacityPercent);
     bar_->show();

@@ -2,6 +2,7 @@
 #include "window/MiniInput.h"
 
 #include "base/Numbers.h"
+#include "window/WindowPlaces.h"
 
 #include <algorithm>
 #include <array>
@@ -185,6 +186,12 @@ bool MiniInput::keyDown(const ui::KeyEvent& event) {
 
 bool MiniInput::claimsKey(const ui::KeyEvent& event) const {
     return p_.keys.claimsKey(event);
+}
+
+void MiniInput::windowMoved() {
+    if (p_.core.state.MiniModeShown && p_.window.tellsPlace()) {
+        notePlace(p_.core, kMiniWindow, {.left = p_.window.left(), .top = p_.window.top()});
+    }
 }
 
 /// As the close button of the main window.

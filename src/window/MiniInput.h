@@ -55,6 +55,7 @@ public:
     void pointerLeft(ui::ElementAddress element) override;
     bool keyDown(const ui::KeyEvent& event) override;
     [[nodiscard]] bool claimsKey(const ui::KeyEvent& event) const override;
+    void windowMoved() override;
     void closeRequested() override;
 
 private:

@@ -71,10 +71,12 @@ public:
     [[nodiscard]] virtual std::optional<ScreenPlace> takePlace() { return std::nullopt; }
 };
 
-/// Words across the top of the screen that the player is on, or in a notification of the desktop.
+/// Words on the screen that the player is on, across its top as made, or in a notification of the
+/// desktop.
 struct TitleBar {
     std::string text; ///< bytes: valid UTF-8, or else Windows-1252
     bool asNotification = false;
+    bool small = false; ///< no wider than its words, in the corner of the screen near the tray
     int heightTwips = 560;
     int opacityPercent = 30;
 };

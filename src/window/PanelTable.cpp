@@ -21,9 +21,9 @@ constexpr Cells kWhileRipping = {no, no, no, whileRipping, no};
 constexpr Cells kRadioOnly = {no, no, no, no, yes};
 
 /// A deliberate oddity: on the playlist panel these stay in force, over the list, although the
-/// display below them is hidden.
-constexpr Cells mainAndPlaylist(Show when) {
-    return {when, no, when, no, no};
+/// display below them is hidden, unless `Comfort::hidesLampsOverList` hides them, too.
+constexpr PanelRow mainAndPlaylist(N name, Show when) {
+    return {.name = name, .on = {when, no, when, no, no}, .overList = true};
 }
 
 constexpr auto kRows = std::to_array<PanelRow>({
@@ -50,11 +50,11 @@ constexpr auto kRows = std::to_array<PanelRow>({
     {N::SaveImg, kPlaylistOnly},
     {N::srchIMG, kPlaylistOnly},
     {N::musicSearchTxt, kPlaylistOnly},
-    {N::CFD, mainAndPlaylist(withCrossfade)},
-    {N::CFD2, mainAndPlaylist(withoutCrossfade)},
-    {N::loopImg, mainAndPlaylist(withLoop)},
-    {N::LoopImg2, mainAndPlaylist(withoutLoop)},
-    {N::Shuffle, mainAndPlaylist(withShuffle)},
+    mainAndPlaylist(N::CFD, withCrossfade),
+    mainAndPlaylist(N::CFD2, withoutCrossfade),
+    mainAndPlaylist(N::loopImg, withLoop),
+    mainAndPlaylist(N::LoopImg2, withoutLoop),
+    mainAndPlaylist(N::Shuffle, withShuffle),
     {N::ShuffleDown, onlyMain(withoutShuffle)},
     {N::Sld, onlyMain(withSkip)},
     {N::sld2, onlyMain(withoutSkip)},
@@ -77,7 +77,7 @@ constexpr auto kRows = std::to_array<PanelRow>({
     {N::Image3, kEqualizerOnly},
     {N::stdSS, kPlaylistOnly},
     {N::lstTracks, kRipOnly},
-    // It goes at the tick of `Timer6` after its panel went.
+    // A deliberate oddity: it goes at the tick of `Timer6` after its panel went.
     {N::RadioLst, {untilRadioWent, untilRadioWent, untilRadioWent, untilRadioWent, yes}},
     {N::slDRV, kRipOnly},
     {N::cmbCDDrives, kRipOnly},
@@ -161,7 +161,7 @@ bool shown(Show when, const player::PlayerState& state) {
     case Show::whileFolded:
         return !state.QuickListOpen;
     case Show::untilRadioWent:
-        return state.RadioPanelActive;
+        return state.RadioPanelActive && !state.comfort.hidesStationsAtOnce;
     }
     return true;
 }
@@ -171,10 +171,12 @@ void applyRow(const PanelRow& row, MainElements& elements, const player::PlayerS
     if (panel >= kPanels) {
         return;
     }
+    const bool hidden = row.overList && static_cast<Panel>(state.CurrentPanel) == Panel::playlist &&
+                        state.comfort.hidesLampsOverList;
     const std::size_t last = row.count == 0 ? elements.count(row.name) : row.first + row.count;
     for (std::size_t i = row.first; i < last; ++i) {
         ui::Element& element = elements.touch(row.name, i);
-        element.visible = shown(row.on.at(panel), state);
+        element.visible = !hidden && shown(row.on.at(panel), state);
     }
 }
 

@@ -46,8 +46,10 @@ enum class Show : std::uint8_t {
     whileStopping,  ///< after the track that plays
     whileRecording, ///< of a station
     whileNotRecording,
-    whileFolded,    ///< the quick list
-    untilRadioWent, ///< as long as the state still has the radio's panel as the shown one
+    whileFolded, ///< the quick list
+    /// As long as the state still has the radio's panel as the shown one; never with
+    /// `Comfort::hidesStationsAtOnce`.
+    untilRadioWent,
 };
 
 struct PanelRow {
@@ -55,6 +57,7 @@ struct PanelRow {
     std::array<Show, kPanels> on{}; ///< by panel
     std::size_t first = 0;
     std::size_t count = 0; ///< 0: all from `first` on
+    bool overList = false; ///< not on the playlist panel where `Comfort::hidesLampsOverList` is on
 };
 
 /// In the order in which they are applied. What is in no row is visible on all panels, but for the

@@ -87,7 +87,10 @@ void Panels::RefreshTabs() {
 void Panels::hoverTab(MainElement name) {
     if (const Tab* const tab = tabNamed(name); tab != nullptr) {
         RefreshTabs();
-        showTab(*tab, tab->over, elements_.get(name).checked);
+        const bool current = static_cast<Panel>(state_.CurrentPanel) == tab->panel;
+        if (!current || !state_.comfort.keepsCurrentTab) {
+            showTab(*tab, tab->over, elements_.get(name).checked);
+        }
     }
 }
 
@@ -109,6 +112,9 @@ void Panels::pressPreferences(const std::function<void()>& dialog) {
     const auto back = [&] {
         --state_.PanelLock;
         state_.CurrentPanel = before;
+        if (state_.comfort.pressesTabAtOnce) {
+            RefreshTabs();
+        }
         applyPanel(elements_, state_);
         if (static_cast<Panel>(before) == Panel::main) {
             ApplyQuickList();

@@ -44,7 +44,9 @@ public:
 
     // The mouse over a tab ------------------------------------------------------------------------
 
-    /// Gives the tab its over face, whether it is the current one or not. Not a tab: nothing.
+    /// Gives the tab its over face, whether it is the current one or not. A deliberate oddity: the
+    /// current one then looks as if it were not pressed, unless `Comfort::keepsCurrentTab` leaves
+    /// it as it is. Not a tab: nothing.
     void hoverTab(MainElement name);
 
     /// A panel's tab was clicked; the preferences' tab has calls of its own.
@@ -52,7 +54,8 @@ public:
 
     /// Runs `dialog`, which returns when the preferences are closed. Meanwhile no panel can be
     /// switched. A deliberate oddity: the tab of the current panel shows up, not down, until the
-    /// mouse leaves what it is over or passes over a tab.
+    /// mouse leaves what it is over or passes over a tab, unless `Comfort::pressesTabAtOnce` has it
+    /// pressed.
     void pressPreferences(const std::function<void()>& dialog);
     void releasePreferences();
 

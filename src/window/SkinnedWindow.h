@@ -52,6 +52,9 @@ public:
     /// Left and top in pixels; applied when the window is shown, held to a screen that exists.
     virtual void moveTo(int /*left*/, int /*top*/) {}
 
+    /// Whether left and top are those of the screen: a Wayland compositor keeps them to itself.
+    [[nodiscard]] virtual bool tellsPlace() const { return true; }
+
     [[nodiscard]] virtual int left() const { return 0; }
 
     [[nodiscard]] virtual int top() const { return 0; }

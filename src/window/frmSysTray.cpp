@@ -34,9 +34,9 @@ frmSysTray::frmSysTray(const player::Core& core, config::Version& version, Notif
 
 void frmSysTray::ShowTrayIcon() {
     icon_ = std::make_unique<TrayIcon>(area_);
-    icon_->Mouse = [this](int button, bool /*twice*/) {
+    icon_->Mouse = [this](int button, bool twice) {
         if (button == kLeft) {
-            actions_.left();
+            actions_.left(twice);
         } else if (button == kRight) {
             actions_.menu();
         }

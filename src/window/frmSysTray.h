@@ -16,7 +16,7 @@ class frmSysTray {
 public:
     /// What the icon does. Each is called through the dispatcher.
     struct Actions {
-        std::function<void()> left; ///< shows the window
+        std::function<void(bool twice)> left; ///< shows the window, or hides it
         std::function<void()> menu;
     };
 

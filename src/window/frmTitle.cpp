@@ -20,12 +20,12 @@ void frmTitle::Load() {
     });
 }
 
-bool frmTitle::show_title(const std::string& text, bool asNotification) {
+bool frmTitle::show_title(const TitleBar& bar) {
     return config::guard(errors_, config::procedureOf("OSD", "ShowTitle"), [&] {
         if (!shown()) {
             Load();
         }
-        popup_.show({.text = text, .asNotification = asNotification});
+        popup_.show(bar);
         Timer1_->setEnabled(false);
         Timer1_->setEnabled(true);
     });

@@ -24,7 +24,10 @@ public:
 
     /// Shows a text; one that is shown already has its whole time before it again. Whether it was
     /// shown.
-    bool show_title(const std::string& text, bool asNotification = false);
+    bool show_title(const TitleBar& bar);
+
+    /// The same across the top of the screen.
+    bool show_title(const std::string& text) { return show_title(TitleBar{.text = text}); }
 
     /// Escape ends it. Returns whether the key did.
     bool KeyDown(int keyCode);

@@ -86,6 +86,7 @@ public:
         bool seen = true;
         int drags = 0;
         int pixels = 1; ///< for one of the skin
+        window::ScreenPlace place;
         Outline outline;
 
         void show() override { calls_.emplace_back("mini shown"); }
@@ -115,6 +116,14 @@ public:
         void setTopmost(bool topmost) override {
             calls_.emplace_back(topmost ? "mini on top" : "mini not on top");
         }
+
+        void moveTo(int left, int top) override {
+            calls_.push_back("mini moved to " + std::to_string(left) + " " + std::to_string(top));
+        }
+
+        [[nodiscard]] int left() const override { return place.left; }
+
+        [[nodiscard]] int top() const override { return place.top; }
 
     private:
         std::vector<std::string>& calls_;

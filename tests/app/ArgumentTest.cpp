@@ -185,5 +185,17 @@ TEST_F(Argument, aStreamDoesNot) {
     EXPECT_FALSE(player().music().sounds());
 }
 
+TEST_F(Argument, withComfortTheCaptionIsItsTitle) {
+    put("CMF22", "1");
+    startWithFile(track("song.mp3"));
+    EXPECT_EQ(window_.caption, " song.mp3 (01:05)");
+}
+
+TEST_F(Argument, withComfortTheCaptionOfAPlainStartIsThatOfTheProgram) {
+    put("CMF22", "1");
+    start();
+    EXPECT_EQ(window_.caption, "Tovik 0.1");
+}
+
 } // namespace
 } // namespace tovik::test

@@ -7,6 +7,7 @@
 #include <array>
 #include <memory>
 #include <QApplication>
+#include <QScreen>
 #include <QTimer>
 
 namespace tovik::test {
@@ -105,6 +106,58 @@ TEST_F(DialogOpener, everyWindowHasOneRow) {
                   1)
             << id;
     }
+}
+
+/// One that has a name to be remembered by.
+Dialog& makeNamed(const DialogParts& parts) {
+    auto& dialog = *new CountedDialog(parts.parent);
+    dialog.setObjectName(QStringLiteral("frmNamed"));
+    dialog.resize(200, 100);
+    return dialog;
+}
+
+constexpr std::array kNamed = {DialogRow{WindowId::loadPreset, DialogKind::beside, makeNamed}};
+
+TEST_F(DialogOpener, withComfortADialogComesBackToItsPlace) {
+    put("CMF22", "1");
+    put("WPL", "mini 5 5;frmNamed 120 80");
+    start();
+    dialogs::DialogOpener opener(host_.dispatcher, kNamed);
+    opener.attach(player().dialogs(), *parent_);
+    opener.open(WindowId::loadPreset);
+    ASSERT_EQ(made().size(), 1);
+    EXPECT_EQ(made().front()->pos(), QPoint(120, 80));
+    made().front()->move(210, 90);
+    advance(player::StoredSettings::kRestMs + 1);
+    EXPECT_EQ(setting("WPL"), "frmNamed 210 90;mini 5 5");
+}
+
+TEST_F(DialogOpener, withComfortADialogOfAScreenThatIsGoneComesToOneThatExists) {
+    put("CMF22", "1");
+    put("WPL", "frmNamed 90000 70");
+    start();
+    dialogs::DialogOpener opener(host_.dispatcher, kNamed);
+    opener.attach(player().dialogs(), *parent_);
+    opener.open(WindowId::loadPreset);
+    ASSERT_EQ(made().size(), 1);
+    const QRect place(made().front()->pos(), made().front()->size());
+    const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+    EXPECT_TRUE(room.contains(place));
+    EXPECT_EQ(place.right() + 1, room.right());
+}
+
+TEST_F(DialogOpener, withoutComfortNobodyNotesWhereADialogIs) {
+    put("WPL", "frmNamed 120 80");
+    start();
+    dialogs::DialogOpener opener(host_.dispatcher, kNamed);
+    opener.attach(player().dialogs(), *parent_);
+    opener.open(WindowId::loadPreset);
+    ASSERT_EQ(made().size(), 1);
+    EXPECT_NE(made().front()->pos(), QPoint(120, 80));
+    made().front()->move(210, 90);
+    EXPECT_EQ(player().state().WindowPlaces, "");
+    player().kill_me();
+    EXPECT_EQ(setting("WPL"), "frmNamed 120 80");
 }
 
 } // namespace

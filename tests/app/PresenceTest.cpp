@@ -405,5 +405,68 @@ TEST_F(PresenceOfThePlayer, escapeEndsThePopup) {
     EXPECT_EQ(popup_.hidden, 1);
 }
 
+TEST_F(PresenceOfThePlayer, withComfortMinimisingGoesToTheTaskBarAlsoBesideATray) {
+    put("CMF22", "1");
+    startInTray();
+    run(CommandId::minimise);
+    EXPECT_THAT(windowCalls(), ElementsAre("window minimised"));
+    EXPECT_FALSE(player().presence().hidden());
+    // The icon brings it back from there.
+    window_.seen = false;
+    tell(514);
+    EXPECT_THAT(windowCalls(), ElementsAre("to the front"));
+    run(CommandId::miniMode);
+    static_cast<void>(windowCalls());
+    click(window::MiniElement::Image1, 1);
+    EXPECT_THAT(windowCalls(), ElementsAre("mini minimised"));
+}
+
+TEST_F(PresenceOfThePlayer, withComfortAWindowWithoutAButtonOnTheTaskBarHidesInTheTray) {
+    put("CMF22", "1");
+    set("SHI", "01");
+    startInTray();
+    run(CommandId::minimise);
+    EXPECT_THAT(windowCalls(), ElementsAre("window hidden"));
+    EXPECT_TRUE(player().presence().hidden());
+}
+
+TEST_F(PresenceOfThePlayer, withComfortAClickOnTheIconHidesTheWindowAndBringsItBack) {
+    put("CMF22", "1");
+    startInTray();
+    tell(514);
+    EXPECT_THAT(windowCalls(), ElementsAre("window hidden"));
+    EXPECT_TRUE(player().presence().hidden());
+    tell(515);
+    EXPECT_THAT(windowCalls(), IsEmpty()) << "the second click of a double one";
+    tell(514);
+    EXPECT_THAT(windowCalls(), ElementsAre("window shown", "to the front"));
+    EXPECT_FALSE(player().presence().hidden());
+    // What nobody sees comes to the front first.
+    window_.seen = false;
+    tell(514);
+    EXPECT_THAT(windowCalls(), ElementsAre("to the front"));
+    EXPECT_FALSE(player().presence().hidden());
+}
+
+TEST_F(PresenceOfThePlayer, withoutComfortAClickOnTheIconHidesNothing) {
+    startInTray();
+    tell(514);
+    EXPECT_THAT(windowCalls(), ElementsAre("to the front"));
+    EXPECT_FALSE(player().presence().hidden());
+}
+
+TEST_F(PresenceOfThePlayer, withComfortTheTitleIsSmallAndLegible) {
+    set("OSD", "1");
+    put("CMF22", "1");
+    play();
+    EXPECT_TRUE(popup_.last.small);
+    EXPECT_EQ(popup_.last.heightTwips, 480);
+    EXPECT_EQ(popup_.last.opacityPercent, 90);
+    EXPECT_FALSE(popup_.last.asNotification);
+    put("OSK", "1");
+    run(CommandId::play);
+    EXPECT_TRUE(popup_.last.asNotification);
+}
+
 } // namespace
 } // namespace tovik::test

@@ -8,7 +8,7 @@ import unittest
 import wave
 
 from notifier import NotifierTest
-from program import LIMIT, media
+from program import LIMIT, media, odd
 
 SONG = media("wav_s16_44100_stereo.wav")
 MINIMISE, CLOSE = (413, 18), (433, 18)  # of the main window
@@ -83,6 +83,7 @@ class Tray(NotifierTest):
     def volume(self):
         return int(re.search(rb"<CVL>(\d+)</CVL>", self.read("db/settings.xml")).group(1))
 
+    @odd
     def test_an_icon_on_the_bus(self):
         self.start_bus()
         self.start_host("up")
@@ -153,6 +154,7 @@ class Tray(NotifierTest):
         time.sleep(0.15)
         return self.hidden()
 
+    @odd
     def test_a_host_goes_and_comes_back(self):
         self.start_bus()
         self.start_host()
@@ -193,6 +195,7 @@ class Tray(NotifierTest):
         self.player.kill()
         self.wait_until(lambda: self.host("items") == "", "the icon to go")
 
+    @odd
     def test_a_tray_of_the_window_system(self):
         if not self.has("trayer"):
             self.fail("trayer is not installed")
@@ -270,6 +273,7 @@ class Tray(NotifierTest):
         self.assertTrue(self.player_windows())
         self.end_shown()
 
+    @odd
     def test_a_track_is_told_across_the_screen(self):
         self.prepare(OSD="1")
         self.start_shown(SONG)

@@ -21,7 +21,9 @@ protected:
     }
 
     SessionBus bus_;
-    TitleWindow popup_{bus_, [] { return QGuiApplication::primaryScreen(); }};
+    QRect icon_;
+    TitleWindow popup_{bus_, [] { return QGuiApplication::primaryScreen(); },
+                       [this] { return icon_; }};
 };
 
 TEST_F(TitleWindowTest, liesAcrossTheTopOfTheScreen) {
@@ -67,6 +69,39 @@ TEST_F(TitleWindowTest, aKeyMayEndIt) {
     QApplication::sendEvent(bar(), &escape);
     EXPECT_EQ(keys, std::vector<int>{27});
     EXPECT_EQ(bar(), nullptr);
+}
+
+TEST_F(TitleWindowTest, aSmallOneIsNoWiderThanItsWordsAndStandsInACorner) {
+    const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+    popup_.show({.text = "a song", .small = true, .heightTwips = 480, .opacityPercent = 90});
+    ASSERT_NE(bar(), nullptr);
+    EXPECT_EQ(bar()->height(), 32);
+    EXPECT_GT(bar()->width(), 20);
+    EXPECT_LT(bar()->width(), 200);
+    EXPECT_EQ(room.right() - bar()->geometry().right(), 8);
+    EXPECT_EQ(room.bottom() - bar()->geometry().bottom(), 8);
+    EXPECT_GT(bar()->windowOpacity(), 0.85);
+    // A long one has an end; an icon at the top has it come up there.
+    icon_ = QRect(room.right() - 100, room.top() + 2, 20, 20);
+    popup_.show({.text = std::string(500, 'W'), .small = true, .heightTwips = 480});
+    EXPECT_EQ(bar()->width(), 420);
+    EXPECT_EQ(bar()->geometry().top() - room.top(), 8);
+    EXPECT_EQ(room.right() - bar()->geometry().right(), 8);
+    popup_.show({.text = "across the screen"});
+    EXPECT_EQ(bar()->width(), QGuiApplication::primaryScreen()->geometry().width());
+}
+
+TEST_F(TitleWindowTest, theCornerIsThatOfTheTray) {
+    const QRect screen(1000, 0, 800, 600);
+    const QSize popup(100, 30);
+    const QRect whole = screen;
+    EXPECT_EQ(cornerFor(popup, screen, whole, {}).bottomRight(), QPoint(1791, 591));
+    const QRect belowPanel(1000, 40, 800, 560);
+    EXPECT_EQ(cornerFor(popup, screen, belowPanel, {}).topRight(), QPoint(1791, 48));
+    EXPECT_EQ(cornerFor(popup, screen, whole, {1010, 580, 16, 16}).bottomLeft(), QPoint(1008, 591));
+    EXPECT_EQ(cornerFor(popup, screen, whole, {1500, 3, 16, 16}).topRight(), QPoint(1791, 8));
+    // An icon on another screen says nothing about this one.
+    EXPECT_EQ(cornerFor(popup, screen, whole, {10, 3, 16, 16}).bottomRight(), QPoint(1791, 591));
 }
 
 } // namespace

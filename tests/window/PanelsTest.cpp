@@ -212,5 +212,50 @@ TEST_F(PanelsTest, aDialogThatFailsLeavesThePanelsUsable) {
     EXPECT_EQ(rig_.state.PanelLock, 0);
 }
 
+TEST_F(PanelsTest, withComfortTheCurrentTabKeepsItsFaceUnderThePointer) {
+    rig_.state.comfort.keepsCurrentTab = true;
+    rig_.panels.Switch_Win("10000");
+    rig_.panels.hoverTab(N::eqbt);
+    expectFaces({6, 16, 2, 3, 4, 5});
+    rig_.panels.hoverTab(N::mainbt);
+    expectFaces({6, 1, 2, 3, 4, 5});
+}
+
+TEST_F(PanelsTest, withComfortTheTabIsPressedAsSoonAsThePreferencesClose) {
+    rig_.state.comfort.pressesTabAtOnce = true;
+    rig_.panels.Switch_Win("01000");
+    rig_.panels.pressPreferences([&] { expectFaces({0, 1, 2, 3, 4, 11}); });
+    expectFaces({0, 7, 2, 3, 4, 5});
+    rig_.panels.releasePreferences();
+    expectFaces({0, 7, 2, 3, 4, 5});
+}
+
+TEST_F(PanelsTest, theStationsGoATickAfterTheirPanelOrWithComfortAtOnce) {
+    for (const bool kind : {false, true}) {
+        rig_.state.comfort.hidesStationsAtOnce = kind;
+        rig_.panels.Switch_Win("00001");
+        ASSERT_TRUE(rig_.elements.get(N::RadioLst).visible);
+        rig_.panels.Switch_Win("01000");
+        EXPECT_EQ(rig_.elements.get(N::RadioLst).visible, !kind);
+        rig_.panels.Timer6();
+        EXPECT_FALSE(rig_.elements.get(N::RadioLst).visible);
+    }
+}
+
+TEST_F(PanelsTest, withComfortNoLampStandsOverTheList) {
+    constexpr std::array kLamps = {N::CFD, N::CFD2, N::loopImg, N::LoopImg2, N::Shuffle};
+    rig_.state.CrossfadeOn = rig_.state.RepeatOn = rig_.state.ShuffleOn = true;
+    const auto shown = [&](const char* mask) {
+        rig_.panels.Switch_Win(mask);
+        return std::ranges::count_if(kLamps,
+                                     [&](N lamp) { return rig_.elements.get(lamp).visible; });
+    };
+    rig_.state.comfort.hidesLampsOverList = false;
+    EXPECT_EQ(shown("00100"), 3);
+    rig_.state.comfort.hidesLampsOverList = true;
+    EXPECT_EQ(shown("00100"), 0);
+    EXPECT_EQ(shown("10000"), 3);
+}
+
 } // namespace
 } // namespace tovik::window

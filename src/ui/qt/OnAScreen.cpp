@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/qt/OnAScreen.h"
+
+#include <algorithm>
+#include <QGuiApplication>
+#include <QRect>
+#include <QScreen>
+
+namespace tovik::ui {
+
+QPoint onAScreen(QPoint wanted, QSize size) {
+    const QScreen* screen = QGuiApplication::screenAt(wanted);
+    const QRect room =
+        (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    const auto within = [](int value, int first, int last) {
+        return std::clamp(value, first, std::max(first, last));
+    };
+    return {within(wanted.x(), room.left(), room.right() - size.width()),
+            within(wanted.y(), room.top(), room.bottom() - size.height())};
+}
+
+} // namespace tovik::ui
