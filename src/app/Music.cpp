@@ -90,7 +90,7 @@ void Music::bindPlaying(commands::Commands& commands) {
 
 void Music::bindAdvance(commands::Commands& commands) {
     const player::PlayerState& state = core_.state;
-    commands.bind(CommandId::next, [this] { playback.advance.Next_track(); });
+    commands.bind(CommandId::next, [this] { playback.advance.goOn(player::AskedBy::user); });
     commands.bind(CommandId::previous, [this] { playback.advance.last_track(); });
     commands.bind(CommandId::nextButton, [this] { playback.advance.button_next(); });
     commands.bind(CommandId::previousButton, [this] { playback.advance.button_previous(); });

@@ -65,7 +65,8 @@ bool Crossfade::start(const TrackRef& track, std::int32_t fade, const std::strin
         state.CrossfadeLeg = kOntoSecondary;
     }
     state.IsPlaying = true;
-    CrossFade_->setInterval(fadeMilliseconds(fadeSeconds(core_.settings)));
+    CrossFade_->setInterval(
+        state.comfort.shortensManualNext ? fade : fadeMilliseconds(fadeSeconds(core_.settings)));
     CrossFade_->setEnabled(false);
     if (state.CrossfadeLeg == kOntoSecondary) {
         core_.news.restartVisualisation();

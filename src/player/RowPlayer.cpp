@@ -56,8 +56,8 @@ void RowPlayer::waitAt(const RowPlace& place) {
 }
 
 std::optional<RowPlace> RowPlayer::waiting() const {
-    const bool waits = waiting_ && !core_.state.IsPlaying &&
-                       waiting_->row == core_.lists.stdSS.SelectedIndex;
+    const bool waits =
+        waiting_ && !core_.state.IsPlaying && waiting_->row == core_.lists.stdSS.SelectedIndex;
     return waits ? waiting_ : std::nullopt;
 }
 
@@ -124,14 +124,15 @@ void RowPlayer::playItem(std::int32_t item) {
     List1_DblClick();
 }
 
-void RowPlayer::PlayRow(playlist::Row row, std::int32_t fadeSeconds) {
+void RowPlayer::PlayRow(playlist::Row row, std::int32_t fadeSeconds, AskedBy who) {
     forgetPlace();
     core_.lists.stdSS.SelectIndex(row);
     const TrackRef track = trackOf(core_.lists.stdSS, row);
     PlayerState& state = core_.state;
     const bool crosses = state.CrossfadeOn && state.TracksStarted != 0;
     const bool started = crosses
-                             ? crossfade_.CrossFade_BurnBaby(track, fadeMilliseconds(fadeSeconds))
+                             ? crossfade_.CrossFade_BurnBaby(
+                                   track, fadeFor(who, fadeSeconds, core_.settings, state.comfort))
                              : transport_.Burnbaby(track);
     if (state.RadioMode) {
         return; // a stream tells itself what it plays

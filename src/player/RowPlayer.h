@@ -5,6 +5,7 @@
 #include "player/CBASS_TIME.h"
 #include "player/Core.h"
 #include "player/Crossfade.h"
+#include "player/FadeTime.h"
 #include "player/TrackFacts.h"
 #include "player/TrackOpener.h"
 #include "player/TrackRef.h"
@@ -59,7 +60,7 @@ public:
 
     /// Selects a row and plays it; row 0 is none, and plays nothing. A crossfade, if that mode is
     /// on and a track was started before.
-    void PlayRow(playlist::Row row, std::int32_t fadeSeconds);
+    void PlayRow(playlist::Row row, std::int32_t fadeSeconds, AskedBy who = AskedBy::player);
 
     /// Title and captions of a row that sounds by now.
     void showStarted(const TrackRef& track);

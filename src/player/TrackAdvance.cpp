@@ -3,7 +3,6 @@
 
 #include "base/Numbers.h"
 #include "base/Url.h"
-#include "player/FadeTime.h"
 #include "tags/FactsDesk.h"
 
 #include <algorithm>
@@ -57,12 +56,12 @@ playlist::Row TrackAdvance::pick() {
     return gen_shuffle(core_.lists.stdSS.ListCount());
 }
 
-void TrackAdvance::Next_track() {
-    config::guard(core_.errors, config::player("Next_track"), [this] {
+void TrackAdvance::goOn(AskedBy who) {
+    config::guard(core_.errors, config::player("Next_track"), [&] {
         const std::int32_t seconds = fadeSeconds(core_.settings);
         endSkipping();
         if (const auto row = takeUpcomingRow()) {
-            play(*row, seconds, Direction::forth);
+            play(*row, seconds, Direction::forth, who);
         } else {
             core_.news.reportEndOfList();
         }
@@ -97,7 +96,7 @@ void TrackAdvance::last_track() {
             core_.lists.stdSS.SelectedIndex = 1;
         }
         if (const auto row = rowBefore(currentRow())) {
-            play(*row, seconds, Direction::back);
+            play(*row, seconds, Direction::back, AskedBy::user);
         }
     });
 }
@@ -145,8 +144,8 @@ std::optional<playlist::Row> TrackAdvance::rowBefore(playlist::Row row) {
     return count != 1 || core_.state.comfort.restartsOnlyTrack ? count : 0;
 }
 
-void TrackAdvance::play(playlist::Row row, std::int32_t seconds, Direction direction) {
-    rows_.PlayRow(row, seconds);
+void TrackAdvance::play(playlist::Row row, std::int32_t seconds, Direction direction, AskedBy who) {
+    rows_.PlayRow(row, seconds, who);
     if (core_.state.comfort.skipsUnplayable && core_.lists.stdSS.isUnplayable(row)) {
         failed_ = row;
         ++failures_;
@@ -167,7 +166,7 @@ void TrackAdvance::skipRow() {
             transport_.button_stop(); // ends the skipping, too
             return;
         }
-        play(*row, fadeSeconds(core_.settings), direction_);
+        play(*row, fadeSeconds(core_.settings), direction_, AskedBy::player);
     });
 }
 
@@ -336,7 +335,7 @@ void TrackAdvance::ten_tracks_fwd() {
     if (count == 0 || row < 1) {
         playItem(kTenRows);
     } else if (count - row < kTenRows) {
-        Next_track();
+        goOn(AskedBy::user);
     } else {
         playItem(row + kTenRows);
     }
@@ -356,7 +355,7 @@ void TrackAdvance::button_next() {
         if (hasNext() || !core_.state.comfort.keepsPauseAtEnd) {
             core_.state.IsPaused = false;
         }
-        Next_track();
+        goOn(AskedBy::user);
     }
 }
 

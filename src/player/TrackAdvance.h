@@ -5,6 +5,7 @@
 #include "host/RandomNumbers.h"
 #include "player/Core.h"
 #include "player/FadeOut.h"
+#include "player/FadeTime.h"
 #include "player/RowPlayer.h"
 #include "player/SeamlessNext.h"
 #include "player/ShuffleOrder.h"
@@ -29,7 +30,11 @@ public:
     /// What the shuffle has played, where `Comfort::remembersPicks` lets it have a memory.
     ShuffleOrder order;
 
-    void Next_track() override;
+    void Next_track() override { goOn(AskedBy::player); }
+
+    /// The next row. A deliberate oddity: a crossfade to it takes as long as one at the end of a
+    /// track, unless `Comfort::shortensManualNext` has the user's take a time of its own.
+    void goOn(AskedBy who);
 
     /// The row before, or with shuffle and repeat a new pick. A row that cannot be played ends it,
     /// as it does `Next_track`; with `Comfort::skipsUnplayable` the next one in the same direction
@@ -97,7 +102,7 @@ private:
     [[nodiscard]] std::optional<playlist::Row> rowBehind(playlist::Row row);
     [[nodiscard]] std::optional<playlist::Row> rowBefore(playlist::Row row);
 
-    void play(playlist::Row row, std::int32_t seconds, Direction direction);
+    void play(playlist::Row row, std::int32_t seconds, Direction direction, AskedBy who);
     void skipRow();
     void endSkipping();
     void playItem(playlist::Row row);
