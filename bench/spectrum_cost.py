@@ -1,11 +1,12 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Measures what visualisations cost: processor time and wake-ups of a playing stretch without one,
-with the spectrum, with it while the window is minimised, with each plug-in that comes along, at each
-scale, and of other players with their skinned windows and the analysers in them.
+with the spectrum, with it without comfort, with it while the window is minimised, with each plug-in
+that comes along, at each scale, and of other players with their skinned windows and the analysers in
+them.
 
 Usage: spectrum_cost.py PROGRAM FILE [--seconds N] [--settle N] [--scales 1,2]
-                        [--peers audacious,qmmp]
+                        [--rows none,spectrum] [--peers audacious,qmmp]
 
 The file must sound for longer than a stretch and its beginning. Processor times are given for a
 minute: that of the player, of the process beside it that draws (if there is one), of the display
@@ -25,8 +26,10 @@ from window_day import end
 
 SETTLED = 6.0  # seconds after which the start is over
 LOOKED = 8  # pictures of the screen in which something moves or does not
-VISUALS = (("none", -1, False), ("spectrum", 0, False), ("minimised", 0, True),
-           ("aurora", 3, False), ("oscilloscope", 4, False), ("spectrogram", 5, False))
+VISUALS = (("none", -1, False), ("spectrum", 0, False), ("to the letter", 0, False),
+           ("minimised", 0, True), ("aurora", 3, False), ("oscilloscope", 4, False),
+           ("spectrogram", 5, False))
+WORDS = {"to the letter": ["--comfort=off"]}  # of the command line
 
 # Skinned windows, which have the analysers, and the same sound server as output.
 AUDACIOUS = """[audacious]
@@ -195,6 +198,7 @@ def main():
     parser.add_argument("--seconds", type=float, default=60)
     parser.add_argument("--settle", type=float, default=SETTLED)
     parser.add_argument("--scales", default="1,2")
+    parser.add_argument("--rows", default=",".join(name for name, _, _ in VISUALS))
     parser.add_argument("--peers", default="audacious,qmmp")
     arguments = parser.parse_args()
     print("cpu seconds a minute; each row is one stretch of", arguments.seconds, "s")
@@ -209,9 +213,12 @@ def main():
         for scale in arguments.scales.split(","):
             stage.environment["QT_SCALE_FACTOR"] = scale
             for name, number, minimised in VISUALS:
+                if name not in arguments.rows.split(","):
+                    continue
                 choose(stage, number)
-                print(f"scale {scale}  {name:12}",
-                      stretch(stage, command, arguments.seconds, arguments.settle, minimised),
+                print(f"scale {scale}  {name:13}",
+                      stretch(stage, command + WORDS.get(name, []), arguments.seconds,
+                              arguments.settle, minimised),
                       flush=True)
         stage.environment["QT_SCALE_FACTOR"] = "1"
         for name in filter(None, arguments.peers.split(",")):
