@@ -12,6 +12,7 @@ protected:
     ComfortFade() {
         addRows(3, {.seconds = 60});
         state_.CrossfadeOn = true;
+        state_.comfort = {};
         state_.comfort.shortensManualNext = true;
         set("CFDT", "5");
         rowPlayer_.PlayRow(1, 0);
