@@ -126,8 +126,8 @@ TEST_F(DialogOpener, withComfortADialogComesBackToItsPlace) {
     opener.attach(player().dialogs(), *parent_);
     opener.open(WindowId::loadPreset);
     ASSERT_EQ(made().size(), 1);
-    EXPECT_EQ(made().front()->pos(), QPoint(120, 80));
-    made().front()->move(210, 90);
+    EXPECT_EQ(made().front()->geometry().topLeft(), QPoint(120, 80));
+    made().front()->setGeometry(210, 90, 200, 100);
     advance(player::StoredSettings::kRestMs + 1);
     EXPECT_EQ(setting("WPL"), "frmNamed 210 90;mini 5 5");
 }
@@ -140,7 +140,7 @@ TEST_F(DialogOpener, withComfortADialogOfAScreenThatIsGoneComesToOneThatExists) 
     opener.attach(player().dialogs(), *parent_);
     opener.open(WindowId::loadPreset);
     ASSERT_EQ(made().size(), 1);
-    const QRect place(made().front()->pos(), made().front()->size());
+    const QRect place = made().front()->geometry();
     const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
     EXPECT_TRUE(room.contains(place));
     EXPECT_EQ(place.right() + 1, room.right());

@@ -7,7 +7,7 @@
 namespace tovik::test {
 namespace {
 
-using Button = player::frmLoadPreset::Button;
+using PresetButton = player::frmLoadPreset::Button;
 using testing::Each;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
@@ -272,36 +272,36 @@ TEST_F(LoadPreset, aMissingOneEndsTheList) {
 }
 
 TEST_F(LoadPreset, theSelectedRowIsAppliedAndTheDialogCloses) {
-    EXPECT_TRUE(dialog_.Command1_Click(Button::load, 1));
+    EXPECT_TRUE(dialog_.Command1_Click(PresetButton::load, 1));
     EXPECT_THAT(sliders(), ElementsAre(0, 1, 2, 3, 4, 5, 7, 12, 18, 20));
-    EXPECT_TRUE(dialog_.Command1_Click(Button::load, 0));
+    EXPECT_TRUE(dialog_.Command1_Click(PresetButton::load, 0));
     EXPECT_THAT(sliders(), Each(10));
 }
 
 TEST_F(LoadPreset, applyLeavesTheDialogOpenAndCancelTheSliders) {
-    EXPECT_FALSE(dialog_.Command1_Click(Button::apply, 1));
+    EXPECT_FALSE(dialog_.Command1_Click(PresetButton::apply, 1));
     EXPECT_EQ(sliders()[0], 0);
-    EXPECT_TRUE(dialog_.Command1_Click(Button::cancel, 0));
+    EXPECT_TRUE(dialog_.Command1_Click(PresetButton::cancel, 0));
     EXPECT_EQ(sliders()[0], 0);
 }
 
 TEST_F(LoadPreset, withoutARowNothingHappens) {
     putAll(4);
-    EXPECT_FALSE(dialog_.Command1_Click(Button::load, -1));
-    EXPECT_FALSE(dialog_.Command1_Click(Button::apply, -1));
-    EXPECT_TRUE(dialog_.Command1_Click(Button::cancel, -1));
+    EXPECT_FALSE(dialog_.Command1_Click(PresetButton::load, -1));
+    EXPECT_FALSE(dialog_.Command1_Click(PresetButton::apply, -1));
+    EXPECT_TRUE(dialog_.Command1_Click(PresetButton::cancel, -1));
     EXPECT_THAT(sliders(), Each(4));
 }
 
 TEST_F(LoadPreset, aPresetWithFewerGainsSetsThoseItHas) {
-    EXPECT_EQ(numberOf([this] { dialog_.Command1_Click(Button::load, 2); }), 9);
+    EXPECT_EQ(numberOf([this] { dialog_.Command1_Click(PresetButton::load, 2); }), 9);
     EXPECT_THAT(sliders(), ElementsAre(5, 5, 10, 10, 10, 10, 10, 10, 10, 10));
 }
 
 TEST_F(LoadPreset, readingPresetsChangesNothingInTheFile) {
     const std::string before = host_.folder.read(kSettings);
     dialog_.Form_Load();
-    dialog_.Command1_Click(Button::load, 1);
+    dialog_.Command1_Click(PresetButton::load, 1);
     EXPECT_EQ(host_.folder.read(kSettings), before);
 }
 
