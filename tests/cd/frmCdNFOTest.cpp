@@ -342,6 +342,7 @@ TEST_F(frmCdNFOTest, whatWasTypedMayBeKept) {
     EXPECT_EQ(form_.Text1[0], "ripped");
     EXPECT_THAT(form_.List1, ElementsAre("Track 1", "Second"));
     const std::string kept = host_.folder.read(discFile());
+    dialog_.Text1_Change(0, "wrong");
     dialog_.Command1_Click(Button::clear);
     close();
     EXPECT_EQ(host_.folder.read(discFile()), kept) << "cleared fields are nothing to keep";
