@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Takes the input for a PLS file: it is read, and what was read is written and read again. A list
 // that was written by the player always comes back as it was, but for line breaks.
+#include "base/ComfortTable.h"
 #include "base/Unicode.h"
 #include "ListDemands.h"
 #include "playlist/HtmlList.h"
@@ -25,5 +26,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
            playlist::ReadEnd::Complete);
     demandSameRows(list, again);
     demand(playlist::htmlText(list).ends_with("</html>\r\n"));
+
+    // As lists of others, too.
+    const playlist::ListManner manner{.comfort = base::ComfortChoices{.master = true}.record(),
+                                      .folder = "/l"};
+    playlist::stdSS foreign;
+    demand(playlist::appendPls(text, foreign, pump, manner) == playlist::ReadEnd::Complete);
+    playlist::stdSS own;
+    demand(playlist::appendPls(playlist::plsText(foreign, manner), own, pump, manner) ==
+           playlist::ReadEnd::Complete);
+    demandSameRows(foreign, own);
     return 0;
 }

@@ -24,9 +24,17 @@ constexpr std::size_t kSaveTitle = 7;
 Filling::Filling(const Needs& needs, const host::Host& host)
     : media(needs.core.lists.stdSS, host.dialogs, needs.core.errors,
             titleOf(needs.elements, kAddTitle)),
-      files(needs.core.lists.stdSS, needs.files, host.dialogs, host.paths,
+      files({.list = needs.core.lists.stdSS,
+             .files = needs.files,
+             .dialogs = host.dialogs,
+             .pump = host.pump,
+             .paths = host.paths,
+             .errors = needs.core.errors,
+             .comfort = needs.core.state.comfort},
             {.load = titleOf(needs.elements, kLoadTitle),
-             .save = titleOf(needs.elements, kSaveTitle)}),
+             .save = titleOf(needs.elements, kSaveTitle),
+             .notice = [&language = needs.language](
+                           int number) { return language.get_Notice_String(number); }}),
       openDirectory(needs.core, host.pump), buttons(needs.core, needs.files, openDirectory),
       rowFacts(needs.core, *needs.core.facts), window_(needs.window), windows_(needs.windows) {}
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "commands/Commands.h"
+#include "config/MultiLNG.h"
 #include "host/Host.h"
 #include "player/Core.h"
 #include "player/frmOpenDirectory.h"
@@ -29,6 +30,7 @@ public:
         window::PlayerWindow& window;
         window::WindowOpener& windows;
         const window::MainElements& elements; ///< hold the titles of the dialogs
+        const config::MultiLNG& language;
     };
 
     /// All of them outlive the wing.

@@ -8,6 +8,7 @@ Lists::Lists(const host::Host& host, const player::PlayerState& state, bool keep
       keeper_(stdSS, host.clock, host.timers, host.paths,
               [this, keepsList] { return keepsList && files.savesAtExit(state_.DirAddIdle); }) {
     stdSS.obey(state.comfort);
+    files.obey(state.comfort);
 }
 
 void Lists::load() {

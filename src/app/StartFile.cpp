@@ -5,11 +5,11 @@
 #include "base/ErrorPlace.h"
 #include "base/FileErrors.h"
 #include "base/RegularFile.h"
-#include "base/Text.h"
 #include "base/Url.h"
 #include "host/PlayerArguments.h"
 #include "player/TrackOpener.h"
 #include "playlist/FileNames.h"
+#include "playlist/ListForm.h"
 #include "tags/TagTitle.h"
 
 #include <algorithm>
@@ -69,12 +69,8 @@ void StartFile::play(const std::string& path, From from) {
         playAddress(path);
         return;
     }
-    const std::string extension = base::toUpperAscii(playlist::get_extension(path));
-    if (extension == "M3U") {
-        files_.open_m3u(path);
-        playList();
-    } else if (extension == "PLS") {
-        files_.Openpls2(path);
+    if (const auto form = playlist::listFormOf(path, core_.state.comfort)) {
+        files_.open(path, *form);
         playList();
     } else {
         playFile(path, from);

@@ -7,10 +7,7 @@ void ListButtons::clrIMG_Click() {
     if (!core_.state.DirAddIdle) {
         openDirectory_.cancel();
     }
-    if (files_.AutosaveOnExit != playlist::PlaylistFiles::kRead) {
-        files_.StopM3u = true;
-        files_.AutosaveOnExit = playlist::PlaylistFiles::kRead;
-    }
+    files_.stopAutoload();
     core_.lists.stdSS.Clear();
 }
 

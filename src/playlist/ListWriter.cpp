@@ -19,14 +19,15 @@ ListWriter::~ListWriter() {
     }
 }
 
-void ListWriter::write(std::string path, std::string text) {
+void ListWriter::write(std::string path, std::string text, Done done) {
     {
         const base::MutexLock lock(mutex_);
         const auto waiting = std::ranges::find(next_, path, &Job::path);
         if (waiting != next_.end()) {
             waiting->text = std::move(text);
+            waiting->done = std::move(done);
         } else {
-            next_.push_back({std::move(path), std::move(text)});
+            next_.push_back({std::move(path), std::move(text), std::move(done)});
         }
     }
     if (!thread_.joinable()) {
@@ -56,7 +57,10 @@ void ListWriter::run() {
         writing_ = true;
         {
             const base::MutexUnlock unlock(mutex_);
-            static_cast<void>(base::replaceFile(job.path, job.text, base::Flush::Yes));
+            const std::error_code failure = base::replaceFile(job.path, job.text, base::Flush::Yes);
+            if (job.done) {
+                job.done(failure);
+            }
         }
         writing_ = false;
         changed_.notifyAll();

@@ -5,16 +5,20 @@
 #include "base/Mutex.h"
 
 #include <deque>
+#include <functional>
 #include <string>
+#include <system_error>
 #include <thread>
 
 namespace tovik::playlist {
 
 /// Replaces a file whole each time. Of texts for the same file that come faster than they are
-/// written only the newest counts. The thread begins with the first text. A write that fails is not
-/// told.
+/// written only the newest counts. The thread begins with the first text.
 class ListWriter {
 public:
+    /// Told on the writer's thread how a write went; of texts that are not written nobody hears.
+    using Done = std::function<void(std::error_code failure)>;
+
     ListWriter() = default;
     /// Waits for what is being written; what waits behind it is dropped.
     ~ListWriter();
@@ -22,7 +26,7 @@ public:
     ListWriter& operator=(const ListWriter&) = delete;
 
     /// Returns at once.
-    void write(std::string path, std::string text);
+    void write(std::string path, std::string text, Done done = {});
 
     /// Waits until everything that was given is written or has failed.
     void wait();
@@ -31,6 +35,7 @@ private:
     struct Job {
         std::string path;
         std::string text;
+        Done done;
     };
 
     void run();

@@ -4,6 +4,7 @@
 #include "base/LineReader.h"
 #include "base/Numbers.h"
 #include "base/TimeText.h"
+#include "base/Windows1252.h"
 #include "playlist/M3uFormat.h"
 #include "playlist/stdSS.h"
 
@@ -28,7 +29,7 @@ struct Facts {
 
 /// Takes an "#EXTINF" line; an answer ends the read.
 std::optional<ReadEnd> takeInfo(std::string_view line, Facts& facts, host::MessagePump& pump,
-                                const bool& stop) {
+                                const bool& stop, const ListManner& manner) {
     if (stop) {
         return ReadEnd::Stopped;
     }
@@ -44,22 +45,49 @@ std::optional<ReadEnd> takeInfo(std::string_view line, Facts& facts, host::Messa
         return ReadEnd::Stopped;
     }
     if (info->seconds) {
-        facts.setSeconds(base::toInt32(base::textToNumber(*info->seconds)));
+        facts.setSeconds(manner.comfort.takesBadLengths
+                             ? knownSeconds(*info->seconds)
+                             : base::toInt32(base::textToNumber(*info->seconds)));
     }
     return pump.Step() ? std::nullopt : std::optional(ReadEnd::ProgramEnding);
 }
 
+bool isEntry(std::string_view line, const ListManner& manner) {
+    if (!manner.comfort.resetsTitles) {
+        return !line.starts_with(kM3uDirective);
+    }
+    return !line.starts_with('#') && line.find_first_not_of(" \t") != std::string_view::npos;
+}
+
+template <typename Shown>
+std::string textOf(const stdSS& list, const ListManner& manner, Shown shown) {
+    std::string text;
+    appendM3uHead(text);
+    for (Row row = 1; row <= list.ListCount(); ++row) {
+        appendM3uEntry(text, list.seconds(row), shown(list.text(row, RowText::Title)),
+                       nameForList(list.text(row, RowText::FileName), manner));
+    }
+    return text;
+}
+
 } // namespace
 
-ReadEnd appendM3u(std::string_view text, stdSS& list, host::MessagePump& pump, const bool& stop) {
+ReadEnd appendM3u(std::string_view text, stdSS& list, host::MessagePump& pump, const bool& stop,
+                  const ListManner& manner) {
     base::LineReader lines(text);
     Facts facts;
     facts.setSeconds(0);
     while (const std::optional<std::string_view> line = lines.next()) {
-        if (!line->starts_with(kM3uDirective)) {
-            list.AddItem({}, m3uFileName(*line), facts.title, facts.timeText, facts.seconds);
+        if (isEntry(*line, manner)) {
+            const std::string file = fileOfEntry(m3uFileName(*line), manner);
+            list.AddItem({}, file, titleOfEntry(facts.title, file, manner), facts.timeText,
+                         facts.seconds);
+            if (manner.comfort.resetsTitles) {
+                facts.title = {};
+                facts.setSeconds(0);
+            }
         } else if (line->starts_with(kM3uInfo)) {
-            if (const std::optional<ReadEnd> end = takeInfo(*line, facts, pump, stop)) {
+            if (const std::optional<ReadEnd> end = takeInfo(*line, facts, pump, stop, manner)) {
                 return *end;
             }
         }
@@ -67,14 +95,12 @@ ReadEnd appendM3u(std::string_view text, stdSS& list, host::MessagePump& pump, c
     return ReadEnd::Complete;
 }
 
-std::string m3uText(const stdSS& list) {
-    std::string text;
-    appendM3uHead(text);
-    for (Row row = 1; row <= list.ListCount(); ++row) {
-        appendM3uEntry(text, list.seconds(row), list.text(row, RowText::Title),
-                       list.text(row, RowText::FileName));
-    }
-    return text;
+std::string m3uText(const stdSS& list, const ListManner& manner) {
+    return textOf(list, manner, [](std::string_view title) { return title; });
+}
+
+std::string m3u8Text(const stdSS& list, const ListManner& manner) {
+    return textOf(list, manner, base::displayText);
 }
 
 } // namespace tovik::playlist

@@ -3,11 +3,14 @@
 
 #include "base/AtomicFile.h"
 #include "base/FileErrors.h"
+#include "base/PathText.h"
 #include "base/RegularFile.h"
 #include "base/Unicode.h"
 #include "host/BesideJob.h"
 #include "playlist/M3uList.h"
 #include "playlist/PlsList.h"
+#include "playlist/stdSS.h"
+#include "playlist/XspfList.h"
 
 #include <filesystem>
 #include <memory>
@@ -35,27 +38,104 @@ std::shared_ptr<const WholeText> readText(const std::string& path, host::Message
     return done ? read : nullptr;
 }
 
+/// Of a read that no clear button ends.
+constexpr bool kNeverStops = false;
+
+ReadEnd appendAny(ListForm form, std::string_view text, stdSS& list, host::MessagePump& pump,
+                  const ListManner& manner) {
+    switch (form) {
+    case ListForm::Pls:
+        return appendPls(text, list, pump, manner);
+    case ListForm::Xspf:
+        return appendXspf(text, list, pump, manner);
+    case ListForm::M3u:
+        break;
+    }
+    return appendM3u(text, list, pump, kNeverStops, manner);
+}
+
 } // namespace
 
 PlaylistFiles::PlaylistFiles(stdSS& list, host::MessagePump& pump, const host::Paths& paths)
     : list_(list), pump_(pump), paths_(paths) {}
 
+ListManner PlaylistFiles::mannerOf(const std::string& path) const {
+    return {.comfort = *comfort_, .folder = std::string(base::folderPart(path))};
+}
+
 int PlaylistFiles::open_m3u(const std::string& Path) {
-    if (Path.empty()) {
+    return readM3u(Path, mannerOf(Path), comfort_->readsOnAfterStop ? kNeverStops : StopM3u);
+}
+
+int PlaylistFiles::readM3u(const std::string& path, const ListManner& manner, const bool& stop) {
+    if (path.empty()) {
         return 0;
     }
-    const auto read = readText(Path, pump_);
+    const auto read = readText(path, pump_);
     if (!read) {
         return 0;
     }
     base::raiseFailure(read->failure);
-    return appendM3u(read->text, list_, pump_, StopM3u) == ReadEnd::ProgramEnding ? 0 : kRead;
+    return appendM3u(read->text, list_, pump_, stop, manner) == ReadEnd::ProgramEnding ? 0 : kRead;
 }
 
 void PlaylistFiles::Openpls2(const std::string& Path) {
     const auto read = readText(Path, pump_);
     if (read && !read->failure) {
-        static_cast<void>(appendPls(read->text, list_, pump_));
+        static_cast<void>(appendPls(read->text, list_, pump_, mannerOf(Path)));
+    }
+}
+
+void PlaylistFiles::open(const std::string& path, ListForm form) {
+    switch (form) {
+    case ListForm::M3u:
+        open_m3u(path);
+        break;
+    case ListForm::Pls:
+        Openpls2(path);
+        break;
+    case ListForm::Xspf:
+        if (const auto entries = readList(path)) {
+            append(*entries);
+        }
+        break;
+    }
+}
+
+std::optional<std::vector<ListEntry>> PlaylistFiles::readList(const std::string& path) {
+    const auto read = readText(path, pump_);
+    if (!read) {
+        return std::nullopt;
+    }
+    base::raiseFailure(read->failure);
+    const ListManner manner = mannerOf(path);
+    const ListForm named = listFormOf(path, manner.comfort).value_or(ListForm::M3u);
+    const ListForm form = manner.comfort.opensMoreLists ? listFormIn(read->text, named) : named;
+    stdSS rows;
+    if (appendAny(form, read->text, rows, pump_, manner) == ReadEnd::ProgramEnding) {
+        return std::nullopt;
+    }
+    std::vector<ListEntry> entries;
+    entries.reserve(static_cast<std::size_t>(rows.ListCount()));
+    for (Row row = 1; row <= rows.ListCount(); ++row) {
+        entries.push_back({.fileName = std::string(rows.text(row, RowText::FileName)),
+                           .title = std::string(rows.text(row, RowText::Title)),
+                           .timeText = std::string(rows.text(row, RowText::TimeText)),
+                           .seconds = rows.seconds(row)});
+    }
+    return entries;
+}
+
+void PlaylistFiles::append(std::span<const ListEntry> entries) {
+    for (const ListEntry& entry : entries) {
+        list_.AddItem({}, entry.fileName, entry.title, entry.timeText, entry.seconds);
+    }
+}
+
+void PlaylistFiles::stopAutoload() noexcept {
+    if (AutosaveOnExit != kRead) {
+        StopM3u = true;
+        AutosaveOnExit = kRead;
     }
 }
 
@@ -64,7 +144,11 @@ void PlaylistFiles::autoload_playlist() {
     std::error_code failure; // what cannot be looked at is told by the read
     const bool brokenOff = std::filesystem::exists(unsaved, failure);
     autoloading_ = true;
-    AutosaveOnExit = open_m3u(brokenOff ? unsaved : paths_.of(host::DataItem::AutosaveList));
+    // The player's own list: every name in it is one, as it stands.
+    ListManner manner;
+    manner.comfort.takesBadLengths = comfort_->takesBadLengths;
+    AutosaveOnExit =
+        readM3u(brokenOff ? unsaved : paths_.of(host::DataItem::AutosaveList), manner, StopM3u);
     autoloading_ = false;
 }
 

@@ -3,14 +3,31 @@
 // Interface thread.
 #pragma once
 
+#include "base/Comfort.h"
 #include "host/MessagePump.h"
 #include "host/Paths.h"
+#include "playlist/ListForm.h"
+#include "playlist/ListManner.h"
 
+#include <cstdint>
+#include <optional>
+#include <span>
 #include <string>
+#include <vector>
 
 namespace tovik::playlist {
 
 class stdSS;
+
+/// An entry of a list file, as it becomes a row.
+struct ListEntry {
+    std::string fileName{};
+    std::string title{};
+    std::string timeText{};
+    std::int32_t seconds = 0;
+
+    friend bool operator==(const ListEntry&, const ListEntry&) = default;
+};
 
 /// Reads into one list and saves it between sessions. A read gives way to the rest of the program
 /// again and again, so the list may change meanwhile; the file itself is read on a thread of its
@@ -23,8 +40,12 @@ public:
     /// References must outlive the object.
     PlaylistFiles(stdSS& list, host::MessagePump& pump, const host::Paths& paths);
 
+    /// What of its behaviour is kinder; outlives the object. Nothing is without it.
+    void obey(const base::Comfort& comfort) noexcept { comfort_ = &comfort; }
+
     /// Stops the automatic load. A deliberate oddity: nothing ever clears it, so once the load was
-    /// stopped, every further M3U read of the session ends at its first "#EXTINF" line.
+    /// stopped, every further M3U read of the session ends at its first "#EXTINF" line, unless
+    /// `Comfort::readsOnAfterStop` says otherwise.
     bool StopM3u = false;
 
     /// The result of `autoload_playlist`: 1 when it came to its end or was stopped. Clearing the
@@ -40,6 +61,22 @@ public:
     /// Appends the entries of a PLS file, which may begin with a byte order mark. Nothing is
     /// raised: of a file that cannot be read nothing is added.
     void Openpls2(const std::string& Path);
+
+    /// Opens a list file of that form by `open_m3u`, by `Openpls2`, or, for an XSPF file, as the
+    /// former: the rows are appended.
+    void open(const std::string& path, ListForm form);
+
+    /// The entries of a list file of any form, without a change of the list. Which form tells the
+    /// extension (M3U where it tells none), and with `Comfort::opensMoreLists` the text before
+    /// that. Nothing when the program is ending. Raises as `open_m3u`.
+    [[nodiscard]] std::optional<std::vector<ListEntry>> readList(const std::string& path);
+
+    /// Appends entries, all at once.
+    void append(std::span<const ListEntry> entries);
+
+    /// The list is emptied by the user: the automatic load ends there, and what is in the list
+    /// from now on is what the end saves.
+    void stopAutoload() noexcept;
 
     /// Reads the list of the last session and keeps the result in `AutosaveOnExit`: what a session
     /// that was broken off has left (`ListKeeper`), else what the last one saved. Raises as
@@ -57,6 +94,15 @@ public:
     [[nodiscard]] bool savesAtExit(bool DirAddIdle) const noexcept;
 
 private:
+    static constexpr base::Comfort kNoComfort{};
+
+    /// How a list is read that lies there.
+    [[nodiscard]] ListManner mannerOf(const std::string& path) const;
+
+    /// Reads an M3U file as `open_m3u` does.
+    int readM3u(const std::string& path, const ListManner& manner, const bool& stop);
+
+    const base::Comfort* comfort_ = &kNoComfort;
     stdSS& list_;
     host::MessagePump& pump_;
     const host::Paths& paths_;

@@ -99,6 +99,10 @@ std::int32_t PlsKeys::highestNumber() const noexcept {
     return keys_.empty() ? 0 : keys_.back().number;
 }
 
+std::optional<std::int32_t> PlsKeys::nextNumber() const noexcept {
+    return next_ < keys_.size() ? std::optional(keys_[next_].number) : std::nullopt;
+}
+
 PlsEntry PlsKeys::entry(std::int32_t number) {
     PlsEntry entry;
     for (; next_ < keys_.size() && keys_[next_].number <= number; ++next_) {

@@ -33,6 +33,9 @@ public:
     /// The highest number that any key bears; 0 for none.
     [[nodiscard]] std::int32_t highestNumber() const noexcept;
 
+    /// The lowest number whose keys were not asked for yet; nothing behind the last.
+    [[nodiscard]] std::optional<std::int32_t> nextNumber() const noexcept;
+
     /// The keys with that number; numbers are asked for in ascending order.
     [[nodiscard]] PlsEntry entry(std::int32_t number);
 

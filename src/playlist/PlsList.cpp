@@ -25,37 +25,65 @@ std::optional<std::int32_t> numberIn(std::optional<std::string_view> value) {
     }
 }
 
+/// The number of the last entry by the count of the file.
+std::int32_t lastNumber(const PlsKeys& keys) {
+    return std::min(numberIn(keys.numberOfEntries()).value_or(0),
+                    std::max(keys.highestNumber(), kMostEmptyEntries));
+}
+
+/// The number of the entry behind this one, where `last` is that of the last.
+std::optional<std::int32_t> numberBehind(std::int32_t number, const PlsKeys& keys,
+                                         std::int32_t last, const ListManner& manner) {
+    if (manner.comfort.readsAllOfPls) {
+        return keys.nextNumber();
+    }
+    return number < last ? std::optional(number + 1) : std::nullopt;
+}
+
+/// Of an entry behind one of that length.
+std::int32_t secondsOf(const PlsEntry& entry, std::int32_t before, const ListManner& manner) {
+    return manner.comfort.forgetsLengths ? knownSeconds(entry.length.value_or(""))
+                                         : numberIn(entry.length).value_or(before);
+}
+
 } // namespace
 
-ReadEnd appendPls(std::string_view text, stdSS& list, host::MessagePump& pump) {
+ReadEnd appendPls(std::string_view text, stdSS& list, host::MessagePump& pump,
+                  const ListManner& manner) {
     PlsKeys keys(text);
-    const std::int32_t count = std::min(numberIn(keys.numberOfEntries()).value_or(0),
-                                        std::max(keys.highestNumber(), kMostEmptyEntries));
+    const std::int32_t last = lastNumber(keys);
+    std::int32_t number = 0;
     std::int32_t seconds = 0;
     std::string timeText = base::lastFive(seconds);
     if (!pump.Step()) {
         return ReadEnd::ProgramEnding;
     }
-    for (std::int32_t number = 1; number <= count; ++number) {
+    while (const auto next = numberBehind(number, keys, last, manner)) {
         if (!pump.Step()) {
             return ReadEnd::ProgramEnding;
         }
+        number = *next;
         const PlsEntry entry = keys.entry(number);
-        if (const auto length = numberIn(entry.length); length && *length != seconds) {
-            seconds = *length;
+        if (const std::int32_t length = secondsOf(entry, seconds, manner); length != seconds) {
+            seconds = length;
             timeText = base::lastFive(seconds);
         }
-        list.AddItem({}, entry.file.value_or(""), entry.title.value_or(""), timeText, seconds);
+        if (manner.comfort.readsAllOfPls && entry.file.value_or("").empty()) {
+            continue;
+        }
+        const std::string file = fileOfEntry(entry.file.value_or(""), manner);
+        list.AddItem({}, file, titleOfEntry(entry.title.value_or(""), file, manner), timeText,
+                     seconds);
     }
     return ReadEnd::Complete;
 }
 
-std::string plsText(const stdSS& list) {
+std::string plsText(const stdSS& list, const ListManner& manner) {
     std::string text;
     appendPlsHead(text);
     for (Row row = 1; row <= list.ListCount(); ++row) {
         appendPlsEntry(text, row, list.seconds(row), list.text(row, RowText::Title),
-                       list.text(row, RowText::FileName));
+                       nameForList(list.text(row, RowText::FileName), manner));
     }
     appendPlsTail(text, list.ListCount());
     return text;

@@ -108,6 +108,39 @@ TEST_F(Filling, aPlsFileOnTheCommandLineIsPlayed) {
     EXPECT_EQ(player().stdSS().SelectedIndex, 1);
 }
 
+TEST_F(Filling, withComfortAListIsSavedAndLoadedAsOthersDoIt) {
+    options_.comfort = true;
+    begin();
+    host_.dialogs.filesToOpen.push_back({track("a.mp3"), track("b.mp3")});
+    run(CommandId::addFile);
+    host_.dialogs.filesToSave.push_back(host_.folder / "x.XSPF");
+    run(CommandId::saveList);
+    host_.dialogs.filesToOpen.push_back({host_.folder / "x.XSPF"});
+    host_.dialogs.answers.push_back(host::MessageAnswer::No);
+    run(CommandId::loadList);
+    EXPECT_THAT(titles(), ElementsAre("a.mp3", "b.mp3", "a.mp3", "b.mp3"));
+    ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
+    EXPECT_EQ(host_.dialogs.boxes[0].text,
+              "The playlist is not empty. Shall x.XSPF replace it, or be appended to it?");
+    EXPECT_EQ(host_.dialogs.boxes[0].yesCaption, "&Replace");
+    EXPECT_EQ(host_.dialogs.boxes[0].noCaption, "&Append");
+    EXPECT_EQ(player().stdSS().text(3, RowText::FileName), host_.folder / "a.mp3");
+}
+
+TEST_F(Filling, withComfortAnXspfFileOnTheCommandLineIsPlayed) {
+    options_.comfort = true;
+    track("one.mp3");
+    options_.commandLine =
+        "\"" +
+        host_.folder.write("l.xspf", "<playlist><trackList><track><location>one.mp3</location>"
+                                     "<title>One</title></track></trackList></playlist>") +
+        "\"";
+    start();
+    EXPECT_THAT(titles(), ElementsAre("One"));
+    EXPECT_TRUE(player().state().IsPlaying);
+    EXPECT_EQ(player().state().CurrentTitle, "One");
+}
+
 TEST_F(Filling, closingDuringTheAutomaticLoadLeavesTheSavedListAsItIs) {
     /// In the middle of the load a folder is added, and the user closes the window.
     class Closes final : public playlist::ListObserver {

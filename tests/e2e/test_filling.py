@@ -11,6 +11,7 @@ from program import LIMIT, ProgramTest, media
 SONG = "wav_s16_44100_stereo.wav"
 SAVE_BUTTON = (281, 253)  # in the window, on the playlist's panel
 CLEAR_BUTTON = (201, 253)
+LOAD_BUTTON = (241, 253)
 
 
 class Filling(ProgramTest):
@@ -127,6 +128,58 @@ class Filling(ProgramTest):
         before = self.read("db/autosave.m3u")
         self.end(player)
         self.assertEqual(self.read("db/autosave.m3u"), before)  # that list is not kept
+
+    def test_with_comfort_lists_go_through_the_dialogs_of_the_panel(self):
+        """A list beside its music is loaded, saved as XSPF by the type alone, and replaces itself."""
+        self.music("a.wav", "below/b.wav")
+        listed = self.path("music/others.m3u")
+        with open(listed, "w", encoding="utf-8") as file:
+            file.write("a.wav\n\n# said\n#EXTINF:no,Bravo\nbelow\\b.wav\n")
+        player = self.begin("--comfort=on")
+        self.key("3")
+
+        def ask(button, title):
+            def asked():
+                self.tool("xdotool", "windowactivate", "--sync", self.player_window)
+                self.click(button)
+                return self.boxes(title)
+
+            self.wait_until(asked, title)
+            self.dialog(title)
+
+        def end_dialog(title):
+            self.key("Return")
+            self.wait_until(lambda: not self.boxes(title), "the end of the dialog")
+
+        ask(LOAD_BUTTON, "Load playlist")
+        self.tool("xdotool", "type", listed)
+        end_dialog("Load playlist")
+
+        ask(SAVE_BUTTON, "Save playlist")
+        self.key("alt+t")
+        self.key("Down", "Down", "Down", "Tab")  # M3U8, PLS, XSPF
+        self.key("alt+n")
+        self.tool("xdotool", "type", self.path("music/mine"))
+        end_dialog("Save playlist")
+        saved = self.path("music/mine.xspf")
+        self.wait_until(lambda: os.path.exists(saved), "the saved list")
+        with open(saved, "rb") as file:
+            text = file.read().decode()
+        self.assertEqual(re.findall("<location>(.*)</location>", text), ["a.wav", "below/b.wav"])
+        self.assertEqual(re.findall("<title>(.*)</title>", text), ["a.wav", "Bravo"])
+
+        ask(LOAD_BUTTON, "Load playlist")
+        self.tool("xdotool", "type", saved)
+        end_dialog("Load playlist")
+        box = self.plain_box()
+        self.keep_screenshot("replace_or_append.png")
+        self.tool("xdotool", "windowactivate", "--sync", box)
+        self.key("alt+r")  # Replace
+        self.wait_until(lambda: not self.plain_boxes(), "the end of the question")
+        self.end(player)
+        self.assertEqual(self.read("db/autosave.m3u").decode().split("\r\n"), [
+            "#EXTM3U", "#EXTINF:0,a.wav", self.path("music/a.wav"),
+            "#EXTINF:0,Bravo", self.path("music/below/b.wav"), ""])
 
 
 if __name__ == "__main__":

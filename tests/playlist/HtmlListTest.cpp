@@ -66,5 +66,25 @@ TEST(HtmlList, theNumberIsThatOfTheRow) {
     EXPECT_NE(htmlText(list).find("\">12.|t</a>"), std::string::npos);
 }
 
+TEST(HtmlList, asTextOfAPage) {
+    stdSS list;
+    list.AddItem("", "/l/A & <B>.mp3", R"(A & <B> "C")", "", 0);
+    list.AddItem("", "/k/\xC4\x8D.mp3", "\xC4\x8D", "", 0);
+    list.AddItem("", "http://x/?a=1&b=\"", "\xE4", "", 0);
+    ListManner manner{.comfort = {.escapesPage = true}, .folder = "/l"};
+    const std::string page = htmlText(list, manner);
+    EXPECT_NE(page.find(R"(<meta http-equiv="Content-Type" content="text/html; charset=utf-8">)"),
+              std::string::npos);
+    EXPECT_EQ(page.find("iso-8859"), std::string::npos);
+    EXPECT_NE(page.find("<a href=\"file:///l/A%20%26%20%3CB%3E.mp3\">1.|A &amp; &lt;B&gt; "
+                        "&quot;C&quot;</a><br>\r\n"
+                        "<a href=\"file:///k/%C4%8D.mp3\">2.|\xC4\x8D</a><br>\r\n"
+                        "<a href=\"http://x/?a=1&amp;b=&quot;\">3.|\xC3\xA4</a><br>\r\n"),
+              std::string::npos)
+        << page;
+    manner.comfort.savesRelativeNames = true;
+    EXPECT_NE(htmlText(list, manner).find("<a href=\"A%20%26%20%3CB%3E.mp3\">"), std::string::npos);
+}
+
 } // namespace
 } // namespace tovik::playlist

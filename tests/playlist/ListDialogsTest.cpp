@@ -1,15 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "playlist/ListDialogs.h"
-
 #include "playlist/HtmlList.h"
-#include "playlist/Lists.h"
+#include "playlist/ListDialogsRig.h"
 #include "playlist/M3uList.h"
 #include "playlist/PlsList.h"
-#include "support/host/TestHost.h"
 
 #include <gmock/gmock.h>
-
-#include <filesystem>
 
 namespace tovik::playlist {
 namespace {
@@ -17,33 +12,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class ListDialogsTest : public testing::Test {
-protected:
-    /// Saves under that name in the test's folder.
-    void save(const std::string& name) {
-        host.dialogs.filesToSave.push_back(host.folder / name);
-        dialogs.SaveImg_Click();
-        dialogs.wait();
-    }
-
-    void load(const std::string& path) {
-        host.dialogs.filesToOpen.push_back({path});
-        dialogs.loadImg_Click();
-    }
-
-    [[nodiscard]] bool exists(const std::string& name) {
-        return std::filesystem::exists(host.folder / name);
-    }
-
-    test::TestHost host;
-    stdSS list;
-    PlaylistFiles files{list, host.pump, host.paths};
-    ListDialogs dialogs{list,
-                        files,
-                        host.dialogs,
-                        host.paths,
-                        {.load = [] { return "Load it"; }, .save = [] { return "Save it"; }}};
-};
+using ListDialogsTest = ListDialogsRig;
 
 TEST_F(ListDialogsTest, theNameTellsTheForm) {
     fill(list, {"a", "b"});

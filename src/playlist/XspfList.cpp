@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "playlist/XspfList.h"
+
+#include "base/Numbers.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "base/TimeText.h"
+#include "config/XmlTree.h"
+#include "playlist/ListNames.h"
+#include "playlist/stdSS.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+namespace tovik::playlist {
+
+namespace {
+
+using config::XmlElement;
+
+constexpr std::string_view kPlaylist = "playlist";
+constexpr std::string_view kTrackList = "trackList";
+constexpr std::string_view kTrack = "track";
+constexpr std::string_view kLocation = "location";
+constexpr std::string_view kTitle = "title";
+constexpr std::string_view kCreator = "creator";
+constexpr std::string_view kDuration = "duration";
+
+constexpr double kMillisecondsPerSecond = 1000;
+
+/// The text of a child, on one line and without what stands round it.
+std::string lineOf(const XmlElement& track, std::string_view name) {
+    const XmlElement* const child = track.child(name);
+    if (child == nullptr) {
+        return {};
+    }
+    std::string text = child->text;
+    std::ranges::replace_if(
+        text,
+        [](char character) { return character == '\n' || character == '\r' || character == '\t'; },
+        ' ');
+    return std::string(base::trimmed(text));
+}
+
+std::string titleOf(const XmlElement& track) {
+    const std::string title = lineOf(track, kTitle);
+    const std::string creator = lineOf(track, kCreator);
+    return title.empty() || creator.empty() ? title : creator + " - " + title;
+}
+
+std::int32_t secondsOf(const XmlElement& track) {
+    try {
+        const double milliseconds = base::textToNumber(lineOf(track, kDuration));
+        return std::max(base::toInt32(milliseconds / kMillisecondsPerSecond), 0);
+    } catch (const base::RuntimeError&) {
+        return 0; // not known
+    }
+}
+
+XmlElement textElement(std::string_view name, std::string text) {
+    return {.name = std::string(name), .text = std::move(text)};
+}
+
+} // namespace
+
+ReadEnd appendXspf(std::string_view text, stdSS& list, host::MessagePump& pump,
+                   const ListManner& manner) {
+    const std::optional<XmlElement> root = config::readXmlTree(text);
+    const XmlElement* const tracks =
+        root && root->name == kPlaylist ? root->child(kTrackList) : nullptr;
+    if (tracks == nullptr) {
+        return ReadEnd::Complete;
+    }
+    for (const XmlElement& track : tracks->children) {
+        const std::string location = lineOf(track, kLocation);
+        if (track.name != kTrack || location.empty()) {
+            continue;
+        }
+        if (!pump.Step()) {
+            return ReadEnd::ProgramEnding;
+        }
+        const std::string file = resolvedReference(location, manner.folder);
+        const std::int32_t seconds = secondsOf(track);
+        list.AddItem({}, file, titleOfEntry(titleOf(track), file, manner), base::lastFive(seconds),
+                     seconds);
+    }
+    return ReadEnd::Complete;
+}
+
+std::string xspfText(const stdSS& list, const ListManner& manner) {
+    XmlElement tracks{.name = std::string(kTrackList)};
+    for (Row row = 1; row <= list.ListCount(); ++row) {
+        XmlElement& track = tracks.children.emplace_back(XmlElement{.name = std::string(kTrack)});
+        track.children.push_back(
+            textElement(kLocation, referenceInList(list.text(row, RowText::FileName),
+                                                   manner.comfort.savesRelativeNames
+                                                       ? std::string_view(manner.folder)
+                                                       : std::string_view())));
+        if (const std::string_view title = list.text(row, RowText::Title); !title.empty()) {
+            track.children.push_back(textElement(kTitle, std::string(title)));
+        }
+        if (const std::int64_t seconds = list.seconds(row); seconds > 0) {
+            const auto perSecond = static_cast<std::int64_t>(kMillisecondsPerSecond);
+            track.children.push_back(textElement(kDuration, std::to_string(seconds * perSecond)));
+        }
+    }
+    XmlElement root{.name = std::string(kPlaylist),
+                    .attributes = {{"version", "1"}, {"xmlns", "http://xspf.org/ns/0/"}}};
+    root.children.push_back(std::move(tracks));
+    return config::xmlFileOf(root);
+}
+
+} // namespace tovik::playlist
