@@ -2,6 +2,7 @@
 #include "desktop/RowIds.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tovik::desktop {
 
@@ -28,6 +29,21 @@ playlist::Row RowIds::rowOf(Id id) const {
 void RowIds::rowsInserted(playlist::Row first, playlist::Row count) {
     const auto place = ids_.insert(ids_.begin() + (first - 1), static_cast<std::size_t>(count), 0);
     std::generate_n(place, count, [this] { return ++last_; });
+    tell();
+}
+
+void RowIds::rowsPutBack(std::span<const playlist::Row> rows) {
+    std::vector<Id> ids;
+    ids.reserve(ids_.size() + rows.size());
+    auto others = ids_.begin();
+    for (const playlist::Row row : rows) {
+        for (; static_cast<playlist::Row>(ids.size()) + 1 < row; ++others) {
+            ids.push_back(*others);
+        }
+        ids.push_back(++last_);
+    }
+    ids.insert(ids.end(), others, ids_.end());
+    ids_ = std::move(ids);
     tell();
 }
 

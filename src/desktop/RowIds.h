@@ -35,6 +35,7 @@ public:
 
 private:
     void rowsInserted(playlist::Row first, playlist::Row count) override;
+    void rowsPutBack(std::span<const playlist::Row> rows) override;
     void rowsRemoved(std::span<const playlist::Row> rows) override;
     void rowMoved(playlist::Row from, playlist::Row to) override;
     void rowsCleared() override;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 namespace tovik::player {
 
@@ -172,11 +173,40 @@ void ShuffleOrder::rowsRemoved(std::span<const Row> rows) {
     }
     way_ = std::move(way);
     place_ = place;
-    for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
-        if (played_.at(static_cast<std::size_t>(*row) - 1)) {
-            --playedRows_;
+    std::vector<bool> played;
+    played.reserve(played_.size() - rows.size());
+    auto gone = rows.begin();
+    for (std::size_t at = 0; at < played_.size(); ++at) {
+        if (gone == rows.end() || static_cast<std::size_t>(*gone) != at + 1) {
+            played.push_back(played_[at]);
+            continue;
         }
-        played_.erase(played_.begin() + (*row - 1));
+        ++gone;
+        playedRows_ -= played_[at] ? 1U : 0U;
+    }
+    played_ = std::move(played);
+}
+
+/// Rows that come back have their turn once more.
+void ShuffleOrder::rowsPutBack(std::span<const Row> rows) {
+    drawn_.reset();
+    std::vector<Row> numbers; // that the rows have by now, by the old ones less one
+    std::vector<bool> played;
+    numbers.reserve(played_.size());
+    played.reserve(played_.size() + rows.size());
+    auto place = rows.begin();
+    for (const bool had : played_) {
+        for (; place != rows.end() && static_cast<std::size_t>(*place) == played.size() + 1;
+             ++place) {
+            played.push_back(false);
+        }
+        played.push_back(had);
+        numbers.push_back(static_cast<Row>(played.size()));
+    }
+    played.resize(played_.size() + rows.size(), false);
+    played_ = std::move(played);
+    for (Row& row : way_) {
+        row = numbers.at(static_cast<std::size_t>(row) - 1);
     }
 }
 

@@ -55,6 +55,7 @@ public:
 
 private:
     void rowsInserted(Row first, Row count) override;
+    void rowsPutBack(std::span<const Row> rows) override;
     void rowsRemoved(std::span<const Row> rows) override;
     void rowMoved(Row from, Row to) override;
 

@@ -38,6 +38,14 @@ public:
     /// Rows `first` to `first + count - 1` are new; those behind moved down.
     virtual void rowsInserted(Row /*first*/, Row /*count*/) {}
 
+    /// These rows (their new numbers, ascending) are new, in several places. Told row by row where
+    /// nobody has a quicker way.
+    virtual void rowsPutBack(std::span<const Row> rows) {
+        for (const Row row : rows) {
+            rowsInserted(row, 1);
+        }
+    }
+
     /// These rows (their old numbers, ascending) are gone; those behind moved up.
     virtual void rowsRemoved(std::span<const Row> /*rows*/) {}
 

@@ -36,6 +36,12 @@ std::string_view ListMirror::List(std::int32_t item) const noexcept {
     return item < list_.ListCount() ? list_.text(item + 1, RowText::Title) : std::string_view();
 }
 
+void ListMirror::rowsInserted(Row first, Row count) {
+    if (listIndex_ != kNone && first <= listIndex_ + 1) {
+        listIndex_ += count;
+    }
+}
+
 void ListMirror::rowsRemoved(std::span<const Row> rows) {
     const Row own = listIndex_ + 1;
     const auto at = std::lower_bound(rows.begin(), rows.end(), own);

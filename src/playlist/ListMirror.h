@@ -46,6 +46,7 @@ public:
     [[nodiscard]] std::string_view List(std::int32_t item) const noexcept;
 
 private:
+    void rowsInserted(Row first, Row count) override;
     void rowsRemoved(std::span<const Row> rows) override;
     void rowMoved(Row from, Row to) override;
     void rowsCleared() override;

@@ -18,8 +18,11 @@ void stdSS::AddItem(std::string_view ItemData, std::string_view FileName, std::s
 }
 
 void stdSS::Clear() {
-    rows_.clear();
-    rows_.shrink_to_fit();
+    RemovedRows all{.records = std::exchange(rows_, {}),
+                    .selected = SelectedIndex,
+                    .played = playedIndex_,
+                    .sounding = soundingRow_.value_or(0),
+                    .starts = starts_};
     markedCount_ = 0;
     totalSeconds_ = 0;
     SelectedIndex = 0;
@@ -35,6 +38,7 @@ void stdSS::Clear() {
     OutTimeText = "0";
     OutSeconds = 0;
     tell([](ListObserver& observer) { observer.rowsCleared(); });
+    keep(std::move(all));
     addToTotal(0);
 }
 

@@ -3,8 +3,7 @@
 #pragma once
 
 #include "base/Comfort.h"
-#include "playlist/ListEvents.h"
-#include "playlist/RowTexts.h"
+#include "playlist/ListRecord.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -15,6 +14,8 @@
 #include <vector>
 
 namespace tovik::playlist {
+
+class ListUndo;
 
 /// Rows are counted from 1; 0 is no row. No operation reports an error: what asks for a row that
 /// is not there has no effect on rows. The members whose names begin with a capital are the list
@@ -66,9 +67,13 @@ public:
     /// Removes every row. Afterwards `OutTimeText` is "0", the other `Out` texts are empty.
     void Clear();
 
-    /// Removes a row; nothing is selected any more. What plays goes on: the played mark stays on
-    /// its entry and goes with it.
+    /// Removes a row; nothing is selected any more, or what is at its place by then
+    /// (`Comfort::selectsNeighbour`). What plays goes on: the played mark stays on its entry and
+    /// goes with it.
     void Remove(Row row);
+
+    /// The same for rows one behind the other; those that are not there are passed over.
+    void removeRange(Row first, Row count);
 
     /// Removes the selected row and every marked row.
     void MultiIzbris();
@@ -77,6 +82,14 @@ public:
     /// selects it there. Nothing happens where that changes no order. Nothing is started anew; for
     /// the played mark see `movedMark` in stdSSMove.cpp.
     void MoveRow(Row row, Row before);
+
+    /// Takes the first rows to the end of the list, looks and selection included.
+    void moveToEnd(Row count);
+
+    /// Puts back what was removed, to the places that it names; what was selected of it then is so
+    /// again. What plays has its look again unless something was started since. Nothing happens
+    /// where the places do not fit the list.
+    void putBack(RemovedRows removed);
 
     /// Rows may look otherwise than before, by no change of the list.
     void looksChanged(Row first, Row last) const;
@@ -130,6 +143,13 @@ public:
     /// What of its behaviour is kinder; outlives the list. Nothing is without it.
     void obey(const base::Comfort& comfort) noexcept { comfort_ = &comfort; }
 
+    [[nodiscard]] const base::Comfort& comfort() const noexcept { return *comfort_; }
+
+    /// Who keeps the rows that are removed: none or one. Not owned.
+    void setHistory(ListUndo* history) noexcept { history_ = history; }
+
+    [[nodiscard]] ListUndo* history() const noexcept { return history_; }
+
     /// Who hears the events: none or one. Not owned.
     void setEvents(ListEvents* events) noexcept { events_ = events; }
 
@@ -159,13 +179,7 @@ public:
 private:
     static constexpr base::Comfort kNoComfort{};
 
-    struct Record {
-        RowTexts texts;
-        std::int32_t seconds = 0;
-        bool marked = false;
-        bool unplayable = false;
-        bool factsTaken = false;
-    };
+    using Record = ListRecord;
 
     [[nodiscard]] bool has(Row row) const noexcept { return row > 0 && row <= ListCount(); }
 
@@ -178,6 +192,10 @@ private:
     void setMark(Row row, bool marked) noexcept;
     void addToTotal(std::int64_t seconds);
     void erase(std::span<const Row> rows);
+    [[nodiscard]] RemovedRows take(std::span<const Row> rows);
+    void keep(RemovedRows removed);
+    void selectBeside(Row selected, std::span<const Row> removed);
+    void makeRoom(std::span<const Row> places);
     void raisePlay(Row row) const;
     void markRange(Row first, Row last);
 
@@ -197,6 +215,8 @@ private:
     std::vector<ListObserver*> observers_;
     ListEvents* events_ = nullptr;
     const base::Comfort* comfort_ = &kNoComfort;
+    ListUndo* history_ = nullptr;
+    std::uint64_t starts_ = 0;       // of rows, and ends of what sounded
     Row playedIndex_ = 0;            // started last from the list
     std::optional<Row> soundingRow_; // has the played look; without one the row above has
     Row selectionAnchor_ = 0;

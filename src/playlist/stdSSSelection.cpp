@@ -32,6 +32,7 @@ void stdSS::Play(Row row) {
     if (row <= 0) {
         return;
     }
+    starts_ += SilentMove ? 0 : 1;
     const Row before = std::exchange(playedIndex_, row);
     if (SilentMove && soundingRow_ == before) {
         soundingRow_ = row; // the entry that sounds is the one that moved
@@ -59,6 +60,7 @@ void stdSS::StartRow(Row row) {
 }
 
 void stdSS::showSounding(Row row) {
+    ++starts_;
     const Row before = lookRow();
     soundingRow_ = row;
     if (row != before) {

@@ -2,6 +2,7 @@
 #include "window/ListRows.h"
 
 #include "base/TimeText.h"
+#include "playlist/ListUndo.h"
 
 namespace tovik::window {
 
@@ -108,10 +109,12 @@ void ListRows::holdModifiers(ui::Modifiers modifiers) {
 }
 
 void ListRows::moveRow(std::size_t row, std::size_t before) {
+    const playlist::ListUndo::Step step(list_);
     list_.MoveRow(numberOf(row), numberOf(before));
 }
 
 bool ListRows::removeRows() {
+    const playlist::ListUndo::Step step(list_);
     if (list_.MultiActive()) {
         list_.MultiIzbris();
     } else {

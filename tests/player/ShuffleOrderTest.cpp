@@ -2,6 +2,7 @@
 #include "player/ShuffleOrder.h"
 
 #include "host/SeededRandom.h"
+#include "playlist/ListUndo.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -177,6 +178,29 @@ TEST_F(ShuffleOrderTest, aTextThatDoesNotFitIsLeft) {
     EXPECT_EQ(order_.text(), "3 1 2 - 2");
     list_.Clear();
     EXPECT_EQ(order_.text(), "0 0 -");
+}
+
+TEST_F(ShuffleOrderTest, rowsThatWentAndCameBackHaveTheirTurnAndTheOthersKeepTheirs) {
+    base::Comfort comfort;
+    comfort.keepsRemovedRows = true;
+    list_.obey(comfort);
+    playlist::ListUndo undo(list_);
+    fill(6);
+    for (const Row row : {5, 1, 4, 3}) {
+        order_.noteStarted(row);
+    }
+    list_.SelectIndex(1);
+    list_.ModifierMask = 2;
+    list_.MS(4);
+    list_.MultiIzbris(); // 2, 3, 5 and 6 are left, of which 3 and 5 were played
+    EXPECT_EQ(order_.previous(), 3);
+    undo.undo();
+    EXPECT_EQ(order_.next(false), 3); // forward again on the way, which is 5, 3
+    std::set<Row> left;
+    while (const auto row = order_.next(false)) {
+        left.insert(*row);
+    }
+    EXPECT_EQ(left, (std::set<Row>{1, 2, 4, 6}));
 }
 
 } // namespace
