@@ -3,9 +3,9 @@
 
 namespace tovik::app {
 
-Autoload::Autoload(const LastSession::Needs& session, Lists& lists)
-    : core_(session.core), lists_(lists), rows_(session.playback.rows), lastSession_(session),
-      Timer4_(core_.timers.makeTimer([this] { Timer4(); })) {}
+Autoload::Autoload(const LastSession::Needs& session, Lists& lists, const StartFile& startFile)
+    : core_(session.core), lists_(lists), startFile_(startFile), rows_(session.playback.rows),
+      lastSession_(session), Timer4_(core_.timers.makeTimer([this] { Timer4(); })) {}
 
 void Autoload::begin() {
     Timer4_->setInterval(kTimer4Ms);
@@ -17,9 +17,9 @@ void Autoload::Timer4() {
         if (!core_.state.LoadFinished) {
             return;
         }
-        // A start with a file never reads the saved list, so there is nothing to wait for.
+        // Where a start with a file does not read the saved list, there is nothing to wait for.
         Timer4_->setEnabled(false);
-        if (core_.state.NoCommandLine) {
+        if (startFile_.readsSavedList()) {
             autoload_playlist();
         }
     });
@@ -27,9 +27,17 @@ void Autoload::Timer4() {
 
 void Autoload::autoload_playlist() {
     config::guard(core_.errors, config::player("Autoload_Playlist"), [this] {
+        // Rows of the start's files sound already, and are behind the saved ones like all that is
+        // added.
+        const playlist::Row added = core_.lists.stdSS.ListCount();
         lists_.load();
+        core_.lists.stdSS.moveToEnd(added);
+        lists_.undo.forget();
+        if (!core_.state.NoCommandLine && core_.state.IsPlaying) {
+            return;
+        }
         lastSession_.restore();
-        if (core_.state.FirstRun) {
+        if (core_.state.FirstRun && core_.state.NoCommandLine) {
             // The very first start plays the piece that came with the program.
             rows_.playItem(0);
         }

@@ -4,6 +4,7 @@
 
 #include "app/LastSession.h"
 #include "app/Lists.h"
+#include "app/StartFile.h"
 #include "host/Timer.h"
 #include "player/Core.h"
 #include "player/RowPlayer.h"
@@ -17,7 +18,7 @@ public:
     static constexpr int kTimer4Ms = 100;
 
     /// All of them outlive the object.
-    Autoload(const LastSession::Needs& session, Lists& lists);
+    Autoload(const LastSession::Needs& session, Lists& lists, const StartFile& startFile);
 
     /// A step of the end: what the next session goes on with.
     void keepSession() { lastSession_.keep(); }
@@ -34,6 +35,7 @@ private:
 
     const player::Core& core_;
     Lists& lists_;
+    const StartFile& startFile_;
     player::RowPlayer& rows_;
     LastSession lastSession_;
     std::unique_ptr<host::Timer> Timer4_;

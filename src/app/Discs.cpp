@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Discs.h"
 
+#include "playlist/ListUndo.h"
+
 #include "window/PanelTable.h"
 
 #include <array>
@@ -53,7 +55,11 @@ void Discs::bind(commands::Commands& commands) {
     for (std::size_t i = 0; i < kPlayDrive.size(); ++i) {
         commands.bind(
             kPlayDrive.at(i),
-            {.run = [this, i] { drives.PlayAudioCD(static_cast<std::int32_t>(i)); },
+            {.run =
+                 [this, i] {
+                     const playlist::ListUndo::Step step(core_.lists.stdSS);
+                     drives.PlayAudioCD(static_cast<std::int32_t>(i));
+                 },
              .enabled = [this,
                          i] { return i < drives.cmbCDDrives.entries.size() && !drives.rips(); }});
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Filling.h"
 
+#include "playlist/ListUndo.h"
+
 #include <cstddef>
 #include <utility>
 
@@ -22,7 +24,11 @@ constexpr std::size_t kSaveTitle = 7;
 } // namespace
 
 Filling::Filling(const Needs& needs, const host::Host& host)
-    : media(needs.core.lists.stdSS, host.dialogs, needs.core.errors,
+    : media({.list = needs.core.lists.stdSS,
+             .files = needs.files,
+             .dialogs = host.dialogs,
+             .pump = host.pump,
+             .errors = needs.core.errors},
             titleOf(needs.elements, kAddTitle)),
       files({.list = needs.core.lists.stdSS,
              .files = needs.files,
@@ -36,16 +42,25 @@ Filling::Filling(const Needs& needs, const host::Host& host)
              .notice = [&language = needs.language](
                            int number) { return language.get_Notice_String(number); }}),
       openDirectory(needs.core, host.pump), buttons(needs.core, needs.files, openDirectory),
-      rowFacts(needs.core, *needs.core.facts), window_(needs.window), windows_(needs.windows) {}
+      rowFacts(needs.core, *needs.core.facts), core_(needs.core), window_(needs.window),
+      windows_(needs.windows) {}
 
 void Filling::bind(commands::Commands& commands) {
     commands.bind(CommandId::addFile, button([this] { media.Add_file(); }));
     commands.bind(CommandId::addFolder,
                   button([this] { windows_.open(window::WindowId::openDirectory); }));
-    // There is nothing more to it: addresses are the business of the radio's panel.
-    commands.bind(CommandId::locationButton, button([] {}));
+    // A deliberate oddity: there is nothing more to it, unless `Comfort::asksForLocation` lets it
+    // ask for an address.
+    commands.bind(CommandId::locationButton, button([this] {
+                      if (core_.state.comfort.asksForLocation && askForLocation) {
+                          askForLocation();
+                      }
+                  }));
     commands.bind(CommandId::removeFromList, button([this] { buttons.delIMG_Click(); }));
-    commands.bind(CommandId::clearList, button([this] { buttons.clrIMG_Click(); }));
+    commands.bind(CommandId::clearList, button([this] {
+                      media.cancel();
+                      buttons.clrIMG_Click();
+                  }));
     commands.bind(CommandId::loadList, button([this] { files.loadImg_Click(); }));
     commands.bind(CommandId::saveList, button([this] { files.SaveImg_Click(); }));
 }
@@ -53,6 +68,7 @@ void Filling::bind(commands::Commands& commands) {
 std::function<void()> Filling::button(std::function<void()> act) {
     return [this, act = std::move(act)] {
         window_.takeFocus();
+        const playlist::ListUndo::Step step(core_.lists.stdSS);
         act();
     };
 }

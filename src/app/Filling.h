@@ -50,10 +50,15 @@ public:
     player::ListButtons buttons;
     player::ListFacts rowFacts;
 
+    /// Asks for an address that becomes a row; none: nobody can.
+    std::function<void()> askForLocation;
+
 private:
-    /// A command of the playlist's panel: the keyboard goes to `Text4` first.
+    /// A command of the playlist's panel: the keyboard goes to `Text4` first. What it does to the
+    /// list is one step.
     [[nodiscard]] std::function<void()> button(std::function<void()> act);
 
+    const player::Core& core_;
     window::PlayerWindow& window_;
     window::WindowOpener& windows_;
 };

@@ -15,15 +15,20 @@ namespace {
 
 using Kind = host::InstanceMessageKind;
 
-host::InstanceMessage messageOf(const StartOptions& options) {
-    return options.commandLine.empty()
-               ? host::InstanceMessage{Kind::toTheFront, options.activationToken}
-               : host::handOver(host::withQuotes(base::handedOverPath(options.commandLine)));
+/// A deliberate oddity: no switch is looked at, and of several files the first goes over, unless
+/// `Comfort::addsHandedOver` sends the whole command line.
+host::InstanceMessage messageOf(const StartOptions& options, const base::Comfort& comfort) {
+    const bool whole = comfort.addsHandedOver;
+    if (options.commandLine.empty() ||
+        (whole && base::commandWords(options.commandLine).files.empty())) {
+        return {Kind::toTheFront, options.activationToken};
+    }
+    return whole ? host::InstanceMessage{Kind::commandLine, options.commandLine}
+                 : host::handOver(host::withQuotes(base::handedOverPath(options.commandLine)));
 }
 
 } // namespace
 
-/// A deliberate oddity: no switch is looked at, and of several files the first goes over.
 void HandOver::meetOtherInstance() {
     if (player::readLive(core_.settings, "MI", config::settingToInt16) != 0 ||
         !process_.anotherInstance()) {
@@ -31,7 +36,7 @@ void HandOver::meetOtherInstance() {
     }
     window_.hide();
     // An instance that ended instead of answering leaves its place to this one.
-    if (process_.send(messageOf(options_)) || process_.anotherInstance()) {
+    if (process_.send(messageOf(options_, core_.state.comfort)) || process_.anotherInstance()) {
         process_.end(EXIT_SUCCESS);
     }
 }
@@ -50,16 +55,26 @@ void HandOver::carryOut(const host::InstanceMessage& message) {
     // Whoever starts the player wants to see it.
     front_(wish ? message.text : std::string());
     if (!wish) {
-        api_msg_change(message.text);
+        api_msg_change(message);
     }
 }
 
-void HandOver::api_msg_change(const std::string& api_msg) {
+void HandOver::api_msg_change(const host::InstanceMessage& message) {
     config::guard(core_.errors, config::player("api_msg"), [&] {
-        // A deliberate oddity: with another number in the settings the file is lost without a word.
+        // A deliberate oddity: with another number in the settings the file is lost without a word,
+        // unless `Comfort::takesAnyHandOver` says otherwise.
         const double known = player::readLive(core_.settings, "SHWND", base::textToNumber);
-        if (known == static_cast<double>(window_.handle())) {
-            startFile_.playHandedOver(api_msg);
+        if (known != static_cast<double>(window_.handle()) &&
+            !core_.state.comfort.takesAnyHandOver) {
+            return;
+        }
+        const bool line = message.kind == Kind::commandLine;
+        if (core_.state.comfort.addsHandedOver) {
+            startFile_.add(line ? base::commandWords(message.text)
+                                : base::CommandWords{.files = {message.text}});
+        } else {
+            startFile_.playHandedOver(line ? host::withQuotes(base::handedOverPath(message.text))
+                                           : message.text);
         }
     });
 }

@@ -42,7 +42,7 @@ public:
 
 private:
     void carryOut(const host::InstanceMessage& message);
-    void api_msg_change(const std::string& api_msg);
+    void api_msg_change(const host::InstanceMessage& message);
 
     const player::Core& core_;
     Process& process_;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Lists.h"
 
+#include <utility>
+
 namespace tovik::app {
 
 Lists::Lists(const host::Host& host, const player::PlayerState& state, bool keepsList)
@@ -9,6 +11,14 @@ Lists::Lists(const host::Host& host, const player::PlayerState& state, bool keep
               [this, keepsList] { return keepsList && files.savesAtExit(state_.DirAddIdle); }) {
     stdSS.obey(state.comfort);
     files.obey(state.comfort);
+}
+
+void Lists::bind(commands::Commands& commands, std::function<bool()> inMenu) {
+    const auto kept = [this] { return state_.comfort.keepsRemovedRows; };
+    commands.bind(commands::CommandId::undoList,
+                  {.run = [this] { undo.undo(); },
+                   .enabled = [this, kept] { return kept() && undo.canUndo(); },
+                   .shown = [kept, inMenu = std::move(inMenu)] { return kept() && inMenu(); }});
 }
 
 void Lists::load() {

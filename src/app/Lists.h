@@ -3,13 +3,17 @@
 // the files that keep them. Interface thread.
 #pragma once
 
+#include "commands/Commands.h"
 #include "host/Host.h"
 #include "player/PlayerState.h"
 #include "playlist/ListKeeper.h"
 #include "playlist/ListMirror.h"
+#include "playlist/ListUndo.h"
 #include "playlist/PlaylistFiles.h"
 #include "playlist/stdSS.h"
 #include "tags/FactsDesk.h"
+
+#include <functional>
 
 namespace tovik::app {
 
@@ -21,6 +25,9 @@ public:
     Lists(const host::Host& host, const player::PlayerState& state, bool keepsList);
     Lists(const Lists&) = delete;
     Lists& operator=(const Lists&) = delete;
+
+    /// Binds the undoing, which menus show while the list's own menu is asked for.
+    void bind(commands::Commands& commands, std::function<bool()> inMenu);
 
     /// Reads the saved list. Raises what reading a list raises; the file is then left as it is,
     /// unless the user clears the list and begins another.
@@ -41,6 +48,7 @@ public:
     playlist::stdSS lstTracks;
     playlist::stdSS RadioLst;
     playlist::ListMirror List1{stdSS};
+    playlist::ListUndo undo{stdSS};
     playlist::PlaylistFiles files;
     tags::FactsDesk facts;
 

@@ -7,14 +7,18 @@
 #include "base/RegularFile.h"
 #include "base/Url.h"
 #include "host/PlayerArguments.h"
+#include "player/FadeTime.h"
 #include "player/TrackOpener.h"
 #include "playlist/FileNames.h"
 #include "playlist/ListForm.h"
+#include "playlist/ListUndo.h"
 #include "tags/TagTitle.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <system_error>
+#include <vector>
 
 namespace tovik::app {
 
@@ -45,6 +49,13 @@ void StartFile::openArgument() {
     if (core_.state.NoCommandLine) {
         return;
     }
+    base::CommandWords words = base::commandWords(commandLine_);
+    // A deliberate oddity: no switch is obeyed.
+    words.adds = words.adds && core_.state.comfort.obeysEarlySwitches;
+    if (readsSavedList() || words.adds) {
+        config::guard(core_.errors, config::player("Load"), [&] { add(words); });
+        return;
+    }
     const std::string path = host::withQuotes(core_.state.CommandArgs.at(1));
     core_.lists.stdSS.Clear();
     if (const auto problem = problemOf(path)) {
@@ -55,13 +66,39 @@ void StartFile::openArgument() {
     }
 }
 
+bool StartFile::readsSavedList() const {
+    return core_.state.NoCommandLine ||
+           (core_.state.comfort.keepsListOfFileStart && keepsList_ && media_ != nullptr);
+}
+
 void StartFile::playHandedOver(const std::string& path) {
+    const playlist::ListUndo::Step step(core_.lists.stdSS);
+    const auto problem = problemOf(path);
     // A deliberate oddity: emptied also for a file that is not there.
-    core_.lists.stdSS.Clear();
-    if (const auto problem = problemOf(path)) {
+    if (!problem || !core_.state.comfort.keepsListForMissing) {
+        core_.lists.stdSS.Clear();
+    }
+    if (problem) {
         throw *problem;
     }
     play(path, From::otherInstance);
+}
+
+void StartFile::add(const base::CommandWords& words) {
+    std::vector<std::string> files;
+    std::ranges::transform(words.files, std::back_inserter(files),
+                           [](const std::string& file) { return host::withQuotes(file); });
+    const auto start = [this](playlist::Row first) {
+        playlist::stdSS& list = core_.lists.stdSS;
+        const std::string path(list.text(first, playlist::RowText::FileName));
+        if (playlist::isNamedAfter(list.text(first, playlist::RowText::Title), path)) {
+            list.RefreshTitle(first, titleOf(path));
+        }
+        playback_.rows.PlayRow(first, player::fadeSeconds(core_.settings));
+    };
+    if (media_ != nullptr) {
+        media_->add(files, {}, words.adds ? playlist::AddMedia::Began() : start);
+    }
 }
 
 void StartFile::play(const std::string& path, From from) {
@@ -91,13 +128,15 @@ void StartFile::playList() {
     playback_.rows.List1_DblClick();
 }
 
-void StartFile::playFile(const std::string& path, From from) {
+std::string StartFile::titleOf(const std::string& path) {
     if (!player::namesCdTrack(path)) {
         tag_.MP3File(path);
     }
-    const std::string title =
-        tags::tagTitle(tag_).value_or(std::string(playlist::GetLastBackSlash(path)));
-    core_.lists.stdSS.AddItem("", path, title, "00:00", 0);
+    return tags::tagTitle(tag_).value_or(std::string(playlist::GetLastBackSlash(path)));
+}
+
+void StartFile::playFile(const std::string& path, From from) {
+    core_.lists.stdSS.AddItem("", path, titleOf(path), "00:00", 0);
     core_.lists.stdSS.SelectedIndex = 1;
     if (from == From::otherInstance) {
         // Whatever sounds ends at once, also where tracks fade into each other.

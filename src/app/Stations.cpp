@@ -46,10 +46,18 @@ void Stations::bind(commands::Commands& commands) {
     commands.bind(CommandId::radioInfo, [this] { tellInfo(); });
     // The only locations that are kept are stations.
     for (const CommandId id : {CommandId::addStation, CommandId::addLocation}) {
-        commands.bind(id, [this] { windows_.open(window::WindowId::addStation); });
+        commands.bind(id, [this] {
+            addStation.addTo(nullptr);
+            windows_.open(window::WindowId::addStation);
+        });
     }
     commands.bind(CommandId::startRecording, [this] { player.record(true); });
     commands.bind(CommandId::endRecording, [this] { player.record(false); });
+}
+
+void Stations::askForAddress(playlist::stdSS& playlist) {
+    addStation.addTo(&playlist);
+    windows_.open(window::WindowId::addStation);
 }
 
 void Stations::Play(const std::string& /*itemData*/) {

@@ -39,6 +39,9 @@ public:
 
     void bind(commands::Commands& commands);
 
+    /// Asks for an address that becomes a row of this playlist, which outlives the wing.
+    void askForAddress(playlist::stdSS& playlist);
+
     // Steps of the start and the end --------------------------------------------------------------
 
     void readStations();

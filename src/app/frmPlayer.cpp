@@ -49,7 +49,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
                  .stored = ground_.stored,
                  .lists = lists_,
                  .paths = ground_.host().paths},
-                lists_),
+                lists_, startFile_),
       menus_(commands_, ground_.menuTexts, window, ground_.errors, ground_.host().paths),
       front_({.core = core_,
               .knobs = {.seek = music_.playback.seek,
@@ -135,6 +135,7 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     front_.panelChosen = [this] { presence_.showMainWindow(); };
     desktop_.attach(choices_.preferences.hooks);
     ground_.news.add(events);
+    startFile_.attach(filling_.media, options_.keepsList);
     autoload_.begin();
     process_.bind(commands_);
     tone_.bind(commands_);
@@ -157,6 +158,9 @@ frmPlayer::frmPlayer(const host::Host& host, sound::SoundLibrary& sound,
     discInfo_.dialog.hooks.Rip_All = [this] { rips_.ripping.Rip_All(); };
     rips_.bind(commands_);
     menus_.bind(commands_, front_.view.elements, front_.view.input.keyWindow());
+    lists_.bind(commands_,
+                [this] { return menus_.frmTSR.listInfo() == commands::CommandId::editTag; });
+    filling_.askForLocation = [this] { stations_.askForAddress(lists_.stdSS); };
     choices_.bind(commands_);
     choices_.preferences.shortcuts.attach(menus_.accelerators());
     front_.view.input.tellVisual(visuals_);

@@ -1,11 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/CommandText.h"
 
+#include "base/Text.h"
+
 #include <algorithm>
+#include <array>
 
 namespace tovik::base {
 
 namespace {
+
+constexpr std::string_view kAddSwitch = "/ADD";
+constexpr std::array<std::string_view, 3> kSwitches{"/Play", kAddSwitch, "/Open"};
 
 std::vector<std::string> split(std::string_view text, char separator) {
     std::vector<std::string> pieces;
@@ -37,6 +43,29 @@ std::vector<std::string> commandArguments(std::string_view commandLine) {
         pieces[1] = commandLine;
     }
     return pieces;
+}
+
+CommandWords commandWords(std::string_view commandLine) {
+    CommandWords words;
+    const std::vector<std::string> pieces = split(commandLine, '"');
+    const auto isSwitch = [](const std::string& word) {
+        return std::ranges::any_of(kSwitches, [&](std::string_view name) {
+            return word.empty() || equalsIgnoringCase(word, name);
+        });
+    };
+    for (std::size_t n = 0; n < pieces.size(); ++n) {
+        const std::vector<std::string> outside = split(pieces[n], ' ');
+        const bool quoted = n % 2 == 1;
+        if (quoted || (pieces.size() == 1 && !std::ranges::all_of(outside, isSwitch))) {
+            words.files.push_back(pieces[n]);
+            continue;
+        }
+        words.adds = words.adds || std::ranges::any_of(outside, [](const std::string& word) {
+                         return equalsIgnoringCase(word, kAddSwitch);
+                     });
+    }
+    std::erase(words.files, "");
+    return words;
 }
 
 std::string handedOverPath(std::string_view commandLine) {

@@ -14,6 +14,18 @@ namespace tovik::base {
 /// 1 is then the whole text. There are always at least two pieces.
 [[nodiscard]] std::vector<std::string> commandArguments(std::string_view commandLine);
 
+/// A command line whose switches count.
+struct CommandWords {
+    bool adds = false; ///< "/ADD" stands in it, in any case of letters: nothing is started
+    std::vector<std::string> files{};
+
+    friend bool operator==(const CommandWords&, const CommandWords&) = default;
+};
+
+/// What stands between pairs of double quotes are the files, what stands outside of them are
+/// switches. A text without a double quote is one file, unless it is a switch.
+[[nodiscard]] CommandWords commandWords(std::string_view commandLine);
+
 /// What a second instance hands over to the running one: piece 1 of the text, split at double
 /// quotes, or at "/" where there is none. A text without either is all switch: empty.
 [[nodiscard]] std::string handedOverPath(std::string_view commandLine);

@@ -66,6 +66,7 @@ constexpr auto kTable = std::to_array<Command>({
     {Id::playDrive5, "Audio CD"},
     {Id::removeFromList, "Delete", window(30)},
     {Id::clearList, "Clear", window(31)},
+    {Id::undoList, "Undo", LanguageItem{config::LanguageSection::TovikNames, 30}},
     {Id::loadList, "Load", window(32)},
     {Id::saveList, "Save", window(33)},
     {Id::editTag, "View file info"},

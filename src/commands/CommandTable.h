@@ -45,6 +45,7 @@ enum class CommandId : std::uint8_t {
     playDrive5,
     removeFromList,
     clearList,
+    undoList, ///< what was done to the list last
     loadList,
     saveList,
     editTag,

@@ -25,6 +25,11 @@ bool Commands::checked(CommandId id) const {
     return found.checked && found.checked();
 }
 
+std::optional<bool> Commands::shown(CommandId id) const {
+    const Target& found = target(id);
+    return found.shown ? std::optional(found.shown()) : std::nullopt;
+}
+
 bool Commands::run(CommandId id) const {
     if (!enabled(id)) {
         return false;

@@ -6,6 +6,7 @@
 #include "commands/CommandTable.h"
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace tovik::commands {
@@ -17,6 +18,7 @@ public:
         std::function<void()> run;
         std::function<bool()> checked{}; ///< none: it is never checked
         std::function<bool()> enabled{}; ///< none: whenever it is bound
+        std::function<bool()> shown{};   ///< whether menus have it; none: whoever made them knows
     };
 
     Commands();
@@ -33,6 +35,9 @@ public:
     [[nodiscard]] bool enabled(CommandId id) const;
 
     [[nodiscard]] bool checked(CommandId id) const;
+
+    /// Whether menus have it; none for a command that does not say so.
+    [[nodiscard]] std::optional<bool> shown(CommandId id) const;
 
     /// Runs a command that is enabled; another does nothing. Returns whether it ran. Raises what
     /// the operation raises.

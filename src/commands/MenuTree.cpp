@@ -105,6 +105,7 @@ constexpr auto kTree = std::to_array<MenuEntry>({
     opens(0, "mnupls", "playlist"),
     runs(1, "mnuplsPlay", Id::listPlay),
     runs(1, "mnuplsDel", Id::listDelete),
+    runs(1, "mnuplsUndo", Id::undoList),
     line(1, "mnuplstre"),
     runs(1, "mnuplsinfo", Id::listInfo),
 });

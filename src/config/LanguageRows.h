@@ -72,6 +72,7 @@ inline constexpr auto kEnglishNames = std::to_array<std::string_view>({
     "Row of the list",
     "Audio CD",
     "Progress of the rip",
+    "Undo",
 });
 
 /// The English of "TovikLists".

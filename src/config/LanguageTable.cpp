@@ -271,6 +271,7 @@ constexpr auto kRows = std::to_array<Row>({
     inWindow(S::TovikNames, 27, W::frmTSR, "mnupls", K::Caption),
     inWindow(S::TovikNames, 28, W::frmTSR, "mnuDevice", K::Caption),
     name(S::TovikNames, 29, "riplbl"),
+    inWindow(S::TovikNames, 30, W::frmTSR, "mnuplsUndo", K::Caption),
 
     put(S::TovikLists, 0, "List1"),
     put(S::TovikLists, 0, "stdSS"),

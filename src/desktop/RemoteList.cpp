@@ -5,6 +5,7 @@
 #include "desktop/Remote.h"
 #include "player/FadeTime.h"
 #include "playlist/AudioExtensions.h"
+#include "playlist/ListUndo.h"
 
 #include <algorithm>
 #include <charconv>
@@ -52,6 +53,7 @@ bool Remote::OpenUri(const std::string& uri) {
     // Whatever happened to the list while the disk was asked has happened by now.
     playlist::stdSS& list = p_.core.lists.stdSS;
     const Row before = list.ListCount();
+    const playlist::ListUndo::Step step(list);
     if (web) {
         list.AddItem(uri, uri, uri, "", 0);
     } else if (path) {

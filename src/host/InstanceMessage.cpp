@@ -19,6 +19,19 @@ std::uint32_t lengthOf(std::string_view record) {
     return base::littleEndian<std::uint32_t>(base::bytesOf(record), sizeof(std::uint32_t));
 }
 
+std::size_t longestOf(Kind kind) {
+    switch (kind) {
+    case Kind::file:
+        return kPathBuffer - 1;
+    case Kind::commandLine:
+        return kLongestLine;
+    case Kind::longFile:
+    case Kind::toTheFront:
+        break;
+    }
+    return kLongestText;
+}
+
 } // namespace
 
 InstanceMessage handOver(std::string_view path) {
@@ -27,7 +40,7 @@ InstanceMessage handOver(std::string_view path) {
 
 std::string recordOf(const InstanceMessage& message) {
     const bool buffered = message.kind == Kind::file;
-    std::string text = message.text.substr(0, buffered ? kPathBuffer - 1 : kLongestText);
+    std::string text = message.text.substr(0, longestOf(message.kind));
     std::string record;
     base::appendLittleEndian(record, static_cast<std::uint32_t>(message.kind));
     base::appendLittleEndian(record, static_cast<std::uint32_t>(text.size() + (buffered ? 1 : 0)));
@@ -44,9 +57,10 @@ InstanceRecord::State InstanceRecord::judgeHead() {
         size_ = kHead + kPathBuffer;
         return length <= kPathBuffer ? State::unfinished : State::broken;
     case Kind::longFile:
+    case Kind::commandLine:
     case Kind::toTheFront:
         size_ = kHead + length;
-        return length <= kLongestText ? State::unfinished : State::broken;
+        return length <= longestOf(kindOf(bytes_)) ? State::unfinished : State::broken;
     }
     return State::broken;
 }

@@ -11,9 +11,10 @@ namespace tovik::host {
 
 /// The first number of a record. Whoever speaks to the player from outside uses 3.
 enum class InstanceMessageKind : std::uint32_t {
-    file = 3,                ///< a path in a buffer of 255 bytes
-    longFile = 0x474E4F4C,   ///< "LONG": a path of any length, in as many bytes as it has
-    toTheFront = 0x544E5246, ///< "FRNT": the window is to be seen; the text is the desktop's token
+    file = 3,                 ///< a path in a buffer of 255 bytes
+    longFile = 0x474E4F4C,    ///< "LONG": a path of any length, in as many bytes as it has
+    commandLine = 0x53445257, ///< "WRDS": the whole text of a command line, switches and all files
+    toTheFront = 0x544E5246,  ///< "FRNT": the window is to be seen; the text is the desktop's token
 };
 
 struct InstanceMessage {
@@ -28,6 +29,9 @@ inline constexpr std::size_t kPathBuffer = 255;
 
 /// More than a word of a command line can have.
 inline constexpr std::size_t kLongestText = std::size_t{256} * 1024;
+
+/// More than a whole one can have.
+inline constexpr std::size_t kLongestLine = std::size_t{4} * 1024 * 1024;
 
 /// The message that hands over a path: `file` while it fits the buffer, else `longFile`.
 [[nodiscard]] InstanceMessage handOver(std::string_view path);

@@ -11,8 +11,13 @@ void ListButtons::clrIMG_Click() {
     core_.lists.stdSS.Clear();
 }
 
+/// A deliberate oddity: marked rows stay, unless `Comfort::deletesMarkedRows` takes them, too.
 void ListButtons::delIMG_Click() {
-    core_.lists.stdSS.Remove(core_.lists.stdSS.SelectedIndex);
+    if (core_.state.comfort.deletesMarkedRows) {
+        core_.lists.stdSS.MultiIzbris();
+    } else {
+        core_.lists.stdSS.Remove(core_.lists.stdSS.SelectedIndex);
+    }
 }
 
 } // namespace tovik::player

@@ -18,7 +18,8 @@ public:
     /// whose list then counts as loaded: what is in the list at the end is saved.
     void clrIMG_Click();
 
-    /// Removes the selected row, and only that, however many are marked.
+    /// Removes the selected row, and only that, however many are marked; with
+    /// `Comfort::deletesMarkedRows` all of them.
     void delIMG_Click();
 
 private:

@@ -8,9 +8,12 @@
 #include "playlist/AudioExtensions.h"
 #include "playlist/FileNames.h"
 #include "playlist/FindFiles.h"
+#include "playlist/ListUndo.h"
+#include "playlist/MediaToAdd.h"
 
+#include <algorithm>
 #include <array>
-#include <string_view>
+#include <limits>
 #include <utility>
 
 namespace tovik::player {
@@ -18,25 +21,36 @@ namespace tovik::player {
 namespace {
 
 constexpr LiveKey kFolderKey = "CFLD";
-constexpr std::string_view kUnplayedTime = "0:00";
 
-/// The folder's own files, whatever they are, and then what the search finds there and below.
-std::vector<std::string> filesToAdd(const std::string& folder, bool subfolders,
-                                    const std::atomic<bool>& stop) {
-    std::vector<std::string> paths;
+/// The folder's own files, whatever they are, and then what the search finds there and below: a
+/// deliberate oddity, unless `Comfort::addsFilesOnce` takes the music alone, and each file once.
+std::vector<playlist::MediaItem> filesToAdd(const std::string& folder, bool subfolders,
+                                            const base::Comfort& comfort,
+                                            const std::atomic<bool>& stop) {
+    playlist::FileLimits limits{.byFolder = comfort.ordersByFolder};
+    if (comfort.findsLargeFiles || !subfolders) {
+        limits.maxSize = std::numeric_limits<std::int64_t>::max();
+    }
+    if (comfort.addsFilesOnce) {
+        limits.below = subfolders;
+        return playlist::musicIn(
+            folder, {.readsCueSheets = comfort.opensDroppedLists, .limits = limits}, stop);
+    }
+    std::vector<playlist::MediaItem> items;
+    const auto take = [&items](std::string path) {
+        items.push_back({.kind = playlist::MediaItem::Kind::found, .path = std::move(path)});
+    };
     for (const std::string& name : playlist::filesIn(folder)) {
-        paths.push_back(playlist::RPP(folder) + name);
+        take(playlist::RPP(folder) + name);
     }
     if (subfolders) {
         std::array<std::string, playlist::kScannedExtensions> patterns;
         for (std::size_t n = 0; n < patterns.size(); ++n) {
             patterns[n] = "." + std::string(playlist::AudioExtensions[n]);
         }
-        std::vector<std::string> found = playlist::FindFiles(folder, patterns, {}, stop);
-        paths.insert(paths.end(), std::move_iterator(found.begin()),
-                     std::move_iterator(found.end()));
+        std::ranges::for_each(FindFiles(folder, patterns, limits, stop), take);
     }
-    return paths;
+    return items;
 }
 
 } // namespace
@@ -85,8 +99,10 @@ void frmOpenDirectory::Command2_Click() {
     core_.state.DirAddIdle = running_.empty();
 }
 
+/// A deliberate oddity: what is accepted from the open dialog afterwards adds nothing either,
+/// unless `Comfort::clearsOnlyList` ends only what runs.
 void frmOpenDirectory::cancel() {
-    if (opening_) {
+    if (opening_ && !core_.state.comfort.clearsOnlyList) {
         *opening_ = true;
     }
     for (const Flag& cancelled : running_) {
@@ -104,32 +120,36 @@ void frmOpenDirectory::keepFolder(const std::string& folder) {
 }
 
 void frmOpenDirectory::add(const std::string& folder, bool subfolders, const Flag& cancelled) {
-    const auto paths = std::make_shared<std::vector<std::string>>();
-    if (!host::runBeside(pump_, [paths, folder, subfolders, cancelled] {
-            *paths = filesToAdd(folder, subfolders, *cancelled);
+    const auto items = std::make_shared<std::vector<playlist::MediaItem>>();
+    const base::Comfort comfort = core_.state.comfort;
+    if (!host::runBeside(pump_, [items, folder, subfolders, comfort, cancelled] {
+            *items = filesToAdd(folder, subfolders, comfort, *cancelled);
         })) {
         return;
     }
     if (!pump_.Step()) {
         return;
     }
-    for (const std::string& path : *paths) {
-        if (!pump_.Step() || !addFile(path, *cancelled)) {
+    const playlist::ListUndo::Step step(core_.lists.stdSS);
+    for (const playlist::MediaItem& item : *items) {
+        const std::int32_t rows = comfort.addsFilesOnce
+                                      ? 1
+                                      : playlist::scannedRows(playlist::get_extension(
+                                            playlist::GetLastBackSlash(item.path)));
+        if (!pump_.Step() || !addRows(item, rows, *cancelled)) {
             return;
         }
     }
 }
 
 /// False when the add is over: it was cancelled, or the program is ending.
-bool frmOpenDirectory::addFile(const std::string& path, const std::atomic<bool>& cancelled) {
-    std::string_view title = playlist::GetLastBackSlash(path);
-    const std::string_view extension = playlist::get_extension(title);
-    title.remove_suffix(extension.empty() ? 0 : extension.size() + 1);
-    for (std::int32_t rows = playlist::scannedRows(extension); rows > 0; --rows) {
+bool frmOpenDirectory::addRows(const playlist::MediaItem& item, std::int32_t rows,
+                               const std::atomic<bool>& cancelled) {
+    for (; rows > 0; --rows) {
         if (!pump_.Step() || cancelled) {
             return false;
         }
-        core_.lists.stdSS.AddItem({}, path, title, kUnplayedTime, 0);
+        playlist::appendItem(core_.lists.stdSS, item);
     }
     return true;
 }

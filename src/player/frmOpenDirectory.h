@@ -5,8 +5,10 @@
 
 #include "host/MessagePump.h"
 #include "player/Core.h"
+#include "playlist/MediaToAdd.h"
 
 #include <atomic>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -31,15 +33,16 @@ public:
     /// Add was pressed, and the dialog is hidden: appends the files of the folder, and with
     /// `subfolders` (the state of `Check1`) once more all that is found in it and below, ordered by
     /// `AudioExtensions`. Which files become rows, and how often, tells `scannedRows`. Gives way
-    /// again and again. Keeps the folder as the one added last; where that cannot be written it is
-    /// told, and the add goes on.
+    /// again and again. With `Comfort::addsFilesOnce` each file of music becomes one row, and with
+    /// `Comfort::ordersByFolder` they come by folder and name. Keeps the folder as the one added
+    /// last; where that cannot be written it is told, and the add goes on.
     void Command1_Click(const std::string& folder, bool subfolders);
 
     /// Cancel was pressed, or the dialog closed.
     void Command2_Click();
 
-    /// The list was cleared: ends every add that runs, and one that is accepted from the dialog as
-    /// it is open now adds nothing.
+    /// The list was cleared: ends every add that runs. One that is accepted from the dialog as it
+    /// is open now adds nothing, unless `Comfort::clearsOnlyList` says otherwise.
     void cancel();
 
 private:
@@ -49,7 +52,8 @@ private:
 
     void keepFolder(const std::string& folder);
     void add(const std::string& folder, bool subfolders, const Flag& cancelled);
-    [[nodiscard]] bool addFile(const std::string& path, const std::atomic<bool>& cancelled);
+    [[nodiscard]] bool addRows(const playlist::MediaItem& item, std::int32_t rows,
+                               const std::atomic<bool>& cancelled);
 
     const Core& core_;
     host::MessagePump& pump_;

@@ -1,12 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "playlist/AddMedia.h"
 
+#include "base/ErrorPlace.h"
+#include "base/FileErrors.h"
 #include "base/Url.h"
+#include "host/BesideJob.h"
 #include "host/DialogText.h"
 #include "playlist/AudioExtensions.h"
 #include "playlist/FileNames.h"
+#include "playlist/ListForm.h"
+#include "playlist/ListUndo.h"
+#include "playlist/PlaylistFiles.h"
 #include "playlist/stdSS.h"
 
+#include <algorithm>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -19,10 +27,27 @@ constexpr std::string_view kFilter =
     "Audio files (*.mo3;*.xm;*.mod;*.s3m;*.it;*.mtm;*.umx;*.mp3;*.ogg;*.wav;*.flac;*.fla)|"
     "*.mo3;*.xm;*.mod;*.s3m;*.it;*.mtm;*.umx;*.mp?;*.ogg;*.wav;*.wma;*.flac;*.fla";
 
+/// With what is opened rather than played.
+constexpr std::string_view kFilterWithLists =
+    "Audio files, playlists and cue sheets|"
+    "*.mo3;*.xm;*.mod;*.s3m;*.it;*.mtm;*.umx;*.mp?;*.ogg;*.wav;*.wma;*.flac;*.fla;"
+    "*.m3u;*.m3u8;*.pls;*.xspf;*.cue";
+
 constexpr std::string_view kNoTime = "00:00";
+constexpr std::string_view kFoundTime = "0:00"; ///< of what was found in a folder
+
+/// Rows that come without giving way in between: some tenths of a millisecond.
+constexpr std::size_t kRowsAtOnce = 200;
 
 /// A single path and the two zeros behind it.
 constexpr std::size_t kPartsOfOne = 3;
+
+/// Of a file that is opened as a list whatever else is asked of lists.
+ListForm formOf(const std::string& path) {
+    base::Comfort anyForm;
+    anyForm.opensMoreLists = true;
+    return listFormOf(path, anyForm).value_or(ListForm::M3u);
+}
 
 std::vector<std::string> partsBetweenZeros(std::string_view text) {
     std::vector<std::string> parts;
@@ -63,29 +88,118 @@ void splitChosen(std::string_view text, const std::function<void(const std::stri
     }
 }
 
-AddMedia::AddMedia(stdSS& list, host::Dialogs& dialogs, const config::Errors& errors, Title title)
-    : list_(list), dialogs_(dialogs), errors_(errors), title_(std::move(title)) {}
+void appendItem(stdSS& list, const MediaItem& item) {
+    list.AddItem({}, item.path, titleOf(item),
+                 item.kind == MediaItem::Kind::found ? kFoundTime : kNoTime, 0);
+}
+
+AddMedia::AddMedia(const Needs& needs, Title title) : p_(needs), title_(std::move(title)) {}
 
 void AddMedia::Add_file() {
-    const std::string chosen = host::chosenText(dialogs_.openFiles(
-        {.title = title_(), .filters = host::filtersOf(kFilter), .manyFiles = true}));
-    splitChosen(chosen, [this](const std::string& path) { add(path); });
+    const bool lists = p_.list.comfort().opensDroppedLists;
+    const std::vector<std::string> paths =
+        p_.dialogs.openFiles({.title = title_(),
+                              .filters = host::filtersOf(lists ? kFilterWithLists : kFilter),
+                              .manyFiles = true});
+    if (lists && looksAtDisk(paths)) {
+        config::guard(p_.errors, config::player("list1_dragdrop"),
+                      [&] { add(paths, {.opensFolders = false}); });
+        return;
+    }
+    const ListUndo::Step step(p_.list);
+    splitChosen(host::chosenText(paths), [this](const std::string& path) { addRow(path); });
 }
 
 void AddMedia::Stdss_OleDragDrop(std::span<const std::string> paths) {
-    config::guard(errors_, config::player("list1_dragdrop"), [this, paths] {
+    config::guard(p_.errors, config::player("list1_dragdrop"), [this, paths] {
+        const base::Comfort comfort = p_.list.comfort();
+        if ((comfort.scansDroppedFolders || comfort.opensDroppedLists) && looksAtDisk(paths)) {
+            add(paths, {.opensFolders = comfort.scansDroppedFolders,
+                        .opensLists = comfort.opensDroppedLists,
+                        .takesAnyFile = false});
+            return;
+        }
+        const ListUndo::Step step(p_.list);
         for (const std::string& path : paths) {
             if (base::isWebUrl(path)) {
-                list_.AddItem({}, path, path, kNoTime, 0);
+                p_.list.AddItem({}, path, path, kNoTime, 0);
             } else if (isDropped(path)) {
-                add(path);
+                addRow(path);
             }
         }
     });
 }
 
-void AddMedia::add(const std::string& path) {
-    list_.AddItem({}, path, GetLastBackSlash(path), kNoTime, 0);
+void AddMedia::addRow(const std::string& path) {
+    p_.list.AddItem({}, path, GetLastBackSlash(path), kNoTime, 0);
+}
+
+/// What is music by its name becomes a row without anybody looking for it.
+bool AddMedia::looksAtDisk(std::span<const std::string> paths) const {
+    return !std::ranges::all_of(paths, [](const std::string& path) {
+        return base::isWebUrl(path) || isMusic(GetLastBackSlash(path));
+    });
+}
+
+void AddMedia::add(std::span<const std::string> paths, const MediaSearch& search,
+                   const Began& began) {
+    MediaSearch wanted = search;
+    wanted.folder.limits.byFolder = true;
+    wanted.folder.limits.maxSize = std::numeric_limits<std::int64_t>::max();
+    const auto cancelled = std::make_shared<std::atomic<bool>>(false);
+    const auto found = std::make_shared<MediaToAdd>();
+    running_.push_back(cancelled);
+    const ListUndo::Step step(p_.list);
+    const auto end = [this, &cancelled] { std::erase(running_, cancelled); };
+    try {
+        if (host::runBeside(p_.pump, [found, cancelled, wanted,
+                                      named = std::vector(paths.begin(), paths.end())] {
+                *found = mediaToAdd(named, wanted, *cancelled);
+            })) {
+            append(*found, *cancelled, began);
+        }
+    } catch (...) {
+        end();
+        throw;
+    }
+    end();
+    if (found->failure) {
+        throw base::withPlace(base::RuntimeError(base::errorNumberOf(found->failure)),
+                              found->missing);
+    }
+}
+
+void AddMedia::append(const MediaToAdd& found, const std::atomic<bool>& cancelled,
+                      const Began& began) {
+    bool told = !began;
+    std::size_t sinceStep = 0;
+    for (const MediaItem& item : found.items) {
+        if (++sinceStep >= kRowsAtOnce) {
+            sinceStep = 0;
+            if (!p_.pump.Step()) {
+                return;
+            }
+        }
+        if (cancelled) {
+            return;
+        }
+        const Row before = p_.list.ListCount();
+        if (item.kind == MediaItem::Kind::list) {
+            p_.files.open(item.path, formOf(item.path));
+        } else {
+            appendItem(p_.list, item);
+        }
+        if (!told && p_.list.ListCount() > before) {
+            told = true;
+            began(before + 1);
+        }
+    }
+}
+
+void AddMedia::cancel() {
+    for (const auto& cancelled : running_) {
+        *cancelled = true;
+    }
 }
 
 } // namespace tovik::playlist

@@ -43,6 +43,8 @@ std::vector<Entry> entriesOf(const std::string& folder) {
     return entries;
 }
 
+/// A deliberate oddity: files come by the patterns that they hold, so all of one kind before those
+/// of the next, unless `FileLimits::byFolder` lets them come as they lie.
 class Walk {
 public:
     Walk(std::span<const std::string> patterns, const FileLimits& limits) : limits_(limits) {
@@ -88,7 +90,7 @@ private:
             }
         }
         for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
-            if (entry->folder) {
+            if (entry->folder && limits_.below) {
                 folders.push_back(base::joinPath(folder, entry->name));
             }
         }
@@ -105,6 +107,10 @@ private:
                 if (!counts(path, entry)) {
                     return;
                 }
+            }
+            if (limits_.byFolder) {
+                found_.front().push_back(path);
+                return;
             }
             found_[n].push_back(path);
         }

@@ -11,11 +11,13 @@
 
 namespace tovik::playlist {
 
-/// Which files count. Sizes in bytes, both ends included.
+/// Which files count, and in which order they come. Sizes in bytes, both ends included.
 struct FileLimits {
     std::int64_t minSize = 0;
     std::int64_t maxSize = -1;  ///< -1: the largest number of 32 bits
     bool excludeHidden = false; ///< a file whose name begins with "." is hidden
+    bool byFolder = false;      ///< each file once, by folder and name, whichever pattern it holds
+    bool below = true;          ///< folders in the folder are looked through, too
 };
 
 /// The names of the files in one folder, in their order; empty for one that cannot be read.

@@ -46,6 +46,9 @@ void ShortcutList::load() {
         menus_.refresh();
     }
     for (const auto& fixed : commands::ClsShortcut::map()) {
+        if (fixed.command == commands::CommandId::undoList) {
+            continue; // languages name as many rows as there are without it
+        }
         ShortcutRow& row = rows_.emplace_back();
         row.command = fixed.command;
         row.fixedKey = menus::acceleratorText({.keyCode = fixed.keyCode, .shift = fixed.shift});

@@ -20,14 +20,22 @@ public:
     /// gives it the words of the language. What goes wrong is logged.
     void Form_Load(const std::function<void()>& words);
 
-    /// Add was pressed: appends the station, whatever the texts are.
+    /// Where the next address goes: to the stations (null), or as a row to this playlist, which
+    /// outlives the object.
+    void addTo(playlist::stdSS* playlist) { playlist_ = playlist; }
+
+    /// Add was pressed: appends the station, whatever the texts are. A playlist gets no row without
+    /// an address, "http://" in front of one without a scheme, and the address for a name.
     void Command1_Click(std::string_view name, std::string_view address);
 
     [[nodiscard]] bool staysOnTop() const { return staysOnTop_; }
 
 private:
+    void addRow(std::string_view name, std::string_view address);
+
     const player::Core& core_;
     playlist::stdSS& RadioLst_;
+    playlist::stdSS* playlist_ = nullptr;
     bool staysOnTop_ = false;
 };
 

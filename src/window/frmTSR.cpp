@@ -198,6 +198,9 @@ std::exception_ptr frmTSR::refreshBelow(int parent, bool deep) {
                 const CommandId command = found->second->command;
                 m_Menus.ItemEnabled(index, commands_.enabled(command));
                 m_Menus.ItemChecked(index, commands_.checked(command));
+                if (const auto shown = commands_.shown(command)) {
+                    m_Menus.ItemVisible(index, *shown);
+                }
             } catch (...) {
                 failure = failure ? failure : std::current_exception();
             }

@@ -197,5 +197,67 @@ TEST_F(Argument, withComfortTheCaptionOfAPlainStartIsThatOfTheProgram) {
     EXPECT_EQ(window_.caption, "Tovik 0.1");
 }
 
+class ComfortArgument : public Argument {
+protected:
+    ComfortArgument() {
+        put("CMF10", "1");
+        host_.folder.write(kList, "#EXTM3U\r\n#EXTINF:10,Old\r\n/music/old.mp3\r\n"
+                                  "#EXTINF:11,Older\r\n/music/older.mp3\r\n");
+    }
+
+    [[nodiscard]] std::vector<std::string> titles() {
+        std::vector<std::string> titles;
+        for (playlist::Row row = 1; row <= player().stdSS().ListCount(); ++row) {
+            titles.push_back(title(row));
+        }
+        return titles;
+    }
+};
+
+TEST_F(ComfortArgument, theSavedListComesTooAndTheFileIsBehindIt) {
+    const std::string path = track("song.mp3", {.seconds = 65}, tagged("Song", "Artist"));
+    startWithFile(path);
+    EXPECT_THAT(titles(), ElementsAre("Artist-Song"));
+    EXPECT_TRUE(player().state().IsPlaying);
+    advance(200);
+    EXPECT_THAT(titles(), ElementsAre("Old", "Older", "Artist-Song"));
+    EXPECT_EQ(player().stdSS().SoundingRow(), 3);
+    EXPECT_EQ(player().stdSS().SelectedIndex, 3);
+    EXPECT_FALSE(player().commands().enabled(commands::CommandId::undoList));
+    player().kill_me();
+    EXPECT_THAT(host_.folder.read(kList), testing::EndsWith(path + "\r\n"));
+    EXPECT_THAT(host_.folder.read(kList), testing::HasSubstr("/music/old.mp3\r\n"));
+}
+
+TEST_F(ComfortArgument, allFilesOfTheLineCount) {
+    startWith("\"" + track("a.mp3") + "\" \"" + track("b.mp3") + "\"");
+    advance(200);
+    EXPECT_THAT(titles(), ElementsAre("Old", "Older", "a.mp3", "b.mp3"));
+    EXPECT_EQ(player().stdSS().SoundingRow(), 3);
+}
+
+TEST_F(ComfortArgument, theSwitchOnlyAdds) {
+    startWith("/ADD \"" + track("song.mp3") + "\"");
+    advance(200);
+    EXPECT_THAT(titles(), ElementsAre("Old", "Older", "song.mp3"));
+    EXPECT_FALSE(player().state().IsPlaying);
+}
+
+TEST_F(ComfortArgument, aFileThatIsMissingIsToldAndTheListComes) {
+    startWithFile(host_.folder / "none.mp3");
+    advance(200);
+    EXPECT_THAT(titles(), ElementsAre("Old", "Older"));
+    EXPECT_EQ(host_.dialogs.boxes.size(), 1U);
+    EXPECT_FALSE(player().state().IsPlaying);
+}
+
+TEST_F(ComfortArgument, whereNoListIsKeptNoneIsRead) {
+    options_.keepsList = false;
+    startWithFile(track("song.mp3"));
+    advance(200);
+    EXPECT_THAT(titles(), ElementsAre("song.mp3"));
+    EXPECT_TRUE(player().state().IsPlaying);
+}
+
 } // namespace
 } // namespace tovik::test

@@ -175,5 +175,45 @@ TEST_F(Filling, closingDuringTheAutomaticLoadLeavesTheSavedListAsItIs) {
     EXPECT_EQ(player().stdSS().ListCount(), 2);
 }
 
+TEST_F(Filling, withoutComfortNothingIsTakenBack) {
+    saved(3);
+    begin();
+    EXPECT_TRUE(run(CommandId::clearList));
+    EXPECT_FALSE(run(CommandId::undoList));
+    EXPECT_EQ(player().commands().shown(CommandId::undoList), false);
+    EXPECT_TRUE(run(CommandId::locationButton));
+    EXPECT_THAT(windows_.opened, IsEmpty());
+}
+
+TEST_F(Filling, withComfortWhatIsClearedComesBack) {
+    put("CMF10", "1");
+    saved(3);
+    begin();
+    EXPECT_FALSE(run(CommandId::undoList)); // the saved list is where it begins
+    EXPECT_EQ(player().commands().shown(CommandId::undoList), true);
+    EXPECT_TRUE(run(CommandId::clearList));
+    EXPECT_THAT(titles(), IsEmpty());
+    EXPECT_TRUE(run(CommandId::undoList));
+    EXPECT_THAT(titles(), ElementsAre("T1", "T2", "T3"));
+}
+
+TEST_F(Filling, withComfortTheButtonAsksForAnAddress) {
+    put("CMF10", "1");
+    saved(1);
+    begin();
+    EXPECT_TRUE(run(CommandId::locationButton));
+    EXPECT_THAT(windows_.opened, ElementsAre(window::WindowId::addStation));
+    radio::frmaddst& dialog = player().stations().addStation;
+    dialog.Command1_Click("Name", "http://radio.example/a");
+    dialog.Command1_Click("", "radio.example/b");
+    dialog.Command1_Click("no address", "");
+    EXPECT_THAT(titles(), ElementsAre("T1", "Name", "http://radio.example/b"));
+    EXPECT_EQ(player().lists().RadioLst.ListCount(), 0);
+    EXPECT_TRUE(run(CommandId::addStation)); // the radio's own button
+    dialog.Command1_Click("Station", "http://radio.example/c");
+    EXPECT_EQ(player().lists().RadioLst.ListCount(), 1);
+    EXPECT_EQ(player().stdSS().ListCount(), 3);
+}
+
 } // namespace
 } // namespace tovik::test

@@ -273,5 +273,78 @@ TEST_F(HandOver, neitherIsMoreThanAnyoneWouldSend) {
     EXPECT_FALSE(host_.messages.keep(message));
 }
 
+class ComfortHandOver : public HandOver {
+protected:
+    ComfortHandOver() {
+        put("CMF10", "1");
+        host_.folder.write(kList, "#EXTM3U\n#EXTINF:1,Old\n/old.mp3\n");
+    }
+
+    /// What a later start with that command line sends.
+    void lineArrives(const std::string& line) {
+        ASSERT_TRUE(host_.messages.keep({Kind::commandLine, line}));
+        advance(20);
+    }
+};
+
+TEST_F(ComfortHandOver, aFileIsAddedAndPlays) {
+    startAndSettle();
+    handOver(track("song.mp3"));
+    EXPECT_THAT(titles(), ElementsAre("Old", "song.mp3"));
+    EXPECT_EQ(player().stdSS().SelectedIndex, 2);
+    EXPECT_EQ(player().stdSS().SoundingRow(), 2);
+    EXPECT_TRUE(player().state().IsPlaying);
+    ASSERT_TRUE(player().commands().run(commands::CommandId::undoList));
+    EXPECT_THAT(titles(), ElementsAre("Old"));
+    EXPECT_TRUE(player().state().IsPlaying); // what sounds goes on
+}
+
+TEST_F(ComfortHandOver, allFilesOfALineAreAddedAndTheFirstPlays) {
+    startAndSettle();
+    lineArrives("/Play \"" + track("b.mp3") + "\" \"" + track("a.mp3") + "\"");
+    EXPECT_THAT(titles(), ElementsAre("Old", "b.mp3", "a.mp3"));
+    EXPECT_EQ(player().stdSS().SoundingRow(), 2);
+}
+
+TEST_F(ComfortHandOver, theSwitchOnlyAdds) {
+    startAndSettle();
+    lineArrives("/ADD \"" + track("song.mp3") + "\"");
+    EXPECT_THAT(titles(), ElementsAre("Old", "song.mp3"));
+    EXPECT_FALSE(player().state().IsPlaying);
+    EXPECT_EQ(player().stdSS().SelectedIndex, 0);
+}
+
+TEST_F(ComfortHandOver, aListIsAppended) {
+    startAndSettle();
+    handOver(list("two.m3u", {"one", "two"}));
+    EXPECT_THAT(titles(), ElementsAre("Old", "one", "two"));
+    EXPECT_EQ(player().stdSS().SoundingRow(), 2);
+}
+
+TEST_F(ComfortHandOver, aFileThatIsMissingIsToldAndTheListKept) {
+    startAndSettle();
+    handOver(host_.folder / "none.mp3");
+    EXPECT_THAT(titles(), ElementsAre("Old"));
+    ASSERT_EQ(host_.dialogs.boxes.size(), 1U);
+    EXPECT_EQ(host_.dialogs.boxes[0].text, "File not found: " + (host_.folder / "none.mp3"));
+    EXPECT_EQ(host_.dialogs.boxes[0].title, " in api_msg_change");
+}
+
+TEST_F(ComfortHandOver, anotherWindowsNumberDoesNotMatter) {
+    startAndSettle();
+    set("SHWND", "4711");
+    handOver(track("song.mp3"));
+    EXPECT_THAT(titles(), ElementsAre("Old", "song.mp3"));
+}
+
+TEST_F(HandOver, ofAWholeLineTheFirstNameTakesThePlaceOfTheList) {
+    startAndSettle();
+    ASSERT_TRUE(host_.messages.keep(
+        {Kind::commandLine, "/ADD \"" + track("a.mp3") + "\" \"" + track("b.mp3") + "\""}));
+    advance(20);
+    EXPECT_THAT(titles(), ElementsAre("a.mp3"));
+    EXPECT_TRUE(player().state().IsPlaying);
+}
+
 } // namespace
 } // namespace tovik::test

@@ -55,6 +55,20 @@ INSTANTIATE_TEST_SUITE_P(
                               "/music/\"a\".mp3"},
                     std::pair{"/x", "x"}));
 
+TEST_F(SecondInstance, withComfortTheWholeLineGoesOver) {
+    put("CMF10", "1");
+    options_.commandLine = R"(/ADD "/music/a.mp3" "/music/b.mp3")";
+    start();
+    EXPECT_THAT(host_.messages.sent,
+                ElementsAre(host::InstanceMessage{Kind::commandLine, options_.commandLine}));
+    endPlayer();
+    host_.messages.sent.clear();
+    options_.commandLine = "/ADD"; // no file: somebody wants to see the player
+    options_.activationToken = "token";
+    start();
+    EXPECT_THAT(host_.messages.sent, ElementsAre(host::InstanceMessage{Kind::toTheFront, "token"}));
+}
+
 TEST_F(SecondInstance, aLongNameLosesNothing) {
     const std::string path = "/" + std::string(300, 'a');
     options_.commandLine = "\"" + path + "\"";

@@ -44,5 +44,19 @@ TEST(CommandText, handingOverWithoutQuotesTakesTheSwitch) {
     EXPECT_EQ(handedOverPath(""), "");
 }
 
+TEST(CommandText, switchesAndFilesTakenApart) {
+    using Files = std::vector<std::string>;
+    EXPECT_EQ(commandWords(R"(/ADD "/a b.mp3" "/c.mp3")"),
+              (CommandWords{.adds = true, .files = {"/a b.mp3", "/c.mp3"}}));
+    EXPECT_EQ(commandWords(R"(/Play "/a.mp3")"), (CommandWords{.files = {"/a.mp3"}}));
+    EXPECT_EQ(commandWords(R"("/a.mp3" /add)"), (CommandWords{.adds = true, .files = {"/a.mp3"}}));
+    EXPECT_FALSE(commandWords(R"("/ADD")").adds); // a name
+    EXPECT_EQ(commandWords("/Open /add"), (CommandWords{.adds = true}));
+    EXPECT_EQ(commandWords("/music/a b.mp3").files, Files{"/music/a b.mp3"});
+    EXPECT_EQ(commandWords(""), CommandWords());
+    EXPECT_EQ(commandWords("\"").files, Files());
+    EXPECT_EQ(commandWords("\"/a").files, Files{"/a"});
+}
+
 } // namespace
 } // namespace tovik::base

@@ -91,6 +91,7 @@ vis Vis
 mnupls playlist
   mnuplsPlay Play
   mnuplsDel Delete
+  mnuplsUndo Undo
   mnuplstre -
   mnuplsinfo View file info
 )");
@@ -127,7 +128,7 @@ TEST(MenuTree, entriesOfACommandAreNamedByTheItemOfTheLanguageThatNamesTheComman
         EXPECT_EQ(found->second, commandOf(entry.command).language) << entry.key();
         ++compared;
     }
-    EXPECT_EQ(compared, 45);
+    EXPECT_EQ(compared, 46);
 }
 
 TEST(MenuTree, imagesStandBesideTheirEntries) {

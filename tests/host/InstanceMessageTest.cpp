@@ -42,13 +42,14 @@ TEST_P(Travelling, arrivesAsItWasHoweverItIsCut) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Messages, Travelling,
-                         testing::Values(handOver("/music/a.mp3"), handOver(""),
-                                         handOver(std::string(254, 'x')),
-                                         handOver(std::string(255, 'x')),
-                                         handOver(std::string(kLongestText, 'x')),
-                                         InstanceMessage{Kind::toTheFront, ""},
-                                         InstanceMessage{Kind::toTheFront, "token"}));
+INSTANTIATE_TEST_SUITE_P(
+    Messages, Travelling,
+    testing::Values(handOver("/music/a.mp3"), handOver(""), handOver(std::string(254, 'x')),
+                    handOver(std::string(255, 'x')), handOver(std::string(kLongestText, 'x')),
+                    InstanceMessage{Kind::commandLine, "/ADD \"/a\" \"/b\""},
+                    InstanceMessage{Kind::commandLine, std::string(kLongestText + 1, 'x')},
+                    InstanceMessage{Kind::toTheFront, ""},
+                    InstanceMessage{Kind::toTheFront, "token"}));
 
 TEST(InstanceMessage, theTextEndsAtItsLengthAndAtAZero) {
     std::string record = recordOf(handOver("/music/a.mp3"));

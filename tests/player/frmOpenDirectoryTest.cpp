@@ -4,6 +4,7 @@
 
 #include "player/ListButtons.h"
 #include "player/PlayerRig.h"
+#include "playlist/ListUndo.h"
 #include "support/host/Unprivileged.h"
 
 #include <functional>
@@ -218,6 +219,74 @@ TEST_F(OpenDirectoryTest, itEndsWithTheProgram) {
     EXPECT_THAT(rows(), SizeIs(2));
 }
 
+TEST_F(OpenDirectoryTest, withComfortEachFileComesOnceByFolderAndName) {
+    make({"b.flac", "a.mp3", "sub/d.mp3", "sub/c.flac", "x.bit", "list.m3u", "no music.txt"});
+    state_.comfort.addsFilesOnce = true;
+    state_.comfort.ordersByFolder = true;
+    add(false);
+    EXPECT_THAT(rows(), ElementsAre("a.mp3|a", "b.flac|b"));
+    list_.Clear();
+    add(true);
+    EXPECT_THAT(rows(), ElementsAre("a.mp3|a", "b.flac|b", "sub/c.flac|c", "sub/d.mp3|d"));
+    EXPECT_EQ(list_.text(1, playlist::RowText::TimeText), "0:00");
+}
+
+TEST_F(OpenDirectoryTest, theOrderIsASwitchOfItsOwn) {
+    make({"b.mp3", "a.flac"});
+    state_.comfort.addsFilesOnce = true;
+    add(true);
+    EXPECT_THAT(rows(), ElementsAre("a.flac|a", "b.mp3|b")); // flac comes first among the kinds
+    list_.Clear();
+    make({"a.mp3"});
+    add(true);
+    EXPECT_THAT(rows(), ElementsAre("a.flac|a", "a.mp3|a", "b.mp3|b"));
+    list_.Clear();
+    std::filesystem::remove(music_ + "/a.flac");
+    make({"c.flac"});
+    add(true);
+    EXPECT_THAT(rows(), ElementsAre("c.flac|c", "a.mp3|a", "b.mp3|b"));
+    list_.Clear();
+    state_.comfort.ordersByFolder = true;
+    add(true);
+    EXPECT_THAT(rows(), ElementsAre("a.mp3|a", "b.mp3|b", "c.flac|c"));
+}
+
+TEST_F(OpenDirectoryTest, withComfortLargeFilesAreFound) {
+    make({"sub/large.wav"});
+    std::filesystem::resize_file(music_ + "/sub/large.wav", std::uintmax_t{3} << 30);
+    add(true);
+    EXPECT_THAT(rows(), IsEmpty());
+    state_.comfort.findsLargeFiles = true;
+    add(true);
+    EXPECT_THAT(rows(), ElementsAre("sub/large.wav|large"));
+}
+
+TEST_F(OpenDirectoryTest, withComfortClearingEndsOnlyWhatRuns) {
+    make({"a.mp3"});
+    state_.comfort.clearsOnlyList = true;
+    dialog_.Form_Load();
+    buttons_.clrIMG_Click();
+    dialog_.Command1_Click(music_, false);
+    EXPECT_THAT(rows(), SizeIs(1));
+    make({"b.mp3", "c.mp3"});
+    whenRowsAre(2, [this] { buttons_.clrIMG_Click(); });
+    add(false);
+    EXPECT_THAT(rows(), IsEmpty());
+}
+
+TEST_F(OpenDirectoryTest, aFolderIsOneStepToTakeBack) {
+    make({"a.mp3", "b.mp3"});
+    state_.comfort.keepsRemovedRows = true;
+    list_.obey(state_.comfort);
+    playlist::ListUndo undo(list_);
+    list_.AddItem("", "/before", "before", "", 0);
+    whenRowsAre(2, [this] { list_.Remove(1); }); // beside it
+    add(false);
+    EXPECT_THAT(rows(), ElementsAre("a.mp3|a", "b.mp3|b"));
+    undo.undo();
+    EXPECT_THAT(rows(), ElementsAre("/before|before"));
+}
+
 class ListButtonsTest : public OpenDirectoryTest {};
 
 TEST_F(ListButtonsTest, clearingDuringTheAutomaticLoadStopsIt) {
@@ -259,6 +328,18 @@ TEST_F(ListButtonsTest, deletingTakesTheSelectedRowAlone) {
     EXPECT_THAT(rows(), ElementsAre("b|b", "c|c"));
     buttons_.delIMG_Click(); // nothing is selected any more
     EXPECT_THAT(rows(), SizeIs(2));
+}
+
+TEST_F(ListButtonsTest, withComfortItTakesAllThatAreMarked) {
+    for (const char* name : {"a", "b", "c", "d"}) {
+        list_.AddItem("", name, name, "", 0);
+    }
+    state_.comfort.deletesMarkedRows = true;
+    list_.SelectIndex(1);
+    list_.ModifierMask = playlist::stdSS::kShiftMask;
+    list_.MS(3);
+    buttons_.delIMG_Click();
+    EXPECT_THAT(rows(), ElementsAre("d|d"));
 }
 
 } // namespace

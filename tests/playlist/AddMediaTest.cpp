@@ -4,6 +4,8 @@
 #include "config/ErrHandler.h"
 #include "playlist/ListMirror.h"
 #include "playlist/Lists.h"
+#include "playlist/ListUndo.h"
+#include "playlist/PlaylistFiles.h"
 #include "support/host/RecordingDialogs.h"
 #include "support/host/TestHost.h"
 
@@ -30,7 +32,13 @@ protected:
     stdSS list;
     ListMirror List1{list};
     std::string title = "Add files";
-    AddMedia media{list, host.dialogs, errors, [this] { return title; }};
+    PlaylistFiles files{list, host.pump, host.paths};
+    AddMedia media{{.list = list,
+                    .files = files,
+                    .dialogs = host.dialogs,
+                    .pump = host.pump,
+                    .errors = errors},
+                   [this] { return title; }};
 };
 
 TEST_F(AddMediaTest, theDialogsAnswerIsTakenApart) {
@@ -112,6 +120,92 @@ TEST_F(AddMediaTest, aFailedDropIsToldUnderItsName) {
     list.setEvents(nullptr);
     ASSERT_EQ(host.dialogs.boxes.size(), 1U);
     EXPECT_EQ(host.dialogs.boxes.front().title, " in sub Stdss_OleDragDrop");
+}
+
+class ComfortAddMediaTest : public AddMediaTest {
+protected:
+    ComfortAddMediaTest() {
+        comfort.scansDroppedFolders = true;
+        comfort.opensDroppedLists = true;
+        comfort.keepsRemovedRows = true;
+        list.obey(comfort);
+        for (const char* name : {"m/b.mp3", "m/below/a.ogg", "m/cover.jpg", "x.wav"}) {
+            host.folder.write(name, "x");
+        }
+        host.folder.write("three.m3u", "#EXTM3U\n#EXTINF:5,One\n/one.mp3\n"
+                                       "#EXTINF:6,Two\n/two.mp3\n");
+    }
+
+    void drop(const std::vector<std::string>& names) {
+        std::vector<std::string> paths;
+        for (const std::string& name : names) {
+            paths.push_back(host.folder / name);
+        }
+        media.Stdss_OleDragDrop(paths);
+    }
+
+    base::Comfort comfort;
+    ListUndo undo{list};
+};
+
+TEST_F(ComfortAddMediaTest, aDroppedFolderIsLookedThrough) {
+    drop({"m", "x.wav"});
+    EXPECT_THAT(titlesOf(list), ElementsAre("b", "a", "x.wav"));
+    EXPECT_THAT(host.dialogs.boxes, IsEmpty());
+}
+
+TEST_F(ComfortAddMediaTest, aDroppedListIsOpened) {
+    drop({"x.wav", "three.m3u"});
+    EXPECT_THAT(rowsOf(list), ElementsAre("|" + (host.folder / "x.wav") + "|x.wav|00:00|0",
+                                          "|/one.mp3|One|00:05|5", "|/two.mp3|Two|00:06|6"));
+    undo.undo(); // all of it at once
+    EXPECT_EQ(list.ListCount(), 0);
+    EXPECT_FALSE(undo.canUndo());
+}
+
+TEST_F(ComfortAddMediaTest, eachOfTheTwoStandsForItself) {
+    comfort.scansDroppedFolders = false;
+    drop({"m", "three.m3u"});
+    EXPECT_THAT(titlesOf(list), ElementsAre("One", "Two"));
+    list.Clear();
+    comfort.scansDroppedFolders = true;
+    comfort.opensDroppedLists = false;
+    drop({"m", "three.m3u"});
+    EXPECT_THAT(titlesOf(list), ElementsAre("b", "a", "three.m3u"));
+}
+
+TEST_F(ComfortAddMediaTest, aListThatIsChosenIsOpened) {
+    host.dialogs.filesToOpen.push_back({host.folder / "three.m3u", host.folder / "m/cover.jpg"});
+    media.Add_file();
+    EXPECT_THAT(titlesOf(list), ElementsAre("One", "Two", "cover.jpg"));
+    EXPECT_THAT(host.dialogs.openDialogs.front().filters.front().patterns,
+                testing::IsSupersetOf({"*.mp?", "*.m3u", "*.m3u8", "*.pls", "*.xspf", "*.cue"}));
+}
+
+TEST_F(ComfortAddMediaTest, whatIsMissingIsToldBehindTheRest) {
+    drop({"gone.pls", "x.wav"});
+    EXPECT_THAT(titlesOf(list), ElementsAre("x.wav"));
+    ASSERT_EQ(host.dialogs.boxes.size(), 1U);
+    EXPECT_THAT(host.dialogs.boxes.front().text, testing::HasSubstr("gone.pls"));
+}
+
+TEST_F(ComfortAddMediaTest, theFirstRowIsToldWhenItIsThere) {
+    list.AddItem("", "/before", "before", "", 0);
+    std::vector<Row> told;
+    media.add(std::vector<std::string>{host.folder / "three.m3u", host.folder / "x.wav"}, {},
+              [&told](Row first) { told.push_back(first); });
+    EXPECT_THAT(told, ElementsAre(2));
+    EXPECT_EQ(list.ListCount(), 4);
+}
+
+TEST_F(ComfortAddMediaTest, itCanBeCancelled) {
+    media.add(std::vector<std::string>{host.folder / "x.wav", host.folder / "m"}, {}, [this](Row) {
+        media.cancel();
+        list.Clear();
+    });
+    EXPECT_EQ(list.ListCount(), 0);
+    drop({"m"}); // the next one runs whole
+    EXPECT_EQ(list.ListCount(), 2);
 }
 
 } // namespace

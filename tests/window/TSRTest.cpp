@@ -148,7 +148,18 @@ TEST_F(TSR, everyEntryRunsItsCommand) {
         EXPECT_EQ(times, 1) << entry.key();
         ++ran;
     }
-    EXPECT_EQ(ran, 50);
+    EXPECT_EQ(ran, 51);
+}
+
+TEST_F(TSR, anEntryIsThereWhenItsCommandSaysSo) {
+    bool shown = false;
+    commands.bind(CommandId::undoList, {.run = [] {}, .shown = [&shown] { return shown; }});
+    tsr.popUp(MenuRoot::mnupls);
+    EXPECT_FALSE(tsr.m_Menus.ItemVisible(at("mnuplsUndo")));
+    EXPECT_TRUE(tsr.m_Menus.ItemVisible(at("mnuplsDel")));
+    shown = true;
+    tsr.popUp(MenuRoot::mnupls);
+    EXPECT_TRUE(tsr.m_Menus.ItemVisible(at("mnuplsUndo")));
 }
 
 TEST_F(TSR, whatHasNoTargetIsDisabled) {
