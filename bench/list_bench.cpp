@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What a list in a window costs, by its length: a frame, a step of scrolling, a row that goes,
-// comes, moves or is chosen.
+// comes, moves or is chosen; rows that are removed and taken back.
 #include "app/ListWatch.h"
+#include "desktop/RowIds.h"
+#include "player/ShuffleOrder.h"
 #include "playlist/ListMirror.h"
+#include "playlist/ListUndo.h"
 #include "window/ListRows.h"
 
 #include <benchmark/benchmark.h>
@@ -94,8 +97,110 @@ void chooseTheNextRow(benchmark::State& state) {
     }
 }
 
+class AnyRandom final : public host::RandomNumbers {
+public:
+    double next() override { return 0.5; }
+};
+
+/// All that hears of a change of the list in the player.
+struct Undoable {
+    explicit Undoable(const benchmark::State& state) : shown(state) {
+        comfort.keepsRemovedRows = true;
+        comfort.selectsNeighbour = true;
+        shown.list.obey(comfort);
+    }
+
+    base::Comfort comfort;
+    Shown shown;
+    AnyRandom random;
+    player::ShuffleOrder order{shown.list, random};
+    desktop::RowIds ids{shown.list};
+    playlist::ListUndo undo{shown.list};
+};
+
+/// Every other row goes.
+void removeHalf(benchmark::State& state) {
+    Undoable list(state);
+    for (auto round : state) {
+        state.PauseTiming();
+        for (playlist::Row row = 1; row <= list.shown.list.ListCount(); row += 2) {
+            list.shown.list.MS(row);
+        }
+        state.ResumeTiming();
+        list.shown.list.MultiIzbris();
+        list.shown.settle();
+        state.PauseTiming();
+        list.undo.undo();
+        state.ResumeTiming();
+    }
+}
+
+void takeBackHalf(benchmark::State& state) {
+    Undoable list(state);
+    for (auto round : state) {
+        state.PauseTiming();
+        for (playlist::Row row = 1; row <= list.shown.list.ListCount(); row += 2) {
+            list.shown.list.MS(row);
+        }
+        list.shown.list.MultiIzbris();
+        state.ResumeTiming();
+        list.undo.undo();
+        list.shown.settle();
+    }
+}
+
+void clearAll(benchmark::State& state) {
+    Undoable list(state);
+    for (auto round : state) {
+        list.shown.list.Clear();
+        list.shown.settle();
+        state.PauseTiming();
+        list.undo.undo();
+        state.ResumeTiming();
+    }
+}
+
+void takeBackAll(benchmark::State& state) {
+    Undoable list(state);
+    for (auto round : state) {
+        state.PauseTiming();
+        list.shown.list.Clear();
+        state.ResumeTiming();
+        list.undo.undo();
+        list.shown.settle();
+    }
+}
+
+/// Rows that were added go again.
+void takeBackAnAdd(benchmark::State& state) {
+    for (auto round : state) {
+        state.PauseTiming();
+        {
+            base::Comfort comfort;
+            comfort.keepsRemovedRows = true;
+            Shown shown(state);
+            shown.list.Clear();
+            shown.list.obey(comfort);
+            playlist::ListUndo undo(shown.list);
+            for (std::int64_t row = 0; row < state.range(0); ++row) {
+                shown.add(row);
+            }
+            state.ResumeTiming();
+            undo.undo();
+            shown.settle();
+            state.PauseTiming();
+        }
+        state.ResumeTiming();
+    }
+}
+
 } // namespace
 
+BENCHMARK(removeHalf)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(takeBackHalf)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(clearAll)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(takeBackAll)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(takeBackAnAdd)->Arg(100'000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(frame)->RangeMultiplier(10)->Range(100, 100'000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(scrollByOneRow)->RangeMultiplier(10)->Range(100, 100'000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(removeInTheMiddle)

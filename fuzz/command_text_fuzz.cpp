@@ -25,6 +25,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     demand(pieces.size() >= 2);
     demand(quoted ? path == pieces[1] : pieces[1] == text);
     demand(path.find(quoted ? '"' : '/') == std::string::npos);
+    for (const std::string& file : tovik::base::commandWords(text).files) {
+        demand(!file.empty() && file.size() <= size);
+        demand(file.find('"') == std::string::npos);
+    }
     try {
         static_cast<void>(tovik::base::GetTime(tovik::base::GetSeconds(text)));
     } catch (const tovik::base::RuntimeError& error) {

@@ -39,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (state == State::whole) {
         const tovik::host::InstanceMessage message = whole.message();
         demand(message == pieces.message());
-        demand(message.text.size() <= tovik::host::kLongestText);
+        demand(message.text.size() <= tovik::host::kLongestLine);
         demand(message.text.find('\0') == std::string::npos);
         tovik::host::InstanceRecord again;
         const bool fits = message.kind != tovik::host::InstanceMessageKind::file ||
