@@ -192,6 +192,19 @@ TEST_F(HandOver, aFileThatIsNotThereIsReported) {
     EXPECT_TRUE(player().state().IsPlaying);
 }
 
+TEST_F(HandOver, theListThenStaysWhereThatIsWanted) {
+    host_.folder.write(kList, "#EXTM3U\n#EXTINF:1,Old\n/old.mp3\n");
+    startAndSettle();
+    handOver(host_.folder / "none.mp3");
+    EXPECT_THAT(titles(), IsEmpty());
+    player().stdSS().AddItem("", "/new.mp3", "New", "", 1);
+    player().ground().state.comfort.keepsListForMissing = true;
+    handOver(host_.folder / "none.mp3");
+    EXPECT_THAT(titles(), ElementsAre("New"));
+    handOver(track("song.mp3"));
+    EXPECT_THAT(titles(), ElementsAre("song.mp3"));
+}
+
 TEST_F(HandOver, theWindowComesToTheFront) {
     startAndSettle();
     ASSERT_TRUE(host_.messages.keep({Kind::toTheFront, "token"}));
