@@ -31,7 +31,7 @@ constexpr std::string_view kFilter =
 constexpr std::string_view kFilterWithLists =
     "Audio files, playlists and cue sheets|"
     "*.mo3;*.xm;*.mod;*.s3m;*.it;*.mtm;*.umx;*.mp?;*.ogg;*.wav;*.wma;*.flac;*.fla;"
-    "*.m3u;*.m3u8;*.pls;*.xspf;*.cue";
+    "*.m3u;*.m3u8;*.pls;*.cue";
 
 constexpr std::string_view kNoTime = "00:00";
 constexpr std::string_view kFoundTime = "0:00"; ///< of what was found in a folder

@@ -6,7 +6,7 @@ import shutil
 import signal
 import unittest
 
-from program import LIMIT, ProgramTest, media
+from program import LIMIT, ProgramTest, media, odd
 
 SONG = "wav_s16_44100_stereo.wav"
 SAVE_BUTTON = (281, 253)  # in the window, on the playlist's panel
@@ -78,6 +78,7 @@ class Filling(ProgramTest):
         self.end(self.begin())
         self.assertEqual(self.titles(), ["a", "b"])
 
+    @odd
     def test_a_tree_is_added(self):
         self.music("b.wav", "a.mp3", "below/c.wav", "below/deep/d.flac")
         player = self.begin()
@@ -112,6 +113,7 @@ class Filling(ProgramTest):
         self.end(player)
         self.assertEqual(self.titles(), [])
 
+    @odd
     def test_a_list_named_on_the_command_line_is_played(self):
         with open(self.path("x.pls"), "w", encoding="utf-8") as file:
             file.write(f"[playlist]\nFile1={media(SONG)}\nTitle1=Alpha beta\nLength1=1\n"

@@ -10,7 +10,7 @@ import subprocess
 import time
 import unittest
 
-from program import LIMIT, ProgramTest, media
+from program import LIMIT, ProgramTest, media, odd
 
 WAV = "wav_s16_44100_stereo.wav"
 
@@ -67,6 +67,7 @@ class HandOver(ProgramTest):
         player.send_signal(signal.SIGTERM)
         self.assertEqual(player.wait(LIMIT), 0)
 
+    @odd
     def test_a_file_is_played_by_the_one_that_runs(self):
         player = self.running(media("flac_16_44100.flac"))
         begin = time.monotonic()
@@ -85,6 +86,7 @@ class HandOver(ProgramTest):
         self.hands_over("here.wav")
         self.plays("here.wav")
 
+    @odd
     def test_a_list_takes_the_place_of_the_list(self):
         player = self.running()
         names = [WAV, "flac_16_44100.flac", "mp3_vbr.mp3"]

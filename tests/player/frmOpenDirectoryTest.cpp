@@ -233,7 +233,7 @@ TEST_F(OpenDirectoryTest, withComfortEachFileComesOnceByFolderAndName) {
 
 TEST_F(OpenDirectoryTest, theOrderIsASwitchOfItsOwn) {
     make({"b.mp3", "a.flac"});
-    state_.comfort.addsFilesOnce = true;
+    state_.comfort = {.addsFilesOnce = true};
     add(true);
     EXPECT_THAT(rows(), ElementsAre("a.flac|a", "b.mp3|b")); // flac comes first among the kinds
     list_.Clear();
@@ -254,6 +254,7 @@ TEST_F(OpenDirectoryTest, theOrderIsASwitchOfItsOwn) {
 TEST_F(OpenDirectoryTest, withComfortLargeFilesAreFound) {
     make({"sub/large.wav"});
     std::filesystem::resize_file(music_ + "/sub/large.wav", std::uintmax_t{3} << 30);
+    state_.comfort = {};
     add(true);
     EXPECT_THAT(rows(), IsEmpty());
     state_.comfort.findsLargeFiles = true;

@@ -179,7 +179,7 @@ TEST_F(ComfortAddMediaTest, aListThatIsChosenIsOpened) {
     media.Add_file();
     EXPECT_THAT(titlesOf(list), ElementsAre("One", "Two", "cover.jpg"));
     EXPECT_THAT(host.dialogs.openDialogs.front().filters.front().patterns,
-                testing::IsSupersetOf({"*.mp?", "*.m3u", "*.m3u8", "*.pls", "*.xspf", "*.cue"}));
+                testing::IsSupersetOf({"*.mp?", "*.m3u", "*.m3u8", "*.pls", "*.cue"}));
 }
 
 TEST_F(ComfortAddMediaTest, whatIsMissingIsToldBehindTheRest) {
