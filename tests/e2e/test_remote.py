@@ -200,8 +200,13 @@ class Remote(RemoteTest):
         self.wait_until(lambda: removed.extend(self.told("TrackRemoved")) or removed, "not told")
         self.assertEqual(removed, [[added]])
         self.assertEqual(self.get("Tracks", TRACKS), tracks)
-        # What another start hands over takes the place of the list.
+        # What another start hands over takes the place of the list, or comes to its end.
         self.run_program("--device", "silent", media("varied.wav"))
+        if self.COMFORT == "on":
+            joined = []
+            self.wait_until(lambda: joined.extend(self.told("TrackAdded")) or joined, "not told")
+            self.assertEqual(joined[0][1], tracks[-1])
+            return
         replaced = []
         self.wait_until(lambda: replaced.extend(self.told("TrackListReplaced")) or replaced,
                         "not told")
