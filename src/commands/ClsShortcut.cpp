@@ -47,10 +47,10 @@ constexpr auto kMap = std::to_array<Row>({
     {kCtrl, 'J', Id::jumpToTrack},
     {kCtrl, 'S', Id::loadPreset},
     {kCtrl, 'M', Id::stopAfterCurrent},
-    {kCtrl, 'Z', Id::undoList},
     {kAlt, 'X', Id::exit},
     {kAlt, '3', Id::editTag},
     {kAlt, 'A', Id::jumpToTime},
+    {kCtrl, 'Z', Id::undoList},
 });
 
 } // namespace

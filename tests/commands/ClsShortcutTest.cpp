@@ -44,10 +44,10 @@ const std::vector<Key> kKeys = {
     {2, 0x4A, Id::jumpToTrack},
     {2, 0x53, Id::loadPreset},
     {2, 0x4D, Id::stopAfterCurrent},
-    {2, 0x5A, Id::undoList},
     {4, 0x58, Id::exit},
     {4, 0x33, Id::editTag},
     {4, 0x41, Id::jumpToTime},
+    {2, 0x5A, Id::undoList},
 };
 
 class Shortcut : public testing::Test {

@@ -43,9 +43,10 @@ protected:
 };
 
 TEST_F(ShortcutListTest, theFixedMapComesFirstAndThenTheKeysOfTheLists) {
-    const auto map = commands::ClsShortcut::map();
     ASSERT_EQ(list_.rows().size(), kShortcuts);
-    ASSERT_EQ(map.size(), 27U);
+    ASSERT_EQ(commands::ClsShortcut::map().size(), 28U);
+    const auto map = commands::ClsShortcut::map().first(27); // the last has no name in a language
+    EXPECT_EQ(commands::ClsShortcut::map().back().command, CommandId::undoList);
     for (std::size_t row = 0; row < map.size(); ++row) {
         EXPECT_EQ(list_.rows()[row].command, map[row].command) << row;
         EXPECT_FALSE(list_.rows()[row].fixedKey.empty()) << row;
