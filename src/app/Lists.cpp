@@ -16,13 +16,36 @@ Lists::Lists(const host::Host& host, const player::PlayerState& state, bool keep
 void Lists::bind(commands::Commands& commands, std::function<bool()> inMenu) {
     const auto kept = [this] { return state_.comfort.keepsRemovedRows; };
     commands.bind(commands::CommandId::undoList,
-                  {.run = [this] { undo.undo(); },
-                   .enabled = [this, kept] { return kept() && undo.canUndo(); },
+                  {.run =
+                       [this] {
+                           if (!loading_) {
+                               undo.undo();
+                           }
+                       },
+                   .enabled = [this, kept] { return kept() && !loading_ && undo.canUndo(); },
                    .shown = [kept, inMenu = std::move(inMenu)] { return kept() && inMenu(); }});
 }
 
 void Lists::load() {
+    /// What the load brings, whole or in part, is nothing that the user did.
+    class Unwritten {
+    public:
+        explicit Unwritten(Lists& lists) : lists_(lists) { lists_.loading_ = true; }
+
+        ~Unwritten() {
+            lists_.undo.forget();
+            lists_.loading_ = false;
+        }
+
+        Unwritten(const Unwritten&) = delete;
+        Unwritten& operator=(const Unwritten&) = delete;
+
+    private:
+        Lists& lists_;
+    };
+
     const playlist::ListKeeper::Loading loading(keeper_);
+    const Unwritten unwritten(*this);
     files.autoload_playlist();
 }
 

@@ -55,6 +55,7 @@ public:
 private:
     const player::PlayerState& state_;
     playlist::ListKeeper keeper_;
+    bool loading_ = false; ///< the saved list
 };
 
 } // namespace tovik::app

@@ -53,7 +53,12 @@ void StartFile::openArgument() {
     // A deliberate oddity: no switch is obeyed.
     words.adds = words.adds && core_.state.comfort.obeysEarlySwitches;
     if (readsSavedList() || words.adds) {
-        config::guard(core_.errors, config::player("Load"), [&] { add(words); });
+        try {
+            add(words);
+        } catch (const base::RuntimeError& problem) {
+            // Told; the start goes on without it.
+            core_.errors.reportAndTell(problem, config::player("Load"));
+        }
         return;
     }
     const std::string path = host::withQuotes(core_.state.CommandArgs.at(1));
@@ -92,7 +97,9 @@ void StartFile::add(const base::CommandWords& words) {
         playlist::stdSS& list = core_.lists.stdSS;
         const std::string path(list.text(first, playlist::RowText::FileName));
         if (playlist::isNamedAfter(list.text(first, playlist::RowText::Title), path)) {
-            list.RefreshTitle(first, titleOf(path));
+            if (const auto title = taggedTitle(path)) {
+                list.RefreshTitle(first, *title);
+            }
         }
         playback_.rows.PlayRow(first, player::fadeSeconds(core_.settings));
     };
@@ -128,11 +135,18 @@ void StartFile::playList() {
     playback_.rows.List1_DblClick();
 }
 
-std::string StartFile::titleOf(const std::string& path) {
+std::optional<std::string> StartFile::taggedTitle(const std::string& path) {
+    if (core_.state.comfort.readsEveryFormat) {
+        return std::nullopt; // the facts of the row bring it, whole and without a wait
+    }
     if (!player::namesCdTrack(path)) {
         tag_.MP3File(path);
     }
-    return tags::tagTitle(tag_).value_or(std::string(playlist::GetLastBackSlash(path)));
+    return tags::tagTitle(tag_);
+}
+
+std::string StartFile::titleOf(const std::string& path) {
+    return taggedTitle(path).value_or(std::string(playlist::GetLastBackSlash(path)));
 }
 
 void StartFile::playFile(const std::string& path, From from) {

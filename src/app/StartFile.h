@@ -59,7 +59,10 @@ private:
     void playList();
     void playFile(const std::string& path, From from);
 
-    /// Artist and title of its tag, or its name.
+    /// Artist and title of its tag, where they are to be read here.
+    [[nodiscard]] std::optional<std::string> taggedTitle(const std::string& path);
+
+    /// The same, or its name.
     [[nodiscard]] std::string titleOf(const std::string& path);
 
     const player::Core& core_;

@@ -31,7 +31,7 @@ constexpr std::string_view kFilter =
 constexpr std::string_view kFilterWithLists =
     "Audio files, playlists and cue sheets|"
     "*.mo3;*.xm;*.mod;*.s3m;*.it;*.mtm;*.umx;*.mp?;*.ogg;*.wav;*.wma;*.flac;*.fla;"
-    "*.m3u;*.m3u8;*.pls;*.cue";
+    "*.m3u;*.m3u8;*.pls;*.xspf;*.cue";
 
 constexpr std::string_view kNoTime = "00:00";
 constexpr std::string_view kFoundTime = "0:00"; ///< of what was found in a folder
@@ -152,12 +152,14 @@ void AddMedia::add(std::span<const std::string> paths, const MediaSearch& search
     const ListUndo::Step step(p_.list);
     const auto end = [this, &cancelled] { std::erase(running_, cancelled); };
     try {
-        if (host::runBeside(p_.pump, [found, cancelled, wanted,
+        if (!host::runBeside(p_.pump, [found, cancelled, wanted,
                                       named = std::vector(paths.begin(), paths.end())] {
                 *found = mediaToAdd(named, wanted, *cancelled);
             })) {
-            append(*found, *cancelled, began);
+            end();
+            return; // the program is ending; what looks is not done yet
         }
+        append(*found, *cancelled, began);
     } catch (...) {
         end();
         throw;

@@ -13,6 +13,7 @@
 #include "playlist/FileNames.h"
 #include "playlist/HtmlList.h"
 #include "playlist/ListForm.h"
+#include "playlist/ListUndo.h"
 #include "playlist/M3uList.h"
 #include "playlist/PlsList.h"
 #include "playlist/stdSS.h"
@@ -160,7 +161,10 @@ void ListDialogs::load(const std::string& path) {
             needs_.dialogs.showMessage({.text = notice(kNoListNotice, path),
                                         .title = host::kProgramTitle,
                                         .icon = host::MessageIcon::Exclamation});
-        } else if (mayCome(path)) {
+            return;
+        }
+        const ListUndo::Step step(needs_.list); // what goes and what comes, in one
+        if (mayCome(path)) {
             needs_.files.append(*entries);
         }
     } catch (const base::RuntimeError& error) {

@@ -20,7 +20,7 @@ namespace tovik::playlist {
 
 namespace {
 
-constexpr std::array<std::string_view, 3> kLists = {"m3u", "m3u8", "pls"};
+constexpr std::array<std::string_view, 4> kLists = {"m3u", "m3u8", "pls", "xspf"};
 constexpr std::string_view kCueSheet = "cue";
 constexpr std::string_view kCdTrack = "cda";
 constexpr std::int64_t kMostSheetBytes = std::int64_t{4} << 20;

@@ -185,7 +185,7 @@ TEST_F(ComfortSessions, aSessionThatIsKilledLosesLittle) {
 }
 
 TEST_F(ComfortSessions, aSessionOfOneFileKeepsNoPlace) {
-    options_.comfort = true;
+    put("CMF01", "1"); // the file alone is the session: the saved list is not read
     options_.commandLine = "\"" + track("other.mp3") + "\"";
     begin();
     ASSERT_TRUE(player().state().IsPlaying);

@@ -197,6 +197,34 @@ TEST_F(Filling, withComfortWhatIsClearedComesBack) {
     EXPECT_THAT(titles(), ElementsAre("T1", "T2", "T3"));
 }
 
+TEST_F(Filling, withComfortNothingIsTakenBackWhileTheSavedListIsLoaded) {
+    /// In the middle of the load the key is pressed.
+    class TakesBack final : public playlist::ListObserver {
+    public:
+        explicit TakesBack(app::frmPlayer& player) : player_(player) {
+            player_.stdSS().addObserver(*this);
+        }
+
+        void rowsInserted(playlist::Row first, playlist::Row /*count*/) override {
+            if (first == 3) {
+                EXPECT_FALSE(player_.commands().enabled(CommandId::undoList));
+                player_.commands().run(CommandId::undoList);
+            }
+        }
+
+    private:
+        app::frmPlayer& player_;
+    };
+
+    put("CMF10", "1");
+    saved(3);
+    start();
+    TakesBack takesBack(player());
+    advance(200);
+    EXPECT_THAT(titles(), ElementsAre("T1", "T2", "T3"));
+    player().stdSS().removeObserver(takesBack);
+}
+
 TEST_F(Filling, withComfortTheButtonAsksForAnAddress) {
     put("CMF10", "1");
     saved(1);

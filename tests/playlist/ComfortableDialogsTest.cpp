@@ -3,6 +3,7 @@
 #include "base/ComfortTable.h"
 #include "playlist/HtmlList.h"
 #include "playlist/ListDialogsRig.h"
+#include "playlist/ListUndo.h"
 #include "playlist/M3uList.h"
 #include "playlist/PlsList.h"
 #include "playlist/XspfList.h"
@@ -43,6 +44,21 @@ TEST_F(ComfortableDialogsTest, theExtensionTellsTheFormInAnyCase) {
     EXPECT_EQ(host.folder.read("x.XSPF"), xspfText(list, manner()));
     EXPECT_EQ(host.folder.read("x.htm"), htmlText(list, manner()));
     EXPECT_EQ(host.folder.read("x.html"), htmlText(list, manner()));
+}
+
+TEST_F(ComfortableDialogsTest, whatAListReplacedComesBackInOneStep) {
+    fill(list, {"new1", "new2"});
+    save("x.m3u");
+    list.Clear();
+    list.obey(comfort);
+    fill(list, {"old"});
+    ListUndo undo(list);
+    host.dialogs.answers = {MessageAnswer::Yes};
+    load(host.folder / "x.m3u");
+    EXPECT_EQ(list.ListCount(), 2);
+    undo.undo();
+    ASSERT_EQ(list.ListCount(), 1);
+    EXPECT_EQ(list.text(1, RowText::Title), "old");
 }
 
 TEST_F(ComfortableDialogsTest, aNameWithoutAnExtensionGetsOne) {

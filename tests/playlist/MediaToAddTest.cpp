@@ -85,6 +85,14 @@ TEST_F(MediaToAddTest, whatIsNamedComesInItsOrder) {
                             "0 text.txt|text.txt", "0 a.mp3|a.mp3"));
 }
 
+TEST_F(MediaToAddTest, listsOfEveryFormAreOpened) {
+    for (const char* name : {"x.m3u", "x.M3U8", "x.pls", "x.xspf"}) {
+        make({name});
+        EXPECT_THAT(told(added({name}).items),
+                    ElementsAre(std::string("3 ") + name + "|" + name));
+    }
+}
+
 TEST_F(MediaToAddTest, whatIsNotWantedIsPassedOver) {
     make({"a.mp3", "sub/c.ogg", "mine.pls", "text.txt", "x.cue"});
     const MediaSearch plain{
