@@ -143,7 +143,7 @@ std::vector<std::size_t> framesOf(const TagWalk& walk, EditField field) {
     return found;
 }
 
-/// All frames of a tag, with the changes.
+/// All frames of a tag, with the changes; new ones in front of what no player walks over.
 std::string changedFrames(const TagWalk& walk, const TagChange& change, unsigned version) {
     std::vector<std::string> frames;
     for (const TagWalk::Frame& frame : walk.frames()) {
@@ -170,7 +170,7 @@ std::string changedFrames(const TagWalk& walk, const TagChange& change, unsigned
     for (const std::string& frame : frames) {
         all += frame;
     }
-    return all;
+    return all.append(walk.rest());
 }
 
 /// Where a tag ends: by its size, or where its frames or the zeros behind it go on, there.

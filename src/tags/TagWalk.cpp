@@ -122,7 +122,9 @@ TagWalk::TagWalk(std::string_view tag) {
     }
     version_ = version;
     std::string_view body = tag.substr(kTagHeadSize, bodyBytes(tag));
+    std::size_t told = std::min(tagSize(tag.substr(kSizeAt, kSizeBytes)), body.size());
     if (version < kNewestTag && (flags & kUnsynchronised) != 0) {
+        told = synchronised(body.substr(0, told)).size();
         body_ = synchronised(body);
         body = body_;
     }
@@ -131,8 +133,9 @@ TagWalk::TagWalk(std::string_view tag) {
         const std::size_t extension = extensionBytes(body, version == kNewestTag);
         usedBytes_ += extension;
         body = body.substr(extension);
+        told -= std::min(extension, told);
     }
-    walk(body);
+    walk(body, told);
 }
 
 const FrameForm& TagWalk::form() const noexcept {
@@ -142,7 +145,7 @@ const FrameForm& TagWalk::form() const noexcept {
     return version_ == kNewestTag ? kForm24 : kForm23;
 }
 
-void TagWalk::walk(std::string_view body) {
+void TagWalk::walk(std::string_view body, std::size_t told) {
     const FrameForm& how = form();
     std::size_t at = 0;
     while (at + how.headBytes <= body.size() && isId(body.substr(at, how.idBytes))) {
@@ -155,7 +158,10 @@ void TagWalk::walk(std::string_view body) {
         frames_.push_back({.id = bytes.substr(0, how.idBytes), .bytes = bytes});
         at += bytes.size();
     }
-    usedBytes_ += at;
+    if (complete_ && at < told && body[at] != '\0') {
+        rest_ = body.substr(at, told - at);
+    }
+    usedBytes_ += at + rest_.size();
 }
 
 std::optional<std::string> TagWalk::contentOf(const Frame& frame) const {

@@ -53,11 +53,15 @@ public:
     /// In their order; up to padding, or to what is no frame.
     [[nodiscard]] const std::vector<Frame>& frames() const noexcept { return frames_; }
 
-    /// Behind the last frame there is nothing but padding, and no frame is cut off.
+    /// What stands behind the last frame in the place of padding, up to the end that the tag tells:
+    /// frames with ids of another version or in small letters, and whatever follows those.
+    [[nodiscard]] std::string_view rest() const noexcept { return rest_; }
+
+    /// No frame is cut off: behind the frames and the rest there is nothing but padding.
     [[nodiscard]] bool complete() const noexcept { return complete_; }
 
-    /// The bytes of head and extended head, and of the frames, as they lie in the file; without the
-    /// zeros of a tag that is unsynchronised as a whole.
+    /// The bytes of head and extended head, of the frames and the rest, as they lie in the file;
+    /// without the zeros of a tag that is unsynchronised as a whole.
     [[nodiscard]] std::size_t usedBytes() const noexcept { return usedBytes_; }
 
     /// The content of a frame as it was before it was put into the tag; nothing where it is
@@ -65,11 +69,13 @@ public:
     [[nodiscard]] std::optional<std::string> contentOf(const Frame& frame) const;
 
 private:
-    void walk(std::string_view body);
+    /// `told`: how much of it is the tag's by its own word.
+    void walk(std::string_view body, std::size_t told);
 
     unsigned version_ = 0;
     std::string body_; ///< of a tag that is unsynchronised as a whole, without those zeros
     std::vector<Frame> frames_;
+    std::string_view rest_;
     bool complete_ = true;
     std::size_t usedBytes_ = 0;
 };

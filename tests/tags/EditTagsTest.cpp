@@ -265,6 +265,37 @@ TEST_F(EditTagsTest, aTagThatIsCutOffIsLeftAlone) {
     EXPECT_TRUE(file() == bytes);
 }
 
+TEST_F(EditTagsTest, whatStandsBehindAnIdThatIsNoneKeepsItsBytes) {
+    const std::string title = samples::textFrame("TIT2", "Old");
+    for (const std::string& id : {"CM1\0"s, "TP1 "s, "priv"s}) {
+        const std::string behind = samples::frame(id, "\0words"s) +
+                                   samples::frame("PRIV", "owner\0\1\2\3"s) +
+                                   samples::frame("APIC", kPicture);
+        write(tagOf(title + behind, 40) + sound_);
+        ASSERT_FALSE(change(EditField::title, "New")) << id;
+        EXPECT_TRUE(file() == tagOf(samples::textFrame("TIT2", "New") + behind, 40) + sound_) << id;
+        ASSERT_FALSE(change(EditField::artist, std::string(100, 'a'))) << id;
+        EXPECT_NE(file().find(behind), std::string::npos) << id;
+        EXPECT_EQ(file().substr(toldEnd()), sound_) << id;
+        EXPECT_EQ(text(EditField::title), "New") << id;
+        EXPECT_EQ(text(EditField::artist), std::string(100, 'a')) << id << ": before the odd one";
+    }
+}
+
+TEST_F(EditTagsTest, whatIsNoFrameIsKeptFromATagWithExtraZeros) {
+    // Unsynchronised as a whole: the zeros behind FF go, with the mark that tells of them.
+    const std::string title = samples::textFrame("TIT2", "Old");
+    const std::string stored = samples::frame("cust", "\xFF\0\xE0 kept"s);
+    write(
+        samples::head(samples::sevenBits(static_cast<std::uint32_t>(title.size() + stored.size())),
+                      3, '\x80') +
+        title + stored + sound_);
+    ASSERT_FALSE(change(EditField::title, "New"));
+    EXPECT_NE(file().find("\xFF\xE0 kept"), std::string::npos);
+    EXPECT_EQ(file()[5], '\0');
+    EXPECT_EQ(file().substr(toldEnd()), sound_);
+}
+
 TEST_F(EditTagsTest, aFullDiskLosesNothing) {
     write(tagOf(kForeign) + sound_);
     const std::string bytes = file();
