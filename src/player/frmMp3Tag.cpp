@@ -5,6 +5,7 @@
 #include "base/RegularFile.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "tags/FactsDesk.h"
 #include "tags/LostFrames.h"
 #include "tags/ShownField.h"
 #include "tags/SoundStart.h"
@@ -73,13 +74,32 @@ private:
     bool& busy_;
 };
 
+/// Lets go of what is known of a file that is written, also where writing fails halfway.
+class FactsGuard {
+public:
+    FactsGuard(tags::FactsDesk* desk, const std::string& path) : desk_(desk), path_(path) {}
+
+    ~FactsGuard() {
+        if (desk_ != nullptr) {
+            desk_->forget(path_);
+        }
+    }
+
+    FactsGuard(const FactsGuard&) = delete;
+    FactsGuard& operator=(const FactsGuard&) = delete;
+
+private:
+    tags::FactsDesk* desk_;
+    const std::string& path_;
+};
+
 } // namespace
 
 frmMp3Tag::frmMp3Tag(const Needs& needs)
     : needs_(needs), version1_(needs.warning), version2_(needs.warning, needs.work) {}
 
 std::int32_t frmMp3Tag::entryOf(int genre) const {
-    const int last = needs_.core.state.comfort.showsLastGenre ? kGenres - 1 : kLastShownGenre;
+    const int last = comfort_.showsLastGenre ? kGenres - 1 : kLastShownGenre;
     return genre <= last ? genre + 1 : kNoEntry;
 }
 
@@ -102,6 +122,7 @@ void frmMp3Tag::Form_Load() {
     const BusyGuard busy(busy_);
     playlist::stdSS& list = needs_.core.lists.stdSS;
     list.GetData(list.SelectedIndex);
+    comfort_ = needs_.core.state.comfort;
     form_ = {};
     facts_ = {};
     kept_ = {};
@@ -141,13 +162,11 @@ void frmMp3Tag::loadVersion2() {
                    trimmedField(version2_.EncodedBy()), trimmedField(version2_.Album())};
     form_.Text3 = trimmedField(version2_.track());
     // A deliberate oddity: the genre of version 1, which is number 0 without a tag.
-    form_.Genre2 =
-        entryOf(needs_.core.state.comfort.showsOwnGenre ? version2_.genre() : version1_.genre());
+    form_.Genre2 = entryOf(comfort_.showsOwnGenre ? version2_.genre() : version1_.genre());
 }
 
 std::int64_t frmMp3Tag::lookAtFile() {
     std::int64_t fileBytes = 0;
-    const base::Comfort comfort = needs_.core.state.comfort;
     const bool keeps = keepsFrames();
     own_ = {};
     lost_.clear();
@@ -158,7 +177,7 @@ std::int64_t frmMp3Tag::lookAtFile() {
             fileBytes = file.size();
             form_.mayWrite = kept_.kind == tags::TagKind::none ? tags::isMpegAudio(file) : true;
         }
-        if (comfort.tellsOwnSound || comfort.findsAllHeaders) {
+        if (comfort_.tellsOwnSound || comfort_.findsAllHeaders) {
             own_ = tags::factsOfFile(form_.Text1);
         }
         if (!keeps) {
@@ -208,7 +227,7 @@ void frmMp3Tag::Command2_Click(Copy copy) {
     }};
     if (copy == Copy::toVersion2) {
         form_.Check2 = true;
-        form_.albumEnabled = form_.albumEnabled || needs_.core.state.comfort.enablesAlbum;
+        form_.albumEnabled = form_.albumEnabled || comfort_.enablesAlbum;
         form_.Genre2 = form_.genre;
     } else {
         form_.Check1 = true;
@@ -230,7 +249,7 @@ void frmMp3Tag::Check1_Click(bool checked) {
 
 void frmMp3Tag::Check2_Click(bool checked) {
     form_.Check2 = checked;
-    const bool takesAlbum = needs_.core.state.comfort.enablesAlbum;
+    const bool takesAlbum = comfort_.enablesAlbum;
     form_.albumEnabled = takesAlbum ? checked : form_.albumEnabled;
     if (!checked) {
         TagField album = std::move(form_.Text4.back());
@@ -280,6 +299,7 @@ bool frmMp3Tag::save() {
         return false;
     }
     needs_.warning.TagSaving = true;
+    const FactsGuard outOfDate(needs_.core.facts, form_.Text1);
     if (keepsFrames()) {
         return saveKept();
     }
@@ -294,12 +314,11 @@ bool frmMp3Tag::save() {
 
 bool frmMp3Tag::saveVersion1() {
     if (!form_.Check1) {
-        const base::Comfort& comfort = needs_.core.state.comfort;
-        if (comfort.looksForTagFirst && !version1_.HasID3v1Tag()) {
+        if (comfort_.looksForTagFirst && !version1_.HasID3v1Tag()) {
             return true;
         }
-        return comfort.cutsRemovedTag && version1_.HasID3v1Tag() ? version1_.CutTag()
-                                                                 : version1_.RemoveTag();
+        return comfort_.cutsRemovedTag && version1_.HasID3v1Tag() ? version1_.CutTag()
+                                                                  : version1_.RemoveTag();
     }
     version1_.MP3File(form_.Text1);
     version1_.Title(trimmed(form_.Text2[0]));
@@ -319,7 +338,7 @@ bool frmMp3Tag::saveVersion1() {
 /// fields, and so even a file without one gets a tag (`Comfort::leavesUntickedTag` leaves the
 /// file).
 bool frmMp3Tag::saveVersion2() {
-    if (!form_.Check2 && needs_.core.state.comfort.leavesUntickedTag) {
+    if (!form_.Check2 && comfort_.leavesUntickedTag) {
         return true;
     }
     version2_.MP3File(form_.Text1);

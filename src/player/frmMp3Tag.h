@@ -128,7 +128,8 @@ private:
     Needs needs_;
     tags::cMP3ID3v1 version1_;
     tags::cMP3ID3v2 version2_;
-    tags::EditTags kept_; ///< as they were read
+    base::Comfort comfort_; ///< as it was when the file was read: a save goes the same way
+    tags::EditTags kept_;   ///< as they were read
     TagForm form_;
     Facts facts_;
     tags::FileFacts own_;                        ///< what the file says of itself

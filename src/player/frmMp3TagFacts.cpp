@@ -43,7 +43,7 @@ void frmMp3Tag::loadOwnSound() {
 }
 
 void frmMp3Tag::loadSound(std::int64_t fileBytes) {
-    if (needs_.core.state.comfort.tellsOwnSound) {
+    if (comfort_.tellsOwnSound) {
         loadOwnSound();
         return;
     }
@@ -64,7 +64,7 @@ void frmMp3Tag::loadSound(std::int64_t fileBytes) {
 }
 
 void frmMp3Tag::loadHeader() {
-    if (needs_.core.state.comfort.findsAllHeaders) {
+    if (comfort_.findsAllHeaders) {
         facts_.validHeader = own_.mpeg.has_value();
         const tags::MpegFacts mpeg = own_.mpeg.value_or(tags::MpegFacts{});
         facts_.version = mpeg.version;

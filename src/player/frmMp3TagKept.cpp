@@ -4,7 +4,6 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "player/frmMp3Tag.h"
-#include "tags/FactsDesk.h"
 
 #include <array>
 #include <charconv>
@@ -61,14 +60,13 @@ std::string tagNameOf(tags::TagKind kind) {
 } // namespace
 
 bool frmMp3Tag::keepsFrames() const {
-    const base::Comfort& comfort = needs_.core.state.comfort;
-    return comfort.decodesFrames && comfort.readsSevenBits && comfort.readsWholeGenre &&
-           comfort.savesWithoutAlarm;
+    return comfort_.decodesFrames && comfort_.readsSevenBits && comfort_.readsWholeGenre &&
+           comfort_.savesWithoutAlarm;
 }
 
 void frmMp3Tag::loadKept() {
     needs_.work.run([this] { kept_ = tags::readEditTags(form_.Text1); });
-    if (!needs_.core.state.comfort.editsEveryFormat && kept_.kind != tags::TagKind::mpeg) {
+    if (!comfort_.editsEveryFormat && kept_.kind != tags::TagKind::mpeg) {
         kept_ = {};
     }
     form_.editsVersion1 = kept_.kind == tags::TagKind::mpeg || kept_.kind == tags::TagKind::none;
@@ -85,7 +83,7 @@ void frmMp3Tag::loadKept() {
     }
     form_.Text3 = TagField(kept_.version2.text(EditField::track));
     const std::string& genre = kept_.version2.text(EditField::genre);
-    form_.Genre2 = needs_.core.state.comfort.showsOwnGenre ? entryOfGenre(genre) : form_.genre;
+    form_.Genre2 = comfort_.showsOwnGenre ? entryOfGenre(genre) : form_.genre;
     if (form_.Genre2 == kForeignGenre) {
         form_.foreignGenre = genre;
     }
@@ -109,13 +107,14 @@ std::int32_t frmMp3Tag::entryOfGenre(const std::string& genre) const {
 void frmMp3Tag::noteChange(tags::TagChange& change, const tags::EditTag& tag, EditField field,
                            const std::string& text) const {
     const std::string_view old = base::trimmed(tag.text(field));
-    if (text != old || !needs_.core.state.comfort.savesOnlyChanges) {
+    if (text != old || !comfort_.savesOnlyChanges) {
         change.texts.at(static_cast<std::size_t>(field)) = text;
     }
 }
 
 tags::TagChange frmMp3Tag::change1() const {
-    tags::TagChange change{.keep = form_.Check1 || !form_.editsVersion1};
+    // A tag that was not shown, as one that could not be read, is not taken away, either.
+    tags::TagChange change{.keep = form_.Check1 || !kept_.version1.there || !form_.editsVersion1};
     if (!form_.Check1) {
         return change;
     }
@@ -131,7 +130,8 @@ tags::TagChange frmMp3Tag::change1() const {
 }
 
 tags::TagChange frmMp3Tag::change2() const {
-    tags::TagChange change{.keep = form_.Check2 || !needs_.core.state.comfort.leavesUntickedTag};
+    tags::TagChange change{.keep = form_.Check2 || !kept_.version2.there ||
+                                   !comfort_.leavesUntickedTag};
     if (!form_.Check2) {
         return change;
     }
@@ -156,9 +156,6 @@ bool frmMp3Tag::saveKept() {
     const tags::TagChanges changes{.version1 = change1(), .version2 = change2()};
     std::error_code failure;
     needs_.work.run([&] { failure = tags::saveEditTags(form_.Text1, changes); });
-    if (needs_.core.facts != nullptr) {
-        needs_.core.facts->forget(form_.Text1);
-    }
     if (!failure) {
         return true;
     }

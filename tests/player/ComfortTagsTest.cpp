@@ -115,6 +115,7 @@ TEST_F(SafeTags, aSaveWithoutAChangeWritesNothing) {
     EXPECT_TRUE(file() == before);
     EXPECT_EQ(std::filesystem::last_write_time(path_), time);
     state_.comfort.savesOnlyChanges = false;
+    dialog_.Form_Load();
     EXPECT_TRUE(save());
     EXPECT_NE(std::filesystem::last_write_time(path_), time);
 }
@@ -159,6 +160,59 @@ TEST_F(SafeTags, unticksRemove) {
     dialog_.Form_Load();
     EXPECT_TRUE(save());
     EXPECT_TRUE(file() == mp3_) << "and nothing comes by itself";
+}
+
+TEST_F(SafeTags, aTagThatWasNotShownIsNotTakenAway) {
+    load(mp3_);
+    const std::string tagged = trueTag(wide_ + picture_) + mp3_ + lastTag(17);
+    host_.folder.write(name_, tagged);
+    EXPECT_FALSE(form().Check1);
+    EXPECT_FALSE(form().Check2);
+    EXPECT_TRUE(save());
+    EXPECT_TRUE(file() == tagged);
+}
+
+TEST_F(SafeTags, filesWithoutCommentsAreNotWrittenForNothing) {
+    for (const char* const name : {"ogg_44100.ogg", "flac_16_44100.flac", "wma_44100.wma"}) {
+        const std::string path = host_.folder.path() + "/" + name;
+        std::filesystem::copy_file(std::getenv("TOVIK_MEDIA") + "/"s + name, path);
+        ASSERT_FALSE(tags::saveEditTags(path, {.version1 = {}, .version2 = {.keep = false}}));
+        const auto before = std::filesystem::last_write_time(path) - std::chrono::hours(1);
+        std::filesystem::last_write_time(path, before);
+        show(path);
+        EXPECT_FALSE(form().Check2) << name;
+        EXPECT_TRUE(save()) << name;
+        EXPECT_EQ(std::filesystem::last_write_time(path), before) << name;
+    }
+}
+
+TEST_F(SafeTags, aSaveGoesTheWayOfTheFilesLoading) {
+    state_.comfort = {};
+    load(mp3_ + lastTag(17), "other.mp3");
+    makeSafe(state_.comfort);
+    load(trueTag(wide_ + picture_) + mp3_ + lastTag(17));
+    state_.comfort = {};
+    dialog_.Check1_Click(false);
+    form().Text4[0].type("New");
+    EXPECT_TRUE(save());
+    EXPECT_NE(file().find(picture_), std::string::npos);
+    EXPECT_TRUE(file().ends_with(mp3_)) << "its own tag went";
+    EXPECT_TRUE(host_.folder.read("other.mp3") == mp3_ + lastTag(17)) << "no other file's";
+    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+}
+
+TEST_F(SafeTags, whatWasKnownOfASavedFileIsForgotten) {
+    for (const bool byTheLetter : {false, true}) {
+        if (byTheLetter) {
+            state_.comfort = {};
+        }
+        load(mp3_ + lastTag(17));
+        desk_.ask(path_, tags::FactsDesk::Urgency::first);
+        ASSERT_NE(desk_.known(path_), nullptr);
+        form().Text2[0].type("New");
+        EXPECT_TRUE(save());
+        EXPECT_EQ(desk_.known(path_), nullptr) << byTheLetter;
+    }
 }
 
 TEST_F(SafeTags, anUntickedTagStaysWithoutThatMember) {
