@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Front.h"
 
+#include "base/RuntimeError.h"
 #include "skin/UnpackSkin.h"
 #include "ui/Twips.h"
 #include "window/MainButtons.h"
@@ -21,8 +22,9 @@ Front::Front(const window::MainView::Needs& needs, player::StoredSettings& store
                          [&errors = needs.core.errors](const base::RuntimeError& error) {
                              errors.log(error, config::player("Load"));
                          }),
-      knobs(needs.knobs), host_(needs.host), state_(needs.core.state), window_(needs.window),
-      stored_(stored), words_(language, config::TextWindow::frmPlayer, view.texts) {
+      knobs(needs.knobs), host_(needs.host), errors_(needs.core.errors), state_(needs.core.state),
+      window_(needs.window), stored_(stored),
+      words_(language, config::TextWindow::frmPlayer, view.texts) {
     view.skin.spareWith(spare);
 }
 
@@ -91,9 +93,17 @@ void Front::notePlace() {
 void Front::loadSkin() {
     if (!state_.comfort.completesSkin) {
         skin::UnpackSkin(host_.paths, host_.dialogs);
-    } else if (!skin::mendSkin(host_.paths, window::skinFiles()) &&
-               state_.comfort.tellsForeignSkin && foreignSkin) {
-        foreignSkin(host_.paths.of(host::DataItem::SkinPackage));
+    } else {
+        bool whole = true;
+        try {
+            whole = skin::mendSkin(host_.paths, window::skinFiles());
+        } catch (const base::RuntimeError& error) {
+            // Without a folder there are still the spare pictures.
+            errors_.log(error, config::player("Load"));
+        }
+        if (!whole && state_.comfort.tellsForeignSkin && foreignSkin) {
+            foreignSkin(host_.paths.of(host::DataItem::SkinPackage));
+        }
     }
     view.skin.LoadMainSkin();
 }

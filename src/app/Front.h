@@ -4,6 +4,7 @@
 #pragma once
 
 #include "commands/Commands.h"
+#include "config/Errors.h"
 #include "config/MultiLNG.h"
 #include "player/StoredSettings.h"
 #include "window/MainView.h"
@@ -70,6 +71,7 @@ private:
     [[nodiscard]] bool staysOnTop();
 
     host::Host host_;
+    const config::Errors& errors_;
     player::PlayerState& state_;
     window::PlayerWindow& window_;
     player::StoredSettings& stored_;

@@ -153,8 +153,11 @@ void StartFile::playFile(const std::string& path, From from) {
     core_.lists.stdSS.AddItem("", path, titleOf(path), "00:00", 0);
     core_.lists.stdSS.SelectedIndex = 1;
     if (from == From::otherInstance) {
-        // Whatever sounds ends at once, also where tracks fade into each other.
-        core_.sound.BASS_Free();
+        // Whatever sounds ends at once, also where tracks fade into each other; but not with a rip,
+        // which has its stream and its encoder there.
+        if (!core_.state.RipRunning) {
+            core_.sound.BASS_Free();
+        }
         core_.state.ClearCounterOnPlay = true;
     }
     playback_.rows.playItem(0);

@@ -119,13 +119,14 @@ void Ripping::cancelrip() {
 
 std::optional<Ripping::Job> Ripping::begin(bool alone) {
     config::Settings& settings = needs_.core.settings;
+    comfort_ = needs_.core.state.comfort;
     needs_.disc.CancelRip = false;
     call(hooks.forgetOtherDisc);
     const auto format = knownFormat(player::readLive(settings, "DOF"));
     if (!format) {
         return std::nullopt;
     }
-    const bool clean = needs_.core.state.comfort.cleansRipNames;
+    const bool clean = comfort_.cleansRipNames;
     std::string album = albumName(needs_.form);
     if (album.empty()) {
         album = unnamedAlbum(needs_.words.unnamed(), needs_.host.clock.localTime());
@@ -176,7 +177,7 @@ bool Ripping::mayWriteInto(const std::string& folder) {
     if (!exists) {
         return false;
     }
-    if (*exists && needs_.core.state.comfort.keepsEarlierRips) {
+    if (*exists && comfort_.keepsEarlierRips) {
         return true;
     }
     if (!*exists) {
@@ -208,7 +209,7 @@ std::vector<std::int64_t> Ripping::lengthsOf(const Job& job,
     const bool byProgram =
         job.format.branch == RipBranch::mp3 || job.format.branch == RipBranch::ogg;
     const std::int32_t drive =
-        byProgram ? encoderDrive(needs_.disc, needs_.core.state.comfort) : needs_.disc.CDDrive;
+        byProgram ? encoderDrive(needs_.disc, comfort_) : needs_.disc.CDDrive;
     std::vector<std::int64_t> lengths;
     lengths.reserve(tracks.size());
     for (const Track& track : tracks) {
@@ -219,7 +220,7 @@ std::vector<std::int64_t> Ripping::lengthsOf(const Job& job,
 }
 
 bool Ripping::run(const Job& job, const std::vector<Track>& tracks) {
-    const bool alone = !needs_.core.state.comfort.playsWhileRipping;
+    const bool alone = !comfort_.playsWhileRipping;
     if (alone) {
         call(hooks.Stop_play);
     }
@@ -257,12 +258,16 @@ RipEnd Ripping::rip(const Job& job, const Track& track) {
     case RipBranch::mp3:
     case RipBranch::ogg:
         return ripByProgram(job, track);
-    case RipBranch::wav:
-        return ripper_.extractToWav(track.number, pathOf(job, track));
+    case RipBranch::wav: {
+        const auto path = pathOf(job, track);
+        return path ? ripper_.extractToWav(track.number, *path) : RipEnd::abandoned;
+    }
     case RipBranch::wma: {
         RipEnd end = RipEnd::failed;
-        config::guard(needs_.core.errors, config::procedureOf("TSR", "Extract2WMA"),
-                      [&] { end = ripper_.extractToWma(track.number, pathOf(job, track)); });
+        config::guard(needs_.core.errors, config::procedureOf("TSR", "Extract2WMA"), [&] {
+            const auto path = pathOf(job, track);
+            end = path ? ripper_.extractToWma(track.number, *path) : RipEnd::abandoned;
+        });
         return end;
     }
     }
@@ -270,12 +275,15 @@ RipEnd Ripping::rip(const Job& job, const Track& track) {
 }
 
 RipEnd Ripping::ripByProgram(const Job& job, const Track& track) {
-    const std::string path = pathOf(job, track);
+    const auto path = pathOf(job, track);
+    if (!path) {
+        return RipEnd::abandoned;
+    }
     const RipEnd end = ripper_.Encoder(std::to_string(track.number), job.format.type, job.rate,
-                                       path, true, static_cast<std::int16_t>(track.row - 1));
-    const bool goes = !ripper_.partFile().empty() && needs_.core.state.comfort.removesPartFiles;
+                                       *path, true, static_cast<std::int16_t>(track.row - 1));
+    const bool goes = !ripper_.partFile().empty() && comfort_.removesPartFiles;
     if (end == RipEnd::done && job.format.branch == RipBranch::mp3 && !goes) {
-        WriteMp3Tag(path, track.number);
+        WriteMp3Tag(*path, track.number);
     }
     return end;
 }

@@ -3,6 +3,7 @@
 // program goes on, and a second one cannot be begun.
 #pragma once
 
+#include "base/Comfort.h"
 #include "cd/RipFormat.h"
 #include "cd/RipNeeds.h"
 #include "cd/TrackRipper.h"
@@ -22,7 +23,7 @@ class Ripping {
 public:
     /// All of them outlive the object.
     Ripping(const RipNeeds& needs, tags::TagWarning& warning, tags::TagWork& work)
-        : needs_(needs), warning_(warning), work_(work), ripper_(needs_) {}
+        : needs_(needs), warning_(warning), work_(work), ripper_(needs_, comfort_) {}
 
     Ripping(const Ripping&) = delete;
     Ripping& operator=(const Ripping&) = delete;
@@ -51,7 +52,8 @@ public:
     void cancelrip();
 
     /// Writes what the form tells into both tags of a file; the track is counted from 0. What goes
-    /// wrong is logged. A deliberate split: the first version gets no album, the second no artist.
+    /// wrong is logged. A deliberate split: the first version gets no album, the second no artist;
+    /// unless the last job began with `Comfort::fillsBothTags`.
     void WriteMp3Tag(const std::string& path, std::int32_t track);
 
 private:
@@ -83,7 +85,9 @@ private:
     [[nodiscard]] RipEnd rip(const Job& job, const Track& track);
     [[nodiscard]] RipEnd ripByProgram(const Job& job, const Track& track);
     void ripRow(playlist::Row row);
-    [[nodiscard]] std::string pathOf(const Job& job, const Track& track);
+
+    /// None when the program is ending.
+    [[nodiscard]] std::optional<std::string> pathOf(const Job& job, const Track& track);
     [[nodiscard]] std::string nameOf(const Job& job, const Track& track) const;
     [[nodiscard]] bool endCancelled();
     void writeTags(const std::string& path, std::int32_t track);
@@ -95,6 +99,7 @@ private:
     RipNeeds needs_;
     tags::TagWarning& warning_;
     tags::TagWork& work_;
+    base::Comfort comfort_{}; ///< as it was when the job began, which ends by it
     TrackRipper ripper_;
     int running_ = 0;                      ///< commands
     bool refused_ = false;                 ///< the folder is there, and is to stay as it is

@@ -13,6 +13,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <system_error>
 
 namespace tovik::cd {
@@ -36,16 +37,15 @@ std::string Ripping::nameOf(const Job& job, const Track& track) const {
         return plainTrackFile(track.number, "");
     }
     const std::string title = trackTitle(needs_.form, static_cast<std::size_t>(track.number));
-    return needs_.core.state.comfort.cleansRipNames ? cleanRipName(title) : ripName(title);
+    return comfort_.cleansRipNames ? cleanRipName(title) : ripName(title);
 }
 
 /// A deliberate oddity: a file of that name is written over, whoever wrote it; and WMA files of an
 /// album without a name land beside its folder.
-std::string Ripping::pathOf(const Job& job, const Track& track) {
-    const base::Comfort& comfort = needs_.core.state.comfort;
+std::optional<std::string> Ripping::pathOf(const Job& job, const Track& track) {
     const bool byProgram =
         job.format.branch == RipBranch::mp3 || job.format.branch == RipBranch::ogg;
-    const bool beside = job.format.branch == RipBranch::wma && !comfort.keepsWmaInAlbum &&
+    const bool beside = job.format.branch == RipBranch::wma && !comfort_.keepsWmaInAlbum &&
                         albumName(needs_.form).empty();
     const std::string extension =
         byProgram && job.alone ? shortExtension(job.format) : std::string(job.format.extension);
@@ -53,9 +53,9 @@ std::string Ripping::pathOf(const Job& job, const Track& track) {
                            extension](int number) {
         return base::joinPath(folder, base::numberedFileName(name, number, extension));
     };
-    const auto written = comfort.numbersEqualNames ? written_ : std::set<std::string>();
+    const auto written = comfort_.numbersEqualNames ? written_ : std::set<std::string>();
     const auto path = std::make_shared<std::string>();
-    const bool kept = comfort.keepsEarlierRips;
+    const bool kept = comfort_.keepsEarlierRips;
     const auto find = [path, numbered, written, kept] {
         std::error_code none;
         for (int number = 1; number < kMostNumbers; ++number) {
@@ -68,7 +68,7 @@ std::string Ripping::pathOf(const Job& job, const Track& track) {
     if (!kept) {
         find();
     } else if (!host::runBeside(needs_.host.pump, find)) {
-        return numbered(1); // the program is ending
+        return std::nullopt; // any name may be that of an earlier file
     }
     written_.insert(*path);
     return *path;
@@ -76,18 +76,17 @@ std::string Ripping::pathOf(const Job& job, const Track& track) {
 
 /// Whether the user has ended the job with this track.
 bool Ripping::endCancelled() {
-    const base::Comfort& comfort = needs_.core.state.comfort;
     if (!needs_.disc.CancelRip) {
         return false;
     }
-    if (const std::string part = ripper_.partFile(); comfort.removesPartFiles && !part.empty()) {
+    if (const std::string part = ripper_.partFile(); comfort_.removesPartFiles && !part.empty()) {
         // An end of the program does not keep it from going.
         static_cast<void>(host::runBeside(needs_.host.pump, [part] {
             std::error_code none;
             std::filesystem::remove(part, none);
         }));
     }
-    return comfort.endsJobWithCancel;
+    return comfort_.endsJobWithCancel;
 }
 
 /// Both tags, complete.
@@ -100,7 +99,7 @@ void Ripping::writeTags(const std::string& path, std::int32_t track) {
 
 void Ripping::WriteMp3Tag(const std::string& path, std::int32_t track) {
     config::guard(needs_.core.errors, config::procedureOf("TSR", "WriteMp3Tag"), [&] {
-        if (needs_.core.state.comfort.fillsBothTags) {
+        if (comfort_.fillsBothTags) {
             writeTags(path, track);
             return;
         }

@@ -44,11 +44,11 @@ RipEnd TrackRipper::Encoder(const std::string& source, std::string_view type, st
     if (line && !program) {
         return noProgram(*line);
     }
-    if (line && isCdTrack && needs_.core.state.comfort.fillsBothTags) {
+    if (line && isCdTrack && comfort_.fillsBothTags) {
         addTags(*line, tagsOf(needs_.form, base::toInt32(base::textToNumber(source))));
     }
     partFile_.clear();
-    const bool alone = !needs_.core.state.comfort.playsWhileRipping; // nothing else sounds
+    const bool alone = !comfort_.playsWhileRipping; // nothing else sounds
     if (alone) {
         sound().BASS_Free();
     }
@@ -102,7 +102,7 @@ sound::Handle TrackRipper::openSource(const std::string& source, bool isCdTrack)
 }
 
 std::uint32_t TrackRipper::drive() const {
-    return static_cast<std::uint32_t>(encoderDrive(needs_.disc, needs_.core.state.comfort));
+    return static_cast<std::uint32_t>(encoderDrive(needs_.disc, comfort_));
 }
 
 RipEnd TrackRipper::encode(const EncoderLine& line, const std::string& program,

@@ -3,6 +3,7 @@
 // the rest of the program goes on.
 #pragma once
 
+#include "base/Comfort.h"
 #include "cd/EncoderLine.h"
 #include "cd/RipNeeds.h"
 #include "cd/TrackFlow.h"
@@ -15,7 +16,9 @@ namespace tovik::cd {
 
 class TrackRipper {
 public:
-    explicit TrackRipper(const RipNeeds& needs) : needs_(needs) {}
+    /// Both outlive the object; the record stays as it is while a track is ripped.
+    TrackRipper(const RipNeeds& needs, const base::Comfort& comfort)
+        : needs_(needs), comfort_(comfort) {}
 
     /// Pipes a source through an encoder program: a track, counted from 0, of the disc in the drive
     /// for encoders (`encoderDrive`), or a file. `row` is that of the list, from 0. What goes wrong
@@ -82,6 +85,7 @@ private:
     [[nodiscard]] sound::SoundLibrary& sound() const { return needs_.core.sound; }
 
     const RipNeeds& needs_;
+    const base::Comfort& comfort_;
     std::string partFile_;
     sound::Handle encoderChannel_ = sound::kNoHandle; ///< of the last `Encoder`
 };

@@ -125,6 +125,30 @@ TEST_F(RipsTest, whatIsHandedOverMeanwhileWaitsForTheEnd) {
     EXPECT_EQ(player().stdSS().text(1, playlist::RowText::FileName), path);
 }
 
+TEST_F(RipsTest, whatIsHandedOverMeanwhilePlaysBesideWithComfort) {
+    openDisc();
+    advance(200);
+    player().ground().state.comfort.playsWhileRipping = true;
+    const std::string path = track("song.mp3");
+    bool arrived = false;
+    sound_.onEncoder = [&](const auto& encoder) {
+        if (encoder.bytes == 0 || arrived) {
+            return;
+        }
+        arrived = host_.messages.keep(host::handOver(path));
+        const std::size_t freed = callsOf("BASS_Free");
+        advance(100);
+        EXPECT_TRUE(player().state().IsPlaying);
+        EXPECT_EQ(callsOf("BASS_Free"), freed) << "the rip would end";
+    };
+    player().commands().run(CommandId::ripSelected);
+    EXPECT_TRUE(arrived);
+    EXPECT_EQ(player().stdSS().text(1, playlist::RowText::FileName), path);
+    ASSERT_THAT(sound_.encoders, testing::SizeIs(1));
+    EXPECT_EQ(sound_.encoders.front().bytes, 10U * 176'400U);
+    EXPECT_TRUE(player().state().IsPlaying);
+}
+
 TEST_F(RipsTest, theNamesOfADiscGoWithIt) {
     openDisc();
     cd::frmCdNFO& dialog = player().discInfo().dialog;

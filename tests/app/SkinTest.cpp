@@ -157,6 +157,17 @@ TEST_F(KindSkin, aFileThatIsNoPackageIsToldAndTheShippedSkinIsShown) {
     EXPECT_TRUE(player().state().LoadFinished);
 }
 
+TEST_F(KindSkin, aFolderThatCannotBeMadeLeavesTheShippedPictures) {
+    host_.folder.write(kSkin, "no folder");
+    start();
+    EXPECT_EQ(shown(MainElement::mainIMG), "main");
+    EXPECT_EQ(shown(MainElement::sld2), "sld2");
+    EXPECT_TRUE(player().state().LoadFinished);
+    EXPECT_THAT(host_.dialogs.boxes, IsEmpty());
+    EXPECT_THAT(logged(), Contains(testing::HasSubstr((host_.folder / kSkin) + ",")));
+    EXPECT_EQ(host_.folder.read(kSkin), "no folder");
+}
+
 TEST_F(KindSkin, withNoSkinAtAllTheStartGoesOn) {
     options_.shippedFolder.clear();
     start();

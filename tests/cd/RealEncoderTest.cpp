@@ -84,7 +84,7 @@ protected:
                         .host = bundle_,
                         .words = words_,
                         .progress = progress_};
-    TrackRipper real_{realNeeds_};
+    TrackRipper real_{realNeeds_, state_.comfort};
     Ripping ripAll_{realNeeds_, tagWarning_, tags::TagWork::direct()};
 };
 

@@ -186,6 +186,20 @@ TEST_F(RipComfortTest, filesOfAnEarlierRipStay) {
     EXPECT_THAT(told(), testing::Not(testing::Contains(HasSubstr("is there")))) << "no question";
 }
 
+TEST_F(RipComfortTest, aJobEndsByTheComfortThatItBeganWith) {
+    comfort_.playsWhileRipping = comfort_.numbersEqualNames = true;
+    form_.List1 = {"Song", "Song", "Song"};
+    sound_.onEncoder = [this](const auto& /*encoder*/) { comfort_ = {}; };
+    ripping_.Rip_All();
+    EXPECT_THAT(files(), ElementsAre("Song.mp3", "Song (2).mp3", "Song (3).mp3"));
+    EXPECT_THAT(callsOf("BASS_Free"), IsEmpty()) << "what plays would end";
+    sound_.encoders.clear();
+    host_.dialogs.answers = {host::MessageAnswer::Yes};
+    ripping_.Rip_All();
+    EXPECT_THAT(files(), ElementsAre("Song.mp3", "Song.mp3", "Song.mp3")) << "the next one";
+    EXPECT_THAT(callsOf("BASS_Free"), testing::Not(IsEmpty()));
+}
+
 TEST_F(RipComfortTest, namesAreCleaned) {
     comfort_.cleansRipNames = true;
     form_.Text2[0] = "AC/DC";

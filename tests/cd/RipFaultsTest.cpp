@@ -131,7 +131,7 @@ protected:
                         .host = bundle_,
                         .words = words_,
                         .progress = progress_};
-    TrackRipper real_{realNeeds_};
+    TrackRipper real_{realNeeds_, state_.comfort};
 };
 
 INSTANTIATE_TEST_SUITE_P(All, RipFaults, testing::Values(Way::wav, Way::program, Way::wma));

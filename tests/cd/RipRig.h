@@ -112,7 +112,7 @@ protected:
                         .host = bundle_,
                         .words = words_,
                         .progress = progress_};
-    cd::TrackRipper ripper_{needs_};
+    cd::TrackRipper ripper_{needs_, state_.comfort};
     cd::Ripping ripping_{needs_, tagWarning_, tags::TagWork::direct()};
     std::vector<cd::RipStatus> statuses_;
 
