@@ -27,6 +27,9 @@ public:
 
     void reportTrack(const player::TrackReport& /*report*/) override { UpdateMessengerStatus(); }
 
+    /// Who plays what is known only now.
+    void reportFacts(const player::TrackReport& /*report*/) override { UpdateMessengerStatus(); }
+
     void reportNothing(const std::string& format, const std::string& word) override;
 
 private:

@@ -98,6 +98,16 @@ TEST_F(MessengerStatusTest, nothingPlays) {
     EXPECT_THAT(windows_.sent, testing::ElementsAre(R"(\0Music\00\0{0} - {1}\0\0\0\0\0)"));
 }
 
+TEST_F(MessengerStatusTest, factsThatComeLaterAreToldToo) {
+    core_.state.MessengerOn = true;
+    core_.news.add(messenger_);
+    show("Band", "Song");
+    core_.news.reportFacts({});
+    core_.news.remove(messenger_);
+    EXPECT_THAT(windows_.sent,
+                testing::ElementsAre(R"(\0Music\01\0{0} - {1}\0Band\0Song\0\0\0)"));
+}
+
 TEST_F(MessengerStatusTest, aStartedTrackIsTold) {
     core_.state.MessengerOn = true;
     core_.news.add(messenger_);
