@@ -38,6 +38,28 @@ class DayTest(RemoteTest):
             self.keep_screenshot("day-failed.png")
             raise AssertionError(f"{words}: {failure}; {self.state()}") from failure
 
+    def undo(self, titles):
+        """What the last step did to the list is taken back; these are its titles then."""
+        self.step("take it back", lambda: self.key("ctrl+z"), lambda: self.titles() == titles)
+
+    def press(self, button, title):
+        """A button of the playlist's panel, which opens a dialog."""
+        def asked():
+            self.focus()
+            self.click(button)
+            return self.boxes(title)
+
+        self.focus()
+        self.key("3")
+        self.wait_until(asked, title)
+        self.dialog(title)
+
+    def name_file(self, title, path):
+        self.key("ctrl+a")
+        self.type(path)
+        self.key("Return")
+        self.gone(title)
+
     def state(self):
         """What the player says of itself, for a failure's words."""
         if self.player.poll() is not None:
@@ -125,6 +147,20 @@ class DayTest(RemoteTest):
         with open(self.path("music/Alder/notes.txt"), "w", encoding="utf-8") as file:
             file.write("no music\n")
         return [f"{artist} - {song}" for artist in ARTISTS for song in SONGS]
+
+    def tag_of(self, path, field):
+        told = subprocess.run(["ffprobe", "-v", "error", "-show_entries",
+                               f"format_tags={field}:stream_tags={field}", "-of", "default=nk=1",
+                               path], capture_output=True, text=True, timeout=LIMIT, check=False)
+        found = [line for line in told.stdout.splitlines() if not line.startswith("[")]
+        return found[0] if found else None
+
+    @staticmethod
+    def encode(path):
+        """A minute of a tone as a station sends it."""
+        subprocess.run(["ffmpeg", "-v", "error", "-f", "lavfi", "-i", "sine=440:d=60", "-c:a",
+                        "libmp3lame", "-b:a", "128k", "-ac", "2", "-write_xing", "0",
+                        "-id3v2_version", "0", path], check=True, timeout=LIMIT)
 
     def copy(self, source, name):
         path = self.path(name)
