@@ -127,8 +127,8 @@ class Adding(ProgramTest):
             self.mouse(LIST_LEFT + 100 + step, LIST_TOP + 60, "sleep", "0.1")
         self.tool("xdotool", "mouseup", "1")
         self.assertEqual(source.stdout.readline().strip(), "copied")
+        self.settle(before)  # who drags says so before its data is asked for, and has to stay
         source.kill()
-        self.settle(before)
         self.assertEqual(self.titles(), ["a", "b", "c", "z", "y", "x"])
 
 
