@@ -37,11 +37,15 @@ std::optional<DoorAction> doorAction(std::uint32_t action) {
 } // namespace
 
 void DiscCalls::lookOnce() {
-    Drives& drives = core_.drives();
-    if (drives.everLooked()) {
+    if (waited_) {
         return;
     }
-    drives.look();
+    waited_ = true;
+    Drives& drives = core_.drives();
+    if (!drives.everLooked()) {
+        drives.look();
+    }
+    // A look that somebody began a moment ago knows no more than none.
     const auto deadline = std::chrono::steady_clock::now() + core_.openPatience();
     while (drives.looking() && std::chrono::steady_clock::now() < deadline) {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));

@@ -32,8 +32,8 @@ public:
                                 std::uint32_t flags) override;
 
 private:
-    /// Looks for drives where nobody has done so yet; the answer is waited for as that of a file
-    /// is.
+    /// Looks for drives where nobody has done so yet. The first time the answer is waited for as
+    /// that of a file is, whoever began the look.
     void lookOnce();
 
     /// Null, with the reason noted, when there is no such drive.
@@ -48,6 +48,7 @@ private:
                                      const std::optional<DiscPlace>& place, std::uint32_t flags);
 
     EngineCore& core_;
+    bool waited_ = false; ///< for the first look
 };
 
 } // namespace tovik::sound

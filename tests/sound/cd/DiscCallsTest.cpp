@@ -134,6 +134,15 @@ TEST(DiscCalls, HaveNoMoreDrivesThanLetters) {
     EXPECT_FALSE(rig.engine.BASS_CD_GetDriveDescription(23));
 }
 
+TEST(DiscCalls, WaitForALookThatWasJustBegun) {
+    const auto script = std::make_shared<DriveScript>();
+    script->insert(tocOf({75}));
+    EngineRig rig({.drives = DriveScript::options({script})});
+    rig.engine.lookAtDrives();
+    EXPECT_EQ(rig.engine.BASS_CD_GetDriveLetter(0), 'D' - 'A');
+    EXPECT_EQ(rig.engine.BASS_CD_GetTracks(0), 1);
+}
+
 TEST(DiscCalls, AnswerWhileADriveDoesNot) {
     DiscRig rig(tocOf({75}));
     rig.script->change([](auto& facts) { facts.hangs = true; });
