@@ -178,6 +178,7 @@ class Shown(CdTest):
         return {one["name"]: one for one in json.loads(said.stdout)["children"]
                 if "showing" in one["states"]}
 
+    @odd
     def test_the_panel_shows_drive_and_tracks(self):
         self.start_bus()
         self.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"

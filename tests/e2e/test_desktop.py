@@ -5,7 +5,7 @@ import socket
 import struct
 import unittest
 
-from program import ProgramTest, media
+from program import ProgramTest, media, odd
 
 CLEARED = "\\0Music\\00\\0{0} - {1}\\0\\0\\0\\0\\0\0"
 
@@ -32,6 +32,7 @@ class Messengers(ProgramTest):
         self.assertEqual(length, len(data) - 8)
         return data[8:].decode("utf-16-le")
 
+    @odd
     def test_two_messengers_hear_of_a_track_and_of_the_end(self):
         one, two = self.listen("one"), self.listen("two")
         self.start_screen()

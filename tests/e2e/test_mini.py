@@ -6,7 +6,7 @@ import time
 import unittest
 
 from pictures import KEY, Picture, read_bmp
-from program import LIMIT, ProgramTest, media
+from program import LIMIT, ProgramTest, media, odd
 
 WIDTH, HEIGHT = 160, 125
 GROUND = (130, 4)  # a place where nothing stands
@@ -138,6 +138,7 @@ class Mini(ProgramTest):
         self.wait_until(lambda: len(self.shown("--class", "tovik")) == 1, "the end of the menu")
         self.end_shown()
 
+    @odd
     def test_without_a_bitmap_the_main_window_stays(self):
         self.start_shown(SONG)
         os.remove(self.data("skins/CurrentSkin/minmode_3.bmp"))

@@ -7,7 +7,7 @@ import signal
 import time
 import unittest
 
-from program import LIMIT, ProgramTest, media, read_wav
+from program import LIMIT, ProgramTest, media, odd, read_wav
 
 NOBODY = 65534
 
@@ -35,6 +35,7 @@ class Session(ProgramTest):
         with open(self.data("db/autosave.m3u"), "w", newline="", encoding="utf-8") as file:
             file.write("#EXTM3U\r\n" + "".join(rows))
 
+    @odd
     def test_a_restored_list_is_saved_again_and_does_not_play(self):
         self.installed()
         self.write_list("mp3_vbr.mp3", "song.xm", "flac_16_44100.flac")
@@ -225,6 +226,7 @@ class Session(ProgramTest):
         self.assertEqual(len(log), 2, log)
         self.assertIn("0.bmp", log[0] + log[1])
 
+    @odd
     def test_a_signal_while_a_box_of_the_start_stands_wipes_nothing(self):
         self.installed()
         self.setting(b"CVL", b"oops")

@@ -10,7 +10,7 @@ import time
 import unittest
 
 from pictures import KEY, Picture, read_bmp
-from program import LIMIT, ProgramTest, media
+from program import LIMIT, ProgramTest, media, odd
 
 WIDTH, HEIGHT = 470, 312  # of the window
 GROUND = (350, 285)  # a place where nothing stands
@@ -146,6 +146,7 @@ class SkinWindow(ProgramTest):
                 self.mouse(*GROUND)
         self.end()
 
+    @odd
     def test_a_tab_has_its_over_face_under_the_mouse(self):
         self.start()
         for tab, (x, y, *_) in PANELS.items():
@@ -291,6 +292,7 @@ class SkinWindow(ProgramTest):
         self.assertTrue(seen.shows(self.bitmap("btn_stop_up"), *BUTTONS["stop"]))
         self.end()
 
+    @odd
     def test_without_a_bitmap_there_is_a_window_and_a_line_in_the_log(self):
         self.start()
         self.end()

@@ -6,7 +6,7 @@ import signal
 import time
 import unittest
 
-from program import LIMIT, ProgramTest, media
+from program import LIMIT, ProgramTest, media, odd
 
 
 class Window(ProgramTest):
@@ -135,6 +135,7 @@ class Window(ProgramTest):
         self.assertIsNone(first.poll())
         self.end(first)
 
+    @odd
     def test_damaged_settings_are_told_and_kept(self):
         self.end(self.silent(media("wav_s16_44100_stereo.wav")))
         with open(self.data("db/settings.xml"), "wb") as file:
