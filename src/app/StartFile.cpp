@@ -101,6 +101,7 @@ void StartFile::add(const base::CommandWords& words) {
                 list.RefreshTitle(first, *title);
             }
         }
+        playback_.advance.selectItem(first - 1); // the quick list shows it, too
         playback_.rows.PlayRow(first, player::fadeSeconds(core_.settings));
     };
     if (media_ != nullptr) {

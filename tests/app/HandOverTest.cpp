@@ -305,6 +305,7 @@ TEST_F(ComfortHandOver, aFileIsAddedAndPlays) {
     handOver(track("song.mp3"));
     EXPECT_THAT(titles(), ElementsAre("Old", "song.mp3"));
     EXPECT_EQ(player().stdSS().SelectedIndex, 2);
+    EXPECT_EQ(player().List1().ListIndex(), 1) << "the quick list shows it";
     EXPECT_EQ(player().stdSS().SoundingRow(), 2);
     EXPECT_TRUE(player().state().IsPlaying);
     ASSERT_TRUE(player().commands().run(commands::CommandId::undoList));
