@@ -61,6 +61,10 @@ public:
     /// Scroller and captions.
     virtual void showTitles(const NowPlaying& /*playing*/) {}
 
+    /// The title that was shown last belongs to what waits to be played: scroller and captions
+    /// stand still until the next one.
+    virtual void holdTitles() {}
+
     /// Only the captions.
     virtual void showCaptions(const NowPlaying& /*playing*/) {}
 

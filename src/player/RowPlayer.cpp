@@ -43,7 +43,9 @@ void RowPlayer::waitAt(const RowPlace& place) {
     NowPlaying& playing = core_.screen.playing;
     playing.scrollerText = " " + core_.state.CurrentTitle;
     playing.caption = playing.scrollerText;
+    playing.miniCaption = playing.scrollerText;
     core_.screen.showTitles();
+    core_.screen.holdTitles();
     const std::int32_t length = list.seconds(place.row);
     playing.countsDown = core_.state.TimeDisplayMode != 0 && length > 0;
     playing.time =

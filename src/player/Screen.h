@@ -30,6 +30,8 @@ public:
 
     void showTitles() { tell(&NowPlayingView::showTitles, playing); }
 
+    void holdTitles() { tell(&NowPlayingView::holdTitles); }
+
     void showCaptions() { tell(&NowPlayingView::showCaptions, playing); }
 
     void showTime() { tell(&NowPlayingView::showTime, playing); }

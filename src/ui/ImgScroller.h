@@ -29,6 +29,9 @@ public:
     /// UTF-8 or else Windows-1252.
     void setText(std::string_view text);
 
+    /// The text stands still, as far as it has moved, until the next one.
+    void hold() { timer_->setEnabled(false); }
+
     /// What is drawn: the text, rotated.
     [[nodiscard]] std::u32string shown() const;
 

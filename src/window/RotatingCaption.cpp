@@ -32,6 +32,10 @@ void RotatingCaption::stir() {
 void RotatingCaption::Timer5() {
     config::guard(core_.errors, config::player("timer5"), [this] {
         const bool rotates = core_.state.ShowInTaskbar == 1;
+        if (rotates && held_) {
+            Timer5_->setEnabled(false);
+            return;
+        }
         std::string& caption = rotates && core_.state.MiniModeOn ? core_.screen.playing.miniCaption
                                                                  : core_.screen.playing.caption;
         const std::string before =

@@ -12,7 +12,7 @@ namespace tovik::window {
 class RotatingCaption : private player::NowPlayingView {
 public:
     /// `core` outlives the object. `Timer5` ticks at once; without a button on the task bar it
-    /// rests until there is another caption to take away.
+    /// rests until there is another caption to take away, and while titles are held.
     explicit RotatingCaption(const player::Core& core);
     ~RotatingCaption() override;
     RotatingCaption(const RotatingCaption&) = delete;
@@ -29,7 +29,12 @@ public:
     [[nodiscard]] bool rests() const { return !Timer5_->enabled(); }
 
 private:
-    void showTitles(const player::NowPlaying& /*playing*/) override { stir(); }
+    void showTitles(const player::NowPlaying& /*playing*/) override {
+        held_ = false;
+        stir();
+    }
+
+    void holdTitles() override { held_ = true; }
 
     void showCaptions(const player::NowPlaying& /*playing*/) override { stir(); }
 
@@ -37,6 +42,7 @@ private:
 
     const player::Core& core_;
     std::unique_ptr<host::Timer> Timer5_;
+    bool held_ = false; ///< nothing plays yet: the caption is there, and stands still
 };
 
 /// The text with its first character behind the last one; a text of one character or none stays.

@@ -352,6 +352,7 @@ TEST_F(ComfortPlay, playBeginsAtThePlaceThatWaits) {
     EXPECT_EQ(playing_.time, "00:25");
     EXPECT_EQ(playing_.percent, 25);
     EXPECT_EQ(playing_.scrollerText, " T2");
+    EXPECT_EQ(playing_.miniCaption, " T2");
     EXPECT_THAT(sound_.calls, IsEmpty()) << "no file is touched";
     ASSERT_TRUE(rowPlayer_.place());
     EXPECT_EQ(rowPlayer_.place()->seconds, 25);

@@ -35,6 +35,18 @@ TEST_F(ImgScrollerTest, movesOneCharacterEvery200Ms) {
     EXPECT_THAT(drawn, ElementsAre(U"ab***", U"b***a", U"***ab", U"**ab*", U"*ab**", U"ab***"));
 }
 
+TEST_F(ImgScrollerTest, aTextThatIsHeldStandsStillUntilTheNextOne) {
+    scroller.setText("ab");
+    host.clock.advanceTo(200);
+    scroller.hold();
+    host.clock.advanceTo(2000);
+    EXPECT_EQ(drawn.back(), U"b***a");
+    EXPECT_EQ(drawn.size(), 2U);
+    scroller.setText("cd");
+    host.clock.advanceTo(2200);
+    EXPECT_EQ(drawn.back(), U"d***c");
+}
+
 TEST_F(ImgScrollerTest, aNewTextBeginsAnewWithAFullInterval) {
     scroller.setText("ab");
     host.clock.advanceTo(300);

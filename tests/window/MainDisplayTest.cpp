@@ -149,6 +149,9 @@ TEST_F(Display, titles) {
     host_.clock.advanceTo(200);
     EXPECT_EQ(title_, U"Song (01:00)*** ");
     EXPECT_THAT(captions_, testing::ElementsAre(" Caption"));
+    display_.holdTitles();
+    host_.clock.advanceTo(1000);
+    EXPECT_EQ(title_, U"Song (01:00)*** ");
 }
 
 TEST_F(Display, digits) {

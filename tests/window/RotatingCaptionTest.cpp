@@ -75,6 +75,27 @@ TEST_F(RotatingCaption, withoutAButtonOnTheTaskBarItRestsUntilThereIsACaptionToT
     EXPECT_EQ(playing_.caption, "");
 }
 
+TEST_F(RotatingCaption, itRestsWithWhatWaitsToBePlayed) {
+    playing_.caption = "waits";
+    core_.screen.showTitles();
+    core_.screen.holdTitles();
+    advance(1000);
+    EXPECT_EQ(playing_.caption, "waits");
+    EXPECT_TRUE(caption_.rests());
+    core_.screen.showCaptions();
+    advance(1000);
+    EXPECT_EQ(playing_.caption, "waits") << "as the other window takes its place";
+    state_.ShowInTaskbar = 0;
+    core_.screen.showCaptions();
+    advance(1000);
+    EXPECT_EQ(playing_.caption, "");
+    state_.ShowInTaskbar = 1;
+    playing_.caption = "plays";
+    core_.screen.showTitles();
+    advance(window::RotatingCaption::kTimer5Ms + 10);
+    EXPECT_EQ(playing_.caption, "laysp");
+}
+
 TEST(RotatedLeft, bytesThatAreNoUtf8GoOneByOne) {
     EXPECT_EQ(rotatedLeft("\xE4xy"), "xy\xE4");
     EXPECT_EQ(rotatedLeft("€uro"), "uro€");
