@@ -26,7 +26,7 @@ constexpr std::string_view kDiscTrack = "cda";
 
 ListFacts::ListFacts(const Core& core, tags::FactsDesk& desk) : core_(core), desk_(desk) {
     core_.lists.stdSS.addObserver(*this);
-    desk_.addTaker(
+    taking_ = desk_.addTaker(
         [this](const std::string& path, const tags::FileFacts& facts) { take(path, facts); });
 }
 

@@ -58,6 +58,7 @@ private:
     playlist::Row next_ = 1; ///< the first that was not looked at
     bool begun_ = false;
     bool later_ = false; ///< a call is on its way
+    tags::FactsDesk::Taking taking_;
 };
 
 } // namespace tovik::player

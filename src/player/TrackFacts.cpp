@@ -37,7 +37,7 @@ std::string shownOf(const std::string& field) {
 
 TrackFacts::TrackFacts(const Core& core, tags::cMP3ID3v1& tag) : core_(core), tag_(tag) {
     if (core_.facts != nullptr) {
-        core_.facts->addTaker(
+        taking_ = core_.facts->addTaker(
             [this](const std::string& path, const tags::FileFacts& facts) { take(path, facts); });
     }
 }

@@ -10,6 +10,7 @@
 #include "tags/cMP3ID3v1.h"
 #include "tags/FileFacts.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -67,6 +68,7 @@ private:
     tags::cMP3ID3v1& tag_;
     std::optional<TrackRef> awaited_; ///< the track that sounds, while its facts are on their way
     CBASS_TIME time_{core_.sound};
+    std::shared_ptr<const void> taking_; ///< of the facts that come in
 };
 
 } // namespace tovik::player

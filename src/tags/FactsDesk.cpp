@@ -8,6 +8,7 @@
 #include <chrono>
 #include <cstdint>
 #include <deque>
+#include <system_error>
 #include <thread>
 
 #include <sys/eventfd.h>
@@ -24,15 +25,24 @@ constexpr std::size_t kBatch = 16;
 constexpr std::chrono::milliseconds kSoon{8};
 
 /// For how long the end waits for a file that is being read.
-constexpr std::chrono::milliseconds kPatience{300};
+constexpr std::chrono::milliseconds kLastWait{300};
+
+/// As many files are read at once, and as many where somebody waits for one.
+constexpr std::ptrdiff_t kAtOnce = 1;
+constexpr std::ptrdiff_t kAtOnceUrgent = 2;
+
+/// With as many files that stall, nothing is read any more.
+constexpr std::size_t kMostThreads = 8;
 
 } // namespace
 
-/// What desk and thread share.
-class FactsDesk::Reader {
+/// What desk and threads share. A thread that takes a file leaves another one behind it that waits
+/// for the next.
+class FactsDesk::Reader : public std::enable_shared_from_this<Reader> {
 public:
-    explicit Reader(Read read)
-        : read_(std::move(read)), event_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
+    Reader(Read read, std::chrono::milliseconds patience)
+        : read_(std::move(read)), patience_(patience),
+          event_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
 
     [[nodiscard]] int descriptor() const { return event_.get(); }
 
@@ -40,8 +50,9 @@ public:
     bool ask(const std::string& path, Urgency urgency) {
         const base::MutexLock lock(mutex_);
         const bool urgent = urgency == Urgency::first;
-        if (path == reading_) {
-            urgent_ = urgent_ || urgent;
+        if (const auto reading = std::ranges::find(readings_, path, &Reading::path);
+            reading != readings_.end()) {
+            reading->urgent = reading->urgent || urgent;
             return false;
         }
         const auto waiting = std::ranges::find(jobs_, path, &Job::path);
@@ -53,8 +64,20 @@ public:
             jobs_.erase(waiting);
         }
         jobs_.insert(urgent ? jobs_.begin() : jobs_.end(), Job{path, urgent});
-        changed_.notifyAll();
+        addThread();
+        if (urgent || jobs_.size() == 1) { // else all know already that something waits
+            changed_.notifyAll();
+        }
         return isNew;
+    }
+
+    /// What is being read of a file counts no more: it is read once again.
+    void outdate(const std::string& path) {
+        const base::MutexLock lock(mutex_);
+        if (const auto reading = std::ranges::find(readings_, path, &Reading::path);
+            reading != readings_.end()) {
+            reading->outdated = true;
+        }
     }
 
     [[nodiscard]] std::deque<Answer> take() {
@@ -71,25 +94,12 @@ public:
         static_cast<void>(!::write(event_.get(), &kOne, sizeof kOne));
     }
 
-    void run() {
-        const base::MutexLock lock(mutex_);
-        while (!ending_) {
-            if (jobs_.empty()) {
-                changed_.wait(mutex_);
-                continue;
-            }
-            readNext();
-        }
-        ended_ = true;
-        changed_.notifyAll();
-    }
-
     void end() {
-        const auto last = Clock::now() + kPatience;
+        const auto last = Clock::now() + kLastWait;
         const base::MutexLock lock(mutex_);
         ending_ = true;
         changed_.notifyAll();
-        while (!ended_ && changed_.waitUntil(mutex_, last)) {
+        while (threads_ > 0 && changed_.waitUntil(mutex_, last)) {
         }
     }
 
@@ -99,40 +109,92 @@ private:
         bool urgent;
     };
 
+    struct Reading {
+        std::string path;
+        bool urgent; ///< somebody waits for it
+        bool outdated;
+        Clock::time_point begun;
+    };
+
+    void addThread() TOVIK_REQUIRES(mutex_) {
+        if (threads_ > readings_.size() || threads_ >= kMostThreads) {
+            return; // one waits already
+        }
+        try {
+            std::thread([self = shared_from_this()] { self->run(); }).detach();
+            ++threads_;
+        } catch (const std::system_error&) { // NOLINT(bugprone-empty-catch)
+            // Those that are there have to do, and the next question tries again.
+        }
+    }
+
+    void run() {
+        const base::MutexLock lock(mutex_);
+        while (!ending_) {
+            if (jobs_.empty()) {
+                changed_.wait(mutex_);
+            } else if (const auto turn = turnOf(jobs_.front()); turn > Clock::now()) {
+                static_cast<void>(changed_.waitUntil(mutex_, turn));
+            } else {
+                readNext();
+            }
+        }
+        --threads_;
+        changed_.notifyAll();
+    }
+
+    /// When a job may be begun, as it stands: a file that does not come counts no more then.
+    [[nodiscard]] Clock::time_point turnOf(const Job& job) const TOVIK_REQUIRES(mutex_) {
+        const auto stalledSince = Clock::now() - patience_;
+        const auto counts = [stalledSince](const Reading& one) { return one.begun > stalledSince; };
+        if (std::ranges::count_if(readings_, counts) < (job.urgent ? kAtOnceUrgent : kAtOnce)) {
+            return Clock::time_point::min();
+        }
+        const auto oldest = std::ranges::find_if(readings_, counts);
+        return oldest == readings_.end() ? Clock::time_point::min() : oldest->begun + patience_;
+    }
+
     void readNext() TOVIK_REQUIRES(mutex_) {
-        Job job = std::move(jobs_.front());
+        const Job job = std::move(jobs_.front());
         jobs_.pop_front();
-        reading_ = job.path;
-        urgent_ = job.urgent;
-        Answer answer{.path = std::move(job.path), .facts = {}, .urgent = false};
+        const auto reading = readings_.insert(
+            readings_.end(),
+            {.path = job.path, .urgent = job.urgent, .outdated = false, .begun = Clock::now()});
+        addThread();
+        Answer answer{.path = job.path, .facts = {}, .urgent = false};
         {
             const base::MutexUnlock unlock(mutex_);
             answer.facts = read_(answer.path);
         }
-        reading_.clear();
-        answer.urgent = urgent_;
+        answer.urgent = reading->urgent;
+        const bool outdated = reading->outdated;
+        readings_.erase(reading);
+        if (outdated) {
+            jobs_.push_front({.path = answer.path, .urgent = answer.urgent});
+            return;
+        }
+        const bool tells = answer.urgent || jobs_.empty();
         answers_.push_back(std::move(answer));
-        if (urgent_ || jobs_.empty() || answers_.size() >= kBatch ||
-            Clock::now() - told_ >= kSoon) {
+        if (tells || answers_.size() >= kBatch || Clock::now() - told_ >= kSoon) {
             tell();
         }
     }
 
     Read read_;
+    std::chrono::milliseconds patience_;
     base::Descriptor event_; ///< readable while there are answers to be taken
     base::Mutex mutex_;
     base::Condition changed_;
     std::deque<Job> jobs_ TOVIK_GUARDED_BY(mutex_);
     std::deque<Answer> answers_ TOVIK_GUARDED_BY(mutex_);
-    std::string reading_ TOVIK_GUARDED_BY(mutex_);
-    bool urgent_ TOVIK_GUARDED_BY(mutex_) = false; ///< somebody waits for what is being read
+    std::list<Reading> readings_ TOVIK_GUARDED_BY(mutex_); ///< the oldest in front
+    std::size_t threads_ TOVIK_GUARDED_BY(mutex_) = 0;
     Clock::time_point told_ TOVIK_GUARDED_BY(mutex_){};
     bool ending_ TOVIK_GUARDED_BY(mutex_) = false;
-    bool ended_ TOVIK_GUARDED_BY(mutex_) = false;
 };
 
-FactsDesk::FactsDesk(host::Watches& watches, Read read)
-    : watches_(watches), read_(std::move(read)) {}
+FactsDesk::FactsDesk(host::Watches& watches, Read read, std::chrono::milliseconds patience)
+    : watches_(watches), read_(std::move(read)), patience_(patience) {}
 
 FactsDesk::~FactsDesk() {
     watch_.reset();
@@ -143,9 +205,8 @@ FactsDesk::~FactsDesk() {
 
 void FactsDesk::begin() {
     if (!reader_) {
-        reader_ = std::make_shared<Reader>(read_);
+        reader_ = std::make_shared<Reader>(read_, patience_);
         watch_ = watches_.watch(reader_->descriptor(), [this] { takeAnswers(); });
-        std::thread([reader = reader_] { reader->run(); }).detach();
     }
 }
 
@@ -184,12 +245,28 @@ void FactsDesk::take(const Answer& answer) {
     if (answer.urgent) {
         keep(answer);
     }
-    for (const Taker& taker : takers_) {
-        taker(answer.path, answer.facts);
+    std::erase_if(takers_, [](const auto& taker) { return taker.expired(); });
+    for (std::size_t i = 0; i < takers_.size(); ++i) {
+        if (const auto taker = takers_.at(i).lock()) {
+            (*taker)(answer.path, answer.facts);
+        }
     }
 }
 
+FactsDesk::Taking FactsDesk::addTaker(Taker taker) {
+    auto taking = std::make_shared<const Taker>(std::move(taker));
+    takers_.emplace_back(taking);
+    return taking;
+}
+
 void FactsDesk::forget(const std::string& path) {
+    if (reader_) {
+        reader_->outdate(path);
+    }
+    drop(path);
+}
+
+void FactsDesk::drop(const std::string& path) {
     if (const auto place = places_.find(path); place != places_.end()) {
         kept_.erase(place->second);
         places_.erase(place);
@@ -197,7 +274,7 @@ void FactsDesk::forget(const std::string& path) {
 }
 
 void FactsDesk::keep(const Answer& answer) {
-    forget(answer.path);
+    drop(answer.path);
     kept_.push_front(answer);
     places_.emplace(kept_.front().path, kept_.begin());
     if (kept_.size() > kKept) {

@@ -10,13 +10,16 @@
 
 #include <chrono>
 #include <memory>
-#include <thread>
+#include <set>
 
 namespace tovik::tags {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
+using testing::UnorderedElementsAre;
 
 /// A disk that holds the reader until it is let go.
 class Gate {
@@ -31,10 +34,17 @@ public:
         const base::MutexLock lock(mutex_);
         order_.push_back(path);
         changed_.notifyAll();
-        while (!open_) {
+        while (!open_ && !opened_.contains(path)) {
             changed_.wait(mutex_);
         }
         return {.title = "title of " + path};
+    }
+
+    /// Lets one file through, also if it comes only later.
+    void open(const std::string& path) {
+        const base::MutexLock lock(mutex_);
+        opened_.insert(path);
+        changed_.notifyAll();
     }
 
     void waitForReads(std::size_t count) {
@@ -53,6 +63,7 @@ private:
     base::Mutex mutex_;
     base::Condition changed_;
     bool open_ = false;
+    std::set<std::string> opened_;
     std::vector<std::string> order_;
 };
 
@@ -63,8 +74,9 @@ protected:
     FactsDesk& desk() {
         if (!desk_) {
             desk_ = std::make_unique<FactsDesk>(
-                watches_, [gate = gate_](const std::string& path) { return gate->pass(path); });
-            desk_->addTaker([this](const std::string& path, const FileFacts& facts) {
+                watches_, [gate = gate_](const std::string& path) { return gate->pass(path); },
+                patience_);
+            taking_ = desk_->addTaker([this](const std::string& path, const FileFacts& facts) {
                 taken_.push_back(path + ": " + facts.title);
             });
         }
@@ -74,6 +86,8 @@ protected:
     test::PollWatches watches_;
     std::shared_ptr<Gate> gate_ = std::make_shared<Gate>();
     std::vector<std::string> taken_;
+    std::chrono::milliseconds patience_ = std::chrono::hours(24);
+    FactsDesk::Taking taking_;
     std::unique_ptr<FactsDesk> desk_;
 };
 
@@ -147,6 +161,71 @@ TEST_F(Desk, theEndDoesNotWaitForADiskThatStalls) {
     desk_.reset();
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
     gate_->open(); // the thread comes to its end by itself
+}
+
+TEST_F(Desk, aFileThatStallsDoesNotHoldUpWhatIsUrgent) {
+    desk().ask("dead", FactsDesk::Urgency::last);
+    gate_->waitForReads(1);
+    desk().ask("waits", FactsDesk::Urgency::last);
+    for (const char* const path : {"a", "b"}) {
+        gate_->open(path);
+        desk().ask(path, FactsDesk::Urgency::first);
+    }
+    EXPECT_TRUE(watches_.waitUntil([this] { return desk().waiting() == 2; }));
+    EXPECT_THAT(taken_, UnorderedElementsAre("a: title of a", "b: title of b"));
+    EXPECT_THAT(gate_->order(), Not(Contains("waits"))) << "one after the other";
+    gate_->open();
+    EXPECT_TRUE(watches_.waitUntil([this] { return desk().waiting() == 0; }));
+}
+
+TEST_F(Desk, aFileThatStallsForLongHoldsUpNothing) {
+    patience_ = std::chrono::milliseconds(0);
+    for (const char* const path : {"dead 1", "dead 2", "dead 3"}) {
+        desk().ask(path, FactsDesk::Urgency::first);
+    }
+    gate_->open("a");
+    desk().ask("a", FactsDesk::Urgency::last);
+    EXPECT_TRUE(watches_.waitUntil([this] { return desk().waiting() == 3; }));
+    EXPECT_THAT(taken_, ElementsAre("a: title of a"));
+    gate_->open();
+    EXPECT_TRUE(watches_.waitUntil([this] { return desk().waiting() == 0; }));
+}
+
+TEST_F(Desk, thereIsAnEndOfThreads) {
+    patience_ = std::chrono::milliseconds(0);
+    for (int i = 0; i < 30; ++i) {
+        desk().ask(std::to_string(i), FactsDesk::Urgency::last);
+    }
+    gate_->waitForReads(8);
+    desk().ask("first", FactsDesk::Urgency::first);
+    EXPECT_EQ(gate_->order().size(), 8U);
+    gate_->open();
+    EXPECT_TRUE(watches_.waitUntil([this] { return desk().waiting() == 0; }));
+    EXPECT_EQ(taken_.size(), 31U);
+}
+
+TEST_F(Desk, whatIsReadOfAFileThatChangesIsReadAnew) {
+    desk().ask("a", FactsDesk::Urgency::first);
+    gate_->waitForReads(1);
+    desk().forget("a");
+    gate_->open();
+    EXPECT_TRUE(watches_.waitUntil([this] { return desk().waiting() == 0; }));
+    EXPECT_THAT(gate_->order(), ElementsAre("a", "a"));
+    EXPECT_THAT(taken_, ElementsAre("a: title of a"));
+    desk().forget("a");
+    EXPECT_EQ(desk().known("a"), nullptr);
+}
+
+TEST_F(Desk, aTakerMayGoBeforeTheDesk) {
+    gate_->open();
+    int others = 0;
+    const auto other = [&others](const std::string&, const FileFacts&) { ++others; };
+    const FactsDesk::Taking stays = desk().addTaker(other);
+    desk().ask("a", FactsDesk::Urgency::last);
+    taking_.reset();
+    EXPECT_TRUE(watches_.waitUntil([this] { return desk().waiting() == 0; }));
+    EXPECT_THAT(taken_, IsEmpty());
+    EXPECT_EQ(others, 1);
 }
 
 TEST_F(Desk, withoutWatchesItAnswersAtOnce) {
