@@ -93,7 +93,7 @@ bool Crossfade::start(const TrackRef& track, std::int32_t fade, const std::strin
     core_.sound.BASS_Start();
     makeNewActive();
     starter_.startBeside(channel, track.path);
-    clock_.watchTrack(true);
+    clock_.beginTrack();
     core_.news.restartVisualisation();
     beginSlides(fade);
     facts_.show(channel, track, popup);
@@ -122,7 +122,7 @@ bool Crossfade::startCdTrack(const CdTrack& track, sound::Handle& channel) {
     if (channel == sound::kNoHandle) {
         return false;
     }
-    clock_.watchTrack(true);
+    clock_.beginTrack();
     core_.state.IsPlaying = true;
     core_.state.IsPaused = false;
     core_.state.IsWmaStream = false;

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "player/ListFacts.h"
 
-#include "base/Text.h"
 #include "base/TimeText.h"
-#include "base/Url.h"
 #include "playlist/FileNames.h"
 
 #include <algorithm>
@@ -19,8 +17,6 @@ namespace {
 
 /// How many rows are looked at in one go, asked for or not.
 constexpr Row kRowsAtOnce = 2000;
-
-constexpr std::string_view kDiscTrack = "cda";
 
 } // namespace
 
@@ -70,11 +66,9 @@ bool ListFacts::wanted(Row row) const {
         return false;
     }
     const std::string_view path = list.text(row, RowText::FileName);
-    return !path.empty() &&
-           (list.seconds(row) <= 0 ||
+    return (list.seconds(row) <= 0 ||
             playlist::isNamedAfter(list.text(row, RowText::Title), path)) &&
-           !base::isWebUrl(path) &&
-           !base::equalsIgnoringCase(playlist::get_extension(path), kDiscTrack);
+           playlist::isOnDisk(path);
 }
 
 void ListFacts::ask(Row row, FactsDesk::Urgency urgency) {

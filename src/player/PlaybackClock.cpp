@@ -45,6 +45,15 @@ void PlaybackClock::moveDigits(bool moving) {
     Timer1_->setEnabled(moving);
 }
 
+void PlaybackClock::beginTrack() {
+    watchTrack(true);
+    if (core_.state.comfort.endsExactly && movesDigits_) {
+        core_.screen.playing.percent = 0;
+        core_.screen.showPosition();
+        showPlayed(0);
+    }
+}
+
 bool PlaybackClock::rests() const {
     return !Timer1_->enabled() && !Timer2_->enabled() && !Timer3_->enabled();
 }
@@ -94,10 +103,13 @@ void PlaybackClock::showDigits() {
         showHeard();
         return;
     }
-    const std::int32_t position = time_.GetPlayingPos(state.active());
-    const std::int32_t shown = state.TimeDisplayMode == kRemaining
-                                   ? time_.GetDuration(state.active()) - position
-                                   : position;
+    showPlayed(time_.GetPlayingPos(state.active()));
+}
+
+void PlaybackClock::showPlayed(std::int32_t seconds) {
+    const PlayerState& state = core_.state;
+    const std::int32_t shown =
+        state.TimeDisplayMode == kRemaining ? time_.GetDuration(state.active()) - seconds : seconds;
     core_.screen.playing.time = clockText(state.comfort, shown);
     core_.screen.playing.countsDown = state.TimeDisplayMode != 0;
     core_.screen.showTime();

@@ -41,6 +41,10 @@ public:
         Timer3_->setEnabled(watching);
     }
 
+    /// A track begins on the active channel: it is watched. With `Comfort::endsExactly` mark and
+    /// digits are at its beginning at once, unless a hand is on the position bar.
+    void beginTrack();
+
     [[nodiscard]] bool watchesTrack() const { return Timer3_->enabled(); }
 
     /// No timer ticks until something is told to be shown.
@@ -68,6 +72,7 @@ private:
 
     void stir();
     void showDigits();
+    void showPlayed(std::int32_t seconds);
     void showHeard();
     std::int16_t markPosition();
     void movePosition();

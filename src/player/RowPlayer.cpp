@@ -26,6 +26,7 @@ void RowPlayer::button_play() {
             Stdss_Play(std::to_string(list.SelectedIndex));
             if (place && place->row == list.SelectedIndex && core_.state.IsPlaying) {
                 time_.SetPlayingPos(core_.state.active(), place->seconds, false);
+                showPlace(*place);
             }
         }
     });
@@ -46,7 +47,15 @@ void RowPlayer::waitAt(const RowPlace& place) {
     playing.miniCaption = playing.scrollerText;
     core_.screen.showTitles();
     core_.screen.holdTitles();
-    const std::int32_t length = list.seconds(place.row);
+    showPlace(place);
+    facts_.showWaiting({.path = std::string(list.text(place.row, playlist::RowText::FileName)),
+                        .title = core_.state.CurrentTitle,
+                        .row = place.row});
+}
+
+void RowPlayer::showPlace(const RowPlace& place) {
+    NowPlaying& playing = core_.screen.playing;
+    const std::int32_t length = core_.lists.stdSS.seconds(place.row);
     playing.countsDown = core_.state.TimeDisplayMode != 0 && length > 0;
     playing.time =
         clockText(core_.state.comfort, playing.countsDown ? length - place.seconds : place.seconds);

@@ -66,6 +66,7 @@ public:
     void showStarted(const TrackRef& track);
 
 private:
+    void showPlace(const RowPlace& place);
     [[nodiscard]] bool startAlone(const TrackRef& track);
 
     const Core& core_;

@@ -117,9 +117,14 @@ void TrackFacts::showSilence() {
 
 void TrackFacts::showFormat(sound::Handle channel, const std::string& path) {
     const std::int16_t rate = time_.GetBitsPerSecond(channel, fileLength(path));
-    const std::string frequency = std::to_string(time_.GetFrequency(channel)).substr(0, 2);
-    core_.state.TrackInfoText = std::to_string(rate) + " kbps  " + frequency + " KHZ";
-    core_.state.TrackInfoMode = time_.GetMode(channel);
+    const std::int32_t frequency = time_.GetFrequency(channel);
+    showFormat(rate, frequency, time_.GetMode(channel));
+}
+
+void TrackFacts::showFormat(std::int32_t kilobits, std::int32_t hertz, const std::string& mode) {
+    const std::string frequency = std::to_string(hertz).substr(0, 2);
+    core_.state.TrackInfoText = std::to_string(kilobits) + " kbps  " + frequency + " KHZ";
+    core_.state.TrackInfoMode = mode;
     core_.screen.playing.infoText = core_.state.TrackInfoText;
     core_.screen.playing.mode = core_.state.TrackInfoMode;
 }
@@ -134,7 +139,7 @@ tags::FileFacts TrackFacts::read(const TrackRef& track) {
         if (const tags::FileFacts* const answered = core_.facts->known(track.path)) {
             return *answered;
         }
-        awaited_ = track;
+        awaited_ = {.track = track, .sounds = true};
         return {};
     }
     tag_.MP3File(track.path);
@@ -150,10 +155,15 @@ tags::FileFacts TrackFacts::read(const TrackRef& track) {
 
 /// The rest is known: it takes its places as if it had been there from the beginning.
 void TrackFacts::take(const std::string& path, const tags::FileFacts& facts) {
-    if (!awaited_ || awaited_->path != path || !core_.state.IsPlaying || core_.state.RadioMode) {
+    if (!awaited_ || awaited_->track.path != path || core_.state.IsPlaying != awaited_->sounds ||
+        core_.state.RadioMode) {
         return;
     }
-    const TrackRef track = *std::exchange(awaited_, std::nullopt);
+    const auto [track, sounds] = *std::exchange(awaited_, std::nullopt);
+    if (!sounds) {
+        takeWaiting(track, facts);
+        return;
+    }
     const sound::Handle channel = core_.state.active();
     showFields(facts);
     nameUnknown();
@@ -162,6 +172,33 @@ void TrackFacts::take(const std::string& path, const tags::FileFacts& facts) {
         showTitles(channel, shown);
     }
     core_.news.reportFacts(reportOf(channel, shown, facts));
+}
+
+void TrackFacts::showWaiting(const TrackRef& track) {
+    if (core_.state.comfort.readsEveryFormat && core_.facts != nullptr &&
+        playlist::isOnDisk(track.path)) {
+        awaited_ = {.track = track, .sounds = false};
+        core_.facts->ask(track.path, tags::FactsDesk::Urgency::first);
+    }
+}
+
+void TrackFacts::takeWaiting(const TrackRef& track, const tags::FileFacts& facts) {
+    showFields(facts);
+    if (facts.kilobits > 0 && facts.hertz > 0) {
+        showFormat(facts.kilobits, facts.hertz, CBASS_TIME::modeOf(facts.channels));
+    }
+    nameUnknown();
+    const playlist::stdSS& list = core_.lists.stdSS;
+    const TrackRef shown = refreshRowTitle(track, facts);
+    // Another part may have brought the title into the row.
+    const bool isThere = list.text(track.row, playlist::RowText::FileName) == track.path;
+    const std::int32_t told = isThere ? list.seconds(track.row) : 0;
+    if (const std::int32_t seconds = told > 0 ? told : facts.seconds; seconds > 0) {
+        showTitles(isThere ? std::string(list.text(track.row, playlist::RowText::Title))
+                           : shown.title,
+                   clockText(core_.state.comfort, seconds));
+        core_.screen.holdTitles();
+    }
 }
 
 void TrackFacts::showFields(const tags::FileFacts& facts) {
@@ -214,9 +251,12 @@ void TrackFacts::showPopup(sound::Handle channel, const std::string& text) {
 }
 
 void TrackFacts::showTitles(sound::Handle channel, const TrackRef& track) {
-    core_.state.CurrentTitle = track.title;
-    core_.screen.playing.scrollerText =
-        " " + core_.state.CurrentTitle + " (" + length(channel) + ")";
+    showTitles(track.title, length(channel));
+}
+
+void TrackFacts::showTitles(const std::string& title, const std::string& length) {
+    core_.state.CurrentTitle = title;
+    core_.screen.playing.scrollerText = " " + core_.state.CurrentTitle + " (" + length + ")";
     core_.screen.playing.caption = core_.screen.playing.scrollerText;
     core_.screen.playing.miniCaption = " " + core_.state.CurrentTitle;
     core_.screen.showTitles();

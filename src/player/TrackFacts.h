@@ -10,6 +10,7 @@
 #include "tags/cMP3ID3v1.h"
 #include "tags/FileFacts.h"
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -43,6 +44,10 @@ public:
     /// track, and no row has the played look.
     void showSilence();
 
+    /// A track waits to be played: what is known of it is shown as soon as it was read. Nothing is
+    /// read without `Comfort::readsEveryFormat`.
+    void showWaiting(const TrackRef& track);
+
     /// Current title, scroller and captions from the row and the length of `channel`.
     void showTitles(sound::Handle channel, const TrackRef& track);
 
@@ -53,20 +58,29 @@ private:
     /// What is known of a track at once. With `Comfort::readsEveryFormat` the rest comes later.
     [[nodiscard]] tags::FileFacts read(const TrackRef& track);
     void take(const std::string& path, const tags::FileFacts& facts);
+    void takeWaiting(const TrackRef& track, const tags::FileFacts& facts);
 
     /// Brings a title into the row, and gives the track as it is shown from then on.
     [[nodiscard]] TrackRef refreshRowTitle(const TrackRef& track, const tags::FileFacts& facts);
     [[nodiscard]] TrackReport reportOf(sound::Handle channel, const TrackRef& track,
                                        const tags::FileFacts& facts);
     void showFormat(sound::Handle channel, const std::string& path);
+    void showFormat(std::int32_t kilobits, std::int32_t hertz, const std::string& mode);
     void showFields(const tags::FileFacts& facts);
     void nameUnknown();
     void showPopup(sound::Handle channel, const std::string& text);
+    void showTitles(const std::string& title, const std::string& length);
     [[nodiscard]] std::string length(sound::Handle channel);
+
+    /// A track whose facts are on their way.
+    struct Awaited {
+        TrackRef track;
+        bool sounds; ///< or waits to be played
+    };
 
     const Core& core_;
     tags::cMP3ID3v1& tag_;
-    std::optional<TrackRef> awaited_; ///< the track that sounds, while its facts are on their way
+    std::optional<Awaited> awaited_;
     CBASS_TIME time_{core_.sound};
     std::shared_ptr<const void> taking_; ///< of the facts that come in
 };

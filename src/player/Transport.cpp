@@ -53,7 +53,7 @@ bool Transport::start(const TrackRef& track, const std::string& popup) {
     }
     state.ActiveChannel = ChannelSlot::primary;
     starter_.startPlainly(state.PrimaryChannel, track.path);
-    clock_.watchTrack(true);
+    clock_.beginTrack();
     core_.news.restartVisualisation();
     facts_.show(state.PrimaryChannel, track, popup);
     setIdleSync(state.PrimaryChannel, kChannelSync);
@@ -76,7 +76,7 @@ bool Transport::startCdTrack(const TrackRef& track, const CdTrack& number) {
         return false;
     }
     if (asAnyOther) {
-        clock_.watchTrack(true);
+        clock_.beginTrack();
     }
     facts_.showNothingKnown(track);
     setIdleSync(state.PrimaryChannel, kChannelSync);

@@ -2,6 +2,8 @@
 #include "playlist/FileNames.h"
 
 #include "base/PathText.h"
+#include "base/Text.h"
+#include "base/Url.h"
 
 namespace tovik::playlist {
 
@@ -17,6 +19,12 @@ std::string_view GetLastBackSlash(std::string_view Path) noexcept {
 bool isNamedAfter(std::string_view title, std::string_view path) noexcept {
     const std::string_view name = GetLastBackSlash(path);
     return title == name || title == name.substr(0, name.rfind('.'));
+}
+
+bool isOnDisk(std::string_view path) noexcept {
+    constexpr std::string_view kDiscTrack = "cda";
+    return !path.empty() && !base::isWebUrl(path) &&
+           !base::equalsIgnoringCase(get_extension(path), kDiscTrack);
 }
 
 } // namespace tovik::playlist

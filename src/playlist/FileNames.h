@@ -17,4 +17,7 @@ namespace tovik::playlist {
 /// Whether a title is nothing but the name of that file, with its extension or without it.
 [[nodiscard]] bool isNamedAfter(std::string_view title, std::string_view path) noexcept;
 
+/// Whether it names a file of a disk: no address of the web, no track of a disc, not nothing.
+[[nodiscard]] bool isOnDisk(std::string_view path) noexcept;
+
 } // namespace tovik::playlist

@@ -100,6 +100,63 @@ TEST_F(ComfortFacts, theFirstTrackHasItsLengthToo) {
     EXPECT_EQ(list_.seconds(1), 75);
 }
 
+// A track that waits to be played ----------------------------------------------------------------
+
+TEST_F(ComfortFacts, aTrackThatWaitsTellsThemBeforeItIsPlayed) {
+    watches_.nothing = false;
+    state_.comfort.clockShowsHours = true;
+    const std::string path = addOgg();
+    known_[path].kilobits = 192;
+    known_[path].hertz = 48000;
+    known_[path].channels = 2;
+    rowPlayer_.waitAt({1, 25});
+    EXPECT_EQ(playing_.fields[0], "") << "nobody waited";
+    ASSERT_TRUE(watches_.waitUntil([this] { return desk_.waiting() == 0; }));
+    EXPECT_THAT(view_.last.fields,
+                ElementsAre("Band", "A title that is f", "Disc", "2001", "Shoegaze"));
+    EXPECT_EQ(view_.last.infoText, "192 kbps  48 KHZ");
+    EXPECT_EQ(view_.last.mode, "Stereo");
+    EXPECT_EQ(view_.last.scrollerText, std::string(" Band - ") + kLong + " (01:15)");
+    EXPECT_EQ(view_.last.miniCaption, std::string(" Band - ") + kLong);
+    EXPECT_EQ(list_.text(1, RowText::Title), std::string("Band - ") + kLong);
+    EXPECT_EQ(view_.last.time, "00:25");
+    EXPECT_THAT(events_.told, Not(Contains("facts"))) << "nothing plays";
+    EXPECT_THAT(sound_.calls, testing::IsEmpty()) << "no decoder is asked";
+    clock_.Timer2(); // what shows the words time and again has them, too
+    EXPECT_EQ(playing_.infoText, "192 kbps  48 KHZ");
+}
+
+TEST_F(ComfortFacts, whatIsNotKnownOfOneThatWaitsStaysEmpty) {
+    known_[track("a.xm", {})] = {};
+    list_.AddItem("", host_.folder / "a.xm", "a.xm", "01:40", 100);
+    rowPlayer_.waitAt({1, 25});
+    EXPECT_THAT(view_.last.fields, ElementsAre("N/A", "N/A", "N/A", "N/A", "N/A"));
+    EXPECT_EQ(playing_.infoText, "");
+    EXPECT_EQ(playing_.scrollerText, " a.xm (01:40)") << "the list tells the length";
+}
+
+TEST_F(ComfortFacts, ofAnAddressThatWaitsNothingIsAsked) {
+    list_.AddItem("", "http://radio.example/", "Radio", "", 0);
+    rowPlayer_.waitAt({1, 25});
+    EXPECT_THAT(view_.told, Not(Contains("facts")));
+    state_.comfort.readsEveryFormat = false;
+    addOgg();
+    rowPlayer_.waitAt({2, 25});
+    EXPECT_THAT(view_.told, Not(Contains("facts"))) << "without the switch";
+}
+
+TEST_F(ComfortFacts, ofOneThatWaitedNothingIsShownOnceAnotherPlays) {
+    watches_.nothing = false;
+    addOgg();
+    list_.AddItem("", track("b.wav", {.seconds = 9}), "b.wav", "", 0);
+    rowPlayer_.waitAt({1, 25});
+    list_.SelectIndex(2);
+    rowPlayer_.PlayRow(2, 0);
+    ASSERT_TRUE(watches_.waitUntil([this] { return desk_.waiting() == 0; }));
+    EXPECT_THAT(view_.last.fields, ElementsAre("N/A", "N/A", "N/A", "N/A", "N/A"));
+    EXPECT_EQ(state_.CurrentTitle, "b.wav");
+}
+
 class ComfortAlbum : public PlayerRig {
 protected:
     ComfortAlbum() {

@@ -73,6 +73,54 @@ TEST_F(Seamless, markAndDigitsAreAtTheBeginningOfTheNextTrackAtOnce) {
     EXPECT_EQ(playing_.time, "held");
 }
 
+TEST_F(Seamless, theyAreSoAlsoForATrackThatTheUserGoesOnTo) {
+    clock_.begin();
+    play(3, {.seconds = 10});
+    for (const bool fades : {false, true}) {
+        state_.CrossfadeOn = fades;
+        state_.TimeDisplayMode = fades ? 1 : 0;
+        advance(7100);
+        ASSERT_GT(playing_.percent, 60);
+        rowPlayer_.PlayRow(3, 0);
+        EXPECT_EQ(view_.last.percent, 0);
+        EXPECT_EQ(view_.last.time, fades ? "00:10" : "00:00");
+        EXPECT_EQ(view_.last.countsDown, fades);
+    }
+}
+
+TEST_F(Seamless, aHandOnTheBarKeepsThemWhileAnotherTrackStarts) {
+    clock_.begin();
+    play(3, {.seconds = 10});
+    advance(7100);
+    clock_.moveDigits(false);
+    const double held = playing_.percent;
+    rowPlayer_.PlayRow(3, 0);
+    EXPECT_EQ(playing_.percent, held);
+}
+
+TEST_F(Seamless, withoutTheSwitchTheMarkFollowsWithTheNextTick) {
+    state_.comfort.endsExactly = false;
+    clock_.begin();
+    play(3, {.seconds = 10});
+    advance(7100);
+    const double before = playing_.percent;
+    ASSERT_GT(before, 60);
+    rowPlayer_.PlayRow(3, 0);
+    EXPECT_EQ(playing_.percent, before);
+    advance(1000);
+    EXPECT_EQ(playing_.percent, 10);
+}
+
+TEST_F(Seamless, aTrackThatGoesOnAtAPlaceShowsItAtOnce) {
+    clock_.begin();
+    addRows(1, {.seconds = 100});
+    list_.RefreshTime(1, 100, "01:40");
+    rowPlayer_.waitAt({1, 25});
+    rowPlayer_.button_play();
+    EXPECT_EQ(view_.last.percent, 25);
+    EXPECT_EQ(view_.last.time, "00:25");
+}
+
 TEST_F(Seamless, itHasVolumeAndBalanceBeforeItSounds) {
     play(2, {.seconds = 10});
     state_.comfort.keepsBalance = true;
