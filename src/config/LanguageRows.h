@@ -101,6 +101,7 @@ inline constexpr auto kEnglishPreferences = std::to_array<std::string_view>({
     "New keys are not kept: shortcuts.dat is no file of this player.",
     "The key of the last column is that of [x] by now.",
     "Show it as a &notification of the desktop",
+    "For &Next and Previous",
 });
 
 /// The English of "TovikAbout".

@@ -154,6 +154,7 @@ constexpr auto kRows = std::to_array<Row>({
     put(S::frmPreferences, 33, "Check10"),
     put(S::frmPreferences, 34, "Check11"),
     run(S::frmPreferences, 35, "Label6", 0, 2),
+    run(S::frmPreferences, 35, "Label6", 2),
     put(S::frmPreferences, 37, "Label8"),
     put(S::frmPreferences, 38, "Label9"),
     put(S::frmPreferences, 39, "Frame3"),
@@ -288,6 +289,7 @@ constexpr auto kRows = std::to_array<Row>({
     inWindow(S::TovikPreferences, 13, W::frmRipDir, "Dir1", K::Name),
     put(S::TovikPreferences, 14, "ShortcutText", K::Kept, 5, 2),
     put(S::TovikPreferences, 16, "Check18"),
+    put(S::TovikPreferences, 17, "NextTime"),
 
     put(S::TovikAbout, 0, "LibrariesCaption"),
     put(S::TovikAbout, 1, "Licence"),

@@ -24,6 +24,7 @@ using preferences::ControlRow;
 constexpr auto kLines = std::to_array<ControlLine>({
     {Control::Slider3, "Label10", "Slider3Value"},
     {Control::Slider1_0, "Label4", "Slider1Value_0", "Label6_0"},
+    {Control::Slider1_2, "NextTime", "Slider1Value_2", "Label6_2"},
     {Control::Slider1_1, "Label5", "Slider1Value_1", "Label6_1"},
     {Control::Slider4, "Label11_0", "", "Label11_1"},
     {Control::Combo1, "Label8"},
@@ -195,6 +196,9 @@ void PreferenceControls::show() {
     }
     if (QWidget* const rate = made_.at(at(Control::Slider2)); rate != nullptr) {
         rate->setEnabled(logic_.values().choosesRate());
+    }
+    if (QWidget* const time = made_.at(at(Control::Slider1_2)); time != nullptr) {
+        time->setEnabled(logic_.choosesShorterFade());
     }
 }
 

@@ -13,17 +13,21 @@ std::int32_t fadeSeconds(config::Settings& settings) {
                     [](std::string_view text) { return base::toInt32(base::textToNumber(text)); });
 }
 
-std::int32_t fadeFor(AskedBy who, std::int32_t seconds, config::Settings& settings,
-                     const base::Comfort& comfort) {
+double shorterFade(std::int32_t seconds) noexcept {
     constexpr double kShare = 0.5;
     constexpr double kLongest = 2;
+    return std::min(seconds * kShare, kLongest);
+}
+
+std::int32_t fadeFor(AskedBy who, std::int32_t seconds, config::Settings& settings,
+                     const base::Comfort& comfort) {
     constexpr double kMsInSecond = 1000;
     if (who == AskedBy::player || !comfort.shortensManualNext) {
         return fadeMilliseconds(seconds);
     }
     const double wanted = readLiveOr(
         settings, "CFDN", [](std::string_view text) { return base::textToNumber(text); },
-        std::min(seconds * kShare, kLongest));
+        shorterFade(seconds));
     return std::max(base::toInt32(wanted * kMsInSecond), 0);
 }
 

@@ -15,10 +15,14 @@ namespace tovik::player {
 /// Who wants another track.
 enum class AskedBy : std::uint8_t { player, user };
 
+/// How many seconds one takes that the user asks for, where the settings name no time for it and
+/// one at the end of a track takes `seconds`: half of that, 2 at most.
+[[nodiscard]] double shorterFade(std::int32_t seconds) noexcept;
+
 /// How long a crossfade takes, in milliseconds, that is `seconds` at the end of a track. With
 /// `Comfort::shortensManualNext` one that the user asks for takes the seconds of the setting
-/// "CFDN", which may have a fraction, and without that half the time, 2 seconds at most. Raises 6
-/// and 13 as the others do.
+/// "CFDN", which may have a fraction, and without that those of `shorterFade`. Raises 6 and 13 as
+/// the others do.
 [[nodiscard]] std::int32_t fadeFor(AskedBy who, std::int32_t seconds, config::Settings& settings,
                                    const base::Comfort& comfort);
 

@@ -31,6 +31,7 @@ constexpr auto kSingle = std::to_array<ControlRow>({
     {C::Check6, "Check6", K::check, P::fileTypes, "", E::nextStart},
     {C::Check7, "Check7", K::check, P::playback, "PlaybackFrm", E::crossfade},
     {C::Slider1_0, "Slider1_0", K::slider, P::playback, "PlaybackFrm", E::nextUse, 0, 30},
+    {C::Slider1_2, "Slider1_2", K::slider, P::playback, "PlaybackFrm", E::nextUse, 0, 30},
     {C::Check8, "Check8", K::check, P::playback, "PlaybackFrm", E::silenceSkip},
     {C::Slider1_1, "Slider1_1", K::slider, P::playback, "PlaybackFrm", E::threshold, 0, 100},
     {C::Check10, "Check10", K::check, P::playback, "PlaybackFrm", E::shuffle},

@@ -46,6 +46,7 @@ enum class Control : std::uint8_t {
     Check6,    ///< associate them at the start
     Check7,    ///< crossfade
     Slider1_0, ///< its time
+    Slider1_2, ///< the time of one that the user asks for
     Check8,    ///< silence detection
     Slider1_1, ///< its threshold
     Check10,   ///< shuffle
@@ -62,7 +63,7 @@ enum class Control : std::uint8_t {
     Comfort_0, ///< the master of comfort; its switches follow by their numbers
 };
 
-inline constexpr std::size_t kControls = 30 + base::kComfortSwitches.size();
+inline constexpr std::size_t kControls = 31 + base::kComfortSwitches.size();
 
 /// The control of a switch of comfort by its number, that of the master by 0.
 constexpr Control comfortControl(std::size_t number) {

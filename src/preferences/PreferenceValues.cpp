@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preferences/PreferenceValues.h"
 
+#include "player/FadeTime.h"
+
 #include <algorithm>
+#include <cmath>
 
 namespace tovik::preferences {
 
@@ -24,6 +27,13 @@ void PreferenceValues::setNumber(Control control, std::int32_t number) {
     }
     put(control, number);
     switch (control) {
+    case Control::Slider1_0:
+        if (!known(Control::Slider1_2)) {
+            // Shown, but not chosen.
+            numbers_.at(at(Control::Slider1_2)) =
+                static_cast<std::int32_t>(std::lround(player::shorterFade(this->number(control))));
+        }
+        break;
     case Control::Check2:
         put(Control::Check15, ticked(control) ? 0 : 1);
         break;

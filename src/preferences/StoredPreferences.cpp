@@ -33,6 +33,7 @@ constexpr auto kTable = std::to_array<StoredRow>({
     {"SHI", Form::twoDigits, C::Check4},
     {"CFD", Form::flag, C::Check7},
     {"CFDT", Form::number, C::Slider1_0},
+    {"CFDN", Form::chosenNumber, C::Slider1_2},
     {"SLD", Form::flag, C::Check8},
     {"SLDT", Form::number, C::Slider1_1},
     {"SHF", Form::flag, C::Check10},
@@ -105,6 +106,7 @@ void take(const StoredRow& row, std::string_view text, PreferenceValues& values)
         values.setNumber(row.control, config::settingToFlag(text) ? 1 : 0);
         break;
     case Form::number:
+    case Form::chosenNumber:
         values.setNumber(row.control, wholeNumber(text));
         break;
     case Form::position:
@@ -146,6 +148,7 @@ std::string textFor(const StoredRow& row, const PreferenceValues& values) {
     case Form::copy:
         return flag(row.control);
     case Form::number:
+    case Form::chosenNumber:
     case Form::position:
         return std::to_string(values.number(row.control));
     case Form::text:
@@ -169,7 +172,7 @@ std::string textFor(const StoredRow& row, const PreferenceValues& values) {
 
 /// A number beyond what its slider can show is still there where nobody moved the slider.
 bool showsTheSame(const StoredRow& row, const std::string& kept, const PreferenceValues& values) {
-    if (row.form != Form::number) {
+    if (row.form != Form::number && row.form != Form::chosenNumber) {
         return false;
     }
     PreferenceValues shown;
@@ -198,7 +201,9 @@ void readPreferences(config::Settings& settings, PreferenceValues& values) {
             const player::SettingRow& setting = settingOf(row);
             if (setting.owner == player::KeyOf::player &&
                 !config::Settings::holds(xml, setting.key)) {
-                values.setNumber(row.control, 0);
+                if (row.form != Form::chosenNumber) {
+                    values.setNumber(row.control, 0);
+                }
                 continue;
             }
             settings.converted(setting.key, settings.textOf(xml, setting.key),
@@ -223,7 +228,8 @@ void writePreferences(config::Settings& settings, const PreferenceValues& values
                 }
             } else if (!values.known(row.control)) {
                 continue;
-            } else if (setting.owner == player::KeyOf::player) {
+            } else if (setting.owner == player::KeyOf::player &&
+                       !config::Settings::holds(xml, setting.key)) {
                 config::Settings::makeOrWrite(xml, setting.key, textFor(row, values));
             } else if (!showsTheSame(row, settings.textOf(xml, setting.key), values)) {
                 settings.write(xml, setting.key, textFor(row, values));

@@ -20,7 +20,8 @@ enum class Form : std::uint8_t {
     flag, ///< ticked for 1 alone; written as 1 and 0
     copy, ///< the same, but only written
     number,
-    position, ///< a number that a choice may have set already
+    chosenNumber, ///< one that goes with another control, and is not written, until it was set
+    position,     ///< a number that a choice may have set already
     text,
     language,  ///< a text that is never empty
     twoDigits, ///< two ticks; the second is that of the next control

@@ -174,6 +174,11 @@ void frmPreferences::chooseFolder(Control label) {
     }
 }
 
+bool frmPreferences::choosesShorterFade() const {
+    return (comfortIsOfRun() ? p_.core.state.comfort : values_.comfort().record())
+        .shortensManualNext;
+}
+
 void frmPreferences::Combo3_Click(const std::string& name) {
     values_.setText(Control::Combo3, name);
     trap(p_.core.errors, [&] {

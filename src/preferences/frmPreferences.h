@@ -100,6 +100,10 @@ public:
     /// The command line decides: what the page of comfort is set to counts from the next run on.
     [[nodiscard]] bool comfortIsOfRun() const { return p_.core.state.ComfortOfRun.has_value(); }
 
+    /// What the user goes on to has a crossfade time of its own, as the page of comfort is set by
+    /// now, or the command line says.
+    [[nodiscard]] bool choosesShorterFade() const;
+
     // The lists -----------------------------------------------------------------------------------
 
     /// The languages that there are, by their names.

@@ -17,6 +17,13 @@ class PreferencesByHand : public PreferencesDialogRig, public testing::WithParam
 TEST_P(PreferencesByHand, eachControlIsChangedKeptAndReadBack) {
     const By by = GetParam() ? By::mouse : By::keyboard;
     int changed = 0;
+    // One of the sliders is for those who have the fourth switch.
+    open([&](QDialog& dialog) {
+        EXPECT_FALSE(control<QWidget>(dialog, "Slider1_2").isEnabled());
+        EXPECT_TRUE(change(dialog, preferences::rowOf(preferences::comfortControl(4)), by));
+        EXPECT_TRUE(control<QWidget>(dialog, "Slider1_2").isEnabled()) << "at once";
+        press(dialog, "Command1");
+    });
     for (const ControlRow& row : preferences::controlTable()) {
         std::string before;
         std::string after;

@@ -169,6 +169,11 @@ TEST_P(PreferencesWords, slidersOfAFrameBeginAndEndBelowEachOther) {
     onEachPage([](QDialog& dialog, int page) {
         if (page == static_cast<int>(Page::playback)) {
             const QRect time = control<QWidget>(dialog, "Slider1_0").geometry();
+            const QRect next = control<QWidget>(dialog, "Slider1_2").geometry();
+            EXPECT_EQ(time.left(), next.left());
+            EXPECT_EQ(time.right(), next.right());
+            EXPECT_EQ(control<QLabel>(dialog, "Label6_0").text(),
+                      control<QLabel>(dialog, "Label6_2").text());
             const QRect threshold = control<QWidget>(dialog, "Slider1_1").geometry();
             EXPECT_EQ(time.left(), threshold.left());
             EXPECT_EQ(time.right(), threshold.right());

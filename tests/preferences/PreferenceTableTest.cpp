@@ -45,6 +45,7 @@ constexpr auto kExpected = std::to_array<Expected>({
     {"Check6", "ASO", Effect::nextStart, Page::fileTypes, 1, "1"},
     {"Check7", "CFD", Effect::crossfade, Page::playback, 1, "1"},
     {"Slider1_0", "CFDT", Effect::nextUse, Page::playback, 12, "12"},
+    {"Slider1_2", "CFDN", Effect::nextUse, Page::playback, 7, "7"},
     {"Check8", "SLD", Effect::silenceSkip, Page::playback, 1, "1"},
     {"Slider1_1", "SLDT", Effect::threshold, Page::playback, 70, "70"},
     {"Check10", "SHF", Effect::shuffle, Page::playback, 1, "1"},
@@ -128,6 +129,7 @@ TEST_F(PreferenceTable, numbersAreHeldToTheirRangesAndSteps) {
     };
 
     constexpr auto kRanges = std::to_array<Range>({{Control::Slider1_0, 0, 30, 1},
+                                                   {Control::Slider1_2, 0, 30, 1},
                                                    {Control::Slider1_1, 0, 100, 1},
                                                    {Control::Slider2, 32, 320, 16},
                                                    {Control::Slider3, 1, 4, 1},

@@ -284,6 +284,42 @@ TEST_F(frmPreferences, languagesAreTheFilesWithTheirExtension) {
     EXPECT_THAT(preferences_.Combo3(), ElementsAre("Bavarian", "Zulu"));
 }
 
+TEST_F(frmPreferences, theTimeForNextGoesWithTheOtherUntilItIsSet) {
+    EXPECT_EQ(values().number(Control::Slider1_2), 2);
+    set(Control::Slider1_0, 2);
+    EXPECT_EQ(values().number(Control::Slider1_2), 1);
+    preferences_.Command1_Click();
+    EXPECT_EQ(host_.folder.read(kSettings).find("CFDN"), std::string::npos) << "nobody chose it";
+    set(Control::Slider1_2, 4);
+    set(Control::Slider1_0, 9);
+    EXPECT_EQ(values().number(Control::Slider1_2), 4);
+    preferences_.Command1_Click();
+    EXPECT_EQ(stored("CFDN"), "4");
+    set(Control::Slider1_2, 3);
+    preferences_.Command1_Click();
+    EXPECT_EQ(stored("CFDN"), "3");
+}
+
+TEST_F(frmPreferences, aFractionOfTheTimeForNextStaysWhereNobodyMovesIt) {
+    set(Control::Slider1_2, 1);
+    preferences_.Command1_Click();
+    store("CFDN", "0.7");
+    again();
+    EXPECT_EQ(values().number(Control::Slider1_2), 1);
+    preferences_.Command1_Click();
+    EXPECT_EQ(stored("CFDN"), "0.7");
+}
+
+TEST_F(frmPreferences, theTimeForNextIsAChoiceWithItsSwitchAlone) {
+    EXPECT_FALSE(preferences_.choosesShorterFade());
+    set(preferences::comfortControl(4), 1);
+    EXPECT_TRUE(preferences_.choosesShorterFade()) << "before it is stored, too";
+    set(preferences::comfortControl(4), 0);
+    state_.ComfortOfRun = true;
+    state_.comfort.shortensManualNext = true;
+    EXPECT_TRUE(preferences_.choosesShorterFade());
+}
+
 TEST_F(frmPreferences, aMissingKeyIsToldAndWhatComesBehindItStaysAsItIs) {
     store("CFDT", "7");
     store("SLDT", "33");
