@@ -42,7 +42,7 @@ Filling::Filling(const Needs& needs, const host::Host& host)
              .notice = [&language = needs.language](
                            int number) { return language.get_Notice_String(number); }}),
       openDirectory(needs.core, host.pump), buttons(needs.core, needs.files, openDirectory),
-      rowFacts(needs.core, *needs.core.facts), core_(needs.core), window_(needs.window),
+      rowFacts(needs.core, host.pump, *needs.core.facts), core_(needs.core), window_(needs.window),
       windows_(needs.windows) {}
 
 void Filling::bind(commands::Commands& commands) {

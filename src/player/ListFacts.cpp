@@ -20,7 +20,10 @@ constexpr Row kRowsAtOnce = 2000;
 
 } // namespace
 
-ListFacts::ListFacts(const Core& core, tags::FactsDesk& desk) : core_(core), desk_(desk) {
+ListFacts::ListFacts(const Core& core, const host::MessagePump& pump, tags::FactsDesk& desk)
+    : core_(core), pump_(pump), desk_(desk),
+      look_(core_.timers.makeTimer([this] { look(); })) {
+    look_->setInterval(kLookMs);
     core_.lists.stdSS.addObserver(*this);
     taking_ = desk_.addTaker(
         [this](const std::string& path, const tags::FileFacts& facts) { take(path, facts); });
@@ -89,7 +92,7 @@ void ListFacts::rowSeen(Row row) {
 /// A list may change while it is being read or gone through by others: they come to their end
 /// first.
 void ListFacts::askOnLater() {
-    if (begun_ && !later_ && core_.state.comfort.readsListAhead) {
+    if (begun_ && !later_ && !look_->enabled() && core_.state.comfort.readsListAhead) {
         later_ = true;
         desk_.callLater([this] {
             later_ = false;
@@ -98,8 +101,19 @@ void ListFacts::askOnLater() {
     }
 }
 
+void ListFacts::look() {
+    if (!pump_.stepping()) {
+        look_->setEnabled(false);
+        askOn();
+    }
+}
+
 void ListFacts::askOn() {
-    if (!core_.state.comfort.readsListAhead) {
+    if (!core_.state.comfort.readsListAhead || look_->enabled()) {
+        return;
+    }
+    if (pump_.stepping()) {
+        look_->setEnabled(true);
         return;
     }
     const Row count = core_.lists.stdSS.ListCount();

@@ -3,10 +3,12 @@
 // rest of it. Interface thread.
 #pragma once
 
+#include "host/MessagePump.h"
 #include "player/Core.h"
 #include "tags/FactsDesk.h"
 
 #include <cstddef>
+#include <memory>
 #include <span>
 #include <string>
 #include <unordered_map>
@@ -18,8 +20,10 @@ namespace tovik::player {
 /// told of a row stays. Nothing happens without `Comfort::readsListAhead`.
 class ListFacts final : private playlist::ListObserver {
 public:
-    /// Both outlive the object. Nothing is read before `begin`.
-    ListFacts(const Core& core, tags::FactsDesk& desk);
+    /// All outlive the object. Nothing is read before `begin`. While a step of the pump is being
+    /// taken only rows in sight are: a list that is being loaded would wait a little for each
+    /// answer.
+    ListFacts(const Core& core, const host::MessagePump& pump, tags::FactsDesk& desk);
     ~ListFacts() override;
     ListFacts(const ListFacts&) = delete;
     ListFacts& operator=(const ListFacts&) = delete;
@@ -37,6 +41,9 @@ public:
     /// is busy, and what comes in at once is still a matter of a few milliseconds.
     static constexpr std::size_t kAhead = 200;
 
+    /// How often it looks whether a long loop has come to its end.
+    static constexpr int kLookMs = 250;
+
 private:
     void rowsInserted(playlist::Row first, playlist::Row count) override;
     void rowsRemoved(std::span<const playlist::Row> rows) override;
@@ -48,11 +55,14 @@ private:
     void ask(playlist::Row row, tags::FactsDesk::Urgency urgency);
     void askOn();
     void askOnLater();
+    void look();
     void take(const std::string& path, const tags::FileFacts& facts);
     void apply(playlist::Row row, const tags::FileFacts& facts);
 
     const Core& core_;
+    const host::MessagePump& pump_;
     tags::FactsDesk& desk_;
+    std::unique_ptr<host::Timer> look_; ///< ticks while a loop is being waited for
     /// The rows of a file when it was asked for.
     std::unordered_map<std::string, std::vector<playlist::Row>> asked_;
     playlist::Row next_ = 1; ///< the first that was not looked at

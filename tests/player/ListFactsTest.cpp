@@ -37,7 +37,16 @@ protected:
         ASSERT_EQ(desk_.waiting(), 0U);
     }
 
-    player::ListFacts rows_{core_, desk_};
+    struct Loop : host::MessagePump {
+        bool Step() override { return true; }
+
+        [[nodiscard]] bool stepping() const override { return goesOn; }
+
+        bool goesOn = false;
+    };
+
+    Loop loop_;
+    player::ListFacts rows_{core_, loop_, desk_};
 };
 
 TEST_F(ListFactsTest, rowsGetTitleAndLength) {
@@ -54,6 +63,28 @@ TEST_F(ListFactsTest, rowsGetTitleAndLength) {
     EXPECT_EQ(title(3), "3.wav");
     EXPECT_EQ(list_.seconds(3), 5);
     EXPECT_EQ(list_.TotalSeconds(), 75 + 3700 + 5);
+}
+
+TEST_F(ListFactsTest, aListThatIsBeingLoadedIsLeftAlone) {
+    rows_.begin();
+    loop_.goesOn = true;
+    for (const char* const name : {"1.ogg", "2.ogg", "3.ogg"}) {
+        add(name, {.title = "Song"});
+        settle();
+    }
+    EXPECT_FALSE(watches_.wait(std::chrono::milliseconds(0))) << "no event holds the loop up";
+    EXPECT_EQ(title(1), "1.ogg");
+    rows_.rowSeen(2);
+    settle();
+    EXPECT_EQ(title(2), "Song") << "but for what is in sight";
+    advance(player::ListFacts::kLookMs);
+    settle();
+    EXPECT_EQ(title(1), "1.ogg");
+    loop_.goesOn = false;
+    advance(player::ListFacts::kLookMs);
+    settle();
+    EXPECT_EQ(title(1), "Song");
+    EXPECT_EQ(title(3), "Song");
 }
 
 TEST_F(ListFactsTest, nothingIsReadWithoutTheSwitch) {
