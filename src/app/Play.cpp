@@ -13,6 +13,7 @@
 #include "desktop/bus/Mpris.h"
 #include "desktop/CoverFiles.h"
 #include "dialogs/DialogOpener.h"
+#include "dialogs/DialogPlace.h"
 #include "host/qt/RealHost.h"
 #include "host/virtual/UnattendedDialogs.h"
 #include "host/virtual/UnattendedPrograms.h"
@@ -140,6 +141,9 @@ int play(const host::CommandLine& line, const host::Environment& environment) {
     player.presence().mini.windowPicture = windowPicture;
     window.attach(player);
     dialogs.attach(player.dialogs(), window.widget());
+    realHost.dialogs().prepareWith([&core = player.dialogs().core](QWidget& asking) {
+        new dialogs::DialogPlace(asking, core);
+    });
     host.dispatcher.reportTo(
         [&](const base::RuntimeError& error) { player.ground().errors.reportUnguarded(error); });
     host.closing.setLeave([&] {

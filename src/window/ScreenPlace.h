@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A place on the screen as the desktop tells it. Any thread.
+// A place on the screen, and a size, as the desktop tells them. Any thread.
 #pragma once
 
 namespace tovik::window {
@@ -10,6 +10,14 @@ struct ScreenPlace {
     int top = 0;
 
     friend bool operator==(const ScreenPlace&, const ScreenPlace&) = default;
+};
+
+/// In the same pixels.
+struct ScreenSize {
+    int width = 0;
+    int height = 0;
+
+    friend bool operator==(const ScreenSize&, const ScreenSize&) = default;
 };
 
 } // namespace tovik::window

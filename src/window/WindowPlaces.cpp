@@ -31,11 +31,12 @@ std::optional<std::string_view> behindName(std::string_view entry, std::string_v
     return entry.substr(name.size() + 1);
 }
 
-std::optional<ScreenPlace> placeIn(std::string_view text) {
-    ScreenPlace place;
-    for (int* const number : {&place.left, &place.top}) {
-        const auto [end, failure] =
-            std::from_chars(text.data(), text.data() + text.size(), *number);
+using Pair = std::array<int, 2>;
+
+std::optional<Pair> pairIn(std::string_view text) {
+    Pair pair{};
+    for (int& number : pair) {
+        const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), number);
         if (failure != std::errc()) {
             return std::nullopt;
         }
@@ -44,30 +45,28 @@ std::optional<ScreenPlace> placeIn(std::string_view text) {
             text.remove_prefix(1);
         }
     }
-    return text.empty() ? std::optional(place) : std::nullopt;
+    return text.empty() ? std::optional(pair) : std::nullopt;
 }
 
-} // namespace
-
-std::optional<ScreenPlace> keptPlace(const player::PlayerState& state, std::string_view name) {
-    std::optional<ScreenPlace> place;
+std::optional<Pair> kept(const player::PlayerState& state, std::string_view name) {
+    std::optional<Pair> pair;
     if (state.comfort.keepsPlaces) {
         eachEntry(state.WindowPlaces, [&](std::string_view entry) {
             const auto text = behindName(entry, name);
-            place = text ? placeIn(*text) : std::nullopt;
+            pair = text ? pairIn(*text) : std::nullopt;
             return text.has_value();
         });
     }
-    return place;
+    return pair;
 }
 
-void notePlace(const player::Core& core, std::string_view name, const ScreenPlace& place) {
+void note(const player::Core& core, std::string_view name, const Pair& pair) {
     player::PlayerState& state = core.state;
-    if (!state.comfort.keepsPlaces || keptPlace(state, name) == place) {
+    if (!state.comfort.keepsPlaces || kept(state, name) == pair) {
         return;
     }
     std::string places =
-        std::string(name) + " " + std::to_string(place.left) + " " + std::to_string(place.top);
+        std::string(name) + " " + std::to_string(pair[0]) + " " + std::to_string(pair[1]);
     eachEntry(state.WindowPlaces, [&](std::string_view entry) {
         if (!behindName(entry, name)) {
             places += kBetween;
@@ -77,6 +76,34 @@ void notePlace(const player::Core& core, std::string_view name, const ScreenPlac
     });
     state.WindowPlaces = std::move(places);
     core.settings.changed("WPL");
+}
+
+/// No window has a name with such a sign.
+std::string nameOfSize(std::string_view name) {
+    return std::string(name) + ".size";
+}
+
+} // namespace
+
+std::optional<ScreenPlace> keptPlace(const player::PlayerState& state, std::string_view name) {
+    const auto pair = kept(state, name);
+    return pair ? std::optional(ScreenPlace{.left = pair->at(0), .top = pair->at(1)})
+                : std::nullopt;
+}
+
+void notePlace(const player::Core& core, std::string_view name, const ScreenPlace& place) {
+    note(core, name, {place.left, place.top});
+}
+
+std::optional<ScreenSize> keptSize(const player::PlayerState& state, std::string_view name) {
+    const auto pair = kept(state, nameOfSize(name));
+    return pair && pair->at(0) > 0 && pair->at(1) > 0
+               ? std::optional(ScreenSize{.width = pair->at(0), .height = pair->at(1)})
+               : std::nullopt;
+}
+
+void noteSize(const player::Core& core, std::string_view name, const ScreenSize& size) {
+    note(core, nameOfSize(name), {size.width, size.height});
 }
 
 } // namespace tovik::window

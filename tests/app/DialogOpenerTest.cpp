@@ -146,18 +146,47 @@ TEST_F(DialogOpener, withComfortADialogOfAScreenThatIsGoneComesToOneThatExists) 
     EXPECT_EQ(place.right() + 1, room.right());
 }
 
+TEST_F(DialogOpener, withComfortADialogComesBackInItsSize) {
+    put("CMF22", "1");
+    put("WPL", "frmNamed.size 330 220;frmNamed 120 80");
+    start();
+    dialogs::DialogOpener opener(host_.dispatcher, kNamed);
+    opener.attach(player().dialogs(), *parent_);
+    opener.open(WindowId::loadPreset);
+    ASSERT_EQ(made().size(), 1);
+    EXPECT_EQ(made().front()->geometry(), QRect(120, 80, 330, 220));
+    made().front()->resize(300, 210);
+    advance(player::StoredSettings::kRestMs + 1);
+    EXPECT_EQ(setting("WPL"), "frmNamed.size 300 210;frmNamed 120 80");
+}
+
+TEST_F(DialogOpener, withComfortASizeIsHeldToTheScreen) {
+    put("CMF22", "1");
+    put("WPL", "frmNamed.size 9000 8000");
+    start();
+    dialogs::DialogOpener opener(host_.dispatcher, kNamed);
+    opener.attach(player().dialogs(), *parent_);
+    opener.open(WindowId::loadPreset);
+    ASSERT_EQ(made().size(), 1);
+    const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+    EXPECT_EQ(made().front()->width(), room.width());
+    EXPECT_LT(made().front()->height(), room.height()) << "there is a title, too";
+    EXPECT_GT(made().front()->height(), room.height() / 2);
+}
+
 TEST_F(DialogOpener, withoutComfortNobodyNotesWhereADialogIs) {
-    put("WPL", "frmNamed 120 80");
+    put("WPL", "frmNamed 120 80;frmNamed.size 330 220");
     start();
     dialogs::DialogOpener opener(host_.dispatcher, kNamed);
     opener.attach(player().dialogs(), *parent_);
     opener.open(WindowId::loadPreset);
     ASSERT_EQ(made().size(), 1);
     EXPECT_NE(made().front()->pos(), QPoint(120, 80));
-    made().front()->move(210, 90);
+    EXPECT_EQ(made().front()->size(), QSize(200, 100));
+    made().front()->setGeometry(210, 90, 250, 150);
     EXPECT_EQ(player().state().WindowPlaces, "");
     player().kill_me();
-    EXPECT_EQ(setting("WPL"), "frmNamed 120 80");
+    EXPECT_EQ(setting("WPL"), "frmNamed 120 80;frmNamed.size 330 220");
 }
 
 } // namespace

@@ -74,7 +74,9 @@ class KindWindows(NotifierTest):
         self.tool("xdotool", "key", "ctrl+j")
         dialog = self.box("Jump to track")
         self.tool("xdotool", "windowmove", "--sync", dialog, "123", "77")
-        self.wait_until(lambda: b"frmJump2Track" in self.read("db/settings.xml"), "the place")
+        self.tool("xdotool", "windowsize", "--sync", dialog, "530", "340")
+        self.wait_until(lambda: b"frmJump2Track.size 530 340" in self.read("db/settings.xml"),
+                        "place and size")
         before = self.place(dialog)
         self.end_shown()
         self.start_shown()
@@ -86,6 +88,21 @@ class KindWindows(NotifierTest):
         self.tool("xdotool", "key", "ctrl+w")
         mini = self.first(lambda: self.windows_of_role("mini"), "the mini window")
         self.assertEqual(self.place(mini)[:2], (333, 222))
+        self.end_shown()
+
+    def test_a_window_that_asks_for_files_comes_back_in_its_size(self):
+        self.start_shown()
+        for expected in (False, True):
+            self.tool("xdotool", "windowactivate", "--sync", self.main)
+            self.tool("xdotool", "key", "ctrl+f")
+            dialog = self.box("Add files")
+            self.assertEqual(self.place(dialog)[2:] == (700, 510), expected)
+            self.tool("xdotool", "windowsize", "--sync", dialog, "700", "510")
+            self.wait_until(lambda: b"openFiles.size 700 510" in self.read("db/settings.xml"),
+                            "the size")
+            self.tool("xdotool", "windowclose", dialog)
+            self.end_shown()
+            self.start_shown()
         self.end_shown()
 
     def test_a_title_is_small_and_in_a_corner(self):

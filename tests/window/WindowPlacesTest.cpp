@@ -61,5 +61,26 @@ TEST_F(WindowPlaces, whatAHandWroteWrongIsNoPlace) {
     }
 }
 
+TEST_F(WindowPlaces, aSizeStandsBesideThePlace) {
+    using window::keptSize;
+    using window::noteSize;
+    using window::ScreenSize;
+    notePlace(core_, "frmAbout", {.left = 3, .top = 4});
+    EXPECT_EQ(keptSize(state_, "frmAbout"), std::nullopt);
+    noteSize(core_, "frmAbout", {.width = 500, .height = 300});
+    EXPECT_EQ(keptSize(state_, "frmAbout"), (ScreenSize{.width = 500, .height = 300}));
+    EXPECT_EQ(keptPlace(state_, "frmAbout"), (ScreenPlace{.left = 3, .top = 4}));
+    EXPECT_EQ(state_.WindowPlaces, "frmAbout.size 500 300;frmAbout 3 4");
+    noteSize(core_, "frmAbout", {.width = 500, .height = 300});
+    EXPECT_EQ(changed_.size(), 2U) << "nothing new";
+    for (const char* wrong : {"frmAbout.size 0 300", "frmAbout.size 300 -1", "frmAbout.size 300"}) {
+        state_.WindowPlaces = wrong;
+        EXPECT_EQ(keptSize(state_, "frmAbout"), std::nullopt) << wrong;
+    }
+    state_.WindowPlaces = "frmAbout.size 500 300";
+    state_.comfort.keepsPlaces = false;
+    EXPECT_EQ(keptSize(state_, "frmAbout"), std::nullopt);
+}
+
 } // namespace
 } // namespace tovik::test

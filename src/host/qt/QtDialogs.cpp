@@ -89,18 +89,6 @@ void prepare(QFileDialog& window, const FileDialog& dialog, const QString& folde
     }
 }
 
-/// What the user chose; empty when the dialog was cancelled.
-std::vector<std::string> choices(QFileDialog& window, std::string& lastFolder) {
-    std::vector<std::string> paths;
-    if (window.exec() == QDialog::Accepted) {
-        for (const QString& name : window.selectedFiles()) {
-            paths.push_back(pathFrom(name));
-        }
-        lastFolder = pathFrom(window.directory().absolutePath());
-    }
-    return paths;
-}
-
 QString folderOfMusic() {
     const QString music = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
     return QFileInfo(music).isDir() ? music : QDir::homePath();
@@ -178,12 +166,31 @@ QString QtDialogs::startFolder(const std::string& wanted) const {
     return folder.isEmpty() ? folderOfMusic() : folder;
 }
 
+void QtDialogs::beforeShown(QFileDialog& window, const char* name) {
+    window.setObjectName(QString::fromUtf8(name));
+    if (prepare_) {
+        prepare_(window);
+    }
+}
+
+std::vector<std::string> QtDialogs::choices(QFileDialog& window) {
+    std::vector<std::string> paths;
+    if (window.exec() == QDialog::Accepted) {
+        for (const QString& name : window.selectedFiles()) {
+            paths.push_back(pathFrom(name));
+        }
+        lastFolder_ = pathFrom(window.directory().absolutePath());
+    }
+    return paths;
+}
+
 std::vector<std::string> QtDialogs::openFiles(const FileDialog& dialog) {
     QFileDialog window(QApplication::activeWindow());
     window.setAcceptMode(QFileDialog::AcceptOpen);
     window.setFileMode(dialog.manyFiles ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
     prepare(window, dialog, startFolder(dialog.folder));
-    return choices(window, lastFolder_);
+    beforeShown(window, "openFiles");
+    return choices(window);
 }
 
 std::optional<std::string> QtDialogs::saveFile(const FileDialog& dialog) {
@@ -191,13 +198,14 @@ std::optional<std::string> QtDialogs::saveFile(const FileDialog& dialog) {
     window.setAcceptMode(QFileDialog::AcceptSave);
     window.setFileMode(QFileDialog::AnyFile);
     prepare(window, dialog, startFolder(dialog.folder));
+    beforeShown(window, "saveFile");
     if (!dialog.addsFilterExtension) {
-        return firstOf(choices(window, lastFolder_));
+        return firstOf(choices(window));
     }
     const auto followFilter = [&] { window.setDefaultSuffix(chosenExtension(window, dialog)); };
     QObject::connect(&window, &QFileDialog::filterSelected, &window, followFilter);
     followFilter();
-    while (const auto chosen = firstOf(choices(window, lastFolder_))) {
+    while (const auto chosen = firstOf(choices(window))) {
         const QString name = nameFrom(*chosen);
         if (fitsOne(dialog, QFileInfo(name).fileName())) {
             return chosen;
@@ -216,7 +224,8 @@ std::optional<std::string> QtDialogs::chooseFolder(const FolderDialog& dialog) {
                        startFolder(dialog.folder));
     window.setFileMode(QFileDialog::Directory);
     window.setOption(QFileDialog::ShowDirsOnly);
-    return firstOf(choices(window, lastFolder_));
+    beforeShown(window, "chooseFolder");
+    return firstOf(choices(window));
 }
 
 } // namespace tovik::host

@@ -8,15 +8,26 @@
 
 namespace tovik::ui {
 
+namespace {
+
+QRect roomOf(QPoint place) {
+    const QScreen* screen = QGuiApplication::screenAt(place);
+    return (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+}
+
+} // namespace
+
 QPoint onAScreen(QPoint wanted, QSize size) {
-    const QScreen* screen = QGuiApplication::screenAt(wanted);
-    const QRect room =
-        (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    const QRect room = roomOf(wanted);
     const auto within = [](int value, int first, int last) {
         return std::clamp(value, first, std::max(first, last));
     };
     return {within(wanted.x(), room.left(), room.right() - size.width()),
             within(wanted.y(), room.top(), room.bottom() - size.height())};
+}
+
+QSize roomAt(QPoint place) {
+    return roomOf(place).size();
 }
 
 } // namespace tovik::ui

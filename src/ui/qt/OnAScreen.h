@@ -11,4 +11,7 @@ namespace tovik::ui {
 /// that with its corner, or else the first one.
 [[nodiscard]] QPoint onAScreen(QPoint wanted, QSize size);
 
+/// How much room for windows the screen with that place has, or else the first one.
+[[nodiscard]] QSize roomAt(QPoint place);
+
 } // namespace tovik::ui

@@ -136,6 +136,28 @@ TEST_F(QtDialogsTest, saveAddsTheExtensionAndRemembersTheFolder) {
     EXPECT_EQ(dialogs_.saveFile({.title = "Save"}), std::nullopt);
 }
 
+TEST_F(QtDialogsTest, whoPreparesWindowsIsGivenEachByItsName) {
+    std::vector<std::string> names;
+    dialogs_.prepareWith([&names](QWidget& window) {
+        EXPECT_FALSE(window.isVisible());
+        names.push_back(window.objectName().toStdString());
+    });
+    const auto cancel = [](QFileDialog& window) { window.reject(); };
+    {
+        const WhenShown<QFileDialog> user(cancel);
+        EXPECT_THAT(dialogs_.openFiles({.title = "Add"}), ElementsAre());
+    }
+    {
+        const WhenShown<QFileDialog> user(cancel);
+        EXPECT_EQ(dialogs_.saveFile({.title = "Save"}), std::nullopt);
+    }
+    {
+        const WhenShown<QFileDialog> user(cancel);
+        EXPECT_EQ(dialogs_.chooseFolder({.title = "Folder"}), std::nullopt);
+    }
+    EXPECT_THAT(names, ElementsAre("openFiles", "saveFile", "chooseFolder"));
+}
+
 /// Saves under this name with the filter of that number chosen.
 class QtSavingTest : public QtDialogsTest {
 protected:
