@@ -10,6 +10,7 @@ import files  # noqa: E402
 import headers  # noqa: E402
 import includes  # noqa: E402
 import names  # noqa: E402
+import places  # noqa: E402
 import settings  # noqa: E402
 
 
@@ -23,6 +24,8 @@ def main(root, widgets_folder):
         *names.check(root / "docs" / "names.md", root / "src"),
         *comfort.check(root / "docs" / "oddities.md", root / "src" / "base" / "Comfort.h",
                        root / "src" / "base" / "ComfortTable.h"),
+        *places.check_page(root / "docs" / "oddities.md", root),
+        *places.check_members(root / "src" / "base" / "Comfort.h", root / "src"),
         *files.check_sources(root),
         *files.check_documents(root),
     ]

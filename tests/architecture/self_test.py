@@ -13,6 +13,7 @@ import files  # noqa: E402
 import headers  # noqa: E402
 import includes  # noqa: E402
 import names  # noqa: E402
+import places  # noqa: E402
 import settings  # noqa: E402
 
 LINE = "// SPDX-License-Identifier: GPL-3.0-or-later\n"
@@ -289,6 +290,35 @@ class ComfortChecks(Tree):
                           "not those of ComfortTable.h")
         self.assert_fault(self.faults(page=self.PAGE.replace("| CMF02 | Starts |\n", "")),
                           "not those of ComfortTable.h")
+
+
+class PlaceChecks(Tree):
+    PAGE = "| what | where |\n|---|---|\n| a stop | `Player::stop` in `src/ui/Player.cpp` |\n"
+
+    def faults(self, page=PAGE):
+        self.write("oddities.md", page)
+        self.write("src/ui/Player.cpp", LINE + "void Player::stop() {}\n")
+        return list(places.check_page(self.root / "oddities.md", self.root))
+
+    def test_places(self):
+        self.assertEqual(self.faults(), [])
+        self.assert_fault(self.faults(self.PAGE.replace("Player.cpp", "Gone.cpp")),
+                          '"a stop" names Gone.cpp, which')
+        self.assert_fault(self.faults(self.PAGE.replace("::stop", "::sto")),
+                          '"a stop": no sto in Player.cpp')
+        self.assert_fault(self.faults(self.PAGE.replace("`src/ui/Player.cpp`", "the player")),
+                          '"a stop" names no file')
+        self.assert_fault(self.faults("## Nothing\n"), "holds no rows")
+
+    def members(self, source):
+        self.write("src/base/Comfort.h", LINE + "struct Comfort {\n    bool stops = false;\n};\n")
+        self.write("src/base/ComfortTable.h", LINE + "{&Comfort::stops, 1}\n")
+        self.write("src/ui/Player.cpp", LINE + source)
+        return list(places.check_members(self.root / "src/base/Comfort.h", self.root / "src"))
+
+    def test_members_that_somebody_looks_at(self):
+        self.assertEqual(self.members("if (comfort.stops) {\n"), [])
+        self.assert_fault(self.members("// see Comfort::stops\n"), "nobody looks at stops")
 
 
 class SettingChecks(Tree):
