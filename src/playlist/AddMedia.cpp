@@ -10,10 +10,10 @@
 #include "playlist/FileNames.h"
 #include "playlist/ListForm.h"
 #include "playlist/ListUndo.h"
-#include "playlist/PlaylistFiles.h"
 #include "playlist/stdSS.h"
 
 #include <algorithm>
+#include <exception>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -153,7 +153,7 @@ void AddMedia::add(std::span<const std::string> paths, const MediaSearch& search
     const auto end = [this, &cancelled] { std::erase(running_, cancelled); };
     try {
         if (!host::runBeside(p_.pump, [found, cancelled, wanted,
-                                      named = std::vector(paths.begin(), paths.end())] {
+                                       named = std::vector(paths.begin(), paths.end())] {
                 *found = mediaToAdd(named, wanted, *cancelled);
             })) {
             end();
@@ -171,31 +171,57 @@ void AddMedia::add(std::span<const std::string> paths, const MediaSearch& search
     }
 }
 
+/// Others may add rows whenever this one gives way: which row is the first is known while it comes.
 void AddMedia::append(const MediaToAdd& found, const std::atomic<bool>& cancelled,
                       const Began& began) {
-    bool told = !began;
+    Began tell = began;
     std::size_t sinceStep = 0;
-    for (const MediaItem& item : found.items) {
+    const auto goesOn = [&] {
         if (++sinceStep >= kRowsAtOnce) {
             sinceStep = 0;
             if (!p_.pump.Step()) {
-                return;
+                return false;
             }
         }
-        if (cancelled) {
-            return;
+        return !cancelled;
+    };
+    const auto added = [&] {
+        if (const Began first = std::exchange(tell, nullptr)) {
+            first(p_.list.ListCount());
         }
-        const Row before = p_.list.ListCount();
-        if (item.kind == MediaItem::Kind::list) {
-            p_.files.open(item.path, formOf(item.path));
-        } else {
+    };
+    for (const MediaItem& item : found.items) {
+        if (item.kind != MediaItem::Kind::list) {
+            if (!goesOn()) {
+                return;
+            }
             appendItem(p_.list, item);
+            added();
+            continue;
         }
-        if (!told && p_.list.ListCount() > before) {
-            told = true;
-            began(before + 1);
+        const ListRead read = readList(item.path);
+        for (const ListEntry& entry : read.entries) {
+            if (!goesOn()) {
+                return;
+            }
+            p_.files.append({&entry, 1});
+            added();
+        }
+        if (read.failure) {
+            std::rethrow_exception(read.failure);
         }
     }
+}
+
+AddMedia::ListRead AddMedia::readList(const std::string& path) const {
+    stdSS rows;
+    std::exception_ptr failure;
+    try {
+        p_.files.open(path, formOf(path), rows);
+    } catch (...) {
+        failure = std::current_exception(); // raised behind the rows that come before it
+    }
+    return {entriesOf(rows), failure};
 }
 
 void AddMedia::cancel() {

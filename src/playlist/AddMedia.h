@@ -8,8 +8,10 @@
 #include "host/MessagePump.h"
 #include "playlist/ListEvents.h"
 #include "playlist/MediaToAdd.h"
+#include "playlist/PlaylistFiles.h"
 
 #include <atomic>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <span>
@@ -19,7 +21,6 @@
 
 namespace tovik::playlist {
 
-class PlaylistFiles;
 class stdSS;
 
 /// The folder with "/" at its end, unless there is one already.
@@ -78,6 +79,14 @@ public:
 private:
     [[nodiscard]] bool looksAtDisk(std::span<const std::string> paths) const;
     void addRow(const std::string& path);
+
+    /// What a list file holds, up to where reading it failed.
+    struct ListRead {
+        std::vector<ListEntry> entries;
+        std::exception_ptr failure;
+    };
+
+    [[nodiscard]] ListRead readList(const std::string& path) const;
     void append(const MediaToAdd& found, const std::atomic<bool>& cancelled, const Began& began);
 
     Needs p_;

@@ -58,6 +58,18 @@ ReadEnd appendAny(ListForm form, std::string_view text, stdSS& list, host::Messa
 
 } // namespace
 
+std::vector<ListEntry> entriesOf(const stdSS& rows) {
+    std::vector<ListEntry> entries;
+    entries.reserve(static_cast<std::size_t>(rows.ListCount()));
+    for (Row row = 1; row <= rows.ListCount(); ++row) {
+        entries.push_back({.fileName = std::string(rows.text(row, RowText::FileName)),
+                           .title = std::string(rows.text(row, RowText::Title)),
+                           .timeText = std::string(rows.text(row, RowText::TimeText)),
+                           .seconds = rows.seconds(row)});
+    }
+    return entries;
+}
+
 PlaylistFiles::PlaylistFiles(stdSS& list, host::MessagePump& pump, const host::Paths& paths)
     : list_(list), pump_(pump), paths_(paths) {}
 
@@ -65,11 +77,16 @@ ListManner PlaylistFiles::mannerOf(const std::string& path) const {
     return {.comfort = *comfort_, .folder = std::string(base::folderPart(path))};
 }
 
-int PlaylistFiles::open_m3u(const std::string& Path) {
-    return readM3u(Path, mannerOf(Path), comfort_->readsOnAfterStop ? kNeverStops : StopM3u);
+const bool& PlaylistFiles::stopOfM3u() const noexcept {
+    return comfort_->readsOnAfterStop ? kNeverStops : StopM3u;
 }
 
-int PlaylistFiles::readM3u(const std::string& path, const ListManner& manner, const bool& stop) {
+int PlaylistFiles::open_m3u(const std::string& Path) {
+    return readM3u(Path, mannerOf(Path), stopOfM3u(), list_);
+}
+
+int PlaylistFiles::readM3u(const std::string& path, const ListManner& manner, const bool& stop,
+                           stdSS& into) {
     if (path.empty()) {
         return 0;
     }
@@ -78,27 +95,26 @@ int PlaylistFiles::readM3u(const std::string& path, const ListManner& manner, co
         return 0;
     }
     base::raiseFailure(read->failure);
-    return appendM3u(read->text, list_, pump_, stop, manner) == ReadEnd::ProgramEnding ? 0 : kRead;
+    return appendM3u(read->text, into, pump_, stop, manner) == ReadEnd::ProgramEnding ? 0 : kRead;
 }
 
 void PlaylistFiles::Openpls2(const std::string& Path) {
-    const auto read = readText(Path, pump_);
-    if (read && !read->failure) {
-        static_cast<void>(appendPls(read->text, list_, pump_, mannerOf(Path)));
-    }
+    open(Path, ListForm::Pls);
 }
 
-void PlaylistFiles::open(const std::string& path, ListForm form) {
+void PlaylistFiles::open(const std::string& path, ListForm form, stdSS& into) {
     switch (form) {
     case ListForm::M3u:
-        open_m3u(path);
+        readM3u(path, mannerOf(path), stopOfM3u(), into);
         break;
     case ListForm::Pls:
-        Openpls2(path);
+        if (const auto read = readText(path, pump_); read && !read->failure) {
+            static_cast<void>(appendPls(read->text, into, pump_, mannerOf(path)));
+        }
         break;
     case ListForm::Xspf:
         if (const auto entries = readList(path)) {
-            append(*entries);
+            append(*entries, into);
         }
         break;
     }
@@ -117,20 +133,12 @@ std::optional<std::vector<ListEntry>> PlaylistFiles::readList(const std::string&
     if (appendAny(form, read->text, rows, pump_, manner) == ReadEnd::ProgramEnding) {
         return std::nullopt;
     }
-    std::vector<ListEntry> entries;
-    entries.reserve(static_cast<std::size_t>(rows.ListCount()));
-    for (Row row = 1; row <= rows.ListCount(); ++row) {
-        entries.push_back({.fileName = std::string(rows.text(row, RowText::FileName)),
-                           .title = std::string(rows.text(row, RowText::Title)),
-                           .timeText = std::string(rows.text(row, RowText::TimeText)),
-                           .seconds = rows.seconds(row)});
-    }
-    return entries;
+    return entriesOf(rows);
 }
 
-void PlaylistFiles::append(std::span<const ListEntry> entries) {
+void PlaylistFiles::append(std::span<const ListEntry> entries, stdSS& into) {
     for (const ListEntry& entry : entries) {
-        list_.AddItem({}, entry.fileName, entry.title, entry.timeText, entry.seconds);
+        into.AddItem({}, entry.fileName, entry.title, entry.timeText, entry.seconds);
     }
 }
 
@@ -149,8 +157,8 @@ void PlaylistFiles::autoload_playlist() {
     // The player's own list: every name in it is one, as it stands.
     ListManner manner;
     manner.comfort.takesBadLengths = comfort_->takesBadLengths;
-    AutosaveOnExit =
-        readM3u(brokenOff ? unsaved : paths_.of(host::DataItem::AutosaveList), manner, StopM3u);
+    AutosaveOnExit = readM3u(brokenOff ? unsaved : paths_.of(host::DataItem::AutosaveList), manner,
+                             StopM3u, list_);
     autoloading_ = false;
 }
 

@@ -29,6 +29,9 @@ struct ListEntry {
     friend bool operator==(const ListEntry&, const ListEntry&) = default;
 };
 
+/// The rows of a list as entries.
+[[nodiscard]] std::vector<ListEntry> entriesOf(const stdSS& rows);
+
 /// Reads into one list and saves it between sessions. A read gives way to the rest of the program
 /// again and again, so the list may change meanwhile; the file itself is read on a thread of its
 /// own.
@@ -64,7 +67,10 @@ public:
 
     /// Opens a list file of that form by `open_m3u`, by `Openpls2`, or, for an XSPF file, as the
     /// former: the rows are appended.
-    void open(const std::string& path, ListForm form);
+    void open(const std::string& path, ListForm form) { open(path, form, list_); }
+
+    /// The same into another list. What was read before something is raised is in it.
+    void open(const std::string& path, ListForm form, stdSS& into);
 
     /// The entries of a list file of any form, without a change of the list. Which form tells the
     /// extension (M3U where it tells none), and with `Comfort::opensMoreLists` the text before
@@ -72,7 +78,7 @@ public:
     [[nodiscard]] std::optional<std::vector<ListEntry>> readList(const std::string& path);
 
     /// Appends entries, all at once.
-    void append(std::span<const ListEntry> entries);
+    void append(std::span<const ListEntry> entries) { append(entries, list_); }
 
     /// The list is emptied by the user: the automatic load ends there, and what is in the list
     /// from now on is what the end saves.
@@ -96,11 +102,16 @@ public:
 private:
     static constexpr base::Comfort kNoComfort{};
 
+    static void append(std::span<const ListEntry> entries, stdSS& into);
+
     /// How a list is read that lies there.
     [[nodiscard]] ListManner mannerOf(const std::string& path) const;
 
     /// Reads an M3U file as `open_m3u` does.
-    int readM3u(const std::string& path, const ListManner& manner, const bool& stop);
+    int readM3u(const std::string& path, const ListManner& manner, const bool& stop, stdSS& into);
+
+    /// Whether an M3U file ends at its first "#EXTINF" line.
+    [[nodiscard]] const bool& stopOfM3u() const noexcept;
 
     const base::Comfort* comfort_ = &kNoComfort;
     stdSS& list_;

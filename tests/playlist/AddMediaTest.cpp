@@ -7,6 +7,7 @@
 #include "playlist/ListUndo.h"
 #include "playlist/PlaylistFiles.h"
 #include "support/host/RecordingDialogs.h"
+#include "support/host/ScriptedPump.h"
 #include "support/host/TestHost.h"
 
 #include <gmock/gmock.h>
@@ -196,6 +197,34 @@ TEST_F(ComfortAddMediaTest, theFirstRowIsToldWhenItIsThere) {
               [&told](Row first) { told.push_back(first); });
     EXPECT_THAT(told, ElementsAre(2));
     EXPECT_EQ(list.ListCount(), 4);
+}
+
+TEST_F(ComfortAddMediaTest, theFirstRowIsItsOwnWhateverComesWhileAListIsRead) {
+    test::ScriptedPump pump;
+    pump.inStep = [&] {
+        if (pump.steps == 1) {
+            const Row added = list.ListCount();
+            list.AddItem("", "/saved", "saved", "", 0);
+            list.moveToEnd(added);
+        }
+        return true;
+    };
+    PlaylistFiles readFiles{list, pump, host.paths};
+    AddMedia adding{
+        {.list = list, .files = readFiles, .dialogs = host.dialogs, .pump = pump, .errors = errors},
+        [] { return ""; }};
+    std::string first;
+    adding.add(std::vector<std::string>{host.folder / "three.m3u"}, {},
+               [&](Row row) { first = list.text(row, RowText::Title); });
+    EXPECT_EQ(first, "One");
+    EXPECT_THAT(titlesOf(list), ElementsAre("saved", "One", "Two"));
+}
+
+TEST_F(ComfortAddMediaTest, whatStandsBeforeABadLineOfAListIsAdded) {
+    host.folder.write("bad.m3u", "#EXTM3U\n#EXTINF:5,One\n/one.mp3\n#EXTINF:no,Two\n/two.mp3\n");
+    drop({"bad.m3u"});
+    EXPECT_THAT(titlesOf(list), ElementsAre("One"));
+    EXPECT_EQ(host.dialogs.boxes.size(), 1U);
 }
 
 TEST_F(ComfortAddMediaTest, itCanBeCancelled) {
