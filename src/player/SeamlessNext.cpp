@@ -37,10 +37,16 @@ bool SeamlessNext::stillWaits() const {
 }
 
 SeamlessNext::Waiting SeamlessNext::open(const TrackRef& track) {
+    const base::Comfort& comfort = core_.state.comfort;
     Waiting waiting{.track = track,
-                    .channel = opener_.open(track.path, core_.state.comfort),
+                    .channel = sound::kNoHandle,
                     .before = core_.state.active(),
                     .ofDisc = false};
+    if (!namesCdTrack(track.path)) {
+        waiting.channel = opener_.openAhead(track.path, comfort);
+        return waiting;
+    }
+    waiting.channel = opener_.open(track.path, comfort); // there is no such file, as a rule
     if (waiting.channel == sound::kNoHandle) {
         if (const auto number = cdTrackOf(track.path)) {
             waiting.channel = opener_.openCdTrack(*number);
@@ -102,9 +108,17 @@ bool SeamlessNext::sounds(sound::Handle channel) const {
     return core_.sound.BASS_ChannelIsActive(channel) != sound::Activity::stopped;
 }
 
+/// One that still waits for its disk sounds when somebody starts it the usual way.
+bool SeamlessNext::followed() const {
+    const sound::Handle channel = waiting_->channel;
+    return sounds(channel) &&
+           (core_.sound.BASS_ChannelIsActive(channel) != sound::Activity::stalled ||
+            core_.sound.BASS_ChannelGetPosition(channel) > 0);
+}
+
 std::optional<TrackRef> SeamlessNext::takeOver() {
-    if (!stillWaits() || !sounds(waiting_->channel)) {
-        waiting_.reset();
+    if (!stillWaits() || !followed()) {
+        drop();
         return std::nullopt;
     }
     PlayerState& state = core_.state;

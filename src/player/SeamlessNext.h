@@ -22,8 +22,9 @@ public:
         : core_(core), starter_(starter), facts_(facts) {}
 
     /// Lets `track` follow the one that sounds, in the place of another that was to. It is opened
-    /// on the channel that is free, with volume, balance and bands as they are. One that does not
-    /// open, and an address of the web, is left to whoever starts it when the time has come.
+    /// on the channel that is free, with volume, balance and bands as they are, and nobody waits
+    /// for its disk. One that does not open in time, and an address of the web, is left to whoever
+    /// starts it when the time has come.
     void prepare(const TrackRef& track);
 
     /// What was prepared is given up.
@@ -47,6 +48,7 @@ private:
     void makeCurrent(std::int16_t leg) const;
     [[nodiscard]] bool stillWaits() const;
     [[nodiscard]] bool sounds(sound::Handle channel) const;
+    [[nodiscard]] bool followed() const;
     [[nodiscard]] Waiting open(const TrackRef& track);
     void setUp(sound::Handle channel, std::int16_t leg);
 

@@ -64,6 +64,10 @@ sound::Handle TrackOpener::open(std::string_view path, const base::Comfort& comf
     return sound::kNoHandle;
 }
 
+sound::Handle TrackOpener::openAhead(std::string_view path, const base::Comfort& comfort) {
+    return sound_.openAhead(path, !comfort.endsModules);
+}
+
 std::optional<std::uint32_t> TrackOpener::driveOf(const CdTrack& track) {
     if (!track.letter) {
         return kFirstDrive;

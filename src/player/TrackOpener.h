@@ -30,6 +30,9 @@ public:
     /// A deliberate oddity: a module starts again at its end, unless `comfort` lets it end.
     [[nodiscard]] sound::Handle open(std::string_view path, const base::Comfort& comfort);
 
+    /// The same without a wait: the handle is there at once, and has ended when nothing opens.
+    [[nodiscard]] sound::Handle openAhead(std::string_view path, const base::Comfort& comfort);
+
     /// The handle of a track of a disc; 0 without one. A drive that there is not has none.
     [[nodiscard]] sound::Handle openCdTrack(const CdTrack& track);
 

@@ -69,11 +69,12 @@ void PlayerRig::addRows(int count, const FakeFile& sound) {
 }
 
 std::string PlayerRig::offered() const {
-    static const std::string kOffer = "BASS_StreamCreateFile(0, ";
     std::string name;
     for (const std::string& call : sound_.calls) {
-        if (call.starts_with(kOffer)) {
-            name = call.substr(kOffer.size(), call.find(',', kOffer.size()) - kOffer.size());
+        for (const std::string_view offer : {"BASS_StreamCreateFile(0, ", "openAhead("}) {
+            if (call.starts_with(offer)) {
+                name = call.substr(offer.size(), call.find(',', offer.size()) - offer.size());
+            }
         }
     }
     return name.substr(name.rfind('/') + 1);

@@ -174,8 +174,7 @@ TEST_F(Seamless, anotherRowInItsPlaceFollowsInstead) {
     list_.SelectedIndex = 1;
     sound_.calls.clear();
     advance(1500);
-    EXPECT_THAT(sound_.calls,
-                Contains(AllOf(StartsWith("BASS_StreamCreateFile"), HasSubstr("/3,"))));
+    EXPECT_THAT(sound_.calls, Contains(AllOf(StartsWith("openAhead"), HasSubstr("/3,"))));
     advance(1100);
     EXPECT_EQ(title(), " T3");
 }
@@ -209,13 +208,30 @@ TEST_F(Seamless, oneThatDoesNotOpenIsLeftToTheAdvance) {
     rowPlayer_.PlayRow(1, 0);
     sound_.calls.clear();
     advance(9000);
-    const auto offers = std::ranges::count_if(sound_.calls, [](const std::string& call) {
-        return call.starts_with("BASS_StreamCreateFile");
-    });
+    const auto offers = std::ranges::count_if(
+        sound_.calls, [](const std::string& call) { return call.starts_with("openAhead"); });
     EXPECT_EQ(offers, 1) << "once, not with each tick";
     EXPECT_EQ(title(), " T1");
     advance(1100);
     EXPECT_EQ(title(), " Broken");
+}
+
+TEST_F(Seamless, nobodyWaitsForTheDiskOfTheNextTrack) {
+    addRows(1, {.seconds = 10});
+    addRows(1, {.seconds = 10, .stalls = true});
+    rowPlayer_.PlayRow(1, 0);
+    sound_.calls.clear();
+    advance(9900);
+    EXPECT_THAT(sound_.calls, Contains(StartsWith("openAhead(")));
+    EXPECT_THAT(sound_.calls, Not(Contains(StartsWith("BASS_StreamCreateFile("))));
+    const sound::Handle ahead = state_.SecondaryChannel;
+    ASSERT_TRUE(sound_.lives(ahead));
+    // At the end it still does not answer: it is started the usual way, and sounds once.
+    advance(1000);
+    EXPECT_THAT(sound_.calls, Contains(StartsWith("BASS_StreamCreateFile(")));
+    EXPECT_FALSE(sound_.lives(ahead));
+    EXPECT_EQ(title(), " T2");
+    EXPECT_TRUE(sounds(state_.active()));
 }
 
 TEST_F(Seamless, withoutTheSwitchNothingIsPrepared) {

@@ -45,6 +45,13 @@ public:
                                                             std::uint32_t length,
                                                             std::uint32_t flags) = 0;
 
+    /// Opens `path` as what it turns out to be: the first of the four, in the order above, that
+    /// takes it; an operation of our own. Waits for nothing: the handle stands still until there is
+    /// something to hear, counts as a stream until it is known to be a module, and has ended when
+    /// nothing opens. `repeats`: a module starts again at its end. 0 only without a library or
+    /// room.
+    [[nodiscard]] virtual Handle openAhead(std::string_view path, bool repeats) = 0;
+
     /// Above 0 when the handle is a WMA stream.
     [[nodiscard]] virtual std::uint32_t BASS_WMA_GetIWMReader(Handle stream) = 0;
 

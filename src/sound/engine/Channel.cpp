@@ -21,7 +21,11 @@ constexpr std::int64_t kEstimateMarginDivisor = 20;
 
 Channel::Channel(FormatFamily family, std::uint32_t flags, Opener opener, Remix remix,
                  Reading reading)
-    : family_(family), flags_(flags),
+    : Channel(std::make_shared<const std::atomic<FormatFamily>>(family), flags, std::move(opener),
+              remix, reading) {}
+
+Channel::Channel(Family family, std::uint32_t flags, Opener opener, Remix remix, Reading reading)
+    : family_(std::move(family)), flags_(flags),
       source_(std::make_shared<Source>(std::move(opener), remix, reading)) {
     if (!isDecoding()) {
         voice_ = std::make_unique<Voice>(askForFeed(0), remix);

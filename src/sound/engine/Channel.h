@@ -13,6 +13,7 @@
 #include "sound/net/NetStream.h"
 
 #include <array>
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -25,13 +26,22 @@ class Channel {
 public:
     static constexpr std::size_t kMaxEffects = 10;
 
+    /// What the opener finds out, on its thread.
+    using Family = std::shared_ptr<const std::atomic<FormatFamily>>;
+
     /// Nothing is opened yet; a channel that is to be heard has asked for its first feed.
+    Channel(Family family, std::uint32_t flags, Opener opener, Remix remix = Remix::never,
+            Reading reading = Reading::file);
+
+    /// The same of a family that is known.
     Channel(FormatFamily family, std::uint32_t flags, Opener opener, Remix remix = Remix::never,
             Reading reading = Reading::file);
 
-    [[nodiscard]] FormatFamily family() const noexcept { return family_; }
+    [[nodiscard]] FormatFamily family() const noexcept {
+        return family_->load(std::memory_order_acquire);
+    }
 
-    [[nodiscard]] bool isMusic() const noexcept { return family_ == FormatFamily::music; }
+    [[nodiscard]] bool isMusic() const noexcept { return family() == FormatFamily::music; }
 
     [[nodiscard]] std::uint32_t flags() const noexcept { return flags_; }
 
@@ -110,7 +120,7 @@ private:
     [[nodiscard]] std::int64_t wrapped(std::int64_t frame) const noexcept;
     [[nodiscard]] std::int64_t heardOfFeed(std::int64_t heardClock) const noexcept;
 
-    FormatFamily family_;
+    Family family_;
     std::uint32_t flags_;
     std::shared_ptr<Source> source_;
     std::vector<std::shared_ptr<Feed>> feeds_;

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sound/engine/StreamCalls.h"
 
+#include <array>
+#include <atomic>
 #include <chrono>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -30,8 +33,12 @@ Handle StreamCalls::create(FormatFamily family, const Place& place, std::uint32_
         return open(family, path, {.repeat = repeat});
     };
     auto channel = std::make_unique<Channel>(family, flags, std::move(opener), core_.remix());
+    return add(std::move(channel), Answer::awaited);
+}
+
+Handle StreamCalls::add(std::unique_ptr<Channel> channel, Answer answer) {
     Channel& added = *channel;
-    const Handle handle = core_.add(std::move(channel));
+    const Handle handle = core_.add(std::move(channel), answer);
     while (handle != kNoHandle && core_.feederMode() == FeederMode::inCaller &&
            added.source()->lengthIsEstimate()) {
         added.source()->scan(kScanSlice);
@@ -60,6 +67,34 @@ Handle StreamCalls::BASS_FLAC_StreamCreateFile(bool memory, std::string_view pat
                                                std::uint32_t offset, std::uint32_t length,
                                                std::uint32_t flags) {
     return create(FormatFamily::flac, {memory, path, offset, length}, flags);
+}
+
+Handle StreamCalls::openAhead(std::string_view path, bool repeats) {
+    static constexpr std::array kInTurn = {FormatFamily::stream, FormatFamily::music,
+                                           FormatFamily::wma, FormatFamily::flac};
+    if (!core_.initialized()) {
+        core_.fail(ErrorCode::notInitialized);
+        return kNoHandle;
+    }
+    auto family = std::make_shared<std::atomic<FormatFamily>>(FormatFamily::stream);
+    auto opener = [open = core_.openFile(), path = std::string(path), repeats,
+                   family](const std::stop_token& calledOff) {
+        OpenResult result;
+        for (const FormatFamily asked : kInTurn) {
+            result = open(asked, path, {.repeat = repeats && asked == FormatFamily::music});
+            if (result.status == OpenStatus::opened) {
+                family->store(asked, std::memory_order_release);
+            }
+            if (result.status == OpenStatus::opened || result.status == OpenStatus::noFile ||
+                calledOff.stop_requested()) {
+                break;
+            }
+        }
+        return result;
+    };
+    return add(std::make_unique<Channel>(std::move(family), BASS_SAMPLE_FX, std::move(opener),
+                                         core_.remix()),
+               Answer::later);
 }
 
 std::uint32_t StreamCalls::BASS_WMA_GetIWMReader(Handle stream) {

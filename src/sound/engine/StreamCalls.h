@@ -5,6 +5,8 @@
 #include "sound/api/StreamOperations.h"
 #include "sound/engine/EngineCore.h"
 
+#include <memory>
+
 namespace tovik::sound {
 
 class StreamCalls : public virtual StreamOperations {
@@ -19,6 +21,7 @@ public:
                                      std::uint32_t length, std::uint32_t flags) override;
     Handle BASS_FLAC_StreamCreateFile(bool memory, std::string_view path, std::uint32_t offset,
                                       std::uint32_t length, std::uint32_t flags) override;
+    Handle openAhead(std::string_view path, bool repeats) override;
     std::uint32_t BASS_WMA_GetIWMReader(Handle stream) override;
     bool BASS_StreamPlay(Handle stream, bool flush, std::uint32_t flags) override;
     bool BASS_MusicPlay(Handle music) override;
@@ -37,6 +40,7 @@ private:
     };
 
     [[nodiscard]] Handle create(FormatFamily family, const Place& place, std::uint32_t flags);
+    [[nodiscard]] Handle add(std::unique_ptr<Channel> channel, Answer answer);
     bool play(Channel* channel, bool fromStart);
     bool free(Handle handle, const Channel* channel);
     [[nodiscard]] std::int64_t lengthBytes(const Channel& channel);

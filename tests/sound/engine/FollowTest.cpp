@@ -158,6 +158,44 @@ TEST(EqualPower, HoldsAllAlong) {
     expectSame(cut(sound, frames, frames + 1000), cut(next, frames, frames + 1000));
 }
 
+TEST(Follow, OpensAheadWhateverTakesTheFile) {
+    struct Kind {
+        std::string name;
+        bool music;
+        bool wma;
+    };
+
+    const std::vector<Kind> kinds = {{"mp3_vbr.mp3", false, false},
+                                     {"song.xm", true, false},
+                                     {"wma_44100.wma", false, true},
+                                     {"flac_16_44100.flac", false, false}};
+    for (const Kind& kind : kinds) {
+        EngineRig rig;
+        const Handle first = rig.play("gapless_1.wav");
+        const Handle next = rig.engine.openAhead(test::mediaPath(kind.name), false);
+        EXPECT_EQ(rig.engine.BASS_MusicGetLength(next, true) > 0, kind.music) << kind.name;
+        EXPECT_EQ(rig.engine.BASS_WMA_GetIWMReader(next) > 0, kind.wma) << kind.name;
+        ASSERT_TRUE(rig.engine.playBehind(next, first));
+        rig.renderToEnd(first);
+        EXPECT_FALSE(test::silent(rig.render(30'000))) << kind.name;
+        EXPECT_EQ(rig.engine.BASS_ChannelIsActive(next), Activity::playing) << kind.name;
+        EXPECT_EQ(rig.engine.BASS_MusicFree(next), kind.music) << kind.name;
+        EXPECT_EQ(rig.engine.BASS_StreamFree(next), !kind.music) << kind.name;
+    }
+}
+
+TEST(Follow, EndsAtOnceWhereNothingOpensAhead) {
+    for (const std::string name : {"no.such", "list.m3u"}) {
+        EngineRig rig;
+        const Handle first = rig.play("gapless_1.wav");
+        const Handle next = rig.engine.openAhead(test::mediaPath(name), false);
+        ASSERT_TRUE(rig.engine.playBehind(next, first));
+        rig.renderToEnd(first);
+        EXPECT_TRUE(test::silent(rig.render(30'000))) << name;
+        EXPECT_EQ(rig.engine.BASS_ChannelIsActive(next), Activity::stopped) << name;
+    }
+}
+
 TEST(Follow, IsRefusedBehindWhatDoesNotPlay) {
     EngineRig rig;
     const Handle first = rig.open("gapless_1.wav");

@@ -207,6 +207,14 @@ Handle FakeSoundLibrary::BASS_FLAC_StreamCreateFile(bool memory, std::string_vie
     return create(path, FakeKind::flac, flags);
 }
 
+Handle FakeSoundLibrary::openAhead(std::string_view path, bool repeats) {
+    calls.push_back(call("openAhead", path, repeats));
+    const auto found = files.find(path);
+    // What does not open is as long as nothing.
+    return add(found != files.end() ? found->second : FakeFile{},
+               repeats ? sound::BASS_MUSIC_LOOP : 0);
+}
+
 Handle FakeSoundLibrary::BASS_CD_StreamCreate(std::uint32_t drive, std::uint32_t track,
                                               std::uint32_t flags) {
     calls.push_back(call("BASS_CD_StreamCreate", drive, track, flags));
@@ -399,7 +407,9 @@ bool FakeSoundLibrary::playBehind(Handle next, Handle before) {
 void FakeSoundLibrary::startFollower(Handle before) {
     const auto waiting = followers_.extract(before);
     if (Channel* const next = waiting ? find(waiting.mapped()) : nullptr; next != nullptr) {
-        next->activity = Activity::playing;
+        next->activity = next->file.stalls        ? Activity::stalled
+                         : next->file.seconds > 0 ? Activity::playing
+                                                  : Activity::stopped;
     }
 }
 

@@ -26,6 +26,7 @@ struct FakeFile {
     int rate = 44100;
     int channels = 2;
     std::uint32_t formatFlags = 0;
+    bool stalls = false; ///< its disk does not answer who opens it ahead
 };
 
 class FakeSoundLibrary final : public sound::SoundLibrary,
@@ -122,6 +123,7 @@ public:
                                              std::uint32_t flags) override;
     sound::Handle BASS_CD_StreamCreate(std::uint32_t drive, std::uint32_t track,
                                        std::uint32_t flags) override;
+    sound::Handle openAhead(std::string_view path, bool repeats) override;
     std::uint32_t BASS_WMA_GetIWMReader(sound::Handle stream) override;
     bool BASS_StreamPlay(sound::Handle stream, bool flush, std::uint32_t flags) override;
     bool BASS_MusicPlay(sound::Handle music) override;
