@@ -3,6 +3,7 @@
 // while the file that TOVIK_STALL_GATE names exists, no read of a file whose path holds "stalled"
 // returns. The first that waits makes the file of the same name with ".hit" behind it. Any thread.
 #include <array>
+#include <atomic>
 #include <cstdlib>
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -39,32 +40,41 @@ void waitForDisk(int descriptor) {
     }
 }
 
+/// The function of the C library. No lock is held meanwhile: who loads a library reads files while
+/// he holds the one that `dlsym` wants.
 template <typename Function>
-Function next(const char* name) {
-    return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, name));
+Function next(std::atomic<Function>& found, const char* name) {
+    Function function = found.load(std::memory_order_relaxed);
+    if (function == nullptr) {
+        function = reinterpret_cast<Function>(::dlsym(RTLD_NEXT, name));
+        found.store(function, std::memory_order_relaxed);
+    }
+    return function;
 }
 
 using Pread = ssize_t (*)(int, void*, std::size_t, off_t);
+using Read = ssize_t (*)(int, void*, std::size_t);
+
+constinit std::atomic<Pread> realPread = nullptr;
+constinit std::atomic<Pread> realPread64 = nullptr;
+constinit std::atomic<Read> realRead = nullptr;
 
 } // namespace
 
 extern "C" {
 
 ssize_t pread(int descriptor, void* into, std::size_t bytes, off_t offset) {
-    static const auto real = next<Pread>("pread");
     waitForDisk(descriptor);
-    return real(descriptor, into, bytes, offset);
+    return next(realPread, "pread")(descriptor, into, bytes, offset);
 }
 
 ssize_t pread64(int descriptor, void* into, std::size_t bytes, off_t offset) {
-    static const auto real = next<Pread>("pread64");
     waitForDisk(descriptor);
-    return real(descriptor, into, bytes, offset);
+    return next(realPread64, "pread64")(descriptor, into, bytes, offset);
 }
 
 ssize_t read(int descriptor, void* into, std::size_t bytes) {
-    static const auto real = next<ssize_t (*)(int, void*, std::size_t)>("read");
     waitForDisk(descriptor);
-    return real(descriptor, into, bytes);
+    return next(realRead, "read")(descriptor, into, bytes);
 }
 }

@@ -14,6 +14,7 @@ RATE = 44100
 WIDTH = 470  # of the window
 EQUALIZER_TAB = (156, 24)
 NEXT, STOP = (170, 284), (138, 284)
+NEAR_THE_END = (265, 178)  # of the position bar: less than four seconds of a minute are left
 QUICK_LIST = (288, 169, 161, 80)  # left, top, width, height: on the main panel alone
 ANSWERS_WITHIN = 1.0
 ENDS_WITHIN = 2.0
@@ -26,16 +27,19 @@ class StalledDisk(ProgramTest):
         self.start_window_manager()
         self.start_sound_server()
         self.gate = self.path("gate")
-        songs = [self.song("stalled.wav"), self.song("fine.wav")]
+        self.environment["TOVIK_STALL_GATE"] = self.gate
+
+    def play(self, names, *words):
+        songs = [self.song(name) for name in names]
         with open(self.path("list.m3u"), "w", encoding="utf-8") as file:
             file.write("#EXTM3U\n" + "".join(f"#EXTINF:{SECONDS},{song}\n{song}\n"
                                              for song in songs))
-        self.environment["TOVIK_STALL_GATE"] = self.gate
         self.environment["LD_PRELOAD"] = os.environ["TOVIK_SLOW_DISK"]
-        self.player = self.start_program(self.path("list.m3u"))
+        self.player = self.start_program(*words, self.path("list.m3u"))
         del self.environment["LD_PRELOAD"]
         self.shown_window = self.window_of(self.player)
         self.tool("xdotool", "windowactivate", "--sync", self.shown_window)
+        self.wait_until(self.heard, "the first track")
 
     def song(self, name):
         path = self.path(name)
@@ -87,7 +91,7 @@ class StalledDisk(ProgramTest):
         self.assertLessEqual(time.monotonic() - begun, ENDS_WITHIN)
 
     def test_window_other_tracks_and_stop_do_not_wait(self):
-        self.wait_until(self.heard, "the first track")
+        self.play(["stalled.wav", "fine.wav"])
         self.stall()
         self.assert_answers(EQUALIZER_TAB)
         self.wait_until(lambda: not self.heard(), "the end of what had been read")
@@ -98,7 +102,7 @@ class StalledDisk(ProgramTest):
         self.assert_ends()
 
     def test_stop_and_the_end_do_not_wait(self):
-        self.wait_until(self.heard, "the first track")
+        self.play(["stalled.wav", "fine.wav"])
         self.stall()
         self.click(STOP)
         self.assert_answers(EQUALIZER_TAB)
@@ -106,11 +110,18 @@ class StalledDisk(ProgramTest):
         self.assert_ends()
 
     def test_a_track_goes_on_when_the_disk_is_back(self):
-        self.wait_until(self.heard, "the first track")
+        self.play(["stalled.wav", "fine.wav"])
         self.stall()
         self.wait_until(lambda: not self.heard(), "the end of what had been read")
         os.remove(self.gate)
         self.wait_until(self.heard, "the rest of the track")
+        self.assert_ends()
+
+    def test_with_comfort_a_next_track_that_stalls_holds_up_nothing(self):
+        self.play(["fine.wav", "stalled.wav"], "--comfort=on")
+        self.click(NEAR_THE_END)
+        self.stall()  # it is opened before its time has come
+        self.assert_answers(EQUALIZER_TAB)
         self.assert_ends()
 
 
