@@ -170,6 +170,7 @@ class Remote(RemoteTest):
                          {"error": "org.freedesktop.DBus.Error.InvalidArgs"})
 
     def test_rows_that_come_go_and_change_are_told(self):
+        self.start_window_manager()  # before the window, which it may still be taking over else
         self.start(self.playlist())
         self.until("PlaybackStatus", "Playing")
         tracks = self.get("Tracks", TRACKS)
@@ -191,7 +192,7 @@ class Remote(RemoteTest):
         self.assertIn(changed[0][0], [tracks[1], added])
         self.assertEqual(changed[0][1]["mpris:trackid"], changed[0][0])
         # What is selected is removed: on the screen, since nobody may from outside.
-        self.start_window_manager()
+        self.call(PLAYER, "Stop")  # nothing else is selected meanwhile
         window = self.window_of(self.player)
         self.tool("xdotool", "windowactivate", "--sync", window)
         self.tool("xdotool", "mousemove", "--window", window, "350", "200", "click", "1")
