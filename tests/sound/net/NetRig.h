@@ -25,6 +25,9 @@ using tovik::test::ScriptedServer;
 /// Patience of tests; what is to happen happens long before.
 inline constexpr auto kPatience = 20s;
 
+/// What waits for nobody takes less than this, also on a busy machine; who waits takes longer.
+inline constexpr auto kAtOnce = 1s;
+
 /// Times that let nothing wait but what a test wants to see waiting.
 [[nodiscard]] inline NetOptions quickOptions() {
     NetOptions options;

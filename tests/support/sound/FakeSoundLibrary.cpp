@@ -114,11 +114,6 @@ bool FakeSoundLibrary::free(Handle handle, bool music) {
 
 // The device --------------------------------------------------------------------------------------
 
-std::uint32_t FakeSoundLibrary::BASS_GetVersion() {
-    calls.push_back(call("BASS_GetVersion"));
-    return version;
-}
-
 bool FakeSoundLibrary::BASS_Init(int device, std::uint32_t freq, std::uint32_t flags,
                                  std::uintptr_t window, std::uintptr_t clsid) {
     calls.push_back(call("BASS_Init", device, freq, flags, window, clsid));
@@ -135,12 +130,6 @@ bool FakeSoundLibrary::BASS_Free() {
     stations.clear();
     effects.clear();
     return std::exchange(initialized, false);
-}
-
-bool FakeSoundLibrary::BASS_Start() {
-    calls.push_back(call("BASS_Start"));
-    paused = false;
-    return initialized;
 }
 
 bool FakeSoundLibrary::BASS_Pause() {

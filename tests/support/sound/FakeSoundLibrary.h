@@ -97,11 +97,21 @@ public:
 
     // The library --------------------------------------------------------------------------------
 
-    std::uint32_t BASS_GetVersion() override;
+    std::uint32_t BASS_GetVersion() override {
+        calls.emplace_back("BASS_GetVersion()");
+        return version;
+    }
+
     bool BASS_Init(int device, std::uint32_t freq, std::uint32_t flags, std::uintptr_t window,
                    std::uintptr_t clsid) override;
     bool BASS_Free() override;
-    bool BASS_Start() override;
+
+    bool BASS_Start() override {
+        calls.emplace_back("BASS_Start()");
+        paused = false;
+        return initialized;
+    }
+
     bool BASS_Pause() override;
     bool BASS_Stop() override;
     bool BASS_SetVolume(int percent) override;
