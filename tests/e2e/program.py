@@ -68,6 +68,13 @@ class ProgramTest(unittest.TestCase):
         with open(path, "wb") as file:
             file.write(text)
 
+    def keep_nothing(self):
+        """With comfort the list of the last session comes with a file: here it is an empty one."""
+        self.run_program("--render", self.path("out.wav"), "--seconds", "0.1",
+                         media("silence.wav"), check=True)
+        with open(self.data("db/autosave.m3u"), "w", encoding="utf-8") as file:
+            file.write("#EXTM3U\n")
+
     def words_of(self, words):
         """The words of a start: a test that says nothing of comfort is one of the player without."""
         spoken = self.COMFORT is None or any(word.startswith("--comfort") for word in words)

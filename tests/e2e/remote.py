@@ -35,13 +35,6 @@ class RemoteTest(ProgramTest):
         self.wait_until(lambda: "error" not in self.call(PROPERTIES, "Get", "(ss)", ROOT,
                                                          "Identity"), "nobody on the bus")
 
-    def keep_nothing(self):
-        """With comfort the list of the last session comes with a file: here it is an empty one."""
-        self.run_program("--render", self.path("out.wav"), "--seconds", "0.1",
-                         media("silence.wav"), check=True)
-        with open(self.data("db/autosave.m3u"), "w", encoding="utf-8") as file:
-            file.write("#EXTM3U\n")
-
     def ask(self, *request):
         self.client.stdin.write(json.dumps(request) + "\n")
         self.client.stdin.flush()

@@ -5,8 +5,9 @@ import socket
 import struct
 import unittest
 
-from program import ProgramTest, media, odd
+from program import COMFORT, ProgramTest, media
 
+PLAYS = "\\0Music\\01\\0{0}\\0varied.wav\\0\\0\\0\\0\0"
 CLEARED = "\\0Music\\00\\0{0} - {1}\\0\\0\\0\\0\\0\0"
 
 
@@ -32,7 +33,6 @@ class Messengers(ProgramTest):
         self.assertEqual(length, len(data) - 8)
         return data[8:].decode("utf-16-le")
 
-    @odd
     def test_two_messengers_hear_of_a_track_and_of_the_end(self):
         one, two = self.listen("one"), self.listen("two")
         self.start_screen()
@@ -40,12 +40,14 @@ class Messengers(ProgramTest):
         self.setting(b"MSN", b"1")
         program = self.start_program("--device", "silent", media("varied.wav"))
         for listener in (one, two):
-            self.assertEqual(self.record(listener),
-                             "\\0Music\\01\\0{0}\\0varied.wav\\0\\0\\0\\0\0")
+            self.assertEqual(self.record(listener), PLAYS)
         program.terminate()
         self.assertEqual(program.wait(10), 0)
         for listener in (one, two):
-            self.assertEqual(self.record(listener), CLEARED)
+            told = self.record(listener)
+            while COMFORT == "on" and told == PLAYS:  # once more, with what its file says
+                told = self.record(listener)
+            self.assertEqual(told, CLEARED)
 
 
 if __name__ == "__main__":
