@@ -8,14 +8,15 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <utility>
 
 namespace tovik::app {
 
 /// The widget itself. What it calls may let it go, so nothing is done behind a call.
 class FullScreenWindow::Sheet final : public QWidget {
 public:
-    Sheet(const host::Dispatcher& dispatcher, const Input& input, int shrink)
-        : dispatcher_(dispatcher), input_(input), shrink_(shrink) {
+    Sheet(const host::Dispatcher& dispatcher, Input input, int shrink)
+        : dispatcher_(dispatcher), input_(std::move(input)), shrink_(shrink) {
         setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
         setAttribute(Qt::WA_OpaquePaintEvent);
         setCursor(Qt::BlankCursor);

@@ -55,7 +55,7 @@ void Lists::selectFirstRow() {
     }
 }
 
-void Lists::saveListSoFar() {
+void Lists::saveListSoFar() const {
     if (files.savesAtExit(state_.DirAddIdle)) {
         files.autosave_playlist();
     }

@@ -42,7 +42,7 @@ public:
     void saveList();
 
     /// The same while the program goes on.
-    void saveListSoFar();
+    void saveListSoFar() const;
 
     playlist::stdSS stdSS;
     playlist::stdSS lstTracks;

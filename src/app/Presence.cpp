@@ -167,11 +167,11 @@ void Presence::hide() {
 /// The second click of a double one is none of its own where a click may hide.
 void Presence::clickIcon(bool twice) {
     const std::string token = p_.shell->area.takeToken();
-    if (!p_.core.state.comfort.hidesByTray) {
-        bringToFront(token);
-    } else if (twice) {
+    const bool mayHide = p_.core.state.comfort.hidesByTray;
+    if (mayHide && twice) {
         return;
-    } else if (!hidden_ && trayHasIcon() && windowInUse().visible()) {
+    }
+    if (mayHide && !hidden_ && trayHasIcon() && windowInUse().visible()) {
         hide();
     } else {
         bringToFront(token);

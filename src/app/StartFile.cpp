@@ -84,7 +84,7 @@ void StartFile::playHandedOver(const std::string& path) {
         core_.lists.stdSS.Clear();
     }
     if (problem) {
-        throw *problem;
+        throw base::RuntimeError(*problem);
     }
     play(path, From::otherInstance);
 }

@@ -197,8 +197,8 @@ void frmPlayer::take(std::span<const Step> steps, const config::Procedure& proce
 }
 
 void frmPlayer::Form_Initialize() {
-    constexpr const config::Procedure& kWords = config::player("Initialize");
-    config::guard(ground_.errors, kWords, [this] { take(kInitializeSteps, kWords); });
+    const config::Procedure& words = config::player("Initialize");
+    config::guard(ground_.errors, words, [this, &words] { take(kInitializeSteps, words); });
 }
 
 void frmPlayer::Form_Load() {

@@ -10,7 +10,7 @@ std::optional<std::string_view> LineReader::next() noexcept {
         return std::nullopt;
     }
     // Not find_first_of, which searches its two characters anew for each letter.
-    const auto end = std::ranges::find_if(
+    const auto* const end = std::ranges::find_if(
         rest_, [](char character) { return character == '\r' || character == '\n'; });
     const auto length = static_cast<std::size_t>(end - rest_.begin());
     const std::string_view line = rest_.substr(0, length);

@@ -372,7 +372,7 @@ void frmCdNFO::keepTyped() {
 }
 
 /// A deliberate oddity: the disc in the first drive, whichever drive is chosen.
-std::string frmCdNFO::firstToc() {
+std::string frmCdNFO::firstToc() const {
     const std::string drives = needs_.FREEDB.CdDrives();
     std::string_view letters = drives;
     const bool chosen = needs_.core.state.comfort.namesChosenDisc && hooks.drive;

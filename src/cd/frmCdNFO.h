@@ -124,7 +124,7 @@ private:
     void takeFetched(const DiscForm& fetched);
     void store(const std::string& discId, const DiscForm& fetched);
     void keepTyped();
-    [[nodiscard]] std::string firstToc();
+    [[nodiscard]] std::string firstToc() const;
     void show();
     void showSearch();
 

@@ -44,11 +44,12 @@ struct PlayerState {
     std::int16_t ShowInTaskbar = 0;
     std::int16_t BalanceValue = 0; ///< -100 to 100 in steps of 25
     std::int16_t MultipleInstances = 0;
-    bool ShowSplash = false;
-    std::string LanguageFile;
     std::int16_t AlwaysOnTop = 0;
     std::int16_t AssociateAtStart = 0;
     std::int16_t CheckUpdates = 0;
+    bool ShowSplash = false;
+    bool DirAddIdle = false;
+    std::string LanguageFile;
     std::string CurrentTitle; ///< the title shown for the playing row
 
     /// How many tracks were started since the count was last cleared; tells a plain start from a
@@ -56,7 +57,6 @@ struct PlayerState {
     std::int32_t TracksStarted = 0;
 
     ChannelSlot ActiveChannel = ChannelSlot::none;
-    bool DirAddIdle = false;
     std::int16_t TimeDisplayMode = 0; ///< 0 elapsed, 1 remaining
     std::vector<std::string> CommandArgs;
     bool NoCommandLine = true;
@@ -64,8 +64,8 @@ struct PlayerState {
     bool LoadFinished = false;
     bool BuiltinVisOn = false;
     bool VisOn = false;
-    std::int16_t SilenceTicks = 0;
     bool ClearCounterOnPlay = false; ///< the next play from the list starts plainly
+    std::int16_t SilenceTicks = 0;
 
     std::string TrackInfoMode; ///< "Mono" or "Stereo"
     std::string TrackInfoText; ///< such as "128 kbps  44 KHZ"

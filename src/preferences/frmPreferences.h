@@ -17,6 +17,7 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tovik::preferences {
@@ -44,7 +45,7 @@ public:
         std::string shippedFolder{}; ///< of files that the data folder lacks
     };
 
-    explicit frmPreferences(const Needs& needs) : p_(needs) {}
+    explicit frmPreferences(Needs needs) : p_(std::move(needs)) {}
 
     frmPreferences(const frmPreferences&) = delete;
     frmPreferences& operator=(const frmPreferences&) = delete;

@@ -65,7 +65,7 @@ struct SoundUnit {
 class SoundUnits {
 public:
     /// As much as is looked through for what it is.
-    static constexpr std::size_t kMostUnknown = 256 * 1024;
+    static constexpr std::size_t kMostUnknown = std::size_t{256} * 1024;
 
     using Take = std::function<void(const SoundUnit&)>;
 

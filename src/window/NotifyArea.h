@@ -62,6 +62,7 @@ public:
     [[nodiscard]] virtual bool asking() const { return false; }
 
     /// Whom to tell; nobody any more with empty ones.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): who keeps it moves it
     virtual void setEvents(NotifyEvents /*events*/) {}
 
     /// What the next activation by the desktop brought along for who shows a window; once.
@@ -95,6 +96,7 @@ public:
     virtual void hide() {}
 
     /// Who is told the key codes that come to the bar all the same.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): who keeps it moves it
     virtual void setKey(std::function<void(int keyCode)> /*key*/) {}
 };
 

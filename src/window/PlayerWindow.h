@@ -51,6 +51,7 @@ public:
 
     /// A picture over the screen on which the window in use is, of the two; null where there is
     /// none.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): who keeps it moves it
     [[nodiscard]] virtual std::unique_ptr<FullScreen> makeFullScreen(FullScreen::Input /*input*/) {
         return nullptr;
     }

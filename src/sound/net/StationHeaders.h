@@ -29,7 +29,7 @@ struct StationHeaders {
 class HeaderReader {
 public:
     /// What one head may hold; a server that sends more is refused.
-    static constexpr std::size_t kMostBytes = 64 * 1024;
+    static constexpr std::size_t kMostBytes = std::size_t{64} * 1024;
     static constexpr std::size_t kMostLines = 256;
 
     /// Takes a line without its end. A status line begins a new head: redirects and interim answers

@@ -39,7 +39,7 @@ public:
 
     /// Compressed bytes of a stream that lie ready at most; with samples and the library's own
     /// buffers a stream stays below 2 MB.
-    static constexpr std::size_t kMostBytes = 512 * 1024;
+    static constexpr std::size_t kMostBytes = std::size_t{512} * 1024;
 
     StreamState(const NetTimes& times, const BufferRule& rule, std::size_t mostBytes)
         : times_(times), rule_(rule), queue_(mostBytes) {}
