@@ -102,7 +102,11 @@ void StartFile::add(const base::CommandWords& words) {
             }
         }
         playback_.advance.selectItem(first - 1); // the quick list shows it, too
-        playback_.rows.PlayRow(first, player::fadeSeconds(core_.settings));
+        if (first < list.ListCount()) {
+            playback_.advance.playFrom(first);
+        } else {
+            playback_.rows.PlayRow(first, player::fadeSeconds(core_.settings));
+        }
     };
     if (media_ != nullptr) {
         media_->add(files, {}, words.adds ? playlist::AddMedia::Began() : start);

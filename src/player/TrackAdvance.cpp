@@ -156,6 +156,10 @@ void TrackAdvance::play(playlist::Row row, std::int32_t seconds, Direction direc
     }
 }
 
+void TrackAdvance::playFrom(playlist::Row row) {
+    play(row, fadeSeconds(core_.settings), Direction::forth, AskedBy::player);
+}
+
 /// One row a tick: a list of files that are all gone may be long, and Stop must reach the player.
 void TrackAdvance::skipRow() {
     skip_->setEnabled(false);

@@ -41,6 +41,10 @@ public:
     /// has its turn, a tick later.
     void last_track();
 
+    /// Plays a row at which several were opened: one that cannot be played is gone over as by
+    /// `Next_track`.
+    void playFrom(playlist::Row row);
+
     /// Ten rows on or back, or one where fewer are left.
     void ten_tracks_fwd();
     void ten_track_bck();

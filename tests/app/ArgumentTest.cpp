@@ -236,6 +236,26 @@ TEST_F(ComfortArgument, allFilesOfTheLineCount) {
     EXPECT_EQ(player().stdSS().SoundingRow(), 3);
 }
 
+TEST_F(ComfortArgument, theFirstThatPlaysDoes) {
+    const std::string bad = host_.folder / "bad.mp3";
+    host_.folder.write("bad.mp3", "");
+    startWith("\"" + bad + "\" \"" + track("a.mp3") + "\" \"" + track("b.mp3") + "\"");
+    advance(400);
+    EXPECT_THAT(titles(), ElementsAre("Old", "Older", "bad.mp3", "a.mp3", "b.mp3"));
+    EXPECT_TRUE(player().stdSS().isUnplayable(3));
+    EXPECT_EQ(player().stdSS().SoundingRow(), 4);
+    EXPECT_TRUE(player().state().IsPlaying);
+}
+
+TEST_F(ComfortArgument, oneThatDoesNotPlayIsNotGoneOverAlone) {
+    const std::string bad = host_.folder / "bad.mp3";
+    host_.folder.write("bad.mp3", "");
+    startWithFile(bad);
+    advance(400);
+    EXPECT_TRUE(player().stdSS().isUnplayable(3));
+    EXPECT_FALSE(player().state().IsPlaying);
+}
+
 TEST_F(ComfortArgument, theSwitchOnlyAdds) {
     startWith("/ADD \"" + track("song.mp3") + "\"");
     advance(200);
