@@ -103,7 +103,7 @@ std::string keep(const tags::TagPicture& picture, const std::string& folder,
     const std::string name = hexadecimal(digestOf(picture.bytes)) +
                              hexadecimal(picture.bytes.size()) +
                              (picture.form == tags::PictureForm::jpeg ? ".jpg" : ".png");
-    const std::string path = base::joinPath(folder, name);
+    std::string path = base::joinPath(folder, name);
     std::error_code failure;
     if (holds(path, picture.bytes)) {
         fs::last_write_time(path, fs::file_time_type::clock::now(), failure);

@@ -90,7 +90,7 @@ std::string desktopEntry(const KeyStore& store) {
                        "StartupNotify=true\n"
                        "Categories=AudioVideo;Audio;Player;\n";
     text.append("Comment=").append(store.value(id)).append("\n");
-    text.append("Exec=").append(execOf(store.value(id + "\\shell\\open\\command"))).append("\n");
+    text.append("Exec=").append(execOf(store.value(id + R"(\shell\open\command)"))).append("\n");
     text.append("MimeType=");
     for (const std::string& type : claimedTypes(store)) {
         text.append(type).append(";");

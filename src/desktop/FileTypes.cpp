@@ -26,7 +26,7 @@ void RegisterExtension(KeyStore& store, std::string_view extension, std::string_
     if (!iconSpec.empty()) {
         writeDefault(store, id + "\\DefaultIcon", iconSpec);
     }
-    writeDefault(store, id + "\\shell\\open\\command", quoted(programPath) + " %1");
+    writeDefault(store, id + R"(\shell\open\command)", quoted(programPath) + " %1");
 }
 
 std::string verbKey(std::string_view extension, std::string_view verbCaption) {

@@ -25,7 +25,7 @@ void DialogOpener::attach(const DialogLogic& logic, QWidget& parent) {
 
 void DialogOpener::open(window::WindowId window) {
     const auto row = std::ranges::find(table_, window, &DialogRow::window);
-    if (row == table_.end() || !parent_) {
+    if (row == table_.end() || parent_.isNull()) {
         return;
     }
     QPointer<Dialog>& made = made_[window];

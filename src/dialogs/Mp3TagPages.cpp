@@ -109,7 +109,7 @@ QWidget* Mp3TagDialog::factsPage() {
                                                    Qt::TextSelectableByKeyboard);
         fields->addRow(label3_.at(index), label4_.at(index));
     }
-    return page;
+    return page; // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the page owns its layout
 }
 
 QWidget* Mp3TagDialog::buttons() {

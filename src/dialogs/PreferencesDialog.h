@@ -33,10 +33,10 @@ protected:
 private:
     QWidget& makePage(preferences::Page page);
     QWidget& makeFrame(std::string_view name);
-    QBoxLayout& makeScrolled(QBoxLayout& outside);
+    static QBoxLayout& makeScrolled(QBoxLayout& outside);
     void addControl(QBoxLayout& layout, preferences::Control control);
     void addTypes(QBoxLayout& layout);
-    void addPrograms(QBoxLayout& layout);
+    static void addPrograms(QBoxLayout& layout);
     QPushButton& addButton(QBoxLayout& layout, const char* name, const char* caption);
     void showWords();
     void swichTab(int tab);

@@ -55,7 +55,7 @@ Environment Environment::current() {
             .configHome = variable("XDG_CONFIG_HOME"),
             .cacheHome = variable("XDG_CACHE_HOME"),
             .runtimeFolder = runtime.empty()
-                                 ? std::filesystem::temp_directory_path(failure).native()
+                                 ? std::filesystem::temp_directory_path(failure).string()
                                  : std::move(runtime),
             .locale = firstSet({"LC_ALL", "LC_MESSAGES", "LANG"}),
             .activationToken = variable("XDG_ACTIVATION_TOKEN"),

@@ -54,7 +54,7 @@ std::string keyName(int code) {
     if (code >= kF1 && code < kF1 + kFunctionKeys) {
         return "F" + std::to_string(code - kF1 + 1);
     }
-    const auto found =
+    const auto* const found =
         std::ranges::find_if(kKeys, [&](const Named& row) { return row.number == code; });
     return found == kKeys.end() ? "" : std::string(found->name);
 }

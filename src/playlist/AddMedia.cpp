@@ -135,7 +135,7 @@ void AddMedia::addRow(const std::string& path) {
 }
 
 /// What is music by its name becomes a row without anybody looking for it.
-bool AddMedia::looksAtDisk(std::span<const std::string> paths) const {
+bool AddMedia::looksAtDisk(std::span<const std::string> paths) {
     return !std::ranges::all_of(paths, [](const std::string& path) {
         return base::isWebUrl(path) || isMusic(GetLastBackSlash(path));
     });

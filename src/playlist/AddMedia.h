@@ -77,7 +77,7 @@ public:
     void cancel();
 
 private:
-    [[nodiscard]] bool looksAtDisk(std::span<const std::string> paths) const;
+    [[nodiscard]] static bool looksAtDisk(std::span<const std::string> paths);
     void addRow(const std::string& path);
 
     /// What a list file holds, up to where reading it failed.

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <limits>
+#include <ranges>
 #include <set>
 #include <system_error>
 #include <utility>
@@ -89,9 +90,9 @@ private:
                 takeFile(folder, entry);
             }
         }
-        for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
-            if (entry->folder && limits_.below) {
-                folders.push_back(base::joinPath(folder, entry->name));
+        for (const Entry& entry : entries | std::views::reverse) {
+            if (entry.folder && limits_.below) {
+                folders.push_back(base::joinPath(folder, entry.name));
             }
         }
     }

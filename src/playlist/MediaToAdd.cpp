@@ -79,7 +79,7 @@ public:
         std::error_code failure;
         if (base::isWebUrl(path)) {
             found_.items.push_back({.kind = Kind::address, .path = path});
-        } else if (extensionOf(path) == kCdTrack) {
+        } else if (extensionOf(path) == kCdTrack) { // NOLINT(bugprone-branch-clone): on no disk
             take({.kind = Kind::file, .path = path});
         } else if (search_.opensFolders && std::filesystem::is_directory(path, failure)) {
             takeFolder(path);

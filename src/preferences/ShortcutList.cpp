@@ -54,9 +54,9 @@ void ShortcutList::load() {
         row.fixedKey = menus::acceleratorText({.keyCode = fixed.keyCode, .shift = fixed.shift});
         if (menus_.menus != nullptr) {
             row.entry = menus_.entryOf(fixed.command);
-        }
-        if (row.entry != 0) {
-            row.accelerator = menus_.menus->ItemKeyAccel(row.entry);
+            if (row.entry != 0) {
+                row.accelerator = menus_.menus->ItemKeyAccel(row.entry);
+            }
         }
     }
     for (const std::string_view key : kListKeys) {

@@ -29,7 +29,7 @@ void CoverSearch::begin(const std::string& track) {
             picture.clear(); // too large for the memory that there is
         }
         QMetaObject::invokeMethod(qApp, [guard, this, track, picture] {
-            if (guard) {
+            if (!guard.isNull()) {
                 finish(track, picture);
             }
         });

@@ -32,7 +32,7 @@ void connectToSessionBus(QObject& context, std::function<void(QDBusConnection)> 
         const QDBusConnection bus =
             QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("tovik"));
         QMetaObject::invokeMethod(qApp, [guard, connected, failed, bus] {
-            if (!guard) {
+            if (guard.isNull()) {
                 return;
             }
             if (bus.isConnected()) {

@@ -205,7 +205,7 @@ std::optional<std::string> QtDialogs::saveFile(const FileDialog& dialog) {
     const auto followFilter = [&] { window.setDefaultSuffix(chosenExtension(window, dialog)); };
     QObject::connect(&window, &QFileDialog::filterSelected, &window, followFilter);
     followFilter();
-    while (const auto chosen = firstOf(choices(window))) {
+    while (auto chosen = firstOf(choices(window))) {
         const QString name = nameFrom(*chosen);
         if (fitsOne(dialog, QFileInfo(name).fileName())) {
             return chosen;
