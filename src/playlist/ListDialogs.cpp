@@ -45,6 +45,7 @@ constexpr std::string_view kLoadFilterOfAll =
     "Playlist Files (*.m3u;*.m3u8;*.pls;*.xspf)|*.m3u;*.m3u8;*.pls;*.xspf|";
 
 // Among the notices.
+constexpr int kCancelNotice = 3;
 constexpr int kAskNotice = 13;
 constexpr int kReplaceNotice = 14;
 constexpr int kAppendNotice = 15;
@@ -183,6 +184,7 @@ bool ListDialogs::mayCome(const std::string& path) {
                                     .icon = host::MessageIcon::Question,
                                     .buttons = host::MessageButtons::YesNoCancel,
                                     .defaultAnswer = host::MessageAnswer::No,
+                                    .cancelCaption = words_.notice(kCancelNotice),
                                     .yesCaption = words_.notice(kReplaceNotice),
                                     .noCaption = words_.notice(kAppendNotice)});
     if (answer == host::MessageAnswer::Yes) {

@@ -2,7 +2,8 @@
 """What a screen reader gets of the player, as JSON: the children of its window, and what each says.
 
 Needs the system's Python, which has the bindings. Words after the first are requests to an element
-by its name: "press|NAME" or "value|NAME|NUMBER", done before the tree is read."""
+by its name: "press|NAME" or "value|NAME|NUMBER", done before the tree is read. "within|NAME" as the
+first of them takes the window of that name, and all that is in it, in one row."""
 import json
 import sys
 import time
@@ -30,6 +31,25 @@ def find_window():
                         return window
         time.sleep(0.1)
     raise SystemExit("no window")
+
+
+def find_dialog(name):
+    end = time.monotonic() + LIMIT
+    while time.monotonic() < end:
+        for program in children(Atspi.get_desktop(0)):
+            if program and "tovik" in (program.get_name() or "").lower():
+                for window in below(program):
+                    if window.get_role_name() in ("dialog", "alert") and window.get_name() == name:
+                        return window
+        time.sleep(0.1)
+    raise SystemExit(f"no window {name!r}")
+
+
+def below(node):
+    for child in children(node):
+        if child:
+            yield child
+            yield from below(child)
 
 
 def states(node):
@@ -69,8 +89,14 @@ def do(window, request):
         Atspi.Value.set_current_value(value, float(rest[0]))
 
 
-shown = find_window()
-for word in sys.argv[1:]:
+words = sys.argv[1:]
+if words and words[0].startswith("within|"):
+    shown = find_dialog(words.pop(0).partition("|")[2])
+    elements = list(below(shown))
+else:
+    shown = find_window()
+    elements = children(shown)
+for word in words:
     do(shown, word)
 json.dump({"name": shown.get_name(), "role": shown.get_role_name(),
-           "children": [said(one) for one in children(shown)]}, sys.stdout)
+           "children": [said(one) for one in elements]}, sys.stdout)

@@ -2,53 +2,14 @@
 """The player as a screen reader gets it: roles, names, values and tables over AT-SPI."""
 import json
 import os
-import signal
-import subprocess
 import time
 import unittest
 
-from program import ARTEFACTS, LIMIT, ProgramTest, media
-
-READER = os.path.join(os.path.dirname(os.path.abspath(__file__)), "read_tree.py")
-PYTHON = "/usr/bin/python3"  # the one that the bindings belong to
+from program import ARTEFACTS
+from reader import ReadTest
 
 
-class Accessibility(ProgramTest):
-    def setUp(self):
-        super().setUp()
-        self.start_screen()
-        self.start_bus()
-        self.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
-        self.start_window_manager()
-
-    def start(self, *words):
-        self.player = self.start_program("--device", "silent", *words)
-        self.shown_window = self.window_of(self.player)
-        self.tool("xdotool", "windowactivate", "--sync", self.shown_window)
-
-    def end(self):
-        self.player.send_signal(signal.SIGTERM)
-        self.assertEqual(self.player.wait(LIMIT), 0)
-
-    def tree(self, *requests):
-        said = self.tool(PYTHON, READER, *requests)
-        self.assertEqual(said.returncode, 0, said.stderr)
-        return json.loads(said.stdout)
-
-    def seen(self, *requests):
-        """What is shown, by its name."""
-        return {one["name"]: one for one in self.tree(*requests)["children"]
-                if "showing" in one["states"]}
-
-    def playlist(self):
-        path = self.path("list.m3u")
-        song = media("wav_s16_44100_stereo.wav")
-        with open(path, "w", encoding="utf-8") as file:
-            file.write("#EXTM3U\n")
-            for title in ("First", "Second", "Third"):
-                file.write(f"#EXTINF:65,{title}\n{song}\n")
-        return path
-
+class Accessibility(ReadTest):
     def test_everything_has_a_role_and_a_name_on_every_panel(self):
         self.start(self.playlist())
         self.keep_tree(self.tree())
@@ -142,9 +103,6 @@ class Accessibility(ProgramTest):
         self.tool("xdotool", "key", "--clearmodifiers", "Tab", "Tab", "Tab")
         self.wait_until(lambda: self.focused() == ["Playlist"], "the third tab")
         self.end()
-
-    def focused(self):
-        return [one["name"] for one in self.tree()["children"] if "focused" in one["states"]]
 
     def test_names_follow_the_language(self):
         self.start(self.playlist())

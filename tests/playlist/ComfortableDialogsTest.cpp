@@ -123,6 +123,7 @@ TEST_F(ComfortableDialogsTest, theUserSaysWhetherItReplacesTheRows) {
     EXPECT_EQ(box.buttons, host::MessageButtons::YesNoCancel);
     EXPECT_EQ(box.yesCaption, "14 [x]");
     EXPECT_EQ(box.noCaption, "15 [x]");
+    EXPECT_EQ(box.cancelCaption, "3 [x]");
     EXPECT_EQ(box.defaultAnswer, MessageAnswer::No) << "nothing is lost by Enter";
     comfort.asksBeforeLoading = false;
     load(path);
