@@ -137,7 +137,10 @@ function(tovik_tests name)
     add_test(NAME ${name} COMMAND ${name})
     set(environment "TOVIK_MEDIA=${TOVIK_MEDIA_DIR};QT_QPA_PLATFORM=offscreen"
         "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp")
+    # Of the four that ./check runs beside each other it takes the place of two: it computes, where a
+    # test in the window mostly waits.
     set_tests_properties(${name} PROPERTIES
         ENVIRONMENT "${environment}"
-        FIXTURES_REQUIRED tovik_media)
+        FIXTURES_REQUIRED tovik_media
+        PROCESSORS 2)
 endfunction()
