@@ -61,6 +61,7 @@ Ground::Ground(const host::Host& host, Process& process, const StartOptions& opt
     settings.reportReplaced(
         [this](const base::RuntimeError& bad) { errors.log(bad, config::player("Load")); });
     settings.reportKeptAside([this](const std::string& path) { troubles.noteAside(path); });
+    settings.reportUnread([this](const base::RuntimeError& why) { troubles.noteUnread(why); });
     language.attach(config::TextWindow::frmTSR, menuTexts);
 }
 

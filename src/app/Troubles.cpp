@@ -13,6 +13,7 @@ namespace {
 // Among the notices.
 constexpr int kAsideWords = 17;
 constexpr int kForeignWords = 18;
+constexpr int kUnreadWords = 21;
 
 void appendLine(std::string& lines, const std::string& line) {
     lines += (lines.empty() ? "" : "\n") + line;
@@ -36,6 +37,14 @@ void Troubles::noteAside(const std::string& path) {
     }
 }
 
+void Troubles::noteUnread(const base::RuntimeError& why) {
+    errors_.log(why, config::player("Load"));
+    unread_ = why.description();
+    if (started_) {
+        tell();
+    }
+}
+
 void Troubles::noteForeign(const std::string& path) {
     errors_.log(base::withPlace(base::RuntimeError(base::ErrorNumber::DamagedData), path),
                 config::player("Load"));
@@ -51,6 +60,7 @@ void Troubles::tell() {
         }
     };
     appendWords(kAsideWords, std::exchange(aside_, {}));
+    appendWords(kUnreadWords, std::exchange(unread_, {}));
     appendWords(kForeignWords, std::exchange(foreign_, {}));
     if (!lines.empty()) {
         errors_.tell(base::RuntimeError(base::ErrorNumber::InternalError, lines));

@@ -23,6 +23,9 @@ public:
     /// The settings were damaged, and are kept there.
     void noteAside(const std::string& path);
 
+    /// The settings cannot be read; the description ends with their path.
+    void noteUnread(const base::RuntimeError& why);
+
     /// A package is no skin's, or not a whole one.
     void noteForeign(const std::string& path);
 
@@ -35,6 +38,7 @@ private:
     const config::MultiLNG& language_;
     std::string failures_; ///< a line each
     std::string aside_;    ///< the path of damaged settings
+    std::string unread_;   ///< why settings cannot be read
     std::string foreign_;  ///< the path of a package
     bool started_ = false;
 };

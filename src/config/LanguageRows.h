@@ -38,6 +38,8 @@ inline constexpr auto kEnglishNotices = std::to_array<std::string_view>({
     "No skin package, or a damaged one: [x]",
     "the station does not answer",
     "no sound at this address",
+    "The settings cannot be read. Until they can be, they are left as they are, and changes are "
+    "not kept: [x]",
 });
 
 /// The English of "TovikNames".

@@ -2,6 +2,7 @@
 #include "config/Settings.h"
 
 #include "base/ErrorPlace.h"
+#include "base/FileErrors.h"
 #include "base/RegularFile.h"
 #include "base/Text.h"
 #include "base/Url.h"
@@ -38,10 +39,13 @@ std::string freeName(const std::string& path) {
     return name;
 }
 
-std::string bytesOf(const std::string& path) {
-    std::string bytes; // empty where there is none, or none that can be read
-    static_cast<void>(base::readWholeFile(path, bytes, static_cast<std::int64_t>(kMostXmlBytes)));
-    return bytes;
+/// Why a file that is there cannot be read; `bytes` is empty then, as where there is none.
+std::error_code readBytes(const std::string& path, std::string& bytes) {
+    const std::error_code failure =
+        base::readWholeFile(path, bytes, static_cast<std::int64_t>(kMostXmlBytes));
+    const bool missing =
+        failure == std::errc::no_such_file_or_directory || failure == std::errc::not_a_directory;
+    return missing ? std::error_code() : failure;
 }
 
 } // namespace
@@ -74,15 +78,17 @@ void Settings::withSettings(const std::function<void(clsXML&)>& work) {
 void Settings::readSettings(const std::function<void(const clsXML&)>& work) {
     readAnew();
     work(xml_);
-    if (!comfort_->writesOnlyChanges) {
+    if (!comfort_->writesOnlyChanges && !readFailure_) {
         saveOrTell(base::Flush::Yes);
     }
 }
 
 void Settings::peek(const std::function<void(const clsXML&)>& work) {
-    const std::string path = paths_.of(host::DataItem::Settings);
-    if (!open(path)) {
-        shipped_.takePlaceOf(bytesOf(path), xml_);
+    std::string bytes;
+    const bool unread = bool(readBytes(paths_.of(host::DataItem::Settings), bytes));
+    const bool stays = unread && isOpen();
+    if (!stays && !open(bytes)) {
+        shipped_.takePlaceOf(bytes, xml_);
     }
     work(xml_);
 }
@@ -90,27 +96,52 @@ void Settings::peek(const std::function<void(const clsXML&)>& work) {
 void Settings::writeBehind(const std::function<void(clsXML&)>& work) {
     readAnew();
     work(xml_);
-    if (xml_.changed() || !comfort_->writesOnlyChanges) {
-        saveOrTell(base::Flush::No);
-    }
+    saveOrTell(base::Flush::No);
 }
 
-bool Settings::open(const std::string& path) {
-    return xml_.OpenXML(path, XmlSource::FilePath) && xml_.NodeCount(kRoot) > 0;
+bool Settings::open(std::string_view bytes) {
+    return xml_.OpenBytes(bytes) && isOpen();
+}
+
+bool Settings::isOpen() const {
+    return xml_.readable() && xml_.NodeCount(kRoot) > 0;
+}
+
+base::RuntimeError Settings::readError() const {
+    return base::withPlace(base::RuntimeError(base::errorNumberOf(readFailure_)),
+                           paths_.of(host::DataItem::Settings));
 }
 
 void Settings::readAnew() {
     const std::string path = paths_.of(host::DataItem::Settings);
-    const bool whole = open(path);
+    std::string bytes;
+    readFailure_ = readBytes(path, bytes);
+    const bool standsIn = comfort_->keepsDamagedAside && shipped_.there();
+    if (readFailure_ && standsIn) {
+        standInUnread();
+        return;
+    }
+    readFailure_.clear();
+    toldUnread_ = false;
+    const bool whole = open(bytes);
     if (whole && comfort_->startsWithoutSetting) {
         shipped_.complete(xml_);
-    } else if (!whole && comfort_->keepsDamagedAside && shipped_.there()) {
-        standIn(path);
+    } else if (!whole && standsIn) {
+        standInDamaged(path, bytes);
     }
 }
 
-void Settings::standIn(const std::string& path) {
-    shipped_.takePlaceOf(bytesOf(path), xml_);
+void Settings::standInUnread() {
+    if (!isOpen()) {
+        shipped_.takePlaceOf({}, xml_);
+    }
+    if (!std::exchange(toldUnread_, true) && unread_) {
+        unread_(readError());
+    }
+}
+
+void Settings::standInDamaged(const std::string& path, std::string_view bytes) {
+    shipped_.takePlaceOf(bytes, xml_);
     std::error_code failure;
     if (!std::filesystem::is_regular_file(path, failure)) {
         return;
@@ -135,14 +166,18 @@ void Settings::standIn(const std::string& path) {
 }
 
 void Settings::save(base::Flush most) {
-    if (xml_.changed() || !comfort_->writesOnlyChanges) {
-        xml_.Save(paths_.of(host::DataItem::Settings), most);
+    if (!xml_.changed() && comfort_->writesOnlyChanges) {
+        return;
     }
+    if (readFailure_) { // nobody knows what would be lost
+        throw readError();
+    }
+    xml_.Save(paths_.of(host::DataItem::Settings), most);
 }
 
 void Settings::saveOrTell(base::Flush most) {
     try {
-        xml_.Save(paths_.of(host::DataItem::Settings), most);
+        save(most);
     } catch (const base::RuntimeError& error) {
         if (unwritten_) {
             unwritten_(error);

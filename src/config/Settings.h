@@ -14,6 +14,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 namespace tovik::config {
@@ -25,7 +26,9 @@ namespace tovik::config {
 /// as it is. An error of a read names the file and the key, that of a conversion the text, too.
 ///
 /// With comfort (`obey`) what came with the program stands in for a key that is missing or bad, a
-/// damaged file is kept beside the new one, and the file is written only where it changes.
+/// damaged file is kept beside the new one, and the file is written only where it changes. For one
+/// that cannot be read what was read last stands in, else what came with the program; changes are
+/// made to that alone, and raise what reading failed with, until the file can be read again.
 class Settings {
 public:
     /// Is told of a file that could not be written back after a read.
@@ -40,6 +43,9 @@ public:
     /// Is told where a damaged file is kept.
     using KeptAside = std::function<void(const std::string& path)>;
 
+    /// Is told why the file cannot be read; the description ends with its path.
+    using Unread = std::function<void(const base::RuntimeError&)>;
+
     /// Both are kept by reference. The document is the one that the whole program shares.
     Settings(const host::Paths& paths, clsXML& settingsXml);
 
@@ -52,6 +58,9 @@ public:
     void reportReplaced(Replaced replaced) { replaced_ = std::move(replaced); }
 
     void reportKeptAside(KeptAside keptAside) { keptAside_ = std::move(keptAside); }
+
+    /// Told once, until the file can be read again.
+    void reportUnread(Unread unread) { unread_ = std::move(unread); }
 
     /// From now on `unwritten` is told of every read whose file could not be written back; the
     /// read itself counts.
@@ -137,9 +146,12 @@ public:
     [[nodiscard]] static std::string pathOf(std::string_view key);
 
 private:
-    [[nodiscard]] bool open(const std::string& path);
+    [[nodiscard]] bool open(std::string_view bytes);
+    [[nodiscard]] bool isOpen() const;
+    [[nodiscard]] base::RuntimeError readError() const;
     void readAnew();
-    void standIn(const std::string& path);
+    void standInUnread();
+    void standInDamaged(const std::string& path, std::string_view bytes);
     void save(base::Flush most);
     void saveOrTell(base::Flush most);
     [[nodiscard]] std::string placeOf(std::string_view key) const;
@@ -149,8 +161,11 @@ private:
     const base::Comfort* comfort_;
     ShippedSettings shipped_;
     std::set<std::string> replacedTexts_; ///< that were told
+    std::error_code readFailure_;         ///< of a file that is there, while something stands in
+    bool toldUnread_ = false;
     Replaced replaced_;
     KeptAside keptAside_;
+    Unread unread_;
     Unwritten unwritten_;
     Changed changed_;
 };

@@ -125,15 +125,22 @@ bool clsXML::OpenXML(const std::string& source, XmlSource kind) {
 }
 
 bool clsXML::OpenXML(const std::string& source, int kind) {
-    document_ = std::make_unique<Document>();
     if (kind == static_cast<int>(XmlSource::FilePath)) {
-        std::string bytes;
-        constexpr auto kMost = static_cast<std::int64_t>(kMostXmlBytes);
-        document_->readable = !base::readWholeFile(source, bytes, kMost) &&
-                              parseXml(document_->xml, bytes, XmlBytes::File);
-    } else if (kind == static_cast<int>(XmlSource::Text)) {
+        std::string bytes; // empty, which is no document, where it cannot be read
+        static_cast<void>(
+            base::readWholeFile(source, bytes, static_cast<std::int64_t>(kMostXmlBytes)));
+        return OpenBytes(bytes);
+    }
+    document_ = std::make_unique<Document>();
+    if (kind == static_cast<int>(XmlSource::Text)) {
         document_->readable = parseXml(document_->xml, source, XmlBytes::Utf8);
     }
+    return document_->readable;
+}
+
+bool clsXML::OpenBytes(std::string_view bytes) {
+    document_ = std::make_unique<Document>();
+    document_->readable = parseXml(document_->xml, bytes, XmlBytes::File);
     return document_->readable;
 }
 

@@ -44,6 +44,9 @@ public:
     bool OpenXML(const std::string& source, XmlSource kind);
     bool OpenXML(const std::string& source, int kind);
 
+    /// The same for what was read of a file.
+    bool OpenBytes(std::string_view bytes);
+
     /// The text of a node and all below it. Any failure raises 94.
     [[nodiscard]] std::string ReadNode(const std::string& path) const;
 

@@ -145,6 +145,7 @@ TEST_P(LanguageFiles, placeholdersStandWhereTheyAreReplaced) {
                                                                       {{"TovikNotice", 16}, 1},
                                                                       {{"TovikNotice", 17}, 1},
                                                                       {{"TovikNotice", 18}, 1},
+                                                                      {{"TovikNotice", 21}, 1},
                                                                       {{"TovikRip", 0}, 1},
                                                                       {{"TovikRip", 1}, 1},
                                                                       {{"TovikRip", 2}, 1},

@@ -3,6 +3,7 @@
 #include "config/RaisedNumber.h"
 #include "config/SettingsFixture.h"
 #include "config/SettingText.h"
+#include "config/StrictXml.h"
 #include "support/host/FullDisk.h"
 
 #include <gmock/gmock.h>
@@ -19,6 +20,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
+using testing::UnorderedElementsAre;
 
 class SettingsComfortTest : public test::SettingsFixture {
 protected:
@@ -29,6 +31,8 @@ protected:
         settings_.reportReplaced(
             [this](const base::RuntimeError& bad) { replaced_.push_back(bad.description()); });
         settings_.reportKeptAside([this](const std::string& path) { aside_.push_back(path); });
+        settings_.reportUnread(
+            [this](const base::RuntimeError& why) { unread_.push_back(why.description()); });
     }
 
     void wantComfort() {
@@ -57,6 +61,7 @@ protected:
     base::Comfort comfort_;
     std::vector<std::string> replaced_;
     std::vector<std::string> aside_;
+    std::vector<std::string> unread_;
 };
 
 TEST_F(SettingsComfortTest, aMissingKeyTakesTheShippedValue) {
@@ -149,6 +154,95 @@ TEST_F(SettingsComfortTest, aDamagedFileThatCannotBeReplacedStaysAndTheValuesAre
     EXPECT_EQ(file(), "<Settings><MI>1");
     EXPECT_THAT(aside_, IsEmpty());
     EXPECT_FALSE(fs::exists(path() + ".damaged"));
+}
+
+/// A folder in its place stands for whatever keeps a file from being read.
+class UnreadSettings : public SettingsComfortTest {
+protected:
+    void SetUp() override {
+        SettingsComfortTest::SetUp();
+        wantComfort();
+        settings_.reportUnwritten([this](const base::RuntimeError& /*error*/) { ++unwritten_; });
+    }
+
+    void hide() const {
+        fs::create_directories(host_.folder / "db");
+        if (fs::exists(path())) {
+            fs::rename(path(), path() + ".hidden");
+        }
+        fs::create_directory(path());
+    }
+
+    void bringBack() const {
+        fs::remove(path());
+        fs::rename(path() + ".hidden", path());
+    }
+
+    [[nodiscard]] std::vector<std::string> filesThere() const {
+        std::vector<std::string> names;
+        for (const fs::directory_entry& each : fs::directory_iterator(host_.folder / "db")) {
+            names.push_back(each.path().filename());
+        }
+        return names;
+    }
+
+    int unwritten_ = 0;
+};
+
+TEST_F(UnreadSettings, whatWasReadLastStandsIn) {
+    writeSettings("<MI>1</MI><CVL>33</CVL>");
+    EXPECT_EQ(settings_.getSetting("CVL"), "33");
+    hide();
+    EXPECT_EQ(settings_.getSetting("CVL"), "33");
+    EXPECT_EQ(settings_.getSetting("MI"), "1");
+    EXPECT_THAT(unread_, ElementsAre(HasSubstr(path()))) << "told once";
+    EXPECT_THAT(filesThere(), UnorderedElementsAre("settings.xml", "settings.xml.hidden"));
+    EXPECT_TRUE(fs::is_directory(path()));
+    EXPECT_THAT(aside_, IsEmpty());
+    bringBack();
+    EXPECT_EQ(settings_.getSetting("CVL"), "33");
+    hide();
+    EXPECT_EQ(settings_.getSetting("CVL"), "33");
+    EXPECT_EQ(unread_.size(), 2U) << "and again the next time";
+    std::int32_t found = 0;
+    settings_.peek([&](const clsXML& xml) { found = xml.NodeCount("/Settings/CMF"); });
+    EXPECT_EQ(found, 0) << "nobody's comfort changes by it";
+}
+
+TEST_F(UnreadSettings, atTheStartTheShippedOnesStandIn) {
+    hide();
+    EXPECT_EQ(settings_.getSetting("CVL"), "80");
+    EXPECT_THAT(filesThere(), ElementsAre("settings.xml"));
+    EXPECT_EQ(unread_.size(), 1U);
+}
+
+TEST_F(UnreadSettings, changesAreOfThisSessionAlone) {
+    writeSettings("<MI>1</MI><CVL>33</CVL>");
+    hide();
+    EXPECT_GT(test::raisedNumber([&] { settings_.saveSetting("MI", "1"); }), 0);
+    settings_.writeBehind([](clsXML& xml) { xml.WriteNode("/Settings/CVL", "12"); });
+    EXPECT_EQ(settings_.getSetting("CVL"), "12");
+    EXPECT_EQ(unwritten_, 1);
+    bringBack();
+    EXPECT_EQ(settings_.getSetting("CVL"), "33");
+    settings_.saveSetting("CVL", "34");
+    EXPECT_THAT(file(), HasSubstr("<CVL>34</CVL>"));
+}
+
+TEST_F(UnreadSettings, oneThatIsTooLargeIsNotReplaced) {
+    writeSettings("<MI>1</MI>");
+    fs::resize_file(path(), kMostXmlBytes + 1); // a hole: nothing is written
+    EXPECT_EQ(settings_.getSetting("CVL"), "80");
+    EXPECT_EQ(fs::file_size(path()), kMostXmlBytes + 1);
+    EXPECT_THAT(filesThere(), ElementsAre("settings.xml"));
+}
+
+TEST_F(UnreadSettings, toTheLetterEachKeyOfItIsAnError) {
+    comfort_ = {};
+    hide();
+    EXPECT_EQ(test::raisedNumber([&] { std::ignore = settings_.getSetting("CVL"); }), 94);
+    settings_.saveSetting("CVL", "34");
+    EXPECT_THAT(unread_, IsEmpty());
 }
 
 TEST_F(SettingsComfortTest, whoseComfortADamagedFileMeansIsReadFromWhatIsLeftOfIt) {
