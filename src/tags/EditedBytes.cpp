@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <iterator>
 #include <utility>
+#include <vector>
 
 namespace tovik::tags {
 
@@ -11,14 +12,14 @@ EditedBytes::EditedBytes(const std::string& path, base::RegularFile::Access acce
     : file_(std::make_unique<base::RegularFile>(path, access)), failure_(file_->failure()) {
     if (!failure_ && file_->size() > 0) {
         size_ = file_->size();
-        pieces_.push_back({.added = false, .offset = 0, .length = size_});
+        pieces_[0] = {.added = false, .offset = 0, .length = size_};
     }
 }
 
 EditedBytes::EditedBytes(std::string bytes)
     : added_(std::move(bytes)), size_(static_cast<std::int64_t>(added_.size())) {
     if (size_ > 0) {
-        pieces_.push_back({.added = true, .offset = 0, .length = size_});
+        pieces_[0] = {.added = true, .offset = 0, .length = size_};
     }
 }
 
@@ -45,36 +46,42 @@ std::string EditedBytes::read(std::int64_t offset, std::size_t count) {
     }
     std::int64_t left = std::min(static_cast<std::int64_t>(std::min(count, std::size_t{INT32_MAX})),
                                  size_ - offset);
-    std::int64_t begin = 0;
-    for (const Piece& piece : pieces_) {
+    for (auto at = std::prev(pieces_.upper_bound(offset)); left > 0 && !failure_; ++at) {
+        const auto& [begin, piece] = *at;
         const std::int64_t from = std::max(offset - begin, std::int64_t{0});
-        begin += piece.length;
-        if (left <= 0 || failure_) {
-            break;
-        }
-        if (from < piece.length) {
-            const std::int64_t length = std::min(left, piece.length - from);
-            bytes += readPiece(piece, from, length);
-            left -= length;
-        }
+        const std::int64_t length = std::min(left, piece.length - from);
+        bytes += readPiece(piece, from, length);
+        left -= length;
     }
     return bytes;
 }
 
-/// The pieces of a range.
-std::vector<EditedBytes::Piece> EditedBytes::cut(std::int64_t begin, std::int64_t end) const {
-    std::vector<Piece> part;
-    std::int64_t at = 0;
-    for (const Piece& piece : pieces_) {
-        const std::int64_t from = std::max(begin, at);
-        const std::int64_t to = std::min(end, at + piece.length);
-        if (from < to) {
-            part.push_back(
-                {.added = piece.added, .offset = piece.offset + from - at, .length = to - from});
-        }
-        at += piece.length;
+/// Sees to it that a piece begins there, and finds it.
+EditedBytes::Pieces::iterator EditedBytes::split(std::int64_t at) {
+    const auto next = pieces_.lower_bound(at);
+    if (next == pieces_.begin() || (next != pieces_.end() && next->first == at)) {
+        return next;
     }
-    return part;
+    auto& [begin, piece] = *std::prev(next);
+    const std::int64_t left = at - begin;
+    if (left >= piece.length) {
+        return next; // the end
+    }
+    const Piece rest{
+        .added = piece.added, .offset = piece.offset + left, .length = piece.length - left};
+    piece.length = left;
+    return pieces_.emplace_hint(next, at, rest);
+}
+
+void EditedBytes::shift(Pieces::iterator first, std::int64_t distance) {
+    if (distance == 0) {
+        return;
+    }
+    std::vector<std::pair<std::int64_t, Piece>> rest(first, pieces_.end());
+    pieces_.erase(first, pieces_.end());
+    for (const auto& [begin, piece] : rest) {
+        pieces_.emplace_hint(pieces_.end(), begin + distance, piece);
+    }
 }
 
 void EditedBytes::replace(std::int64_t offset, std::int64_t count, std::string_view bytes) {
@@ -86,16 +93,17 @@ void EditedBytes::replace(std::int64_t offset, std::int64_t count, std::string_v
     const std::int64_t begin = std::min(offset, size_);
     const std::int64_t end = begin + std::clamp(count, std::int64_t{0}, size_ - begin);
     edited_ = edited_ || !fresh.empty() || end > begin;
-    std::vector<Piece> pieces = cut(0, begin);
-    if (!fresh.empty()) {
-        pieces.push_back({.added = true,
-                          .offset = static_cast<std::int64_t>(added_.size()),
-                          .length = static_cast<std::int64_t>(fresh.size())});
+    split(begin);
+    const auto behind = split(end);
+    const auto behindOld = pieces_.erase(pieces_.lower_bound(begin), behind);
+    const auto length = static_cast<std::int64_t>(fresh.size());
+    shift(behindOld, length - (end - begin));
+    if (length > 0) {
+        pieces_[begin] = {
+            .added = true, .offset = static_cast<std::int64_t>(added_.size()), .length = length};
         added_ += fresh;
     }
-    std::ranges::copy(cut(end, size_), std::back_inserter(pieces));
-    pieces_ = std::move(pieces);
-    size_ += static_cast<std::int64_t>(fresh.size()) - (end - begin);
+    size_ += length - (end - begin);
 }
 
 std::error_code EditedBytes::copyTo(base::AtomicFile& file) {

@@ -8,11 +8,11 @@
 #include "tags/TagBytes.h"
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <system_error>
-#include <vector>
 
 namespace tovik::tags {
 
@@ -46,12 +46,16 @@ private:
         std::int64_t length;
     };
 
+    /// By where they begin.
+    using Pieces = std::map<std::int64_t, Piece>;
+
     [[nodiscard]] std::string readPiece(const Piece& piece, std::int64_t from, std::int64_t count);
-    [[nodiscard]] std::vector<Piece> cut(std::int64_t begin, std::int64_t end) const;
+    Pieces::iterator split(std::int64_t at);
+    void shift(Pieces::iterator first, std::int64_t distance);
 
     std::unique_ptr<base::RegularFile> file_;
     std::string added_;
-    std::vector<Piece> pieces_;
+    Pieces pieces_;
     std::int64_t size_ = 0;
     bool edited_ = false;
     std::error_code failure_;

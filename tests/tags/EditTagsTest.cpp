@@ -2,19 +2,13 @@
 // Editing keeps what it does not change.
 #include "tags/EditTags.h"
 
-#include "base/RegularFile.h"
 #include "support/host/FullDisk.h"
-#include "support/host/TemporaryFolder.h"
 #include "support/host/Unprivileged.h"
+#include "tags/EditTagsFixture.h"
 #include "tags/FileFacts.h"
 #include "tags/Samples.h"
 
-#include <gtest/gtest.h>
-
 #include <chrono>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 
 namespace tovik::tags {
 namespace {
@@ -53,51 +47,6 @@ const std::string kForeign = samples::frame("PRIV", "owner\0\1\2\3"s) +
                              samples::frame("APIC", kPicture) +
                              samples::frame("TXXX", "\1"s + utf16("key") + "\0\0"s + utf16("v")) +
                              samples::frame("COMM", "\0engdescribed\0kept"s);
-
-class EditTagsTest : public testing::Test {
-protected:
-    void write(const std::string& bytes) { std::ofstream(path_, std::ios::binary) << bytes; }
-
-    [[nodiscard]] std::string file() const {
-        std::string bytes;
-        EXPECT_FALSE(base::readWholeFile(path_, bytes));
-        return bytes;
-    }
-
-    static TagChange set(EditField field, const std::string& text) {
-        TagChange change;
-        change.texts.at(static_cast<std::size_t>(field)) = text;
-        return change;
-    }
-
-    /// Changes a field of the second tag.
-    std::error_code change(EditField field, const std::string& text) {
-        return saveEditTags(path_, {.version1 = {}, .version2 = set(field, text)});
-    }
-
-    [[nodiscard]] std::string text(EditField field) const {
-        return readEditTags(path_).version2.text(field);
-    }
-
-    /// Where the tag at the start ends by its own word.
-    [[nodiscard]] std::size_t toldEnd() const {
-        const std::string bytes = file();
-        std::size_t size = 0;
-        for (std::size_t i = 6; i < 10; ++i) {
-            size = size << 7U | static_cast<unsigned char>(bytes.at(i));
-        }
-        return size + 10;
-    }
-
-    void copy(const std::string& name) {
-        path_ = folder_.path() + "/" + name;
-        fs::copy_file(std::getenv("TOVIK_MEDIA") + "/"s + name, path_);
-    }
-
-    test::TemporaryFolder folder_;
-    std::string path_ = folder_.path() + "/song.mp3";
-    const std::string sound_ = samples::sound(20);
-};
 
 TEST_F(EditTagsTest, foreignFramesKeepTheirBytes) {
     const std::string title = samples::frame("TPE1", "\0Old artist"s);
@@ -329,58 +278,6 @@ TEST_F(EditTagsTest, aFileThatMayNotBeWrittenIsNotReplaced) {
         EXPECT_EQ(change(EditField::title, "T"), std::errc::permission_denied);
     }
     EXPECT_TRUE(file() == bytes);
-}
-
-TEST_F(EditTagsTest, oggFlacAndWma) {
-    for (const auto& [name, kind] : {std::pair{"ogg_44100.ogg", TagKind::xiph},
-                                     {"flac_16_44100.flac", TagKind::xiph},
-                                     {"flac_in_ogg.ogg", TagKind::xiph},
-                                     {"wma_44100.wma", TagKind::windows}}) {
-        copy(name);
-        const FileFacts before = factsOfFile(path_);
-        EXPECT_EQ(readEditTags(path_).kind, kind) << name;
-        for (const auto& [field, value] : {std::pair{EditField::title, "T\xC3\xADtle"},
-                                           {EditField::artist, "Artist"},
-                                           {EditField::album, "Album"},
-                                           {EditField::year, "1999"},
-                                           {EditField::comment, "Comment"},
-                                           {EditField::track, "7"},
-                                           {EditField::genre, "Shoegaze"},
-                                           {EditField::composer, "Composer"},
-                                           {EditField::copyright, "Copyright"},
-                                           {EditField::encodedBy, "Encoder"}}) {
-            ASSERT_FALSE(change(field, value)) << name;
-            EXPECT_EQ(text(field), value) << name;
-        }
-        FileFacts facts = factsOfFile(path_);
-        EXPECT_EQ(facts.title, "T\xC3\xADtle") << name;
-        EXPECT_EQ(facts.album, "Album") << name;
-        EXPECT_EQ(facts.year, "1999") << name;
-        EXPECT_EQ(facts.track, 7) << name;
-        EXPECT_EQ(facts.seconds, before.seconds) << name;
-        ASSERT_FALSE(change(EditField::title, "")) << name;
-        EXPECT_EQ(text(EditField::title), "") << name;
-        EXPECT_EQ(text(EditField::artist), "Artist") << name;
-        ASSERT_FALSE(saveEditTags(path_, {.version1 = {}, .version2 = {.keep = false}})) << name;
-        EXPECT_EQ(text(EditField::artist), "") << name;
-        facts = factsOfFile(path_);
-        EXPECT_EQ(facts.album, "") << name;
-        EXPECT_EQ(facts.seconds, before.seconds) << name;
-    }
-}
-
-TEST_F(EditTagsTest, otherFilesHaveNoTagsToEdit) {
-    for (const char* const name : {"wav_s16_44100_stereo.wav", "song.xm", "text.mp3"}) {
-        copy(name);
-        const std::string bytes = file();
-        EXPECT_EQ(readEditTags(path_).kind, TagKind::none) << name;
-        EXPECT_TRUE(change(EditField::title, "T")) << name;
-        EXPECT_TRUE(file() == bytes) << name;
-    }
-    path_ = folder_.path() + "/missing.mp3";
-    EXPECT_EQ(readEditTags(path_).kind, TagKind::none);
-    EXPECT_TRUE(change(EditField::title, "T"));
-    EXPECT_FALSE(fs::exists(path_));
 }
 
 } // namespace

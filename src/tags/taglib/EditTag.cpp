@@ -13,8 +13,10 @@
 #include <taglib/textidentificationframe.h>
 #include <taglib/xiphcomment.h>
 
+#include <algorithm>
 #include <exception>
 #include <stdexcept>
+#include <string_view>
 
 namespace tovik::tags::taglib {
 
@@ -55,13 +57,13 @@ std::string& at(EditTag& tag, EditField field) {
     return tag.texts.at(static_cast<std::size_t>(field));
 }
 
-void readXiph(const TagLib::Ogg::XiphComment& comment, EditTag& tag) {
+void readXiph(TagLib::Ogg::XiphComment& comment, EditTag& tag) {
     const TagLib::Ogg::FieldListMap& fields = comment.fieldListMap();
     const auto textOfField = [&fields](const char* name) {
         const auto field = fields.find(name);
         return field == fields.end() ? std::string() : textOf(field->second.toString(", "));
     };
-    tag.there = !comment.isEmpty();
+    tag.there = !comment.isEmpty() || !comment.pictureList().isEmpty();
     for (std::size_t i = 0; i < kEditFields; ++i) {
         tag.texts.at(i) = textOfField(kNames.at(i).xiph);
     }
@@ -73,6 +75,7 @@ void readXiph(const TagLib::Ogg::XiphComment& comment, EditTag& tag) {
 void changeXiph(TagLib::Ogg::XiphComment& comment, const TagChange& change) {
     if (!change.keep) {
         comment.removeAllFields();
+        comment.removeAllPictures();
         return;
     }
     for (std::size_t i = 0; i < kEditFields; ++i) {
@@ -92,8 +95,40 @@ void changeXiph(TagLib::Ogg::XiphComment& comment, const TagChange& change) {
     }
 }
 
+/// What tells of the sound and not of the music, as the list of attributes of Microsoft's Windows
+/// Media Format SDK names it: it belongs to no tag.
+constexpr std::array<std::string_view, 14> kTechnicalAttributes{"IsVBR",
+                                                                "WMFSDKVersion",
+                                                                "WMFSDKNeeded",
+                                                                "DeviceConformanceTemplate",
+                                                                "PeakValue",
+                                                                "AverageLevel",
+                                                                "VBR Peak",
+                                                                "Buffer Average",
+                                                                "WM/WMADRCPeakReference",
+                                                                "WM/WMADRCPeakTarget",
+                                                                "WM/WMADRCAverageReference",
+                                                                "WM/WMADRCAverageTarget",
+                                                                "WM/EncodingTime",
+                                                                "WM/EncodingSettings"};
+
+bool isTechnical(const std::string& name) {
+    return std::ranges::find(kTechnicalAttributes, name) != kTechnicalAttributes.end();
+}
+
+TagLib::ASF::AttributeListMap technicalOf(const TagLib::ASF::AttributeListMap& attributes) {
+    TagLib::ASF::AttributeListMap technical;
+    for (const auto& [name, values] : attributes) {
+        if (isTechnical(textOf(name))) {
+            technical.insert(name, values);
+        }
+    }
+    return technical;
+}
+
 void readWindows(const TagLib::ASF::Tag& asf, EditTag& tag) {
-    tag.there = !asf.isEmpty();
+    const TagLib::ASF::AttributeListMap& all = asf.attributeListMap();
+    tag.there = !asf.TagLib::Tag::isEmpty() || technicalOf(all).size() != all.size();
     for (std::size_t i = 0; i < kEditFields; ++i) {
         const char* const name = kNames.at(i).windows;
         if (name == nullptr || !asf.contains(name)) {
@@ -131,7 +166,7 @@ void setFixed(TagLib::ASF::Tag& asf, EditField field, const TagLib::String& text
 
 void changeWindows(TagLib::ASF::Tag& asf, const TagChange& change) {
     if (!change.keep) {
-        asf.attributeListMap().clear();
+        asf.attributeListMap() = technicalOf(asf.attributeListMap());
     }
     for (std::size_t i = 0; i < kEditFields; ++i) {
         const auto& text = change.texts.at(i);
@@ -206,17 +241,15 @@ EditTag readId3v2(TagBytes& bytes) {
 EditTags readOther(TagBytes& bytes, const std::string& name) {
     EditTags tags;
     try {
-        quiet();
-        TagStream nameless(bytes, {}, kMostBytes, true);
-        TagStream named(bytes, name, kMostBytes, true);
-        const TagLib::FileRef ref = openTagged(nameless, named);
+        OpenTagged opened(bytes, name, kMostBytes, true);
+        const TagLib::FileRef& ref = opened.file();
         if (ref.isNull()) {
             return tags;
         }
         if (const auto* const asf = dynamic_cast<const TagLib::ASF::Tag*>(ref.tag())) {
             tags.kind = TagKind::windows;
             readWindows(*asf, tags.version2);
-        } else if (const auto* const xiph = xiphOf(*ref.file(), true)) {
+        } else if (auto* const xiph = xiphOf(*ref.file(), true)) {
             tags.kind = TagKind::xiph;
             readXiph(*xiph, tags.version2);
         }
@@ -228,12 +261,9 @@ EditTags readOther(TagBytes& bytes, const std::string& name) {
 
 bool changeOther(TagBytes& bytes, const std::string& name, const TagChange& change) {
     try {
-        quiet();
-        TagStream nameless(bytes, {}, kMostBytes, false);
-        TagStream named(bytes, name, kMostBytes, false);
-        TagLib::FileRef ref = openTagged(nameless, named);
-        return !ref.isNull() && changeAndSave(*ref.file(), change) && !nameless.exhausted() &&
-               !named.exhausted();
+        OpenTagged opened(bytes, name, kMostBytes, false);
+        return !opened.file().isNull() && changeAndSave(*opened.file().file(), change) &&
+               !opened.exhausted();
     } catch (const std::exception&) {
         return false;
     }

@@ -96,16 +96,18 @@ void quiet() {
     static_cast<void>(ways);
 }
 
-TagLib::FileRef openTagged(TagStream& nameless, TagStream& named) {
-    TagLib::FileRef file(&nameless);
-    if (file.isNull()) {
-        file = TagLib::FileRef(&named);
+OpenTagged::OpenTagged(TagBytes& bytes, const std::string& name, std::int64_t mostBytes,
+                       bool readOnly)
+    : nameless_(bytes, {}, mostBytes, readOnly), named_(bytes, name, mostBytes, readOnly) {
+    quiet();
+    file_ = TagLib::FileRef(&nameless_);
+    if (file_.isNull()) {
+        file_ = TagLib::FileRef(&named_);
     }
-    if (auto* const module = dynamic_cast<TagLib::Mod::File*>(file.file());
+    if (auto* const module = dynamic_cast<TagLib::Mod::File*>(file_.file());
         module != nullptr && !hasModuleMark(*module)) {
-        return {};
+        file_ = {};
     }
-    return file;
 }
 
 std::string textOf(const TagLib::String& text) {

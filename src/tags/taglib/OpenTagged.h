@@ -7,6 +7,7 @@
 #include <taglib/fileref.h>
 #include <taglib/tstring.h>
 
+#include <cstdint>
 #include <string>
 
 namespace tovik::tags::taglib {
@@ -15,9 +16,25 @@ namespace tovik::tags::taglib {
 /// To be called before anything else of the library; more than once does no harm.
 void quiet();
 
-/// The file, by its content, or, where that does not tell, by the ending of its name. Null where no
-/// reader takes it. `nameless` has no name; both streams outlive it.
-[[nodiscard]] TagLib::FileRef openTagged(TagStream& nameless, TagStream& named);
+/// A file, opened by its content, or, where that does not tell, by the ending of its name.
+class OpenTagged {
+public:
+    /// Calls `quiet`. The bytes outlive it; no more than `mostBytes` of them are read.
+    OpenTagged(TagBytes& bytes, const std::string& name, std::int64_t mostBytes, bool readOnly);
+
+    /// Null where no reader takes it.
+    [[nodiscard]] TagLib::FileRef& file() noexcept { return file_; }
+
+    /// Not all was read that should have been.
+    [[nodiscard]] bool exhausted() const noexcept {
+        return nameless_.exhausted() || named_.exhausted();
+    }
+
+private:
+    TagStream nameless_;
+    TagStream named_;
+    TagLib::FileRef file_;
+};
 
 /// A text in UTF-8, whole.
 [[nodiscard]] std::string textOf(const TagLib::String& text);

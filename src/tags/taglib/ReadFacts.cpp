@@ -175,10 +175,8 @@ void gather(TagLib::File& file, Pictures& pictures) {
 FileFacts readFacts(TagBytes& bytes, const std::string& name) {
     FileFacts facts;
     try {
-        quiet();
-        TagStream nameless(bytes, {}, kMostBytes, true);
-        TagStream named(bytes, name, kMostBytes, true);
-        const TagLib::FileRef ref = openTagged(nameless, named);
+        OpenTagged opened(bytes, name, kMostBytes, true);
+        const TagLib::FileRef& ref = opened.file();
         if (ref.isNull()) {
             return facts;
         }
@@ -198,10 +196,8 @@ FileFacts readFacts(TagBytes& bytes, const std::string& name) {
 std::vector<std::string> readPictures(TagBytes& bytes, const std::string& name) {
     Pictures pictures;
     try {
-        quiet();
-        TagStream nameless(bytes, {}, kMostBytes, true);
-        TagStream named(bytes, name, kMostBytes, true);
-        const TagLib::FileRef ref = openTagged(nameless, named);
+        OpenTagged opened(bytes, name, kMostBytes, true);
+        const TagLib::FileRef& ref = opened.file();
         if (!ref.isNull()) {
             gather(*ref.file(), pictures);
         }
