@@ -5,7 +5,7 @@ import os
 import subprocess
 
 from program import ProgramTest, media
-from test_accessibility import PYTHON
+from reader import PYTHON
 
 NAME = "org.mpris.MediaPlayer2.tovik"
 PATH = "/org/mpris/MediaPlayer2"

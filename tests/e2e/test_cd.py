@@ -13,7 +13,7 @@ import subprocess
 import unittest
 
 from program import LIMIT, ProgramTest, media, odd, read_wav
-from test_accessibility import PYTHON, READER
+from reader import PYTHON, READER
 
 SECTOR = 2352
 PLAYER = "org.mpris.MediaPlayer2.Player"

@@ -7,7 +7,7 @@ import unittest
 
 from program import LIMIT
 from remote import NAME, PATH, PLAYER, RemoteTest
-from test_accessibility import PYTHON
+from reader import PYTHON
 
 STORM = os.path.join(os.path.dirname(__file__), "bus_storm.py")
 CALLS = 10000
