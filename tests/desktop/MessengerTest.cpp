@@ -104,8 +104,24 @@ TEST_F(MessengerStatusTest, factsThatComeLaterAreToldToo) {
     show("Band", "Song");
     core_.news.reportFacts({});
     core_.news.remove(messenger_);
-    EXPECT_THAT(windows_.sent,
-                testing::ElementsAre(R"(\0Music\01\0{0} - {1}\0Band\0Song\0\0\0)"));
+    EXPECT_THAT(windows_.sent, testing::ElementsAre(R"(\0Music\01\0{0} - {1}\0Band\0Song\0\0\0)"));
+}
+
+TEST_F(MessengerStatusTest, factsThatChangeNothingAreNotToldAgain) {
+    core_.state.MessengerOn = true;
+    show("Band", "Song");
+    messenger_.reportTrack({});
+    messenger_.reportFacts({});
+    EXPECT_THAT(windows_.sent, testing::SizeIs(1));
+    show("Band", "Song 2");
+    messenger_.reportFacts({});
+    messenger_.reportFacts({});
+    EXPECT_THAT(windows_.sent, testing::SizeIs(2));
+    messenger_.reportNothing(player::kNothingFormat, player::kNothingWord);
+    messenger_.reportFacts({});
+    EXPECT_THAT(windows_.sent, testing::SizeIs(4));
+    messenger_.reportTrack({}); // another track is news, whatever it is called
+    EXPECT_THAT(windows_.sent, testing::SizeIs(5));
 }
 
 TEST_F(MessengerStatusTest, aStartedTrackIsTold) {
