@@ -43,11 +43,9 @@ void HandOver::meetOtherInstance() {
 
 void HandOver::begin() {
     // What is handed over starts the sound anew, which would take it from a rip.
-    const auto held = [this] {
-        return core_.state.RipRunning && !core_.state.comfort.playsWhileRipping;
-    };
-    process_.mailbox().begin([this, held] { return !autoload_.awaited() && !held(); },
-                             [this](const host::InstanceMessage& message) { carryOut(message); });
+    process_.mailbox().begin(
+        [this] { return !autoload_.awaited() && !core_.state.ripHoldsSound(); },
+        [this](const host::InstanceMessage& message) { carryOut(message); });
 }
 
 void HandOver::carryOut(const host::InstanceMessage& message) {

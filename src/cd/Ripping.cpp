@@ -119,7 +119,6 @@ void Ripping::cancelrip() {
 
 std::optional<Ripping::Job> Ripping::begin(bool alone) {
     config::Settings& settings = needs_.core.settings;
-    comfort_ = needs_.core.state.comfort;
     needs_.disc.CancelRip = false;
     call(hooks.forgetOtherDisc);
     const auto format = knownFormat(player::readLive(settings, "DOF"));
@@ -197,10 +196,14 @@ bool Ripping::mayWriteInto(const std::string& folder) {
 }
 
 void Ripping::setRunning(bool running) {
-    needs_.core.state.RipRunning = running;
-    if (!running) {
-        needs_.core.state.RippingNow = false;
+    player::PlayerState& state = needs_.core.state;
+    state.RipRunning = running;
+    if (running) {
+        comfort_ = state.comfort;
+    } else {
+        state.RippingNow = false;
     }
+    state.RipSparesSound = running && comfort_.playsWhileRipping;
     call(hooks.showPanel);
 }
 

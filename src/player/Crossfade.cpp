@@ -48,7 +48,7 @@ bool Crossfade::CrossFade_BurnBaby(const TrackRef& track, std::int32_t fadeMilli
 
 bool Crossfade::start(const TrackRef& track, std::int32_t fade, const std::string& popup) {
     PlayerState& state = core_.state;
-    if (state.RipRunning && !state.comfort.playsWhileRipping) {
+    if (state.ripHoldsSound()) {
         return false; // a rip gives the library back, and with it what would sound
     }
     if (addresses_ != nullptr && base::isWebUrl(track.path)) {

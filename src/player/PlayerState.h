@@ -96,6 +96,11 @@ struct PlayerState {
     std::int32_t HeardBefore = 0; ///< seconds heard of the station before it was opened again
     bool StreamRecording = false; ///< that stream is being written to a file
     bool RipRunning = false;
+    bool RipSparesSound = false; ///< the job that runs has a device of its own
+
+    /// A rip gives the sound library back again and again: what would start now ends with it. How
+    /// the job began counts, not what the switch says by now.
+    [[nodiscard]] bool ripHoldsSound() const { return RipRunning && !RipSparesSound; }
 
     /// A station has the primary channel, and no leg is set up.
     [[nodiscard]] bool playsStation() const { return RadioMode && CrossfadeLeg == 0; }

@@ -226,7 +226,7 @@ bool TrackAdvance::neverEnds() const {
 
 void TrackAdvance::endTrack() {
     const bool rips = core_.state.RippingNow || core_.state.RipRunning; // also between two tracks
-    if (rips && !core_.state.comfort.playsWhileRipping) {
+    if (rips && !core_.state.RipSparesSound) {
         return;
     }
     const bool listEnds = core_.state.comfort.stopsAtListEnd && !hasNext();
@@ -287,7 +287,7 @@ std::int64_t TrackAdvance::nearEnd(std::int64_t milliseconds) {
     constexpr std::int64_t kOpensBefore = 4000; // enough for a disk that wakes up
     const PlayerState& state = core_.state;
     fadeModule(milliseconds);
-    const bool held = state.RipRunning && !state.comfort.playsWhileRipping;
+    const bool held = state.ripHoldsSound();
     const bool movesOn = !state.StopAfterCurrent && !fadeOut_.runs() && !held;
     const auto next = movesOn ? upcomingRow() : std::nullopt;
     if (!next || *next < 1) {

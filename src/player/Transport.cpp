@@ -28,7 +28,7 @@ bool Transport::Burnbaby(const TrackRef& track, const std::string& popup) {
 
 bool Transport::start(const TrackRef& track, const std::string& popup) {
     PlayerState& state = core_.state;
-    if (state.RipRunning && !state.comfort.playsWhileRipping) {
+    if (state.ripHoldsSound()) {
         return false; // the reset of the device would end the rip
     }
     if (addresses_ != nullptr && base::isWebUrl(track.path)) {

@@ -71,7 +71,7 @@ void StationPlayer::play(const player::TrackRef& track) {
 }
 
 void StationPlayer::start(const player::TrackRef& track, From from) {
-    if (core_.state.RipRunning && !core_.state.comfort.playsWhileRipping) {
+    if (core_.state.ripHoldsSound()) {
         return; // a rip gives the library back, and with it what would sound
     }
     config::guard(core_.errors, config::procedureOf("AddStation", "Play"), [&] {

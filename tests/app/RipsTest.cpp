@@ -149,6 +149,32 @@ TEST_F(RipsTest, whatIsHandedOverMeanwhilePlaysBesideWithComfort) {
     EXPECT_TRUE(player().state().IsPlaying);
 }
 
+TEST_F(RipsTest, comfortThatIsSwitchedOnMeanwhileWaitsForTheNextRip) {
+    openDisc();
+    advance(200);
+    player().stdSS().AddItem("", track("song.mp3"), "Song", "", 0);
+    player().stdSS().SelectIndex(1);
+    bool asked = false;
+    sound_.onEncoder = [&](const auto& encoder) {
+        if (encoder.bytes == 0) {
+            return;
+        }
+        player().ground().state.comfort.playsWhileRipping = true;
+        const std::size_t freed = callsOf("BASS_Free");
+        player().commands().run(CommandId::play);
+        asked = true;
+        EXPECT_FALSE(player().state().IsPlaying);
+        EXPECT_EQ(callsOf("BASS_Free"), freed);
+        EXPECT_EQ(callsOf("BASS_StreamCreateFile"), 0U);
+    };
+    player().commands().run(CommandId::ripSelected);
+    EXPECT_TRUE(asked);
+    ASSERT_THAT(sound_.encoders, testing::SizeIs(1));
+    EXPECT_EQ(sound_.encoders.front().bytes, 10U * 176'400U);
+    player().commands().run(CommandId::play);
+    EXPECT_TRUE(player().state().IsPlaying);
+}
+
 TEST_F(RipsTest, theNamesOfADiscGoWithIt) {
     openDisc();
     cd::frmCdNFO& dialog = player().discInfo().dialog;

@@ -250,14 +250,32 @@ TEST_F(RipComfortTest, whatPlaysGoesOn) {
 TEST_F(RipComfortTest, aTrackStartsWhileADiscIsRipped) {
     addRows(2, {.seconds = 60});
     for (const bool kind : {false, true}) {
-        comfort_.playsWhileRipping = kind;
+        comfort_.playsWhileRipping = !kind; // how the job began counts
         sound_.calls.clear();
         state_.IsPlaying = false;
         state_.RipRunning = true;
+        state_.RipSparesSound = kind;
         rowPlayer_.playItem(0);
         EXPECT_EQ(state_.IsPlaying, kind);
         EXPECT_THAT(callsOf("BASS_Free"), IsEmpty()) << "the rip would end";
-        state_.RipRunning = false;
+        state_.RipRunning = state_.RipSparesSound = false;
+    }
+}
+
+TEST_F(RipComfortTest, whoAsksMeanwhileHearsHowTheJobBegan) {
+    for (const bool kind : {false, true}) {
+        comfort_.playsWhileRipping = kind;
+        std::filesystem::remove_all(music());
+        std::vector<bool> held;
+        sound_.onEncoder = [&](const auto& /*encoder*/) {
+            comfort_.playsWhileRipping = !kind; // in the preferences
+            held.push_back(state_.ripHoldsSound());
+        };
+        ripping_.Rip_All();
+        ASSERT_THAT(held, testing::Not(IsEmpty()));
+        EXPECT_THAT(held, testing::Each(!kind));
+        EXPECT_FALSE(state_.ripHoldsSound());
+        EXPECT_FALSE(state_.RipSparesSound);
     }
 }
 
