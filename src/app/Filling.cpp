@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Filling.h"
 
+#include "base/PathText.h"
+#include "base/Text.h"
+#include "base/Windows1252.h"
 #include "playlist/ListUndo.h"
 
 #include <cstddef>
@@ -16,6 +19,10 @@ using commands::CommandId;
 std::function<std::string()> titleOf(const window::MainElements& elements, std::size_t index) {
     return [&elements, index] { return elements.get(window::MainElement::Label4, index).caption; };
 }
+
+// Among the notices.
+constexpr int kNoMusic = 23;
+constexpr int kNotWithoutFolders = 24;
 
 constexpr std::size_t kAddTitle = 3;
 constexpr std::size_t kLoadTitle = 6;
@@ -43,7 +50,15 @@ Filling::Filling(const Needs& needs, const host::Host& host)
                            int number) { return language.get_Notice_String(number); }}),
       openDirectory(needs.core, host.pump), buttons(needs.core, needs.files, openDirectory),
       rowFacts(needs.core, host.pump, *needs.core.facts), core_(needs.core), window_(needs.window),
-      windows_(needs.windows) {}
+      windows_(needs.windows) {
+    openDirectory.foundNothing = [&language = needs.language,
+                                  &line = needs.line](const std::string& folder, bool hasFolders) {
+        const std::string_view name = base::lastPart(folder);
+        line.show(
+            base::replaceAll(language.get_Notice_String(hasFolders ? kNotWithoutFolders : kNoMusic),
+                             "[x]", base::displayText(name.empty() ? folder : name)));
+    };
+}
 
 void Filling::bind(commands::Commands& commands) {
     commands.bind(CommandId::addFile, button([this] { media.Add_file(); }));
@@ -57,10 +72,7 @@ void Filling::bind(commands::Commands& commands) {
                       }
                   }));
     commands.bind(CommandId::removeFromList, button([this] { buttons.delIMG_Click(); }));
-    commands.bind(CommandId::clearList, button([this] {
-                      media.cancel();
-                      buttons.clrIMG_Click();
-                  }));
+    commands.bind(CommandId::clearList, button([this] { buttons.clrIMG_Click(); }));
     commands.bind(CommandId::loadList, button([this] { files.loadImg_Click(); }));
     commands.bind(CommandId::saveList, button([this] { files.SaveImg_Click(); }));
 }

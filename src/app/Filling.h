@@ -3,6 +3,7 @@
 // thread.
 #pragma once
 
+#include "app/PassingLine.h"
 #include "commands/Commands.h"
 #include "config/MultiLNG.h"
 #include "host/Host.h"
@@ -31,6 +32,7 @@ public:
         window::WindowOpener& windows;
         const window::MainElements& elements; ///< hold the titles of the dialogs
         const config::MultiLNG& language;
+        PassingLine& line;
     };
 
     /// All of them outlive the wing.

@@ -33,6 +33,7 @@ struct Comfort {
     bool deletesMarkedRows = false;     ///< the delete button and marked rows
     bool ordersByFolder = false;        ///< the order of files below a folder
     bool scansDroppedFolders = false;   ///< a folder that is dropped
+    bool tellsEmptyFolder = false;      ///< a folder without music
     bool selectsNeighbour = false;      ///< the selection behind a removed row
     bool keepsRemovedRows = false;      ///< rows that were removed
     bool writesFirstLength = false;     ///< the length of the first track
@@ -74,10 +75,10 @@ struct Comfort {
     bool readsThreshold = false;        ///< the threshold after a restart
 
     // Audio CDs.
-    bool watchesCdTracks = false;  ///< a CD track that is started plainly
-    bool keepsRipList = false;     ///< the rip list beside a CD in the playlist
-    bool separatesNumbers = false; ///< titles of CD-Text
-    bool skipsStrayCdText = false; ///< tracks beyond the CD-Text's count
+    bool watchesCdTracks = false;   ///< a CD track that is started plainly
+    bool keepsRipList = false;      ///< the rip list beside a CD in the playlist
+    bool leavesNumberToRow = false; ///< titles of CD-Text
+    bool skipsStrayCdText = false;  ///< tracks beyond the CD-Text's count
 
     // Volume, balance, equalizer.
     bool keepsBalance = false;        ///< the centred balance

@@ -120,6 +120,7 @@ inline constexpr auto kComfortRows = std::to_array<ComfortRow>({
     {&Comfort::deletesMarkedRows, 10},
     {&Comfort::ordersByFolder, 10},
     {&Comfort::scansDroppedFolders, 10},
+    {&Comfort::tellsEmptyFolder, 10},
     {&Comfort::selectsNeighbour, 10},
     {&Comfort::keepsRemovedRows, 10},
     {&Comfort::addsHandedOver, 10},
@@ -170,7 +171,7 @@ inline constexpr auto kComfortRows = std::to_array<ComfortRow>({
     {&Comfort::keepsRowOfHit, 16},
 
     {&Comfort::keepsRipList, 17},
-    {&Comfort::separatesNumbers, 17},
+    {&Comfort::leavesNumberToRow, 17},
     {&Comfort::skipsStrayCdText, 17},
     {&Comfort::encodesSelectedDrive, 17},
     {&Comfort::ripsRefusedTrack, 17},

@@ -3,6 +3,7 @@
 
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "base/TimeText.h"
 #include "cd/CdTexts.h"
 #include "config/Errors.h"
@@ -20,6 +21,24 @@ constexpr const char* kNoCount = "Error retreiving number of tracks."; // as it 
 
 std::string fileOf(const std::string& letter, std::int32_t number) {
     return letter + ":\\Track" + (number < kTwoDigits ? "0" : "") + std::to_string(number) + ".cda";
+}
+
+std::string plainName(std::int32_t number) {
+    return "Track " + std::to_string(number);
+}
+
+/// A deliberate oddity: the number, which the row has, too, stands in front of it, unless
+/// `Comfort::leavesNumberToRow` says otherwise.
+std::string titleOf(const CdTexts& texts, std::int32_t number, const base::Comfort& comfort) {
+    if (!comfort.leavesNumberToRow) {
+        return std::to_string(number) + texts.title(number) + " / " + texts.performer(number);
+    }
+    const std::string told = texts.title(number);
+    const std::string singer = texts.performer(number);
+    const std::string_view title = base::trimmed(told);
+    const std::string_view performer = base::trimmed(singer);
+    std::string whole = title.empty() ? plainName(number) : std::string(title);
+    return performer.empty() ? whole : whole.append(" / ").append(performer);
 }
 
 void addRow(playlist::stdSS& target, const std::string& letter, std::int32_t track,
@@ -76,7 +95,7 @@ void CdTrackList::LoadTrackList(playlist::stdSS& target, bool addFlag) {
     needs_.form.tell({}, {});
     const std::string letter = currentLetter();
     for (std::int32_t track = 0; track < count; ++track) {
-        const std::string name = "Track " + std::to_string(track + 1);
+        const std::string name = plainName(track + 1);
         addRow(target, letter, track, name, lengthOf(track));
         if (addFlag) {
             List1_.push_back(name);
@@ -97,7 +116,6 @@ void CdTrackList::LoadTrackListFromCDText(std::string_view text, std::int32_t co
 void CdTrackList::loadFromText(std::string_view text, std::int32_t count, playlist::stdSS& target) {
     const base::Comfort& comfort = needs_.core.state.comfort;
     const CdTexts texts(text, count, comfort.skipsStrayCdText);
-    const std::string dot = comfort.separatesNumbers ? ". " : "";
     const std::string letter = currentLetter();
     needs_.form.tell(texts.title(0), texts.performer(0));
     for (std::int32_t track = 0; track < count; ++track) {
@@ -105,10 +123,7 @@ void CdTrackList::loadFromText(std::string_view text, std::int32_t count, playli
         if (bytes <= 0) {
             continue;
         }
-        const std::int32_t number = track + 1;
-        addRow(target, letter, track,
-               std::to_string(number) + dot + texts.title(number) + " / " + texts.performer(number),
-               bytes);
+        addRow(target, letter, track, titleOf(texts, track + 1, comfort), bytes);
     }
 }
 

@@ -40,6 +40,9 @@ inline constexpr auto kEnglishNotices = std::to_array<std::string_view>({
     "no sound at this address",
     "The settings cannot be read. Until they can be, they are left as they are, and changes are "
     "not kept: [x]",
+    "The playlist is empty: [x]",
+    "No music in [x]",
+    "No music without sub-folders: [x]",
 });
 
 /// The English of "TovikNames".

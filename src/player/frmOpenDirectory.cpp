@@ -13,7 +13,9 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <limits>
+#include <system_error>
 #include <utility>
 
 namespace tovik::player {
@@ -52,6 +54,24 @@ std::vector<playlist::MediaItem> filesToAdd(const std::string& folder, bool subf
     }
     return items;
 }
+
+bool hasFolders(const std::string& folder) {
+    std::error_code failure;
+    for (std::filesystem::directory_iterator entry(folder, failure), end; !failure && entry != end;
+         entry.increment(failure)) {
+        std::error_code unknown;
+        if (entry->is_directory(unknown)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// What the disk told.
+struct Found {
+    std::vector<playlist::MediaItem> items{};
+    bool leftFolders = false; ///< nothing is there, and folders were not looked into
+};
 
 } // namespace
 
@@ -120,10 +140,12 @@ void frmOpenDirectory::keepFolder(const std::string& folder) {
 }
 
 void frmOpenDirectory::add(const std::string& folder, bool subfolders, const Flag& cancelled) {
-    const auto items = std::make_shared<std::vector<playlist::MediaItem>>();
+    const auto found = std::make_shared<Found>();
     const base::Comfort comfort = core_.state.comfort;
-    if (!host::runBeside(pump_, [items, folder, subfolders, comfort, cancelled] {
-            *items = filesToAdd(folder, subfolders, comfort, *cancelled);
+    if (!host::runBeside(pump_, [found, folder, subfolders, comfort, cancelled] {
+            found->items = filesToAdd(folder, subfolders, comfort, *cancelled);
+            found->leftFolders = comfort.tellsEmptyFolder && !subfolders && found->items.empty() &&
+                                 hasFolders(folder);
         })) {
         return;
     }
@@ -131,7 +153,8 @@ void frmOpenDirectory::add(const std::string& folder, bool subfolders, const Fla
         return;
     }
     const playlist::ListUndo::Step step(core_.lists.stdSS);
-    for (const playlist::MediaItem& item : *items) {
+    bool none = true;
+    for (const playlist::MediaItem& item : found->items) {
         const std::int32_t rows = comfort.addsFilesOnce
                                       ? 1
                                       : playlist::scannedRows(playlist::get_extension(
@@ -139,6 +162,10 @@ void frmOpenDirectory::add(const std::string& folder, bool subfolders, const Fla
         if (!pump_.Step() || !addRows(item, rows, *cancelled)) {
             return;
         }
+        none = none && rows == 0;
+    }
+    if (none && !*cancelled && comfort.tellsEmptyFolder && foundNothing) {
+        foundNothing(folder, found->leftFolders);
     }
 }
 

@@ -9,6 +9,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -19,6 +20,11 @@ class frmOpenDirectory {
 public:
     /// Both are kept by reference.
     frmOpenDirectory(const Core& core, host::MessagePump& pump) : core_(core), pump_(pump) {}
+
+    /// Tells that an add of this folder came to its end without a row. `hasFolders`: there are
+    /// folders below that were not looked into. Set by who composes the player; none: nobody is
+    /// told.
+    std::function<void(const std::string& folder, bool hasFolders)> foundNothing;
 
     /// The dialog opens: an add counts as running from now on, and nothing has cancelled it.
     /// Raises what reading a setting raises.
@@ -35,7 +41,8 @@ public:
     /// `AudioExtensions`. Which files become rows, and how often, tells `scannedRows`. Gives way
     /// again and again. With `Comfort::addsFilesOnce` each file of music becomes one row, and with
     /// `Comfort::ordersByFolder` they come by folder and name. Keeps the folder as the one added
-    /// last; where that cannot be written it is told, and the add goes on.
+    /// last; where that cannot be written it is told, and the add goes on. With
+    /// `Comfort::tellsEmptyFolder` an add that gives no row is told.
     void Command1_Click(const std::string& folder, bool subfolders);
 
     /// Cancel was pressed, or the dialog closed.

@@ -5,6 +5,7 @@
 #include "app/AppRig.h"
 #include "dialogs/DialogOpener.h"
 
+#include <array>
 #include <QAbstractFileIconProvider>
 #include <QFileSystemModel>
 #include <QPushButton>
@@ -51,6 +52,30 @@ TEST_F(OpenDirectoryDialog, addsTheFolderOfTheLastTime) {
     EXPECT_FALSE(dialog_->isVisible());
     EXPECT_EQ(player().stdSS().ListCount(), 1);
     EXPECT_TRUE(player().state().DirAddIdle);
+}
+
+TEST_F(OpenDirectoryDialog, withComfortALineTellsOfAFolderWithoutMusic) {
+    player().ground().state.comfort.tellsEmptyFolder = true;
+    host_.folder.write("none/d/b.mp3", "x");
+    host_.folder.write("empty/x.txt", "x");
+    const auto notice = [this] { return player().ground().screen.playing.notice; };
+    for (const auto& [language, below, none] : std::vector<std::array<const char*, 3>>{
+             {"English", "No music without sub-folders: none", "No music in empty"},
+             {"Slovenian", "Brez podmap ni glasbe: none", "Ni glasbe v empty"}}) {
+        player().ground().language.Language_File(language);
+        open();
+        dialog_->choose(host_.folder / "none");
+        press("Command1");
+        EXPECT_EQ(notice(), below);
+        open();
+        dialog_->choose(host_.folder / "empty");
+        press("Command1");
+        EXPECT_EQ(notice(), none);
+        EXPECT_EQ(player().stdSS().ListCount(), 0);
+        advance(10000);
+        EXPECT_EQ(notice(), "");
+    }
+    EXPECT_THAT(host_.dialogs.boxes, testing::IsEmpty());
 }
 
 TEST_F(OpenDirectoryDialog, addsAnotherFolder) {

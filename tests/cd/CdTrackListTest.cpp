@@ -154,12 +154,15 @@ TEST(Seconds2HMS, ofMinutesAndHours) {
     EXPECT_EQ(cd::Seconds2HMS(4441), "1:14:01");
 }
 
-TEST_F(CdTrackList, numbersMayBeSeparated) {
-    insert({{10, 20}});
-    state_.comfort.separatesNumbers = true;
-    loadText("TITLE0=Album|TITLE1=Song|PERFORMER1=Singer|TITLE2=2 More");
-    EXPECT_EQ(tracks_.text(1, playlist::RowText::Title), "1. Song / Singer");
-    EXPECT_EQ(tracks_.text(2, playlist::RowText::Title), "2. 2 More / ");
+TEST_F(CdTrackList, theNumberMayBeLeftToTheRow) {
+    insert({{10, 20, 30, 40}});
+    state_.comfort.leavesNumberToRow = true;
+    loadText("TITLE0=Album|TITLE1=Song|PERFORMER1=Singer|TITLE2=2 More|TITLE3=A = B |PERFORMER3= |"
+             "PERFORMER4=Band");
+    EXPECT_THAT(rowsOf(tracks_),
+                ElementsAre("D:\\Track01.cda|Song / Singer|00:10|10",
+                            "D:\\Track02.cda|2 More|00:20|20", "D:\\Track03.cda|A = B|00:30|30",
+                            "D:\\Track04.cda|Track 4 / Band|00:40|40"));
 }
 
 TEST_F(CdTrackList, aTrackThatTheDiscDoesNotHaveMayBePassedOver) {

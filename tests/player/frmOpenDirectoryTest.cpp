@@ -2,6 +2,7 @@
 // Adding a folder, and the buttons that take rows away, also in the middle of it.
 #include "player/frmOpenDirectory.h"
 
+#include "base/ComfortTable.h"
 #include "player/ListButtons.h"
 #include "player/PlayerRig.h"
 #include "playlist/ListUndo.h"
@@ -43,6 +44,17 @@ protected:
         dialog_.Command1_Click(music_, subfolders);
     }
 
+    /// What an add tells of a folder in which it finds nothing.
+    [[nodiscard]] std::vector<std::string> toldOf(bool subfolders) {
+        std::vector<std::string> told;
+        dialog_.foundNothing = [&told](const std::string& folder, bool hasFolders) {
+            told.push_back(folder + (hasFolders ? " below" : ""));
+        };
+        add(subfolders);
+        dialog_.foundNothing = {};
+        return told;
+    }
+
     /// Each row as "name|title", the name told from the folder.
     [[nodiscard]] std::vector<std::string> rows() {
         std::vector<std::string> rows;
@@ -81,6 +93,25 @@ protected:
     playlist::PlaylistFiles files_{list_, pump_, host_.paths};
     player::ListButtons buttons_{core_, files_, dialog_};
 };
+
+TEST_F(OpenDirectoryTest, aFolderWithoutMusicMayBeTold) {
+    make({"cover.jpg", "d/a.mp3"});
+    EXPECT_THAT(toldOf(false), IsEmpty());
+    state_.comfort = base::ComfortChoices{.master = true}.record();
+    EXPECT_THAT(toldOf(false), ElementsAre(music_ + " below"));
+    EXPECT_THAT(toldOf(true), IsEmpty());
+    EXPECT_THAT(rows(), ElementsAre("d/a.mp3|a"));
+    std::filesystem::remove_all(music_ + "/d");
+    EXPECT_THAT(toldOf(false), ElementsAre(music_));
+    EXPECT_THAT(toldOf(true), ElementsAre(music_));
+    state_.comfort = {.tellsEmptyFolder = true}; // of the files one by one
+    EXPECT_THAT(toldOf(false), ElementsAre(music_));
+    pump_.inStep = [this] {
+        dialog_.cancel();
+        return true;
+    };
+    EXPECT_THAT(toldOf(false), IsEmpty()) << "the list was cleared meanwhile";
+}
 
 TEST_F(OpenDirectoryTest, whatTheDialogBeginsWith) {
     state_.DirAddIdle = true;
