@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Autoload.h"
 
+#include "playlist/FollowedRows.h"
+
+#include <vector>
+
 namespace tovik::app {
 
 Autoload::Autoload(const LastSession::Needs& session, Lists& lists, const StartFile& startFile)
@@ -29,9 +33,10 @@ void Autoload::autoload_playlist() {
     config::guard(core_.errors, config::player("Autoload_Playlist"), [this] {
         // Rows of the start's files sound already, and are behind the saved ones like all that is
         // added.
-        const playlist::Row added = core_.lists.stdSS.ListCount();
+        // Which they are by then is asked behind the read, in which the user may change the list.
+        const playlist::FollowedRows added(core_.lists.stdSS);
         lists_.load();
-        core_.lists.stdSS.moveToEnd(added);
+        core_.lists.stdSS.moveToEnd(std::vector(added.rows()));
         lists_.undo.forget();
         if (!core_.state.NoCommandLine && core_.state.IsPlaying) {
             return;

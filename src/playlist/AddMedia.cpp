@@ -93,7 +93,16 @@ void appendItem(stdSS& list, const MediaItem& item) {
                  item.kind == MediaItem::Kind::found ? kFoundTime : kNoTime, 0);
 }
 
-AddMedia::AddMedia(const Needs& needs, Title title) : p_(needs), title_(std::move(title)) {}
+AddMedia::AddMedia(const Needs& needs, Title title) : p_(needs), title_(std::move(title)) {
+    p_.list.addObserver(*this);
+}
+
+AddMedia::~AddMedia() {
+    p_.list.removeObserver(*this);
+    for (const auto& cancelled : running_) {
+        *cancelled = true;
+    }
+}
 
 void AddMedia::Add_file() {
     const bool lists = p_.list.comfort().opensDroppedLists;
@@ -224,7 +233,7 @@ AddMedia::ListRead AddMedia::readList(const std::string& path) const {
     return {entriesOf(rows), failure};
 }
 
-void AddMedia::cancel() {
+void AddMedia::rowsCleared() {
     for (const auto& cancelled : running_) {
         *cancelled = true;
     }

@@ -31,7 +31,7 @@ void appendItem(stdSS& list, const MediaItem& item);
 
 /// A row gets the name of its file with the extension as its title, and no length: both come when
 /// it is first played.
-class AddMedia {
+class AddMedia final : private ListObserver {
 public:
     /// The words for the title of a dialog, asked for each time.
     using Title = std::function<std::string()>;
@@ -50,7 +50,7 @@ public:
 
     AddMedia(const Needs& needs, Title title);
 
-    ~AddMedia() { cancel(); }
+    ~AddMedia() override;
 
     AddMedia(const AddMedia&) = delete;
     AddMedia& operator=(const AddMedia&) = delete;
@@ -68,15 +68,16 @@ public:
     void Stdss_OleDragDrop(std::span<const std::string> paths);
 
     /// Appends what these paths and addresses stand for, as one step that can be undone. Gives way
-    /// again and again; ends early with the program or when it is cancelled. Raises, once all the
-    /// rest is added, why the first of the others cannot be read, and what reading a list raises.
+    /// again and again; ends early with the program or when the list is cleared, by whatever takes
+    /// its place. Raises, once all the rest is added, why the first of the others cannot be read,
+    /// and what reading a list raises.
     void add(std::span<const std::string> paths, const MediaSearch& search,
              const Began& began = {});
 
-    /// The list was cleared: what is being added is given up.
-    void cancel();
-
 private:
+    /// What is being added is given up.
+    void rowsCleared() override;
+
     [[nodiscard]] static bool looksAtDisk(std::span<const std::string> paths);
     void addRow(const std::string& path);
 

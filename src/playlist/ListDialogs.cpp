@@ -50,6 +50,7 @@ constexpr int kAskNotice = 13;
 constexpr int kReplaceNotice = 14;
 constexpr int kAppendNotice = 15;
 constexpr int kNoListNotice = 16;
+constexpr int kEmptyNotice = 22;
 
 struct Form {
     std::string_view extension;
@@ -154,19 +155,20 @@ void ListDialogs::loadAsOfOld(const std::string& path) {
 
 void ListDialogs::load(const std::string& path) {
     try {
-        const auto entries = needs_.files.readList(path);
-        if (!entries) {
+        const auto content = needs_.files.readList(path);
+        if (!content) {
             return;
         }
-        if (entries->empty()) {
-            needs_.dialogs.showMessage({.text = notice(kNoListNotice, path),
+        if (content->entries.empty()) {
+            const int words = content->isList ? kEmptyNotice : kNoListNotice;
+            needs_.dialogs.showMessage({.text = notice(words, path),
                                         .title = host::kProgramTitle,
                                         .icon = host::MessageIcon::Exclamation});
             return;
         }
         const ListUndo::Step step(needs_.list); // what goes and what comes, in one
         if (mayCome(path)) {
-            needs_.files.append(*entries);
+            needs_.files.append(content->entries);
         }
     } catch (const base::RuntimeError& error) {
         needs_.errors.reportAndTell(base::withPlace(error, path), config::player("Load"));

@@ -16,6 +16,7 @@ namespace {
 constexpr std::string_view kFileScheme = "file://";
 constexpr std::string_view kHere = "./";
 constexpr std::string_view kServer = R"(\\)";
+constexpr std::string_view kBehindScheme = "://";
 constexpr std::string_view kCdExtension = "cda";
 
 bool isLetter(char character) {
@@ -33,10 +34,12 @@ bool isCdTrack(std::string_view name) {
     return base::equalsIgnoringCase(get_extension(name), kCdExtension);
 }
 
-/// With "/" between its folders.
+/// With "/" between its folders. In what begins at the root or with "./" a "\" beside them is a
+/// letter: other systems write neither.
 std::string slashed(std::string_view name) {
     std::string path(name);
-    if (!isOfOtherSystem(name) && !isCdTrack(name) && base::separatorOf(name) == '\\') {
+    const bool ownSystem = name.starts_with('/') || name.starts_with(kHere);
+    if (!ownSystem && !isOfOtherSystem(name) && !isCdTrack(name)) {
         std::ranges::replace(path, '\\', '/');
     }
     return path;
@@ -47,6 +50,26 @@ std::string placed(const std::string& name, std::string_view folder) {
     return name.empty() || isOfOtherSystem(name) || isCdTrack(name)
                ? name
                : base::absolutePath(name, folder);
+}
+
+/// Where the path of an address begins, or would; 0 for what is none.
+std::size_t pathOnServer(std::string_view address) {
+    if (!base::isUrl(address)) {
+        return 0;
+    }
+    const std::size_t server = address.find(kBehindScheme) + kBehindScheme.size();
+    return std::min(address.find('/', server), address.size());
+}
+
+/// A relative reference from the folder of a server (RFC 3986, 5.2; dots stay for the server).
+std::string placedOnServer(std::string_view reference, std::string_view folder) {
+    if (reference.starts_with("//")) {
+        return std::string(folder.substr(0, folder.find(':') + 1)).append(reference);
+    }
+    if (reference.starts_with('/')) {
+        return std::string(folder.substr(0, pathOnServer(folder))).append(reference);
+    }
+    return std::string(folder).append(folder.ends_with('/') ? "" : "/").append(reference);
 }
 
 /// The path from the folder to a file below it.
@@ -104,8 +127,7 @@ std::string nameInList(std::string_view fileName, std::string_view folder) {
     const bool isPlain = !path->starts_with('#') && !path->starts_with('/') &&
                          !path->starts_with(' ') && !path->starts_with('\t') &&
                          !path->starts_with(kHere) && path->find(':') == std::string_view::npos &&
-                         (path->find('\\') == std::string_view::npos ||
-                          (path->find('/') != std::string_view::npos && !isOfOtherSystem(*path)));
+                         path->find('\\') == std::string_view::npos;
     return (isPlain ? "" : std::string(kHere)).append(*path);
 }
 
@@ -113,8 +135,32 @@ std::string resolvedReference(std::string_view reference, std::string_view folde
     if (auto path = base::pathFromFileUrl(reference)) {
         return *std::move(path);
     }
-    return base::isUrl(reference) ? std::string(reference)
-                                  : placed(unescaped(slashed(reference)), folder);
+    if (base::isUrl(reference)) {
+        return std::string(reference);
+    }
+    return base::isUrl(folder) ? placedOnServer(reference, folder)
+                               : placed(unescaped(slashed(reference)), folder);
+}
+
+std::string baseFolder(std::string_view reference, std::string_view outer) {
+    std::string whole = resolvedReference(reference, outer);
+    if (base::isUrl(whole)) {
+        whole.erase(std::min(whole.find_first_of("?#"), whole.size()));
+    } else if (!whole.starts_with('/')) {
+        return std::string(outer); // of another system, from where nothing here counts
+    }
+    const std::string_view part = base::lastPart(whole);
+    if (part.empty() || part == "." || part == "..") {
+        return whole;
+    }
+    // Without a path it is the server itself.
+    const std::size_t path = pathOnServer(whole);
+    const std::size_t end = whole.size() - part.size();
+    return end < path ? whole : whole.substr(0, end);
+}
+
+bool canBePlayed(std::string_view file) {
+    return file.starts_with('/') || base::isWebUrl(file) || isCdTrack(file);
 }
 
 std::string referenceInList(std::string_view fileName, std::string_view folder) {

@@ -104,7 +104,29 @@ void ListUndo::undo() {
     if (changes_.empty()) {
         return;
     }
-    undoing_ = true;
+
+    /// Where taking back breaks off, the places of what is left fit no more.
+    class Undoing {
+    public:
+        explicit Undoing(ListUndo& undo) : undo_(undo) { undo_.undoing_ = true; }
+
+        ~Undoing() {
+            undo_.undoing_ = false;
+            if (!done) {
+                undo_.forget();
+            }
+        }
+
+        Undoing(const Undoing&) = delete;
+        Undoing& operator=(const Undoing&) = delete;
+
+        bool done = false;
+
+    private:
+        ListUndo& undo_;
+    };
+
+    Undoing undoing(*this);
     const std::uint64_t step = changes_.back().step;
     do {
         Change change = std::move(changes_.back());
@@ -112,7 +134,7 @@ void ListUndo::undo() {
         takeBack(std::move(change));
     } while (step != 0 && !changes_.empty() && changes_.back().step == step);
     --steps_;
-    undoing_ = false;
+    undoing.done = true;
 }
 
 void ListUndo::takeBack(Change change) {

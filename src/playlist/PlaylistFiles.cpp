@@ -10,6 +10,7 @@
 #include "host/BesideJob.h"
 #include "playlist/FileNames.h"
 #include "playlist/M3uList.h"
+#include "playlist/PlsFormat.h"
 #include "playlist/PlsList.h"
 #include "playlist/stdSS.h"
 #include "playlist/XspfList.h"
@@ -29,32 +30,27 @@ struct WholeText {
     std::string text{};
 };
 
+void read(const std::string& path, WholeText& into) {
+    into.failure = base::readWholeFile(path, into.text);
+    into.text = base::withoutByteOrderMark(std::move(into.text));
+}
+
 /// The text of a file; nothing when the program is ending. A disk that does not answer holds up
 /// nobody but the list.
 std::shared_ptr<const WholeText> readText(const std::string& path, host::MessagePump& pump) {
-    const auto read = std::make_shared<WholeText>();
-    const bool done = host::runBeside(pump, [read, path] {
-        read->failure = base::readWholeFile(path, read->text);
-        read->text = base::withoutByteOrderMark(std::move(read->text));
-    });
-    return done ? read : nullptr;
+    const auto whole = std::make_shared<WholeText>();
+    return host::runBeside(pump, [whole, path] { read(path, *whole); }) ? whole : nullptr;
 }
+
+/// A document is taken apart where it is read: what is long holds up nobody.
+struct WholeList {
+    WholeText whole{};
+    ListForm form = ListForm::M3u;
+    std::optional<std::vector<ListEntry>> tracks{}; ///< of an XSPF file
+};
 
 /// Of a read that no clear button ends.
 constexpr bool kNeverStops = false;
-
-ReadEnd appendAny(ListForm form, std::string_view text, stdSS& list, host::MessagePump& pump,
-                  const ListManner& manner) {
-    switch (form) {
-    case ListForm::Pls:
-        return appendPls(text, list, pump, manner);
-    case ListForm::Xspf:
-        return appendXspf(text, list, pump, manner);
-    case ListForm::M3u:
-        break;
-    }
-    return appendM3u(text, list, pump, kNeverStops, manner);
-}
 
 } // namespace
 
@@ -113,27 +109,43 @@ void PlaylistFiles::open(const std::string& path, ListForm form, stdSS& into) {
         }
         break;
     case ListForm::Xspf:
-        if (const auto entries = readList(path)) {
-            append(*entries, into);
+        if (const auto content = readList(path)) {
+            append(content->entries, into);
         }
         break;
     }
 }
 
-std::optional<std::vector<ListEntry>> PlaylistFiles::readList(const std::string& path) {
-    const auto read = readText(path, pump_);
-    if (!read) {
-        return std::nullopt;
-    }
-    base::raiseFailure(read->failure);
+std::optional<ListContent> PlaylistFiles::readList(const std::string& path) {
     const ListManner manner = mannerOf(path);
-    const ListForm named = listFormOf(path, manner.comfort).value_or(ListForm::M3u);
-    const ListForm form = manner.comfort.opensMoreLists ? listFormIn(read->text, named) : named;
-    stdSS rows;
-    if (appendAny(form, read->text, rows, pump_, manner) == ReadEnd::ProgramEnding) {
+    const auto list = std::make_shared<WholeList>();
+    if (!host::runBeside(pump_, [list, path, manner] {
+            read(path, list->whole);
+            const ListForm named = listFormOf(path, manner.comfort).value_or(ListForm::M3u);
+            list->form =
+                manner.comfort.opensMoreLists ? listFormIn(list->whole.text, named) : named;
+            if (list->form == ListForm::Xspf) {
+                list->tracks = xspfEntries(list->whole.text, manner);
+            }
+        })) {
         return std::nullopt;
     }
-    return entriesOf(rows);
+    base::raiseFailure(list->whole.failure);
+    if (list->form == ListForm::Xspf) {
+        return ListContent{.entries = std::move(list->tracks).value_or(std::vector<ListEntry>()),
+                           .isList = list->tracks.has_value()};
+    }
+    const std::string_view text = list->whole.text;
+    stdSS rows;
+    const ReadEnd end = list->form == ListForm::Pls
+                            ? appendPls(text, rows, pump_, manner)
+                            : appendM3u(text, rows, pump_, kNeverStops, manner);
+    if (end == ReadEnd::ProgramEnding) {
+        return std::nullopt;
+    }
+    return ListContent{.entries = entriesOf(rows),
+                       .isList = rows.ListCount() > 0 || list->form == ListForm::M3u ||
+                                 PlsKeys(text).isPlaylist()};
 }
 
 void PlaylistFiles::append(std::span<const ListEntry> entries, stdSS& into) {

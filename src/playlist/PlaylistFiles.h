@@ -6,10 +6,10 @@
 #include "base/Comfort.h"
 #include "host/MessagePump.h"
 #include "host/Paths.h"
+#include "playlist/ListEntry.h"
 #include "playlist/ListForm.h"
 #include "playlist/ListManner.h"
 
-#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -19,14 +19,10 @@ namespace tovik::playlist {
 
 class stdSS;
 
-/// An entry of a list file, as it becomes a row.
-struct ListEntry {
-    std::string fileName{};
-    std::string title{};
-    std::string timeText{};
-    std::int32_t seconds = 0;
-
-    friend bool operator==(const ListEntry&, const ListEntry&) = default;
+/// What stands in a list file.
+struct ListContent {
+    std::vector<ListEntry> entries{};
+    bool isList = true; ///< false: the text is no playlist at all
 };
 
 /// The rows of a list as entries.
@@ -72,10 +68,10 @@ public:
     /// The same into another list. What was read before something is raised is in it.
     void open(const std::string& path, ListForm form, stdSS& into);
 
-    /// The entries of a list file of any form, without a change of the list. Which form tells the
+    /// What a list file of any form holds, without a change of the list. Which form tells the
     /// extension (M3U where it tells none), and with `Comfort::opensMoreLists` the text before
     /// that. Nothing when the program is ending. Raises as `open_m3u`.
-    [[nodiscard]] std::optional<std::vector<ListEntry>> readList(const std::string& path);
+    [[nodiscard]] std::optional<ListContent> readList(const std::string& path);
 
     /// Appends entries, all at once.
     void append(std::span<const ListEntry> entries) { append(entries, list_); }

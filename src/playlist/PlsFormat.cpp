@@ -20,7 +20,7 @@ constexpr std::string_view kFile = "File";
 constexpr std::string_view kTitle = "Title";
 constexpr std::string_view kLength = "Length";
 
-bool isPlaylist(std::string_view heading) {
+bool beginsPlaylist(std::string_view heading) {
     return heading.ends_with(']') &&
            base::equalsIgnoringCase(base::trimmed(heading.substr(1, heading.size() - 2)),
                                     kSection.substr(1, kSection.size() - 2));
@@ -60,7 +60,8 @@ PlsKeys::PlsKeys(std::string_view text) {
             if (inside) {
                 break;
             }
-            inside = isPlaylist(trimmed);
+            inside = beginsPlaylist(trimmed);
+            isPlaylist_ = inside;
         } else if (inside) {
             takeLine(*line);
         }

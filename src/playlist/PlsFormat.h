@@ -25,6 +25,9 @@ class PlsKeys {
 public:
     explicit PlsKeys(std::string_view text);
 
+    /// Whether there is such a section.
+    [[nodiscard]] bool isPlaylist() const noexcept { return isPlaylist_; }
+
     /// The value of "NumberOfEntries"; nothing where it is missing.
     [[nodiscard]] std::optional<std::string_view> numberOfEntries() const noexcept {
         return numberOfEntries_;
@@ -50,6 +53,7 @@ private:
 
     void takeLine(std::string_view line);
 
+    bool isPlaylist_ = false;
     std::optional<std::string_view> numberOfEntries_{};
     std::vector<Key> keys_; ///< by their numbers, those of one number as they stand in the file
     std::size_t next_ = 0;  ///< the first that was not asked for yet

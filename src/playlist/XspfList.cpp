@@ -26,21 +26,52 @@ constexpr std::string_view kLocation = "location";
 constexpr std::string_view kTitle = "title";
 constexpr std::string_view kCreator = "creator";
 constexpr std::string_view kDuration = "duration";
+constexpr std::string_view kBase = "xml:base";
 
 constexpr double kMillisecondsPerSecond = 1000;
 
-/// The text of a child, on one line and without what stands round it.
-std::string lineOf(const XmlElement& track, std::string_view name) {
-    const XmlElement* const child = track.child(name);
-    if (child == nullptr) {
-        return {};
-    }
-    std::string text = child->text;
+/// On one line and without what stands round it.
+std::string lineOf(std::string text) {
     std::ranges::replace_if(
         text,
         [](char character) { return character == '\n' || character == '\r' || character == '\t'; },
         ' ');
     return std::string(base::trimmed(text));
+}
+
+/// The text of a child.
+std::string lineOf(const XmlElement& track, std::string_view name) {
+    const XmlElement* const child = track.child(name);
+    return child == nullptr ? std::string() : lineOf(child->text);
+}
+
+/// From where the references in an element count: its own base, which counts from that round it.
+std::string baseOf(const XmlElement& element, const std::string& outer) {
+    const auto own = std::ranges::find(element.attributes, kBase,
+                                       &decltype(element.attributes)::value_type::first);
+    const std::string reference =
+        own == element.attributes.end() ? std::string() : lineOf(own->second);
+    return reference.empty() ? outer : baseFolder(reference, outer);
+}
+
+/// The file or address of a track; empty without a location.
+std::string fileOf(const XmlElement& track, const std::string& outer) {
+    const std::string trackBase = baseOf(track, outer);
+    std::string first;
+    for (const XmlElement& child : track.children) {
+        const std::string location = child.name == kLocation ? lineOf(child.text) : std::string();
+        if (location.empty()) {
+            continue;
+        }
+        std::string file = resolvedReference(location, baseOf(child, trackBase));
+        if (canBePlayed(file)) {
+            return file;
+        }
+        if (first.empty()) {
+            first = std::move(file);
+        }
+    }
+    return first;
 }
 
 std::string titleOf(const XmlElement& track) {
@@ -64,28 +95,29 @@ XmlElement textElement(std::string_view name, std::string text) {
 
 } // namespace
 
-ReadEnd appendXspf(std::string_view text, stdSS& list, host::MessagePump& pump,
-                   const ListManner& manner) {
+std::optional<std::vector<ListEntry>> xspfEntries(std::string_view text, const ListManner& manner) {
     const std::optional<XmlElement> root = config::readXmlTree(text);
     const XmlElement* const tracks =
         root && root->name == kPlaylist ? root->child(kTrackList) : nullptr;
     if (tracks == nullptr) {
-        return ReadEnd::Complete;
+        return std::nullopt;
     }
+    const std::string outer = baseOf(*tracks, baseOf(*root, manner.folder));
+    std::vector<ListEntry> entries;
+    entries.reserve(tracks->children.size());
     for (const XmlElement& track : tracks->children) {
-        const std::string location = lineOf(track, kLocation);
-        if (track.name != kTrack || location.empty()) {
+        std::string file = track.name == kTrack ? fileOf(track, outer) : std::string();
+        if (file.empty()) {
             continue;
         }
-        if (!pump.Step()) {
-            return ReadEnd::ProgramEnding;
-        }
-        const std::string file = resolvedReference(location, manner.folder);
         const std::int32_t seconds = secondsOf(track);
-        list.AddItem({}, file, titleOfEntry(titleOf(track), file, manner), base::lastFive(seconds),
-                     seconds);
+        std::string title = titleOfEntry(titleOf(track), file, manner);
+        entries.push_back({.fileName = std::move(file),
+                           .title = std::move(title),
+                           .timeText = base::lastFive(seconds),
+                           .seconds = seconds});
     }
-    return ReadEnd::Complete;
+    return entries;
 }
 
 std::string xspfText(const stdSS& list, const ListManner& manner) {

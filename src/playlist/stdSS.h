@@ -83,8 +83,9 @@ public:
     /// the played mark see `movedMark` in stdSSMove.cpp.
     void MoveRow(Row row, Row before);
 
-    /// Takes the first rows to the end of the list, looks and selection included.
-    void moveToEnd(Row count);
+    /// Takes these rows, which are there, in ascending order, to the end of the list, looks and
+    /// selection included.
+    void moveToEnd(std::span<const Row> rows);
 
     /// Puts back what was removed, to the places that it names; what was selected of it then is so
     /// again. What plays has its look again unless something was started since. Nothing happens

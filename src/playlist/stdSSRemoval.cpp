@@ -174,23 +174,23 @@ void stdSS::removeRange(Row first, Row count) {
     }
 }
 
-void stdSS::moveToEnd(Row count) {
-    if (count < 1 || count >= ListCount()) {
+void stdSS::moveToEnd(std::span<const Row> rows) {
+    const auto count = static_cast<Row>(rows.size());
+    if (rows.empty() || rows.front() > ListCount() - count) {
         return;
     }
-    std::vector<Row> rows(static_cast<std::size_t>(count));
-    std::iota(rows.begin(), rows.end(), 1);
     const Row selected = SelectedIndex;
-    RemovedRows first = take(rows);
+    RemovedRows moved = take(rows);
     const Row before = ListCount();
-    for (Row& place : first.places) {
-        place += before;
+    for (Row* const number : {&moved.selected, &moved.played, &moved.sounding}) {
+        const auto place = std::ranges::find(moved.places, *number);
+        *number = place == moved.places.end()
+                      ? 0
+                      : before + 1 + static_cast<Row>(place - moved.places.begin());
     }
-    for (Row* const number : {&first.selected, &first.played, &first.sounding}) {
-        *number += *number != 0 ? before : 0;
-    }
-    SelectedIndex = selected > count ? selected - count : 0;
-    putBack(std::move(first));
+    std::iota(moved.places.begin(), moved.places.end(), before + 1);
+    SelectedIndex = rowBehind(rows, selected);
+    putBack(std::move(moved));
 }
 
 } // namespace tovik::playlist

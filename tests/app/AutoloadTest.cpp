@@ -38,6 +38,26 @@ TEST_F(Autoload, theListComesBackWithoutASelectionAndNothingPlays) {
     EXPECT_EQ(player().state().TracksStarted, 0);
 }
 
+TEST_F(Autoload, rowsOfTheStartComeBehindTheSavedOnesWhateverTheUserDoesMeanwhile) {
+    start();
+    for (const char* title : {"x", "y", "z"}) { // as of files that were named at the start
+        player().stdSS().AddItem("", track(title), title, "", 0);
+    }
+    std::unique_ptr<host::Timer> user;
+    user = host_.clock.makeTimer([&] {
+        user->setEnabled(false);
+        player().stdSS().Remove(2);
+    });
+    user->setInterval(100);
+    user->setEnabled(true); // due in the load, not before it
+    advance(100);
+    std::vector<std::string> titles;
+    for (playlist::Row row = 1; row <= player().stdSS().ListCount(); ++row) {
+        titles.emplace_back(player().stdSS().text(row, RowText::Title));
+    }
+    EXPECT_THAT(titles, ElementsAre("One", "Two", "x", "z"));
+}
+
 TEST_F(Autoload, playWithoutASelectionStartsTheFirstRow) {
     start();
     advance(100);

@@ -63,6 +63,22 @@ TEST_F(DiscsTest, theMenuPoursADiscIntoThePlaylist) {
     EXPECT_EQ(player().stdSS().text(2, playlist::RowText::FileName), "E:\\Track02.cda");
 }
 
+TEST_F(DiscsTest, aDiscEndsWhatIsBeingAdded) {
+    options_.comfort = true;
+    insert({{10}, {20, 30}});
+    start();
+    advance(1000);
+    std::vector<std::string> paths;
+    for (int i = 0; i < 500; ++i) { // gives way in between
+        paths.push_back(host_.folder.write("m/" + std::to_string(i) + ".mp3", "x"));
+    }
+    player().filling().media.add(paths, {}, [this](playlist::Row) {
+        EXPECT_TRUE(player().commands().run(CommandId::playDrive2));
+    });
+    ASSERT_EQ(player().stdSS().ListCount(), 2);
+    EXPECT_EQ(player().stdSS().text(2, playlist::RowText::FileName), "E:\\Track02.cda");
+}
+
 TEST_F(DiscsTest, theRipPanelLooksAnewAndWatchesTheDrive) {
     insert({{10}});
     start();

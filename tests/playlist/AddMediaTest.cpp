@@ -2,6 +2,7 @@
 #include "playlist/AddMedia.h"
 
 #include "config/ErrHandler.h"
+#include "playlist/FollowedRows.h"
 #include "playlist/ListMirror.h"
 #include "playlist/Lists.h"
 #include "playlist/ListUndo.h"
@@ -203,9 +204,9 @@ TEST_F(ComfortAddMediaTest, theFirstRowIsItsOwnWhateverComesWhileAListIsRead) {
     test::ScriptedPump pump;
     pump.inStep = [&] {
         if (pump.steps == 1) {
-            const Row added = list.ListCount();
+            const FollowedRows added(list);
             list.AddItem("", "/saved", "saved", "", 0);
-            list.moveToEnd(added);
+            list.moveToEnd(std::vector(added.rows()));
         }
         return true;
     };
@@ -227,14 +228,44 @@ TEST_F(ComfortAddMediaTest, whatStandsBeforeABadLineOfAListIsAdded) {
     EXPECT_EQ(host.dialogs.boxes.size(), 1U);
 }
 
-TEST_F(ComfortAddMediaTest, itCanBeCancelled) {
-    media.add(std::vector<std::string>{host.folder / "x.wav", host.folder / "m"}, {}, [this](Row) {
-        media.cancel();
-        list.Clear();
-    });
+TEST_F(ComfortAddMediaTest, itEndsWhereTheListIsCleared) {
+    media.add(std::vector<std::string>{host.folder / "x.wav", host.folder / "m"}, {},
+              [this](Row) { list.Clear(); });
     EXPECT_EQ(list.ListCount(), 0);
     drop({"m"}); // the next one runs whole
     EXPECT_EQ(list.ListCount(), 2);
+}
+
+TEST_F(ComfortAddMediaTest, soDoesTheListThatIsBeingRead) {
+    /// The user clears the list as soon as a row is there.
+    class ClearingPump final : public host::MessagePump {
+    public:
+        explicit ClearingPump(stdSS& rows) : rows_(rows) {}
+
+        [[nodiscard]] bool Step() override {
+            if (rows_.ListCount() > 0) {
+                rows_.Clear();
+            }
+            return true;
+        }
+
+    private:
+        stdSS& rows_;
+    };
+
+    comfort.readsOnAfterStop = comfort.readsAllOfPls = true;
+    host.folder.write("three.pls", "[playlist]\nFile1=/one\nFile2=/two\nFile3=/three\n");
+    ClearingPump pump(list);
+    PlaylistFiles reader(list, pump, host.paths);
+    reader.obey(comfort);
+    AddMedia adding(
+        {.list = list, .files = reader, .dialogs = host.dialogs, .pump = pump, .errors = errors},
+        {});
+    for (const char* name : {"three.m3u", "three.pls"}) {
+        adding.Stdss_OleDragDrop(std::vector{host.folder / name, host.folder / "x.wav"});
+        EXPECT_EQ(list.ListCount(), 0) << name;
+    }
+    EXPECT_THAT(host.dialogs.boxes, IsEmpty());
 }
 
 } // namespace

@@ -141,15 +141,21 @@ TEST_F(ComfortableDialogsTest, aListThatReplacesTheOthersEndsTheAutomaticLoad) {
 
 TEST_F(ComfortableDialogsTest, noRowIsLostToAListThatCannotBeRead) {
     fill(list, {"old"});
-    host.dialogs.answers = {MessageAnswer::Ok, MessageAnswer::Ok, MessageAnswer::Ok};
+    host.dialogs.answers.assign(6, MessageAnswer::Ok);
     load(host.folder / "none.m3u");
     load(host.folder.write("bad.xspf", "<playlist"));
+    load(host.folder.write("bad.pls", "File1=/a\n"));
+    load(host.folder.write("empty.pls", "[playlist]\nNumberOfEntries=0\n"));
+    load(host.folder.write("empty.xspf", "<playlist><trackList/></playlist>"));
     load(host.folder.write("empty.m3u", "#EXTM3U\n"));
     EXPECT_THAT(titlesOf(list), ElementsAre("old"));
-    ASSERT_EQ(host.dialogs.boxes.size(), 3U);
+    ASSERT_EQ(host.dialogs.boxes.size(), 6U);
     EXPECT_THAT(host.dialogs.boxes[0].text, HasSubstr("none.m3u"));
     EXPECT_EQ(host.dialogs.boxes[1].text, "16 bad.xspf");
-    EXPECT_EQ(host.dialogs.boxes[2].text, "16 empty.m3u");
+    EXPECT_EQ(host.dialogs.boxes[2].text, "16 bad.pls");
+    EXPECT_EQ(host.dialogs.boxes[3].text, "22 empty.pls");
+    EXPECT_EQ(host.dialogs.boxes[4].text, "22 empty.xspf");
+    EXPECT_EQ(host.dialogs.boxes[5].text, "22 empty.m3u");
 }
 
 } // namespace

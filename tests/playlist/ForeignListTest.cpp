@@ -157,28 +157,28 @@ TEST_F(ForeignListTest, aListIsReadWithoutAChangeOfTheRows) {
     fill(list, {"before"});
     const std::string path = folder.write("x.m3u", "#EXTINF:65,A\na.mp3\n");
     comfort.resolvesNames = true;
-    const auto entries = files.readList(path);
-    ASSERT_TRUE(entries.has_value());
+    const auto content = files.readList(path);
+    ASSERT_TRUE(content.has_value());
     EXPECT_THAT(
-        *entries,
+        content->entries,
         ElementsAre(ListEntry{
             .fileName = folder / "a.mp3", .title = "A", .timeText = "01:05", .seconds = 65}));
     EXPECT_EQ(list.ListCount(), 1);
-    files.append(*entries);
+    files.append(content->entries);
     EXPECT_THAT(titlesOf(list), ElementsAre("before", "A"));
     EXPECT_THROW(static_cast<void>(files.readList(folder / "none.m3u")), base::RuntimeError);
     pump.goesOn = false;
-    EXPECT_EQ(files.readList(path), std::nullopt) << "the program is ending";
+    EXPECT_FALSE(files.readList(path).has_value()) << "the program is ending";
 }
 
 TEST_F(ForeignListTest, theTextTellsTheFormWhereTheNameIsWrong) {
     const std::string path =
         folder.write("x.m3u", "[playlist]\nNumberOfEntries=1\nFile1=/a\nTitle1=A\n");
     ASSERT_TRUE(files.readList(path).has_value());
-    EXPECT_EQ(files.readList(path)->size(), 4U) << "every line an entry";
+    EXPECT_EQ(files.readList(path)->entries.size(), 4U) << "every line an entry";
     comfort.opensMoreLists = true;
-    ASSERT_EQ(files.readList(path)->size(), 1U);
-    EXPECT_EQ(files.readList(path)->front().fileName, "/a");
+    ASSERT_EQ(files.readList(path)->entries.size(), 1U);
+    EXPECT_EQ(files.readList(path)->entries.front().fileName, "/a");
 }
 
 } // namespace

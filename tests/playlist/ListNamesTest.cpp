@@ -19,7 +19,9 @@ TEST(ListNames, relativeNamesCountFromTheFolder) {
              {R"(sub\deep\a.mp3)", "/l/sub/deep/a.mp3"},
              {R"(..\a.mp3)", "/l/../a.mp3"},
              {R"(.\a.mp3)", "/l/a.mp3"},
-             {R"(sub/AC\DC.mp3)", R"(/l/sub/AC\DC.mp3)"},
+             {R"(Music/Sub\a.mp3)", "/l/Music/Sub/a.mp3"},
+             {R"(../Music\Sub/a.mp3)", "/l/../Music/Sub/a.mp3"},
+             {R"(./sub/AC\DC.mp3)", R"(/l/sub/AC\DC.mp3)"},
              {"100%25.mp3", "/l/100%25.mp3"},
          })) {
         EXPECT_EQ(resolvedName(name, "/l"), file) << name;
@@ -44,7 +46,7 @@ TEST(ListNames, filesBelowTheListAreNamedFromThere) {
              {"/l/# 1.mp3", "./# 1.mp3"},
              {"/l/ a.mp3", "./ a.mp3"},
              {R"(/l/AC\DC.mp3)", R"(./AC\DC.mp3)"},
-             {R"(/l/sub/AC\DC.mp3)", R"(sub/AC\DC.mp3)"},
+             {R"(/l/sub/AC\DC.mp3)", R"(./sub/AC\DC.mp3)"},
              {R"(/l/\\x/y.mp3)", R"(./\\x/y.mp3)"},
              {"/l/c:/a.mp3", "./c:/a.mp3"},
              {"/l/a://b.mp3", "./a://b.mp3"},
@@ -96,6 +98,7 @@ TEST(ListNames, references) {
     EXPECT_EQ(referenceInList("http://x/a?b=1&c", "/l"), "http://x/a?b=1&c");
     EXPECT_EQ(resolvedReference("sub/a%20b.mp3", "/l"), "/l/sub/a b.mp3");
     EXPECT_EQ(resolvedReference(R"(sub\a b.mp3)", "/l"), "/l/sub/a b.mp3");
+    EXPECT_EQ(resolvedReference(R"(Music/Sub\a%20b.mp3)", "/l"), "/l/Music/Sub/a b.mp3");
     EXPECT_EQ(resolvedReference("100%.mp3", "/l"), "/l/100%.mp3") << "an escape that is none";
     EXPECT_EQ(resolvedReference("/m/a%20b.mp3", "/l"), "/m/a b.mp3");
     EXPECT_EQ(resolvedReference("file:///m/a%20b.mp3", "/l"), "/m/a b.mp3");

@@ -7,6 +7,8 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
+#include <new>
 #include <random>
 
 namespace tovik::playlist {
@@ -178,14 +180,44 @@ TEST_F(ListUndoTest, soIsTheNumberOfRowsButForTheLastStep) {
 TEST_F(ListUndoTest, theFirstRowsGoToTheEnd) {
     list.SelectIndex(1);
     list.showSounding(2);
-    list.moveToEnd(2);
+    list.moveToEnd(std::array{1, 2});
     EXPECT_THAT(titlesOf(list), ElementsAre("c", "d", "e", "a", "b"));
     EXPECT_EQ(list.SelectedIndex, 4);
     EXPECT_EQ(playedRow(list), 5);
     EXPECT_EQ(list.TotalSeconds(), 15);
-    list.moveToEnd(5);
-    list.moveToEnd(0);
+    list.moveToEnd(std::array{4, 5});
+    list.moveToEnd({});
     EXPECT_THAT(titlesOf(list), ElementsAre("c", "d", "e", "a", "b"));
+    list.moveToEnd(std::array{1, 4});
+    EXPECT_THAT(titlesOf(list), ElementsAre("d", "e", "b", "c", "a"));
+    EXPECT_EQ(list.SelectedIndex, 5);
+    EXPECT_EQ(playedRow(list), 3);
+}
+
+TEST_F(ListUndoTest, itGoesOnBehindAStepThatBrokeOff) {
+    struct Fails final : ListObserver {
+        bool fails = true;
+
+        void rowsInserted(Row /*first*/, Row /*count*/) override {
+            if (fails) {
+                throw std::bad_alloc();
+            }
+        }
+    } observer;
+
+    list.Remove(5);
+    list.Remove(2);
+    list.addObserver(observer);
+    EXPECT_THROW(undo.undo(), std::bad_alloc);
+    EXPECT_FALSE(undo.canUndo()) << "nobody knows what came back";
+    observer.fails = false;
+    const auto before = titlesOf(list);
+    list.Remove(1);
+    EXPECT_TRUE(undo.canUndo());
+    undo.undo();
+    EXPECT_EQ(titlesOf(list), before);
+    EXPECT_FALSE(undo.canUndo());
+    list.removeObserver(observer);
 }
 
 TEST_F(ListUndoTest, whatDoesNotFitIsLeft) {

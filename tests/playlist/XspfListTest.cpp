@@ -10,21 +10,24 @@ namespace tovik::playlist {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
-
-class CountingPump final : public host::MessagePump {
-public:
-    int left = 100;
-
-    [[nodiscard]] bool Step() override { return left-- > 0; }
-};
 
 class XspfListTest : public testing::Test {
 protected:
+    using Entries = std::vector<ListEntry>;
+
     std::vector<std::string> rowsIn(std::string_view text) {
         stdSS rows;
-        EXPECT_EQ(appendXspf(text, rows, pump, manner), ReadEnd::Complete);
+        for (const ListEntry& entry : xspfEntries(text, manner).value_or(Entries())) {
+            rows.AddItem({}, entry.fileName, entry.title, entry.timeText, entry.seconds);
+        }
         return rowsOf(rows);
+    }
+
+    /// The file of a track with these children.
+    std::string fileOf(const std::string& inner) {
+        const Entries entries =
+            xspfEntries(tracks("<track>" + inner + "</track>"), manner).value_or(Entries());
+        return entries.empty() ? std::string() : entries.front().fileName;
     }
 
     [[nodiscard]] static std::string tracks(const std::string& inner) {
@@ -33,7 +36,6 @@ protected:
                inner + "</trackList></playlist>";
     }
 
-    CountingPump pump;
     stdSS list;
     ListManner manner{.comfort = {}, .folder = "/l"};
 };
@@ -49,7 +51,6 @@ TEST_F(XspfListTest, tracksBecomeRows) {
                       "</track><other/>")),
         ElementsAre("|/m/a b.mp3|A & B|03:35|215", "|/l/sub/x\xC4\x8D.ogg|C - T|00:00|0",
                     "|http://x/?a=1&b||00:00|0"));
-    EXPECT_EQ(pump.left, 97);
 }
 
 TEST_F(XspfListTest, otherWaysToWriteTheSame) {
@@ -72,16 +73,49 @@ TEST_F(XspfListTest, whatIsNoXspfGivesNothing) {
           "<playlist><track><location>/a</location></track></playlist>",
           "<!DOCTYPE p [<!ENTITY e '/a'>]><playlist><trackList><track><location>&e;</location>"
           "</track></trackList></playlist>"}) {
-        EXPECT_THAT(rowsIn(text), IsEmpty()) << text;
+        EXPECT_EQ(xspfEntries(text, manner), std::nullopt) << text;
     }
+    EXPECT_EQ(xspfEntries(tracks(""), manner), Entries()) << "a list without tracks is one";
 }
 
-TEST_F(XspfListTest, itEndsWithTheProgram) {
-    pump.left = 1;
-    const std::string track = "<track><location>/a</location></track>";
-    EXPECT_EQ(appendXspf(tracks(track + track + track), list, pump, manner),
-              ReadEnd::ProgramEnding);
-    EXPECT_EQ(list.ListCount(), 1);
+TEST_F(XspfListTest, theFirstLocationThatCanBePlayedCounts) {
+    const std::string first = "<location>magnet:?xt=urn:x</location>";
+    const std::string other = "<location>mms://x/a</location>";
+    const std::string none = "<location> </location>";
+    EXPECT_EQ(fileOf(other + "<location>a.mp3</location><location>b.mp3</location>"), "/l/a.mp3");
+    EXPECT_EQ(fileOf(other + none + "<location>HTTP://x/a</location>"), "HTTP://x/a");
+    EXPECT_EQ(fileOf("<location>C:\\a.mp3</location><location>/m/a.mp3</location>"), "/m/a.mp3");
+    EXPECT_EQ(fileOf("<location>file://other/a</location><location>D:\\Track01.cda</location>"),
+              "D:\\Track01.cda");
+    EXPECT_EQ(fileOf(none + other + "<location>rtsp://y</location>"), "mms://x/a") << "none can";
+    EXPECT_EQ(fileOf(none), "");
+    EXPECT_EQ(fileOf(first), "/l/magnet:?xt=urn:x") << "a name without \"//\" is a file's";
+}
+
+TEST_F(XspfListTest, relativeLocationsCountFromTheBase) {
+    const auto file = [this](const std::string& base, const std::string& location,
+                             const std::string& inner = {}) {
+        const auto entries = xspfEntries("<playlist xml:base='" + base + "'><trackList" + inner +
+                                             "><track><location>" + location +
+                                             "</location></track></trackList></playlist>",
+                                         manner);
+        return entries && !entries->empty() ? entries->front().fileName : std::string();
+    };
+    EXPECT_EQ(file("file:///m%20n/", "a%20b.mp3"), "/m n/a b.mp3");
+    EXPECT_EQ(file("/m/list.xspf", "sub/a.mp3"), "/m/sub/a.mp3");
+    EXPECT_EQ(file("sub/", "a.mp3"), "/l/sub/a.mp3");
+    EXPECT_EQ(file("..", "a.mp3"), "/l/../a.mp3");
+    EXPECT_EQ(file("list.xspf", "a.mp3"), "/l/a.mp3");
+    EXPECT_EQ(file("", "a.mp3"), "/l/a.mp3");
+    EXPECT_EQ(file("file:///m/", "/k/a.mp3"), "/k/a.mp3");
+    EXPECT_EQ(file("file:///m/", "http://x/a"), "http://x/a");
+    EXPECT_EQ(file("http://x:80/d/list.xspf?u=/y", "a%20b.mp3"), "http://x:80/d/a%20b.mp3");
+    EXPECT_EQ(file("http://x", "a.mp3"), "http://x/a.mp3");
+    EXPECT_EQ(file("http://x/d/", "/a.mp3"), "http://x/a.mp3");
+    EXPECT_EQ(file("https://x/d/", "//y/a.mp3"), "https://y/a.mp3");
+    EXPECT_EQ(file("C:/Music/", "a.mp3"), "/l/a.mp3") << "of another system";
+    EXPECT_EQ(file("/m/", "a.mp3", " xml:base='in/'"), "/m/in/a.mp3") << "one in the other";
+    EXPECT_EQ(fileOf("<location xml:base='/m/'>a.mp3</location>"), "/m/a.mp3");
 }
 
 TEST_F(XspfListTest, whatIsWritten) {
