@@ -76,7 +76,7 @@ struct Found {
 } // namespace
 
 /// An add that runs, from the press of the button to its end, however it ends.
-class frmOpenDirectory::Running {
+class frmOpenDirectory::Running final : private playlist::ListObserver {
 public:
     explicit Running(frmOpenDirectory& dialog)
         : dialog_(dialog), cancelled_(std::exchange(dialog.opening_, nullptr)) {
@@ -84,9 +84,11 @@ public:
             cancelled_ = std::make_shared<std::atomic<bool>>(false);
         }
         dialog_.running_.push_back(cancelled_);
+        dialog_.core_.lists.stdSS.addObserver(*this);
     }
 
-    ~Running() {
+    ~Running() override {
+        dialog_.core_.lists.stdSS.removeObserver(*this);
         std::erase(dialog_.running_, cancelled_);
         dialog_.core_.state.DirAddIdle = dialog_.running_.empty() && !dialog_.opening_;
     }
@@ -97,6 +99,11 @@ public:
     [[nodiscard]] const Flag& cancelled() const { return cancelled_; }
 
 private:
+    /// Whatever takes the place of the rows; without comfort the button alone (`cancel`).
+    void rowsCleared() override {
+        *cancelled_ = *cancelled_ || dialog_.core_.state.comfort.clearsOnlyList;
+    }
+
     frmOpenDirectory& dialog_;
     Flag cancelled_;
 };

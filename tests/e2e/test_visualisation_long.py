@@ -8,6 +8,8 @@ import unittest
 from radio import LOUD, RadioTest
 from visual_stage import AURORA, BARS, NONE, OWN, STILL, Stage, Strip
 
+MINIMISE = (413, 18)  # of the main window
+
 # In the order of the menu.
 FAULTS = {"crash_at_100": "ends", "crash_at_begin": "ends", "crash_at_load": "ends",
           "endless_load": "hangs", "endless_loop": "hangs", "exit_0": "ends", "floods": "ends",
@@ -48,7 +50,36 @@ class EachFault(Stage):
         self.end()
 
 
-class Resting(Stage):
+class Minimised(Stage):
+    def rests_and_goes_on(self, minimise):
+        minimised = {}
+        for name, steps in (("none", NONE), ("bars", BARS)):
+            self.choose(steps)
+            if steps == BARS:
+                self.wait_until(self.moves, "the bars")
+                shown = self.rest()
+            minimise()
+            time.sleep(0.3)
+            minimised[name] = self.rest()
+            self.tool("xdotool", "windowactivate", "--sync", self.shown_window)
+        # Of about 75 ticks not one in five is left.
+        self.assertLess(minimised["bars"] - minimised["none"], 15)
+        self.assertGreater(shown - minimised["bars"], 40)
+        self.wait_until(self.moves, "the bars after the return")
+        self.end()
+
+
+class RestingKindly(Minimised):
+    COMFORT = "on"  # where a tray would not hide the window
+
+    def test_minimised_by_its_own_button_it_rests(self):
+        self.play("--device", "silent")
+        self.rests_and_goes_on(lambda: self.tool(
+            "xdotool", "mousemove", "--window", self.shown_window, *map(str, MINIMISE), "click",
+            "1"))
+
+
+class Resting(Minimised):
     def setUp(self):
         super().setUp()
         self.play("--device", "silent")
@@ -68,21 +99,8 @@ class Resting(Stage):
         self.end()
 
     def test_minimised_it_rests_and_goes_on_when_it_is_back(self):
-        minimised = {}
-        for name, steps in (("none", NONE), ("bars", BARS)):
-            self.choose(steps)
-            if steps == BARS:
-                self.wait_until(self.moves, "the bars")
-                shown = self.rest()
-            self.tool("xdotool", "windowminimize", "--sync", self.shown_window)
-            time.sleep(0.3)
-            minimised[name] = self.rest()
-            self.tool("xdotool", "windowactivate", "--sync", self.shown_window)
-        # Of about 75 ticks not one in five is left.
-        self.assertLess(minimised["bars"] - minimised["none"], 15)
-        self.assertGreater(shown - minimised["bars"], 40)
-        self.wait_until(self.moves, "the bars after the return")
-        self.end()
+        self.rests_and_goes_on(lambda: self.tool("xdotool", "windowminimize", "--sync",
+                                                 self.shown_window))
 
     def test_a_double_click_shows_it_on_the_whole_screen(self):
         self.choose(AURORA)

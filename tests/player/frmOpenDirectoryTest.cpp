@@ -94,6 +94,17 @@ protected:
     player::ListButtons buttons_{core_, files_, dialog_};
 };
 
+TEST_F(OpenDirectoryTest, anAddMayEndWithTheListWhateverClearsIt) {
+    make({"a.mp3", "b.mp3", "c.mp3"});
+    for (const bool kind : {false, true}) {
+        state_.comfort.clearsOnlyList = kind;
+        list_.Clear();
+        whenRowsAre(1, [this] { list_.Clear(); });
+        add(false);
+        EXPECT_EQ(list_.ListCount() == 0, kind);
+    }
+}
+
 TEST_F(OpenDirectoryTest, aFolderWithoutMusicMayBeTold) {
     make({"cover.jpg", "d/a.mp3"});
     EXPECT_THAT(toldOf(false), IsEmpty());

@@ -9,6 +9,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <chrono>
 #include <functional>
 
 namespace tovik::playlist {
@@ -169,6 +171,33 @@ TEST_F(ForeignListTest, aListIsReadWithoutAChangeOfTheRows) {
     EXPECT_THROW(static_cast<void>(files.readList(folder / "none.m3u")), base::RuntimeError);
     pump.goesOn = false;
     EXPECT_FALSE(files.readList(path).has_value()) << "the program is ending";
+}
+
+TEST_F(ForeignListTest, aLongDocumentHoldsUpNobody) {
+    using Clock = std::chrono::steady_clock;
+    comfort = base::ComfortChoices{.master = true}.record();
+    std::string text = "<playlist><trackList>";
+    constexpr std::size_t kTracks = 100'000;
+    for (std::size_t n = 0; n < kTracks; ++n) {
+        text += "<track><location>a.mp3</location><title>T</title></track>";
+    }
+    const std::string path = folder.write("x.xspf", text + "</trackList></playlist>");
+    const Clock::time_point begin = Clock::now();
+    Clock::time_point last = begin;
+    Clock::duration longest{};
+    const auto step = [&] {
+        longest = std::max(longest, Clock::now() - last);
+        last = Clock::now();
+    };
+    pump.inStep = step;
+    const auto content = files.readList(path);
+    step();
+    ASSERT_TRUE(content.has_value());
+    EXPECT_EQ(content->entries.size(), kTracks);
+    // Taken apart here it would be nearly all of it.
+    EXPECT_LT(longest, (last - begin) / 2);
+    RecordProperty("ms", static_cast<int>((last - begin) / std::chrono::milliseconds(1)));
+    RecordProperty("longest", static_cast<int>(longest / std::chrono::milliseconds(1)));
 }
 
 TEST_F(ForeignListTest, theTextTellsTheFormWhereTheNameIsWrong) {
