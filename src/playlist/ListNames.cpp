@@ -84,7 +84,8 @@ std::optional<std::string_view> below(std::string_view fileName, std::string_vie
         }
         rest.remove_prefix(1);
     }
-    return rest.empty() ? std::nullopt : std::optional(rest);
+    // In front of a name it would be no part of it.
+    return rest.empty() || rest.starts_with(kHere) ? std::nullopt : std::optional(rest);
 }
 
 /// Whether a line of a list holds a path as it is. What no file can be named is left alone.
@@ -126,7 +127,7 @@ std::string nameInList(std::string_view fileName, std::string_view folder) {
     // be a name.
     const bool isPlain = !path->starts_with('#') && !path->starts_with('/') &&
                          !path->starts_with(' ') && !path->starts_with('\t') &&
-                         !path->starts_with(kHere) && path->find(':') == std::string_view::npos &&
+                         path->find(':') == std::string_view::npos &&
                          path->find('\\') == std::string_view::npos;
     return (isPlain ? "" : std::string(kHere)).append(*path);
 }
@@ -138,19 +139,19 @@ std::string resolvedReference(std::string_view reference, std::string_view folde
     if (base::isUrl(reference)) {
         return std::string(reference);
     }
-    return base::isUrl(folder) ? placedOnServer(reference, folder)
-                               : placed(unescaped(slashed(reference)), folder);
+    return base::isWebUrl(folder) ? placedOnServer(reference, folder)
+                                  : placed(unescaped(slashed(reference)), folder);
 }
 
 std::string baseFolder(std::string_view reference, std::string_view outer) {
     std::string whole = resolvedReference(reference, outer);
-    if (base::isUrl(whole)) {
+    if (base::isWebUrl(whole)) {
         whole.erase(std::min(whole.find_first_of("?#"), whole.size()));
     } else if (!whole.starts_with('/')) {
-        return std::string(outer); // of another system, from where nothing here counts
+        return std::string(outer); // of another system or kind: nothing here counts from there
     }
     const std::string_view part = base::lastPart(whole);
-    if (part.empty() || part == "." || part == "..") {
+    if (part.empty() || part == "..") {
         return whole;
     }
     // Without a path it is the server itself.
@@ -169,8 +170,7 @@ std::string referenceInList(std::string_view fileName, std::string_view folder) 
     }
     if (const std::optional<std::string_view> path = below(fileName, folder)) {
         // What would begin an absolute path is told to be a name.
-        const bool isPlain =
-            !path->starts_with('/') && !path->starts_with(kHere) && !isOfOtherSystem(*path);
+        const bool isPlain = !path->starts_with('/') && !isOfOtherSystem(*path);
         return (isPlain ? "" : std::string(kHere)) + escaped(*path);
     }
     return fileName.starts_with('/') ? base::fileUrl(fileName) : escaped(fileName);

@@ -5,6 +5,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "base/TimeText.h"
+#include "base/Url.h"
 #include "config/XmlTree.h"
 #include "playlist/ListNames.h"
 #include "playlist/stdSS.h"
@@ -54,6 +55,13 @@ std::string baseOf(const XmlElement& element, const std::string& outer) {
     return reference.empty() ? outer : baseFolder(reference, outer);
 }
 
+/// "magnet:?xt=urn:x", which only looks like a file's name.
+bool hasForeignScheme(std::string_view location) {
+    const std::size_t colon = location.find_first_of(":/?#");
+    const bool hasScheme = colon != std::string_view::npos && colon > 1 && location[colon] == ':';
+    return hasScheme && !base::isWebUrl(location) && !base::pathFromFileUrl(location);
+}
+
 /// The file or address of a track; empty without a location.
 std::string fileOf(const XmlElement& track, const std::string& outer) {
     const std::string trackBase = baseOf(track, outer);
@@ -64,7 +72,7 @@ std::string fileOf(const XmlElement& track, const std::string& outer) {
             continue;
         }
         std::string file = resolvedReference(location, baseOf(child, trackBase));
-        if (canBePlayed(file)) {
+        if (canBePlayed(file) && !hasForeignScheme(location)) {
             return file;
         }
         if (first.empty()) {

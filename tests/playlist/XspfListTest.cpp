@@ -89,7 +89,8 @@ TEST_F(XspfListTest, theFirstLocationThatCanBePlayedCounts) {
               "D:\\Track01.cda");
     EXPECT_EQ(fileOf(none + other + "<location>rtsp://y</location>"), "mms://x/a") << "none can";
     EXPECT_EQ(fileOf(none), "");
-    EXPECT_EQ(fileOf(first), "/l/magnet:?xt=urn:x") << "a name without \"//\" is a file's";
+    EXPECT_EQ(fileOf(first + "<location>a.mp3</location>"), "/l/a.mp3");
+    EXPECT_EQ(fileOf(first), "/l/magnet:?xt=urn:x");
 }
 
 TEST_F(XspfListTest, relativeLocationsCountFromTheBase) {
@@ -105,6 +106,7 @@ TEST_F(XspfListTest, relativeLocationsCountFromTheBase) {
     EXPECT_EQ(file("/m/list.xspf", "sub/a.mp3"), "/m/sub/a.mp3");
     EXPECT_EQ(file("sub/", "a.mp3"), "/l/sub/a.mp3");
     EXPECT_EQ(file("..", "a.mp3"), "/l/../a.mp3");
+    EXPECT_EQ(file(".", "a.mp3"), "/l/a.mp3");
     EXPECT_EQ(file("list.xspf", "a.mp3"), "/l/a.mp3");
     EXPECT_EQ(file("", "a.mp3"), "/l/a.mp3");
     EXPECT_EQ(file("file:///m/", "/k/a.mp3"), "/k/a.mp3");
@@ -114,6 +116,7 @@ TEST_F(XspfListTest, relativeLocationsCountFromTheBase) {
     EXPECT_EQ(file("http://x/d/", "/a.mp3"), "http://x/a.mp3");
     EXPECT_EQ(file("https://x/d/", "//y/a.mp3"), "https://y/a.mp3");
     EXPECT_EQ(file("C:/Music/", "a.mp3"), "/l/a.mp3") << "of another system";
+    EXPECT_EQ(file("file:///m/%", "a.mp3"), "/l/a.mp3") << "an escape that is none";
     EXPECT_EQ(file("/m/", "a.mp3", " xml:base='in/'"), "/m/in/a.mp3") << "one in the other";
     EXPECT_EQ(fileOf("<location xml:base='/m/'>a.mp3</location>"), "/m/a.mp3");
 }

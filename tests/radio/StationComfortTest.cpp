@@ -46,6 +46,17 @@ protected:
     std::string folder_ = host_.folder / "radio";
 };
 
+TEST_F(StationComfortTest, aStationStartsBesideARipThatLeavesTheSound) {
+    RadioLst_.AddItem("", "http://one.example/", "One", "", 0);
+    state_.RipRunning = comfort_.playsWhileRipping = true;
+    player_.playRow(1);
+    EXPECT_FALSE(state_.RadioMode) << "the job began without comfort";
+    state_.RipSparesSound = true;
+    comfort_.playsWhileRipping = false;
+    player_.playRow(1);
+    EXPECT_TRUE(state_.RadioMode);
+}
+
 TEST_F(StationComfortTest, songsGoToTheFolderOfTheRadio) {
     comfort_.savesPlainSongs = comfort_.savesToRadioFolder = true;
     save();
