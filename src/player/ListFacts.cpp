@@ -148,6 +148,9 @@ void ListFacts::take(const std::string& path, const tags::FileFacts& facts) {
 void ListFacts::apply(Row row, const tags::FileFacts& facts) {
     playlist::stdSS& list = core_.lists.stdSS;
     list.setFactsTaken(row);
+    if (facts.nothing && core_.state.comfort.skipsUnplayable) {
+        list.setUnplayable(row, true);
+    }
     const std::string title = tags::listTitle(facts);
     if (!title.empty() &&
         playlist::isNamedAfter(list.text(row, RowText::Title), list.text(row, RowText::FileName))) {

@@ -81,7 +81,7 @@ TrackReport TrackFacts::reportOf(sound::Handle channel, const TrackRef& track,
 }
 
 void TrackFacts::showNothingKnown(const TrackRef& track) {
-    awaited_.reset();
+    forgetTrack();
     core_.lists.stdSS.showSounding(track.row);
     core_.lists.stdSS.setUnplayable(track.row, false);
     core_.screen.playing.fields.fill(kUnknown);
@@ -104,7 +104,7 @@ void TrackFacts::showUnopened(const TrackRef& track) {
 }
 
 void TrackFacts::showSilence() {
-    awaited_.reset();
+    forgetTrack();
     core_.lists.stdSS.showSounding(0);
     core_.screen.playing.time = kNoTime;
     core_.screen.showTime();
@@ -130,17 +130,9 @@ void TrackFacts::showFormat(std::int32_t kilobits, std::int32_t hertz, const std
 }
 
 tags::FileFacts TrackFacts::read(const TrackRef& track) {
-    awaited_.reset();
+    forgetTrack();
     if (core_.state.comfort.readsEveryFormat && core_.facts != nullptr) {
-        if (const tags::FileFacts* const known = core_.facts->known(track.path)) {
-            return *known;
-        }
-        core_.facts->ask(track.path, tags::FactsDesk::Urgency::first);
-        if (const tags::FileFacts* const answered = core_.facts->known(track.path)) {
-            return *answered;
-        }
-        awaited_ = {.track = track, .sounds = true};
-        return {};
+        return readEveryFormat(track);
     }
     tag_.MP3File(track.path);
     // Without a tag the number is 0, which would be the name of a genre.
@@ -153,31 +145,61 @@ tags::FileFacts TrackFacts::read(const TrackRef& track) {
             .track = tag_.track()};
 }
 
-/// The rest is known: it takes its places as if it had been there from the beginning.
+tags::FileFacts TrackFacts::readEveryFormat(const TrackRef& track) {
+    const tags::FileFacts* known = core_.facts->known(track.path);
+    if (known == nullptr) {
+        core_.facts->ask(track.path, tags::FactsDesk::Urgency::first);
+        known = core_.facts->known(track.path);
+    }
+    track_ = {.track = track, .sounds = true};
+    if (known == nullptr) {
+        return {};
+    }
+    told_ = *known;
+    return *known;
+}
+
+void TrackFacts::forgetTrack() {
+    track_.reset();
+    told_.reset();
+}
+
+/// The rest is known, or has changed: it takes its places as if it had been there from the
+/// beginning.
 void TrackFacts::take(const std::string& path, const tags::FileFacts& facts) {
-    if (!awaited_ || awaited_->track.path != path || core_.state.IsPlaying != awaited_->sounds ||
-        core_.state.RadioMode) {
+    if (!track_ || track_->track.path != path || told_ == facts ||
+        core_.state.IsPlaying != track_->sounds || core_.state.RadioMode) {
         return;
     }
-    const auto [track, sounds] = *std::exchange(awaited_, std::nullopt);
-    if (!sounds) {
-        takeWaiting(track, facts);
+    told_ = facts;
+    if (!track_->sounds) {
+        takeWaiting(track_->track, facts);
         return;
+    }
+    const playlist::stdSS& list = core_.lists.stdSS;
+    TrackRef& track = track_->track;
+    if (list.text(list.SoundingRow(), playlist::RowText::FileName) == path) {
+        track.row = list.SoundingRow(); // the list may have changed since
     }
     const sound::Handle channel = core_.state.active();
     showFields(facts);
     nameUnknown();
-    const TrackRef shown = refreshRowTitle(track, facts);
+    TrackRef shown = refreshRowTitle(track, facts);
+    if (list.text(shown.row, playlist::RowText::FileName) == path) {
+        shown.title = list.text(shown.row, playlist::RowText::Title);
+    }
     if (shown.title != track.title) {
         showTitles(channel, shown);
     }
+    track = shown;
     core_.news.reportFacts(reportOf(channel, shown, facts));
 }
 
 void TrackFacts::showWaiting(const TrackRef& track) {
     if (core_.state.comfort.readsEveryFormat && core_.facts != nullptr &&
         playlist::isOnDisk(track.path)) {
-        awaited_ = {.track = track, .sounds = false};
+        forgetTrack();
+        track_ = {.track = track, .sounds = false};
         core_.facts->ask(track.path, tags::FactsDesk::Urgency::first);
     }
 }

@@ -57,8 +57,10 @@ public:
 private:
     /// What is known of a track at once. With `Comfort::readsEveryFormat` the rest comes later.
     [[nodiscard]] tags::FileFacts read(const TrackRef& track);
+    [[nodiscard]] tags::FileFacts readEveryFormat(const TrackRef& track);
     void take(const std::string& path, const tags::FileFacts& facts);
     void takeWaiting(const TrackRef& track, const tags::FileFacts& facts);
+    void forgetTrack();
 
     /// Brings a title into the row, and gives the track as it is shown from then on.
     [[nodiscard]] TrackRef refreshRowTitle(const TrackRef& track, const tags::FileFacts& facts);
@@ -72,15 +74,16 @@ private:
     void showTitles(const std::string& title, const std::string& length);
     [[nodiscard]] std::string length(sound::Handle channel);
 
-    /// A track whose facts are on their way.
-    struct Awaited {
+    /// A track whose facts are asked for.
+    struct Shown {
         TrackRef track;
         bool sounds; ///< or waits to be played
     };
 
     const Core& core_;
     tags::cMP3ID3v1& tag_;
-    std::optional<Awaited> awaited_;
+    std::optional<Shown> track_;
+    std::optional<tags::FileFacts> told_; ///< of it; none: they are on their way
     CBASS_TIME time_{core_.sound};
     std::shared_ptr<const void> taking_; ///< of the facts that come in
 };

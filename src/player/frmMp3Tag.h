@@ -121,6 +121,8 @@ private:
     void loadOwnSound();
     void loadHeader();
     [[nodiscard]] bool save();
+    [[nodiscard]] bool write();
+    void renew();
     [[nodiscard]] bool saveVersion1();
     [[nodiscard]] bool saveVersion2();
     [[nodiscard]] bool acceptsLosses();

@@ -61,7 +61,7 @@ std::string tagNameOf(tags::TagKind kind) {
 
 bool frmMp3Tag::keepsFrames() const {
     return comfort_.decodesFrames && comfort_.readsSevenBits && comfort_.readsWholeGenre &&
-           comfort_.savesWithoutAlarm;
+           comfort_.savesWithoutAlarm && comfort_.looksForTagFirst && comfort_.cutsRemovedTag;
 }
 
 void frmMp3Tag::loadKept() {

@@ -6,9 +6,21 @@
 #include "tags/EditedBytes.h"
 #include "tags/TagModule.h"
 
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace tovik::tags {
+
+namespace {
+
+/// A drive that is away took the folder along: nobody knows of a file on it.
+bool isInFolder(const std::string& path) {
+    std::error_code failure;
+    return std::filesystem::is_directory(std::filesystem::path(path).parent_path(), failure);
+}
+
+} // namespace
 
 const TagModule* tagModule() {
     static const auto* const module =
@@ -23,7 +35,15 @@ FileFacts factsOfBytes(TagBytes& bytes, const std::string& name) {
 
 FileFacts factsOfFile(const std::string& path) {
     EditedBytes bytes(path, base::RegularFile::Access::Read);
-    return bytes.failure() ? FileFacts{} : factsOfBytes(bytes, path);
+    FileFacts facts;
+    if (bytes.failure()) {
+        facts.nothing = bytes.failure() == std::errc::no_such_file_or_directory && isInFolder(path);
+    } else if (bytes.size() == 0) {
+        facts.nothing = true;
+    } else {
+        facts = factsOfBytes(bytes, path);
+    }
+    return facts;
 }
 
 std::optional<TagPicture> pictureOfBytes(TagBytes& bytes, const std::string& name) {

@@ -19,6 +19,8 @@ struct MpegFacts {
     std::string layer{};
     bool copyright = false;
     bool original = false;
+
+    bool operator==(const MpegFacts&) const = default;
 };
 
 /// Texts are UTF-8 on one line, without blanks at their ends, and at most `kMostFactBytes` long;
@@ -37,6 +39,11 @@ struct FileFacts {
     std::int32_t channels = 0;
     std::int32_t bits = 0; ///< of a sample
     std::optional<MpegFacts> mpeg{};
+
+    /// The file is empty, or was taken out of its folder: nothing of it can be played.
+    bool nothing = false;
+
+    bool operator==(const FileFacts&) const = default;
 };
 
 inline constexpr std::size_t kMostFactBytes = 4000;

@@ -107,11 +107,6 @@ bool cMP3ID3v1::RemoveTag() const {
            !file.writeAt(lastBytesAt(file), kRemovedMark);
 }
 
-bool cMP3ID3v1::CutTag() const {
-    RegularFile file(path_, RegularFile::Access::ReadWrite);
-    return !file.failure() && lastBytesAt(file) >= 0 && !file.resize(lastBytesAt(file));
-}
-
 std::string_view cMP3ID3v1::GenreName(int genre) noexcept {
     return genreName(genre);
 }

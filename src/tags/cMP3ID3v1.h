@@ -70,9 +70,6 @@ public:
     /// file. False when the file cannot be written or is shorter than a tag.
     [[nodiscard]] bool RemoveTag() const;
 
-    /// Cuts the last 128 bytes off, which the caller knows to be the tag. False on any error.
-    [[nodiscard]] bool CutTag() const;
-
 private:
     void ReadTag();
     void WriteTag();

@@ -1,90 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The tag editor where tags are safe.
 #include "base/RuntimeError.h"
-#include "player/frmMp3Tag.h"
-#include "player/PlayerRig.h"
+#include "player/TagEditorRig.h"
 #include "support/host/Unprivileged.h"
-#include "tags/Samples.h"
-
-#include <filesystem>
 
 namespace tovik::test {
 namespace {
 
 using namespace tags::samples;
-using Button = player::frmMp3Tag::Button;
 using Copy = player::frmMp3Tag::Copy;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-/// Each member of the switch; what a test wants otherwise it turns off.
-void makeSafe(base::Comfort& comfort) {
-    for (bool base::Comfort::*const member :
-         {&base::Comfort::looksForTagFirst, &base::Comfort::readsSevenBits,
-          &base::Comfort::decodesFrames, &base::Comfort::readsWholeGenre,
-          &base::Comfort::savesWithoutAlarm, &base::Comfort::showsOwnGenre,
-          &base::Comfort::showsLastGenre, &base::Comfort::enablesAlbum,
-          &base::Comfort::leavesUntickedTag, &base::Comfort::editsEveryFormat,
-          &base::Comfort::cutsRemovedTag, &base::Comfort::savesOnlyChanges}) {
-        comfort.*member = true;
-    }
-}
-
-std::string wideText(const std::string& text) {
-    std::string bytes = "\1\xFF\xFE";
-    for (const char letter : text) {
-        bytes += letter + "\0"s;
-    }
-    return bytes;
-}
-
-std::string trueTag(const std::string& frames) {
-    return head(sevenBits(static_cast<std::uint32_t>(frames.size()))) + frames;
-}
-
-std::string lastTag(char genre) {
-    return "TAG" + field("Title", 30) + field("Artist", 30) + field("Album", 30) + "1999" +
-           field("Comment", 28) + "\0\x07"s + genre;
-}
-
-class SafeTags : public PlayerRig {
-protected:
-    SafeTags() {
-        language_.Language_File("English");
-        makeSafe(state_.comfort);
-    }
-
-    void load(const std::string& bytes, const std::string& name = "song.mp3") {
-        name_ = name;
-        show(host_.folder.write(name, bytes));
-    }
-
-    void show(const std::string& path) {
-        path_ = path;
-        list_.Clear();
-        list_.AddItem(path_, path_, "Song", "00:01", 1);
-        list_.SelectIndex(1);
-        dialog_.Form_Load();
-    }
-
-    [[nodiscard]] std::string file() const { return host_.folder.read(name_); }
-
-    [[nodiscard]] player::TagForm& form() { return dialog_.form(); }
-
-    bool save() { return dialog_.Command1_Click(Button::save); }
-
-    std::string name_;
-    std::string path_;
-    config::MultiLNG language_{host_.paths};
-    player::frmMp3Tag dialog_{{.core = core_,
-                               .warning = tagWarning_,
-                               .dialogs = host_.dialogs,
-                               .words = language_,
-                               .work = tags::TagWork::direct()}};
-    const std::string mp3_ = tags::samples::sound(20);
-    const std::string picture_ = frame("APIC", "\0image/png\0\3\0picture"s);
-    const std::string wide_ = frame("TIT2", wideText("Wide"));
-};
 
 TEST_F(SafeTags, whatIsNotTypedStays) {
     const std::string front = trueTag(wide_ + picture_ + frame("TPE1", "\0Band"s));
@@ -307,20 +233,6 @@ TEST_F(SafeTags, whatIsNoMusicIsOnlyShown) {
     EXPECT_FALSE(form().mayWrite);
     EXPECT_FALSE(save());
     EXPECT_EQ(file(), "no music at all");
-}
-
-TEST_F(SafeTags, removingATagLooksForItFirst) {
-    state_.comfort = {};
-    state_.comfort.looksForTagFirst = true;
-    state_.comfort.cutsRemovedTag = true;
-    state_.comfort.leavesUntickedTag = true;
-    load(mp3_);
-    EXPECT_TRUE(save());
-    EXPECT_TRUE(file() == mp3_) << "no sound is overwritten";
-    load(mp3_ + lastTag(17));
-    dialog_.Check1_Click(false);
-    EXPECT_TRUE(save());
-    EXPECT_TRUE(file() == mp3_) << "the tag is cut off";
 }
 
 TEST_F(SafeTags, theTechnicalPageIsOfTheFile) {

@@ -173,6 +173,33 @@ TEST_F(ListFactsTest, rowsThatMoveOrGoMeanwhileGetTheirOwn) {
     EXPECT_EQ(title(1), "T62");
 }
 
+TEST_F(ListFactsTest, whatCannotBePlayedIsMarked) {
+    state_.comfort.skipsUnplayable = true;
+    add("empty.ogg", {.nothing = true});
+    add("1.ogg", {});
+    rows_.begin();
+    settle();
+    EXPECT_TRUE(list_.isUnplayable(1));
+    EXPECT_FALSE(list_.isUnplayable(2));
+    state_.comfort.skipsUnplayable = false;
+    add("other.ogg", {.nothing = true});
+    settle();
+    EXPECT_TRUE(list_.factsTaken(3));
+    EXPECT_FALSE(list_.isUnplayable(3)) << "another switch's";
+}
+
+TEST_F(ListFactsTest, theMarkGoesWhenItPlays) {
+    state_.comfort.skipsUnplayable = true;
+    const std::string path = track("a.wav", {.seconds = 9});
+    known_[path] = {.nothing = true};
+    list_.AddItem("", path, "a.wav", "", 0);
+    rows_.begin();
+    settle();
+    ASSERT_TRUE(list_.isUnplayable(1));
+    rowPlayer_.PlayRow(1, 0);
+    EXPECT_FALSE(list_.isUnplayable(1));
+}
+
 TEST_F(ListFactsTest, aFileWithoutFactsIsAskedForOnce) {
     add("1.ogg", {});
     rows_.begin();

@@ -142,6 +142,14 @@ TEST(FileFacts, whatIsNoMusicSaysNothing) {
     }
 }
 
+TEST(FileFacts, anEmptyFileAndOneThatIsGoneCannotBePlayed) {
+    EXPECT_TRUE(factsOfMedia("empty.mp3").nothing);
+    EXPECT_TRUE(factsOfMedia("missing.mp3").nothing);
+    EXPECT_FALSE(factsOfMedia("drive_that_is_away/missing.mp3").nothing);
+    EXPECT_FALSE(factsOfMedia("text.mp3").nothing);
+    EXPECT_FALSE(factsOfMedia("mp3_id3v1.mp3").nothing);
+}
+
 TEST(FileFacts, whatIsOnlyNamedAsAModuleIsNone) {
     std::string bytes(5000, 'x');
     EXPECT_EQ(factsOfText(bytes, "a.mod").title, "");
