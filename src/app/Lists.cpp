@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Lists.h"
 
+#include "app/FullFacts.h"
+
 #include <utility>
 
 namespace tovik::app {
 
 Lists::Lists(const host::Host& host, const player::PlayerState& state, bool keepsList)
-    : files(stdSS, host.pump, host.paths), facts(host.watches), state_(state),
+    : files(stdSS, host.pump, host.paths), facts(host.watches, fullFactsOf), state_(state),
       keeper_(stdSS, host.clock, host.timers, host.paths,
               [this, keepsList] { return keepsList && files.savesAtExit(state_.DirAddIdle); }) {
     stdSS.obey(state.comfort);

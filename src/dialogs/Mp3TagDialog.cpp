@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialogs/Mp3TagDialog.h"
 
+#include "base/Text.h"
 #include "ui/qt/DisplayText.h"
 
 #include <QKeyEvent>
@@ -15,6 +16,8 @@ using Button = player::frmMp3Tag::Button;
 using Copy = player::frmMp3Tag::Copy;
 
 constexpr std::string_view kPlace = "[x]";
+constexpr std::string_view kSecondTick = "Check2";
+constexpr std::string_view kUsualTag = "ID3v2";
 
 /// The labels of version 1 that have a twin beside the fields of version 2.
 constexpr int kSharedLabels = 7;
@@ -151,6 +154,7 @@ void Mp3TagDialog::showForm() {
         genre2_->addItem(ui::displayString(form.foreignGenre));
     }
     tabs_->setTabText(1, ui::displayString(form.tagName));
+    nameTick();
     genre_->setCurrentIndex(form.genre);
     genre2_->setCurrentIndex(form.Genre2);
     enable();
@@ -204,6 +208,11 @@ void Mp3TagDialog::setText(std::string_view element, int index, TextKind kind,
         showFacts();
         return;
     }
+    if (element == kSecondTick) {
+        tick_ = text;
+        nameTick();
+        return;
+    }
     texts_.setText(element, index, kind, text);
     if (kind == TextKind::Kept) {
         showFacts();
@@ -214,6 +223,12 @@ void Mp3TagDialog::setText(std::string_view element, int index, TextKind kind,
         }
         nameFields();
     }
+}
+
+/// The words speak of ID3v2: the tag of another format has its own name.
+void Mp3TagDialog::nameTick() {
+    texts_.setText(kSecondTick, 0, TextKind::Caption,
+                   base::replaceAll(tick_, kUsualTag, logic_.form().tagName));
 }
 
 /// Each field is called what the label beside it says.

@@ -65,6 +65,7 @@ private:
     void showFacts();
     void enable();
     void nameFields();
+    void nameTick();
 
     player::frmMp3Tag& logic_;
     config::MultiLNG& language_;
@@ -86,6 +87,7 @@ private:
     std::array<QLabel*, 11> label3_{};
     std::array<QLabel*, 11> label4_{};
 
+    std::string tick_;                   ///< the words beside the second one
     std::array<std::string, 11> labels_; ///< of the technical page, templates as they are
     ui::DialogTexts texts_{*this};
     config::AttachedTexts attached_{language_, config::TextWindow::frmMp3Tag, *this};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What fills and empties the playlist, through the whole player.
 #include "app/AppRig.h"
+#include "app/FullFacts.h"
 
 #include <filesystem>
 
@@ -52,6 +53,15 @@ TEST_F(Filling, theDialogsBearTheTitlesOfTheLanguage) {
     EXPECT_EQ(host_.dialogs.openDialogs[1].title, "Load playlist");
     ASSERT_EQ(host_.dialogs.saveDialogs.size(), 1U);
     EXPECT_EQ(host_.dialogs.saveDialogs[0].title, "Save playlist");
+}
+
+TEST(FullFacts, modulesHaveALength) {
+    const std::string folder = std::getenv("TOVIK_MEDIA");
+    const tags::FileFacts facts = app::fullFactsOf(folder + "/song.xm");
+    EXPECT_EQ(facts.seconds, 8);
+    EXPECT_EQ(facts.title, "tovik test song");
+    EXPECT_EQ(app::fullFactsOf(folder + "/text.mp3").seconds, 0);
+    EXPECT_EQ(app::fullFactsOf(folder + "/missing.xm"), tags::FileFacts{.nothing = true});
 }
 
 TEST_F(Filling, everyButtonOfThePanelHasATarget) {

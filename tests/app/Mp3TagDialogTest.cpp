@@ -193,12 +193,14 @@ TEST_F(Mp3TagDialog, aFileOfAnotherFormatHasOnePage) {
     for (bool base::Comfort::*const member :
          {&base::Comfort::readsSevenBits, &base::Comfort::decodesFrames,
           &base::Comfort::readsWholeGenre, &base::Comfort::savesWithoutAlarm,
-          &base::Comfort::showsOwnGenre, &base::Comfort::editsEveryFormat}) {
+          &base::Comfort::showsOwnGenre, &base::Comfort::editsEveryFormat,
+          &base::Comfort::looksForTagFirst, &base::Comfort::cutsRemovedTag}) {
         comfort.*member = true;
     }
     open(flac({"TITLE=Song", "GENRE=Shoegaze"}, "no picture"));
     EXPECT_EQ(at<QTabWidget>("TabStrip1").currentIndex(), 1);
     EXPECT_EQ(at<QTabWidget>("TabStrip1").tabText(1), "Vorbis");
+    EXPECT_EQ(at<QCheckBox>("Check2").text(), "Vorbis tag");
     EXPECT_FALSE(at<QCheckBox>("Check1").isEnabled());
     EXPECT_TRUE(at<QCheckBox>("Check2").isChecked());
     EXPECT_EQ(at<QLineEdit>("Text4_0").text(), "Song");
@@ -207,6 +209,7 @@ TEST_F(Mp3TagDialog, aFileOfAnotherFormatHasOnePage) {
     EXPECT_FALSE(at<QPushButton>("Command2_0").isEnabled());
     open(mp3_);
     EXPECT_EQ(at<QTabWidget>("TabStrip1").tabText(1), "ID3v2");
+    EXPECT_EQ(at<QCheckBox>("Check2").text(), "ID3v2 tag");
     EXPECT_EQ(at<QComboBox>("Genre2").count(), 149);
     EXPECT_TRUE(at<QCheckBox>("Check1").isEnabled());
 }

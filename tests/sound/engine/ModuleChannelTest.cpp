@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Modules as channels: lengths, loops and ends.
 #include "sound/engine/Buffers.h"
+#include "sound/engine/ModuleLength.h"
 
 #include <array>
 #include <gtest/gtest.h>
@@ -24,6 +25,14 @@ TEST(ModuleChannel, HasALengthInBytesAndInOrders) {
         EXPECT_NEAR(rig.engine.BASS_ChannelBytes2Seconds(module, bytes), 7.68, 0.3) << name;
         EXPECT_GE(rig.engine.BASS_MusicGetLength(module, false), 2) << name;
     }
+}
+
+TEST(ModuleChannel, ItsLengthIsKnownWithoutAChannel) {
+    for (const char* name : kSongs) {
+        EXPECT_EQ(moduleSeconds(test::mediaPath(name)), 8) << name;
+    }
+    EXPECT_EQ(moduleSeconds(test::mediaPath("ogg_44100.ogg")), 0);
+    EXPECT_EQ(moduleSeconds("/not/there.mod"), 0);
 }
 
 TEST(ModuleChannel, EndsWithoutTheLoopFlag) {
