@@ -23,6 +23,7 @@ constexpr std::string_view kAside = ".unread";
 } // namespace
 
 void addStation(playlist::stdSS& list, std::string_view address, std::string_view name) {
+    // NOLINTNEXTLINE(readability-suspicious-call-argument): the row shows the name
     list.AddItem(address, address, name, kStationTime, 0);
 }
 

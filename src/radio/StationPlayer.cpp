@@ -238,7 +238,7 @@ SavingWays StationPlayer::ways(bool recording) const {
     std::string folder =
         recording && comfort.savesToRadioFolder && songFolder ? songFolder() : std::string();
     return {.comfort = comfort,
-            .folder = folder.empty() ? saving_->folder() : std::move(folder),
+            .folder = folder.empty() ? std::string(saving_->folder()) : std::move(folder),
             .station = screen.name()};
 }
 

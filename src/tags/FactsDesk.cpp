@@ -83,7 +83,7 @@ public:
     [[nodiscard]] std::deque<Answer> take() {
         std::uint64_t count = 0;
         // Nothing to read is as good: the answers are taken all the same.
-        static_cast<void>(!::read(event_.get(), &count, sizeof count));
+        static_cast<void>(::read(event_.get(), &count, sizeof count) == 0);
         const base::MutexLock lock(mutex_);
         told_ = Clock::now();
         return std::exchange(answers_, {});
@@ -91,7 +91,7 @@ public:
 
     void tell() const {
         constexpr std::uint64_t kOne = 1;
-        static_cast<void>(!::write(event_.get(), &kOne, sizeof kOne));
+        static_cast<void>(::write(event_.get(), &kOne, sizeof kOne) == 0);
     }
 
     void end() {
@@ -246,6 +246,7 @@ void FactsDesk::take(const Answer& answer) {
         keep(answer);
     }
     std::erase_if(takers_, [](const auto& taker) { return taker.expired(); });
+    // NOLINTNEXTLINE(modernize-loop-convert): a taker may bring another one
     for (std::size_t i = 0; i < takers_.size(); ++i) {
         if (const auto taker = takers_.at(i).lock()) {
             (*taker)(answer.path, answer.facts);

@@ -34,7 +34,7 @@ void EmbeddedIcon::setLook(const TrayLook& look) {
     setToolTip(ui::displayString(look.tooltip));
 }
 
-void EmbeddedIcon::clicked(ActivationReason reason) {
+void EmbeddedIcon::clicked(ActivationReason reason) const {
     switch (reason) {
     case Trigger:
         clicks_.left();

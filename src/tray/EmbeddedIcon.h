@@ -18,7 +18,7 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    void clicked(ActivationReason reason);
+    void clicked(ActivationReason reason) const;
 
     TrayClicks clicks_;
     int style_ = 0;

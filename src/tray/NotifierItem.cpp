@@ -57,11 +57,11 @@ NotifierToolTip NotifierItem::toolTip() const {
     return {.iconName = {}, .icon = {}, .title = words_, .text = {}};
 }
 
-void NotifierItem::Activate(int /*x*/, int /*y*/) {
+void NotifierItem::Activate(int /*x*/, int /*y*/) const {
     call(clicks_.left);
 }
 
-void NotifierItem::SecondaryActivate(int /*x*/, int /*y*/) {
+void NotifierItem::SecondaryActivate(int /*x*/, int /*y*/) const {
     call(clicks_.middle);
 }
 
@@ -70,7 +70,7 @@ void NotifierItem::ContextMenu(int x, int y) {
     call(clicks_.right);
 }
 
-void NotifierItem::Scroll(int delta, const QString& orientation) {
+void NotifierItem::Scroll(int delta, const QString& orientation) const {
     if (clicks_.wheel && orientation.compare(u"vertical", Qt::CaseInsensitive) == 0) {
         clicks_.wheel(notchesOf(delta));
     }

@@ -50,6 +50,8 @@ public:
     /// the screen.
     [[nodiscard]] std::optional<window::ScreenPlace> takePlace();
 
+    // What is published of an item is asked of the object.
+    // NOLINTBEGIN(readability-convert-member-functions-to-static)
     [[nodiscard]] QString category() const { return QStringLiteral("ApplicationStatus"); }
 
     [[nodiscard]] QString id() const { return QStringLiteral("tovik"); }
@@ -75,11 +77,13 @@ public:
         return QDBusObjectPath(QStringLiteral("/NO_DBUSMENU"));
     }
 
+    // NOLINTEND(readability-convert-member-functions-to-static)
+
 public slots: // NOLINT(readability-redundant-access-specifiers)
-    void Activate(int x, int y);
-    void SecondaryActivate(int x, int y);
+    void Activate(int x, int y) const;
+    void SecondaryActivate(int x, int y) const;
     void ContextMenu(int x, int y);
-    void Scroll(int delta, const QString& orientation);
+    void Scroll(int delta, const QString& orientation) const;
     void ProvideXdgActivationToken(const QString& token);
 
 signals:

@@ -30,7 +30,7 @@ public:
     /// Announces the item that bears that name on the bus; `done` is told whether it was taken.
     void announce(const QString& service, std::function<void(bool)> done);
 
-private slots:
+private slots: // NOLINT(readability-redundant-access-specifiers)
     void look();
 
 private:

@@ -27,7 +27,7 @@ void TitleNotice::next() {
     }
 }
 
-void TitleNotice::send(QDBusConnection bus) {
+void TitleNotice::send(const QDBusConnection& bus) {
     const QString words = *std::exchange(words_, std::nullopt);
     QDBusMessage call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.Notifications"),

@@ -20,7 +20,7 @@ public:
 
 private:
     void next();
-    void send(QDBusConnection bus);
+    void send(const QDBusConnection& bus);
 
     SessionBus& bus_;
     std::optional<QString> words_; ///< not sent yet

@@ -74,7 +74,7 @@ void MainInput::pressAt(const ui::PointerEvent& event) {
     }
 }
 
-void MainInput::popUpMenu(const ui::PointerEvent& event) {
+void MainInput::popUpMenu(const ui::PointerEvent& event) const {
     if (p_.menus == nullptr) {
         return;
     }

@@ -66,7 +66,7 @@ public:
 private:
     void press(const PressButton& button, bool pressed);
     void pressAt(const ui::PointerEvent& event);
-    void popUpMenu(const ui::PointerEvent& event);
+    void popUpMenu(const ui::PointerEvent& event) const;
     void moveTo(const ui::PointerEvent& event);
     void releaseAt(const ui::PointerEvent& event);
     void click(const ui::PointerEvent& event);

@@ -97,6 +97,7 @@ void MiniSkin::load(const MiniPicture& row) {
     }
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): its parts are moved
 void MiniSkin::give(const MiniPicture& row, SkinBitmap bitmap) {
     auto& [image, print] = bitmap;
     ui::Element& element = elements_.touch(row.element, row.index);

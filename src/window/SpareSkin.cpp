@@ -17,7 +17,7 @@ SpareSkin::SpareSkin(const base::Comfort& comfort, std::vector<std::string> pack
 std::optional<SkinBitmap> SpareSkin::insteadOf(const base::RuntimeError& error,
                                                std::string_view name) {
     if (!comfort_.startsWithoutPicture) {
-        throw error; // NOLINT(misc-throw-by-value-catch-by-reference): as it was raised
+        throw error; // NOLINT(misc-throw-*,cert-*): as it was raised
     }
     if (told_.emplace(name).second) {
         missed_(error);

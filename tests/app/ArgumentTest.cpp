@@ -237,6 +237,7 @@ TEST_F(ComfortArgument, allFilesOfTheLineCount) {
 }
 
 TEST_F(ComfortArgument, theFirstThatPlaysDoes) {
+    put("CMF06", "1");
     const std::string bad = host_.folder / "bad.mp3";
     host_.folder.write("bad.mp3", "");
     startWith("\"" + bad + "\" \"" + track("a.mp3") + "\" \"" + track("b.mp3") + "\"");
@@ -248,6 +249,7 @@ TEST_F(ComfortArgument, theFirstThatPlaysDoes) {
 }
 
 TEST_F(ComfortArgument, oneThatDoesNotPlayIsNotGoneOverAlone) {
+    put("CMF06", "1");
     const std::string bad = host_.folder / "bad.mp3";
     host_.folder.write("bad.mp3", "");
     startWithFile(bad);

@@ -9,7 +9,7 @@ namespace tovik::sound {
 namespace {
 
 const FallbackDecoders* module() {
-    static const FallbackDecoders* const decoders =
+    static const auto* const decoders =
         base::findInModule<FallbackDecoders>(kFallbackFile, kFallbackSymbol, kFallbackVersion);
     return decoders;
 }

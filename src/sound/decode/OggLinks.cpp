@@ -44,7 +44,7 @@ std::optional<Page> pageIn(std::span<const std::byte> bytes) {
     if (bytes.size() < kHeadBytes + segments) {
         return std::nullopt;
     }
-    std::int64_t size = static_cast<std::int64_t>(kHeadBytes + segments);
+    auto size = static_cast<std::int64_t>(kHeadBytes + segments);
     for (const std::byte segment : bytes.subspan(kHeadBytes, segments)) {
         size += std::to_integer<std::int64_t>(segment);
     }

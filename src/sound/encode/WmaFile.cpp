@@ -8,7 +8,7 @@ namespace tovik::sound {
 
 std::unique_ptr<WmaFile> createWmaFile(const std::string& path, const WmaForm& form,
                                        std::string& failure) {
-    static const WmaModule* const module =
+    static const auto* const module =
         base::findInModule<WmaModule>(kFallbackFile, kWmaSymbol, kWmaVersion);
     if (module == nullptr) {
         failure = kFallbackFile;

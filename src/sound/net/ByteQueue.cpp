@@ -6,7 +6,7 @@
 namespace tovik::sound {
 namespace {
 
-constexpr std::size_t kFirstBytes = 64 * 1024;
+constexpr std::size_t kFirstBytes = std::size_t{64} * 1024;
 
 } // namespace
 

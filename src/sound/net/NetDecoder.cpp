@@ -14,7 +14,7 @@ namespace tovik::sound {
 namespace {
 
 /// So much is searched for a first sound.
-constexpr std::size_t kMostBytesToOpen = 512 * 1024;
+constexpr std::size_t kMostBytesToOpen = std::size_t{512} * 1024;
 
 /// A stream whose decoder gives up is opened anew where it stands, as long as each gives at least
 /// something (a chain of Ogg streams of other kinds, say).

@@ -81,6 +81,7 @@ std::vector<std::string> plsAddresses(std::string_view text, std::string_view ba
         }
     }
     std::vector<std::string> addresses;
+    addresses.reserve(files.size());
     for (auto& [number, address] : files) {
         addresses.push_back(std::move(address));
     }

@@ -10,7 +10,7 @@
 namespace tovik::sound {
 
 /// What of a list is read, and how deep lists may name lists.
-inline constexpr std::size_t kMostListBytes = 64 * 1024;
+inline constexpr std::size_t kMostListBytes = std::size_t{64} * 1024;
 inline constexpr int kMostListDepth = 3;
 inline constexpr std::size_t kMostAddresses = 64;
 

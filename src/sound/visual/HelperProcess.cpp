@@ -137,7 +137,7 @@ bool HelperProcess::send(const HelperOrder& order, int descriptor) {
     return process_ > 0 && ::sendmsg(socket_, &message, MSG_NOSIGNAL | MSG_DONTWAIT) >= 0;
 }
 
-HelperProcess::Got HelperProcess::receive(HelperAnswer& answer, std::size_t& length) {
+HelperProcess::Got HelperProcess::receive(HelperAnswer& answer, std::size_t& length) const {
     std::array<iovec, 2> places = {iovec{&answer.head, sizeof answer.head},
                                    iovec{answer.text.data(), answer.text.size()}};
     msghdr message{};

@@ -41,7 +41,7 @@ public:
     };
 
     /// The next answer. `length` is that of its text.
-    [[nodiscard]] Got receive(HelperAnswer& answer, std::size_t& length);
+    [[nodiscard]] Got receive(HelperAnswer& answer, std::size_t& length) const;
 
     /// The process is let go; if it does not end within half a second it is killed.
     void end();

@@ -114,7 +114,7 @@ void ListWidget::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
     if (key == Qt::Key_Escape && drag_.target()) {
         endDrag();
-    } else if (model_.rows() == 0) {
+    } else if (model_.rows() == 0) { // NOLINT(bugprone-branch-clone): before all that asks a row
         event->ignore();
     } else if (alt && (key == Qt::Key_Up || key == Qt::Key_Down) && input_.movesRows()) {
         shiftRow(key);

@@ -85,9 +85,9 @@ public:
 
     [[nodiscard]] menus::MenuHandle CreatePopupMenu(int parentId) override;
     void DestroyMenu(menus::MenuHandle menu) override;
-    void TrackPopupMenu(menus::MenuHandle menu,
+    void TrackPopupMenu(menus::MenuHandle handle,
                         const std::optional<menus::MenuPlace>& place) override;
-    void itemsChanged(menus::MenuHandle menu) override;
+    void itemsChanged(menus::MenuHandle handle) override;
 
     /// Null for a handle that is none.
     [[nodiscard]] SkinMenu* menu(menus::MenuHandle menu) const;

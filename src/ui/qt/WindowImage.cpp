@@ -131,7 +131,8 @@ void WindowImage::drawSliderBar(QPainter& painter, const Element& element) const
     if (const PixelImage* const bar = pictures_.find(element.bar.picture, factor_);
         bar != nullptr) {
         // One that is narrower than its groove stands in the middle.
-        box.left += std::max((element.width - bar->width / bar->density) / 2, 0.0);
+        const int width = bar->width / bar->density;
+        box.left += std::max((element.width - width) / 2, 0.0);
         drawPicture(painter, *bar, box);
     } else {
         drawPlainSliderBar(painter, element, box);

@@ -8,7 +8,7 @@ namespace {
 constexpr int kErrorsInARow = 16;
 
 // How much of a stream is looked at before it sounds, in bytes and in units of the library.
-constexpr std::int64_t kLiveProbeBytes = 128 * 1024;
+constexpr std::int64_t kLiveProbeBytes = std::int64_t{128} * 1024;
 constexpr std::int64_t kLiveProbeTime = AV_TIME_BASE / 2;
 
 // No file of ours may make a demuxer open another one.

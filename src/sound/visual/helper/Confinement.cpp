@@ -60,7 +60,8 @@ void lockFiles() {
 
 bool canLookInto(pid_t process) {
     std::array<char, 32> path{};
-    std::snprintf(path.data(), path.size(), "/proc/%d/mem", static_cast<int>(process));
+    static_cast<void>(
+        std::snprintf(path.data(), path.size(), "/proc/%d/mem", static_cast<int>(process)));
     return ::open(path.data(), O_RDONLY | O_CLOEXEC) >= 0;
 }
 

@@ -15,7 +15,7 @@ constexpr std::size_t kGuard = std::size_t{1} << 20U; ///< bytes at either end
 
 bool SharedPicture::map(int descriptor, std::uint32_t width, std::uint32_t height) {
     drop();
-    const std::size_t page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+    const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
     const std::size_t bytes = std::size_t{width} * height * sizeof(std::uint32_t);
     const std::size_t whole = (bytes + page - 1) / page * page;
     size_ = whole + 2 * kGuard;
