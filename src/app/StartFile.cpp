@@ -93,7 +93,11 @@ void StartFile::add(const base::CommandWords& words) {
     std::vector<std::string> files;
     std::ranges::transform(words.files, std::back_inserter(files),
                            [](const std::string& file) { return host::withQuotes(file); });
-    const auto start = [this](playlist::Row first) {
+    // Of a list there are several, too.
+    const bool several =
+        files.size() > 1 ||
+        (files.size() == 1 && playlist::listFormOf(files.front(), core_.state.comfort));
+    const auto start = [this, several](playlist::Row first) {
         playlist::stdSS& list = core_.lists.stdSS;
         const std::string path(list.text(first, playlist::RowText::FileName));
         if (playlist::isNamedAfter(list.text(first, playlist::RowText::Title), path)) {
@@ -102,7 +106,7 @@ void StartFile::add(const base::CommandWords& words) {
             }
         }
         playback_.advance.selectItem(first - 1); // the quick list shows it, too
-        if (first < list.ListCount()) {
+        if (several) {
             playback_.advance.playFrom(first);
         } else {
             playback_.rows.PlayRow(first, player::fadeSeconds(core_.settings));
