@@ -107,8 +107,8 @@ bool Settings::isOpen() const {
     return xml_.readable() && xml_.NodeCount(kRoot) > 0;
 }
 
-base::RuntimeError Settings::readError() const {
-    return base::withPlace(base::RuntimeError(base::errorNumberOf(readFailure_)),
+base::RuntimeError Settings::readError(std::error_code failure) const {
+    return base::withPlace(base::RuntimeError(base::errorNumberOf(failure)),
                            paths_.of(host::DataItem::Settings));
 }
 
@@ -118,10 +118,14 @@ void Settings::readAnew() {
     readFailure_ = readBytes(path, bytes);
     const bool standsIn = comfort_->keepsDamagedAside && shipped_.there();
     if (readFailure_ && standsIn) {
+        if (!wasRead_) {
+            neverRead_ = readFailure_;
+        }
         standInUnread();
         return;
     }
     readFailure_.clear();
+    wasRead_ = true;
     toldUnread_ = false;
     const bool whole = open(bytes);
     if (whole && comfort_->startsWithoutSetting) {
@@ -136,7 +140,7 @@ void Settings::standInUnread() {
         shipped_.takePlaceOf({}, xml_);
     }
     if (!std::exchange(toldUnread_, true) && unread_) {
-        unread_(readError());
+        unread_(readError(readFailure_));
     }
 }
 
@@ -169,8 +173,11 @@ void Settings::save(base::Flush most) {
     if (!xml_.changed() && comfort_->writesOnlyChanges) {
         return;
     }
-    if (readFailure_) { // nobody knows what would be lost
-        throw readError();
+    // Nobody knows what would be lost; and what a session began with that could not read the file
+    // is not the user's.
+    const std::error_code failure = readFailure_ ? readFailure_ : neverRead_;
+    if (failure) {
+        throw readError(failure);
     }
     xml_.Save(paths_.of(host::DataItem::Settings), most);
 }

@@ -148,7 +148,7 @@ public:
 private:
     [[nodiscard]] bool open(std::string_view bytes);
     [[nodiscard]] bool isOpen() const;
-    [[nodiscard]] base::RuntimeError readError() const;
+    [[nodiscard]] base::RuntimeError readError(std::error_code failure) const;
     void readAnew();
     void standInUnread();
     void standInDamaged(const std::string& path, std::string_view bytes);
@@ -162,6 +162,8 @@ private:
     ShippedSettings shipped_;
     std::set<std::string> replacedTexts_; ///< that were told
     std::error_code readFailure_;         ///< of a file that is there, while something stands in
+    std::error_code neverRead_;           ///< why it could not be when it was wanted first
+    bool wasRead_ = false;                ///< once at least
     bool toldUnread_ = false;
     Replaced replaced_;
     KeptAside keptAside_;

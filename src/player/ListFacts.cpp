@@ -21,8 +21,7 @@ constexpr Row kRowsAtOnce = 2000;
 } // namespace
 
 ListFacts::ListFacts(const Core& core, const host::MessagePump& pump, tags::FactsDesk& desk)
-    : core_(core), pump_(pump), desk_(desk),
-      look_(core_.timers.makeTimer([this] { look(); })) {
+    : core_(core), pump_(pump), desk_(desk), look_(core_.timers.makeTimer([this] { look(); })) {
     look_->setInterval(kLookMs);
     core_.lists.stdSS.addObserver(*this);
     taking_ = desk_.addTaker(
@@ -94,7 +93,10 @@ void ListFacts::rowSeen(Row row) {
 void ListFacts::askOnLater() {
     if (begun_ && !later_ && !look_->enabled() && core_.state.comfort.readsListAhead) {
         later_ = true;
-        desk_.callLater([this] {
+        desk_.callLater([this, alive = std::weak_ptr(taking_)] {
+            if (alive.expired()) {
+                return;
+            }
             later_ = false;
             askOn();
         });

@@ -44,7 +44,8 @@ template <typename Convert, typename Value>
                                Value otherwise) {
     const std::string_view name = kSettingTable.at(key.key.row).key;
     bool held = false;
-    settings.readSettings([&](const config::clsXML& xml) { held = config::Settings::holds(xml, name); });
+    settings.readSettings(
+        [&](const config::clsXML& xml) { held = config::Settings::holds(xml, name); });
     return held ? settings.getAs(name, convert) : otherwise;
 }
 

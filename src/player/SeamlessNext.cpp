@@ -112,7 +112,8 @@ bool SeamlessNext::sounds(sound::Handle channel) const {
 bool SeamlessNext::followed() const {
     const sound::Handle channel = waiting_->channel;
     return sounds(channel) &&
-           (core_.sound.BASS_ChannelIsActive(channel) != sound::Activity::stalled ||
+           (waiting_->ofDisc ||
+            core_.sound.BASS_ChannelIsActive(channel) != sound::Activity::stalled ||
             core_.sound.BASS_ChannelGetPosition(channel) > 0);
 }
 

@@ -31,8 +31,10 @@ constexpr std::chrono::milliseconds kLastWait{300};
 constexpr std::ptrdiff_t kAtOnce = 1;
 constexpr std::ptrdiff_t kAtOnceUrgent = 2;
 
-/// With as many files that stall, nothing is read any more.
+/// With as many files that stall, nothing is read any more; the last ones are kept for files that
+/// somebody waits for.
 constexpr std::size_t kMostThreads = 8;
+constexpr std::size_t kMostThreadsAhead = kMostThreads - 2;
 
 } // namespace
 
@@ -77,6 +79,13 @@ public:
         if (const auto reading = std::ranges::find(readings_, path, &Reading::path);
             reading != readings_.end()) {
             reading->outdated = true;
+        }
+        const auto ready = std::ranges::find(answers_, path, &Answer::path);
+        if (ready != answers_.end()) {
+            readAnew(*ready);
+            answers_.erase(ready);
+            addThread();
+            changed_.notifyAll();
         }
     }
 
@@ -131,7 +140,7 @@ private:
     void run() {
         const base::MutexLock lock(mutex_);
         while (!ending_) {
-            if (jobs_.empty()) {
+            if (jobs_.empty() || (!jobs_.front().urgent && readings_.size() >= kMostThreadsAhead)) {
                 changed_.wait(mutex_);
             } else if (const auto turn = turnOf(jobs_.front()); turn > Clock::now()) {
                 static_cast<void>(changed_.waitUntil(mutex_, turn));
@@ -141,6 +150,10 @@ private:
         }
         --threads_;
         changed_.notifyAll();
+    }
+
+    void readAnew(const Answer& answer) TOVIK_REQUIRES(mutex_) {
+        jobs_.insert(answer.urgent ? jobs_.begin() : jobs_.end(), Job{answer.path, answer.urgent});
     }
 
     /// When a job may be begun, as it stands: a file that does not come counts no more then.
@@ -169,8 +182,11 @@ private:
         answer.urgent = reading->urgent;
         const bool outdated = reading->outdated;
         readings_.erase(reading);
+        if (readings_.size() + 1 == kMostThreadsAhead) {
+            changed_.notifyAll(); // what is read ahead may go on
+        }
         if (outdated) {
-            jobs_.push_front({.path = answer.path, .urgent = answer.urgent});
+            readAnew(answer);
             return;
         }
         const bool tells = answer.urgent || jobs_.empty();

@@ -24,7 +24,9 @@ public:
     void showFacts(const player::NowPlaying& playing) override;
     void showFormat(const player::NowPlaying& playing) override;
     void showTitles(const player::NowPlaying& playing) override;
+
     void holdTitles() override { scroller_.hold(); }
+
     void showCaptions(const player::NowPlaying& playing) override;
     void showTime(const player::NowPlaying& playing) override;
     void showPosition(const player::NowPlaying& playing) override;

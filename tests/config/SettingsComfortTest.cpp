@@ -216,8 +216,22 @@ TEST_F(UnreadSettings, atTheStartTheShippedOnesStandIn) {
     EXPECT_EQ(unread_.size(), 1U);
 }
 
+TEST_F(UnreadSettings, aSessionThatBeganWithoutThemNeverWritesThem) {
+    writeSettings("<MI>1</MI><CVL>33</CVL>");
+    const std::string before = file();
+    hide();
+    EXPECT_EQ(settings_.getSetting("CVL"), "80");
+    bringBack();
+    EXPECT_EQ(settings_.getSetting("CVL"), "33");
+    EXPECT_GT(test::raisedNumber([&] { settings_.saveSetting("CVL", "80"); }), 0);
+    settings_.writeBehind([](clsXML& xml) { xml.WriteNode("/Settings/CVL", "80"); });
+    EXPECT_EQ(unwritten_, 1);
+    EXPECT_EQ(file(), before);
+}
+
 TEST_F(UnreadSettings, changesAreOfThisSessionAlone) {
     writeSettings("<MI>1</MI><CVL>33</CVL>");
+    EXPECT_EQ(settings_.getSetting("CVL"), "33");
     hide();
     EXPECT_GT(test::raisedNumber([&] { settings_.saveSetting("MI", "1"); }), 0);
     settings_.writeBehind([](clsXML& xml) { xml.WriteNode("/Settings/CVL", "12"); });

@@ -196,12 +196,18 @@ TEST_F(Desk, thereIsAnEndOfThreads) {
     for (int i = 0; i < 30; ++i) {
         desk().ask(std::to_string(i), FactsDesk::Urgency::last);
     }
+    gate_->waitForReads(6);
+    EXPECT_FALSE(watches_.wait(std::chrono::milliseconds(30)));
+    EXPECT_EQ(gate_->order().size(), 6U) << "the rest is kept for who waits";
+    for (const char* const path : {"first", "second", "third"}) {
+        desk().ask(path, FactsDesk::Urgency::first);
+    }
     gate_->waitForReads(8);
-    desk().ask("first", FactsDesk::Urgency::first);
+    EXPECT_FALSE(watches_.wait(std::chrono::milliseconds(30)));
     EXPECT_EQ(gate_->order().size(), 8U);
     gate_->open();
     EXPECT_TRUE(watches_.waitUntil([this] { return desk().waiting() == 0; }));
-    EXPECT_EQ(taken_.size(), 31U);
+    EXPECT_EQ(taken_.size(), 33U);
 }
 
 TEST_F(Desk, whatIsReadOfAFileThatChangesIsReadAnew) {

@@ -97,7 +97,8 @@ void changeXiph(TagLib::Ogg::XiphComment& comment, const TagChange& change) {
 
 /// What tells of the sound and not of the music, as the list of attributes of Microsoft's Windows
 /// Media Format SDK names it: it belongs to no tag.
-constexpr std::array<std::string_view, 14> kTechnicalAttributes{"IsVBR",
+constexpr std::array<std::string_view, 15> kTechnicalAttributes{"IsVBR",
+                                                                "ASFLeakyBucketPairs",
                                                                 "WMFSDKVersion",
                                                                 "WMFSDKNeeded",
                                                                 "DeviceConformanceTemplate",
