@@ -33,8 +33,8 @@ std::string titleOf(const CdTexts& texts, std::int32_t number, const base::Comfo
     if (!comfort.leavesNumberToRow) {
         return std::to_string(number) + texts.title(number) + " / " + texts.performer(number);
     }
-    const std::string told = texts.title(number);
-    const std::string singer = texts.performer(number);
+    const std::string& told = texts.title(number);
+    const std::string& singer = texts.performer(number);
     const std::string_view title = base::trimmed(told);
     const std::string_view performer = base::trimmed(singer);
     std::string whole = title.empty() ? plainName(number) : std::string(title);

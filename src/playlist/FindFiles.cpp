@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <limits>
-#include <ranges>
 #include <set>
 #include <system_error>
 #include <utility>
@@ -90,9 +89,10 @@ private:
                 takeFile(folder, entry);
             }
         }
-        for (const Entry& entry : entries | std::views::reverse) {
-            if (entry.folder && limits_.below) {
-                folders.push_back(base::joinPath(folder, entry.name));
+        // NOLINTNEXTLINE(modernize-loop-convert): clang 14 knows no reversed view of this library
+        for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
+            if (entry->folder && limits_.below) {
+                folders.push_back(base::joinPath(folder, entry->name));
             }
         }
     }
